@@ -1,0 +1,120 @@
+#include "call_scope.h"
+#include "text.h"
+
+#include <cstdarg>
+#include <shlobj.h>
+
+namespace simulated {
+namespace {
+
+UINT copyDirectory(const char *callName, const machine::Answer<QString> &path, LPWSTR buffer, UINT size)
+{
+    CallScope scope(callName);
+    scope.call.sizeIn = scope.call.sizeOut = size;
+    if (scope.fault())
+        return UINT(scope.failure(*scope.fault()));
+    if (!path)
+        return UINT(scope.failure(path.error));
+    const UINT length = UINT(path->size());
+    if (length >= size)
+        return scope.success(length + 1);
+    copyWide(*path, buffer);
+    return scope.success(length);
+}
+
+/// \a source with its variables replaced; one that is not set stays as %NAME%.
+QString expanded(const QString &source)
+{
+    const auto &environment = machineInUse().system.environment;
+    QString result;
+    int position = 0;
+    for (;;) {
+        const int open = source.indexOf(QLatin1Char('%'), position);
+        const int close = open < 0 ? -1 : source.indexOf(QLatin1Char('%'), open + 1);
+        if (close < 0)
+            return result + source.mid(position);
+        const QString name = source.mid(open + 1, close - open - 1);
+        result += source.mid(position, open - position);
+        result += environment.value(machine::upperCased(name), QLatin1Char('%') + name + QLatin1Char('%'));
+        position = close + 1;
+    }
+}
+
+/// The index under which a description makes the expansion of \a source fail.
+int templateIndex(const QString &source)
+{
+    const char *const variables[] = {"%OS%", "%PATH%", "%HOMEPATH%", "%TEMP%", "%PROCESSOR_IDENTIFIER%"};
+    for (int i = 0; i < 5; ++i) {
+        if (source.endsWith(QLatin1String(variables[i])))
+            return i;
+    }
+    return -1;
+}
+
+} // namespace
+} // namespace simulated
+
+using namespace simulated;
+
+UINT GetSystemWindowsDirectoryW(LPWSTR buffer, UINT size)
+{
+    return copyDirectory("GetSystemWindowsDirectoryW", machineInUse().system.GetSystemWindowsDirectory, buffer, size);
+}
+
+UINT GetSystemWow64DirectoryW(LPWSTR buffer, UINT size)
+{
+    return copyDirectory("GetSystemWow64DirectoryW", machineInUse().system.GetSystemWow64Directory, buffer, size);
+}
+
+DWORD ExpandEnvironmentStringsW(LPCWSTR source, LPWSTR buffer, DWORD size)
+{
+    CallScope scope("ExpandEnvironmentStringsW");
+    scope.call.value = fromWide(source);
+    scope.call.sizeIn = scope.call.sizeOut = size;
+    if (scope.fault())
+        return DWORD(scope.failure(*scope.fault()));
+    const auto &failures = machineInUse().system.ExpandEnvironmentStrings;
+    const auto failure = failures.constFind(templateIndex(scope.call.value));
+    if (!knowsMachine() || failure != failures.constEnd())
+        return DWORD(scope.failure(failure != failures.constEnd() ? *failure : DWORD(ERROR_SUCCESS)));
+    const QString text = expanded(scope.call.value);
+    const DWORD needed = DWORD(text.size()) + 1;
+    if (needed <= size)
+        copyWide(text, buffer);
+    return scope.success(needed);
+}
+
+BOOL SHGetSpecialFolderPathW(HWND, LPWSTR path, int folder, BOOL)
+{
+    CallScope scope("SHGetSpecialFolderPathW");
+    scope.call.value = QString::number(folder);
+    if (scope.fault())
+        return scope.failure(*scope.fault());
+    const auto answer = machineInUse().system.SHGetSpecialFolderPath.value(folder);
+    if (!answer)
+        return scope.failure(answer.error);
+    copyWide(answer->left(MAX_PATH - 1), path); // the call's own limit
+    return scope.success(TRUE);
+}
+
+// As much of it as is used: %c and plain text.
+int wsprintfW(LPWSTR buffer, LPCWSTR format, ...)
+{
+    CallScope scope("wsprintfW");
+    va_list arguments;
+    va_start(arguments, format);
+    QString text;
+    for (const WCHAR *c = format; *c; ++c) {
+        if (c[0] == '%' && c[1] == 'c') {
+            text += QChar(ushort(va_arg(arguments, int)));
+            ++c;
+        } else {
+            Q_ASSERT_X(*c != '%', "wsprintfW", "only %c is simulated");
+            text += QChar(ushort(*c));
+        }
+    }
+    va_end(arguments);
+    copyWide(text, buffer);
+    scope.call.value = text;
+    return scope.success(text.size());
+}

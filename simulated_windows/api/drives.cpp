@@ -1,0 +1,80 @@
+#include "call_scope.h"
+#include "text.h"
+
+namespace simulated {
+namespace {
+
+UINT errorMode = 0;
+
+machine::DriveRecord drive(const QString &root)
+{
+    return machineInUse().system.drives.value(machine::upperCased(root));
+}
+
+} // namespace
+} // namespace simulated
+
+using namespace simulated;
+
+UINT SetErrorMode(UINT mode)
+{
+    CallScope scope("SetErrorMode");
+    scope.call.value = QString::number(mode);
+    const UINT previous = errorMode;
+    errorMode = mode;
+    return scope.success(previous);
+}
+
+DWORD GetLogicalDrives()
+{
+    CallScope scope("GetLogicalDrives");
+    const auto &drives = machineInUse().system.GetLogicalDrives;
+    if (scope.fault())
+        return DWORD(scope.failure(*scope.fault()));
+    if (!drives)
+        return DWORD(scope.failure(drives.error));
+    if (*drives == 0)
+        return DWORD(scope.failure(ERROR_SUCCESS));
+    return scope.success(*drives);
+}
+
+UINT GetDriveTypeW(LPCWSTR root)
+{
+    CallScope scope("GetDriveTypeW");
+    scope.call.key = fromWide(root);
+    if (scope.fault())
+        return DRIVE_UNKNOWN;
+    return scope.success(drive(scope.call.key).GetDriveType);
+}
+
+BOOL GetVolumeInformationW(LPCWSTR root, LPWSTR volumeName, DWORD volumeNameSize, LPDWORD, LPDWORD, LPDWORD,
+                           LPWSTR fileSystemName, DWORD fileSystemNameSize)
+{
+    CallScope scope("GetVolumeInformationW");
+    scope.call.key = fromWide(root);
+    scope.call.sizeIn = scope.call.sizeOut = volumeNameSize;
+    if (scope.fault())
+        return scope.failure(*scope.fault());
+    const auto volume = drive(scope.call.key).GetVolumeInformation;
+    if (!volume)
+        return scope.failure(volume.error);
+    if (DWORD(volume->volumeName.size()) >= volumeNameSize || DWORD(volume->fileSystemName.size()) >= fileSystemNameSize)
+        return scope.failure(ERROR_MORE_DATA);
+    copyWide(volume->volumeName, volumeName);
+    copyWide(volume->fileSystemName, fileSystemName);
+    return scope.success(TRUE);
+}
+
+BOOL GetDiskFreeSpaceExW(LPCWSTR root, PULARGE_INTEGER freeToCaller, PULARGE_INTEGER total, PULARGE_INTEGER)
+{
+    CallScope scope("GetDiskFreeSpaceExW");
+    scope.call.key = fromWide(root);
+    if (scope.fault())
+        return scope.failure(*scope.fault());
+    const auto space = drive(scope.call.key).GetDiskFreeSpaceEx;
+    if (!space)
+        return scope.failure(space.error);
+    freeToCaller->QuadPart = space->freeBytesAvailableToCaller;
+    total->QuadPart = space->totalNumberOfBytes;
+    return scope.success(TRUE);
+}

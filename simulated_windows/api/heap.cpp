@@ -1,0 +1,27 @@
+#include "call_scope.h"
+
+#include <cstdlib>
+
+using namespace simulated;
+
+HANDLE GetProcessHeap()
+{
+    return reinterpret_cast<HANDLE>(quintptr(1));
+}
+
+LPVOID HeapAlloc(HANDLE, DWORD, SIZE_T bytes)
+{
+    CallScope scope("HeapAlloc");
+    scope.call.sizeIn = scope.call.sizeOut = bytes;
+    if (scope.fault())
+        return nullptr;
+    scope.call.result = 1;
+    return std::malloc(bytes); // so that a leak or an overrun is found by the usual tools
+}
+
+BOOL HeapFree(HANDLE, DWORD, LPVOID memory)
+{
+    CallScope scope("HeapFree");
+    std::free(memory);
+    return scope.success(TRUE);
+}

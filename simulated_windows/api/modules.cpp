@@ -1,0 +1,173 @@
+#include "call_scope.h"
+#include "handle_table.h"
+#include "text.h"
+
+#include <array>
+#include <cstring>
+#include <psapi.h>
+
+namespace simulated {
+namespace {
+
+const HANDLE currentProcess = reinterpret_cast<HANDLE>(std::intptr_t(-1));
+const HMODULE kernel32 = reinterpret_cast<HMODULE>(quintptr(0x7ff0000));
+// Modules of the process count from here, so that they are no library handles.
+constexpr quintptr firstModule = 0x10000000;
+
+/// Any function as GetProcAddress() returns it; the caller knows its type.
+template <typename Function>
+FARPROC asFunction(Function function)
+{
+    return reinterpret_cast<FARPROC>(reinterpret_cast<void *>(function));
+}
+
+BOOL WINAPI getProductInfo(DWORD, DWORD, DWORD, DWORD, PDWORD type)
+{
+    CallScope scope("GetProductInfo");
+    const auto &product = machineInUse().system.GetProductInfo;
+    if (scope.fault())
+        return scope.failure(*scope.fault());
+    if (!product)
+        return scope.failure(product.error);
+    *type = *product;
+    return scope.success(TRUE);
+}
+
+// An exported function is not told of which library it is. Each library that is
+// loaded takes one of these places and its own copy of the function with it.
+constexpr std::size_t places = 8;
+std::array<machine::DnsServiceRecord, places> services;
+std::array<quintptr, places> occupants {};
+
+template <std::size_t place>
+qint32 WINAPI dnsServiceGetProperty(const char *property, void *result, DWORD *size)
+{
+    CallScope scope("DNSServiceGetProperty");
+    scope.call.value = QString::fromLatin1(property);
+    scope.call.sizeIn = scope.call.sizeOut = *size;
+    const machine::DnsServiceRecord &service = services[place];
+    if (scope.fault())
+        return qint32(scope.success(qint32(*scope.fault())));
+    if (service.error == 0) {
+        std::memcpy(result, &service.DaemonVersion, sizeof service.DaemonVersion);
+        *size = scope.call.sizeOut = sizeof service.DaemonVersion;
+    }
+    return scope.success(service.error);
+}
+
+template <std::size_t... place>
+FARPROC dnsServiceAt(std::size_t index, std::index_sequence<place...>)
+{
+    const FARPROC functions[] = {asFunction(&dnsServiceGetProperty<place>)...};
+    return functions[index];
+}
+
+} // namespace
+} // namespace simulated
+
+using namespace simulated;
+
+HANDLE GetCurrentProcess()
+{
+    return currentProcess;
+}
+
+BOOL EnumProcessModules(HANDLE, HMODULE *modules, DWORD bytes, LPDWORD bytesNeeded)
+{
+    CallScope scope("EnumProcessModules");
+    scope.call.sizeIn = scope.call.sizeOut = bytes;
+    const auto &names = machineInUse().system.EnumProcessModules;
+    if (scope.fault())
+        return scope.failure(*scope.fault());
+    if (!names)
+        return scope.failure(names.error);
+    const std::size_t room = bytes / sizeof(HMODULE);
+    for (std::size_t i = 0; i < std::min(room, names->size()); ++i)
+        modules[i] = reinterpret_cast<HMODULE>(firstModule + (i << 4));
+    *bytesNeeded = DWORD(names->size() * sizeof(HMODULE));
+    scope.call.sizeOut = *bytesNeeded;
+    return scope.success(TRUE);
+}
+
+DWORD GetModuleFileNameExW(HANDLE, HMODULE module, LPWSTR name, DWORD size)
+{
+    CallScope scope("GetModuleFileNameExW");
+    scope.call.sizeIn = scope.call.sizeOut = size;
+    const auto &names = machineInUse().system.EnumProcessModules;
+    const std::size_t index = (reinterpret_cast<quintptr>(module) - firstModule) >> 4;
+    scope.call.value = QString::number(index);
+    if (scope.fault())
+        return DWORD(scope.failure(*scope.fault()));
+    if (!names || index >= names->size() || !(*names)[index])
+        return DWORD(scope.failure(ERROR_INVALID_HANDLE));
+    const QString text = (*names)[index]->left(int(size) - 1); // cut, as Windows cuts it
+    copyWide(text, name);
+    return scope.success(DWORD((*names)[index]->size() < int(size) ? text.size() : int(size)));
+}
+
+HMODULE GetModuleHandleW(LPCWSTR name)
+{
+    CallScope scope("GetModuleHandleW");
+    scope.call.key = fromWide(name);
+    const bool known = knowsMachine() && scope.call.key.compare(QLatin1String("kernel32.dll"), Qt::CaseInsensitive) == 0;
+    if (scope.fault() || !known) {
+        scope.failure(scope.fault().value_or(ERROR_MOD_NOT_FOUND));
+        return nullptr;
+    }
+    scope.call.result = 1;
+    return kernel32;
+}
+
+HMODULE LoadLibraryW(LPCWSTR name)
+{
+    CallScope scope("LoadLibraryW");
+    scope.call.key = fromWide(name);
+    const auto &libraries = machineInUse().system.libraries;
+    const auto library = libraries.constFind(scope.call.key.toLower());
+    const auto place = std::find(occupants.begin(), occupants.end(), quintptr(0));
+    if (scope.fault() || library == libraries.constEnd() || place == occupants.end()) {
+        scope.failure(scope.fault().value_or(ERROR_MOD_NOT_FOUND));
+        return nullptr;
+    }
+    *place = handles().add({scope.call.key, nullptr});
+    if (library->DNSServiceGetProperty)
+        services[std::size_t(place - occupants.begin())] = *library->DNSServiceGetProperty;
+    scope.call.result = 1;
+    return reinterpret_cast<HMODULE>(*place);
+}
+
+BOOL FreeLibrary(HMODULE module)
+{
+    CallScope scope("FreeLibrary");
+    const quintptr number = reinterpret_cast<quintptr>(module);
+    std::replace(occupants.begin(), occupants.end(), number, quintptr(0));
+    const bool known = handles().remove(number, "FreeLibrary");
+    if (scope.fault() || !known)
+        return scope.failure(scope.fault().value_or(ERROR_INVALID_HANDLE));
+    return scope.success(TRUE);
+}
+
+FARPROC GetProcAddress(HMODULE module, LPCSTR name)
+{
+    CallScope scope("GetProcAddress");
+    scope.call.value = QString::fromLatin1(name);
+    const machine::SystemAnswers &system = machineInUse().system;
+    FARPROC function = nullptr;
+    if (module == kernel32) {
+        if (scope.call.value == QLatin1String("GetProductInfo") && system.exportsGetProductInfo)
+            function = asFunction(&getProductInfo);
+    } else if (const Handle *library = handles().find(reinterpret_cast<quintptr>(module), "GetProcAddress")) {
+        scope.call.key = library->openedFor;
+        const bool exported = scope.call.value == QLatin1String("DNSServiceGetProperty")
+            && system.libraries.value(library->openedFor.toLower()).DNSServiceGetProperty;
+        const auto place = std::find(occupants.begin(), occupants.end(), reinterpret_cast<quintptr>(module));
+        if (exported && place != occupants.end())
+            function = dnsServiceAt(std::size_t(place - occupants.begin()), std::make_index_sequence<places>());
+    }
+    if (scope.fault() || !function) {
+        scope.failure(scope.fault().value_or(ERROR_PROC_NOT_FOUND));
+        return nullptr;
+    }
+    scope.call.result = 1;
+    return function;
+}

@@ -1,0 +1,112 @@
+#include "windows_files.h"
+
+#include "simulated_windows.h"
+
+#include <QtCore/QDir>
+#include <private/qabstractfileengine_p.h>
+
+namespace simulated {
+namespace {
+
+/// The path with forward slashes, as Qt writes it.
+QString qtPath(const QString &path)
+{
+    QString result = path;
+    return result.replace(QLatin1Char('\\'), QLatin1Char('/'));
+}
+
+/// A backslash is a plain letter of a file name away from Windows, so a path that
+/// the sections make is told by it.
+bool isWindowsPath(const QString &path)
+{
+    return path.contains(QLatin1String("\\WinSxS"), Qt::CaseInsensitive);
+}
+
+/// The section lists the WinSxS folder of the Windows directory and nothing else.
+/// A name below it is one that the listing gave.
+class WindowsFileEngine : public QAbstractFileEngine
+{
+public:
+    explicit WindowsFileEngine(const QString &path) : m_path(QDir::cleanPath(qtPath(path))) { }
+
+    FileFlags fileFlags(FileFlags type) const override
+    {
+        const auto &names = machineInUse().system.WinSxS;
+        const bool exists = isFolder() ? names.has_value() : isEntry();
+        const FileFlags all = ExistsFlag | DirectoryType | FileFlags(0x7777);
+        return exists ? type & all : FileFlags();
+    }
+
+    QString fileName(FileName file) const override
+    {
+        const int slash = m_path.lastIndexOf(QLatin1Char('/'));
+        if (file == BaseName)
+            return m_path.mid(slash + 1);
+        return file == PathName || file == AbsolutePathName ? m_path.left(slash) : m_path;
+    }
+
+    bool isRelativePath() const override { return false; }
+    bool caseSensitive() const override { return false; }
+
+    Iterator *beginEntryList(QDir::Filters filters, const QStringList &filterNames) override
+    {
+        return new NameIterator(filters, filterNames, *machineInUse().system.WinSxS);
+    }
+
+private:
+    class NameIterator : public QAbstractFileEngineIterator
+    {
+    public:
+        NameIterator(QDir::Filters filters, const QStringList &filterNames, const QStringList &names)
+            : QAbstractFileEngineIterator(filters, filterNames), m_names(names)
+        {
+            m_names.prepend(QStringLiteral(".."));
+            m_names.prepend(QStringLiteral("."));
+        }
+        bool hasNext() const override { return m_index + 1 < m_names.size(); }
+        QString next() override
+        {
+            ++m_index;
+            return currentFilePath();
+        }
+        QString currentFileName() const override { return m_names.value(m_index); }
+
+    private:
+        QStringList m_names;
+        int m_index = -1;
+    };
+
+    bool isFolder() const
+    {
+        const auto &directory = machineInUse().system.GetSystemWindowsDirectory;
+        return directory && m_path.compare(QDir::cleanPath(qtPath(*directory) + QStringLiteral("/WinSxS")), Qt::CaseInsensitive) == 0;
+    }
+
+    bool isEntry() const
+    {
+        const auto &names = machineInUse().system.WinSxS;
+        const QString name = fileName(BaseName);
+        return names
+            && (names->contains(name) || name == QLatin1String(".") || name == QLatin1String(".."));
+    }
+
+    const QString m_path;
+};
+
+class WindowsFileEngineHandler : public QAbstractFileEngineHandler
+{
+public:
+    QAbstractFileEngine *create(const QString &path) const override
+    {
+        return isWindowsPath(path) ? new WindowsFileEngine(path) : nullptr;
+    }
+};
+
+} // namespace
+
+void answerWindowsFiles()
+{
+    static const WindowsFileEngineHandler handler;
+}
+
+} // namespace simulated

@@ -1,0 +1,9 @@
+// Answers Qt's file classes for the WinSxS folder of the described machine.
+#pragma once
+
+namespace simulated {
+
+/// From now on; does nothing when called again.
+void answerWindowsFiles();
+
+} // namespace simulated

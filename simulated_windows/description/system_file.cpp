@@ -1,0 +1,418 @@
+#include "system_file.h"
+
+#include <QtCore/QCborValue>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <cmath>
+#include <functional>
+
+namespace machine {
+namespace {
+
+/// Reads members of one JSON object; remembers the first one that has another form.
+class Reader
+{
+public:
+    Reader(const QJsonObject &object, const QString &where, QString &error)
+        : m_object(object), m_where(where), m_error(error)
+    { }
+
+    QJsonValue value(const char *name) const { return m_object.value(QLatin1String(name)); }
+    bool has(const char *name) const { return !value(name).isNull() && !value(name).isUndefined(); }
+    const QJsonObject &object() const { return m_object; }
+    QString path(const QString &name) const { return m_where.isEmpty() ? name : m_where + QLatin1Char('.') + name; }
+
+    Reader inner(const char *name) const
+    {
+        if (has(name) && !value(name).isObject())
+            expected(QLatin1String(name), "an object");
+        return Reader(value(name).toObject(), path(QLatin1String(name)), m_error);
+    }
+    Reader inner(const QString &name, const QJsonValue &value) const
+    {
+        if (!value.isObject() && !value.isNull())
+            expected(name, "an object");
+        return Reader(value.toObject(), path(name), m_error);
+    }
+
+    /// An integer, or a text such as "0x8000000000000000"; cut to the field.
+    template <typename T>
+    void number(const char *name, T &field) const
+    {
+        if (has(name))
+            field = static_cast<T>(toNumber(QLatin1String(name), value(name)));
+    }
+
+    void text(const char *name, QString &field) const
+    {
+        if (has(name))
+            field = toText(QLatin1String(name), value(name));
+    }
+
+    quint64 toNumber(const QString &name, const QJsonValue &value) const
+    {
+        if (value.isString()) {
+            bool valid = false;
+            const QString digits = value.toString();
+            const quint64 number = digits.startsWith(QLatin1Char('-')) ? quint64(digits.toLongLong(&valid, 0))
+                                                                       : digits.toULongLong(&valid, 0);
+            if (valid)
+                return number;
+        }
+        if (value.isDouble()) {
+            const QCborValue exact = QCborValue::fromJsonValue(value); // keeps integers beyond 2^53
+            if (exact.isInteger())
+                return quint64(exact.toInteger());
+            const double inexact = value.toDouble();
+            if (std::floor(inexact) == inexact && std::fabs(inexact) < 18446744073709551616.0)
+                return inexact < 0 ? quint64(qint64(inexact)) : quint64(inexact);
+        }
+        expected(name, "an integer or a text \"0x...\"");
+        return 0;
+    }
+
+    QString toText(const QString &name, const QJsonValue &value) const
+    {
+        if (!value.isString())
+            expected(name, "a text");
+        return value.toString();
+    }
+
+    QJsonArray toList(const QString &name, const QJsonValue &value) const
+    {
+        if (!value.isArray())
+            expected(name, "a list");
+        return value.toArray();
+    }
+
+    /// The error of {"error": N}. Only an object without the answer's own fields is one.
+    bool failure(const QString &name, const QJsonValue &value, quint32 &error) const
+    {
+        if (!value.isObject() || !value.toObject().value(QLatin1String("error")).isDouble())
+            return false;
+        error = quint32(toNumber(path(name), value.toObject().value(QLatin1String("error"))));
+        return true;
+    }
+
+    /// Sets \a answer from \a value by \a read, unless it is null or a failure.
+    template <typename T, typename Read>
+    void answer(const QString &name, const QJsonValue &value, Answer<T> &answer, Read read) const
+    {
+        if (value.isNull() || value.isUndefined() || failure(name, value, answer.error))
+            return;
+        answer.value = read(value);
+    }
+    template <typename T, typename Read>
+    void answer(const char *name, Answer<T> &field, Read read) const
+    {
+        answer(QLatin1String(name), value(name), field, read);
+    }
+
+    void expected(const QString &name, const char *what) const
+    {
+        if (m_error.isEmpty())
+            m_error = QStringLiteral("'%1' is not %2").arg(path(name), QLatin1String(what));
+    }
+
+    int index(const QString &name) const
+    {
+        bool valid = false;
+        const int number = name.toInt(&valid, 0);
+        if (!valid)
+            expected(name, "a number");
+        return number;
+    }
+
+private:
+    const QJsonObject m_object;
+    const QString m_where;
+    QString &m_error;
+};
+
+VersionRecord readVersion(const Reader &reader)
+{
+    VersionRecord record;
+    reader.number("dwMajorVersion", record.dwMajorVersion);
+    reader.number("dwMinorVersion", record.dwMinorVersion);
+    reader.number("dwBuildNumber", record.dwBuildNumber);
+    reader.number("dwPlatformId", record.dwPlatformId);
+    reader.text("szCSDVersion", record.szCSDVersion);
+    reader.number("wServicePackMajor", record.wServicePackMajor);
+    reader.number("wServicePackMinor", record.wServicePackMinor);
+    reader.number("wSuiteMask", record.wSuiteMask);
+    reader.number("wProductType", record.wProductType);
+    return record;
+}
+
+void readSystemInfo(const Reader &reader, SystemInfoRecord &record)
+{
+    reader.number("wProcessorArchitecture", record.wProcessorArchitecture);
+    reader.number("dwPageSize", record.dwPageSize);
+    reader.number("lpMinimumApplicationAddress", record.lpMinimumApplicationAddress);
+    reader.number("lpMaximumApplicationAddress", record.lpMaximumApplicationAddress);
+    reader.number("dwActiveProcessorMask", record.dwActiveProcessorMask);
+    reader.number("dwNumberOfProcessors", record.dwNumberOfProcessors);
+    reader.number("dwProcessorType", record.dwProcessorType);
+    reader.number("dwAllocationGranularity", record.dwAllocationGranularity);
+    reader.number("wProcessorLevel", record.wProcessorLevel);
+    reader.number("wProcessorRevision", record.wProcessorRevision);
+}
+
+MemoryRecord readMemory(const Reader &reader)
+{
+    MemoryRecord record;
+    reader.number("dwMemoryLoad", record.dwMemoryLoad);
+    reader.number("ullTotalPhys", record.ullTotalPhys);
+    reader.number("ullAvailPhys", record.ullAvailPhys);
+    reader.number("ullTotalPageFile", record.ullTotalPageFile);
+    reader.number("ullAvailPageFile", record.ullAvailPageFile);
+    reader.number("ullTotalVirtual", record.ullTotalVirtual);
+    reader.number("ullAvailVirtual", record.ullAvailVirtual);
+    return record;
+}
+
+QuotaRecord readQuota(const Reader &reader)
+{
+    QuotaRecord record;
+    reader.number("allowed", record.allowed);
+    reader.number("used", record.used);
+    return record;
+}
+
+DriveRecord readDrive(const Reader &reader)
+{
+    DriveRecord record;
+    quint32 error = 0;
+    if (!reader.failure(QStringLiteral("GetDriveType"), reader.value("GetDriveType"), error))
+        reader.number("GetDriveType", record.GetDriveType);
+    reader.answer("GetVolumeInformation", record.GetVolumeInformation, [&](const QJsonValue &) {
+        const Reader inner = reader.inner("GetVolumeInformation");
+        VolumeRecord volume;
+        inner.text("volumeName", volume.volumeName);
+        inner.text("fileSystemName", volume.fileSystemName);
+        return volume;
+    });
+    reader.answer("GetDiskFreeSpaceEx", record.GetDiskFreeSpaceEx, [&](const QJsonValue &) {
+        const Reader inner = reader.inner("GetDiskFreeSpaceEx");
+        FreeSpaceRecord space;
+        inner.number("freeBytesAvailableToCaller", space.freeBytesAvailableToCaller);
+        inner.number("totalNumberOfBytes", space.totalNumberOfBytes);
+        return space;
+    });
+    return record;
+}
+
+LibraryRecord readLibrary(const Reader &reader)
+{
+    LibraryRecord record;
+    if (!reader.has("DNSServiceGetProperty"))
+        return record;
+    const Reader inner = reader.inner("DNSServiceGetProperty");
+    DnsServiceRecord service;
+    inner.number("error", service.error);
+    inner.number("DaemonVersion", service.DaemonVersion);
+    record.DNSServiceGetProperty = service;
+    return record;
+}
+
+AddressRecord readAddress(const Reader &reader, const QString &name, const QJsonValue &value)
+{
+    const QJsonArray pair = reader.toList(name, value);
+    AddressRecord record;
+    if (pair.size() > 0)
+        record.address = reader.toText(name, pair.at(0));
+    if (pair.size() > 1)
+        record.mask = reader.toText(name, pair.at(1));
+    return record;
+}
+
+void readAddresses(const Reader &reader, const char *name, std::vector<AddressRecord> &addresses)
+{
+    if (reader.has(name)) {
+        const QJsonArray list = reader.toList(QLatin1String(name), reader.value(name));
+        for (const QJsonValue &value : list)
+            addresses.push_back(readAddress(reader, QLatin1String(name), value));
+    }
+    if (addresses.empty())
+        addresses.emplace_back();
+}
+
+AdapterRecord readAdapter(const Reader &reader)
+{
+    AdapterRecord record;
+    reader.number("Index", record.Index);
+    reader.text("AdapterName", record.AdapterName);
+    reader.text("Description", record.Description);
+    reader.number("DhcpEnabled", record.DhcpEnabled);
+    readAddresses(reader, "GatewayList", record.GatewayList);
+    readAddresses(reader, "DhcpServer", record.DhcpServer);
+    reader.number("HaveWins", record.HaveWins);
+    for (auto member : {&AdapterRecord::PrimaryWinsServer, &AdapterRecord::SecondaryWinsServer}) {
+        const char *name = member == &AdapterRecord::PrimaryWinsServer ? "PrimaryWinsServer" : "SecondaryWinsServer";
+        if (reader.has(name))
+            record.*member = readAddress(reader, QLatin1String(name), reader.value(name));
+    }
+    reader.number("LeaseObtained", record.LeaseObtained);
+    reader.number("LeaseExpires", record.LeaseExpires);
+    return record;
+}
+
+/// Calls \a each with every member of the object \a name, unless the whole of it is
+/// a failure, whose error it returns.
+quint32 eachMember(const Reader &reader, const char *name,
+                   const std::function<void(const Reader &, const QString &, const QJsonValue &)> &each)
+{
+    quint32 error = 0;
+    if (!reader.has(name) || reader.failure(QLatin1String(name), reader.value(name), error))
+        return error;
+    const Reader inner = reader.inner(name);
+    for (auto it = inner.object().begin(); it != inner.object().end(); ++it)
+        each(inner, it.key(), it.value());
+    return error;
+}
+
+void readNames(const Reader &reader, SystemAnswers &system)
+{
+    system.computerNamesError = eachMember(reader, "GetComputerNameEx",
+                                           [&](const Reader &inner, const QString &name, const QJsonValue &value) {
+        inner.answer(name, value, system.GetComputerNameEx[inner.index(name)],
+                     [&](const QJsonValue &text) { return inner.toText(name, text); });
+    });
+    reader.answer("GetUserName", system.GetUserName,
+                  [&](const QJsonValue &value) { return reader.toText(QStringLiteral("GetUserName"), value); });
+}
+
+void readDirectories(const Reader &reader, SystemAnswers &system)
+{
+    reader.answer("GetSystemWindowsDirectory", system.GetSystemWindowsDirectory, [&](const QJsonValue &value) {
+        return reader.toText(QStringLiteral("GetSystemWindowsDirectory"), value);
+    });
+    reader.answer("GetSystemWow64Directory", system.GetSystemWow64Directory, [&](const QJsonValue &value) {
+        return reader.toText(QStringLiteral("GetSystemWow64Directory"), value);
+    });
+    eachMember(reader, "environment", [&](const Reader &inner, const QString &name, const QJsonValue &value) {
+        if (!value.isNull())
+            system.environment[upperCased(name)] = inner.toText(name, value);
+    });
+    eachMember(reader, "ExpandEnvironmentStrings",
+               [&](const Reader &inner, const QString &name, const QJsonValue &value) {
+        quint32 error = 0;
+        if (inner.failure(name, value, error))
+            system.ExpandEnvironmentStrings[inner.index(name)] = error;
+    });
+    eachMember(reader, "SHGetSpecialFolderPath",
+               [&](const Reader &inner, const QString &name, const QJsonValue &value) {
+        inner.answer(name, value, system.SHGetSpecialFolderPath[inner.index(name)],
+                     [&](const QJsonValue &text) { return inner.toText(name, text); });
+    });
+    if (reader.value("WinSxS").isArray()) {
+        system.WinSxS = QStringList();
+        const QJsonArray names = reader.value("WinSxS").toArray();
+        for (const QJsonValue &name : names)
+            system.WinSxS->append(reader.toText(QStringLiteral("WinSxS"), name));
+    } else if (quint32 ignored = 0;
+               reader.has("WinSxS") && !reader.failure(QStringLiteral("WinSxS"), reader.value("WinSxS"), ignored)) {
+        reader.expected(QStringLiteral("WinSxS"), "a list");
+    }
+}
+
+void readDrives(const Reader &reader, SystemAnswers &system)
+{
+    reader.answer("GetLogicalDrives", system.GetLogicalDrives, [&](const QJsonValue &value) {
+        return quint32(reader.toNumber(QStringLiteral("GetLogicalDrives"), value));
+    });
+    eachMember(reader, "drives", [&](const Reader &inner, const QString &name, const QJsonValue &value) {
+        if (!value.isNull())
+            system.drives[upperCased(name)] = readDrive(inner.inner(name, value));
+    });
+}
+
+void readModules(const Reader &reader, SystemAnswers &system)
+{
+    reader.answer("EnumProcessModules", system.EnumProcessModules, [&](const QJsonValue &value) {
+        std::vector<std::optional<QString>> names;
+        const QJsonArray list = reader.toList(QStringLiteral("EnumProcessModules"), value);
+        for (const QJsonValue &name : list) {
+            names.push_back(name.isNull() ? std::nullopt
+                                          : std::make_optional(reader.toText(QStringLiteral("EnumProcessModules"), name)));
+        }
+        return names;
+    });
+    eachMember(reader, "libraries", [&](const Reader &inner, const QString &name, const QJsonValue &value) {
+        if (!value.isNull())
+            system.libraries[name.toLower()] = readLibrary(inner.inner(name, value));
+    });
+}
+
+void readVersions(const Reader &reader, SystemAnswers &system)
+{
+    reader.number("ansiCodePage", system.ansiCodePage);
+    const int known[] = {1252, 1250, 1251, 932, 65001};
+    if (std::find(std::begin(known), std::end(known), system.ansiCodePage) == std::end(known))
+        reader.expected(QStringLiteral("ansiCodePage"), "1252, 1250, 1251, 932 or 65001");
+    reader.answer("GetVersionEx", system.GetVersionEx,
+                  [&](const QJsonValue &) { return readVersion(reader.inner("GetVersionEx")); });
+    system.exportsGetProductInfo = reader.has("GetProductInfo");
+    reader.answer("GetProductInfo", system.GetProductInfo, [&](const QJsonValue &) {
+        quint32 type = 0;
+        reader.inner("GetProductInfo").number("dwReturnedProductType", type);
+        return type;
+    });
+    eachMember(reader, "GetSystemMetrics", [&](const Reader &inner, const QString &name, const QJsonValue &value) {
+        if (!value.isNull())
+            system.GetSystemMetrics[inner.index(name)] = qint32(inner.toNumber(name, value));
+    });
+    readSystemInfo(reader.inner("GetSystemInfo"), system.GetSystemInfo);
+    reader.answer("GlobalMemoryStatusEx", system.GlobalMemoryStatusEx,
+                  [&](const QJsonValue &) { return readMemory(reader.inner("GlobalMemoryStatusEx")); });
+    reader.answer("GetSystemRegistryQuota", system.GetSystemRegistryQuota,
+                  [&](const QJsonValue &) { return readQuota(reader.inner("GetSystemRegistryQuota")); });
+}
+
+void readAdapters(const Reader &reader, SystemAnswers &system)
+{
+    reader.answer("GetAdaptersInfo", system.GetAdaptersInfo, [&](const QJsonValue &value) {
+        std::vector<AdapterRecord> adapters;
+        const QJsonArray list = reader.toList(QStringLiteral("GetAdaptersInfo"), value);
+        for (const QJsonValue &adapter : list)
+            adapters.push_back(readAdapter(reader.inner(QStringLiteral("GetAdaptersInfo"), adapter)));
+        return adapters;
+    });
+    reader.number("timeZone", system.timeZone);
+}
+
+} // namespace
+
+bool readSystemFile(const QByteArray &contents, SystemAnswers &system, QString &error, int &errorLine)
+{
+    QByteArray text = contents;
+    if (text.startsWith("\xef\xbb\xbf"))
+        text.remove(0, 3);
+    // Elsewhere it is a character, which Qt would take from the start of a text.
+    text.replace("\xef\xbb\xbf", "\\ufeff");
+    QJsonParseError parseError;
+    const QJsonDocument document = QJsonDocument::fromJson(text, &parseError);
+    if (document.isNull()) {
+        error = parseError.errorString();
+        errorLine = text.left(parseError.offset).count('\n') + 1;
+        return false;
+    }
+    errorLine = 0;
+    if (!document.isObject()) {
+        error = QStringLiteral("not a JSON object");
+        errorLine = 1;
+        return false;
+    }
+    error.clear();
+    const Reader reader(document.object(), QString(), error);
+    readVersions(reader, system);
+    readNames(reader, system);
+    readDirectories(reader, system);
+    readDrives(reader, system);
+    readModules(reader, system);
+    readAdapters(reader, system);
+    return error.isEmpty();
+}
+
+} // namespace machine

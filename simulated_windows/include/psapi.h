@@ -1,0 +1,9 @@
+// The part of psapi.h that this project uses, for builds away from Windows.
+#pragma once
+
+#include <windows.h>
+
+extern "C" {
+BOOL EnumProcessModules(HANDLE process, HMODULE *modules, DWORD bytes, LPDWORD bytesNeeded);
+DWORD GetModuleFileNameExW(HANDLE process, HMODULE module, LPWSTR name, DWORD size);
+}
