@@ -1,0 +1,150 @@
+#include "report/text.h"
+#include "win/installer_products.h"
+#include "win/windows_sections.h"
+
+#include <QtCore/QStringList>
+#include <cstring>
+
+namespace velkor {
+namespace SystemInfo {
+namespace WinSysInfo {
+namespace {
+
+// Product names are compared as bytes, whole and with regard to case.
+
+bool contains(const char *name, const char *part)
+{
+    return std::strstr(name, part) != nullptr;
+}
+
+template <const char *whole>
+bool equals(const char *name)
+{
+    return std::strcmp(name, whole) == 0;
+}
+
+template <const char *start>
+bool startsWith(const char *name)
+{
+    return std::strncmp(name, start, std::strlen(start)) == 0;
+}
+
+bool isLinemodel(const char *name)
+{
+    return contains(name, "Linemodel");
+}
+
+bool isLinemodelSinceV10(const char *name)
+{
+    return isLinemodel(name) && (contains(name, "V10") || contains(name, "V11"));
+}
+
+constexpr char q9[] = "Q9";
+constexpr char q9Beta[] = "Q9 Beta";
+constexpr char q9V2[] = "Q9 V2";
+constexpr char q9V3[] = "Q9 V3";
+constexpr char q90[] = "Q90";
+
+struct KnownApplication
+{
+    bool (*matches)(const char *productName);
+    const char *extensions[3];
+    const char *projectType; // shown, and the name of its class key
+};
+
+/// The first row that matches decides. That the rows are uneven is the report's
+/// format: the beta has an extension that its project type's own row lacks, and only
+/// one row matches by its start.
+constexpr KnownApplication knownApplications[] = {
+    {isLinemodelSinceV10, {".lmdl", ".lmdl2", ".vkpj"}, "Linemodel since V10"},
+    {isLinemodel, {".lmdl", ".lmdl2"}, "Linemodel"},
+    {equals<q9>, {".wvp"}, "Q9 Project"},
+    {equals<q9Beta>, {".q9p", ".q90", ".vkpj"}, "Q9 V2 Project"},
+    {equals<q9V2>, {".q9p", ".q90"}, "Q9 V2 Project"},
+    {startsWith<q9V3>, {".q9p", ".q90", ".vkpj"}, "Q9 V3 Project"},
+    {equals<q90>, {".q90"}, "Q90 Project"},
+};
+
+const KnownApplication *knownApplication(const char *productName)
+{
+    for (const KnownApplication &application : knownApplications) {
+        if (application.matches(productName))
+            return &application;
+    }
+    return nullptr;
+}
+
+/// The default value of a key of HKEY_CLASSES_ROOT; empty where there is none.
+QString classDefault(const QString &path)
+{
+    const RegistryKey key(HKEY_CLASSES_ROOT, path);
+    TextBuffer buffer;
+    return key && buffer.query(key.get(), nullptr) ? buffer.text() : QString();
+}
+
+QString extensionLine(const char *extension)
+{
+    const QString name = QString::fromLatin1(extension);
+    const QString registered = classDefault(name);
+    if (registered.isEmpty())
+        return QString();
+    return QStringLiteral("File extension '%1' registered with application project type '%2'").arg(name).arg(registered)
+        + newline;
+}
+
+QString openCommandLines(const QString &projectType)
+{
+    const QString command = classDefault(projectType + QStringLiteral("\\shell\\open\\command"));
+    if (command.isEmpty())
+        return QString();
+    return QStringLiteral("Open command for '%1':").arg(projectType) + newline + command + newline;
+}
+
+QString applicationBlock(HKEY productKey, const KnownApplication &application)
+{
+    QString text;
+    installerProductValues(productKey, text);
+    for (const char *extension : application.extensions) {
+        if (extension)
+            text += extensionLine(extension);
+    }
+    return text + openCommandLines(QString::fromLatin1(application.projectType)) + newline;
+}
+
+bool isUserTool(const char *productName)
+{
+    for (const char *tool : {"M4-M8-vkUpdate", "Device Flasher", "T-BOX-vkUpdate"}) {
+        if (std::strcmp(productName, tool) == 0)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+QString installedApplicationsFromRegistry()
+{
+    QString text = QStringLiteral(">>> Info about installed Velkor applications from registry:") + newline + newline;
+    forEachProduct(HKEY_CLASSES_ROOT, QStringLiteral("Installer\\Products"), [&](HKEY key, const TextBuffer &name) {
+        if (const KnownApplication *application = knownApplication(name.data()))
+            text += applicationBlock(key, *application);
+    });
+    return text;
+}
+
+QString installedVisualBasicApplications()
+{
+    QString text = QStringLiteral(">>> Info about installed Velkor Visual Basic applications from registry:") + newline + newline;
+    forEachProduct(HKEY_CURRENT_USER, QStringLiteral("Software\\Microsoft\\Installer\\Products"),
+                   [&](HKEY key, const TextBuffer &name) {
+        if (!isUserTool(name.data()))
+            return;
+        installerProductValues(key, text);
+        text += newline;
+    });
+    return text;
+}
+
+} // namespace WinSysInfo
+} // namespace SystemInfo
+} // namespace velkor

@@ -1,0 +1,26 @@
+#include "report/text.h"
+#include "win/registry_key.h"
+#include "win/windows_sections.h"
+
+#include <algorithm>
+
+namespace velkor {
+namespace SystemInfo {
+namespace WinSysInfo {
+
+QString userName()
+{
+    constexpr DWORD bufferSize = 256; // in units; a longer name makes the call fail
+    wchar_t buffer[bufferSize] = {};
+    DWORD count = bufferSize;
+    if (!GetUserNameW(buffer, &count))
+        return QString();
+    count = std::min(count, bufferSize);
+    if (count > 0 && buffer[count - 1] == 0)
+        --count; // the terminator is counted
+    return QStringLiteral("User name:                    %1").arg(wideUnits(buffer, count)) + newline;
+}
+
+} // namespace WinSysInfo
+} // namespace SystemInfo
+} // namespace velkor
