@@ -1,0 +1,36 @@
+#include "program_output.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QSaveFile>
+#include <QtCore/QTextStream>
+#include <cstdio>
+
+#ifdef Q_OS_WIN
+#  include <fcntl.h>
+#  include <io.h>
+#endif
+
+bool writeToStandardOutput(const QString &text)
+{
+#ifdef Q_OS_WIN
+    _setmode(_fileno(stdout), _O_BINARY); // a line feed stays one
+#endif
+    const QByteArray bytes = text.toUtf8();
+    return std::fwrite(bytes.constData(), 1, std::size_t(bytes.size()), stdout) == std::size_t(bytes.size())
+        && std::fflush(stdout) == 0;
+}
+
+bool writeToFile(const QString &text, const QString &fileName, QString &error)
+{
+    QSaveFile file(fileName);
+    const QByteArray bytes = text.toUtf8();
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+        return true;
+    error = QStringLiteral("cannot write '%1': %2").arg(fileName, file.errorString());
+    return false;
+}
+
+void complain(const QString &message)
+{
+    QTextStream(stderr) << QCoreApplication::applicationName() << ": " << message << '\n';
+}

@@ -1,0 +1,140 @@
+// vkreport: a host of the library that prints what it returns.
+
+#include "program_output.h"
+#include "sections.h"
+
+#include <QtCore/QCommandLineParser>
+#include <QtWidgets/QApplication>
+#include <vkSystemInfo.h>
+
+using namespace velkor;
+
+namespace {
+
+const QCommandLineOption noOpenGL(QStringLiteral("no-opengl"),
+                                  QStringLiteral("Leave the OpenGL section out. No OpenGL context is made."));
+const QCommandLineOption section(QStringLiteral("section"),
+                                 QStringLiteral("Print this section only. Can be given several times."),
+                                 QStringLiteral("NAME"));
+const QCommandLineOption listSections(QStringLiteral("list-sections"),
+                                      QStringLiteral("Print the names of the sections."));
+const QCommandLineOption output(QStringList {QStringLiteral("o"), QStringLiteral("output")},
+                                QStringLiteral("Write to this file instead of standard output."),
+                                QStringLiteral("FILE"));
+const QCommandLineOption platformName(QStringLiteral("platform-name"),
+                                      QStringLiteral("Print the name of the Windows release."));
+const QCommandLineOption openGLVersion(QStringLiteral("opengl-version"),
+                                       QStringLiteral("Print the supported OpenGL version."));
+const QCommandLineOption bonjour(QStringLiteral("bonjour"),
+                                 QStringLiteral("Print which DNS-SD client libraries are installed."));
+
+QString openGLVersionLine()
+{
+    const SystemInfo::COpenGLVersionInfo info = SystemInfo::ScanOpenGLInfo::GetOpenGLVersion();
+    return QStringLiteral("%1 (flags 0x%2)\n").arg(info.strVersion).arg(info.nVersionFlags, 0, 16);
+}
+
+QString bonjourLine(const char *library, bool (*check)(int &, QString &))
+{
+    int errorCode = 0;
+    QString version;
+    const QString name = QString::fromLatin1(library);
+    if (!check(errorCode, version))
+        return QStringLiteral("%1: not installed\n").arg(name);
+    if (errorCode != 0)
+        return QStringLiteral("%1: installed, its service does not answer (error %2)\n").arg(name).arg(errorCode);
+    return QStringLiteral("%1: installed, version %2\n").arg(name, version.isEmpty() ? QStringLiteral("unknown") : version);
+}
+
+QString bonjourLines()
+{
+    return bonjourLine("dnssd.dll", SystemInfo::WinSysInfo::checkStandardBonjour)
+        + bonjourLine("vkdnssd.dll", SystemInfo::WinSysInfo::checkVelkorBonjour);
+}
+
+/// The texts of the named sections in the order in which they were asked for; false
+/// when one is not known.
+bool sectionTexts(const QStringList &names, QString &text)
+{
+    for (const QString &name : names) {
+        const Section *known = findSection(name);
+        if (!known) {
+            complain(QStringLiteral("there is no section '%1'. The sections are: %2")
+                         .arg(name, sectionNames().join(QStringLiteral(", "))));
+            return false;
+        }
+        text += known->text();
+    }
+    return true;
+}
+
+/// What the options ask for; false when they are wrong.
+bool requestedText(const QCommandLineParser &parser, QString &text)
+{
+    if (parser.isSet(listSections))
+        text += sectionNames().join(QLatin1Char('\n')) + QLatin1Char('\n');
+    if (parser.isSet(platformName))
+        text += SystemInfo::platformName() + QLatin1Char('\n');
+    if (parser.isSet(openGLVersion))
+        text += openGLVersionLine();
+    if (parser.isSet(bonjour))
+        text += bonjourLines();
+    if (!sectionTexts(parser.values(section), text))
+        return false;
+    const bool asksForParts = parser.isSet(listSections) || parser.isSet(platformName) || parser.isSet(openGLVersion)
+        || parser.isSet(bonjour) || parser.isSet(section);
+    if (!asksForParts)
+        text = SystemInfo::allInfos(parser.isSet(noOpenGL));
+    return true;
+}
+
+ExitCode write(const QCommandLineParser &parser, const QString &text)
+{
+    if (!parser.isSet(output)) {
+        if (writeToStandardOutput(text))
+            return Done;
+        complain(QStringLiteral("cannot write to standard output"));
+        return Failed;
+    }
+    QString error;
+    if (writeToFile(text, parser.value(output), error))
+        return Done;
+    complain(error);
+    return Failed;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("vkreport"));
+    QApplication::setApplicationVersion(SystemInfo::libVersionString());
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral(
+        "Prints a system information report.\n\n"
+        "The OpenGL section makes an OpenGL context: without --no-opengl there must be a\n"
+        "display with OpenGL (away from Windows an X server, such as xvfb-run starts).\n"
+        "Away from Windows the environment variable VKSYSTEMINFO_MACHINE names the folder\n"
+        "that describes the machine to report about."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addOptions({noOpenGL, section, listSections, output, platformName, openGLVersion, bonjour});
+    if (!parser.parse(QApplication::arguments())) {
+        complain(parser.errorText());
+        return WrongUsage;
+    }
+    if (parser.isSet(QStringLiteral("help")))
+        return writeToStandardOutput(parser.helpText()) ? Done : Failed;
+    if (parser.isSet(QStringLiteral("version")))
+        return writeToStandardOutput(QStringLiteral("vkreport %1\n").arg(SystemInfo::libVersionString())) ? Done : Failed;
+    if (!parser.positionalArguments().isEmpty()) {
+        complain(QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().constFirst()));
+        return WrongUsage;
+    }
+    QString text;
+    if (!requestedText(parser, text))
+        return WrongUsage;
+    return write(parser, text);
+}
