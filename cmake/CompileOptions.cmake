@@ -1,0 +1,23 @@
+# What every target of this project is compiled with: the interface target
+# vksysteminfo_options, linked privately.
+add_library(vksysteminfo_options INTERFACE)
+target_compile_definitions(vksysteminfo_options INTERFACE
+    QT_DEPRECATED_WARNINGS QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS UNICODE _UNICODE)
+
+if(MSVC)
+    target_compile_options(vksysteminfo_options INTERFACE /W4 /utf-8 /permissive-
+        $<$<BOOL:${VKSYSTEMINFO_WERROR}>:/WX>)
+else()
+    target_compile_options(vksysteminfo_options INTERFACE -Wall -Wextra -Wpedantic
+        $<$<BOOL:${VKSYSTEMINFO_WERROR}>:-Werror>)
+endif()
+
+if(VKSYSTEMINFO_SANITIZE)
+    target_compile_options(vksysteminfo_options INTERFACE
+        -fsanitize=${VKSYSTEMINFO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(vksysteminfo_options INTERFACE -fsanitize=${VKSYSTEMINFO_SANITIZE})
+endif()
+if(VKSYSTEMINFO_COVERAGE)
+    target_compile_options(vksysteminfo_options INTERFACE --coverage -fno-inline)
+    target_link_options(vksysteminfo_options INTERFACE --coverage)
+endif()
