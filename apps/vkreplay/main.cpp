@@ -20,18 +20,12 @@ const QCommandLineOption adapter(QStringLiteral("adapter"),
                                  QStringLiteral("Print the details of the network adapter with this index only."),
                                  QStringLiteral("INDEX"));
 
-bool isKnown(const QString &name)
-{
-    return sectionNames().contains(name)
-        || sectionNames().contains(name.section(QLatin1Char(':'), 0, 0) + QStringLiteral(":NAME"));
-}
-
 /// False when an option is wrong; nothing was printed then.
 bool checkOptions(const QCommandLineParser &parser)
 {
     const QStringList names = parser.values(section);
     for (const QString &name : names) {
-        if (!isKnown(name)) {
+        if (!isSection(name)) {
             complain(QStringLiteral("there is no section '%1'. The sections are: %2")
                          .arg(name, sectionNames().join(QStringLiteral(", "))));
             return false;

@@ -69,20 +69,44 @@ constexpr NamedSection namedSections[] = {
     {"portsFromRegistry", portsFromRegistry},
 };
 
+const Section *findSection(const QString &name)
+{
+    for (const Section &section : sections) {
+        if (name == QLatin1String(section.name))
+            return &section;
+    }
+    return nullptr;
+}
+
+/// The section whose name and a colon \a name starts with; \a argument is what follows.
+const NamedSection *findNamedSection(const QString &name, QString &argument)
+{
+    for (const NamedSection &section : namedSections) {
+        const QString start = QLatin1String(section.name) + QStringLiteral(":");
+        if (name.startsWith(start)) {
+            argument = name.mid(start.size());
+            return &section;
+        }
+    }
+    return nullptr;
+}
+
 } // namespace
 
 std::optional<QString> sectionText(const QString &name)
 {
-    for (const Section &section : sections) {
-        if (name == QLatin1String(section.name))
-            return section.text();
-    }
-    for (const NamedSection &section : namedSections) {
-        const QString start = QLatin1String(section.name) + QStringLiteral(":");
-        if (name.startsWith(start))
-            return section.text(name.mid(start.size()));
-    }
+    if (const Section *section = findSection(name))
+        return section->text();
+    QString argument;
+    if (const NamedSection *section = findNamedSection(name, argument))
+        return section->text(argument);
     return std::nullopt;
+}
+
+bool isSection(const QString &name)
+{
+    QString argument;
+    return findSection(name) || findNamedSection(name, argument);
 }
 
 QStringList sectionNames()

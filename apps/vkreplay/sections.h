@@ -9,5 +9,8 @@
 /// "diskDevicesFromRegistry:USBSTOR"; nothing when there is no such section.
 std::optional<QString> sectionText(const QString &name);
 
+/// Whether sectionText() knows \a name.
+bool isSection(const QString &name);
+
 /// In the report's order; one that takes a name ends in ":NAME".
 QStringList sectionNames();

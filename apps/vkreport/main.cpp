@@ -5,6 +5,7 @@
 
 #include <QtCore/QCommandLineParser>
 #include <QtWidgets/QApplication>
+#include <optional>
 #include <vkSystemInfo.h>
 
 using namespace velkor;
@@ -52,25 +53,14 @@ QString bonjourLines()
         + bonjourLine("vkdnssd.dll", SystemInfo::WinSysInfo::checkVelkorBonjour);
 }
 
-/// The texts of the named sections in the order in which they were asked for; false
-/// when one is not known.
-bool sectionTexts(const QStringList &names, QString &text)
+/// What the options ask for.
+QString requestedText(const QCommandLineParser &parser)
 {
-    for (const QString &name : names) {
-        const Section *known = findSection(name);
-        if (!known) {
-            complain(QStringLiteral("there is no section '%1'. The sections are: %2")
-                         .arg(name, sectionNames().join(QStringLiteral(", "))));
-            return false;
-        }
-        text += known->text();
-    }
-    return true;
-}
-
-/// What the options ask for; false when they are wrong.
-bool requestedText(const QCommandLineParser &parser, QString &text)
-{
+    const bool asksForParts = parser.isSet(listSections) || parser.isSet(platformName) || parser.isSet(openGLVersion)
+        || parser.isSet(bonjour) || parser.isSet(section);
+    if (!asksForParts)
+        return SystemInfo::allInfos(parser.isSet(noOpenGL));
+    QString text;
     if (parser.isSet(listSections))
         text += sectionNames().join(QLatin1Char('\n')) + QLatin1Char('\n');
     if (parser.isSet(platformName))
@@ -79,13 +69,10 @@ bool requestedText(const QCommandLineParser &parser, QString &text)
         text += openGLVersionLine();
     if (parser.isSet(bonjour))
         text += bonjourLines();
-    if (!sectionTexts(parser.values(section), text))
-        return false;
-    const bool asksForParts = parser.isSet(listSections) || parser.isSet(platformName) || parser.isSet(openGLVersion)
-        || parser.isSet(bonjour) || parser.isSet(section);
-    if (!asksForParts)
-        text = SystemInfo::allInfos(parser.isSet(noOpenGL));
-    return true;
+    const QStringList names = parser.values(section);
+    for (const QString &name : names)
+        text += findSection(name)->text();
+    return text;
 }
 
 ExitCode write(const QCommandLineParser &parser, const QString &text)
@@ -103,15 +90,8 @@ ExitCode write(const QCommandLineParser &parser, const QString &text)
     return Failed;
 }
 
-} // namespace
-
-int main(int argc, char *argv[])
+void describe(QCommandLineParser &parser)
 {
-    QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("vkreport"));
-    QApplication::setApplicationVersion(SystemInfo::libVersionString());
-
-    QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
         "Prints a system information report.\n\n"
         "The OpenGL section makes an OpenGL context: without --no-opengl there must be a\n"
@@ -121,7 +101,12 @@ int main(int argc, char *argv[])
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOptions({noOpenGL, section, listSections, output, platformName, openGLVersion, bonjour});
-    if (!parser.parse(QApplication::arguments())) {
+}
+
+/// Everything that needs no display; the exit code when there is nothing left to do.
+std::optional<ExitCode> parse(QCommandLineParser &parser)
+{
+    if (!parser.parse(QCoreApplication::arguments())) {
         complain(parser.errorText());
         return WrongUsage;
     }
@@ -133,8 +118,33 @@ int main(int argc, char *argv[])
         complain(QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().constFirst()));
         return WrongUsage;
     }
-    QString text;
-    if (!requestedText(parser, text))
-        return WrongUsage;
-    return write(parser, text);
+    const QStringList names = parser.values(section);
+    for (const QString &name : names) {
+        if (!findSection(name)) {
+            complain(QStringLiteral("there is no section '%1'. The sections are: %2")
+                         .arg(name, sectionNames().join(QStringLiteral(", "))));
+            return WrongUsage;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<ExitCode> parseWithoutDisplay(QCommandLineParser &parser, int &argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("vkreport"));
+    QCoreApplication::setApplicationVersion(SystemInfo::libVersionString());
+    return parse(parser);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QCommandLineParser parser;
+    describe(parser);
+    if (const auto exitCode = parseWithoutDisplay(parser, argc, argv))
+        return *exitCode;
+    const QApplication application(argc, argv);
+    return write(parser, requestedText(parser));
 }

@@ -9,16 +9,63 @@ say() { printf '%s\n' "$*" >&2; }
 fail() { say "$*"; exit 1; }
 fail_usage() { say "$*"; exit 2; }
 
+# The comment at the top of a script is its help.
+print_help() { sed -n '2,/^[^#]/{/^#/s/^# \{0,1\}//p}' "$1"; }
+
 qt_for_windows_prefix() { printf '%s\n' "${VKSYSTEMINFO_QT_WINDOWS:-$cache_dir/qt5-mingw64}"; }
 
-# Environment for wine: its own prefix, silent, our DLLs found.
+# build PRESET [TARGET]...: installs what is missing, configures once, builds.
+# Standard output stays free for the program that runs next.
+build() {
+  local preset=$1; shift
+  local part=native
+  case "$preset" in windows*) part=windows ;; esac
+  "$repo_dir/scripts/install-dependencies" "$part"
+  [ "$part" = native ] || "$repo_dir/scripts/build-qt-for-windows"
+  mkdir -p "$repo_dir/build"
+  (
+    flock 8
+    cd "$repo_dir"
+    if ! [ -e "build/$preset/build.ninja" ]; then
+      say "Configuring $preset"
+      run_quietly cmake --preset "$preset"
+    fi
+    local targets=()
+    [ $# -eq 0 ] || targets=(--target "$@")
+    if ! cmake --build "build/$preset" "${targets[@]}" -- -n | grep -q 'no work to do'; then
+      say "Building $preset"
+      cmake --build "build/$preset" "${targets[@]}" >&2
+    fi
+  ) 8>"$repo_dir/build/.$preset.lock"
+}
+
+# Shows what a command says only when it fails.
+run_quietly() {
+  local log; log=$(mktemp)
+  if "$@" >"$log" 2>&1; then rm -f "$log"; return 0; fi
+  cat "$log" >&2; rm -f "$log"; return 1
+}
+
+# with_display COMMAND...: runs it with the display that is there, else with an X
+# server of its own. OpenGL needs one.
+with_display() {
+  if [ -n "${DISPLAY:-}" ]; then "$@"; else xvfb-run -a -s '-screen 0 1280x1024x24' "$@"; fi
+}
+
+# Environment for wine: a prefix of the project's own, silent, our DLLs found.
 use_wine() {
   local qt; qt=$(qt_for_windows_prefix)
-  export WINEPREFIX="${WINEPREFIX:-$cache_dir/wine-prefix}"
+  export WINEPREFIX="${VKSYSTEMINFO_WINEPREFIX:-$cache_dir/wine-prefix}"
   export WINEDEBUG="${WINEDEBUG:--all}"
   export WINEDLLOVERRIDES="${WINEDLLOVERRIDES:-mscoree,mshtml=;winemenubuilder.exe=d}"
   local runtime; runtime=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-file-name=libstdc++-6.dll)")
   export WINEPATH="$qt/bin;$runtime;/usr/x86_64-w64-mingw32/lib${WINEPATH:+;$WINEPATH}"
   export QT_PLUGIN_PATH="${QT_PLUGIN_PATH:-$qt/plugins}"
   mkdir -p "$(dirname "$WINEPREFIX")"
+}
+
+# Ends what Wine left running in our prefix.
+end_wine() {
+  use_wine
+  wineserver -k >/dev/null 2>&1 || true
 }

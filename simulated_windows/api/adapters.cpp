@@ -12,7 +12,8 @@ using machine::AddressRecord;
 
 std::size_t furtherAddresses(const AdapterRecord &adapter)
 {
-    return adapter.GatewayList.size() - 1 + adapter.DhcpServer.size() - 1;
+    const auto further = [](const std::vector<AddressRecord> &list) { return list.empty() ? 0 : list.size() - 1; };
+    return further(adapter.GatewayList) + further(adapter.DhcpServer);
 }
 
 void fillAddress(const AddressRecord &record, IP_ADDR_STRING &address)
@@ -24,7 +25,7 @@ void fillAddress(const AddressRecord &record, IP_ADDR_STRING &address)
 /// The first entry stands in the record, the others behind all records.
 void fillList(const std::vector<AddressRecord> &list, IP_ADDR_STRING &first, IP_ADDR_STRING *&further)
 {
-    fillAddress(list.front(), first);
+    fillAddress(list.empty() ? AddressRecord() : list.front(), first);
     IP_ADDR_STRING *last = &first;
     for (std::size_t i = 1; i < list.size(); ++i) {
         last->Next = further++;

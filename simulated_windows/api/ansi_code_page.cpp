@@ -61,6 +61,13 @@ int preference(int lead)
     return lead == 0xed || lead == 0xee ? 3 : 0;
 }
 
+/// What a single byte that stands for nothing is answered as: the control of its
+/// number, but for the last three of 932, which Windows keeps in a private place.
+ushort holeUnit(int codePage, int byte)
+{
+    return ushort(codePage == 932 && byte >= 0xfd ? 0xf8f1 + (byte - 0xfd) : byte);
+}
+
 Tables makeTables(int codePage)
 {
     const Decoder decoder(codePage);
@@ -70,7 +77,7 @@ Tables makeTables(int codePage)
         if (tables.lead[byte])
             continue;
         const int unit = byte < 0x80 ? byte : decoder.unit(QByteArray(1, char(byte)));
-        tables.single[byte] = ushort(unit < 0 ? byte : unit); // a hole is the control of its number
+        tables.single[byte] = unit < 0 ? holeUnit(codePage, byte) : ushort(unit);
         if (!tables.bytes.contains(tables.single[byte]))
             tables.bytes.insert(tables.single[byte], QByteArray(1, char(byte)));
     }

@@ -24,6 +24,7 @@ struct State
     std::function<void(std::size_t, const QByteArray &)> beforeCall;
     std::size_t calls = 0;
     int lastFaultId = 0;
+    UINT errorMode = 0;
     bool recording = false;
 };
 
@@ -85,6 +86,11 @@ BOOL CallScope::failure(DWORD error)
     call.result = 0;
     lastError = error;
     return FALSE;
+}
+
+UINT &errorMode()
+{
+    return state().errorMode;
 }
 
 void reset()

@@ -37,4 +37,7 @@ private:
     std::optional<DWORD> m_fault;
 };
 
+/// What SetErrorMode() set last.
+UINT &errorMode();
+
 } // namespace simulated

@@ -4,8 +4,6 @@
 namespace simulated {
 namespace {
 
-UINT errorMode = 0;
-
 machine::DriveRecord drive(const QString &root)
 {
     return machineInUse().system.drives.value(machine::upperCased(root));
@@ -20,8 +18,8 @@ UINT SetErrorMode(UINT mode)
 {
     CallScope scope("SetErrorMode");
     scope.call.value = QString::number(mode);
-    const UINT previous = errorMode;
-    errorMode = mode;
+    const UINT previous = errorMode();
+    errorMode() = mode;
     return scope.success(previous);
 }
 

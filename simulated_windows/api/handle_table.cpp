@@ -11,18 +11,18 @@ quintptr HandleTable::add(Handle handle)
     return m_next;
 }
 
-const Handle *HandleTable::find(quintptr number, const char *use)
+const Handle *HandleTable::find(quintptr number, HandleKind kind, const char *use)
 {
     const auto found = m_handles.find(number);
-    if (found != m_handles.end())
+    if (found != m_handles.end() && found->second.kind == kind)
         return &found->second;
     m_misuses += QStringLiteral("%1 of handle 0x%2").arg(QLatin1String(use)).arg(number, 0, 16);
     return nullptr;
 }
 
-bool HandleTable::remove(quintptr number, const char *use)
+bool HandleTable::remove(quintptr number, HandleKind kind, const char *use)
 {
-    return find(number, use) && m_handles.erase(number) > 0;
+    return find(number, kind, use) && m_handles.erase(number) > 0;
 }
 
 void HandleTable::clear()

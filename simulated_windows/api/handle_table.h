@@ -8,8 +8,11 @@
 
 namespace simulated {
 
+enum class HandleKind { Key, Library };
+
 struct Handle
 {
+    HandleKind kind;
     QString openedFor;                          // a key's full path, a library's name
     std::shared_ptr<machine::RegistryKey> key;  // null for a library
 };
@@ -18,9 +21,10 @@ class HandleTable
 {
 public:
     quintptr add(Handle handle);
-    /// Null when there is no such handle; that is noted as a misuse.
-    const Handle *find(quintptr number, const char *use);
-    bool remove(quintptr number, const char *use);
+    /// Null when there is no such handle of that kind; that is noted as a misuse.
+    const Handle *find(quintptr number, HandleKind kind, const char *use);
+    bool remove(quintptr number, HandleKind kind, const char *use);
+    bool isOpen(quintptr number) const { return m_handles.count(number) > 0; }
     void clear();
 
     QStringList open() const;

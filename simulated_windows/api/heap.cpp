@@ -22,6 +22,8 @@ LPVOID HeapAlloc(HANDLE, DWORD, SIZE_T bytes)
 BOOL HeapFree(HANDLE, DWORD, LPVOID memory)
 {
     CallScope scope("HeapFree");
-    std::free(memory);
+    std::free(memory); // gone all the same when it is made to fail
+    if (scope.fault())
+        return scope.failure(*scope.fault());
     return scope.success(TRUE);
 }

@@ -37,7 +37,19 @@ BOOL WINAPI getProductInfo(DWORD, DWORD, DWORD, DWORD, PDWORD type)
 // loaded takes one of these places and its own copy of the function with it.
 constexpr std::size_t places = 8;
 std::array<machine::DnsServiceRecord, places> services;
-std::array<quintptr, places> occupants {};
+std::array<quintptr, places> occupants {}; // their handles, free once these are closed
+
+using Place = std::array<quintptr, places>::iterator;
+
+Place placeOf(quintptr library)
+{
+    return std::find(occupants.begin(), occupants.end(), library);
+}
+
+Place freePlace()
+{
+    return std::find_if(occupants.begin(), occupants.end(), [](quintptr occupant) { return !handles().isOpen(occupant); });
+}
 
 template <std::size_t place>
 qint32 WINAPI dnsServiceGetProperty(const char *property, void *result, DWORD *size)
@@ -100,6 +112,8 @@ DWORD GetModuleFileNameExW(HANDLE, HMODULE module, LPWSTR name, DWORD size)
         return DWORD(scope.failure(*scope.fault()));
     if (!names || index >= names->size() || !(*names)[index])
         return DWORD(scope.failure(ERROR_INVALID_HANDLE));
+    if (size == 0)
+        return DWORD(scope.failure(ERROR_INSUFFICIENT_BUFFER));
     const QString text = (*names)[index]->left(int(size) - 1); // cut, as Windows cuts it
     copyWide(text, name);
     return scope.success(DWORD((*names)[index]->size() < int(size) ? text.size() : int(size)));
@@ -124,12 +138,12 @@ HMODULE LoadLibraryW(LPCWSTR name)
     scope.call.key = fromWide(name);
     const auto &libraries = machineInUse().system.libraries;
     const auto library = libraries.constFind(scope.call.key.toLower());
-    const auto place = std::find(occupants.begin(), occupants.end(), quintptr(0));
+    const Place place = freePlace();
     if (scope.fault() || library == libraries.constEnd() || place == occupants.end()) {
         scope.failure(scope.fault().value_or(ERROR_MOD_NOT_FOUND));
         return nullptr;
     }
-    *place = handles().add({scope.call.key, nullptr});
+    *place = handles().add({HandleKind::Library, scope.call.key, nullptr});
     if (library->DNSServiceGetProperty)
         services[std::size_t(place - occupants.begin())] = *library->DNSServiceGetProperty;
     scope.call.result = 1;
@@ -140,8 +154,7 @@ BOOL FreeLibrary(HMODULE module)
 {
     CallScope scope("FreeLibrary");
     const quintptr number = reinterpret_cast<quintptr>(module);
-    std::replace(occupants.begin(), occupants.end(), number, quintptr(0));
-    const bool known = handles().remove(number, "FreeLibrary");
+    const bool known = handles().remove(number, HandleKind::Library, "FreeLibrary");
     if (scope.fault() || !known)
         return scope.failure(scope.fault().value_or(ERROR_INVALID_HANDLE));
     return scope.success(TRUE);
@@ -152,15 +165,16 @@ FARPROC GetProcAddress(HMODULE module, LPCSTR name)
     CallScope scope("GetProcAddress");
     scope.call.value = QString::fromLatin1(name);
     const machine::SystemAnswers &system = machineInUse().system;
+    const quintptr number = reinterpret_cast<quintptr>(module);
     FARPROC function = nullptr;
     if (module == kernel32) {
         if (scope.call.value == QLatin1String("GetProductInfo") && system.exportsGetProductInfo)
             function = asFunction(&getProductInfo);
-    } else if (const Handle *library = handles().find(reinterpret_cast<quintptr>(module), "GetProcAddress")) {
+    } else if (const Handle *library = handles().find(number, HandleKind::Library, "GetProcAddress")) {
         scope.call.key = library->openedFor;
         const bool exported = scope.call.value == QLatin1String("DNSServiceGetProperty")
             && system.libraries.value(library->openedFor.toLower()).DNSServiceGetProperty;
-        const auto place = std::find(occupants.begin(), occupants.end(), reinterpret_cast<quintptr>(module));
+        const Place place = placeOf(number);
         if (exported && place != occupants.end())
             function = dnsServiceAt(std::size_t(place - occupants.begin()), std::make_index_sequence<places>());
     }

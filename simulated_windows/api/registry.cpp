@@ -43,7 +43,7 @@ OpenKey openKey(HKEY handle, const char *use)
         const KeyPointer key = machineInUse().registry.root(*root);
         return {key, key->name()};
     }
-    const Handle *known = handles().find(numberOf(handle), use);
+    const Handle *known = handles().find(numberOf(handle), HandleKind::Key, use);
     return known ? OpenKey {known->key, known->openedFor} : OpenKey {};
 }
 
@@ -137,7 +137,7 @@ LSTATUS openKeyEx(const char *callName, HKEY key, const typename Form::Char *sub
     const KeyPointer found = machine::findKey(parent.key, path);
     if (!found)
         return scope.status(ERROR_FILE_NOT_FOUND);
-    *result = reinterpret_cast<HKEY>(handles().add({scope.call.key, found}));
+    *result = reinterpret_cast<HKEY>(handles().add({HandleKind::Key, scope.call.key, found}));
     return scope.status(ERROR_SUCCESS);
 }
 
@@ -251,7 +251,7 @@ LSTATUS RegCloseKey(HKEY key)
         return scope.status(scope.fault().value_or(ERROR_SUCCESS));
     scope.call.key = openKey(key, "RegCloseKey").path;
     // A close that is made to fail closes all the same: what the caller holds is spent.
-    const bool closed = !scope.call.key.isEmpty() && handles().remove(numberOf(key), "RegCloseKey");
+    const bool closed = !scope.call.key.isEmpty() && handles().remove(numberOf(key), HandleKind::Key, "RegCloseKey");
     return scope.status(scope.fault().value_or(closed ? ERROR_SUCCESS : ERROR_INVALID_HANDLE));
 }
 

@@ -6,12 +6,36 @@
 
 using namespace simulated;
 
+namespace {
+
+constexpr int tm::*fields[] = {&tm::tm_sec, &tm::tm_min, &tm::tm_hour, &tm::tm_mday, &tm::tm_mon,
+                               &tm::tm_year, &tm::tm_wday, &tm::tm_yday, &tm::tm_isdst};
+
+bool isIn(int value, int first, int last)
+{
+    return value >= first && value <= last;
+}
+
+bool isTime(const struct tm &time)
+{
+    return isIn(time.tm_sec, 0, 59) && isIn(time.tm_min, 0, 59) && isIn(time.tm_hour, 0, 23)
+        && isIn(time.tm_mday, 1, 31) && isIn(time.tm_mon, 0, 11) && isIn(time.tm_year, 0, 8099)
+        && isIn(time.tm_wday, 0, 6);
+}
+
+} // namespace
+
 int _localtime32_s(struct tm *result, const __time32_t *time)
 {
     CallScope scope("_localtime32_s");
     scope.call.value = QString::number(*time);
-    if (scope.fault() || *time < 0)
+    if (scope.fault() || *time < 0) {
+        // Every field of the record is -1 then, as the run-time library leaves it.
+        *result = {};
+        for (int tm::*field : fields)
+            result->*field = -1;
         return scope.success(EINVAL);
+    }
     const time_t local = time_t(*time) - time_t(machineInUse().system.timeZone) * 60;
     gmtime_r(&local, result);
     return 0;
@@ -22,8 +46,10 @@ int asctime_s(char *buffer, size_t size, const struct tm *time)
     CallScope scope("asctime_s");
     scope.call.sizeIn = scope.call.sizeOut = size;
     constexpr std::size_t needed = 26;
-    if (scope.fault() || size < needed)
-        return scope.success(scope.fault() ? EINVAL : ERANGE);
+    if (size > 0)
+        *buffer = 0;
+    if (scope.fault() || size < needed || !isTime(*time))
+        return scope.success(EINVAL);
     static const char days[] = "SunMonTueWedThuFriSat";
     static const char months[] = "JanFebMarAprMayJunJulAugSepOctNovDec";
     qsnprintf(buffer, int(size), "%.3s %.3s %02d %02d:%02d:%02d %04d\n", days + 3 * time->tm_wday,

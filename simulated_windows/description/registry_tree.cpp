@@ -8,8 +8,11 @@ namespace machine {
 QString upperCased(const QString &name)
 {
     QString result = name;
-    for (QChar &unit : result)
-        unit = unit.toUpper();
+    for (QChar &unit : result) {
+        const QChar upper = unit.toUpper();
+        if (upper.toLower() == unit)
+            unit = upper;
+    }
     return result;
 }
 

@@ -14,7 +14,8 @@
 
 namespace machine {
 
-/// Each code unit in upper case by itself: "ß" stays, lone surrogates stay.
+/// Each code unit in upper case by itself, as Windows NT does it for names: only
+/// where the way back leads to the same unit. "ß", "ı" and lone surrogates stay.
 QString upperCased(const QString &name);
 
 struct RegistryValue

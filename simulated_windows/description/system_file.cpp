@@ -52,21 +52,18 @@ public:
 
     quint64 toNumber(const QString &name, const QJsonValue &value) const
     {
-        if (value.isString()) {
-            bool valid = false;
-            const QString digits = value.toString();
-            const quint64 number = digits.startsWith(QLatin1Char('-')) ? quint64(digits.toLongLong(&valid, 0))
-                                                                       : digits.toULongLong(&valid, 0);
-            if (valid)
-                return number;
-        }
+        quint64 number = 0;
+        if (value.isString() && parseNumber(value.toString(), number))
+            return number;
         if (value.isDouble()) {
             const QCborValue exact = QCborValue::fromJsonValue(value); // keeps integers beyond 2^53
             if (exact.isInteger())
                 return quint64(exact.toInteger());
             const double inexact = value.toDouble();
-            if (std::floor(inexact) == inexact && std::fabs(inexact) < 18446744073709551616.0)
-                return inexact < 0 ? quint64(qint64(inexact)) : quint64(inexact);
+            if (std::floor(inexact) == inexact) {
+                const quint64 cut = quint64(std::fmod(std::fabs(inexact), 18446744073709551616.0));
+                return inexact < 0 ? 0 - cut : cut;
+            }
         }
         expected(name, "an integer or a text \"0x...\"");
         return 0;
@@ -86,10 +83,12 @@ public:
         return value.toArray();
     }
 
-    /// The error of {"error": N}. Only an object without the answer's own fields is one.
+    /// The error of {"error": N}.
     bool failure(const QString &name, const QJsonValue &value, quint32 &error) const
     {
-        if (!value.isObject() || !value.toObject().value(QLatin1String("error")).isDouble())
+        const QJsonValue member = value.toObject().value(QLatin1String("error"));
+        quint64 ignored = 0;
+        if (!member.isDouble() && !(member.isString() && parseNumber(member.toString(), ignored)))
             return false;
         error = quint32(toNumber(path(name), value.toObject().value(QLatin1String("error"))));
         return true;
@@ -115,16 +114,26 @@ public:
             m_error = QStringLiteral("'%1' is not %2").arg(path(name), QLatin1String(what));
     }
 
-    int index(const QString &name) const
+private:
+    /// "0x..." or decimal digits, with a sign; cut to 64 bits.
+    static bool parseNumber(const QString &text, quint64 &number)
     {
-        bool valid = false;
-        const int number = name.toInt(&valid, 0);
-        if (!valid)
-            expected(name, "a number");
-        return number;
+        const bool negative = text.startsWith(QLatin1Char('-'));
+        QString digits = text.mid(negative ? 1 : 0);
+        const bool hexadecimal = digits.startsWith(QLatin1String("0x"), Qt::CaseInsensitive);
+        if (hexadecimal)
+            digits.remove(0, 2);
+        number = 0;
+        for (const QChar digit : qAsConst(digits)) {
+            const int worth = QByteArray("0123456789abcdef").indexOf(char(digit.toLower().toLatin1()));
+            if (digit.unicode() > 0x7f || worth < 0 || (worth > 9 && !hexadecimal))
+                return false;
+            number = number * (hexadecimal ? 16 : 10) + quint64(worth);
+        }
+        number = negative ? 0 - number : number;
+        return !digits.isEmpty();
     }
 
-private:
     const QJsonObject m_object;
     const QString m_where;
     QString &m_error;
@@ -259,12 +268,16 @@ AdapterRecord readAdapter(const Reader &reader)
 }
 
 /// Calls \a each with every member of the object \a name, unless the whole of it is
-/// a failure, whose error it returns.
+/// a failure, whose error it returns. A text named "error" may be a member, such as
+/// a variable of the environment.
 quint32 eachMember(const Reader &reader, const char *name,
                    const std::function<void(const Reader &, const QString &, const QJsonValue &)> &each)
 {
     quint32 error = 0;
-    if (!reader.has(name) || reader.failure(QLatin1String(name), reader.value(name), error))
+    if (!reader.has(name))
+        return error;
+    const bool isMember = reader.value(name).toObject().value(QLatin1String("error")).isString();
+    if (!isMember && reader.failure(QLatin1String(name), reader.value(name), error))
         return error;
     const Reader inner = reader.inner(name);
     for (auto it = inner.object().begin(); it != inner.object().end(); ++it)
@@ -272,11 +285,23 @@ quint32 eachMember(const Reader &reader, const char *name,
     return error;
 }
 
+/// The same for an object whose members are named by numbers; others are ignored.
+quint32 eachIndex(const Reader &reader, const char *name,
+                  const std::function<void(const Reader &, int, const QString &, const QJsonValue &)> &each)
+{
+    return eachMember(reader, name, [&](const Reader &inner, const QString &member, const QJsonValue &value) {
+        bool valid = false;
+        const int index = member.startsWith(QLatin1String("0x")) ? member.toInt(&valid, 16) : member.toInt(&valid);
+        if (valid)
+            each(inner, index, member, value);
+    });
+}
+
 void readNames(const Reader &reader, SystemAnswers &system)
 {
-    system.computerNamesError = eachMember(reader, "GetComputerNameEx",
-                                           [&](const Reader &inner, const QString &name, const QJsonValue &value) {
-        inner.answer(name, value, system.GetComputerNameEx[inner.index(name)],
+    system.computerNamesError = eachIndex(reader, "GetComputerNameEx",
+                                          [&](const Reader &inner, int index, const QString &name, const QJsonValue &value) {
+        inner.answer(name, value, system.GetComputerNameEx[index],
                      [&](const QJsonValue &text) { return inner.toText(name, text); });
     });
     reader.answer("GetUserName", system.GetUserName,
@@ -295,15 +320,15 @@ void readDirectories(const Reader &reader, SystemAnswers &system)
         if (!value.isNull())
             system.environment[upperCased(name)] = inner.toText(name, value);
     });
-    eachMember(reader, "ExpandEnvironmentStrings",
-               [&](const Reader &inner, const QString &name, const QJsonValue &value) {
+    eachIndex(reader, "ExpandEnvironmentStrings",
+              [&](const Reader &inner, int index, const QString &name, const QJsonValue &value) {
         quint32 error = 0;
         if (inner.failure(name, value, error))
-            system.ExpandEnvironmentStrings[inner.index(name)] = error;
+            system.ExpandEnvironmentStrings[index] = error;
     });
-    eachMember(reader, "SHGetSpecialFolderPath",
-               [&](const Reader &inner, const QString &name, const QJsonValue &value) {
-        inner.answer(name, value, system.SHGetSpecialFolderPath[inner.index(name)],
+    eachIndex(reader, "SHGetSpecialFolderPath",
+              [&](const Reader &inner, int index, const QString &name, const QJsonValue &value) {
+        inner.answer(name, value, system.SHGetSpecialFolderPath[index],
                      [&](const QJsonValue &text) { return inner.toText(name, text); });
     });
     if (reader.value("WinSxS").isArray()) {
@@ -359,9 +384,10 @@ void readVersions(const Reader &reader, SystemAnswers &system)
         reader.inner("GetProductInfo").number("dwReturnedProductType", type);
         return type;
     });
-    eachMember(reader, "GetSystemMetrics", [&](const Reader &inner, const QString &name, const QJsonValue &value) {
+    eachIndex(reader, "GetSystemMetrics",
+              [&](const Reader &inner, int index, const QString &name, const QJsonValue &value) {
         if (!value.isNull())
-            system.GetSystemMetrics[inner.index(name)] = qint32(inner.toNumber(name, value));
+            system.GetSystemMetrics[index] = qint32(inner.toNumber(name, value));
     });
     readSystemInfo(reader.inner("GetSystemInfo"), system.GetSystemInfo);
     reader.answer("GlobalMemoryStatusEx", system.GlobalMemoryStatusEx,

@@ -1,0 +1,182 @@
+// The command line of vkreport.
+
+#include "run_program.h"
+#include "texts.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+
+class VkReportTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void wholeReportWithoutOpenGL();
+    void versionAndHelp_data();
+    void versionAndHelp();
+    void listedSectionsCanBePrinted();
+    void sectionsInTheOrderAskedFor();
+    void wrongUsage_data();
+    void wrongUsage();
+    void outputFile();
+    void outputFileThatCannotBeWritten();
+    void bonjour();
+#ifdef SIMULATED_WINDOWS
+    void platformNameOfADescribedMachine();
+    void bonjourOfADescribedMachine();
+    void machineThatCannotBeRead();
+#endif
+};
+
+namespace {
+
+ProgramRun vkreport(const QStringList &arguments, const QString &machine = QString())
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(QStringLiteral("VKSYSTEMINFO_MACHINE"));
+    if (!machine.isEmpty())
+        environment.insert(QStringLiteral("VKSYSTEMINFO_MACHINE"), machine);
+    return runProgram(QStringLiteral(VKREPORT), arguments, environment);
+}
+
+const char sectionNames[] = "qtDateTime\nqtGlobal\nqtCoreApplication\nqtLocale\nqtScreens\nqtDesktop\n"
+                            "qtDesktopServices\nqtAccessibility\nqtPrinterInfo\nqtHostInfo\nqtSystemEnvironment\n";
+
+} // namespace
+
+void VkReportTest::wholeReportWithoutOpenGL()
+{
+    const ProgramRun run = vkreport({"--no-opengl"});
+    QCOMPARE(run.exitCode, 0);
+    QVERIFY(run.output.startsWith("############ Windows specific section ###########\n"));
+    QVERIFY(run.output.endsWith("------------------------------------------------------------------------\n"));
+    QVERIFY(!run.output.contains('\r'));
+    QVERIFY(!run.output.contains("#### QGLFormat #### "));
+}
+
+void VkReportTest::versionAndHelp_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QByteArray>("start");
+    QTest::newRow("version") << "--version" << QByteArray("vkreport 1.3.12\n");
+    QTest::newRow("help") << "--help" << QByteArray("Usage: ");
+}
+
+void VkReportTest::versionAndHelp()
+{
+    QFETCH(QString, option);
+    QFETCH(QByteArray, start);
+    const ProgramRun run = vkreport({option});
+    QCOMPARE(run.exitCode, 0);
+    QVERIFY2(run.output.startsWith(start), run.output);
+}
+
+void VkReportTest::listedSectionsCanBePrinted()
+{
+    const ProgramRun list = vkreport({"--list-sections"});
+    QCOMPARE(list.exitCode, 0);
+    COMPARE_TEXT(QString::fromUtf8(list.output), QString(sectionNames));
+    for (const QByteArray &name : list.output.trimmed().split('\n')) {
+        const ProgramRun run = vkreport({"--section", QString::fromUtf8(name)});
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(run.output.endsWith('\n'), name);
+    }
+}
+
+void VkReportTest::sectionsInTheOrderAskedFor()
+{
+    const ProgramRun run = vkreport({"--section", "qtHostInfo", "--section", "qtGlobal"});
+    QCOMPARE(run.exitCode, 0);
+    QVERIFY(run.output.startsWith("QHostInfo\n"));
+    QVERIFY(run.output.contains("\nQt Global\n"));
+}
+
+void VkReportTest::wrongUsage_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QByteArray>("message");
+    QTest::newRow("a typo in a section name lists the names")
+        << QStringList({"--section", "qtLocal"})
+        << QByteArray("vkreport: there is no section 'qtLocal'. The sections are: "
+                      + QByteArray(sectionNames).trimmed().replace("\n", ", ") + "\n");
+    QTest::newRow("an unknown option") << QStringList({"--colour"}) << QByteArray("vkreport: Unknown option 'colour'.\n");
+    QTest::newRow("an option without its value")
+        << QStringList({"--output"}) << QByteArray("vkreport: Missing value after '--output'.\n");
+    QTest::newRow("an argument too many") << QStringList({"report.txt"})
+                                          << QByteArray("vkreport: unexpected argument 'report.txt'\n");
+}
+
+void VkReportTest::wrongUsage()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, message);
+    const ProgramRun run = vkreport(arguments);
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(run.output, QByteArray());
+    QCOMPARE(QByteArray(run.errors).replace("\r\n", "\n"), message);
+}
+
+void VkReportTest::outputFile()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("r\u00e9port.txt"));
+    const ProgramRun run = vkreport({"--section", "qtGlobal", "--output", path});
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.output, QByteArray());
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray text = file.readAll();
+    QVERIFY(text.startsWith("Qt Global\n"));
+    QVERIFY(!text.contains('\r'));
+}
+
+void VkReportTest::outputFileThatCannotBeWritten()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("missing/report.txt"));
+    const ProgramRun run = vkreport({"--section", "qtGlobal", "--output", path});
+    QCOMPARE(run.exitCode, 1);
+    QCOMPARE(run.output, QByteArray());
+    QVERIFY2(run.errors.contains("vkreport: cannot write '"), run.errors);
+    QVERIFY(QDir(folder.path()).isEmpty()); // no half file
+}
+
+void VkReportTest::bonjour()
+{
+    const ProgramRun run = vkreport({"--bonjour"});
+    QCOMPARE(run.exitCode, 0);
+    COMPARE_TEXT(QString::fromUtf8(run.output), QStringLiteral("dnssd.dll: not installed\nvkdnssd.dll: not installed\n"));
+}
+
+#ifdef SIMULATED_WINDOWS
+
+void VkReportTest::platformNameOfADescribedMachine()
+{
+    const ProgramRun run = vkreport({"--platform-name"}, QStringLiteral(MACHINES_DIR "/workstation"));
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.output, QByteArray("Windows 10 Professional Edition, 64-bit\n"));
+}
+
+void VkReportTest::bonjourOfADescribedMachine()
+{
+    const ProgramRun run = vkreport({"--bonjour"}, QStringLiteral(MACHINES_DIR "/workstation"));
+    QCOMPARE(run.exitCode, 0);
+    COMPARE_TEXT(QString::fromUtf8(run.output),
+                 QStringLiteral("dnssd.dll: installed, version 333.10.0\n"
+                                "vkdnssd.dll: installed, its service does not answer (error -65563)\n"));
+}
+
+// The report goes on as on a machine that knows nothing, and says why.
+void VkReportTest::machineThatCannotBeRead()
+{
+    const ProgramRun run = vkreport({"--platform-name"}, QStringLiteral(MACHINES_DIR "/nowhere"));
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.output, QByteArray("Windows\n"));
+    QVERIFY2(run.errors.contains("/nowhere: no such machine folder"), run.errors);
+}
+
+#endif
+
+QTEST_GUILESS_MAIN(VkReportTest)
+#include "tst_vkreport.moc"
