@@ -1,4 +1,4 @@
-// Reads system.json, the answers of every Windows call that is not a registry read.
+// Reads and writes system.json, the answers of every Windows call that is not a registry read.
 #pragma once
 
 #include "machine.h"
@@ -11,5 +11,8 @@ namespace machine {
 /// of its form; \a error then is the message, \a errorLine its line (from 1), or 0
 /// when the message names the member instead.
 bool readSystemFile(const QByteArray &contents, SystemAnswers &system, QString &error, int &errorLine);
+
+/// \a system as JSON; answers that are not given are left out.
+QByteArray writeSystemFile(const SystemAnswers &system);
 
 } // namespace machine
