@@ -161,8 +161,10 @@ QString videoInfoFromRegistry()
     for (DWORD i = 0; name.enumerateKey(adapters.get(), i); ++i) {
         const QString adapterPath = path + QStringLiteral("\\") + name.text();
         const RegistryKey adapter(HKEY_LOCAL_MACHINE, adapterPath);
-        if (adapter)
-            text += serviceLine(adapterPath) + configurationBlocks(adapter, adapterPath, name);
+        if (!adapter)
+            continue;
+        text += serviceLine(adapterPath); // two steps: Windows is asked in this order
+        text += configurationBlocks(adapter, adapterPath, name);
     }
     return text;
 }

@@ -1,0 +1,62 @@
+# What is installed, and the two archives that scripts/package makes of it: an SDK for
+# developers of hosts, and vkreport with everything that it needs beside it.
+include(CMakePackageConfigHelpers)
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vkSystemInfo)
+install(TARGETS vkSystemInfo EXPORT vkSystemInfoTargets
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT sdk
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT sdk
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT sdk)
+install(FILES include/vkSystemInfo.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT sdk)
+install(EXPORT vkSystemInfoTargets NAMESPACE vkSystemInfo:: DESTINATION ${package_dir} COMPONENT sdk)
+configure_package_config_file(cmake/vkSystemInfoConfig.cmake.in ${PROJECT_BINARY_DIR}/vkSystemInfoConfig.cmake
+    INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/vkSystemInfoConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/vkSystemInfoConfig.cmake ${PROJECT_BINARY_DIR}/vkSystemInfoConfigVersion.cmake
+    DESTINATION ${package_dir} COMPONENT sdk)
+install(FILES LICENSE README.md CHANGELOG.md DESTINATION . COMPONENT sdk)
+install(DIRECTORY docs DESTINATION . COMPONENT sdk)
+
+if(MINGW)
+    install(FILES $<TARGET_FILE:vkSystemInfo>.debug DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT symbols)
+
+    # vkreport runs where it is unpacked: Qt and the compiler's run-time library beside it.
+    get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)
+    get_filename_component(qt_bin ${qmake} DIRECTORY)
+    set(run_time)
+    foreach(module Core Gui Widgets Network PrintSupport OpenGL)
+        list(APPEND run_time ${qt_bin}/Qt5${module}.dll)
+    endforeach()
+    foreach(library libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
+        execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${library}
+            OUTPUT_VARIABLE file OUTPUT_STRIP_TRAILING_WHITESPACE)
+        if(NOT IS_ABSOLUTE ${file}) # Debian keeps that of the threads elsewhere
+            find_file(file_of_${library} ${library} PATHS /usr/x86_64-w64-mingw32/lib NO_DEFAULT_PATH REQUIRED
+                      NO_CMAKE_FIND_ROOT_PATH)
+            set(file ${file_of_${library}})
+        endif()
+        list(APPEND run_time ${file})
+    endforeach()
+    install(TARGETS vkreport vkcapture RUNTIME DESTINATION . COMPONENT portable)
+    install(FILES $<TARGET_FILE:vkSystemInfo> ${run_time} LICENSE DESTINATION . COMPONENT portable)
+    foreach(plugin platforms/qwindows printsupport/windowsprintersupport styles/qwindowsvistastyle)
+        get_filename_component(folder ${plugin} DIRECTORY)
+        install(FILES ${qt_bin}/../plugins/${plugin}.dll DESTINATION ${folder} COMPONENT portable)
+    endforeach()
+    install(FILES cmake/portable-README.txt DESTINATION . RENAME README.txt COMPONENT portable)
+endif()
+
+set(CPACK_GENERATOR ZIP)
+set(CPACK_PACKAGE_VENDOR velkor)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
+set(CPACK_PACKAGE_DIRECTORY ${PROJECT_SOURCE_DIR}/dist)
+set(CPACK_ARCHIVE_COMPONENT_INSTALL ON)
+set(CPACK_INCLUDE_TOPLEVEL_DIRECTORY OFF)
+set(CPACK_STRIP_FILES OFF)
+if(WIN32)
+    set(CPACK_SYSTEM_NAME win64)
+endif()
+set(CPACK_ARCHIVE_SDK_FILE_NAME vkSystemInfo-${PROJECT_VERSION}-${CPACK_SYSTEM_NAME}-sdk)
+set(CPACK_ARCHIVE_PORTABLE_FILE_NAME vkreport-${PROJECT_VERSION}-${CPACK_SYSTEM_NAME}-portable)
+set(CPACK_ARCHIVE_SYMBOLS_FILE_NAME vkSystemInfo-${PROJECT_VERSION}-${CPACK_SYSTEM_NAME}-symbols)
+include(CPack)
