@@ -1,0 +1,71 @@
+// section_child SECTION [DESKTOP-FILE-NAME]
+//
+// Prints one section in a process of its own, with the application object that the
+// section asks for and no more.
+
+#include "program_output.h"
+#include "vkSystemInfo.h"
+
+#include <QtGui/QGuiApplication>
+#include <memory>
+
+using namespace velkor::SystemInfo;
+
+namespace {
+
+enum class Needs { Nothing, CoreApplication, GuiApplication };
+
+struct Section
+{
+    const char *name;
+    QString (*text)();
+    Needs needs;
+};
+
+constexpr Section sections[] = {
+    {"qtGlobal", qtGlobal, Needs::Nothing},
+    {"qtCoreApplication", qtCoreApplication, Needs::CoreApplication},
+    {"qtLocale", qtLocale, Needs::Nothing},
+    {"qtDateTime", qtDateTime, Needs::Nothing},
+    {"qtHostInfo", qtHostInfo, Needs::Nothing},
+    {"qtAccessibility", qtAccessibility, Needs::GuiApplication},
+    {"qtPrinterInfo", qtPrinterInfo, Needs::GuiApplication},
+    {"qtSystemEnvironment", qtSystemEnvironment, Needs::Nothing},
+    {"qtScreens", qtScreens, Needs::GuiApplication},
+    {"qtDesktop", qtDesktop, Needs::GuiApplication},
+    {"qtDesktopServices", qtDesktopServices, Needs::CoreApplication},
+};
+
+const Section *findSection(const QByteArray &name)
+{
+    for (const Section &section : sections) {
+        if (name == section.name)
+            return &section;
+    }
+    return nullptr;
+}
+
+std::unique_ptr<QCoreApplication> makeApplication(Needs needs, int &argc, char *argv[])
+{
+    switch (needs) {
+    case Needs::CoreApplication:
+        return std::make_unique<QCoreApplication>(argc, argv);
+    case Needs::GuiApplication:
+        return std::make_unique<QGuiApplication>(argc, argv);
+    default:
+        return nullptr;
+    }
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const Section *section = argc > 1 ? findSection(argv[1]) : nullptr;
+    if (!section)
+        return WrongUsage;
+    const auto application = makeApplication(section->needs, argc, argv);
+    if (argc > 2)
+        QGuiApplication::setDesktopFileName(QString::fromUtf8(argv[2]));
+    return writeToStandardOutput(section->text()) ? Done : Failed;
+}

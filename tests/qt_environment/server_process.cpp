@@ -1,0 +1,21 @@
+#include "server_process.h"
+
+#include <csignal>
+#include <sys/prctl.h>
+
+namespace qt_environment {
+
+ServerProcess::~ServerProcess()
+{
+    terminate();
+    if (!waitForFinished(patience))
+        kill();
+    waitForFinished();
+}
+
+void ServerProcess::setupChildProcess()
+{
+    prctl(PR_SET_PDEATHSIG, SIGTERM);
+}
+
+} // namespace qt_environment

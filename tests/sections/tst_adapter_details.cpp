@@ -1,0 +1,431 @@
+// adapterDetails() and formatLeaseTime(): texts and calls.
+
+#include "described_windows.h"
+#include "qt/qt_network_interfaces.h"
+#include "texts.h"
+
+#include <limits>
+
+#ifdef SIMULATED_WINDOWS
+#  include "simulated_windows.h"
+#  include <windows.h>
+#else
+#  include <time.h>
+#endif
+
+using namespace velkor::SystemInfo;
+
+class AdapterDetailsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void unknownIndex();
+    void leaseTime_data();
+    void leaseTime();
+#ifdef SIMULATED_WINDOWS
+    void leaseTimeZone_data();
+    void leaseTimeZone();
+    void leaseTimeCalls();
+    void failingLeaseTime_data();
+    void failingLeaseTime();
+
+    void text_data();
+    void text();
+    void unreadableList_data();
+    void unreadableList();
+    void calls_data();
+    void calls();
+    void failingCalls_data();
+    void failingCalls();
+    void listThatGrowsBetweenTheCalls();
+    void listThatShrinksBetweenTheCalls();
+#endif
+};
+
+void AdapterDetailsTest::initTestCase()
+{
+#ifndef SIMULATED_WINDOWS
+    // The rows are written for UTC, which a machine without "timeZone" has.
+    qputenv("TZ", "UTC0");
+    _tzset();
+#endif
+}
+
+void AdapterDetailsTest::unknownIndex()
+{
+    QCOMPARE(adapterDetails(0xfffffff0), QString());
+}
+
+void AdapterDetailsTest::leaseTime_data()
+{
+    QTest::addColumn<qint64>("time");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("the start of 1970") << qint64(0) << "Thu Jan 01 00:00:00 1970\n";
+    QTest::newRow("a day of one digit has a leading zero") << qint64(259200) << "Sun Jan 04 00:00:00 1970\n";
+    QTest::newRow("a leap day") << qint64(1709210096) << "Thu Feb 29 12:34:56 2024\n";
+    QTest::newRow("the last second of a year") << qint64(1704067199) << "Sun Dec 31 23:59:59 2023\n";
+    QTest::newRow("0x7fffffff, the last time there is") << qint64(0x7fffffff) << "Tue Jan 19 03:14:07 2038\n";
+    QTest::newRow("0x80000000: negative as 32 bits") << qint64(0x80000000) << "0x80000000\n";
+    QTest::newRow("0xffffffff: -1 as 32 bits") << qint64(0xffffffff) << "0xffffffff\n";
+    QTest::newRow("0x100000000: only the low 32 bits, all zero, count")
+        << qint64(0x100000000) << "Thu Jan 01 00:00:00 1970\n";
+    QTest::newRow("0x7fffffff0003f480: only the low 32 bits, three days, count")
+        << qint64(0x7fffffff0003f480) << "Sun Jan 04 00:00:00 1970\n";
+    QTest::newRow("0x1abcdef0f: all 64 bits show in the fallback, in lower case")
+        << qint64(0x1abcdef0f) << "0x1abcdef0f\n";
+    QTest::newRow("-1: all 64 bits show in the fallback") << qint64(-1) << "0xffffffffffffffff\n";
+    QTest::newRow("the smallest number: its low 32 bits are zero")
+        << std::numeric_limits<qint64>::min() << "Thu Jan 01 00:00:00 1970\n";
+    QTest::newRow("-0x100000000: a negative time whose low 32 bits are a valid one")
+        << qint64(-0x100000000) << "Thu Jan 01 00:00:00 1970\n";
+    QTest::newRow("-0x80000000: negative in both widths") << qint64(-0x80000000LL) << "0xffffffff80000000\n";
+}
+
+void AdapterDetailsTest::leaseTime()
+{
+    QFETCH(qint64, time);
+    QFETCH(QString, expected);
+    const DescribedWindows windows(QByteArray {});
+    COMPARE_TEXT(formatLeaseTime(time), expected);
+}
+
+#ifdef SIMULATED_WINDOWS
+
+namespace {
+
+// 0x65000000 and 0x66000000 seconds
+const char twoLeaseTimes[] = R"("LeaseObtained": 1694498816, "LeaseExpires": 1711276032)";
+const char oneGateway[] = R"("GatewayList": [["10.0.0.1", "255.0.0.0"]])";
+
+QByteArray systemFile(const QByteArray &adapters)
+{
+    return "{\"GetAdaptersInfo\": [" + adapters + "]}";
+}
+
+/// The adapter of index 7 with these fields of its own.
+QByteArray seventh(const QByteArray &fields)
+{
+    return "{\"Index\": 7, " + fields + "}";
+}
+
+QByteArray withDhcp(const QByteArray &servers)
+{
+    return seventh(QByteArray(oneGateway) + ", \"DhcpEnabled\": 1, \"DhcpServer\": [" + servers + "], " + twoLeaseTimes);
+}
+
+QByteArray withWins(const QByteArray &haveWins)
+{
+    return seventh(QByteArray(oneGateway) + ", \"HaveWins\": " + haveWins
+                   + R"(, "PrimaryWinsServer": ["10.0.0.4", "255.0.0.4"], "SecondaryWinsServer": ["10.0.0.5", "255.0.0.5"])");
+}
+
+QByteArray otherAdapter(int index)
+{
+    return "{\"Index\": " + QByteArray::number(index) + R"(, "GatewayList": [["10.9.9.9", "255.9.9.9"]]})";
+}
+
+machine::AdapterRecord adapterRecord(quint32 index)
+{
+    machine::AdapterRecord adapter;
+    adapter.Index = index;
+    adapter.GatewayList = {{QStringLiteral("10.0.0.1"), QStringLiteral("255.0.0.0")}};
+    adapter.DhcpServer.emplace_back();
+    return adapter;
+}
+
+/// Name, size in, size out and result of each call that has one.
+QStringList journalOfAdapterCalls()
+{
+    QStringList calls;
+    for (const simulated::Call &call : simulated::journal()) {
+        const QString name = QLatin1String(call.name);
+        if (call.name == "HeapAlloc")
+            calls += QStringLiteral("%1 %2").arg(name).arg(call.sizeIn);
+        else if (call.name == "GetAdaptersInfo")
+            calls += QStringLiteral("%1 %2->%3: %4").arg(name).arg(call.sizeIn).arg(call.sizeOut).arg(call.result);
+        else
+            calls += name;
+    }
+    return calls;
+}
+
+int callsNamed(const QByteArray &name)
+{
+    int count = 0;
+    for (const simulated::Call &call : simulated::journal())
+        count += call.name == name;
+    return count;
+}
+
+/// Buffers that were taken and not given back.
+int buffersLeft()
+{
+    int count = -callsNamed("HeapFree");
+    for (const simulated::Call &call : simulated::journal())
+        count += call.name == "HeapAlloc" && call.result != 0;
+    return count;
+}
+
+const char gatewayLine[] = "Gateway: 10.0.0.1, 255.0.0.0\n";
+const char dhcpOff[] = "DHCP enabled:  0\n";
+const char winsOff[] = "Have WINS: 0\n";
+const char leaseLines[] = "Lease obtained: Tue Sep 12 06:06:56 2023\n"
+                          "Lease expires:  Sun Mar 24 10:27:12 2024\n";
+
+/// What an adapter with one gateway and nothing else gives.
+QString plainDetails()
+{
+    return QString(gatewayLine) + dhcpOff + winsOff;
+}
+
+} // namespace
+
+void AdapterDetailsTest::leaseTimeZone_data()
+{
+    QTest::addColumn<QByteArray>("zone");
+    QTest::addColumn<qint64>("time");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("an hour ahead of UTC") << QByteArray("-60") << qint64(0) << "Thu Jan 01 01:00:00 1970\n";
+    QTest::newRow("five and a half hours ahead") << QByteArray("-330") << qint64(0) << "Thu Jan 01 05:30:00 1970\n";
+    QTest::newRow("eight hours behind: still the year before")
+        << QByteArray("480") << qint64(0) << "Wed Dec 31 16:00:00 1969\n";
+}
+
+void AdapterDetailsTest::leaseTimeZone()
+{
+    QFETCH(QByteArray, zone);
+    QFETCH(qint64, time);
+    QFETCH(QString, expected);
+    const DescribedWindows windows("", "{\"timeZone\": " + zone + "}");
+    COMPARE_TEXT(formatLeaseTime(time), expected);
+}
+
+void AdapterDetailsTest::leaseTimeCalls()
+{
+    const DescribedWindows windows(QByteArray {});
+    formatLeaseTime(0x7000000005);
+    const auto &journal = simulated::journal();
+    QCOMPARE(journal.size(), std::size_t(2));
+    QCOMPARE(journal[0].name, QByteArray("_localtime32_s"));
+    QCOMPARE(journal[0].value, QStringLiteral("5"));
+    QCOMPARE(journal[1].name, QByteArray("asctime_s"));
+    QCOMPARE(journal[1].sizeIn, quint64(64));
+}
+
+void AdapterDetailsTest::failingLeaseTime_data()
+{
+    QTest::addColumn<QByteArray>("call");
+    QTest::addColumn<int>("callsMade");
+    QTest::newRow("the conversion to local time fails") << QByteArray("_localtime32_s") << 1;
+    QTest::newRow("the conversion to text fails") << QByteArray("asctime_s") << 2;
+}
+
+void AdapterDetailsTest::failingLeaseTime()
+{
+    QFETCH(QByteArray, call);
+    QFETCH(int, callsMade);
+    const DescribedWindows windows(QByteArray {});
+    const auto fault = simulated::Fault::everyCall(call, 0);
+    COMPARE_TEXT(formatLeaseTime(0x12abc0000ffff), QStringLiteral("0x12abc0000ffff\n"));
+    QCOMPARE(fault.hits(), std::size_t(1));
+    QCOMPARE(int(simulated::journal().size()), callsMade);
+}
+
+void AdapterDetailsTest::text_data()
+{
+    QTest::addColumn<QByteArray>("adapters");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("one gateway: the unnumbered line") << seventh(oneGateway) << plainDetails();
+    QTest::newRow("no gateway: the line shows what Windows leaves there")
+        << seventh(R"("GatewayList": [["0.0.0.0", "0.0.0.0"]])")
+        << QStringLiteral("Gateway: 0.0.0.0, 0.0.0.0\n") + dhcpOff + winsOff;
+    QTest::newRow("no gateway and empty texts: the line stays")
+        << seventh(R"("GatewayList": [["", ""]])") << QStringLiteral("Gateway: , \n") + dhcpOff + winsOff;
+    QTest::newRow("two gateways: both are numbered")
+        << seventh(R"("GatewayList": [["10.0.0.1", "255.0.0.1"], ["10.0.0.2", "255.0.0.2"]])")
+        << QStringLiteral("Gateway 1: 10.0.0.1, 255.0.0.1\nGateway 2: 10.0.0.2, 255.0.0.2\n") + dhcpOff + winsOff;
+    QTest::newRow("three gateways: three numbered lines in list order")
+        << seventh(R"("GatewayList": [["10.0.0.3", "255.0.0.3"], ["10.0.0.1", "255.0.0.1"], ["10.0.0.2", "255.0.0.2"]])")
+        << QStringLiteral("Gateway 1: 10.0.0.3, 255.0.0.3\nGateway 2: 10.0.0.1, 255.0.0.1\n"
+                          "Gateway 3: 10.0.0.2, 255.0.0.2\n") + dhcpOff + winsOff;
+
+    QTest::newRow("DHCP off: its server and lease times do not show")
+        << seventh(QByteArray(oneGateway) + R"(, "DhcpServer": [["10.0.0.2", "255.0.0.2"]], )" + twoLeaseTimes)
+        << plainDetails();
+    QTest::newRow("DHCP on, one server: the unnumbered line and the lease times")
+        << withDhcp(R"(["10.0.0.2", "255.0.0.2"])")
+        << QString(gatewayLine) + "DHCP enabled:  1\nDHCP server: 10.0.0.2, 255.0.0.2\n" + leaseLines + winsOff;
+    QTest::newRow("DHCP on, three servers: numbered in list order")
+        << withDhcp(R"(["10.0.0.6", "255.0.0.6"], ["10.0.0.2", "255.0.0.2"], ["10.0.0.4", "255.0.0.4"])")
+        << QString(gatewayLine) + "DHCP enabled:  1\nDHCP server 1: 10.0.0.6, 255.0.0.6\n"
+               "DHCP server 2: 10.0.0.2, 255.0.0.2\nDHCP server 3: 10.0.0.4, 255.0.0.4\n" + leaseLines + winsOff;
+    QTest::newRow("DHCP on in another way: an unsigned number")
+        << seventh(QByteArray(oneGateway) + R"(, "DhcpEnabled": 4294967295)")
+        << QString(gatewayLine) + "DHCP enabled:  4294967295\nDHCP server: , \n"
+               "Lease obtained: Thu Jan 01 00:00:00 1970\nLease expires:  Thu Jan 01 00:00:00 1970\n" + winsOff;
+    QTest::newRow("lease times that do not convert: the labels, the numbers and a line end")
+        << seventh(QByteArray(oneGateway) + R"(, "DhcpEnabled": 1, "LeaseObtained": "0x80000000", "LeaseExpires": -1)")
+        << QString(gatewayLine) + "DHCP enabled:  1\nDHCP server: , \n"
+               "Lease obtained: 0x80000000\nLease expires:  0xffffffffffffffff\n" + winsOff;
+
+    const char winsLines[] = "Primary WINS Server: 10.0.0.4, 255.0.0.4\nSecondary WINS Server: 10.0.0.5, 255.0.0.5\n";
+    QTest::newRow("WINS off: its servers do not show") << withWins("0") << plainDetails();
+    QTest::newRow("WINS on: primary and secondary server")
+        << withWins("1") << QString(gatewayLine) + dhcpOff + "Have WINS: 1\n" + winsLines;
+    QTest::newRow("WINS on in another way: a signed number")
+        << withWins("-1") << QString(gatewayLine) + dhcpOff + "Have WINS: -1\n" + winsLines;
+
+    QTest::newRow("no adapter of that index: nothing") << otherAdapter(6) + "," + otherAdapter(8) << QString();
+    QTest::newRow("the adapter is the last of three")
+        << otherAdapter(6) + "," + otherAdapter(8) + "," + seventh(oneGateway) << plainDetails();
+    QTest::newRow("two adapters of one index: the first one")
+        << seventh(oneGateway) + "," + otherAdapter(7) << plainDetails();
+
+    QTest::newRow("an address that is a placeholder is filled with the mask")
+        << seventh(R"("GatewayList": [["%1", "mask"]])") << QStringLiteral("Gateway: mask, %2\n") + dhcpOff + winsOff;
+    QTest::newRow("a numbered address that is a placeholder is filled with the mask")
+        << seventh(R"("GatewayList": [["%3", "mask"], ["%9", "%1"]])")
+        << QStringLiteral("Gateway 1: mask, mask\nGateway 2: %9, %1\n") + dhcpOff + winsOff;
+    QTest::newRow("bytes that are no UTF-8 show as replacement characters")
+        << seventh("\"GatewayList\": [[\"\xc3\xa9\", \"255.0.0.0\"]]")
+        << QString(QChar(0xfffd)).prepend("Gateway: ") + ", 255.0.0.0\n" + dhcpOff + winsOff;
+}
+
+void AdapterDetailsTest::text()
+{
+    QFETCH(QByteArray, adapters);
+    QFETCH(QString, expected);
+    const DescribedWindows windows("", systemFile(adapters));
+    COMPARE_TEXT(adapterDetails(7), expected);
+    QCOMPARE(buffersLeft(), 0);
+}
+
+void AdapterDetailsTest::unreadableList_data()
+{
+    QTest::addColumn<QByteArray>("system");
+    QTest::newRow("no answer") << QByteArray("{}");
+    QTest::newRow("no adapters: an error of its own") << QByteArray(R"({"GetAdaptersInfo": []})");
+    QTest::newRow("not supported") << QByteArray(R"({"GetAdaptersInfo": {"error": 50}})");
+}
+
+void AdapterDetailsTest::unreadableList()
+{
+    QFETCH(QByteArray, system);
+    const DescribedWindows windows("", system);
+    QCOMPARE(adapterDetails(0), QString());
+    QCOMPARE(callsNamed("GetAdaptersInfo"), 2);
+    QCOMPARE(buffersLeft(), 0);
+}
+
+void AdapterDetailsTest::calls_data()
+{
+    QTest::addColumn<QByteArray>("adapters");
+    QTest::addColumn<QStringList>("expected");
+
+    // 704 bytes are an adapter, 48 a further gateway or server.
+    QTest::newRow("one adapter: there is room, the second call is made all the same")
+        << seventh(oneGateway)
+        << QStringList {"HeapAlloc 704", "GetAdaptersInfo 704->704: 0", "GetAdaptersInfo 704->704: 0", "HeapFree"};
+    QTest::newRow("two adapters: the buffer is replaced by one of the size reported")
+        << otherAdapter(6) + "," + seventh(oneGateway)
+        << QStringList {"HeapAlloc 704", "GetAdaptersInfo 704->1408: 111", "HeapFree", "HeapAlloc 1408",
+                        "GetAdaptersInfo 1408->1408: 0", "HeapFree"};
+    QTest::newRow("one adapter and two further gateways: likewise")
+        << seventh(R"("GatewayList": [["", ""], ["", ""], ["", ""]])")
+        << QStringList {"HeapAlloc 704", "GetAdaptersInfo 704->800: 111", "HeapFree", "HeapAlloc 800",
+                        "GetAdaptersInfo 800->800: 0", "HeapFree"};
+}
+
+void AdapterDetailsTest::calls()
+{
+    QFETCH(QByteArray, adapters);
+    QFETCH(QStringList, expected);
+    const DescribedWindows windows("", systemFile(adapters));
+    QVERIFY(!adapterDetails(7).isEmpty());
+    QCOMPARE(journalOfAdapterCalls(), expected);
+}
+
+void AdapterDetailsTest::failingCalls_data()
+{
+    QTest::addColumn<QByteArray>("adapters");
+    QTest::addColumn<QByteArray>("call");
+    QTest::addColumn<int>("number");
+    QTest::addColumn<quint32>("error");
+    QTest::addColumn<QString>("expected");
+    QTest::addColumn<int>("listCalls"); // of GetAdaptersInfo
+
+    const QByteArray one = seventh(oneGateway);
+    const QByteArray two = otherAdapter(6) + "," + one;
+    const QByteArray dhcp = withDhcp(R"(["10.0.0.2", "255.0.0.2"])");
+    const QByteArray list("GetAdaptersInfo");
+    const QString upToLeases = QString(gatewayLine) + "DHCP enabled:  1\nDHCP server: 10.0.0.2, 255.0.0.2\n";
+
+    QTest::newRow("the first call fails: the second one is made and decides")
+        << one << list << 0 << quint32(ERROR_ACCESS_DENIED) << plainDetails() << 2;
+    QTest::newRow("the first call overflows without need: the second one decides")
+        << one << list << 0 << quint32(ERROR_BUFFER_OVERFLOW) << plainDetails() << 2;
+    QTest::newRow("the first call fails where it would have overflowed: the second one overflows")
+        << two << list << 0 << quint32(ERROR_ACCESS_DENIED) << QString() << 2;
+    QTest::newRow("the second call fails") << one << list << 1 << quint32(ERROR_ACCESS_DENIED) << QString() << 2;
+    QTest::newRow("the second call overflows: no third one")
+        << one << list << 1 << quint32(ERROR_BUFFER_OVERFLOW) << QString() << 2;
+    QTest::newRow("no memory at first: no call is made") << two << QByteArray("HeapAlloc") << 0 << quint32(0) << QString() << 0;
+    QTest::newRow("no memory after the overflow: no second call")
+        << two << QByteArray("HeapAlloc") << 1 << quint32(0) << QString() << 1;
+    QTest::newRow("the time of the lease's start does not convert: its number")
+        << dhcp << QByteArray("_localtime32_s") << 0 << quint32(0)
+        << upToLeases + "Lease obtained: 0x65000000\nLease expires:  Sun Mar 24 10:27:12 2024\n" + winsOff << 2;
+    QTest::newRow("the time of the lease's end has no text: its number")
+        << dhcp << QByteArray("asctime_s") << 1 << quint32(0)
+        << upToLeases + "Lease obtained: Tue Sep 12 06:06:56 2023\nLease expires:  0x66000000\n" + winsOff << 2;
+}
+
+void AdapterDetailsTest::failingCalls()
+{
+    QFETCH(QByteArray, adapters);
+    QFETCH(QByteArray, call);
+    QFETCH(int, number);
+    QFETCH(quint32, error);
+    QFETCH(QString, expected);
+    const DescribedWindows windows("", systemFile(adapters));
+    const auto fault = simulated::Fault::nthCall(call, std::size_t(number), error);
+    COMPARE_TEXT(adapterDetails(7), expected);
+    QCOMPARE(fault.hits(), std::size_t(1));
+    QTEST(callsNamed("GetAdaptersInfo"), "listCalls");
+    QCOMPARE(buffersLeft(), 0);
+}
+
+void AdapterDetailsTest::listThatGrowsBetweenTheCalls()
+{
+    const DescribedWindows windows("", systemFile(seventh(oneGateway)));
+    int calls = 0;
+    simulated::setBeforeCall([&calls](std::size_t, const QByteArray &name) {
+        if (name == "GetAdaptersInfo" && ++calls == 2)
+            simulated::machineInUse().system.GetAdaptersInfo.value->push_back(adapterRecord(8));
+    });
+    QCOMPARE(adapterDetails(7), QString());
+    QCOMPARE(calls, 2);
+    QCOMPARE(buffersLeft(), 0);
+}
+
+void AdapterDetailsTest::listThatShrinksBetweenTheCalls()
+{
+    const DescribedWindows windows("", systemFile(otherAdapter(6) + "," + otherAdapter(7)));
+    int calls = 0;
+    simulated::setBeforeCall([&calls](std::size_t, const QByteArray &name) {
+        if (name == "GetAdaptersInfo" && ++calls == 2)
+            *simulated::machineInUse().system.GetAdaptersInfo.value = {adapterRecord(7)};
+    });
+    COMPARE_TEXT(adapterDetails(7), plainDetails());
+    QCOMPARE(calls, 2);
+    QCOMPARE(buffersLeft(), 0);
+}
+
+#endif
+
+QTEST_GUILESS_MAIN(AdapterDetailsTest)
+#include "tst_adapter_details.moc"
