@@ -1,0 +1,230 @@
+// diskInformation(): texts and calls.
+
+#include "described_windows.h"
+#include "section_calls.h"
+#include "texts.h"
+#include "win/windows_sections.h"
+
+#include <windows.h>
+
+using namespace velkor::SystemInfo::WinSysInfo;
+
+class DiskInformationTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void errorModeIsTheDefault();
+#ifdef SIMULATED_WINDOWS
+    void drives_data();
+    void drives();
+    void fields_data();
+    void fields();
+    void calls();
+    void callsWithoutDrives();
+    void failingCalls_data();
+    void failingCalls();
+    void anyFailingCall();
+#else
+    void drivesOfThisSystem();
+#endif
+};
+
+namespace {
+
+const char title[] = "Disk information: \n";
+
+} // namespace
+
+void DiskInformationTest::errorModeIsTheDefault()
+{
+    SetErrorMode(2);
+    diskInformation();
+    QCOMPARE(SetErrorMode(0), 0u); // what it was: not the 2
+}
+
+#ifdef SIMULATED_WINDOWS
+
+namespace {
+
+machine::Machine machineOf(const QByteArray &systemFile)
+{
+    return DescribedWindows::parse("", systemFile);
+}
+
+const char fullSystem[] = R"({
+    "GetLogicalDrives": 13,
+    "drives": {
+        "A:\\": {"GetDriveType": 2},
+        "C:\\": {
+            "GetDriveType": 3,
+            "GetVolumeInformation": {"volumeName": "Windows", "fileSystemName": "NTFS"},
+            "GetDiskFreeSpaceEx": {"freeBytesAvailableToCaller": 1610612735, "totalNumberOfBytes": 274877906944}
+        },
+        "D:\\": {
+            "GetDriveType": 5,
+            "GetVolumeInformation": {"volumeName": "DVD", "fileSystemName": "UDF"},
+            "GetDiskFreeSpaceEx": {"freeBytesAvailableToCaller": 0, "totalNumberOfBytes": 1536}
+        }
+    }
+})";
+
+const char driveA[] = "A:\\ removable media      \n";
+const char driveC[] = "C:\\ fixed drive          NTFS  Windows  Free: 1.4 GByte Total: 256.0 GByte \n";
+const char driveD[] = "D:\\ CD/DVD drive         UDF  DVD  Free: 0 Byte Total: 1.5 KByte \n";
+
+} // namespace
+
+void DiskInformationTest::drives_data()
+{
+    QTest::addColumn<QByteArray>("system");
+    QTest::addColumn<QString>("lines");
+    const auto row = [](const char *what, const QByteArray &system, const QString &lines) {
+        QTest::newRow(what) << system << lines;
+    };
+    row("A, C and D: three lines in the order of letters", fullSystem, QString(driveA) + driveC + driveD);
+    row("nothing known: the failure, without a line end", "{}", "Failed GetLogicalDrives(), error = 0");
+    row("the failure with its error", R"({"GetLogicalDrives": {"error": 5}})", "Failed GetLogicalDrives(), error = 5");
+    row("the error is unsigned", R"({"GetLogicalDrives": {"error": 4294967295}})",
+        "Failed GetLogicalDrives(), error = 4294967295");
+    row("no drive at all is a failure", R"({"GetLogicalDrives": 0})", "Failed GetLogicalDrives(), error = 0");
+    row("the lowest bit alone", R"({"GetLogicalDrives": 1})", "A:\\ \n");
+    row("the highest letter alone", R"({"GetLogicalDrives": "0x2000000"})", "Z:\\ \n");
+    row("a bit behind the letters", R"({"GetLogicalDrives": "0x4000000"})", "[:\\ \n");
+    row("the highest bit of all", R"({"GetLogicalDrives": "0x80000001"})", "A:\\ \n`:\\ \n");
+    row("drives without a bit are not shown", R"({"GetLogicalDrives": 4, "drives": {"D:\\": {"GetDriveType": 3}}})", "C:\\ \n");
+}
+
+void DiskInformationTest::drives()
+{
+    QFETCH(QByteArray, system);
+    QFETCH(QString, lines);
+    const DescribedWindows windows(machineOf(system));
+    COMPARE_TEXT(diskInformation(), title + lines);
+}
+
+void DiskInformationTest::fields_data()
+{
+    QTest::addColumn<QByteArray>("drive");
+    QTest::addColumn<QString>("text"); // behind root and blank
+    const auto row = [](const char *what, const QByteArray &drive, const QString &text) { QTest::newRow(what) << drive
+        << text; };
+    const QByteArray volume(R"("GetVolumeInformation": {"volumeName": "Data", "fileSystemName": "FAT32"})");
+    const QByteArray space(R"("GetDiskFreeSpaceEx": {"freeBytesAvailableToCaller": 1048576, "totalNumberOfBytes": 2097152})");
+    row("type 0: the volume directly behind the blank", R"("GetDriveType": 0, )" + volume, "FAT32  Data  ");
+    row("type 1", R"("GetDriveType": 1)", "no root dir mounted  ");
+    row("type 2: a card reader without a card", R"("GetDriveType": 2)", "removable media      ");
+    row("type 3", R"("GetDriveType": 3)", "fixed drive          ");
+    row("type 4", R"("GetDriveType": 4)", "remote/network drive ");
+    row("type 5", R"("GetDriveType": 5)", "CD/DVD drive         ");
+    row("type 6", R"("GetDriveType": 6)", "RAM disk drive       ");
+    row("type 7 has no name", R"("GetDriveType": 7, )" + volume, "FAT32  Data  ");
+    row("a type beyond all tables has no name", R"("GetDriveType": 4294967295)", "");
+    row("a volume alone: the file system before the label", volume, "FAT32  Data  ");
+    row("space alone", space, "Free: 1.0 MByte Total: 2.0 MByte ");
+    row("type and space", R"("GetDriveType": 3, )" + space, "fixed drive          Free: 1.0 MByte Total: 2.0 MByte ");
+    row("a volume without a label: four blanks", R"("GetVolumeInformation": {"fileSystemName": "NTFS"})", "NTFS    ");
+    row("a volume without a file system: two blanks before the label", R"("GetVolumeInformation": {"volumeName": "x"})", "  x  ");
+    row("a label with placeholders", R"("GetVolumeInformation": {"volumeName": "%1 %2", "fileSystemName": "%99"})",
+        "%99  %1 %2  ");
+    row("a label beyond the code page", R"("GetVolumeInformation": {"volumeName": "\u4e00", "fileSystemName": "NTFS"})",
+        QString("NTFS  ") + QChar(0x4e00) + "  ");
+    row("a label of 259 characters fits",
+        R"("GetVolumeInformation": {"fileSystemName": "NTFS", "volumeName": ")" + QByteArray(259, 'v') + "\"}",
+        "NTFS  " + QString(259, 'v') + "  ");
+    row("a label of 260 characters does not", R"("GetVolumeInformation": {"volumeName": ")" + QByteArray(260, 'v') + "\"}", "");
+    row("sizes of 64 bits",
+        R"("GetDiskFreeSpaceEx": {"freeBytesAvailableToCaller": "0xffffffffffffffff", "totalNumberOfBytes": "0x10000000000"})",
+        "Free: 17179869183.9 GByte Total: 1024.0 GByte ");
+    row("sizes of 0", R"("GetDiskFreeSpaceEx": {"freeBytesAvailableToCaller": 0, "totalNumberOfBytes": 0})",
+        "Free: 0 Byte Total: 0 Byte ");
+}
+
+void DiskInformationTest::fields()
+{
+    QFETCH(QByteArray, drive);
+    QFETCH(QString, text);
+    const DescribedWindows windows(machineOf(R"({"GetLogicalDrives": 8, "drives": {"D:\\": {)" + drive + "}}}"));
+    COMPARE_TEXT(diskInformation(), title + QStringLiteral("D:\\ ") + text + '\n');
+}
+
+void DiskInformationTest::calls()
+{
+    const DescribedWindows windows(machineOf(fullSystem));
+    diskInformation();
+    COMPARE_TEXT(journalText().remove(QRegularExpression("wsprintfW.*\n", QRegularExpression::InvertedGreedinessOption)),
+                 R"(SetErrorMode "1"
+GetLogicalDrives
+GetDriveTypeW A:\
+GetVolumeInformationW A:\ 260
+GetDiskFreeSpaceExW A:\
+GetDriveTypeW C:\
+GetVolumeInformationW C:\ 260
+GetDiskFreeSpaceExW C:\
+GetDriveTypeW D:\
+GetVolumeInformationW D:\ 260
+GetDiskFreeSpaceExW D:\
+SetErrorMode "0"
+)");
+}
+
+void DiskInformationTest::callsWithoutDrives()
+{
+    const DescribedWindows windows(machineOf("{}"));
+    diskInformation();
+    COMPARE_TEXT(journalText(), QStringLiteral("SetErrorMode \"1\"\nGetLogicalDrives\nSetErrorMode \"0\"\n"));
+}
+
+void DiskInformationTest::failingCalls_data()
+{
+    QTest::addColumn<QByteArray>("call");
+    QTest::addColumn<int>("number");
+    QTest::addColumn<QString>("lines");
+    const auto row = [](const char *what, const char *call, int number, const QString &lines) {
+        QTest::newRow(what) << QByteArray(call) << number << lines;
+    };
+    row("the drives: the failure alone", "GetLogicalDrives", 0, "Failed GetLogicalDrives(), error = 5");
+    row("a drive's type", "GetDriveTypeW", 1,
+        QString(driveA) + "C:\\ NTFS  Windows  Free: 1.4 GByte Total: 256.0 GByte \n" + driveD);
+    row("a volume", "GetVolumeInformationW", 1,
+        QString(driveA) + "C:\\ fixed drive          Free: 1.4 GByte Total: 256.0 GByte \n" + driveD);
+    row("the last volume", "GetVolumeInformationW", 2,
+        QString(driveA) + driveC + "D:\\ CD/DVD drive         Free: 0 Byte Total: 1.5 KByte \n");
+    row("a drive's space", "GetDiskFreeSpaceExW", 1, QString(driveA) + "C:\\ fixed drive          NTFS  Windows  \n"
+        + driveD);
+}
+
+void DiskInformationTest::failingCalls()
+{
+    QFETCH(QByteArray, call);
+    QFETCH(int, number);
+    QFETCH(QString, lines);
+    COMPARE_TEXT(textWithFailingCall(machineOf(fullSystem), call, number, diskInformation), title + lines);
+}
+
+void DiskInformationTest::anyFailingCall()
+{
+    QCOMPARE(problemOfAnyFailingCall(machineOf(fullSystem), title, diskInformation), QString());
+}
+
+#else
+
+void DiskInformationTest::drivesOfThisSystem()
+{
+    QStringList roots;
+    for (const QString &line : diskInformation().mid(int(sizeof title) - 1).split('\n', Qt::SkipEmptyParts))
+        roots += line.left(4);
+    QStringList expected;
+    for (char letter = 'A'; letter <= 'Z'; ++letter) {
+        if (GetLogicalDrives() >> (letter - 'A') & 1)
+            expected += QString(QChar(letter)) + ":\\ ";
+    }
+    QCOMPARE(roots, expected);
+    QVERIFY(roots.contains("C:\\ "));
+    QVERIFY(diskInformation().contains("\nC:\\ fixed drive          "));
+}
+
+#endif
+
+QTEST_GUILESS_MAIN(DiskInformationTest)
+#include "tst_disk_information.moc"

@@ -1,0 +1,468 @@
+// driverInfoFromRegistry(): texts and calls.
+
+#include "described_windows.h"
+#include "registry_values.h"
+#include "section_calls.h"
+#include "texts.h"
+#include "win/windows_sections.h"
+
+#include <windows.h>
+
+using namespace velkor::SystemInfo::WinSysInfo;
+
+class DriverInfoTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void classes_data();
+    void classes();
+    void values_data();
+    void values();
+    void drivers_data();
+    void drivers();
+    void properties_data();
+    void properties();
+#ifdef SIMULATED_WINDOWS
+    void longNames_data();
+    void longNames();
+    void classesThatCannotBeOpened();
+    void calls();
+    void callsForProperties();
+    void failingCalls_data();
+    void failingCalls();
+    void failingCallsForProperties_data();
+    void failingCallsForProperties();
+    void anyFailingCall();
+#endif
+};
+
+namespace {
+
+const char title[] = ">>> Info about drivers from registry:\n\n";
+const char rule[] = "----------------------------\n";
+
+/// A key below that of all classes; its values may follow.
+QByteArray classKey(const QByteArray &path = QByteArray())
+{
+    return machineKey("SYSTEM\\CurrentControlSet\\Control\\Class" + path);
+}
+
+/// A class "Net" with what stands in \a drivers, each with a key of its own.
+QByteArray netClass(const QByteArray &drivers = QByteArray())
+{
+    return classKey("\\{1}") + textValue("Class", "Net") + drivers;
+}
+
+/// A key of that class.
+QByteArray driverKey(const QByteArray &name)
+{
+    return classKey("\\{1}\\" + name);
+}
+
+QByteArray driver(const QByteArray &name, const QByteArray &description)
+{
+    return driverKey(name) + textValue("DriverDesc", description);
+}
+
+/// The class "Net" with those lines between its name and its rule.
+QString netBlock(const QString &lines)
+{
+    return title + (rule + ("Net:\n" + lines)) + rule;
+}
+
+QByteArray allValues()
+{
+    return textValue("InfSectionExt", ".NT") + textValue("InfSection", "Acme.Install") + textValue("InfPath", "oem7.inf")
+        + textValue("MatchingDeviceId", "pci\\ven_1234") + textValue("ProviderName", "Acme")
+        + textValue("DriverDate", "7-1-2021") + textValue("DriverVersion", "12.18.9.23")
+            + textValue("DriverDesc", "Acme LAN");
+}
+
+const char allLines[] = "   Driver Description: Acme LAN\n"
+                        "   Driver Version:     12.18.9.23\n"
+                        "   Driver Date:        7-1-2021\n"
+                        "   Provider Name:      Acme\n"
+                        "   Matching Device ID: pci\\ven_1234\n"
+                        "   InfPath:            oem7.inf\n"
+                        "   InfSection:         Acme.Install\n"
+                        "   InfSectionExt:      .NT\n";
+
+/// The line of a driver that has a description only.
+QString described(const char *description)
+{
+    return QStringLiteral("   Driver Description: ") + description + '\n';
+}
+
+} // namespace
+
+void DriverInfoTest::classes_data()
+{
+    QTest::addColumn<QByteArray>("registry");
+    QTest::addColumn<QString>("blocks");
+    const auto row = [](const char *what, const QByteArray &registry, const QString &blocks) {
+        QTest::newRow(what) << registry << blocks;
+    };
+    const QByteArray second = classKey("\\{2}") + textValue("Class", "Display");
+    row("no key: the heading and an empty line", "", "");
+    row("no class", classKey(), "");
+    row("a class without drivers: its name between two rules", netClass(), rule + QString("Net:\n") + rule);
+    row("two classes: one rule between them", second + netClass(), rule + QString("Net:\n") + rule + "Display:\n" + rule);
+    row("a class without a name at index 0: the opening rule alone", classKey("\\{1}"), rule);
+    row("a class without a name at index 0 before one with", classKey("\\{0}") + netClass(), rule + QString("Net:\n")
+        + rule);
+    row("a class without a name behind one with", netClass() + classKey("\\{2}"), rule + QString("Net:\n") + rule);
+    row("a class without a name between two with", netClass() + classKey("\\{1}a") + second,
+        rule + QString("Net:\n") + rule + "Display:\n" + rule);
+    row("drivers of a class without a name are not shown", classKey("\\{1}\\0000") + allValues(), rule);
+    row("a class without a name, but with a default value", classKey("\\{1}") + "@=\"Net\"\n", rule);
+    row("an empty name: the colon", classKey("\\{1}") + textValue("Class", ""), rule + QString(":\n") + rule);
+    row("a name of no bytes", classKey("\\{1}") + hexValue("Class", REG_SZ, ""), rule + QString(":\n") + rule);
+    row("a name of no bytes does not show the one before", netClass() + classKey("\\{2}") + hexValue("Class", REG_SZ, ""),
+        rule + QString("Net:\n") + rule + ":\n" + rule);
+    row("a name with placeholders", classKey("\\{1}") + textValue("Class", "%1 %2"), rule + QString("%1 %2:\n") + rule);
+    row("a name beyond the code page", classKey("\\{1}") + textValue("Class", QString(QChar(0x4e00))),
+        QString(rule) + QChar(0x4e00) + ":\n" + rule);
+    row("a name up to its null", classKey("\\{1}") + hexValue("Class", REG_SZ, utf16Data(QString("a") + QChar() + "b")),
+        rule + QString("a:\n") + rule);
+    row("a name of 1024 units without a terminator", classKey("\\{1}")
+        + binaryValue("Class", utf16Data(QString(1024, 'x'))),
+        rule + QString(1024, 'x') + ":\n" + rule);
+    row("a name that is too long for its buffer is none", classKey("\\{1}") + textValue("Class", QString(1024, 'x')),
+        rule);
+}
+
+void DriverInfoTest::classes()
+{
+    QFETCH(QByteArray, registry);
+    QFETCH(QString, blocks);
+    const DescribedWindows windows(registry);
+    COMPARE_TEXT(driverInfoFromRegistry(), title + blocks);
+}
+
+void DriverInfoTest::values_data()
+{
+    QTest::addColumn<QByteArray>("values");
+    QTest::addColumn<QString>("lines");
+    const auto row = [](const char *what, const QByteArray &values, const QString &lines) {
+        QTest::newRow(what) << values << lines;
+    };
+    row("all, in the order of the table", allValues(), allLines);
+    row("none", "", "");
+    row("the description alone", textValue("DriverDesc", "x"), "   Driver Description: x\n");
+    row("the version alone", textValue("DriverVersion", "x"), "   Driver Version:     x\n");
+    row("the date alone", textValue("DriverDate", "x"), "   Driver Date:        x\n");
+    row("the provider alone", textValue("ProviderName", "x"), "   Provider Name:      x\n");
+    row("the matching device ID alone", textValue("MatchingDeviceId", "x"), "   Matching Device ID: x\n");
+    row("the inf file alone", textValue("InfPath", "x"), "   InfPath:            x\n");
+    row("the inf section alone", textValue("InfSection", "x"), "   InfSection:         x\n");
+    row("the inf section's extension alone", textValue("InfSectionExt", "x"), "   InfSectionExt:      x\n");
+    row("properties of a device class are no driver's", numberValue("DeviceType", 7)
+        + numberValue("DeviceCharacteristics", 256), "");
+    row("an empty text", textValue("DriverDesc", ""), "   Driver Description: \n");
+    row("a text without a terminator", hexValue("DriverDesc", REG_SZ, utf16Data("abc")), "   Driver Description: abc\n");
+    row("a text of no bytes does not show the one before", textValue("DriverDesc", "x")
+        + hexValue("DriverDate", REG_SZ, ""),
+        "   Driver Description: x\n   Driver Date:        \n");
+    row("a short text does not show the one before", textValue("DriverDesc", "long")
+        + binaryValue("DriverDate", utf16Data("s")),
+        "   Driver Description: long\n   Driver Date:        s\n");
+    row("any type: a number's bytes", numberValue("DriverDesc", 0x00420041), "   Driver Description: AB\n");
+    row("1024 units without a terminator are text as a whole", binaryValue("DriverDesc", utf16Data(QString(1024, 'x'))),
+        "   Driver Description: " + QString(1024, 'x') + '\n');
+    row("2050 bytes have no line, and the next value is read", textValue("DriverDesc", QString(1024, 'x'))
+        + textValue("InfPath", "i"),
+        "   InfPath:            i\n");
+    row("a byte-order mark is a character", textValue("DriverDesc", QChar(0xfeff) + QString("x")),
+        "   Driver Description: " + QString(QChar(0xfeff)) + "x\n");
+    row("placeholders stay", textValue("DriverDesc", "%1 %2 %99 %L1"), "   Driver Description: %1 %2 %99 %L1\n");
+}
+
+void DriverInfoTest::values()
+{
+    QFETCH(QByteArray, values);
+    QFETCH(QString, lines);
+    const DescribedWindows windows(netClass(driverKey("0000") + values));
+    COMPARE_TEXT(driverInfoFromRegistry(), netBlock(lines));
+}
+
+void DriverInfoTest::drivers_data()
+{
+    QTest::addColumn<QByteArray>("keys");
+    QTest::addColumn<QString>("lines");
+    const auto row = [](const char *what, const QByteArray &keys, const QString &lines) {
+        QTest::newRow(what) << keys << lines;
+    };
+    row("two: an empty line between", driver("0001", "b") + driver("0000", "a"), described("a") + '\n' + described("b"));
+    row("three: an empty line between each two", driver("0000", "a") + driver("0001", "b") + driver("0002", "c"),
+        described("a") + '\n' + described("b") + '\n' + described("c"));
+    row("one without values first: no empty line", driverKey("0000") + driver("0001", "b"), described("b"));
+    row("one without values between: one empty line", driver("0000", "a") + driverKey("0001") + driver("0002", "c"),
+        described("a") + '\n' + described("c"));
+    row("two without values between: one empty line",
+        driver("0000", "a") + driverKey("0001") + driverKey("0002") + driver("0003", "d"), described("a") + '\n'
+            + described("d"));
+    row("one without values last: an empty line before the rule", driver("0000", "a") + driverKey("0001"),
+        described("a") + '\n');
+    row("only drivers without values: nothing", driverKey("0000") + driverKey("0001"), "");
+    row("a driver with an empty text wrote a line", driver("0000", "") + driver("0001", "b"), described("") + '\n'
+        + described("b"));
+    row("the flag is cleared between classes: no empty line at the start of the next",
+        driver("0000", "a") + classKey("\\{2}") + textValue("Class", "Display") + classKey("\\{2}\\0000")
+            + textValue("DriverDesc", "b"),
+        described("a") + rule + "Display:\n" + described("b"));
+    row("keys below a driver are not read", driverKey("0000\\Ndi") + allValues(), "");
+    row("the name of a driver is not shown", driver("anything", "a"), described("a"));
+}
+
+void DriverInfoTest::drivers()
+{
+    QFETCH(QByteArray, keys);
+    QFETCH(QString, lines);
+    const DescribedWindows windows(netClass(keys));
+    COMPARE_TEXT(driverInfoFromRegistry(), netBlock(lines));
+}
+
+namespace {
+
+// Names whose UTF-16 bytes read as a word in single bytes. What is then opened is the
+// name with a question mark for each of their characters.
+const QByteArray bytesReadProperties = QString::fromUtf16(u"\u7250\u706f\u7265\u6974\u7365").toUtf8();
+const QByteArray bytesReadUpperCase = QString::fromUtf16(u"\u5250\u504f\u5245\u4954\u5345").toUtf8();
+const QByteArray bytesReadLess = QString::fromUtf16(u"\u7250\u706f\u7265\u6974").toUtf8();
+const QByteArray bytesReadMore = QString::fromUtf16(u"\u7250\u706f\u7265\u6974\u7365\u7365").toUtf8();
+const char opened[] = "?????";
+
+QByteArray bothProperties()
+{
+    return numberValue("DeviceCharacteristics", 256) + numberValue("DeviceType", 42);
+}
+
+const char bothPropertyLines[] = "   Device Type:             42 = 0x2a\n"
+                                 "   Device Characteristics:  256 = 0x100\n";
+
+} // namespace
+
+void DriverInfoTest::properties_data()
+{
+    QTest::addColumn<QByteArray>("keys");
+    QTest::addColumn<QString>("lines");
+    const auto row = [](const char *what, const QByteArray &keys, const QString &lines) {
+        QTest::newRow(what) << keys << lines;
+    };
+    const QString heading("   Properties\n");
+    // "?????" enumerates before the other name and is a driver itself.
+    row("the key Properties is a driver: its properties are not shown", driverKey("Properties") + bothProperties(), "");
+    row("the key Properties is a driver: its driver values are shown", driver("Properties", "a") + bothProperties(),
+        described("a"));
+    row("the key Properties behind a driver: an empty line before the rule",
+        driver("0000", "a") + driverKey("Properties") + bothProperties(), described("a") + '\n');
+    row("a name whose bytes read Properties: both properties",
+        driverKey(opened) + bothProperties() + driverKey(bytesReadProperties), heading + bothPropertyLines);
+    row("a name whose bytes read PROPERTIES", driverKey(opened) + bothProperties() + driverKey(bytesReadUpperCase),
+        heading + bothPropertyLines);
+    row("a name whose bytes read a part of it is a driver", driver("????", "a") + bothProperties()
+        + driverKey(bytesReadLess),
+        described("a") + '\n' + described("a"));
+    row("a name whose bytes read more is a driver", driver("??????", "a") + bothProperties() + driverKey(bytesReadMore),
+        described("a") + '\n' + described("a"));
+    row("nothing to open behind such a name: nothing", driverKey(bytesReadProperties) + bothProperties(), "");
+    row("the device type alone", driverKey(opened) + numberValue("DeviceType", 0xffffffff)
+        + driverKey(bytesReadProperties),
+        heading + "   Device Type:             4294967295 = 0xffffffff\n");
+    row("the characteristics alone", driverKey(opened) + numberValue("DeviceCharacteristics", 0)
+        + driverKey(bytesReadProperties),
+        heading + "   Device Characteristics:  0 = 0x0\n");
+    row("numbers of more than four bytes have no line",
+        driverKey(opened) + binaryValue("DeviceType", QByteArray(5, '\1')) + numberValue("DeviceCharacteristics", 1)
+            + driverKey(bytesReadProperties),
+        heading + "   Device Characteristics:  1 = 0x1\n");
+    row("a number of two bytes", driverKey(opened) + binaryValue("DeviceType", "\x01\x02")
+        + driverKey(bytesReadProperties),
+        heading + "   Device Type:             513 = 0x201\n");
+    row("driver values are not shown among properties",
+        driver(opened, "a") + bothProperties() + driverKey(bytesReadProperties),
+        described("a") + '\n' + heading + bothPropertyLines);
+    row("without properties the title stands alone", driverKey(opened) + driverKey(bytesReadProperties), heading);
+    row("properties behind and before a driver: an empty line each",
+        driver("?", "a") + driverKey(opened) + bothProperties() + driverKey(bytesReadProperties)
+            + driverKey(QString(QChar(0x8000)).toUtf8()),
+        described("a") + '\n' + heading + bothPropertyLines + '\n' + described("a"));
+    row("the title alone counts for no empty line",
+        driver("?", "a") + driverKey(opened) + driverKey(bytesReadProperties)
+            + driverKey(QString(QChar(0x8000)).toUtf8()),
+        described("a") + '\n' + heading + described("a"));
+}
+
+void DriverInfoTest::properties()
+{
+    drivers();
+}
+
+#ifdef SIMULATED_WINDOWS
+
+void DriverInfoTest::longNames_data()
+{
+    QTest::addColumn<QByteArray>("keys");
+    QTest::addColumn<QString>("lines");
+    const QByteArray last = driver("z", "z");
+    QTest::newRow("1023 characters fit") << driver(QByteArray(1023, 'n'), "n") + last << described("n") + '\n'
+        + described("z");
+    QTest::newRow("1024 characters do not: the walk ends there")
+        << driver("a", "a") + driver(QByteArray(1024, 'n'), "n") + last << described("a");
+}
+
+void DriverInfoTest::longNames()
+{
+    drivers();
+}
+
+void DriverInfoTest::classesThatCannotBeOpened()
+{
+    // A name that is lost on the way, behind one that is not.
+    const DescribedWindows windows(netClass() + classKey("\\{\xc3\xa4}") + textValue("Class", "x"));
+    COMPARE_TEXT(driverInfoFromRegistry(), netBlock(QString()));
+}
+
+void DriverInfoTest::calls()
+{
+    const DescribedWindows windows(netClass(driverKey("0000") + allValues()) + classKey("\\{2}"));
+    driverInfoFromRegistry();
+    COMPARE_TEXT(journalText().replace("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Class", "..."),
+                 R"(RegOpenKeyExA ... 0x20019
+RegEnumKeyExA ... "0" 2048
+RegOpenKeyExA ...\{1} 0x20019
+RegQueryValueExW ...\{1} "Class" 2048
+RegEnumKeyExW ...\{1} "0" 1024
+RegOpenKeyExA ...\{1}\0000 0x20019
+RegQueryValueExW ...\{1}\0000 "DriverDesc" 2048
+RegQueryValueExW ...\{1}\0000 "DriverVersion" 2048
+RegQueryValueExW ...\{1}\0000 "DriverDate" 2048
+RegQueryValueExW ...\{1}\0000 "ProviderName" 2048
+RegQueryValueExW ...\{1}\0000 "MatchingDeviceId" 2048
+RegQueryValueExW ...\{1}\0000 "InfPath" 2048
+RegQueryValueExW ...\{1}\0000 "InfSection" 2048
+RegQueryValueExW ...\{1}\0000 "InfSectionExt" 2048
+RegCloseKey ...\{1}\0000
+RegEnumKeyExW ...\{1} "1" 1024
+RegCloseKey ...\{1}
+RegEnumKeyExA ... "1" 2048
+RegOpenKeyExA ...\{2} 0x20019
+RegQueryValueExW ...\{2} "Class" 2048
+RegCloseKey ...\{2}
+RegEnumKeyExA ... "2" 2048
+RegCloseKey ...
+)");
+    QCOMPARE(handleProblems(), QString());
+}
+
+void DriverInfoTest::callsForProperties()
+{
+    const DescribedWindows windows(netClass(driverKey(opened) + driverKey(bytesReadProperties)));
+    driverInfoFromRegistry();
+    const QString text = journalText();
+    COMPARE_TEXT(text.mid(text.indexOf("RegEnumKeyExW", text.indexOf("InfSectionExt")))
+                     .replace("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Class", "..."),
+                 R"(RegEnumKeyExW ...\{1} "1" 1024
+RegOpenKeyExA ...\{1}\????? 0x20019
+RegQueryValueExA ...\{1}\????? "DeviceType" 4
+RegQueryValueExA ...\{1}\????? "DeviceCharacteristics" 4
+RegCloseKey ...\{1}\?????
+RegEnumKeyExW ...\{1} "2" 1024
+RegCloseKey ...\{1}
+RegEnumKeyExA ... "1" 2048
+RegCloseKey ...
+)");
+    QCOMPARE(handleProblems(), QString());
+}
+
+namespace {
+
+/// Two classes, the first of two drivers.
+machine::Machine fullMachine()
+{
+    return DescribedWindows::parse(netClass(driverKey("0000") + allValues() + driver("0001", "b")) + classKey("\\{2}")
+                                       + textValue("Class", "Display"),
+                                   "{}");
+}
+
+machine::Machine machineWithProperties()
+{
+    return DescribedWindows::parse(netClass(driverKey(opened) + bothProperties() + driverKey(bytesReadProperties)), "{}");
+}
+
+} // namespace
+
+void DriverInfoTest::failingCalls_data()
+{
+    QTest::addColumn<QByteArray>("call");
+    QTest::addColumn<int>("number");
+    QTest::addColumn<QString>("blocks");
+    const auto row = [](const char *what, const char *call, int number, const QString &blocks) {
+        QTest::newRow(what) << QByteArray(call) << number << blocks;
+    };
+    const QString net = QString("Net:\n") + allLines + '\n' + described("b") + rule;
+    const QString display = QString("Display:\n") + rule;
+    const QString full = rule + net + display;
+    row("the classes do not open: the heading alone", "RegOpenKeyExA", 0, "");
+    row("the class at index 0 does not open: no opening rule at all", "RegOpenKeyExA", 1, display);
+    row("a driver does not open: no empty line for it", "RegOpenKeyExA", 2, rule + QString("Net:\n") + described("b")
+        + rule + display);
+    row("the last driver does not open: no empty line for it", "RegOpenKeyExA", 3,
+        rule + QString("Net:\n") + allLines + rule + display);
+    row("a later class does not open", "RegOpenKeyExA", 4, rule + net);
+    row("the walk over classes fails at its start", "RegEnumKeyExA", 0, "");
+    row("the walk over classes fails behind the first", "RegEnumKeyExA", 1, rule + net);
+    row("the walk over drivers fails at its start", "RegEnumKeyExW", 0, rule + QString("Net:\n") + rule + display);
+    row("the walk over drivers fails behind the first", "RegEnumKeyExW", 1,
+        rule + QString("Net:\n") + allLines + rule + display);
+    row("the name of the class at index 0 cannot be read: the opening rule stands", "RegQueryValueExW", 0, rule
+        + display);
+    const QStringList lines = QString(allLines).split('\n', Qt::SkipEmptyParts);
+    const char *const calls[] = {"no description", "no version", "no date", "no provider", "no device ID",
+                                 "no inf file", "no inf section", "no inf section's extension"};
+    for (int i = 0; i < 8; ++i)
+        row(calls[i], "RegQueryValueExW", 1 + i, QString(full).remove(lines.at(i) + '\n'));
+    row("a driver does not close: nothing shows", "RegCloseKey", 0, full);
+    row("a class does not close: nothing shows", "RegCloseKey", 2, full);
+}
+
+void DriverInfoTest::failingCalls()
+{
+    QFETCH(QByteArray, call);
+    QFETCH(int, number);
+    QFETCH(QString, blocks);
+    COMPARE_TEXT(textWithFailingCall(fullMachine(), call, number, driverInfoFromRegistry), title + blocks);
+}
+
+void DriverInfoTest::failingCallsForProperties_data()
+{
+    QTest::addColumn<QByteArray>("call");
+    QTest::addColumn<int>("number");
+    QTest::addColumn<QString>("lines");
+    const QString heading("   Properties\n");
+    QTest::newRow("the properties do not open") << QByteArray("RegOpenKeyExA") << 3 << QString();
+    QTest::newRow("no device type")
+        << QByteArray("RegQueryValueExA") << 0 << heading + "   Device Characteristics:  256 = 0x100\n";
+    QTest::newRow("no characteristics")
+        << QByteArray("RegQueryValueExA") << 1 << heading + "   Device Type:             42 = 0x2a\n";
+}
+
+void DriverInfoTest::failingCallsForProperties()
+{
+    QFETCH(QByteArray, call);
+    QFETCH(int, number);
+    QFETCH(QString, lines);
+    COMPARE_TEXT(textWithFailingCall(machineWithProperties(), call, number, driverInfoFromRegistry), netBlock(lines));
+}
+
+void DriverInfoTest::anyFailingCall()
+{
+    QCOMPARE(problemOfAnyFailingCall(fullMachine(), title, driverInfoFromRegistry), QString());
+    QCOMPARE(problemOfAnyFailingCall(machineWithProperties(), title, driverInfoFromRegistry), QString());
+}
+
+#endif
+
+QTEST_GUILESS_MAIN(DriverInfoTest)
+#include "tst_driver_info.moc"

@@ -1,0 +1,344 @@
+// internetExplorerInfo(): texts and calls.
+
+#include "described_windows.h"
+#include "registry_values.h"
+#include "texts.h"
+#include "win/windows_sections.h"
+
+#ifdef SIMULATED_WINDOWS
+#  include "journal_lines.h"
+#  include <windows.h>
+#endif
+
+using namespace velkor::SystemInfo::WinSysInfo;
+
+class InternetExplorerInfoTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void text_data();
+    void text();
+#ifdef SIMULATED_WINDOWS
+    void workstation();
+    void ansiText();
+    void calls_data();
+    void calls();
+    void failingCalls_data();
+    void failingCalls();
+#endif
+};
+
+namespace {
+
+const QString title = "Internet Explorer information from Registry\n";
+const QString noKey = "<failed to open registry key '%1'";
+const QString noVersion = "<could neither read 'Version' nor 'IVer' for Explorer>";
+const QString noBuild = "<could not read build number>";
+
+QByteArray key()
+{
+    return machineKey("Software\\Microsoft\\Internet Explorer");
+}
+
+QString versionLine(const QString &version)
+{
+    return "Version:           " + version + "\n";
+}
+
+void addRow(const char *name, const QByteArray &values, const QString &version, const QString &otherLines = QString())
+{
+    QTest::newRow(name) << key() + values << title + versionLine(version) + otherLines;
+}
+
+const QString updateLine = "Update Version:    11.0.1000\n";
+const QString kbLine = "KBNumber:          KB5031355\n";
+const QString w2kLine = "W2kVersion:        9.11.19041.0\n";
+
+QByteArray serviceValues()
+{
+    return textValue("W2kVersion", "9.11.19041.0") + textValue("svcKBNumber", "KB5031355")
+        + textValue("svcUpdateVersion", "11.0.1000");
+}
+
+QByteArray versions()
+{
+    return textValue("Version", "9.11.19041.0") + textValue("svcVersion", "11.789.19041.0");
+}
+
+void versionRows()
+{
+    addRow("version alone", textValue("Version", "6.0.2900"), "6.0.2900");
+    addRow("the service version wins", versions(), "11.789.19041.0");
+    addRow("service version and all service lines", versions() + serviceValues(), "11.789.19041.0",
+           updateLine + kbLine + w2kLine);
+    addRow("service version and update version", versions() + textValue("svcUpdateVersion", "11.0.1000"),
+           "11.789.19041.0", updateLine);
+    addRow("service version and KB number", versions() + textValue("svcKBNumber", "KB5031355"), "11.789.19041.0", kbLine);
+    addRow("service version and W2kVersion", versions() + textValue("W2kVersion", "9.11.19041.0"), "11.789.19041.0",
+           w2kLine);
+    addRow("without a service version no service line, W2kVersion included",
+           textValue("Version", "6.0.2900") + serviceValues(), "6.0.2900");
+    addRow("a service version without version is not looked at", textValue("svcVersion", "11.0") + serviceValues(),
+           noVersion);
+    addRow("version wins over IVer and Build",
+           textValue("Version", "6.0.2900") + textValue("IVer", "102") + textValue("Build", "520"), "6.0.2900");
+    addRow("empty version", textValue("Version", ""), "");
+    addRow("empty service version wins", textValue("Version", "9.0") + textValue("svcVersion", ""), "");
+    addRow("empty service values: their labels and blanks",
+           versions() + textValue("svcUpdateVersion", "") + textValue("svcKBNumber", "") + textValue("W2kVersion", ""),
+           "11.789.19041.0", "Update Version:    \nKBNumber:          \nW2kVersion:        \n");
+    addRow("neither version nor IVer", textValue("Build", "520"), noVersion);
+    addRow("an empty key", "", noVersion);
+}
+
+void textRows()
+{
+    addRow("placeholders in the version stay", textValue("Version", "%1 %2 %99 %L1"), "%1 %2 %99 %L1");
+    addRow("placeholders in the service values stay",
+           textValue("Version", "9.0") + textValue("svcVersion", "%1") + textValue("svcUpdateVersion", "%2 %1")
+               + textValue("svcKBNumber", "%99") + textValue("W2kVersion", "%L1"),
+           "%1", "Update Version:    %2 %1\nKBNumber:          %99\nW2kVersion:        %L1\n");
+    addRow("a number: its bytes", numberValue("Version", 0x00302e39), "9.0");
+    addRow("UTF-8 bytes become their character", binaryValue("Version", "9\xc3\xa9"), QString("9") + QChar(0xe9));
+    addRow("a byte of the ANSI code page becomes U+FFFD", binaryValue("Version", "9\xe9!"),
+           QString("9") + QChar(0xfffd) + "!");
+    addRow("a version of 2048 bytes without terminator is shown whole", binaryValue("Version", QByteArray(2048, 'x')),
+           QString(2048, 'x'));
+    addRow("a service version that is too long: the version stands, no service line",
+           textValue("Version", "9.0") + binaryValue("svcVersion", QByteArray(2049, 'x')) + serviceValues(), "9.0");
+    addRow("a KB number that is too long: its line alone is missing",
+           versions() + textValue("svcUpdateVersion", "11.0.1000") + binaryValue("svcKBNumber", QByteArray(2049, 'x'))
+               + textValue("W2kVersion", "9.11.19041.0"),
+           "11.789.19041.0", updateLine + w2kLine);
+}
+
+// The first buffer is one for all values but "Build", and is never cleared.
+void bufferRows()
+{
+    addRow("a service version without terminator goes on in the version",
+           textValue("Version", "9.11.19041.0") + binaryValue("svcVersion", "11"), "1111.19041.0");
+    addRow("a service version of zero bytes is the version", textValue("Version", "9.0") + binaryValue("svcVersion", ""),
+           "9.0");
+    addRow("an update version without terminator goes on in the service version",
+           versions() + binaryValue("svcUpdateVersion", "12"), "11.789.19041.0", "Update Version:    12.789.19041.0\n");
+    addRow("a KB number of zero bytes is the update version",
+           versions() + textValue("svcUpdateVersion", "11.0.1000") + binaryValue("svcKBNumber", ""), "11.789.19041.0",
+           updateLine + "KBNumber:          11.0.1000\n");
+    addRow("Build has a buffer of its own", textValue("IVer", "102") + binaryValue("Build", ""),
+           "2.0 (Build ) <no official known build number>");
+    addRow("Build without terminator stands in an empty buffer", textValue("IVer", "102") + binaryValue("Build", "52"),
+           "2.0 (Build 52) <no official known build number>");
+}
+
+/// "IVer" whose data is long enough for a "Build" of \a size bytes to be read.
+QByteArray roomyIver(const QByteArray &text, int size)
+{
+    return binaryValue("IVer", text + QByteArray(size - text.size(), '\0'));
+}
+
+void addRelease(const char *name, const QByteArray &iver, const QString &build, const QString &version)
+{
+    addRow(name, roomyIver(iver, std::max(build.size(), iver.size()) + 1) + textValue("Build", build), version);
+}
+
+void releaseRows()
+{
+    addRow("103 without Build", textValue("IVer", "103"), "3." + noBuild);
+    addRelease("103, 1155", "103", "1155", "3.0 (Build: 1155)");
+    addRelease("103, 1158", "103", "1158", "3.0 (Build: 1158), Windows 95 OSR2");
+    addRelease("103, 1215", "103", "1215", "3.01 (Build: 1215)");
+    addRelease("103, 1300", "103", "1300", "3.02 (Build: 1300)");
+    addRelease("103, another build", "103", "1301", "3.<no official released build> (Build: 1301)");
+    addRelease("103, the start of a known build", "103", "115", "3.<no official released build> (Build: 115)");
+    addRelease("103, more than a known build", "103", "11558", "3.<no official released build> (Build: 11558)");
+    addRelease("103, the build of 102", "103", "520", "3.<no official released build> (Build: 520)");
+    addRelease("103, an empty build", "103", "", "3.<no official released build> (Build: )");
+    addRow("102 without Build", textValue("IVer", "102"), "2.0" + noBuild);
+    addRelease("102, 520", "102", "520", "2.0 (Build 520) Windows 95");
+    addRelease("102, another build", "102", "521", "2.0 (Build 521) <no official known build number>");
+    addRelease("102, a build of 103", "102", "1155", "2.0 (Build 1155) <no official known build number>");
+    addRelease("102, an empty build", "102", "", "2.0 (Build ) <no official known build number>");
+    addRow("101 without Build", textValue("IVer", "101"), "IVer = 101 Windows NT");
+    addRelease("101, Build is not shown", "101", "520", "IVer = 101 Windows NT");
+    addRow("100 without Build", textValue("IVer", "100"), "1.0 (Plus! for Windows 95)");
+    addRelease("100, Build is not shown", "100", "520", "1.0 (Plus! for Windows 95)");
+    addRow("999 without Build", textValue("IVer", "999"), "IVer = 999 unknwon");
+    addRelease("999 with Build: the placeholder stays, Build is not shown", "999", "520", "IVer = 999 unknwon Build = %1");
+}
+
+void comparisonRows()
+{
+    addRow("an empty IVer", textValue("IVer", ""), "IVer =  unknwon");
+    addRelease("an empty IVer with an empty Build", "", "", "IVer =  unknwon Build = %1");
+    addRow("an IVer of zero bytes", hexValue("IVer", 1, ""), "IVer =  unknwon");
+    addRow("the start of a known IVer", textValue("IVer", "10"), "IVer = 10 unknwon");
+    addRow("more than a known IVer", textValue("IVer", "1030"), "IVer = 1030 unknwon");
+    addRow("a known IVer and a blank", textValue("IVer", "103 "), "IVer = 103  unknwon");
+    addRow("a blank and a known IVer", textValue("IVer", " 103"), "IVer =  103 unknwon");
+    addRow("a known IVer without terminator", binaryValue("IVer", "101"), "IVer = 101 Windows NT");
+    addRow("an IVer ends at its first null", binaryValue("IVer", QByteArray("100\0""9", 5)), "1.0 (Plus! for Windows 95)");
+    addRow("an IVer stored as a number: its bytes", numberValue("IVer", 0x00303031), "1.0 (Plus! for Windows 95)");
+    addRow("bytes are compared, not the texts they become", binaryValue("IVer", "\xef\xbb\xbf""101"),
+           "IVer = 101 unknwon");
+    addRow("placeholders in IVer stay", textValue("IVer", "%1 %2"), "IVer = %1 %2 unknwon");
+    addRelease("placeholders in IVer stay in front of Build", "%1", "520", "IVer = %1 unknwon Build = %1");
+    addRelease("placeholders in Build of 103 stay", "103", "%1 %99", "3.<no official released build> (Build: %1 %99)");
+    addRelease("placeholders in Build of 102 stay", "102", "%L1", "2.0 (Build %L1) <no official known build number>");
+    addRow("service values are not read", textValue("IVer", "100") + textValue("svcVersion", "11.0") + serviceValues(),
+           "1.0 (Plus! for Windows 95)");
+}
+
+// "Build" is queried with the size that "IVer" had.
+void sizeRows()
+{
+    addRow("103, 1155: five bytes do not fit in four", textValue("IVer", "103") + textValue("Build", "1155"),
+           "3." + noBuild);
+    addRow("103, 1155 without terminator: four bytes fit",
+           textValue("IVer", "103") + hexValue("Build", 1, utf16Data("1155")),
+           "3.0 (Build: 1155)");
+    addRow("103 without terminator, 1155 without terminator: four bytes do not fit in three",
+           hexValue("IVer", 1, utf16Data("103")) + hexValue("Build", 1, utf16Data("1155")), "3." + noBuild);
+    addRow("102, 520: four bytes fit", textValue("IVer", "102") + textValue("Build", "520"), "2.0 (Build 520) Windows 95");
+    addRow("102, 5200: five bytes do not fit", textValue("IVer", "102") + textValue("Build", "5200"), "2.0" + noBuild);
+    addRow("102 without terminator, 520: four bytes do not fit in three",
+           hexValue("IVer", 1, utf16Data("102")) + textValue("Build", "520"), "2.0" + noBuild);
+    addRow("999, a Build that does not fit", textValue("IVer", "999") + textValue("Build", "5200"), "IVer = 999 unknwon");
+    addRow("an IVer of zero bytes leaves no room", hexValue("IVer", 1, "") + textValue("Build", ""), "IVer =  unknwon");
+    addRow("an IVer of zero bytes, a Build of zero bytes", hexValue("IVer", 1, "") + hexValue("Build", 1, ""),
+           "IVer =  unknwon Build = %1");
+    addRow("the largest IVer", binaryValue("IVer", QByteArray(2048, 'x')) + binaryValue("Build", QByteArray(2048, 'y')),
+           "IVer = " + QString(2048, 'x') + " unknwon Build = %1");
+    addRow("an IVer that is too long", binaryValue("IVer", QByteArray(2049, 'x')) + textValue("Build", "520"), noVersion);
+    addRow("a version that is too long: IVer is read",
+           binaryValue("Version", QByteArray(2049, 'x')) + textValue("IVer", "102") + textValue("Build", "520")
+               + textValue("svcVersion", "11.0"),
+           "2.0 (Build 520) Windows 95");
+    addRow("a version that is too long gives IVer no more room than the buffer has",
+           binaryValue("Version", QByteArray(4096, 'x')) + binaryValue("IVer", QByteArray(3000, 'x')), noVersion);
+}
+
+} // namespace
+
+void InternetExplorerInfoTest::text_data()
+{
+    QTest::addColumn<QByteArray>("registry");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("no key: a line that is not ended") << QByteArray() << title + noKey;
+    QTest::newRow("everything") << key() + versions() + textValue("IVer", "102") + textValue("Build", "520")
+                                       + serviceValues()
+                                << title + versionLine("11.789.19041.0") + updateLine + kbLine + w2kLine;
+    versionRows();
+    textRows();
+    bufferRows();
+    releaseRows();
+    comparisonRows();
+    sizeRows();
+}
+
+void InternetExplorerInfoTest::text()
+{
+    QFETCH(QByteArray, registry);
+    QFETCH(QString, expected);
+    const DescribedWindows windows(registry);
+    COMPARE_TEXT(internetExplorerInfo(), expected);
+}
+
+#ifdef SIMULATED_WINDOWS
+
+namespace {
+
+const QString openLine = "RegOpenKeyExA HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Internet Explorer 0x20019";
+
+} // namespace
+
+void InternetExplorerInfoTest::workstation()
+{
+    const DescribedWindows windows(DescribedWindows::load("workstation"));
+    COMPARE_TEXT(internetExplorerInfo(), title + versionLine("11.789.19041.0") + updateLine + kbLine + w2kLine);
+}
+
+// What a text becomes on its way depends on the machine's ANSI code page.
+void InternetExplorerInfoTest::ansiText()
+{
+    const DescribedWindows windows(key() + textValue("Version", QString("9") + QChar(0xe9)));
+    COMPARE_TEXT(internetExplorerInfo(), title + versionLine(QString("9") + QChar(0xfffd)));
+}
+
+void InternetExplorerInfoTest::calls_data()
+{
+    QTest::addColumn<QByteArray>("registry");
+    QTest::addColumn<QStringList>("expected");
+    const auto row = [](const char *name, const QByteArray &values, const QStringList &queries) {
+        QStringList lines(openLine);
+        for (const QString &query : queries)
+            lines += "RegQueryValueExA " + query;
+        QTest::newRow(name) << key() + values << lines + QStringList("RegCloseKey");
+    };
+    QTest::newRow("no key") << QByteArray() << QStringList(openLine);
+    row("service version: five sizes of 2048", versions() + serviceValues(),
+        {"Version 2048", "svcVersion 2048", "svcUpdateVersion 2048", "svcKBNumber 2048", "W2kVersion 2048"});
+    row("service version without service values", versions(),
+        {"Version 2048", "svcVersion 2048", "svcUpdateVersion 2048", "svcKBNumber 2048", "W2kVersion 2048"});
+    row("version alone", textValue("Version", "9.0") + serviceValues(), {"Version 2048", "svcVersion 2048"});
+    row("neither version nor IVer", textValue("Build", "520"), {"Version 2048", "IVer 2048"});
+    row("Build with the size of IVer", textValue("IVer", "102") + textValue("Build", "520"),
+        {"Version 2048", "IVer 2048", "Build 4"});
+    row("Build with the size of a longer IVer", textValue("IVer", "unknown") + textValue("Build", "520"),
+        {"Version 2048", "IVer 2048", "Build 8"});
+    row("Build is asked for where it is not looked at", textValue("IVer", "100"),
+        {"Version 2048", "IVer 2048", "Build 4"});
+}
+
+void InternetExplorerInfoTest::calls()
+{
+    QFETCH(QByteArray, registry);
+    QFETCH(QStringList, expected);
+    const DescribedWindows windows(registry);
+    internetExplorerInfo();
+    QCOMPARE(journalLines(), expected);
+    QCOMPARE(simulated::openHandles(), QStringList());
+    QCOMPARE(simulated::handleMisuses(), QStringList());
+}
+
+void InternetExplorerInfoTest::failingCalls_data()
+{
+    QTest::addColumn<QByteArray>("registry");
+    QTest::addColumn<QByteArray>("call");
+    QTest::addColumn<int>("number");
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char *name, const QByteArray &values, const char *call, int number, const QString &text) {
+        QTest::newRow(name) << key() + values << QByteArray(call) << number << title + text;
+    };
+    const QByteArray full = versions() + serviceValues();
+    const QByteArray old = textValue("IVer", "102") + textValue("Build", "520");
+    const QString all = versionLine("11.789.19041.0") + updateLine + kbLine + w2kLine;
+    row("the key does not open", full, "RegOpenKeyExA", 0, noKey);
+    row("version cannot be read, IVer neither", full, "RegQueryValueExA", 0, versionLine(noVersion));
+    row("version cannot be read, IVer can", full + old, "RegQueryValueExA", 0, versionLine("2.0 (Build 520) Windows 95"));
+    row("service version cannot be read", full, "RegQueryValueExA", 1, versionLine("9.11.19041.0"));
+    row("update version cannot be read", full, "RegQueryValueExA", 2, versionLine("11.789.19041.0") + kbLine + w2kLine);
+    row("KB number cannot be read", full, "RegQueryValueExA", 3, versionLine("11.789.19041.0") + updateLine + w2kLine);
+    row("W2kVersion cannot be read", full, "RegQueryValueExA", 4, versionLine("11.789.19041.0") + updateLine + kbLine);
+    row("IVer cannot be read", old, "RegQueryValueExA", 1, versionLine(noVersion));
+    row("Build cannot be read", old, "RegQueryValueExA", 2, versionLine("2.0" + noBuild));
+    row("the key does not close: nothing shows", full, "RegCloseKey", 0, all);
+}
+
+void InternetExplorerInfoTest::failingCalls()
+{
+    QFETCH(QByteArray, registry);
+    QFETCH(QByteArray, call);
+    QFETCH(int, number);
+    QFETCH(QString, expected);
+    const DescribedWindows windows(registry);
+    const simulated::Fault fault = simulated::Fault::nthCall(call, std::size_t(number), ERROR_ACCESS_DENIED);
+    COMPARE_TEXT(internetExplorerInfo(), expected);
+    QCOMPARE(fault.hits(), std::size_t(1));
+    QCOMPARE(simulated::openHandles(), QStringList());
+}
+
+#endif
+
+QTEST_GUILESS_MAIN(InternetExplorerInfoTest)
+#include "tst_internet_explorer_info.moc"

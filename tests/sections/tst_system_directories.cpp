@@ -1,0 +1,138 @@
+// windowsSystemDirectories(): texts and calls.
+
+#include "described_windows.h"
+#include "section_calls.h"
+#include "texts.h"
+#include "win/windows_sections.h"
+
+#include <windows.h>
+
+using namespace velkor::SystemInfo::WinSysInfo;
+
+class SystemDirectoriesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+#ifdef SIMULATED_WINDOWS
+    void text_data();
+    void text();
+    void calls();
+    void failingCalls_data();
+    void failingCalls();
+#else
+    void directoriesOfThisSystem();
+#endif
+};
+
+namespace {
+
+const char title[] = "Windows system directories\n";
+
+} // namespace
+
+#ifdef SIMULATED_WINDOWS
+
+namespace {
+
+machine::Machine machineOf(const QString &windowsDirectory, const QString &wow64Directory)
+{
+    machine::Machine machine;
+    if (!windowsDirectory.isNull())
+        machine.system.GetSystemWindowsDirectory.value = windowsDirectory;
+    if (!wow64Directory.isNull())
+        machine.system.GetSystemWow64Directory.value = wow64Directory;
+    return machine;
+}
+
+const QString windowsDirectory("C:\\Windows");
+const QString wow64Directory("C:\\Windows\\SysWOW64");
+const QString windowsLine("System directory:      C:\\Windows\n");
+const QString wow64Line("System Wow64 directory:  C:\\Windows\\SysWOW64\n");
+
+} // namespace
+
+void SystemDirectoriesTest::text_data()
+{
+    QTest::addColumn<QString>("windowsDirectory");
+    QTest::addColumn<QString>("wow64Directory");
+    QTest::addColumn<QString>("lines");
+    const auto row = [](const char *what, const QString &windowsDirectory, const QString &wow64Directory,
+        const QString &lines) {
+        QTest::newRow(what) << windowsDirectory << wow64Directory << lines;
+    };
+    const QString longest(1023, 'w');
+    const QString tooLong(1024, 'w');
+    row("both", windowsDirectory, wow64Directory, windowsLine + wow64Line);
+    row("a 32-bit Windows: the Wow64 line is missing", windowsDirectory, QString(), windowsLine);
+    row("no Windows directory: nothing replaces it", QString(), wow64Directory, wow64Line);
+    row("neither: the heading alone", QString(), QString(), "");
+    row("empty paths are none", "", "", "");
+    row("1023 units fit", longest, longest, "System directory:      " + longest + "\nSystem Wow64 directory:  "
+        + longest + '\n');
+    row("a Windows directory that is too long: the extra line, then the empty buffer", tooLong, wow64Directory,
+        "buffer for sysDir too small, need 1025\nSystem directory:      \n" + wow64Line);
+    row("a Wow64 directory that is too long: the extra line, then what the buffer held", windowsDirectory, tooLong,
+        windowsLine + "buffer for wow64Dir too small, need 1025\nSystem Wow64 directory:  C:\\Windows\n");
+    row("both too long", tooLong, QString(40000, 'x'),
+        "buffer for sysDir too small, need 1025\nSystem directory:      \n"
+        "buffer for wow64Dir too small, need 40001\nSystem Wow64 directory:  \n");
+    row("a Wow64 directory that is too long behind no Windows directory", QString(), tooLong,
+        "buffer for wow64Dir too small, need 1025\nSystem Wow64 directory:  \n");
+    row("a Wow64 directory that is too long behind the longest Windows directory", longest, tooLong,
+        "System directory:      " + longest + "\nbuffer for wow64Dir too small, need 1025\nSystem Wow64 directory:  "
+            + longest + '\n');
+    row("a shorter Wow64 directory shows nothing of the Windows directory", wow64Directory, windowsDirectory,
+        "System directory:      C:\\Windows\\SysWOW64\nSystem Wow64 directory:  C:\\Windows\n");
+    row("placeholders stay", "%1 %2", "%99 %L1", "System directory:      %1 %2\nSystem Wow64 directory:  %99 %L1\n");
+    row("characters beyond the code page", QString(QChar(0x4e00)), QChar(0xfeff) + QString("x"),
+        QString("System directory:      ") + QChar(0x4e00) + "\nSystem Wow64 directory:  " + QChar(0xfeff) + "x\n");
+}
+
+void SystemDirectoriesTest::text()
+{
+    QFETCH(QString, windowsDirectory);
+    QFETCH(QString, wow64Directory);
+    QFETCH(QString, lines);
+    const DescribedWindows windows(machineOf(windowsDirectory, wow64Directory));
+    COMPARE_TEXT(windowsSystemDirectories(), title + lines);
+}
+
+void SystemDirectoriesTest::calls()
+{
+    const DescribedWindows windows(machineOf(windowsDirectory, wow64Directory));
+    windowsSystemDirectories();
+    COMPARE_TEXT(journalText(), QStringLiteral("GetSystemWindowsDirectoryW 1024\nGetSystemWow64DirectoryW 1024\n"));
+}
+
+void SystemDirectoriesTest::failingCalls_data()
+{
+    QTest::addColumn<QByteArray>("call");
+    QTest::addColumn<QString>("lines");
+    QTest::newRow("the Windows directory") << QByteArray("GetSystemWindowsDirectoryW") << wow64Line;
+    QTest::newRow("the Wow64 directory") << QByteArray("GetSystemWow64DirectoryW") << windowsLine;
+}
+
+void SystemDirectoriesTest::failingCalls()
+{
+    QFETCH(QByteArray, call);
+    QFETCH(QString, lines);
+    const machine::Machine machine = machineOf(windowsDirectory, wow64Directory);
+    COMPARE_TEXT(textWithFailingCall(machine, call, 0, windowsSystemDirectories), title + lines);
+}
+
+#else
+
+void SystemDirectoriesTest::directoriesOfThisSystem()
+{
+    const QString windowsDirectory = qEnvironmentVariable("SystemRoot");
+    QVERIFY(!windowsDirectory.isEmpty());
+    const QString expected = title + QStringLiteral("System directory:      ") + windowsDirectory
+        + "\nSystem Wow64 directory:  " + windowsDirectory + "\\syswow64\n";
+    COMPARE_TEXT(windowsSystemDirectories().toLower(), expected.toLower());
+}
+
+#endif
+
+QTEST_GUILESS_MAIN(SystemDirectoriesTest)
+#include "tst_system_directories.moc"

@@ -1,0 +1,239 @@
+// timeZoneInfoFromRegistry(): texts and calls.
+
+#include "described_windows.h"
+#include "registry_values.h"
+#include "texts.h"
+#include "win/windows_sections.h"
+
+#ifdef SIMULATED_WINDOWS
+#  include "journal_lines.h"
+#  include <windows.h>
+#endif
+
+using namespace velkor::SystemInfo::WinSysInfo;
+
+class TimeZoneInfoTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void text_data();
+    void text();
+    void workstation();
+#ifdef SIMULATED_WINDOWS
+    void ansiText();
+    void callsOfAFullMachine();
+    void callsWithoutTheKey();
+    void failingCalls_data();
+    void failingCalls();
+#endif
+};
+
+namespace {
+
+const QString title = "Time Zone information from Registry\n";
+
+QByteArray key()
+{
+    return machineKey("SYSTEM\\CurrentControlSet\\Control\\TimeZoneInformation");
+}
+
+QByteArray fullKey()
+{
+    return key() + textValue("StandardName", "Winter") + textValue("DaylightName", "Summer")
+        + numberValue("StandardBias", 0) + numberValue("DaylightBias", 0xffffffc4) + numberValue("Bias", 0xffffffc4)
+        + numberValue("ActiveTimeBias", 0xffffff88);
+}
+
+const QStringList allLines = {
+    "ActiveTimeBias: -120 min (offset to UTC)\n",
+    "Bias:           -60 min (offset to UTC)\n",
+    "DaylightBias:   -60 min (additional offset if daylight saving is active)\n",
+    "StandardBias:   0 min (additional offset if no daylight saving is active)\n",
+    "DaylightName:   Summer\n",
+    "StandardName:   Winter\n",
+};
+
+void addRow(const char *name, const QByteArray &values, const QString &lines)
+{
+    QTest::newRow(name) << key() + values << title + lines;
+}
+
+QString biasLine(const char *shown)
+{
+    return QString("Bias:           ") + shown + " min (offset to UTC)\n";
+}
+
+void singleValueRows()
+{
+    addRow("the active bias alone", numberValue("ActiveTimeBias", 300), "ActiveTimeBias: 300 min (offset to UTC)\n");
+    addRow("the bias alone", numberValue("Bias", 300), biasLine("300"));
+    addRow("the daylight bias alone", numberValue("DaylightBias", 300),
+           "DaylightBias:   300 min (additional offset if daylight saving is active)\n");
+    addRow("the standard bias alone", numberValue("StandardBias", 300),
+           "StandardBias:   300 min (additional offset if no daylight saving is active)\n");
+    addRow("the daylight name alone", textValue("DaylightName", "Summer"), "DaylightName:   Summer\n");
+    addRow("the standard name alone", textValue("StandardName", "Winter"), "StandardName:   Winter\n");
+}
+
+void biasRows()
+{
+    addRow("0xFFFFFFC4 is -60", numberValue("Bias", 0xffffffc4), biasLine("-60"));
+    addRow("0xFFFFFFFF is -1", numberValue("Bias", 0xffffffff), biasLine("-1"));
+    addRow("largest bias", numberValue("Bias", 0x7fffffff), biasLine("2147483647"));
+    addRow("smallest bias", numberValue("Bias", 0x80000000), biasLine("-2147483648"));
+    addRow("every bias is signed",
+           numberValue("ActiveTimeBias", 0xfffffffe) + numberValue("DaylightBias", 0xfffffffd)
+               + numberValue("StandardBias", 0xfffffffc),
+           "ActiveTimeBias: -2 min (offset to UTC)\n"
+           "DaylightBias:   -3 min (additional offset if daylight saving is active)\n"
+           "StandardBias:   -4 min (additional offset if no daylight saving is active)\n");
+    addRow("a bias of eight bytes has no line", binaryValue("Bias", QByteArray(8, '\0')), "");
+    addRow("a bias of five bytes has no line", binaryValue("Bias", QByteArray(5, '\0')), "");
+    addRow("a bias of four bytes of any type", binaryValue("Bias", "\xc4\xff\xff\xff"), biasLine("-60"));
+    addRow("a bias stored as text: its bytes", textValue("Bias", "60"), biasLine("12342"));
+}
+
+// One variable for all numbers, never cleared.
+void numberBufferRows()
+{
+    addRow("a bias of one byte keeps the others of the one before it",
+           numberValue("ActiveTimeBias", 0xffffffc4) + binaryValue("Bias", "\x01"),
+           "ActiveTimeBias: -60 min (offset to UTC)\n" + biasLine("-255"));
+    addRow("a bias of zero bytes is the one before it",
+           numberValue("ActiveTimeBias", 0xffffffc4) + binaryValue("DaylightBias", ""),
+           "ActiveTimeBias: -60 min (offset to UTC)\n"
+           "DaylightBias:   -60 min (additional offset if daylight saving is active)\n");
+    addRow("a bias of two bytes alone", binaryValue("Bias", "\x2c\x01"), biasLine("300"));
+    addRow("a bias that is too long leaves the variable as it was",
+           numberValue("ActiveTimeBias", 60) + binaryValue("Bias", QByteArray(8, '\x7f')) + binaryValue("StandardBias", ""),
+           "ActiveTimeBias: 60 min (offset to UTC)\n"
+           "StandardBias:   60 min (additional offset if no daylight saving is active)\n");
+}
+
+void nameRows()
+{
+    addRow("names as stored, resource strings unresolved",
+           textValue("DaylightName", "@tzres.dll,-321") + textValue("StandardName", "@tzres.dll,-322"),
+           "DaylightName:   @tzres.dll,-321\nStandardName:   @tzres.dll,-322\n");
+    addRow("empty names: their labels and blanks", textValue("DaylightName", "") + textValue("StandardName", ""),
+           "DaylightName:   \nStandardName:   \n");
+    addRow("placeholders stay", textValue("DaylightName", "%1 %2") + textValue("StandardName", "%99 %L1"),
+           "DaylightName:   %1 %2\nStandardName:   %99 %L1\n");
+    addRow("a byte of the ANSI code page becomes U+FFFD", binaryValue("DaylightName", "\xe9t\xe9!"),
+           QString("DaylightName:   ") + QChar(0xfffd) + "t" + QChar(0xfffd) + "!\n");
+    addRow("a name without terminator goes on in the one before it",
+           textValue("DaylightName", "Summer") + binaryValue("StandardName", "Wi"),
+           "DaylightName:   Summer\nStandardName:   Wimmer\n");
+    addRow("a name of zero bytes shows the one before it",
+           textValue("DaylightName", "Summer") + hexValue("StandardName", 1, ""),
+           "DaylightName:   Summer\nStandardName:   Summer\n");
+    addRow("a name of 2048 bytes without terminator is shown whole",
+           binaryValue("StandardName", QByteArray(2048, 'x')), "StandardName:   " + QString(2048, 'x') + "\n");
+    addRow("a name of 2049 bytes has no line, the next value is tried",
+           binaryValue("DaylightName", QByteArray(2049, 'x')) + textValue("StandardName", "Winter"),
+           "StandardName:   Winter\n");
+}
+
+} // namespace
+
+void TimeZoneInfoTest::text_data()
+{
+    QTest::addColumn<QByteArray>("registry");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("no key: the title alone") << QByteArray() << title;
+    QTest::newRow("an empty key: the title alone") << key() << title;
+    QTest::newRow("everything, in the order of the report") << fullKey() << title + allLines.join(QString());
+    singleValueRows();
+    biasRows();
+    numberBufferRows();
+    nameRows();
+}
+
+void TimeZoneInfoTest::text()
+{
+    QFETCH(QByteArray, registry);
+    QFETCH(QString, expected);
+    const DescribedWindows windows(registry);
+    COMPARE_TEXT(timeZoneInfoFromRegistry(), expected);
+}
+
+void TimeZoneInfoTest::workstation()
+{
+    const DescribedWindows windows(DescribedWindows::load("workstation"));
+    COMPARE_TEXT(timeZoneInfoFromRegistry(),
+                 title + "ActiveTimeBias: -60 min (offset to UTC)\n"
+                         "Bias:           -60 min (offset to UTC)\n"
+                         "DaylightBias:   -60 min (additional offset if daylight saving is active)\n"
+                         "StandardBias:   0 min (additional offset if no daylight saving is active)\n"
+                         "DaylightName:   @tzres.dll,-321\n"
+                         "StandardName:   @tzres.dll,-322\n");
+}
+
+#ifdef SIMULATED_WINDOWS
+
+namespace {
+
+const QString openLine =
+    "RegOpenKeyExA HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\TimeZoneInformation 0x20019";
+
+} // namespace
+
+// What a text becomes on its way depends on the machine's ANSI code page.
+void TimeZoneInfoTest::ansiText()
+{
+    const DescribedWindows windows(key() + textValue("StandardName", QString("Mitteleurop") + QChar(0xe4) + "ische Zeit"));
+    COMPARE_TEXT(timeZoneInfoFromRegistry(), title + "StandardName:   Mitteleurop" + QChar(0xfffd) + "ische Zeit\n");
+}
+
+void TimeZoneInfoTest::callsOfAFullMachine()
+{
+    const DescribedWindows windows(fullKey());
+    timeZoneInfoFromRegistry();
+    QCOMPARE(journalLines(),
+             QStringList({openLine, "RegQueryValueExA ActiveTimeBias 4", "RegQueryValueExA Bias 4",
+                          "RegQueryValueExA DaylightBias 4", "RegQueryValueExA StandardBias 4",
+                          "RegQueryValueExA DaylightName 2048", "RegQueryValueExA StandardName 2048", "RegCloseKey"}));
+    QCOMPARE(simulated::openHandles(), QStringList());
+    QCOMPARE(simulated::handleMisuses(), QStringList());
+}
+
+void TimeZoneInfoTest::callsWithoutTheKey()
+{
+    const DescribedWindows windows("");
+    timeZoneInfoFromRegistry();
+    QCOMPARE(journalLines(), QStringList(openLine));
+}
+
+void TimeZoneInfoTest::failingCalls_data()
+{
+    QTest::addColumn<QByteArray>("call");
+    QTest::addColumn<int>("number");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("the key does not open") << QByteArray("RegOpenKeyExA") << 0 << title;
+    for (int i = 0; i < allLines.size(); ++i) {
+        QStringList lines = allLines;
+        lines.removeAt(i);
+        QTest::addRow("query %d fails: its line alone is missing", i)
+            << QByteArray("RegQueryValueExA") << i << title + lines.join(QString());
+    }
+    QTest::newRow("the key does not close: nothing shows")
+        << QByteArray("RegCloseKey") << 0 << title + allLines.join(QString());
+}
+
+void TimeZoneInfoTest::failingCalls()
+{
+    QFETCH(QByteArray, call);
+    QFETCH(int, number);
+    QFETCH(QString, expected);
+    const DescribedWindows windows(fullKey());
+    const simulated::Fault fault = simulated::Fault::nthCall(call, std::size_t(number), ERROR_ACCESS_DENIED);
+    COMPARE_TEXT(timeZoneInfoFromRegistry(), expected);
+    QCOMPARE(fault.hits(), std::size_t(1));
+    QCOMPARE(simulated::openHandles(), QStringList());
+}
+
+#endif
+
+QTEST_GUILESS_MAIN(TimeZoneInfoTest)
+#include "tst_time_zone_info.moc"

@@ -1,0 +1,156 @@
+// winSxSDirectoryEntries(): texts and calls.
+
+#include "described_windows.h"
+#include "section_calls.h"
+#include "texts.h"
+#include "win/windows_sections.h"
+
+#include <QtCore/QDir>
+
+using namespace velkor::SystemInfo::WinSysInfo;
+
+class WinSxSEntriesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+#ifdef SIMULATED_WINDOWS
+    void names_data();
+    void names();
+    void directories_data();
+    void directories();
+    void calls();
+    void failingCall();
+#else
+    void entriesOfThisSystem();
+#endif
+};
+
+namespace {
+
+const char title[] = "WinSxS directory entries\n";
+
+} // namespace
+
+#ifdef SIMULATED_WINDOWS
+
+namespace {
+
+machine::Machine machineOf(const QString &windowsDirectory, const QStringList &names)
+{
+    machine::Machine machine;
+    machine.system.GetSystemWindowsDirectory.value = windowsDirectory;
+    machine.system.WinSxS = names;
+    return machine;
+}
+
+const char assembly[] = "x86_microsoft.vc90.crt_1fc8b3b9a1e18e3b_9.0.21022.8";
+
+} // namespace
+
+void WinSxSEntriesTest::names_data()
+{
+    QTest::addColumn<QStringList>("names");
+    QTest::addColumn<QStringList>("shown");
+    QTest::newRow("an empty folder: the heading alone") << QStringList() << QStringList();
+    QTest::newRow("no matching assembly: the heading alone")
+        << QStringList {"x86_microsoft.windows.gdiplus", "Manifests"} << QStringList();
+    QTest::newRow("the bare names") << QStringList {assembly} << QStringList {assembly};
+    QTest::newRow("nothing before and behind: the filter's own text") << QStringList {"Microsoft.VCCRT"}
+        << QStringList {"Microsoft.VCCRT"};
+    QTest::newRow("the filter is without regard to case")
+        << QStringList {"A_MICROSOFT.VC80.CRT_1", "a_microsoft.vc80.crt_2", "a_Microsoft.VC80.CRT_3"}
+        << QStringList {"A_MICROSOFT.VC80.CRT_1", "a_Microsoft.VC80.CRT_3", "a_microsoft.vc80.crt_2"};
+    QTest::newRow("the parts in their order only")
+        << QStringList {"crt_microsoft.vc80", "microsoft.vc80.mfc", "microsoft_vc80.crt", "vc80.crt", "microsoft.v80.crt"}
+        << QStringList();
+    QTest::newRow("sorted by name, capitals first")
+        << QStringList {"b_microsoft.vc90.crt", "a_microsoft.vc90.crt", "C_microsoft.vc90.crt", "a_microsoft.vc100.crt"}
+        << QStringList {"C_microsoft.vc90.crt", "a_microsoft.vc100.crt", "a_microsoft.vc90.crt", "b_microsoft.vc90.crt"};
+    QTest::newRow("others between are left out")
+        << QStringList {"a_microsoft.vc90.crt", "b_microsoft.vc90.mfc", "c_microsoft.vc90.crt"}
+        << QStringList {"a_microsoft.vc90.crt", "c_microsoft.vc90.crt"};
+    QTest::newRow("placeholders stay") << QStringList {"%1_microsoft.vc90.crt_%2"}
+        << QStringList {"%1_microsoft.vc90.crt_%2"};
+    QTest::newRow("a name that starts with a dot") << QStringList {".microsoft.vc90.crt"}
+        << QStringList {".microsoft.vc90.crt"};
+}
+
+void WinSxSEntriesTest::names()
+{
+    QFETCH(QStringList, names);
+    QFETCH(QStringList, shown);
+    const DescribedWindows windows(machineOf("C:\\Windows", names));
+    COMPARE_TEXT(winSxSDirectoryEntries(), title + shown.join('\n') + (shown.isEmpty() ? "" : "\n"));
+}
+
+void WinSxSEntriesTest::directories_data()
+{
+    QTest::addColumn<QByteArray>("system");
+    QTest::addColumn<QString>("lines");
+    const QByteArray listing(R"("WinSxS": ["microsoft.vc90.crt"])");
+    QTest::newRow("nothing known: the heading alone") << QByteArray("{}") << QString();
+    QTest::newRow("no Windows directory: the heading alone") << "{" + listing + "}" << QString();
+    QTest::newRow("an empty Windows directory: the heading alone")
+        << R"({"GetSystemWindowsDirectory": "", )" + listing + "}" << QString();
+    QTest::newRow("no WinSxS folder: its path with forward slashes, without a line end")
+        << QByteArray(R"({"GetSystemWindowsDirectory": "C:\\Windows"})")
+        << "Directory 'C:/Windows/WinSxS' does not exist.";
+    QTest::newRow("a Windows directory further down")
+        << QByteArray(R"({"GetSystemWindowsDirectory": "D:\\Systems\\Win 7"})")
+        << "Directory 'D:/Systems/Win 7/WinSxS' does not exist.";
+    QTest::newRow("a Windows directory with a placeholder")
+        << QByteArray(R"({"GetSystemWindowsDirectory": "C:\\%1"})") << "Directory 'C:/%1/WinSxS' does not exist.";
+    QTest::newRow("a folder that is there, on another drive")
+        << R"({"GetSystemWindowsDirectory": "D:\\Win", )" + listing + "}" << "microsoft.vc90.crt\n";
+    QTest::newRow("a Windows directory that is too long: both lines")
+        << R"({"GetSystemWindowsDirectory": ")" + QByteArray(1024, 'w') + R"(", )" + listing + "}"
+        << "buffer for sysDir too small, need 1025\nDirectory '/WinSxS' does not exist.";
+    QTest::newRow("a Windows directory of 1023 units fits")
+        << R"({"GetSystemWindowsDirectory": "C:\\)" + QByteArray(1020, 'w') + R"(", )" + listing + "}" << "microsoft.vc90.crt\n";
+}
+
+void WinSxSEntriesTest::directories()
+{
+    QFETCH(QByteArray, system);
+    QFETCH(QString, lines);
+    const DescribedWindows windows("", system);
+    COMPARE_TEXT(winSxSDirectoryEntries(), title + lines);
+}
+
+void WinSxSEntriesTest::calls()
+{
+    const DescribedWindows windows(machineOf("C:\\Windows", {assembly}));
+    winSxSDirectoryEntries();
+    COMPARE_TEXT(journalText(), QStringLiteral("GetSystemWindowsDirectoryW 1024\n"));
+}
+
+void WinSxSEntriesTest::failingCall()
+{
+    COMPARE_TEXT(textWithFailingCall(machineOf("C:\\Windows", {assembly}), "GetSystemWindowsDirectoryW", 0,
+        winSxSDirectoryEntries),
+                 QString(title));
+}
+
+#else
+
+void WinSxSEntriesTest::entriesOfThisSystem()
+{
+    const QDir folder(qEnvironmentVariable("SystemRoot") + "\\WinSxS");
+    const QStringList added {"a test Microsoft.VC00.CRT of ours", "a test Microsoft.VC00.MFC of ours"};
+    for (const QString &name : added)
+        QVERIFY(folder.mkpath(folder.filePath(name)));
+    const QStringList lines = winSxSDirectoryEntries().split('\n');
+    for (const QString &name : added)
+        folder.rmdir(name);
+    QCOMPARE(lines.first() + '\n', QString(title));
+    QCOMPARE(lines.last(), QString());
+    QVERIFY(lines.contains(added.at(0)));
+    QVERIFY(!lines.contains(added.at(1)));
+    QVERIFY(!lines.contains("..") && !lines.contains("."));
+}
+
+#endif
+
+QTEST_GUILESS_MAIN(WinSxSEntriesTest)
+#include "tst_winsxs_entries.moc"

@@ -1,0 +1,51 @@
+// Lines of registry.reg for the values that rows are made of.
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+
+/// A key below HKEY_LOCAL_MACHINE; its values follow.
+inline QByteArray machineKey(const QByteArray &path)
+{
+    return "[HKEY_LOCAL_MACHINE\\" + path + "]\n";
+}
+
+/// UTF-16LE as the registry stores it, without a terminator.
+inline QByteArray utf16Data(const QString &text)
+{
+    return QByteArray(reinterpret_cast<const char *>(text.utf16()), 2 * text.size());
+}
+
+/// A value of that type with exactly these bytes.
+inline QByteArray hexValue(const QByteArray &name, quint32 type, const QByteArray &data)
+{
+    return '"' + name + "\"=hex(" + QByteArray::number(type, 16) + "):" + data.toHex(',') + '\n';
+}
+
+/// REG_SZ with its terminator.
+inline QByteArray textValue(const QByteArray &name, const QString &text)
+{
+    return hexValue(name, 1, utf16Data(text + QChar()));
+}
+
+/// REG_BINARY.
+inline QByteArray binaryValue(const QByteArray &name, const QByteArray &data)
+{
+    return hexValue(name, 3, data);
+}
+
+/// REG_DWORD.
+inline QByteArray numberValue(const QByteArray &name, quint32 number)
+{
+    return '"' + name + "\"=dword:" + QByteArray::number(number, 16) + '\n';
+}
+
+/// REG_MULTI_SZ, each string and the whole of it terminated.
+inline QByteArray listValue(const QByteArray &name, const QStringList &strings)
+{
+    QString data;
+    for (const QString &string : strings)
+        data += string + QChar();
+    return hexValue(name, 7, utf16Data(data + QChar()));
+}
