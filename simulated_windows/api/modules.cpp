@@ -21,9 +21,10 @@ FARPROC asFunction(Function function)
     return reinterpret_cast<FARPROC>(reinterpret_cast<void *>(function));
 }
 
-BOOL WINAPI getProductInfo(DWORD, DWORD, DWORD, DWORD, PDWORD type)
+BOOL WINAPI getProductInfo(DWORD major, DWORD minor, DWORD servicePackMajor, DWORD servicePackMinor, PDWORD type)
 {
     CallScope scope("GetProductInfo");
+    scope.call.value = QStringLiteral("%1.%2.%3.%4").arg(major).arg(minor).arg(servicePackMajor).arg(servicePackMinor);
     const auto &product = machineInUse().system.GetProductInfo;
     if (scope.fault())
         return scope.failure(*scope.fault());

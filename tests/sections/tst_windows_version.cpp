@@ -758,7 +758,11 @@ namespace {
 
 const QStringList versionCalls = {"GetSystemInfo", "GetVersionExA 156", "GetVersionExW 284"};
 const QString openLine = "RegOpenKeyExA HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion 0x20119";
-const QStringList editionCalls = {"GetModuleHandleW kernel32.dll", "GetProcAddress GetProductInfo", "GetProductInfo"};
+/// \a arguments are the version of Windows and of the service pack that the edition is asked for.
+QStringList editionCalls(const char *arguments)
+{
+    return {"GetModuleHandleW kernel32.dll", "GetProcAddress GetProductInfo", QString("GetProductInfo ") + arguments};
+}
 
 QByteArray systemOf(const ReleaseFacts &facts)
 {
@@ -779,14 +783,14 @@ void rowsOfRegistryCalls()
 {
     const auto row = [](const char *name, const QByteArray &values, const QStringList &valuesWithSizes) {
         QTest::newRow(name) << versionKey() + values << system62()
-                            << versionCalls + queries(valuesWithSizes) + editionCalls;
+                            << versionCalls + queries(valuesWithSizes) + editionCalls("6.2.0.0");
     };
     row("numbers", numbers(10, 0) + build19045 + version63,
         {"CurrentMajorVersionNumber 4", "CurrentMinorVersionNumber 4", "CurrentBuildNumber 2048", "UBR 4"});
     row("the major number alone", numberValue("CurrentMajorVersionNumber", 10) + version63,
         {"CurrentMajorVersionNumber 4", "CurrentMinorVersionNumber 4", "CurrentVersion 2048", "CurrentBuildNumber 2048",
          "UBR 4"});
-    row("text", version63, {"CurrentMajorVersionNumber 4", "CurrentVersion 2048", "CurrentBuildNumber 2048", "UBR 4"});
+    row("text, of Windows 8.1: the edition is asked for as 6.2 all the same", version63, {"CurrentMajorVersionNumber 4", "CurrentVersion 2048", "CurrentBuildNumber 2048", "UBR 4"});
     row("a text of no use: the revision next", textValue("CurrentVersion", "6"),
         {"CurrentMajorVersionNumber 4", "CurrentVersion 2048", "UBR 4"});
     row("neither: the revision next", "", {"CurrentMajorVersionNumber 4", "CurrentVersion 2048", "UBR 4"});
@@ -806,9 +810,9 @@ void WindowsVersionTest::calls_data()
     QTest::newRow("without a version") << windows10Key() << QByteArray("{}") << QStringList(versionCalls.mid(0, 2));
     QTest::newRow("6.2 without the edition function")
         << QByteArray() << system62("")
-        << versionCalls + QStringList(openLine) + editionCalls.mid(0, 2);
-    row("6.0 asks for the edition", facts(6, 0), editionCalls);
-    row("6.1 asks for the edition", facts(6, 1), editionCalls);
+        << versionCalls + QStringList(openLine) + editionCalls("").mid(0, 2);
+    row("6.0 asks for the edition", facts(6, 0), editionCalls("6.0.0.0"));
+    row("6.1 asks for the edition", facts(6, 1), editionCalls("6.1.0.0"));
     row("6.3 does not", facts(6, 3), {});
     row("5.2 asks for R2, not for the edition", facts(5, 2), {"GetSystemMetrics 89"});
     row("5.0 asks for neither", facts(5, 0), {});
