@@ -129,7 +129,8 @@ QByteArray AnsiCodePage::fromUtf16(const QString &text) const
 QString AnsiCodePage::toUtf16(const QByteArray &text) const
 {
     if (m_number == utf8CodePage)
-        return QString::fromUtf8('x' + text).mid(1); // the 'x' keeps a byte-order mark a character
+        // The 'x' keeps a byte-order mark behind it a character.
+        return QString::fromUtf8(QByteArray('x' + text).constData(), text.size() + 1).mid(1);
     const Tables &tables = tablesOf(m_number);
     QString result;
     result.reserve(text.size());

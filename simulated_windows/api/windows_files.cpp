@@ -27,14 +27,12 @@ bool isWindowsPath(const QString &path)
 class WindowsFileEngine : public QAbstractFileEngine
 {
 public:
-    explicit WindowsFileEngine(const QString &path) : m_path(QDir::cleanPath(qtPath(path))) { }
+    explicit WindowsFileEngine(const QString &path) : m_path(qtPath(path)) { }
 
     FileFlags fileFlags(FileFlags type) const override
     {
-        const auto &names = machineInUse().system.WinSxS;
-        const bool exists = isFolder() ? names.has_value() : isEntry();
         const FileFlags all = ExistsFlag | DirectoryType | FileFlags(0x7777);
-        return exists ? type & all : FileFlags();
+        return isFolder(m_path) || isEntry() ? type & all : FileFlags();
     }
 
     QString fileName(FileName file) const override
@@ -50,7 +48,10 @@ public:
 
     Iterator *beginEntryList(QDir::Filters filters, const QStringList &filterNames) override
     {
-        return new NameIterator(filters, filterNames, *machineInUse().system.WinSxS);
+        QStringList names;
+        if (isFolder(m_path))
+            names = QStringList({QStringLiteral("."), QStringLiteral("..")}) + *machineInUse().system.WinSxS;
+        return new NameIterator(filters, filterNames, names);
     }
 
 private:
@@ -59,10 +60,7 @@ private:
     public:
         NameIterator(QDir::Filters filters, const QStringList &filterNames, const QStringList &names)
             : QAbstractFileEngineIterator(filters, filterNames), m_names(names)
-        {
-            m_names.prepend(QStringLiteral(".."));
-            m_names.prepend(QStringLiteral("."));
-        }
+        { }
         bool hasNext() const override { return m_index + 1 < m_names.size(); }
         QString next() override
         {
@@ -72,22 +70,24 @@ private:
         QString currentFileName() const override { return m_names.value(m_index); }
 
     private:
-        QStringList m_names;
+        const QStringList m_names;
         int m_index = -1;
     };
 
-    bool isFolder() const
+    static bool isFolder(const QString &path)
     {
         const auto &directory = machineInUse().system.GetSystemWindowsDirectory;
-        return directory && m_path.compare(QDir::cleanPath(qtPath(*directory) + QStringLiteral("/WinSxS")), Qt::CaseInsensitive) == 0;
+        if (!directory || !machineInUse().system.WinSxS)
+            return false;
+        const QString folder = QDir::cleanPath(qtPath(*directory) + QStringLiteral("/WinSxS"));
+        return QDir::cleanPath(path).compare(folder, Qt::CaseInsensitive) == 0;
     }
 
     bool isEntry() const
     {
-        const auto &names = machineInUse().system.WinSxS;
         const QString name = fileName(BaseName);
-        return names
-            && (names->contains(name) || name == QLatin1String(".") || name == QLatin1String(".."));
+        return isFolder(fileName(PathName))
+            && (machineInUse().system.WinSxS->contains(name) || name == QLatin1String(".."));
     }
 
     const QString m_path;

@@ -3,6 +3,7 @@
 #include <QtCore/QStringList>
 #include <QtCore/QTextCodec>
 #include <QtCore/QtEndian>
+#include <algorithm>
 
 namespace machine {
 namespace {
@@ -305,7 +306,7 @@ bool readRegistryFile(const QByteArray &contents, Registry &registry, QString &e
     Parser parser(text, registry);
     const bool parsed = parser.parse();
     error = parser.error;
-    errorLine = parser.line;
+    errorLine = std::max(parser.line, 1);
     return parsed;
 }
 

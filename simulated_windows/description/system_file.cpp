@@ -1,10 +1,10 @@
 #include "system_file.h"
 
-#include <QtCore/QCborValue>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <cmath>
+#include <cstring>
 #include <functional>
 
 namespace machine {
@@ -56,13 +56,10 @@ public:
         if (value.isString() && parseNumber(value.toString(), number))
             return number;
         if (value.isDouble()) {
-            const QCborValue exact = QCborValue::fromJsonValue(value); // keeps integers beyond 2^53
-            if (exact.isInteger())
-                return quint64(exact.toInteger());
-            const double inexact = value.toDouble();
-            if (std::floor(inexact) == inexact) {
-                const quint64 cut = quint64(std::fmod(std::fabs(inexact), 18446744073709551616.0));
-                return inexact < 0 ? 0 - cut : cut;
+            const double real = value.toDouble();
+            if (std::floor(real) == real) {
+                const quint64 cut = quint64(std::fmod(std::fabs(real), 18446744073709551616.0));
+                return real < 0 ? 0 - cut : cut;
             }
         }
         expected(name, "an integer or a text \"0x...\"");
@@ -268,16 +265,12 @@ AdapterRecord readAdapter(const Reader &reader)
 }
 
 /// Calls \a each with every member of the object \a name, unless the whole of it is
-/// a failure, whose error it returns. A text named "error" may be a member, such as
-/// a variable of the environment.
+/// a failure, whose error it returns.
 quint32 eachMember(const Reader &reader, const char *name,
                    const std::function<void(const Reader &, const QString &, const QJsonValue &)> &each)
 {
     quint32 error = 0;
-    if (!reader.has(name))
-        return error;
-    const bool isMember = reader.value(name).toObject().value(QLatin1String("error")).isString();
-    if (!isMember && reader.failure(QLatin1String(name), reader.value(name), error))
+    if (!reader.has(name) || reader.failure(QLatin1String(name), reader.value(name), error))
         return error;
     const Reader inner = reader.inner(name);
     for (auto it = inner.object().begin(); it != inner.object().end(); ++it)
@@ -308,6 +301,15 @@ void readNames(const Reader &reader, SystemAnswers &system)
                   [&](const QJsonValue &value) { return reader.toText(QStringLiteral("GetUserName"), value); });
 }
 
+/// No call of its own, so that "error" is a variable like any other.
+void readEnvironment(const Reader &reader, QMap<QString, QString> &environment)
+{
+    for (auto it = reader.object().begin(); it != reader.object().end(); ++it) {
+        if (!it.value().isNull())
+            environment[upperCased(it.key())] = reader.toText(it.key(), it.value());
+    }
+}
+
 void readDirectories(const Reader &reader, SystemAnswers &system)
 {
     reader.answer("GetSystemWindowsDirectory", system.GetSystemWindowsDirectory, [&](const QJsonValue &value) {
@@ -316,10 +318,7 @@ void readDirectories(const Reader &reader, SystemAnswers &system)
     reader.answer("GetSystemWow64Directory", system.GetSystemWow64Directory, [&](const QJsonValue &value) {
         return reader.toText(QStringLiteral("GetSystemWow64Directory"), value);
     });
-    eachMember(reader, "environment", [&](const Reader &inner, const QString &name, const QJsonValue &value) {
-        if (!value.isNull())
-            system.environment[upperCased(name)] = inner.toText(name, value);
-    });
+    readEnvironment(reader.inner("environment"), system.environment);
     eachIndex(reader, "ExpandEnvironmentStrings",
               [&](const Reader &inner, int index, const QString &name, const QJsonValue &value) {
         quint32 error = 0;
@@ -408,6 +407,39 @@ void readAdapters(const Reader &reader, SystemAnswers &system)
     reader.number("timeZone", system.timeZone);
 }
 
+bool isIn(const char *characters, char c)
+{
+    return c != 0 && std::strchr(characters, c);
+}
+
+/// The end of the JSON text in quotation marks that begins at \a position.
+int endOfText(const QByteArray &json, int position)
+{
+    for (++position; position < json.size() && json.at(position) != '"'; ++position) {
+        if (json.at(position) == '\\')
+            ++position;
+    }
+    return position + 1;
+}
+
+/// Integers that a double may not hold, which is all that QJsonValue knows, as texts.
+QByteArray withLongIntegersAsTexts(const QByteArray &json)
+{
+    constexpr int exactDigits = 15;
+    QByteArray result;
+    for (int from = 0, to = 0; from < json.size(); from = to) {
+        to = json.at(from) == '"' ? endOfText(json, from) : from + 1;
+        const bool isNumber = isIn("-123456789", json.at(from));
+        while (isNumber && to < json.size() && isIn("0123456789.eE+-", json.at(to)))
+            ++to;
+        const QByteArray token = json.mid(from, to - from);
+        const bool isLong = isNumber && token.size() > exactDigits && token.count('.') == 0
+            && token.toLower().count('e') == 0;
+        result += isLong ? '"' + token + '"' : token;
+    }
+    return result;
+}
+
 } // namespace
 
 bool readSystemFile(const QByteArray &contents, SystemAnswers &system, QString &error, int &errorLine)
@@ -417,6 +449,7 @@ bool readSystemFile(const QByteArray &contents, SystemAnswers &system, QString &
         text.remove(0, 3);
     // Elsewhere it is a character, which Qt would take from the start of a text.
     text.replace("\xef\xbb\xbf", "\\ufeff");
+    text = withLongIntegersAsTexts(text);
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(text, &parseError);
     if (document.isNull()) {
