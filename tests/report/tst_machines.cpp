@@ -2,13 +2,17 @@
 // by section and as a whole.
 
 #include "described_windows.h"
+#include "machine_loader.h"
+#include "registry_file.h"
 #include "simulated_windows.h"
+#include "system_file.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 #include "win/windows_sections.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
 
 using namespace velkor::SystemInfo;
 using namespace velkor::SystemInfo::WinSysInfo;
@@ -23,6 +27,8 @@ private Q_SLOTS:
     void section();
     void handlesOfAWholeReport_data();
     void handlesOfAWholeReport();
+    void writtenAndReadAgain_data();
+    void writtenAndReadAgain();
 };
 
 namespace {
@@ -67,6 +73,27 @@ QStringList machineNames()
     return QDir(QStringLiteral(MACHINES_DIR)).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
 }
 
+void addMachineRows()
+{
+    QTest::addColumn<QString>("machine");
+    const QStringList machines = machineNames();
+    for (const QString &machine : machines)
+        QTest::newRow(qPrintable(machine)) << machine;
+}
+
+QByteArray contentsOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void write(const QString &path, const QByteArray &contents)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(contents), qint64(contents.size()));
+}
+
 } // namespace
 
 void MachinesTest::everyMachineHasTexts()
@@ -98,10 +125,7 @@ void MachinesTest::section()
 
 void MachinesTest::handlesOfAWholeReport_data()
 {
-    QTest::addColumn<QString>("machine");
-    const QStringList machines = machineNames();
-    for (const QString &machine : machines)
-        QTest::newRow(qPrintable(machine)) << machine;
+    addMachineRows();
 }
 
 // All keys and libraries are given back, but for the one key that stays open.
@@ -113,6 +137,28 @@ void MachinesTest::handlesOfAWholeReport()
     QCOMPARE(simulated::openHandles(),
              QStringList(QStringLiteral("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\OEMInformation")));
     QCOMPARE(simulated::handleMisuses(), QStringList());
+}
+
+void MachinesTest::writtenAndReadAgain_data()
+{
+    addMachineRows();
+}
+
+// What the writers write means the same to the readers: the whole Windows half stays.
+void MachinesTest::writtenAndReadAgain()
+{
+    QFETCH(QString, machine);
+    const machine::Machine described = DescribedWindows::load(machine);
+    const QTemporaryDir folder;
+    write(folder.filePath(QStringLiteral("registry.reg")), machine::writeRegistryFile(described.registry));
+    write(folder.filePath(QStringLiteral("system.json")), machine::writeSystemFile(described.system));
+    QString error;
+    const auto again = machine::loadMachine(folder.path(), error);
+    QVERIFY2(again, qPrintable(error));
+    const DescribedWindows windows(*again);
+    const QByteArray golden = contentsOf(QStringLiteral(GOLDEN_DIR "/%1/all_win_infos.txt").arg(machine));
+    QVERIFY(!golden.isEmpty());
+    COMPARE_TEXT(allWinInfos(), QString::fromUtf8(golden));
 }
 
 QTEST_GUILESS_MAIN(MachinesTest)
