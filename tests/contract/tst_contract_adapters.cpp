@@ -1,0 +1,92 @@
+// GetAdaptersInfo: sizes, room and the shape of the list.
+
+#include "answering_windows.h"
+
+#include <iphlpapi.h>
+
+class ContractAdaptersTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void sizeNeeded_data();
+    void sizeNeeded();
+    void listIsWithinItsSize();
+};
+
+namespace {
+
+ULONG neededSize()
+{
+    ULONG size = 0;
+    GetAdaptersInfo(nullptr, &size);
+    return size;
+}
+
+/// A machine without any adapter, as a real one may be.
+bool saysThatThereAreNone()
+{
+    ULONG size = poison;
+    return GetAdaptersInfo(nullptr, &size) == ERROR_NO_DATA;
+}
+
+/// Whether \a entry lies wholly within \a size bytes from \a start.
+bool isWithin(const void *start, ULONG size, const void *entry, std::size_t length)
+{
+    const auto offset = static_cast<const BYTE *>(entry) - static_cast<const BYTE *>(start);
+    return offset >= 0 && std::size_t(offset) + length <= size;
+}
+
+} // namespace
+
+void ContractAdaptersTest::sizeNeeded_data()
+{
+    QTest::addColumn<int>("missing"); // bytes less than needed; -1: all of them
+    QTest::newRow("no room at all") << -1;
+    QTest::newRow("one byte short") << 1;
+    QTest::newRow("one record short") << 704;
+}
+
+void ContractAdaptersTest::sizeNeeded()
+{
+    QFETCH(int, missing);
+    const AnsweringWindows windows;
+    const ULONG needed = neededSize();
+    if (needed == 0) {
+        QVERIFY(saysThatThereAreNone());
+        return;
+    }
+    QVERIFY(needed >= 704);
+    ULONG size = missing < 0 ? 0 : needed - ULONG(missing);
+    PoisonedBuffer buffer(needed);
+    QCOMPARE(GetAdaptersInfo(reinterpret_cast<PIP_ADAPTER_INFO>(buffer.bytes()), &size), DWORD(ERROR_BUFFER_OVERFLOW));
+    QCOMPARE(size, needed);
+    QVERIFY(buffer.isUntouched());
+}
+
+void ContractAdaptersTest::listIsWithinItsSize()
+{
+    const AnsweringWindows windows;
+    const ULONG needed = neededSize();
+    if (needed == 0) {
+        QVERIFY(saysThatThereAreNone());
+        return;
+    }
+    PoisonedBuffer buffer(needed);
+    ULONG size = needed;
+    auto *first = reinterpret_cast<PIP_ADAPTER_INFO>(buffer.bytes());
+    QCOMPARE(GetAdaptersInfo(first, &size), DWORD(ERROR_SUCCESS));
+    QVERIFY(buffer.isUntouchedFrom(int(needed)));
+    int count = 0;
+    for (const IP_ADAPTER_INFO *adapter = first; adapter; adapter = adapter->Next, ++count) {
+        QVERIFY(isWithin(first, needed, adapter, sizeof *adapter));
+        QVERIFY(adapter->AdapterName[0] != 0);
+        for (const IP_ADDR_STRING *gateway = &adapter->GatewayList; gateway; gateway = gateway->Next)
+            QVERIFY(isWithin(first, needed, gateway, sizeof *gateway));
+    }
+    QVERIFY(count >= 1);
+    QVERIFY(ULONG(count) * 704 <= needed);
+}
+
+QTEST_GUILESS_MAIN(ContractAdaptersTest)
+#include "tst_contract_adapters.moc"

@@ -1,0 +1,137 @@
+// Error mode, drives, volumes and free space.
+
+#include "answering_windows.h"
+
+class ContractDrivesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void errorModeReturnsThePreviousOne();
+    void drivesOfTheMask();
+    void volumeInformation();
+    void volumeNamesThatJustFit();
+    void volumeNamesThatDoNotFit_data();
+    void volumeNamesThatDoNotFit();
+    void missingVolumeLeavesTheBuffers();
+    void freeSpace();
+    void missingDriveLeavesTheNumbers();
+};
+
+namespace {
+
+const WCHAR systemDrive[] = L"C:\\";
+const WCHAR missingDrive[] = L"B:\\"; // on neither system
+
+struct Volume
+{
+    Volume(const WCHAR *root, DWORD nameRoom, DWORD fileSystemRoom) : name(2 * nameRoom), fileSystem(2 * fileSystemRoom)
+    {
+        result = GetVolumeInformationW(root, name.wide(), nameRoom, nullptr, nullptr, nullptr, fileSystem.wide(),
+                                       fileSystemRoom);
+    }
+
+    PoisonedBuffer name;
+    PoisonedBuffer fileSystem;
+    BOOL result;
+};
+
+} // namespace
+
+void ContractDrivesTest::errorModeReturnsThePreviousOne()
+{
+    const AnsweringWindows windows;
+    const UINT before = SetErrorMode(SEM_FAILCRITICALERRORS);
+    QCOMPARE(SetErrorMode(0), UINT(SEM_FAILCRITICALERRORS));
+    QCOMPARE(SetErrorMode(before), UINT(0));
+    QCOMPARE(SetErrorMode(before), before);
+}
+
+void ContractDrivesTest::drivesOfTheMask()
+{
+    const AnsweringWindows windows;
+    const DWORD mask = GetLogicalDrives();
+    QVERIFY2(mask & 1 << 2, "there is a drive C:");
+    QVERIFY2(!(mask & 1 << 1), "there is no drive B:");
+    QVERIFY2(mask >> 26 == 0, "there is no drive behind Z:");
+    for (int i = 0; i < 26; ++i) {
+        if (!(mask & 1 << i))
+            continue;
+        const WCHAR root[] = {WCHAR('A' + i), ':', '\\', 0};
+        const UINT type = GetDriveTypeW(root);
+        QVERIFY2(type >= DRIVE_REMOVABLE && type <= DRIVE_RAMDISK, qPrintable(QString::fromWCharArray(root)));
+    }
+    QCOMPARE(GetDriveTypeW(systemDrive), UINT(DRIVE_FIXED));
+    QCOMPARE(GetDriveTypeW(L"c:\\"), UINT(DRIVE_FIXED));
+    QVERIFY(GetDriveTypeW(missingDrive) <= DRIVE_NO_ROOT_DIR);
+}
+
+void ContractDrivesTest::volumeInformation()
+{
+    const AnsweringWindows windows;
+    Volume volume(systemDrive, MAX_PATH, MAX_PATH);
+    QVERIFY(volume.result);
+    QCOMPARE(volume.fileSystem.wideText(), QStringLiteral("NTFS"));
+    QVERIFY(!volume.name.isUntouched());
+    QVERIFY(volume.name.isUntouchedFrom(2 * MAX_PATH) && volume.fileSystem.isUntouchedFrom(2 * MAX_PATH));
+}
+
+void ContractDrivesTest::volumeNamesThatJustFit()
+{
+    const AnsweringWindows windows;
+    const QString name = Volume(systemDrive, MAX_PATH, MAX_PATH).name.wideText();
+    Volume volume(systemDrive, DWORD(name.size()) + 1, 5);
+    QVERIFY(volume.result);
+    QCOMPARE(volume.name.wideText(), name);
+    QCOMPARE(volume.fileSystem.wideText(), QStringLiteral("NTFS"));
+    QVERIFY(volume.name.isUntouchedFrom(2 * (name.size() + 1)) && volume.fileSystem.isUntouchedFrom(2 * 5));
+}
+
+void ContractDrivesTest::volumeNamesThatDoNotFit_data()
+{
+    QTest::addColumn<DWORD>("room");
+    QTest::newRow("no room for the terminator") << DWORD(4);
+    QTest::newRow("one letter") << DWORD(1);
+}
+
+void ContractDrivesTest::volumeNamesThatDoNotFit()
+{
+    QFETCH(DWORD, room);
+    const AnsweringWindows windows;
+    Volume volume(systemDrive, MAX_PATH, room);
+    QVERIFY(!volume.result);
+    QVERIFY(volume.fileSystem.isUntouchedFrom(2 * int(room)));
+}
+
+void ContractDrivesTest::missingVolumeLeavesTheBuffers()
+{
+    const AnsweringWindows windows;
+    Volume volume(missingDrive, MAX_PATH, MAX_PATH);
+    QVERIFY(!volume.result);
+    QVERIFY(volume.name.isUntouched() && volume.fileSystem.isUntouched());
+}
+
+void ContractDrivesTest::freeSpace()
+{
+    const AnsweringWindows windows;
+    ULARGE_INTEGER free;
+    ULARGE_INTEGER total;
+    free.QuadPart = total.QuadPart = poison;
+    QVERIFY(GetDiskFreeSpaceExW(systemDrive, &free, &total, nullptr));
+    QVERIFY(total.QuadPart > poison);
+    QVERIFY(free.QuadPart != poison && free.QuadPart <= total.QuadPart);
+}
+
+void ContractDrivesTest::missingDriveLeavesTheNumbers()
+{
+    const AnsweringWindows windows;
+    ULARGE_INTEGER free;
+    ULARGE_INTEGER total;
+    free.QuadPart = total.QuadPart = poison;
+    QVERIFY(!GetDiskFreeSpaceExW(missingDrive, &free, &total, nullptr));
+    QCOMPARE(free.QuadPart, ULONGLONG(poison));
+    QCOMPARE(total.QuadPart, ULONGLONG(poison));
+}
+
+QTEST_GUILESS_MAIN(ContractDrivesTest)
+#include "tst_contract_drives.moc"

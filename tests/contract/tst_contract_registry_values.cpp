@@ -1,0 +1,316 @@
+// RegQueryValueEx, both forms: sizes, room, terminators, what is left untouched.
+
+#include "contract.h"
+
+class ContractRegistryValuesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void data_data();
+    void data();
+    void typesAreAnsweredAsTheyAre_data();
+    void typesAreAnsweredAsTheyAre();
+    void sizeAlone_data();
+    void sizeAlone();
+    void names_data();
+    void names();
+    void missingValue_data();
+    void missingValue();
+    void missingValueWithoutBuffer_data();
+    void missingValueWithoutBuffer();
+    void invalidCalls_data();
+    void invalidCalls();
+};
+
+namespace {
+
+enum Form { Ansi, Wide };
+
+LSTATUS query(Form form, HKEY key, const QString &name, LPDWORD type, LPBYTE data, LPDWORD size)
+{
+    if (form == Ansi)
+        return RegQueryValueExA(key, name.toLatin1().constData(), nullptr, type, data, size);
+    return RegQueryValueExW(key, wide(name), nullptr, type, data, size);
+}
+
+/// "status, size, what was written"; the type of every value read here is known.
+QString answer(Form form, const QByteArray &definition, DWORD room)
+{
+    const DescribedWindows windows(contractKey() + "\"Value\"=" + definition + '\n');
+    const OpenKey key(HKEY_LOCAL_MACHINE);
+    PoisonedBuffer buffer(room);
+    DWORD size = room;
+    const LSTATUS status = query(form, key.handle(), QStringLiteral("Value"), nullptr, buffer.bytes(), &size);
+    return QStringLiteral("%1, size %2: %3").arg(status).arg(size).arg(buffer.written());
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Form)
+
+void ContractRegistryValuesTest::data_data()
+{
+    QTest::addColumn<Form>("form");
+    QTest::addColumn<QByteArray>("definition");
+    QTest::addColumn<DWORD>("room");
+    QTest::addColumn<QString>("expected");
+    QTest::addColumn<QByteArray>("wineDeviation");
+    const auto row = [](const char *name, Form form, const char *definition, DWORD room, const char *expected,
+                        const char *wineDeviation = "") {
+        QTest::newRow(name) << form << QByteArray(definition) << room << QString::fromLatin1(expected)
+                            << QByteArray(wineDeviation);
+    };
+
+    // REG_SZ "AB" with and without a terminator
+    const char terminated[] = "hex(1):41,00,42,00,00,00";
+    const char unterminated[] = "hex(1):41,00,42,00";
+    row("A: terminated text fits exactly", Ansi, terminated, 3, "0, size 3: 414200");
+    row("A: nothing is written behind a terminator", Ansi, terminated, 16, "0, size 3: 414200");
+    row("A: one byte short gives the size needed, nothing written", Ansi, terminated, 2, "234, size 3: ");
+    row("A: no room at all gives the size needed", Ansi, terminated, 0, "234, size 3: ");
+    row("A: a missing terminator is stored and not counted", Ansi, unterminated, 3, "0, size 2: 414200");
+    row("A: one terminator and no more", Ansi, unterminated, 16, "0, size 2: 414200");
+    row("A: no room for a terminator", Ansi, unterminated, 2, "0, size 2: 4142");
+    row("A: unterminated text does not fit", Ansi, unterminated, 1, "234, size 2: ");
+    row("A: an odd last byte is dropped", Ansi, "hex(1):41,00,42,00,43", 16, "0, size 2: 414200");
+    row("A: a zero as odd last byte is dropped", Ansi, "hex(1):41,00,00", 16, "0, size 1: 4100");
+    row("A: a single byte is no text", Ansi, "hex(1):41", 16, "0, size 0: ");
+    row("A: empty data leaves the buffer alone", Ansi, "hex(1):", 16, "0, size 0: ");
+    row("A: empty data needs no room", Ansi, "hex(1):", 0, "0, size 0: ");
+    row("A: a terminator alone", Ansi, "hex(1):00,00", 16, "0, size 1: 00");
+    row("A: text behind a null is converted too", Ansi, "hex(1):41,00,00,00,42,00,00,00", 16, "0, size 4: 41004200");
+    row("A: text behind a null without terminator", Ansi, "hex(1):41,00,00,00,42,00", 16, "0, size 3: 41004200");
+    row("A: REG_EXPAND_SZ is converted and terminated", Ansi, "hex(2):25,00,41,00,25,00", 16, "0, size 3: 25412500");
+    row("A: REG_MULTI_SZ is converted", Ansi, "hex(7):41,00,00,00,42,00,00,00,00,00", 16, "0, size 5: 4100420000");
+    row("A: REG_MULTI_SZ that ends with one null gets no second", Ansi, "hex(7):41,00,00,00", 16, "0, size 2: 4100");
+    row("A: unterminated REG_MULTI_SZ gets one null", Ansi, "hex(7):41,00,00,00,42,00", 16, "0, size 3: 41004200");
+    row("A: a character of the code page", Ansi, "hex(1):e4,00,00,00", 16, "0, size 2: e400");
+    row("A: a character that the code page lacks", Ansi, "hex(1):16,04,00,00", 16, "0, size 2: 3f00");
+    row("A: a surrogate pair counts twice", Ansi, "hex(1):3d,d8,00,de,00,00", 16, "0, size 3: 3f3f00");
+    row("A: a character that only looks like one of the code page", Ansi, "hex(1):00,01,00,00", 16,
+        "0, size 2: 3f00", "converts to the letter that looks most like it");
+
+    row("W: terminated text fits exactly", Wide, terminated, 6, "0, size 6: 410042000000");
+    row("W: nothing is written behind a terminator", Wide, terminated, 16, "0, size 6: 410042000000");
+    row("W: one byte short gives the size needed, nothing written", Wide, terminated, 5, "234, size 6: ");
+    row("W: no room at all gives the size needed", Wide, terminated, 0, "234, size 6: ");
+    row("W: a missing terminator is stored and not counted", Wide, unterminated, 6, "0, size 4: 410042000000");
+    row("W: one terminator and no more", Wide, unterminated, 16, "0, size 4: 410042000000");
+    row("W: no room for a terminator", Wide, unterminated, 4, "0, size 4: 41004200");
+    row("W: room for half a terminator", Wide, unterminated, 5, "0, size 4: 41004200");
+    row("W: a stray odd byte is kept, two zeros behind it", Wide, "hex(1):41,00,42,00,43", 16,
+        "0, size 5: 41004200430000");
+    row("W: a stray odd byte, room for the two zeros exactly", Wide, "hex(1):41,00,42", 5, "0, size 3: 4100420000");
+    row("W: a stray odd byte, room for one zero", Wide, "hex(1):41,00,42", 4, "0, size 3: 410042");
+    row("W: a single byte is kept and terminated", Wide, "hex(1):41", 16, "0, size 1: 410000");
+    row("W: empty data leaves the buffer alone", Wide, "hex(1):", 16, "0, size 0: ");
+    row("W: empty data needs no room", Wide, "hex(1):", 0, "0, size 0: ");
+    row("W: REG_EXPAND_SZ is terminated", Wide, "hex(2):25,00,41,00", 16, "0, size 4: 250041000000");
+    row("W: REG_MULTI_SZ that ends with one null gets no second", Wide, "hex(7):41,00,00,00", 16,
+        "0, size 4: 41000000");
+    row("W: unterminated REG_MULTI_SZ gets one null", Wide, "hex(7):41,00", 16, "0, size 2: 41000000");
+    row("W: every code unit is kept", Wide, "hex(1):16,04,3d,d8,00,00", 16, "0, size 6: 16043dd80000");
+
+    for (const Form form : {Ansi, Wide}) {
+        const char *letter = form == Ansi ? "A" : "W";
+        const auto both = [&](const char *name, const char *definition, DWORD room, const char *expected) {
+            row(qPrintable(QStringLiteral("%1: %2").arg(QLatin1String(letter), QLatin1String(name))), form, definition,
+                room, expected);
+        };
+        both("binary data is copied as it is", "hex:41,00,42", 16, "0, size 3: 410042");
+        both("binary data fits exactly", "hex:41,00,42", 3, "0, size 3: 410042");
+        both("binary data does not fit", "hex:41,00,42", 2, "234, size 3: ");
+        both("empty binary data", "hex:", 16, "0, size 0: ");
+        both("a number", "dword:0000002a", 4, "0, size 4: 2a000000");
+        both("a number into a larger buffer", "dword:0000002a", 8, "0, size 4: 2a000000");
+        both("a number does not fit", "dword:0000002a", 3, "234, size 4: ");
+        both("a number of three bytes", "hex(4):01,02,03", 4, "0, size 3: 010203");
+        both("a number of five bytes does not fit into four", "hex(4):01,02,03,04,05", 4, "234, size 5: ");
+        both("a 64-bit number", "hex(b):01,02,03,04,05,06,07,08", 8, "0, size 8: 0102030405060708");
+        both("REG_NONE is no text", "hex(0):41,00", 16, "0, size 2: 4100");
+        both("REG_LINK is no text", "hex(6):41,00", 16, "0, size 2: 4100");
+        both("a big-endian number", "hex(5):00,00,00,2a", 16, "0, size 4: 0000002a");
+        both("a resource list is no text", "hex(8):41,00,42,00", 16, "0, size 4: 41004200");
+        both("a type that Windows has no name for", "hex(1234):41,00", 16, "0, size 2: 4100");
+    }
+}
+
+void ContractRegistryValuesTest::data()
+{
+    QFETCH(Form, form);
+    QFETCH(QByteArray, definition);
+    QFETCH(DWORD, room);
+    QFETCH(QString, expected);
+    QFETCH(QByteArray, wineDeviation);
+    const QString actual = answer(form, definition, room);
+    WINE_DEVIATES(wineDeviation);
+    QCOMPARE(actual, expected);
+}
+
+void ContractRegistryValuesTest::typesAreAnsweredAsTheyAre_data()
+{
+    QTest::addColumn<QByteArray>("definition");
+    QTest::addColumn<DWORD>("room");
+    QTest::addColumn<DWORD>("expected");
+    const struct { const char *name; const char *definition; DWORD type; } types[] = {
+        {"REG_NONE", "hex(0):01,00", 0},
+        {"REG_SZ", "\"A\"", 1},
+        {"REG_EXPAND_SZ", "hex(2):41,00", 2},
+        {"REG_BINARY", "hex:01", 3},
+        {"REG_DWORD", "dword:00000001", 4},
+        {"REG_DWORD_BIG_ENDIAN", "hex(5):00,00,00,01", 5},
+        {"REG_LINK", "hex(6):41,00", 6},
+        {"REG_MULTI_SZ", "hex(7):41,00", 7},
+        {"REG_RESOURCE_LIST", "hex(8):01", 8},
+        {"REG_FULL_RESOURCE_DESCRIPTOR", "hex(9):01", 9},
+        {"REG_RESOURCE_REQUIREMENTS_LIST", "hex(a):01", 10},
+        {"REG_QWORD", "hex(b):01,02,03,04,05,06,07,08", 11},
+        {"the largest", "hex(ffffffff):01", 0xffffffff},
+        {"of empty data", "hex(7):", 7},
+    };
+    for (const auto &type : types) {
+        QTest::newRow(type.name) << QByteArray(type.definition) << DWORD(16) << type.type;
+        QTest::addRow("%s, buffer too small", type.name) << QByteArray(type.definition) << DWORD(0) << type.type;
+    }
+}
+
+void ContractRegistryValuesTest::typesAreAnsweredAsTheyAre()
+{
+    QFETCH(QByteArray, definition);
+    QFETCH(DWORD, room);
+    QFETCH(DWORD, expected);
+    const DescribedWindows windows(contractKey() + "\"Value\"=" + definition + '\n');
+    const OpenKey key(HKEY_LOCAL_MACHINE);
+    for (const Form form : {Ansi, Wide}) {
+        PoisonedBuffer buffer(room);
+        DWORD size = room;
+        DWORD type = poison;
+        query(form, key.handle(), QStringLiteral("Value"), &type, buffer.bytes(), &size);
+        QCOMPARE(type, expected);
+    }
+}
+
+void ContractRegistryValuesTest::sizeAlone_data()
+{
+    QTest::addColumn<QByteArray>("definition");
+    QTest::addColumn<DWORD>("narrow");
+    QTest::addColumn<DWORD>("wide");
+    QTest::newRow("terminated text") << QByteArray("\"ABC\"") << DWORD(4) << DWORD(8);
+    QTest::newRow("unterminated text: as stored") << QByteArray("hex(1):41,00,42,00") << DWORD(2) << DWORD(4);
+    QTest::newRow("text of an odd size") << QByteArray("hex(1):41,00,42") << DWORD(1) << DWORD(3);
+    QTest::newRow("empty text") << QByteArray("hex(1):") << DWORD(0) << DWORD(0);
+    QTest::newRow("binary data") << QByteArray("hex:01,02,03") << DWORD(3) << DWORD(3);
+}
+
+void ContractRegistryValuesTest::sizeAlone()
+{
+    QFETCH(QByteArray, definition);
+    QFETCH(DWORD, narrow);
+    QFETCH(DWORD, wide);
+    const DescribedWindows windows(contractKey() + "\"Value\"=" + definition + '\n');
+    const OpenKey key(HKEY_LOCAL_MACHINE);
+    for (const Form form : {Ansi, Wide}) {
+        DWORD size = poison;
+        QCOMPARE(query(form, key.handle(), QStringLiteral("Value"), nullptr, nullptr, &size), LSTATUS(ERROR_SUCCESS));
+        QCOMPARE(size, form == Ansi ? narrow : wide);
+    }
+}
+
+void ContractRegistryValuesTest::names_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<LSTATUS>("status");
+    QTest::addColumn<DWORD>("number");
+    QTest::newRow("as it is written") << QStringLiteral("Value") << LSTATUS(ERROR_SUCCESS) << DWORD(1);
+    QTest::newRow("in other letters") << QStringLiteral("vALUE") << LSTATUS(ERROR_SUCCESS) << DWORD(1);
+    QTest::newRow("empty: the default value") << QString() << LSTATUS(ERROR_SUCCESS) << DWORD(2);
+    QTest::newRow("with a backslash") << QStringLiteral("a\\b") << LSTATUS(ERROR_SUCCESS) << DWORD(3);
+    QTest::newRow("a letter of the code page") << QStringLiteral("Gr\u00f6\u00dfe") << LSTATUS(ERROR_SUCCESS) << DWORD(4);
+    QTest::newRow("that letter in upper case") << QStringLiteral("GR\u00d6\u00dfE") << LSTATUS(ERROR_SUCCESS) << DWORD(4);
+    QTest::newRow("a longer one") << QStringLiteral("Values") << LSTATUS(ERROR_FILE_NOT_FOUND) << poison;
+    QTest::newRow("a shorter one") << QStringLiteral("Valu") << LSTATUS(ERROR_FILE_NOT_FOUND) << poison;
+    QTest::newRow("trailing blank") << QStringLiteral("Value ") << LSTATUS(ERROR_FILE_NOT_FOUND) << poison;
+    QTest::newRow("the name of a sub-key") << QStringLiteral("Sub") << LSTATUS(ERROR_FILE_NOT_FOUND) << poison;
+}
+
+void ContractRegistryValuesTest::names()
+{
+    QFETCH(QString, name);
+    QFETCH(LSTATUS, status);
+    QFETCH(DWORD, number);
+    const DescribedWindows windows(contractKey()
+                                   + "\"Value\"=dword:1\n@=dword:2\n\"a\\\\b\"=dword:3\n\"Gr\u00f6\u00dfe\"=dword:4\n"
+                                     "[HKEY_LOCAL_MACHINE\\Software\\Contract\\Sub]\n");
+    const OpenKey key(HKEY_LOCAL_MACHINE);
+    for (const Form form : {Ansi, Wide}) {
+        DWORD actual = poison;
+        DWORD size = sizeof actual;
+        QCOMPARE(query(form, key.handle(), name, nullptr, reinterpret_cast<LPBYTE>(&actual), &size), status);
+        QCOMPARE(actual, number);
+    }
+}
+
+void ContractRegistryValuesTest::missingValue_data()
+{
+    QTest::addColumn<Form>("form");
+    QTest::newRow("A") << Ansi;
+    QTest::newRow("W") << Wide;
+}
+
+void ContractRegistryValuesTest::missingValue()
+{
+    QFETCH(Form, form);
+    const DescribedWindows windows(contractKey());
+    const OpenKey key(HKEY_LOCAL_MACHINE);
+    PoisonedBuffer buffer(16);
+    DWORD size = 16;
+    QCOMPARE(query(form, key.handle(), QStringLiteral("Missing"), nullptr, buffer.bytes(), &size),
+             LSTATUS(ERROR_FILE_NOT_FOUND));
+    QVERIFY(buffer.isUntouched());
+    QCOMPARE(size, DWORD(16));
+}
+
+void ContractRegistryValuesTest::missingValueWithoutBuffer_data()
+{
+    missingValue_data();
+}
+
+void ContractRegistryValuesTest::missingValueWithoutBuffer()
+{
+    QFETCH(Form, form);
+    const DescribedWindows windows(contractKey());
+    const OpenKey key(HKEY_LOCAL_MACHINE);
+    DWORD size = poison;
+    QCOMPARE(query(form, key.handle(), QStringLiteral("Missing"), nullptr, nullptr, &size),
+             LSTATUS(ERROR_FILE_NOT_FOUND));
+    WINE_DEVIATES("sets the size to 0");
+    QCOMPARE(size, poison);
+}
+
+void ContractRegistryValuesTest::invalidCalls_data()
+{
+    missingValue_data();
+}
+
+void ContractRegistryValuesTest::invalidCalls()
+{
+    QFETCH(Form, form);
+    const DescribedWindows windows(contractKey() + "\"Value\"=\"A\"\n");
+    const OpenKey key(HKEY_LOCAL_MACHINE);
+    const QString name = QStringLiteral("Value");
+    PoisonedBuffer buffer(16);
+    DWORD size = 16;
+    DWORD type = poison;
+
+    QCOMPARE(query(form, nullptr, name, nullptr, buffer.bytes(), &size), LSTATUS(ERROR_INVALID_HANDLE));
+    QVERIFY2(buffer.isUntouched(), "no handle");
+    QCOMPARE(size, DWORD(16));
+    QCOMPARE(query(form, key.handle(), name, nullptr, buffer.bytes(), nullptr), LSTATUS(ERROR_INVALID_PARAMETER));
+    QVERIFY2(buffer.isUntouched(), "a buffer of no size");
+    QCOMPARE(query(form, key.handle(), name, &type, nullptr, nullptr), LSTATUS(ERROR_SUCCESS));
+    QCOMPARE(type, DWORD(REG_SZ));
+}
+
+QTEST_GUILESS_MAIN(ContractRegistryValuesTest)
+#include "tst_contract_registry_values.moc"

@@ -1,0 +1,189 @@
+// Version, processors, memory, metrics and registry quota.
+
+#include "answering_windows.h"
+
+#include <algorithm>
+#include <cstring>
+
+class ContractSystemTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void shortVersionRecord();
+    void longVersionRecord();
+    void bothFormsGiveOneVersion();
+    void versionRecordOfAnotherSize_data();
+    void versionRecordOfAnotherSize();
+    void systemInfo();
+    void memoryStatus();
+    void memoryRecordOfAnotherSize_data();
+    void memoryRecordOfAnotherSize();
+    void unknownMetricIsZero();
+    void registryQuota();
+};
+
+namespace {
+
+/// A record full of poison, its size set, and as much poison behind it.
+template <typename Record>
+struct Poisoned
+{
+    explicit Poisoned(DWORD size) : buffer(sizeof(Record)) { std::memcpy(buffer.bytes(), &size, sizeof size); }
+
+    Record *operator->() { return reinterpret_cast<Record *>(buffer.bytes()); }
+    template <typename Other>
+    Other *as() { return reinterpret_cast<Other *>(buffer.bytes()); }
+
+    PoisonedBuffer buffer;
+};
+
+template <typename Char>
+bool isTerminated(const Char (&text)[128])
+{
+    return std::find(std::begin(text), std::end(text), Char(0)) != std::end(text);
+}
+
+} // namespace
+
+void ContractSystemTest::shortVersionRecord()
+{
+    const AnsweringWindows windows;
+    Poisoned<OSVERSIONINFOEXA> narrow(sizeof(OSVERSIONINFOA));
+    QVERIFY(GetVersionExA(narrow.as<OSVERSIONINFOA>()));
+    QCOMPARE(narrow->dwOSVersionInfoSize, DWORD(148));
+    QCOMPARE(narrow->dwPlatformId, DWORD(2));
+    QVERIFY(isTerminated(narrow->szCSDVersion));
+    QVERIFY2(narrow.buffer.isUntouchedFrom(148), "what only the long record has");
+
+    Poisoned<OSVERSIONINFOEXW> wide(sizeof(OSVERSIONINFOW));
+    QVERIFY(GetVersionExW(wide.as<OSVERSIONINFOW>()));
+    QCOMPARE(wide->dwOSVersionInfoSize, DWORD(276));
+    QVERIFY(isTerminated(wide->szCSDVersion));
+    QVERIFY2(wide.buffer.isUntouchedFrom(276), "what only the long record has");
+}
+
+void ContractSystemTest::longVersionRecord()
+{
+    const AnsweringWindows windows;
+    Poisoned<OSVERSIONINFOEXA> narrow(sizeof(OSVERSIONINFOEXA));
+    QVERIFY(GetVersionExA(narrow.as<OSVERSIONINFOA>()));
+    QCOMPARE(narrow->dwOSVersionInfoSize, DWORD(156));
+    QVERIFY(narrow->dwMajorVersion >= 4 && narrow->dwMajorVersion <= 10);
+    QVERIFY(narrow->wProductType >= 1 && narrow->wProductType <= 3);
+    QVERIFY(narrow->wServicePackMajor != 0xcccc && narrow->wServicePackMinor != 0xcccc);
+    QVERIFY(narrow->wSuiteMask != 0xcccc);
+    QVERIFY(narrow.buffer.isUntouchedFrom(156));
+
+    Poisoned<OSVERSIONINFOEXW> wide(sizeof(OSVERSIONINFOEXW));
+    QVERIFY(GetVersionExW(wide.as<OSVERSIONINFOW>()));
+    QVERIFY(wide.buffer.isUntouchedFrom(284));
+}
+
+void ContractSystemTest::bothFormsGiveOneVersion()
+{
+    const AnsweringWindows windows;
+    OSVERSIONINFOEXA narrow = {};
+    narrow.dwOSVersionInfoSize = sizeof narrow;
+    OSVERSIONINFOEXW wide = {};
+    wide.dwOSVersionInfoSize = sizeof wide;
+    QVERIFY(GetVersionExA(reinterpret_cast<OSVERSIONINFOA *>(&narrow)));
+    QVERIFY(GetVersionExW(reinterpret_cast<OSVERSIONINFOW *>(&wide)));
+    QCOMPARE(narrow.dwMajorVersion, wide.dwMajorVersion);
+    QCOMPARE(narrow.dwMinorVersion, wide.dwMinorVersion);
+    QCOMPARE(narrow.dwBuildNumber, wide.dwBuildNumber);
+    QCOMPARE(narrow.dwPlatformId, wide.dwPlatformId);
+    QCOMPARE(QString::fromLatin1(narrow.szCSDVersion), QString::fromWCharArray(wide.szCSDVersion));
+    QCOMPARE(narrow.wServicePackMajor, wide.wServicePackMajor);
+    QCOMPARE(narrow.wSuiteMask, wide.wSuiteMask);
+    QCOMPARE(narrow.wProductType, wide.wProductType);
+}
+
+void ContractSystemTest::versionRecordOfAnotherSize_data()
+{
+    QTest::addColumn<DWORD>("size");
+    QTest::newRow("none") << DWORD(0);
+    QTest::newRow("one byte less than the short one") << DWORD(147);
+    QTest::newRow("between the two") << DWORD(150);
+    QTest::newRow("one byte more than the long one") << DWORD(157);
+}
+
+void ContractSystemTest::versionRecordOfAnotherSize()
+{
+    QFETCH(DWORD, size);
+    const AnsweringWindows windows;
+    Poisoned<OSVERSIONINFOEXA> record(size);
+    SetLastError(poison);
+    QVERIFY(!GetVersionExA(record.as<OSVERSIONINFOA>()));
+    QCOMPARE(GetLastError(), DWORD(ERROR_INSUFFICIENT_BUFFER));
+    QCOMPARE(record->dwOSVersionInfoSize, size);
+    QVERIFY(record.buffer.isUntouchedFrom(sizeof size));
+}
+
+void ContractSystemTest::systemInfo()
+{
+    const AnsweringWindows windows;
+    Poisoned<SYSTEM_INFO> record(poison);
+    GetSystemInfo(record.as<SYSTEM_INFO>());
+    QCOMPARE(record->wProcessorArchitecture, WORD(9)); // 64 bits
+    QCOMPARE(record->dwPageSize, DWORD(4096));
+    QCOMPARE(record->dwAllocationGranularity, DWORD(65536));
+    QCOMPARE(record->lpMinimumApplicationAddress, LPVOID(0x10000));
+    QVERIFY(record->lpMaximumApplicationAddress > record->lpMinimumApplicationAddress);
+    QVERIFY(record->dwNumberOfProcessors >= 1 && record->dwNumberOfProcessors != 0xcccccccc);
+    QVERIFY(record->dwActiveProcessorMask & 1);
+    QVERIFY(record.buffer.isUntouchedFrom(sizeof(SYSTEM_INFO)));
+}
+
+void ContractSystemTest::memoryStatus()
+{
+    const AnsweringWindows windows;
+    Poisoned<MEMORYSTATUSEX> record(sizeof(MEMORYSTATUSEX));
+    QVERIFY(GlobalMemoryStatusEx(record.as<MEMORYSTATUSEX>()));
+    QCOMPARE(record->dwLength, DWORD(64));
+    QVERIFY(record->dwMemoryLoad <= 100);
+    QVERIFY(record->ullTotalPhys > 0 && record->ullAvailPhys <= record->ullTotalPhys);
+    QVERIFY(record->ullTotalPageFile > 0 && record->ullAvailPageFile <= record->ullTotalPageFile);
+    QVERIFY(record->ullTotalVirtual > 0 && record->ullAvailVirtual <= record->ullTotalVirtual);
+    QCOMPARE(record->ullAvailExtendedVirtual, DWORDLONG(0));
+    QVERIFY(record.buffer.isUntouchedFrom(sizeof(MEMORYSTATUSEX)));
+}
+
+void ContractSystemTest::memoryRecordOfAnotherSize_data()
+{
+    QTest::addColumn<DWORD>("size");
+    QTest::newRow("none") << DWORD(0);
+    QTest::newRow("too small") << DWORD(63);
+    QTest::newRow("too large") << DWORD(65);
+}
+
+void ContractSystemTest::memoryRecordOfAnotherSize()
+{
+    QFETCH(DWORD, size);
+    const AnsweringWindows windows;
+    Poisoned<MEMORYSTATUSEX> record(size);
+    SetLastError(poison);
+    QVERIFY(!GlobalMemoryStatusEx(record.as<MEMORYSTATUSEX>()));
+    QCOMPARE(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    QVERIFY(record.buffer.isUntouchedFrom(sizeof size));
+}
+
+void ContractSystemTest::unknownMetricIsZero()
+{
+    const AnsweringWindows windows;
+    QCOMPARE(GetSystemMetrics(9999), 0);
+    QCOMPARE(GetSystemMetrics(SM_SERVERR2), 0);
+}
+
+void ContractSystemTest::registryQuota()
+{
+    const AnsweringWindows windows;
+    DWORD allowed = poison;
+    DWORD used = poison;
+    QVERIFY(GetSystemRegistryQuota(&allowed, &used));
+    QVERIFY(allowed != poison && used != poison);
+    QVERIFY(used <= allowed);
+}
+
+QTEST_GUILESS_MAIN(ContractSystemTest)
+#include "tst_contract_system.moc"

@@ -1,0 +1,72 @@
+// Which machine answers a process that was not told of one: that of the environment.
+
+#include "simulated_windows.h"
+
+#include <QtCore/QProcess>
+#include <QtTest/QtTest>
+#include <cstdio>
+#include <windows.h>
+
+class MachineOfEnvironmentTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void userName_data();
+    void userName();
+};
+
+namespace {
+
+const char askUserName[] = "--user-name";
+
+/// Prints what Windows answers as user name: the whole of a child process.
+int printUserName()
+{
+    WCHAR name[64];
+    DWORD size = 64;
+    const BOOL known = GetUserNameW(name, &size);
+    std::puts(known ? QString::fromWCharArray(name).toUtf8().constData() : "failed");
+    return 0;
+}
+
+} // namespace
+
+void MachineOfEnvironmentTest::userName_data()
+{
+    QTest::addColumn<QString>("machine");
+    QTest::addColumn<QByteArray>("output");
+    QTest::addColumn<QByteArray>("errors");
+    QTest::newRow("a machine") << QStringLiteral(MACHINES_DIR "/workstation") << QByteArray("J\u00f6rn\n") << QByteArray();
+    QTest::newRow("none: every call fails") << QString() << QByteArray("failed\n") << QByteArray();
+    QTest::newRow("one that is not there: it is told, and every call fails")
+        << QStringLiteral("no/such/machine") << QByteArray("failed\n") << QByteArray("no/such/machine: no such machine folder\n");
+}
+
+void MachineOfEnvironmentTest::userName()
+{
+    QFETCH(QString, machine);
+    QFETCH(QByteArray, output);
+    QFETCH(QByteArray, errors);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(QStringLiteral("VKSYSTEMINFO_MACHINE"));
+    if (!machine.isEmpty())
+        environment.insert(QStringLiteral("VKSYSTEMINFO_MACHINE"), machine);
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(QCoreApplication::applicationFilePath(), {QLatin1String(askUserName)});
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.readAllStandardOutput(), output);
+    QCOMPARE(process.readAllStandardError(), errors);
+}
+
+int main(int argc, char **argv)
+{
+    if (argc == 2 && qstrcmp(argv[1], askUserName) == 0)
+        return printUserName();
+    QCoreApplication application(argc, argv);
+    MachineOfEnvironmentTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_machine_of_environment.moc"

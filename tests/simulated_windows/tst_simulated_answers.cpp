@@ -1,0 +1,329 @@
+// What the calls answer from system.json: given, failing with an error, or absent.
+
+#include "calls.h"
+#include "described_windows.h"
+#include "simulated_windows.h"
+
+#include <QtTest/QtTest>
+#include <cstring>
+#include <iphlpapi.h>
+#include <shlobj.h>
+
+class SimulatedAnswersTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { simulated::reset(); }
+    void errorsOfTheDescription_data();
+    void errorsOfTheDescription();
+    void version_data();
+    void version();
+    void productInfo_data();
+    void productInfo();
+    void processors();
+    void metrics();
+    void computerNames();
+    void drives_data();
+    void drives();
+    void driveOfEitherCase();
+    void logicalDrives_data();
+    void logicalDrives();
+    void longDirectory();
+    void expansionFailures_data();
+    void expansionFailures();
+    void specialFolders();
+    void errorMode();
+};
+
+namespace {
+
+QByteArray member(const char *name, const QByteArray &value)
+{
+    return QByteArray("{\"") + name + "\": " + value + '}';
+}
+
+FailingCall callNamed(const QByteArray &name)
+{
+    for (const FailingCall &call : failingCalls()) {
+        if (call.name == name)
+            return call;
+    }
+    qFatal("no call %s", name.constData());
+}
+
+} // namespace
+
+void SimulatedAnswersTest::errorsOfTheDescription_data()
+{
+    QTest::addColumn<QByteArray>("call");
+    QTest::addColumn<QByteArray>("system");
+    QTest::addColumn<DWORD>("error");
+    const auto rows = [](const char *call, const char *name) {
+        QTest::addRow("%s with an error", call) << QByteArray(call) << member(name, "{\"error\": 1234}") << DWORD(1234);
+        QTest::addRow("%s null", call) << QByteArray(call) << member(name, "null") << DWORD(0);
+        QTest::addRow("%s absent", call) << QByteArray(call) << QByteArray("{}") << DWORD(0);
+    };
+    rows("GetVersionExA", "GetVersionEx");
+    rows("GetVersionExW", "GetVersionEx");
+    rows("GlobalMemoryStatusEx", "GlobalMemoryStatusEx");
+    rows("GetComputerNameExW", "GetComputerNameEx");
+    rows("GetUserNameW", "GetUserName");
+    rows("GetSystemRegistryQuota", "GetSystemRegistryQuota");
+    rows("GetLogicalDrives", "GetLogicalDrives");
+    rows("GetSystemWindowsDirectoryW", "GetSystemWindowsDirectory");
+    rows("GetSystemWow64DirectoryW", "GetSystemWow64Directory");
+    rows("EnumProcessModules", "EnumProcessModules");
+    const auto row = [](const char *name, const char *call, const QByteArray &system, DWORD error) {
+        QTest::newRow(name) << QByteArray(call) << system << error;
+    };
+    row("one computer name with an error", "GetComputerNameExW", member("GetComputerNameEx", "{\"0\": {\"error\": 87}}"), 87);
+    row("one computer name absent", "GetComputerNameExW", member("GetComputerNameEx", "{\"1\": \"A\"}"), 0);
+    row("one folder with an error", "SHGetSpecialFolderPathW", member("SHGetSpecialFolderPath", "{\"5\": {\"error\": 2}}"), 2);
+    row("one folder absent", "SHGetSpecialFolderPathW", member("SHGetSpecialFolderPath", "{\"2\": \"A\"}"), 0);
+    row("one volume with an error", "GetVolumeInformationW",
+        member("drives", "{\"C:\\\\\": {\"GetVolumeInformation\": {\"error\": 21}}}"), 21);
+    row("one volume absent", "GetVolumeInformationW", member("drives", "{\"C:\\\\\": {}}"), 0);
+    row("one drive's space with an error", "GetDiskFreeSpaceExW",
+        member("drives", "{\"C:\\\\\": {\"GetDiskFreeSpaceEx\": {\"error\": 21}}}"), 21);
+    row("a library that is absent", "LoadLibraryW", "{}", ERROR_MOD_NOT_FOUND);
+    row("a library that is null", "LoadLibraryW", member("libraries", "{\"dnssd.dll\": null}"), ERROR_MOD_NOT_FOUND);
+    row("no product information: not exported", "GetProcAddress", "{}", ERROR_PROC_NOT_FOUND);
+    row("product information with an error", "GetProductInfo", member("GetProductInfo", "{\"error\": 1234}"), 1234);
+}
+
+void SimulatedAnswersTest::errorsOfTheDescription()
+{
+    QFETCH(QByteArray, call);
+    QFETCH(QByteArray, system);
+    QFETCH(DWORD, error);
+    const DescribedWindows windows(QByteArray(), system);
+    PoisonedBuffer buffer(512);
+    SetLastError(poison);
+    QCOMPARE(callNamed(call).make(buffer), qint64(0));
+    QCOMPARE(GetLastError(), error);
+    QVERIFY(buffer.isUntouchedFrom(4));
+}
+
+void SimulatedAnswersTest::version_data()
+{
+    QTest::addColumn<QByteArray>("servicePack"); // as it stands in the file
+    QTest::addColumn<QByteArray>("narrow");
+    QTest::addColumn<QString>("wide");
+    QTest::newRow("none") << QByteArray() << QByteArray() << QString();
+    QTest::newRow("a text") << QByteArray("Service Pack 1") << QByteArray("Service Pack 1") << QStringLiteral("Service Pack 1");
+    QTest::newRow("in the code page") << QByteArray("\u00e4\u0416") << QByteArray("\xe4?") << QStringLiteral("\u00e4\u0416");
+    QTest::newRow("as long as the field") << QByteArray(127, 'x') << QByteArray(127, 'x') << QString(127, QLatin1Char('x'));
+    QTest::newRow("longer than the field: cut")
+        << QByteArray(300, 'x') << QByteArray(127, 'x') << QString(127, QLatin1Char('x'));
+}
+
+void SimulatedAnswersTest::version()
+{
+    QFETCH(QByteArray, servicePack);
+    QFETCH(QByteArray, narrow);
+    QFETCH(QString, wide);
+    const DescribedWindows windows(QByteArray(), member("GetVersionEx", "{\"dwMajorVersion\": 5, \"wProductType\": 3, \"szCSDVersion\": \"" + servicePack + "\"}"));
+    OSVERSIONINFOEXA shortText = {};
+    shortText.dwOSVersionInfoSize = sizeof shortText;
+    QVERIFY(GetVersionExA(reinterpret_cast<LPOSVERSIONINFOA>(&shortText)));
+    QCOMPARE(QByteArray(shortText.szCSDVersion), narrow);
+    OSVERSIONINFOEXW wideText = {};
+    wideText.dwOSVersionInfoSize = sizeof wideText;
+    QVERIFY(GetVersionExW(reinterpret_cast<LPOSVERSIONINFOW>(&wideText)));
+    QCOMPARE(QString::fromWCharArray(wideText.szCSDVersion), wide);
+    QCOMPARE(wideText.dwMajorVersion, DWORD(5));
+    QCOMPARE(int(wideText.wProductType), 3);
+}
+
+void SimulatedAnswersTest::productInfo_data()
+{
+    QTest::addColumn<QByteArray>("system");
+    QTest::addColumn<QString>("written");
+    QTest::newRow("a type") << member("GetProductInfo", "{\"dwReturnedProductType\": 48}") << QStringLiteral("30000000");
+    QTest::newRow("no type: zero") << member("GetProductInfo", "{}") << QStringLiteral("00000000");
+    QTest::newRow("an error: nothing") << member("GetProductInfo", "{\"error\": 87}") << QString();
+}
+
+void SimulatedAnswersTest::productInfo()
+{
+    QFETCH(QByteArray, system);
+    QFETCH(QString, written);
+    const DescribedWindows windows(QByteArray(), system);
+    PoisonedBuffer buffer(16);
+    QCOMPARE(callNamed("GetProductInfo").make(buffer), qint64(written.isEmpty() ? FALSE : TRUE));
+    QCOMPARE(buffer.written(), written);
+}
+
+void SimulatedAnswersTest::processors()
+{
+    const DescribedWindows windows(QByteArray(), member("GetSystemInfo", R"({
+        "wProcessorArchitecture": 9, "lpMaximumApplicationAddress": "0x7ffffffeffff",
+        "dwActiveProcessorMask": "0xffffffffffffffff", "wProcessorRevision": 40457})"));
+    SYSTEM_INFO information;
+    std::memset(&information, 0xcc, sizeof information);
+    GetSystemInfo(&information);
+    QCOMPARE(int(information.wProcessorArchitecture), 9);
+    QCOMPARE(int(information.wReserved), 0);
+    QCOMPARE(reinterpret_cast<quintptr>(information.lpMaximumApplicationAddress), quintptr(0x7ffffffeffff));
+    QCOMPARE(information.dwActiveProcessorMask, ~DWORD_PTR(0));
+    QCOMPARE(int(information.wProcessorRevision), 40457);
+    QCOMPARE(information.dwPageSize, DWORD(0));
+
+    simulated::installNothing();
+    GetSystemInfo(&information);
+    QCOMPARE(int(information.wProcessorArchitecture), 0);
+    QCOMPARE(information.lpMaximumApplicationAddress, LPVOID(nullptr));
+}
+
+void SimulatedAnswersTest::metrics()
+{
+    const DescribedWindows windows(QByteArray(), member("GetSystemMetrics", "{\"89\": 7, \"0\": -1}"));
+    QCOMPARE(GetSystemMetrics(SM_SERVERR2), 7);
+    QCOMPARE(GetSystemMetrics(0), -1);
+    QCOMPARE(GetSystemMetrics(1), 0);
+}
+
+void SimulatedAnswersTest::computerNames()
+{
+    const DescribedWindows windows(QByteArray(), member("GetComputerNameEx", "{\"0\": \"PC\", \"7\": \"pc.example\", \"2\": \"\"}"));
+    const auto name = [](int format) {
+        WCHAR buffer[32] = {'u', 0};
+        DWORD size = 32;
+        const BOOL given = GetComputerNameExW(COMPUTER_NAME_FORMAT(format), buffer, &size);
+        return QStringLiteral("%1 %2 %3").arg(given).arg(size).arg(QString::fromWCharArray(buffer));
+    };
+    QCOMPARE(name(0), QStringLiteral("1 2 PC"));
+    QCOMPARE(name(7), QStringLiteral("1 10 pc.example"));
+    QCOMPARE(name(2), QStringLiteral("1 0 "));
+    QCOMPARE(name(1), QStringLiteral("0 32 u"));
+}
+
+void SimulatedAnswersTest::drives_data()
+{
+    QTest::addColumn<QByteArray>("drive");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("full")
+        << QByteArray(R"({"GetDriveType": 3, "GetVolumeInformation": {"volumeName": "V", "fileSystemName": "NTFS"},
+                          "GetDiskFreeSpaceEx": {"freeBytesAvailableToCaller": "0xffffffffffffffff", "totalNumberOfBytes": 2}})")
+        << QStringLiteral("3, V NTFS, 18446744073709551615 2");
+    QTest::newRow("nothing given") << QByteArray("{}") << QStringLiteral("0, -, -");
+    QTest::newRow("not listed") << QByteArray("null") << QStringLiteral("0, -, -");
+    QTest::newRow("names of nothing") << QByteArray("{\"GetVolumeInformation\": {}}") << QStringLiteral("0,  , -");
+    QTest::newRow("a name as long as the buffer: with its terminator it does not fit")
+        << QByteArray("{\"GetVolumeInformation\": {\"volumeName\": \"12345678\"}}") << QStringLiteral("0, -, -");
+    QTest::newRow("a name that fits exactly")
+        << QByteArray("{\"GetVolumeInformation\": {\"volumeName\": \"1234567\"}}") << QStringLiteral("0, 1234567 , -");
+}
+
+void SimulatedAnswersTest::drives()
+{
+    QFETCH(QByteArray, drive);
+    QFETCH(QString, expected);
+    const DescribedWindows windows(QByteArray(), member("drives", "{\"C:\\\\\": " + drive + '}'));
+    WCHAR name[8];
+    WCHAR fileSystem[8];
+    ULARGE_INTEGER free;
+    ULARGE_INTEGER total;
+    QString actual = QString::number(GetDriveTypeW(L"C:\\"));
+    actual += GetVolumeInformationW(L"C:\\", name, 8, nullptr, nullptr, nullptr, fileSystem, 8)
+        ? QStringLiteral(", %1 %2").arg(QString::fromWCharArray(name), QString::fromWCharArray(fileSystem))
+        : QStringLiteral(", -");
+    actual += GetDiskFreeSpaceExW(L"C:\\", &free, &total, nullptr)
+        ? QStringLiteral(", %1 %2").arg(free.QuadPart).arg(total.QuadPart)
+        : QStringLiteral(", -");
+    QCOMPARE(actual, expected);
+}
+
+void SimulatedAnswersTest::driveOfEitherCase()
+{
+    const DescribedWindows windows(QByteArray(), member("drives", "{\"c:\\\\\": {\"GetDriveType\": 3}}"));
+    QCOMPARE(GetDriveTypeW(L"C:\\"), UINT(DRIVE_FIXED));
+    QCOMPARE(GetDriveTypeW(L"c:\\"), UINT(DRIVE_FIXED));
+    QCOMPARE(GetDriveTypeW(L"C:"), UINT(DRIVE_UNKNOWN));
+}
+
+void SimulatedAnswersTest::logicalDrives_data()
+{
+    QTest::addColumn<QByteArray>("system");
+    QTest::addColumn<DWORD>("mask");
+    QTest::addColumn<DWORD>("error");
+    QTest::newRow("some") << member("GetLogicalDrives", "5") << DWORD(5) << poison;
+    QTest::newRow("all bits") << member("GetLogicalDrives", "\"0xffffffff\"") << ~DWORD(0) << poison;
+    QTest::newRow("none") << member("GetLogicalDrives", "0") << DWORD(0) << DWORD(0);
+    QTest::newRow("absent") << QByteArray("{}") << DWORD(0) << DWORD(0);
+    QTest::newRow("an error") << member("GetLogicalDrives", "{\"error\": 5}") << DWORD(0) << DWORD(5);
+}
+
+void SimulatedAnswersTest::logicalDrives()
+{
+    QFETCH(QByteArray, system);
+    QFETCH(DWORD, mask);
+    QFETCH(DWORD, error);
+    const DescribedWindows windows(QByteArray(), system);
+    SetLastError(poison);
+    QCOMPARE(GetLogicalDrives(), mask);
+    QCOMPARE(GetLastError(), error);
+}
+
+void SimulatedAnswersTest::longDirectory()
+{
+    const DescribedWindows windows(QByteArray(), member("GetSystemWindowsDirectory", '"' + QByteArray(1024, 'x') + '"'));
+    PoisonedBuffer buffer(2048);
+    QCOMPARE(GetSystemWindowsDirectoryW(buffer.wide(), 1024), UINT(1025));
+    QVERIFY(buffer.isUntouched());
+    PoisonedBuffer larger(2050);
+    QCOMPARE(GetSystemWindowsDirectoryW(larger.wide(), 1025), UINT(1024));
+    QVERIFY(larger.isUntouchedFrom(2050));
+}
+
+void SimulatedAnswersTest::expansionFailures_data()
+{
+    QTest::addColumn<QByteArray>("index");
+    QTest::addColumn<QString>("source"); // fails, and no other one
+    QTest::newRow("the first") << QByteArray("0") << QStringLiteral("OS: %OS%");
+    QTest::newRow("the second") << QByteArray("1") << QStringLiteral("PATH: %PATH%");
+    QTest::newRow("the third") << QByteArray("2") << QStringLiteral("HOMEPATH: %HOMEPATH%");
+    QTest::newRow("the fourth") << QByteArray("3") << QStringLiteral("TEMP: %TEMP%");
+    QTest::newRow("the fifth") << QByteArray("4") << QStringLiteral("CPU: %PROCESSOR_IDENTIFIER%");
+}
+
+void SimulatedAnswersTest::expansionFailures()
+{
+    QFETCH(QByteArray, index);
+    QFETCH(QString, source);
+    const DescribedWindows windows(QByteArray(), member("ExpandEnvironmentStrings", "{\"" + index + "\": {\"error\": 8}}"));
+    const QStringList all {QStringLiteral("OS: %OS%"), QStringLiteral("PATH: %PATH%"), QStringLiteral("HOMEPATH: %HOMEPATH%"),
+                           QStringLiteral("TEMP: %TEMP%"), QStringLiteral("CPU: %PROCESSOR_IDENTIFIER%"), QStringLiteral("%A%")};
+    for (const QString &text : all) {
+        PoisonedBuffer buffer(128);
+        SetLastError(poison);
+        const bool fails = text == source;
+        QCOMPARE(ExpandEnvironmentStringsW(wide(text), buffer.wide(), 64), DWORD(fails ? 0 : text.size() + 1));
+        QCOMPARE(GetLastError(), fails ? DWORD(8) : poison);
+        QCOMPARE(buffer.isUntouched(), fails);
+    }
+}
+
+void SimulatedAnswersTest::specialFolders()
+{
+    const DescribedWindows windows(QByteArray(), member("SHGetSpecialFolderPath", "{\"2\": \"C:\\\\P\", \"5\": \"" + QByteArray(300, 'x') + "\"}"));
+    PoisonedBuffer programs(2 * MAX_PATH);
+    QVERIFY(SHGetSpecialFolderPathW(nullptr, programs.wide(), CSIDL_PROGRAMS, FALSE));
+    QCOMPARE(programs.wideText(), QStringLiteral("C:\\P"));
+    QVERIFY(programs.isUntouchedFrom(2 * 5));
+    PoisonedBuffer longPath(2 * MAX_PATH);
+    QVERIFY(SHGetSpecialFolderPathW(nullptr, longPath.wide(), CSIDL_PERSONAL, FALSE));
+    QCOMPARE(longPath.wideText(), QString(259, QLatin1Char('x'))); // never beyond what a caller must have
+    QVERIFY(longPath.isUntouchedFrom(2 * MAX_PATH));
+}
+
+void SimulatedAnswersTest::errorMode()
+{
+    QCOMPARE(SetErrorMode(1), UINT(0));
+    QCOMPARE(SetErrorMode(0x8003), UINT(1));
+    QCOMPARE(SetErrorMode(0), UINT(0x8003));
+}
+
+QTEST_APPLESS_MAIN(SimulatedAnswersTest)
+#include "tst_simulated_answers.moc"

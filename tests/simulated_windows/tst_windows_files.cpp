@@ -1,0 +1,130 @@
+// QDir over the WinSxS folder of the described machine.
+
+#include "described_windows.h"
+#include "simulated_windows.h"
+
+#include <QtCore/QDir>
+#include <QtTest/QtTest>
+
+class WindowsFilesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void folder_data();
+    void folder();
+    void names_data();
+    void names();
+    void otherFilesAreTheProcess();
+    void followsTheMachine();
+};
+
+namespace {
+
+QByteArray system(const QByteArray &windowsDirectory, const QByteArray &names)
+{
+    return "{\"GetSystemWindowsDirectory\": " + windowsDirectory + ", \"WinSxS\": " + names + '}';
+}
+
+QDir winSxS(const QString &windowsDirectory = QStringLiteral("C:\\Windows"))
+{
+    simulated::knowsMachine(); // as every call before it does
+    return QDir(windowsDirectory + QStringLiteral("\\WinSxS"));
+}
+
+} // namespace
+
+void WindowsFilesTest::folder_data()
+{
+    QTest::addColumn<QByteArray>("description");
+    QTest::addColumn<QString>("asked");
+    QTest::addColumn<bool>("exists");
+    const QByteArray windows("\"C:\\\\Windows\"");
+    const QString path = QStringLiteral("C:\\Windows\\WinSxS");
+    QTest::newRow("there") << system(windows, "[]") << path << true;
+    QTest::newRow("in other letters") << system(windows, "[]") << QStringLiteral("c:\\WINDOWS\\winsxs") << true;
+    QTest::newRow("the description in other letters")
+        << system("\"c:\\\\WINDOWS\"", "[]") << path << true;
+    QTest::newRow("a directory that ends with a backslash")
+        << system("\"C:\\\\Windows\\\\\"", "[]") << QStringLiteral("C:\\Windows\\\\WinSxS") << true;
+    QTest::newRow("not in the description")
+        << QByteArray("{\"GetSystemWindowsDirectory\": \"C:\\\\Windows\"}") << path << false;
+    QTest::newRow("null") << system(windows, "null") << path << false;
+    QTest::newRow("of another directory") << system(windows, "[]") << QStringLiteral("D:\\Windows\\WinSxS") << false;
+    QTest::newRow("no Windows directory") << system("null", "[]") << path << false;
+    QTest::newRow("a longer name") << system(windows, "[]") << QStringLiteral("C:\\Windows\\WinSxS2") << false;
+}
+
+void WindowsFilesTest::folder()
+{
+    QFETCH(QByteArray, description);
+    QFETCH(QString, asked);
+    QFETCH(bool, exists);
+    const DescribedWindows windows(QByteArray(), description);
+    simulated::knowsMachine();
+    const QDir directory(asked);
+    QCOMPARE(directory.exists(), exists);
+    QString expected = asked; // with forward slashes, one at a time, as on Windows
+    expected.replace(QLatin1Char('\\'), QLatin1Char('/')).replace(QLatin1String("//"), QLatin1String("/"));
+    QCOMPARE(directory.absolutePath(), expected);
+    if (!exists)
+        QCOMPARE(directory.entryList(), QStringList());
+}
+
+void WindowsFilesTest::names_data()
+{
+    QTest::addColumn<QByteArray>("names");
+    QTest::addColumn<QString>("filter");
+    QTest::addColumn<QStringList>("expected");
+    const auto row = [](const char *name, const char *names, const char *filter, const QStringList &expected) {
+        QTest::newRow(name) << QByteArray(names) << QString::fromUtf8(filter) << expected;
+    };
+    const QString dot = QStringLiteral(".");
+    const QString dots = QStringLiteral("..");
+    const QString a = QStringLiteral("a");
+    row("an empty folder has itself and its parent", "[]", "*", {dot, dots});
+    row("all, by name", "[\"c\", \"a\", \"b\"]", "*", {dot, dots, a, QStringLiteral("b"), QStringLiteral("c")});
+    row("capital letters first", "[\"b\", \"a\", \"B\", \"A\"]", "*",
+        {dot, dots, QStringLiteral("A"), QStringLiteral("B"), a, QStringLiteral("b")});
+    row("the filter takes letters of either case", "[\"x_microsoft.vc80.crt_1\", \"x_Microsoft.VC90.CRT_2\", \"x_MICROSOFT\"]",
+        "*Microsoft.VC*CRT*", {QStringLiteral("x_Microsoft.VC90.CRT_2"), QStringLiteral("x_microsoft.vc80.crt_1")});
+    row("a name that is the filter alone", "[\"Microsoft.VCCRT\", \"Microsoft.VCMFC\"]", "*Microsoft.VC*CRT*",
+        {QStringLiteral("Microsoft.VCCRT")});
+    row("nothing for the filter", "[\"a\"]", "b*", {});
+    row("letters of any kind", "[\"\u00e4\", \"\u0416\"]", "?", {dot, QStringLiteral("\u00e4"), QStringLiteral("\u0416")});
+    row("a name with blanks", "[\"a b\"]", "a*", {QStringLiteral("a b")});
+}
+
+void WindowsFilesTest::names()
+{
+    QFETCH(QByteArray, names);
+    QFETCH(QString, filter);
+    QFETCH(QStringList, expected);
+    const DescribedWindows windows(QByteArray(), system("\"C:\\\\Windows\"", names));
+    QCOMPARE(winSxS().entryList({filter}, QDir::Dirs, QDir::Name), expected);
+    QCOMPARE(winSxS().entryList({filter}, QDir::Files, QDir::Name), QStringList());
+}
+
+void WindowsFilesTest::otherFilesAreTheProcess()
+{
+    const DescribedWindows windows(QByteArray(), system("\"C:\\\\Windows\"", "[]"));
+    simulated::knowsMachine();
+    QVERIFY(QDir(QStringLiteral(MACHINES_DIR)).entryList(QDir::Dirs).contains(QStringLiteral("workstation")));
+    QVERIFY(!QDir(QStringLiteral("C:\\Windows")).exists());
+}
+
+void WindowsFilesTest::followsTheMachine()
+{
+    {
+        const DescribedWindows windows(QByteArray(), system("\"C:\\\\Windows\"", "[\"a\"]"));
+        QCOMPARE(winSxS().entryList({QStringLiteral("a")}), QStringList(QStringLiteral("a")));
+    }
+    const DescribedWindows windows(QByteArray(), system("\"D:\\\\W\"", "[\"b\"]"));
+    QVERIFY(!winSxS().exists());
+    QCOMPARE(winSxS(QStringLiteral("D:\\W")).entryList({QStringLiteral("b")}), QStringList(QStringLiteral("b")));
+    simulated::installNothing();
+    QVERIFY(!winSxS(QStringLiteral("D:\\W")).exists());
+}
+
+QTEST_GUILESS_MAIN(WindowsFilesTest)
+#include "tst_windows_files.moc"
