@@ -26,6 +26,7 @@ private Q_SLOTS:
     void platformNameOfADescribedMachine();
     void bonjourOfADescribedMachine();
     void machineThatCannotBeRead();
+    void openGLVersionWhereThereIsNone();
 #endif
 };
 
@@ -174,6 +175,16 @@ void VkReportTest::machineThatCannotBeRead()
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.output, QByteArray("Windows\n"));
     QVERIFY2(run.errors.contains("/nowhere: no such machine folder"), run.errors);
+}
+
+// The platform plugin "minimal" has no OpenGL.
+void VkReportTest::openGLVersionWhereThereIsNone()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("minimal"));
+    const ProgramRun run = runProgram(QStringLiteral(VKREPORT), {"--opengl-version"}, environment);
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.output, QByteArray("not recognized (flags 0x0)\n"));
 }
 
 #endif
