@@ -12,10 +12,13 @@
 //    two DNS-SD checks). A query that fails drops its own line or becomes a fixed
 //    line of text, and the report goes on. Running out of memory may throw
 //    std::bad_alloc.
-//  * Threads. Call from the GUI thread only. The functions that name a
-//    QGuiApplication or a QApplication below need a running one: without it Qt
-//    itself aborts or crashes the process. Nothing here starts a thread, takes a
-//    lock or keeps state, but for the OpenGL version record.
+//  * Threads. Call from the GUI thread only, but for the functions that "need no
+//    application object": those may be called from any thread. Nothing here starts a
+//    thread, takes a lock or keeps state, but for the OpenGL version record.
+//  * Application object. Each function says which one it needs. Where there is less,
+//    Qt decides: sections of screens come out empty, and the functions that ask for
+//    OpenGL (allInfos(false), GetOpenGLVersion, GetOpenGLVersionCached) end the
+//    process, allInfos(false) also with a mere QGuiApplication.
 //  * Side effects. The library reads. It writes no file, no registry key and
 //    sends nothing; host names may be looked up by Qt.
 #pragma once
