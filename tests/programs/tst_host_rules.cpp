@@ -38,6 +38,7 @@ void tst_HostRules::works_data()
         {"qtGlobal", "Qt Global\n"},
         {"qtLocale", "QLocale\n"},
         {"qtDateTime", "ActiveBias: "},
+        {"qtHostInfo", "Local host name:   "},
         {"qtSystemEnvironment", "System environemnt (QProcess::systemEnvironment()):\n"},
         {"checkStandardBonjour", " "},
         {"checkVelkorBonjour", " "},
@@ -54,7 +55,6 @@ void tst_HostRules::works_data()
         const char *contained;
     } forCore[] = {
         {"qtCoreApplication", "Application FilePath: "},
-        {"qtHostInfo", "Local host name:   "},
         {"qtDesktopServices", "Fonts [displayName]        "},
     };
     for (const auto &row : forCore) {
@@ -106,6 +106,9 @@ void tst_HostRules::endsTheProcess_data()
 
 void tst_HostRules::endsTheProcess()
 {
+#ifdef Q_OS_WIN
+    QSKIP("Windows' error reporting may hold a process that crashed");
+#endif
     QFETCH(QString, application);
     QFETCH(QString, function);
     const ProgramRun run = runProgram(HOST_CHILD, {application, "main", function});

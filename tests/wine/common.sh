@@ -3,6 +3,7 @@
 
 VKSYSTEMINFO_WINEPREFIX=$(mktemp -d)
 export VKSYSTEMINFO_WINEPREFIX
+export LC_ALL=C.UTF-8 # Wine takes its code page from it
 failures=0
 
 end_prefix() {
@@ -10,6 +11,9 @@ end_prefix() {
   rm -rf "$VKSYSTEMINFO_WINEPREFIX"
 }
 trap end_prefix EXIT
+
+# Windows stays up until the end: some keys do not outlive it.
+WINEPREFIX=$VKSYSTEMINFO_WINEPREFIX wineserver -p
 
 wine_run() { "$WINE_RUN" "$@" 2>/dev/null; }
 
@@ -27,4 +31,27 @@ check() {
     printf 'FAILED  %s\n    actual:   %s\n    expected: %s\n' "$1" "$2" "$3"
     failures=$(( failures + 1 ))
   fi
+}
+
+# Wine writes down its displays anew for each window that is the first one. So there is
+# one that stays.
+keep_a_window() {
+  wine_run notepad &
+  wine_run "$VKREPORT" --platform-name >/dev/null
+}
+
+# Brings the keys of the described workstation that make sense on another machine into
+# the registry: adapters, drivers, devices, products. The video adapters as keys that
+# last as long as Windows is up.
+import_workstation() {
+  local folder; folder=$(mktemp -d)
+  awk '
+    /^\[/ {
+      wanted = /\\Control\\Class|\\Enum\\|\\DEVICEMAP\\|SharedDLLs|OpenGLDrivers|OEMInformation|^\[HKEY_CLASSES_ROOT|^\[HKEY_CURRENT_USER/
+    }
+    NR == 1 || wanted' "$MACHINES/workstation/registry.reg" > "$folder/keys.reg"
+  { printf '\xff\xfe'; iconv -f UTF-8 -t UTF-16LE "$folder/keys.reg"; } > "$folder/keys16.reg"
+  wine_run regedit /S "$folder/keys16.reg"
+  wine_run "$IMPORT_REGISTRY" "$MACHINES/workstation/registry.reg" 'SYSTEM\CurrentControlSet\Control\Video'
+  rm -rf "$folder"
 }

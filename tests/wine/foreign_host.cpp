@@ -4,36 +4,16 @@
 //
 //   foreign_host vkSystemInfo.dll
 
+#include "process_counts.h"
+
 #include <QtWidgets/QApplication>
-
-#include <windows.h>
-
 #include <cstdio>
-#include <psapi.h>
 
 namespace {
 
 constexpr int rounds = 100;
 constexpr int warmUp = 20; // Qt and Wine fill their caches
 constexpr SIZE_T allowedGrowth = 4 * 1024 * 1024;
-
-/// Counted one by one: Wine does not tell the number.
-DWORD handleCount()
-{
-    constexpr quintptr beyond = 0x8000; // handles are multiples of 4, low ones first
-    DWORD count = 0;
-    DWORD flags = 0;
-    for (quintptr handle = 4; handle < beyond; handle += 4)
-        count += GetHandleInformation(reinterpret_cast<HANDLE>(handle), &flags) ? 1 : 0;
-    return count;
-}
-
-SIZE_T workingSet()
-{
-    PROCESS_MEMORY_COUNTERS counters = {};
-    GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
-    return counters.WorkingSetSize;
-}
 
 bool report(const char *library, bool noOpenGL)
 {

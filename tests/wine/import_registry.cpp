@@ -1,0 +1,78 @@
+// Puts keys of a described machine into the registry of the Windows it runs on, as keys
+// that last until Windows ends. Wine keeps the keys of its displays that way, and nothing
+// lasting can be put below such a key: what the registry editor would do fails there.
+//
+//   import_registry registry.reg PATH     the keys at and below PATH of HKEY_LOCAL_MACHINE
+
+#include "registry_file.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
+#include <QtCore/QStringList>
+
+#include <windows.h>
+
+#include <cstdio>
+
+namespace {
+
+using machine::RegistryKey;
+
+const wchar_t *wide(const QString &text)
+{
+    return reinterpret_cast<const wchar_t *>(text.utf16());
+}
+
+/// \a key and all below it, at \a path; false as soon as Windows refuses.
+bool import(const RegistryKey &key, const QString &path)
+{
+    HKEY created = nullptr;
+    LSTATUS status = RegCreateKeyExW(HKEY_LOCAL_MACHINE, wide(path), 0, nullptr, REG_OPTION_VOLATILE, KEY_WRITE, nullptr,
+                                     &created, nullptr);
+    for (auto value = key.values().begin(); status == ERROR_SUCCESS && value != key.values().end(); ++value) {
+        status = RegSetValueExW(created, wide(value->name), 0, value->type,
+                                reinterpret_cast<const BYTE *>(value->data.constData()), DWORD(value->data.size()));
+    }
+    if (created)
+        RegCloseKey(created);
+    if (status != ERROR_SUCCESS) {
+        std::fprintf(stderr, "import_registry: %s: error %ld\n", qPrintable(path), long(status));
+        return false;
+    }
+    for (std::size_t i = 0; i < key.subKeyCount(); ++i) {
+        const auto subKey = key.subKeyAt(i);
+        if (!import(*subKey, path + QLatin1Char('\\') + subKey->name()))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() != 3) {
+        std::fprintf(stderr, "usage: import_registry registry.reg PATH\n");
+        return 2;
+    }
+    QFile file(arguments.at(1));
+    if (!file.open(QIODevice::ReadOnly)) {
+        std::fprintf(stderr, "import_registry: %s\n", qPrintable(file.errorString()));
+        return 1;
+    }
+    machine::Registry registry;
+    QString error;
+    int line = 0;
+    if (!readRegistryFile(file.readAll(), registry, error, line)) {
+        std::fprintf(stderr, "import_registry: line %d: %s\n", line, qPrintable(error));
+        return 1;
+    }
+    const auto key = findKey(registry.root(machine::RegistryRoot::LocalMachine), arguments.at(2));
+    if (!key) {
+        std::fprintf(stderr, "import_registry: no such key there: %s\n", qPrintable(arguments.at(2)));
+        return 1;
+    }
+    return import(*key, arguments.at(2)) ? 0 : 1;
+}

@@ -1,0 +1,74 @@
+// A host that makes a thousand reports without OpenGL: the working set stays as it is
+// after the first ones, and the handles as well, but for the one key of the OEM
+// information that each report leaves open.
+
+#include "process_counts.h"
+#include "vkSystemInfo.h"
+
+#include <QtWidgets/QApplication>
+#include <cstdio>
+
+namespace {
+
+constexpr int reports = 1000;
+constexpr int warmUp = 50; // Qt and Wine fill their caches
+constexpr SIZE_T allowedGrowth = 2 * 1024 * 1024;
+
+/// The key that a report leaves open, for as long as this is there.
+class OemKey
+{
+public:
+    OemKey()
+    {
+        HKEY key = nullptr;
+        m_status = RegCreateKeyExA(HKEY_LOCAL_MACHINE, path, 0, nullptr, REG_OPTION_VOLATILE, KEY_READ, nullptr, &key,
+                                   &m_disposition);
+        if (m_status == ERROR_SUCCESS)
+            RegCloseKey(key);
+    }
+    ~OemKey()
+    {
+        if (m_status == ERROR_SUCCESS && m_disposition == REG_CREATED_NEW_KEY)
+            RegDeleteKeyA(HKEY_LOCAL_MACHINE, path);
+    }
+    OemKey(const OemKey &) = delete;
+    OemKey &operator=(const OemKey &) = delete;
+
+    bool isThere() const { return m_status == ERROR_SUCCESS; }
+
+private:
+    static constexpr char path[] = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\OEMInformation";
+    LSTATUS m_status;
+    DWORD m_disposition = 0;
+};
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QApplication application(argc, argv);
+    const OemKey oemKey;
+    if (!oemKey.isThere())
+        return 1;
+    DWORD handles = 0;
+    SIZE_T bytes = 0;
+    for (int number = 0; number < reports; ++number) {
+        if (number == warmUp) {
+            handles = handleCount();
+            bytes = workingSet();
+        }
+        if (velkor::SystemInfo::allInfos(true).size() < 1000) {
+            std::printf("report %d is not one\n", number);
+            return 1;
+        }
+    }
+    const DWORD handlesAtEnd = handleCount();
+    const SIZE_T bytesAtEnd = workingSet();
+    const DWORD expected = handles + DWORD(reports - warmUp);
+    std::printf("from report %d to %d: handles %lu -> %lu (expected %lu), working set %llu -> %llu KiB\n", warmUp, reports,
+                handles, handlesAtEnd, expected, static_cast<unsigned long long>(bytes / 1024),
+                static_cast<unsigned long long>(bytesAtEnd / 1024));
+    if (handles == 0 || bytes == 0)
+        return 1; // nothing was measured
+    return handlesAtEnd == expected && bytesAtEnd <= bytes + allowedGrowth ? 0 : 1;
+}
