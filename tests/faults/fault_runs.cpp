@@ -15,16 +15,6 @@
 
 namespace {
 
-void copyKey(const machine::RegistryKey &from, machine::RegistryKey &to)
-{
-    for (const machine::RegistryValue &value : from.values())
-        to.setValue(value);
-    for (std::size_t i = 0; i < from.subKeyCount(); ++i) {
-        const auto subKey = from.subKeyAt(i);
-        copyKey(*subKey, *to.createSubKey(subKey->name()));
-    }
-}
-
 // Those that the sections' own calls do not need a name for.
 constexpr quint32 errorNotSupported = 50;
 constexpr quint32 errorKeyDeleted = 1018;
@@ -88,16 +78,6 @@ QString handleAndMemoryProblems()
 }
 
 } // namespace
-
-machine::Machine copyOf(const machine::Machine &machine)
-{
-    machine::Machine copy;
-    copy.system = machine.system;
-    using machine::RegistryRoot;
-    for (const auto root : {RegistryRoot::ClassesRoot, RegistryRoot::CurrentUser, RegistryRoot::LocalMachine, RegistryRoot::Users})
-        copyKey(*machine.registry.root(root), *copy.registry.root(root));
-    return copy;
-}
 
 Outcome libraryRun(machine::Machine &machine, const Disturbance &disturbance)
 {
@@ -230,6 +210,7 @@ const char *const linesOfFailures[] = {
     "(Standard Bonjour|velkor DNS-SD): not installed\\.",
     "DNS-SD version: .*",
     "RefCount for vkdnssd\\.dll: failed to get refCount!",
+    "(SystemBIOSDate|SystemManufacturer|   Friendly Name): .*", // without a terminator
     "Lease (obtained:|expires: ) 0x[0-9a-f]+",
     "[A-Za-z0-9]+   ",
     "",

@@ -131,7 +131,40 @@ const char smallSystem[] = R"json({
     "timeZone": -60
 })json";
 
+using machine::RegistryRoot;
+constexpr RegistryRoot roots[] = {RegistryRoot::ClassesRoot, RegistryRoot::CurrentUser, RegistryRoot::LocalMachine,
+                                  RegistryRoot::Users};
+
 } // namespace
+
+void copyKey(const machine::RegistryKey &from, machine::RegistryKey &to)
+{
+    for (const machine::RegistryValue &value : from.values())
+        to.setValue(value);
+    for (std::size_t i = 0; i < from.subKeyCount(); ++i) {
+        const auto subKey = from.subKeyAt(i);
+        copyKey(*subKey, *to.createSubKey(subKey->name()));
+    }
+}
+
+machine::Machine copyOf(const machine::Machine &machine)
+{
+    machine::Machine copy;
+    copy.system = machine.system;
+    for (const auto root : roots)
+        copyKey(*machine.registry.root(root), *copy.registry.root(root));
+    return copy;
+}
+
+std::shared_ptr<machine::RegistryKey> keyAt(machine::Machine &machine, const QString &path)
+{
+    for (const auto root : roots) {
+        const auto &key = machine.registry.root(root);
+        if (path.section(QLatin1Char('\\'), 0, 0) == key->name())
+            return machine::findKey(key, path.section(QLatin1Char('\\'), 1));
+    }
+    return {};
+}
 
 QStringList machineNames()
 {
