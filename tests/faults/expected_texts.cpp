@@ -486,10 +486,10 @@ QString addresses(const QString &label, const std::vector<machine::AddressRecord
 QString leaseTime(DescribedCalls &calls, qint64 time)
 {
     const qint32 seconds = qint32(quint32(quint64(time)));
-    if (!calls.fails("_localtime32_s", QString(), QString::number(seconds)) && seconds >= 0 && !calls.fails("asctime_s")) {
-        const auto local = QDateTime::fromSecsSinceEpoch(seconds - 60 * qint64(calls.machine.system.timeZone), Qt::UTC);
+    const bool converts = !calls.fails("_localtime32_s", QString(), QString::number(seconds)) && seconds >= 0;
+    const auto local = QDateTime::fromSecsSinceEpoch(seconds - 60 * qint64(calls.machine.system.timeZone), Qt::UTC);
+    if (converts && !calls.fails("asctime_s"))
         return QLocale::c().toString(local, q("ddd MMM dd HH:mm:ss yyyy")) + end;
-    }
     return q("0x") + QString::number(time, 16) + end;
 }
 
