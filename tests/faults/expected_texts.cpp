@@ -72,14 +72,15 @@ constexpr quint16 enterpriseSuite = 0x0002;
 constexpr quint16 datacenterSuite = 0x0080;
 constexpr quint8 workstation = 1;
 
-/// What GetVersionExW tells; zero where it fails.
+/// What GetVersionExW tells, zero where it fails, and GetSystemInfo.
 struct Product
 {
     quint16 suites = 0;
     quint8 type = 0;
+    quint16 architecture = 0;
 };
 
-/// Windows 5.2 on x64, as far as the machines of these tests go.
+/// Windows 5.2, on x64 or no known processor, as far as the machines of these tests go.
 QString name52(DescribedCalls &calls, const Product &product)
 {
     const bool metric = !calls.fails("GetSystemMetrics", QString(), q("89"));
@@ -90,9 +91,9 @@ QString name52(DescribedCalls &calls, const Product &product)
         name = q("XP Professional x64 Edition ");
     if (product.type == workstation)
         return name;
-    if (product.suites & datacenterSuite)
-        return name + q("Datacenter x64 Edition");
-    return name + q(product.suites & enterpriseSuite ? "Enterprise x64 Edition" : "Standard x64 Edition");
+    name += q(product.suites & datacenterSuite ? "Datacenter " : product.suites & enterpriseSuite ? "Enterprise " : "Standard ");
+    constexpr quint16 x64 = 9;
+    return name + q(product.architecture == x64 ? "x64 Edition" : "Edition");
 }
 
 QString name62(const Product &product, const RegistryVersion &registry)
@@ -125,13 +126,16 @@ QString windowsVersion(DescribedCalls &calls)
 {
     QString text = q("Windows version: \n");
     const auto &version = calls.machine.system.GetVersionEx;
+    Product product;
     calls.begin("GetSystemInfo");
+    product.architecture = calls.machine.system.GetSystemInfo.wProcessorArchitecture;
     if (calls.fails("GetVersionExA") || !version)
         return text + q("GetVersionExA(&osver) failed!\n");
     const machine::VersionRecord record = *version;
-    Product product;
-    if (!calls.fails("GetVersionExW") && version)
-        product = {version->wSuiteMask, version->wProductType};
+    if (!calls.fails("GetVersionExW") && version) {
+        product.suites = version->wSuiteMask;
+        product.type = version->wProductType;
+    }
     const RegistryVersion registry = registryVersion(calls);
 
     text += q("Version (major.minor.build): \nFrom GetVersionEx: %1.%2.%3\n")
