@@ -1,0 +1,557 @@
+// Windows changes while it is asked: keys and values, drives, adapters and modules
+// come, go, grow and become something else before any call of a report. Each time the
+// text is what the format has for the answers as they then are.
+
+#include "fault_runs.h"
+#include "qt/qt_network_interfaces.h"
+#include "described_windows.h"
+#include "texts.h"
+#include "vkSystemInfo.h"
+#include "win/windows_sections.h"
+
+
+using namespace velkor::SystemInfo;
+using namespace velkor::SystemInfo::WinSysInfo;
+using machine::RegistryKey;
+using machine::RegistryRoot;
+using machine::RegistryValue;
+
+using Change = std::function<void(machine::Machine &)>;
+Q_DECLARE_METATYPE(Change)
+using Section = std::function<QString()>;
+Q_DECLARE_METATYPE(Section)
+
+class ChangingWindowsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void anythingBeforeAnyCall_data();
+    void anythingBeforeAnyCall();
+    void changeBeforeCall_data();
+    void changeBeforeCall();
+};
+
+namespace {
+
+/// Removes all that is in a key, so that one who has it open finds nothing any more.
+void clear(RegistryKey &key)
+{
+    while (!key.values().empty())
+        key.removeValue(key.values().front().name);
+    while (const auto subKey = key.subKeyAt(0)) {
+        clear(*subKey);
+        key.removeSubKey(subKey->name());
+    }
+}
+
+void removeKey(machine::Machine &machine, const QString &path)
+{
+    if (const auto key = keyAt(machine, path)) {
+        clear(*key);
+        keyAt(machine, path.section(QLatin1Char('\\'), 0, -2))->removeSubKey(key->name());
+    }
+}
+
+/// Applies \a change to a value that is there.
+void changeValue(machine::Machine &machine, const QString &path, const QString &name,
+                 const std::function<void(RegistryValue &)> &change)
+{
+    const auto key = keyAt(machine, path);
+    const RegistryValue *known = key ? key->findValue(name) : nullptr;
+    if (!known)
+        return;
+    RegistryValue value = *known;
+    change(value);
+    key->setValue(value);
+}
+
+void growTo(RegistryValue &value, int size)
+{
+    while (value.data.size() < size)
+        value.data += QByteArray("g\0r\0o\0w\0", 8);
+}
+
+struct Kind
+{
+    const char *name;
+    /// Changes the machine before \a call, which is one of the report as it is without
+    /// changes. False when there is nothing to do before such a call.
+    bool (*change)(machine::Machine &machine, const simulated::Call &call);
+};
+
+bool isQuery(const simulated::Call &call)
+{
+    return call.name.startsWith("RegQueryValueEx") && call.result == 0;
+}
+
+bool isKeyEnumeration(const simulated::Call &call)
+{
+    return call.name.startsWith("RegEnumKey");
+}
+
+const Kind kinds[] = {
+    {"everything is gone", [](machine::Machine &machine, const simulated::Call &) {
+         for (const auto root : {RegistryRoot::ClassesRoot, RegistryRoot::CurrentUser, RegistryRoot::LocalMachine})
+             clear(*machine.registry.root(root));
+         const auto version = machine.system.GetVersionEx; // who has asked for it has it
+         machine.system = machine::SystemAnswers();
+         machine.system.GetVersionEx = version;
+         return true;
+     }},
+    {"the key is gone", [](machine::Machine &machine, const simulated::Call &call) {
+         if (!call.name.startsWith("Reg") || !keyAt(machine, call.key))
+             return false;
+         removeKey(machine, call.key);
+         return true;
+     }},
+    {"the value is gone", [](machine::Machine &machine, const simulated::Call &call) {
+         return isQuery(call) && keyAt(machine, call.key)->removeValue(call.value);
+     }},
+    {"the value grew beyond its memory", [](machine::Machine &machine, const simulated::Call &call) {
+         if (!isQuery(call))
+             return false;
+         changeValue(machine, call.key, call.value, [](RegistryValue &value) { growTo(value, 5000); });
+         return true;
+     }},
+    {"the value grew to the last byte of its memory, without a terminator",
+     [](machine::Machine &machine, const simulated::Call &call) {
+         if (!isQuery(call))
+             return false;
+         changeValue(machine, call.key, call.value, [](RegistryValue &value) {
+             value.type = 3;
+             value.data = QByteArray(2048, 'x');
+         });
+         return true;
+     }},
+    {"the value is one byte", [](machine::Machine &machine, const simulated::Call &call) {
+         if (!isQuery(call))
+             return false;
+         changeValue(machine, call.key, call.value, [](RegistryValue &value) { value.data = QByteArray(1, 'x'); });
+         return true;
+     }},
+    {"the value is empty", [](machine::Machine &machine, const simulated::Call &call) {
+         if (!isQuery(call))
+             return false;
+         changeValue(machine, call.key, call.value, [](RegistryValue &value) { value.data.clear(); });
+         return true;
+     }},
+    {"the value is of another type", [](machine::Machine &machine, const simulated::Call &call) {
+         if (!isQuery(call))
+             return false;
+         changeValue(machine, call.key, call.value, [](RegistryValue &value) { value.type = value.type == 1 ? 3 : 1; });
+         return true;
+     }},
+    {"a sub-key came before all others", [](machine::Machine &machine, const simulated::Call &call) {
+         if (!isKeyEnumeration(call))
+             return false;
+         keyAt(machine, call.key)->createSubKey(QStringLiteral("!"));
+         return true;
+     }},
+    {"a sub-key came behind all others", [](machine::Machine &machine, const simulated::Call &call) {
+         if (!isKeyEnumeration(call))
+             return false;
+         keyAt(machine, call.key)->createSubKey(QStringLiteral("~"));
+         return true;
+     }},
+    {"the first sub-key is gone", [](machine::Machine &machine, const simulated::Call &call) {
+         const auto first = isKeyEnumeration(call) ? keyAt(machine, call.key)->subKeyAt(0) : nullptr;
+         if (!first)
+             return false;
+         removeKey(machine, call.key + QLatin1Char('\\') + first->name());
+         return true;
+     }},
+    {"the next sub-key is gone", [](machine::Machine &machine, const simulated::Call &call) {
+         const auto next = isKeyEnumeration(call) ? keyAt(machine, call.key)->subKeyAt(call.value.toUInt()) : nullptr;
+         if (!next)
+             return false;
+         removeKey(machine, call.key + QLatin1Char('\\') + next->name());
+         return true;
+     }},
+    {"the first value is gone", [](machine::Machine &machine, const simulated::Call &call) {
+         const auto key = call.name == "RegEnumValueA" ? keyAt(machine, call.key) : nullptr;
+         return key && !key->values().empty() && key->removeValue(key->values().front().name);
+     }},
+    {"a value came, and one grew beyond its memory", [](machine::Machine &machine, const simulated::Call &call) {
+         const auto key = call.name == "RegEnumValueA" ? keyAt(machine, call.key) : nullptr;
+         if (!key)
+             return false;
+         key->setValue({QStringLiteral("new"), 1, QByteArray("n\0e\0w\0", 6)});
+         key->setValue({QStringLiteral("large"), 1, QByteArray(5000, 'l')});
+         return true;
+     }},
+    {"an adapter came", [](machine::Machine &machine, const simulated::Call &call) {
+         auto &adapters = machine.system.GetAdaptersInfo.value;
+         if (call.name != "GetAdaptersInfo" || !adapters)
+             return false;
+         machine::AdapterRecord adapter = adapters->front();
+         adapter.GatewayList.resize(4);
+         adapters->insert(adapters->begin(), adapter);
+         return true;
+     }},
+    {"an adapter is gone", [](machine::Machine &machine, const simulated::Call &call) {
+         auto &adapters = machine.system.GetAdaptersInfo.value;
+         if (call.name != "GetAdaptersInfo" || !adapters)
+             return false;
+         adapters->erase(adapters->begin());
+         return true;
+     }},
+    {"the drives are gone", [](machine::Machine &machine, const simulated::Call &call) {
+         if (!call.key.endsWith(QLatin1String(":\\")) && call.name != "wsprintfW")
+             return false;
+         machine.system.drives.clear();
+         return true;
+     }},
+    {"the modules are gone", [](machine::Machine &machine, const simulated::Call &call) {
+         if (call.name != "GetModuleFileNameExW")
+             return false;
+         machine.system.EnumProcessModules.value->resize(call.value.toUInt());
+         return true;
+     }},
+    {"a module came", [](machine::Machine &machine, const simulated::Call &call) {
+         if (call.name != "GetModuleFileNameExW")
+             return false;
+         machine.system.EnumProcessModules.value->insert(machine.system.EnumProcessModules.value->begin(),
+                                                         QString(1000, QLatin1Char('m')));
+         return true;
+     }},
+    {"the directory is too long", [](machine::Machine &machine, const simulated::Call &call) {
+         if (!call.name.endsWith("DirectoryW"))
+             return false;
+         machine.system.GetSystemWindowsDirectory.value = QString(1500, QLatin1Char('w'));
+         machine.system.GetSystemWow64Directory.value = QString(1024, QLatin1Char('w'));
+         return true;
+     }},
+    {"the variables grew beyond all bounds", [](machine::Machine &machine, const simulated::Call &call) {
+         if (call.name != "ExpandEnvironmentStringsW")
+             return false;
+         for (QString &value : machine.system.environment)
+             value = QString(40000, QLatin1Char('v'));
+         return true;
+     }},
+    {"the libraries are gone", [](machine::Machine &machine, const simulated::Call &call) {
+         if (call.name != "GetProcAddress" && call.name != "LoadLibraryW" && call.name != "DNSServiceGetProperty")
+             return false;
+         machine.system.libraries.clear();
+         return true;
+     }},
+    {"the names grew", [](machine::Machine &machine, const simulated::Call &call) {
+         if (call.name != "GetComputerNameExW" && call.name != "GetUserNameW")
+             return false;
+         machine.system.GetUserName.value = QString(256, QLatin1Char('u'));
+         for (int format = 0; format < 8; ++format)
+             machine.system.GetComputerNameEx[format].value = QString(16, QLatin1Char('c'));
+         return true;
+     }},
+};
+
+} // namespace
+
+void ChangingWindowsTest::anythingBeforeAnyCall_data()
+{
+    QTest::addColumn<QString>("machine");
+    QTest::addColumn<int>("kind");
+    const QStringList names = machineNames();
+    for (const QString &name : names) {
+        for (int kind = 0; kind < int(std::size(kinds)); ++kind)
+            QTest::newRow(qPrintable(name + QStringLiteral(": ") + QLatin1String(kinds[kind].name))) << name << kind;
+    }
+}
+
+void ChangingWindowsTest::anythingBeforeAnyCall()
+{
+    QFETCH(QString, machine);
+    QFETCH(int, kind);
+    const machine::Machine described = machineNamed(machine);
+    machine::Machine unchanged = copyOf(described);
+    libraryRun(unchanged);
+    const std::vector<simulated::Call> calls = simulated::journal();
+
+    // Every call of the small machine; of the large ones, and under sanitizers, some of
+    // those that are made hundreds of times.
+    const bool small = machine == QLatin1String("small");
+    const int step = sanitized ? 61 : 5;
+    QMap<QByteArray, int> times;
+    for (const simulated::Call &call : calls)
+        ++times[call.name];
+    QMap<QByteArray, int> seen;
+    machine::Machine probe = copyOf(described); // tells whether there is something to change
+    int runs = 0;
+    for (std::size_t number = 0; number < calls.size(); ++number) {
+        const QByteArray name = calls[number].name;
+        if (++seen[name] % step != kind % step && times[name] > 100 && (!small || sanitized))
+            continue;
+        if (!kinds[kind].change(probe, calls[number]))
+            continue;
+        probe = copyOf(described);
+        Disturbance disturbance;
+        disturbance.beforeCall = [&](std::size_t at, machine::Machine &changing) {
+            if (at == number)
+                kinds[kind].change(changing, calls[number]);
+        };
+        machine::Machine forLibrary = copyOf(described);
+        machine::Machine forFormat = copyOf(described);
+        const Outcome actual = libraryRun(forLibrary, disturbance);
+        const QString different = difference(actual, expectedRun(forFormat, disturbance));
+        QVERIFY2(different.isEmpty(), qPrintable(QStringLiteral("before call %1, %2: ").arg(number)
+                                                     .arg(QString::fromLatin1(calls[number].name) + QLatin1Char(' ')
+                                                          + calls[number].key + QLatin1Char(' ') + calls[number].value)
+                                                 + different));
+        ++runs;
+    }
+    qInfo("%d changes", runs);
+}
+
+namespace {
+
+const QString currentVersion = QStringLiteral("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion");
+const QString explorer = QStringLiteral("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Internet Explorer");
+const QString bus = QStringLiteral("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Enum\\SCSI");
+const QString serial = QStringLiteral("HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM");
+const QString adapter = QStringLiteral("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Video\\{A}");
+const QString mouseClass = QStringLiteral("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Class\\{1}");
+
+QByteArray key(const QString &path)
+{
+    return '[' + path.toLatin1() + "]\n";
+}
+
+RegistryValue text(const char *name, const QString &string)
+{
+    const QString stored = string + QChar();
+    return {QString::fromLatin1(name), 1, QByteArray(reinterpret_cast<const char *>(stored.utf16()), 2 * stored.size())};
+}
+
+Change setText(const QString &path, const char *name, const QString &string)
+{
+    return [=](machine::Machine &machine) {
+        machine::createKey(keyAt(machine, QStringLiteral("HKEY_LOCAL_MACHINE")), path.section(QLatin1Char('\\'), 1))
+            ->setValue(text(name, string));
+    };
+}
+
+Change removal(const QString &path)
+{
+    return [=](machine::Machine &machine) { removeKey(machine, path); };
+}
+
+Change removal(const QString &path, const char *value)
+{
+    return [=](machine::Machine &machine) { keyAt(machine, path)->removeValue(QString::fromLatin1(value)); };
+}
+
+QString serialPorts()
+{
+    return portsFromRegistry(QStringLiteral("SERIALCOMM"));
+}
+
+QString scsiDevices()
+{
+    return diskDevicesFromRegistry(QStringLiteral("SCSI"));
+}
+
+QString openGLDrivers()
+{
+    QString info;
+    ScanOpenGLInfo(nullptr).GetOpenGLDriverInfo(info);
+    return info;
+}
+
+QString detailsOfSecond()
+{
+    return adapterDetails(2);
+}
+
+machine::AdapterRecord adapterNumber(quint32 index)
+{
+    machine::AdapterRecord record;
+    record.Index = index;
+    record.GatewayList = {{QStringLiteral("10.0.0.1"), QStringLiteral("255.0.0.0")}};
+    return record;
+}
+
+} // namespace
+
+void ChangingWindowsTest::changeBeforeCall_data()
+{
+    QTest::addColumn<QByteArray>("registry");
+    QTest::addColumn<QByteArray>("system");
+    QTest::addColumn<Section>("section");
+    QTest::addColumn<QByteArray>("call");
+    QTest::addColumn<int>("number"); // among those of its name
+    QTest::addColumn<Change>("change");
+    QTest::addColumn<QString>("expected");
+
+    const QByteArray open("RegOpenKeyExA");
+    const QByteArray query("RegQueryValueExA");
+    const QByteArray enumerate("RegEnumKeyExA");
+    const QByteArray nothing("{}");
+    const QString scsiHeading = QStringLiteral(">>> Info about 'SCSI' disk devices from registry:\n");
+    const QString serialHeading = QStringLiteral(">> Info about 'SERIALCOMM' ports from registry:\n");
+    const QString videoHeading = QStringLiteral(">>> Info about video from registry:\n\n");
+    const QString explorerHeading = QStringLiteral("Internet Explorer information from Registry\n");
+
+    QTest::newRow("a device goes before it is opened: its name alone")
+        << key(bus + "\\Disk\\1") + "\"Class\"=\"c\"\n" << nothing << Section(scsiDevices) << open << 1
+        << removal(bus + "\\Disk") << scsiHeading + "Disk\n";
+    QTest::newRow("an instance goes before it is opened: no lines, no empty line")
+        << key(bus + "\\Disk\\1") + "\"Class\"=\"c\"\n" << nothing << Section(scsiDevices) << open << 2
+        << removal(bus + "\\Disk\\1") << scsiHeading + "Disk\n\n";
+    QTest::newRow("a device comes before the one that was listed: that one again")
+        << key(bus + "\\Disk") << nothing << Section(scsiDevices) << enumerate << 2
+        << Change([](machine::Machine &machine) { keyAt(machine, bus)->createSubKey(QStringLiteral("A")); })
+        << scsiHeading + "Disk\n\nDisk\n\n";
+    QTest::newRow("a device that was listed goes: the next one is passed over")
+        << key(bus + "\\A") + key(bus + "\\B") + key(bus + "\\C") << nothing << Section(scsiDevices) << enumerate << 2
+        << removal(bus + "\\A") << scsiHeading + "A\n\nC\n\n";
+
+    QTest::newRow("a port grows beyond its memory: the list ends there")
+        << key(serial) + "\"a\"=\"COM1\"\n\"b\"=\"COM2\"\n\"c\"=\"COM3\"\n" << nothing << Section(serialPorts)
+        << QByteArray("RegEnumValueA") << 1 << setText(serial, "b", QString(2048, 'x')) << serialHeading + "a   COM1\n\n";
+    QTest::newRow("a port that was listed goes: the next one is passed over")
+        << key(serial) + "\"a\"=\"COM1\"\n\"b\"=\"COM2\"\n\"c\"=\"COM3\"\n" << nothing << Section(serialPorts)
+        << QByteArray("RegEnumValueA") << 1 << removal(serial, "a") << serialHeading + "a   COM1\nc   COM3\n\n";
+
+    QTest::newRow("the last configuration goes before it is visited again: once")
+        << key(adapter + "\\0000") + "\"Device Description\"=\"x\"\n" << nothing << Section(videoInfoFromRegistry) << open << 4
+        << removal(adapter + "\\0000") << videoHeading + "0000\n   Device Description: x\n";
+    QTest::newRow("a configuration comes at the end: it is the last one then, and shows twice")
+        << key(adapter + "\\0000") + "\"Device Description\"=\"x\"\n" << nothing << Section(videoInfoFromRegistry)
+        << enumerate << 2 << setText(adapter + "\\0001", "DriverDesc", QStringLiteral("y"))
+        << videoHeading + "0000\n   Device Description: x\n0001\n   Driver Description: y\n0001\n   Driver Description: y\n";
+    QTest::newRow("a driver goes before it is opened: no empty line for it")
+        << key(mouseClass) + "\"Class\"=\"Mouse\"\n" + key(mouseClass + "\\0000") + "\"DriverDesc\"=\"a\"\n"
+               + key(mouseClass + "\\0001") + "\"DriverDesc\"=\"b\"\n"
+        << nothing << Section(driverInfoFromRegistry) << open << 3 << removal(mouseClass + "\\0001")
+        << ">>> Info about drivers from registry:\n\n----------------------------\nMouse:\n"
+           "   Driver Description: a\n----------------------------\n";
+
+    QTest::newRow("a value grows beyond its memory: its line alone is lost")
+        << key(currentVersion) + "\"ProductId\"=\"p\"\n\"EditionID\"=\"e\"\n" << nothing
+        << Section(windowsVersionFromRegistry) << query << 0 << setText(currentVersion, "ProductId", QString(2048, 'x'))
+        << "Windows version information from Registry\nEditionID:              e\n";
+    QTest::newRow("a number becomes text of four bytes: these are the number")
+        << key("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\TimeZoneInformation")
+               + "\"Bias\"=dword:ffffffc4\n\"DaylightBias\"=dword:00000001\n"
+        << nothing << Section(timeZoneInfoFromRegistry) << query << 1
+        << setText("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\TimeZoneInformation", "Bias", QStringLiteral("-60"))
+        << "Time Zone information from Registry\nBias:           3159597 min (offset to UTC)\n" // 2d 36 30 00
+           "DaylightBias:   1 min (additional offset if daylight saving is active)\n";
+    QTest::newRow("the minor version goes behind the major one: the text has both")
+        << key(currentVersion)
+               + "\"CurrentMajorVersionNumber\"=dword:0000000a\n\"CurrentMinorVersionNumber\"=dword:00000000\n"
+                 "\"CurrentVersion\"=\"6.3\"\n\"CurrentBuildNumber\"=\"19045\"\n"
+        << QByteArray(R"({"GetVersionEx": {"dwMajorVersion": 6, "dwMinorVersion": 2, "dwBuildNumber": 9200, "wProductType": 1}})")
+        << Section([] { return windowsVersion(true); }) << query << 1 << removal(currentVersion, "CurrentMinorVersionNumber")
+        << "Windows version: \nVersion (major.minor.build): \nFrom GetVersionEx: 6.2.9200\n"
+           "From registry:     6.3.19045\n                   Windows 8.1 , 64-bit\nLast service pack installed: \n";
+
+    QTest::newRow("the browser's version grows beyond its memory: the size that it needs is no room for the next")
+        << key(explorer) + "\"Version\"=\"9\"\n\"IVer\"=\"102\"\n\"Build\"=\"520\"\n" << nothing
+        << Section(internetExplorerInfo) << query << 0 << setText(explorer, "Version", QString(4000, 'x'))
+        << explorerHeading + "Version:           2.0 (Build 520) Windows 95\n";
+    QTest::newRow("the browser's build grows beyond the size of its version")
+        << key(explorer) + "\"IVer\"=\"103\"\n\"Build\"=\"115\"\n" << nothing << Section(internetExplorerInfo) << query << 2
+        << setText(explorer, "Build", QStringLiteral("1155"))
+        << explorerHeading + "Version:           3.<could not read build number>\n";
+    QTest::newRow("the browser's service version goes: the version, and no service values")
+        << key(explorer) + "\"Version\"=\"9\"\n\"svcVersion\"=\"11\"\n\"W2kVersion\"=\"w\"\n" << nothing
+        << Section(internetExplorerInfo) << query << 1 << removal(explorer, "svcVersion")
+        << explorerHeading + "Version:           9\n";
+
+    QTest::newRow("a product is renamed behind its recognition: shown under its new name")
+        << QByteArray("[HKEY_CLASSES_ROOT\\Installer\\Products\\1]\n\"ProductName\"=\"Q9\"\n") << nothing
+        << Section(installedApplicationsFromRegistry) << query << 1
+        << Change([](machine::Machine &machine) {
+               keyAt(machine, QStringLiteral("HKEY_CLASSES_ROOT\\Installer\\Products\\1"))
+                   ->setValue(text("ProductName", QStringLiteral("other")));
+           })
+        << ">>> Info about installed Velkor applications from registry:\n\nProductName: other\n\n";
+    QTest::newRow("an OpenGL driver goes before it is opened: its name alone")
+        << key(currentVersion + "\\OpenGLDrivers\\A") + "\"dll\"=\"a\"\n" << nothing << Section(openGLDrivers) << open << 1
+        << removal(currentVersion + "\\OpenGLDrivers\\A")
+        << "#### Info about the OpenGL driver DLL's from registry ###\nA   \n";
+
+    const QByteArray drive(R"({"GetLogicalDrives": 16, "drives": {"E:\\": {"GetDriveType": 3,
+        "GetVolumeInformation": {"volumeName": "v", "fileSystemName": "f"},
+        "GetDiskFreeSpaceEx": {"freeBytesAvailableToCaller": 1, "totalNumberOfBytes": 2}}}})");
+    const Change noDrives = [](machine::Machine &machine) { machine.system.drives.clear(); };
+    QTest::newRow("a drive goes before its type: its root alone")
+        << QByteArray() << drive << Section(diskInformation) << QByteArray("GetDriveTypeW") << 0 << noDrives
+        << "Disk information: \nE:\\ \n";
+    QTest::newRow("a drive goes behind its type")
+        << QByteArray() << drive << Section(diskInformation) << QByteArray("GetVolumeInformationW") << 0 << noDrives
+        << "Disk information: \nE:\\ fixed drive          \n";
+    QTest::newRow("a drive goes behind its volume")
+        << QByteArray() << drive << Section(diskInformation) << QByteArray("GetDiskFreeSpaceExW") << 0 << noDrives
+        << "Disk information: \nE:\\ fixed drive          f  v  \n";
+
+    const QByteArray oneAdapter(R"({"GetAdaptersInfo": [{"Index": 2, "GatewayList": [["10.0.0.1", "255.0.0.0"]]}]})");
+    const QByteArray twoAdapters(R"({"GetAdaptersInfo": [{"Index": 1}, {"Index": 2, "GatewayList": [["10.0.0.1", "255.0.0.0"]]}]})");
+    const QByteArray adapters("GetAdaptersInfo");
+    const QString details = QStringLiteral("Gateway: 10.0.0.1, 255.0.0.0\nDHCP enabled:  0\nHave WINS: 0\n");
+    QTest::newRow("an adapter comes, and there is no room for two: no details")
+        << QByteArray() << oneAdapter << Section(detailsOfSecond) << adapters << 1
+        << Change([](machine::Machine &machine) { machine.system.GetAdaptersInfo.value->push_back(adapterNumber(3)); })
+        << QString();
+    QTest::newRow("a third adapter comes behind the overflow of two: no details")
+        << QByteArray() << twoAdapters << Section(detailsOfSecond) << adapters << 1
+        << Change([](machine::Machine &machine) { machine.system.GetAdaptersInfo.value->push_back(adapterNumber(3)); })
+        << QString();
+    QTest::newRow("an adapter goes, and the one that is asked for stays")
+        << QByteArray() << twoAdapters << Section(detailsOfSecond) << adapters << 1
+        << Change([](machine::Machine &machine) { machine.system.GetAdaptersInfo.value->erase(machine.system.GetAdaptersInfo.value->begin()); })
+        << details;
+    QTest::newRow("all adapters go: no details")
+        << QByteArray() << oneAdapter << Section(detailsOfSecond) << adapters << 1
+        << Change([](machine::Machine &machine) { machine.system.GetAdaptersInfo.value->clear(); }) << QString();
+
+    QTest::newRow("a module goes: its name cannot be read")
+        << QByteArray() << QByteArray(R"({"EnumProcessModules": ["a", "b", "c"]})") << Section(loadedModulesList)
+        << QByteArray("GetModuleFileNameExW") << 1
+        << Change([](machine::Machine &machine) { machine.system.EnumProcessModules.value->resize(2); })
+        << "Loaded modules/DLLs:\na\nb\n";
+    QTest::newRow("a variable grows beyond its memory")
+        << QByteArray() << QByteArray(R"({"environment": {"OS": "o", "PATH": "p", "HOMEPATH": "h", "TEMP": "t", "PROCESSOR_IDENTIFIER": "i"}})")
+        << Section(someEnvironmentVariables) << QByteArray("ExpandEnvironmentStringsW") << 1
+        << Change([](machine::Machine &machine) { machine.system.environment[QStringLiteral("PATH")] = QString(40000, 'x'); })
+        << "Some environment variables:\nOS       = o\nExpand env var 1, buffer too small, would need 40012\n"
+           "HOMEPATH = h\nTEMP     = t\nPROCESSOR_IDENTIFIER = i\n";
+    QTest::newRow("the 32-bit directory grows beyond its memory: that still holds the one before")
+        << QByteArray() << QByteArray(R"({"GetSystemWindowsDirectory": "C:\\W", "GetSystemWow64Directory": "C:\\W\\S"})")
+        << Section(windowsSystemDirectories) << QByteArray("GetSystemWow64DirectoryW") << 0
+        << Change([](machine::Machine &machine) { machine.system.GetSystemWow64Directory.value = QString(1500, 'x'); })
+        << "Windows system directories\nSystem directory:      C:\\W\n"
+           "buffer for wow64Dir too small, need 1501\nSystem Wow64 directory:  C:\\W\n";
+    QTest::newRow("a library loses its function behind its loading: no version")
+        << QByteArray() << QByteArray(R"({"libraries": {"dnssd.dll": {"DNSServiceGetProperty": {"error": 0, "DaemonVersion": 1}}}})")
+        << Section(standardBonjourStatus) << QByteArray("GetProcAddress") << 0
+        << Change([](machine::Machine &machine) { machine.system.libraries.clear(); })
+        << "Standard Bonjour: installed.\nDNS-SD version: \n";
+}
+
+// What the format has for some of these, worked out by hand.
+void ChangingWindowsTest::changeBeforeCall()
+{
+    QFETCH(QByteArray, registry);
+    QFETCH(QByteArray, system);
+    QFETCH(Section, section);
+    QFETCH(QByteArray, call);
+    QFETCH(int, number);
+    QFETCH(Change, change);
+    QFETCH(QString, expected);
+    const DescribedWindows windows(registry, system);
+    int calls = 0;
+    simulated::setBeforeCall([&](std::size_t, const QByteArray &name) {
+        if (name == call && calls++ == number)
+            change(simulated::machineInUse());
+    });
+    COMPARE_TEXT(section(), expected);
+    QVERIFY2(calls > number, "there is no such call");
+    QCOMPARE(simulated::openHandles(), QStringList());
+    QCOMPARE(simulated::handleMisuses(), QStringList());
+    simulated::setBeforeCall(nullptr);
+}
+
+QTEST_GUILESS_MAIN(ChangingWindowsTest)
+#include "tst_changing_windows.moc"
