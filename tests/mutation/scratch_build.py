@@ -57,15 +57,18 @@ class ScratchBuild:
         self.compilations = {}
 
     def prepare(self):
+        self._call(self.project / 'scripts/install-dependencies', 'mutation')
         self._copy()
         if not (self.build / 'build.ninja').exists():
             self._call('cmake', '-G', 'Ninja', '-S', self.source, '-B', self.build, '-DCMAKE_BUILD_TYPE=',
                        f'-DCMAKE_CXX_FLAGS={FLAGS}', '-DCMAKE_EXPORT_COMPILE_COMMANDS=ON',
                        '-DCMAKE_EXE_LINKER_FLAGS=-Wl,--enable-new-dtags',
                        '-DCMAKE_SHARED_LINKER_FLAGS=-Wl,--enable-new-dtags')
-        self._call('cmake', '--build', self.build)
-        self._read_commands()
         self._read_tests()
+        programs = {pathlib.Path(part).name for test in self.tests.values() for part in test.command
+                    if pathlib.Path(part).name.startswith('tst_')}
+        self._call('cmake', '--build', self.build, '--target', 'vkSystemInfo', *sorted(programs), '--', '-j2')
+        self._read_commands()
 
     def _copy(self):
         names = subprocess.run(['git', '-C', self.project, 'ls-files', '-z', '--cached', '--others', '--exclude-standard'],
