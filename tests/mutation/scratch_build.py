@@ -14,6 +14,7 @@ import shlex
 import shutil
 import signal
 import subprocess
+from typing import NamedTuple
 
 CHANGES_OF_THE_COPY = [
     ('CMakeLists.txt', 'set(CMAKE_CXX_VISIBILITY_PRESET hidden)', 'set(CMAKE_CXX_VISIBILITY_PRESET default)'),
@@ -34,7 +35,8 @@ FLAGS = '-O0 -w -ftrivial-auto-var-init=pattern'
 # Tests that run no code of src/, and those of an installed package.
 OTHER_TESTS = re.compile(r'contract_|simulated_|machine_|registry_file|registry_tree|system_file|ansi_code_page'
                          r'|windows_files|wide_c_library|consumer$|exports$')
-LIBRARIES = ('libvksysteminfo_internal.so', 'libvkSystemInfo.so')
+LIBRARY = 'libvksysteminfo_internal.so' # what most tests are linked with
+WHOLE_LIBRARY = 'libvkSystemInfo.so' # what hosts load
 ADDRESS_SPACE = 6 << 30 # what an endless text may take
 WALL_SECONDS = 240
 
@@ -49,13 +51,18 @@ class Test:
         self.cpu_seconds = 0.0 # of the unchanged sources
 
 
+class Variant(NamedTuple):
+    folder: pathlib.Path
+    objects: dict # in place of those of the build
+
+
 class ScratchBuild:
     def __init__(self, project, directory):
         self.project = pathlib.Path(project)
         self.directory = pathlib.Path(directory).resolve()
         self.source = self.directory / 'source'
         self.build = self.directory / 'build'
-        self.changed = self.directory / 'changed' # the sources and libraries of one mutant
+        self.changed = self.directory / 'changed' # where the programs look first: the variant in use
         self.tests = {}
         self.links = {}
         self.compilations = {}
@@ -106,8 +113,8 @@ class ScratchBuild:
                 del command[command.index('-c'):]
                 self.compilations[name] = (command[:at], (self.build / 'src/CMakeFiles/vksysteminfo_objects.dir'
                                                           / (os.path.relpath(name, 'src') + '.o')))
-        for library in LIBRARIES:
-            target = f'bin/{library}' if library != 'libvkSystemInfo.so' else self._versioned(library)
+        for library in (LIBRARY, WHOLE_LIBRARY):
+            target = f'bin/{library}' if library == LIBRARY else self._versioned(library)
             commands = subprocess.run(['ninja', '-C', self.build, '-t', 'commands', '-s', target], check=True,
                                       capture_output=True, text=True).stdout.splitlines()
             link = next(c for c in commands if ' -shared ' in c)
@@ -130,40 +137,42 @@ class ScratchBuild:
         shown = subprocess.run(['ctest', '--show-only=json-v1'], cwd=self.build, check=True, capture_output=True, text=True)
         return [d for d in json.loads(shown.stdout)['tests'] if not OTHER_TESTS.match(d['name'])]
 
-    def put_in_place(self, name, text):
-        """The libraries with another text of one source; False when it does not compile."""
-        shutil.rmtree(self.changed, ignore_errors=True)
-        file = self.changed / 'source' / name
+    def variant(self, slot, name, text):
+        """The library with another text of one source; None when it does not compile."""
+        folder = self.directory / f'variant-{slot}'
+        shutil.rmtree(folder, ignore_errors=True)
+        file = folder / 'source' / name
         file.parent.mkdir(parents=True)
         file.write_text(text)
         objects = {}
         for dependent in self.dependents.get(name, [name]):
             command, original = self.compilations[dependent]
-            compiled = self.changed / (dependent.replace('/', '_') + '.o')
+            compiled = folder / (dependent.replace('/', '_') + '.o')
             source = file if dependent == name else self.source / dependent
             # Includes in quotation marks are looked up in these folders first.
-            command = command + ['-iquote', str(self.changed / 'source/src'), '-o', str(compiled), '-c', str(source)]
-            if subprocess.run(command, cwd=self.build, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode:
-                return False
+            command = command + ['-iquote', str(folder / 'source/src'), '-o', str(compiled), '-c', str(source)]
+            if not self._succeeds(command):
+                return None
             objects[os.path.relpath(original, self.build)] = str(compiled)
-        self.objects = objects
-        return self._link('libvksysteminfo_internal.so')
+        variant = Variant(folder, objects)
+        return variant if self.link(variant, LIBRARY) else None
 
-    def _link(self, library):
-        command = [self.objects.get(part, part) for part in self.links[library]]
+    def link(self, variant, library):
+        command = [variant.objects.get(part, part) for part in self.links[library]]
         at = command.index('-o') + 1
-        file = self.changed / os.path.basename(command[at])
+        file = variant.folder / os.path.basename(command[at])
         command[at] = str(file)
-        if subprocess.run(command, cwd=self.build, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode:
-            return False
         soname = re.search(r'-soname,([^, ]+)', ' '.join(command)).group(1)
         if soname != file.name:
-            (self.changed / soname).symlink_to(file.name)
-        return True
+            (variant.folder / soname).symlink_to(file.name)
+        return self._succeeds(command)
 
-    def put_whole_in_place(self):
-        """The library that hosts load, too."""
-        return self._link('libvkSystemInfo.so')
+    def _succeeds(self, command):
+        return subprocess.run(command, cwd=self.build, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
+
+    def use(self, variant):
+        self.changed.unlink(missing_ok=True)
+        self.changed.symlink_to(variant.folder.name)
 
     def run(self, test, limit=None):
         """'' when the test passes, else the first sign of failure."""
