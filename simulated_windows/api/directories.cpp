@@ -1,5 +1,6 @@
 #include "call_scope.h"
 #include "text.h"
+#include "unterminated_texts.h"
 
 #include <cstdarg>
 #include <shlobj.h>
@@ -78,16 +79,17 @@ DWORD ExpandEnvironmentStringsW(LPCWSTR source, LPWSTR buffer, DWORD size)
     if (!knowsMachine() || failure != failures.constEnd())
         return DWORD(scope.failure(failure != failures.constEnd() ? *failure : DWORD(ERROR_SUCCESS)));
     const QString text = expanded(scope.call.value);
-    const DWORD needed = DWORD(text.size()) + 1;
+    const DWORD needed = countedUnits(text);
     if (needed <= size)
-        copyWide(text, buffer);
+        copyCounted(text, buffer);
     return scope.success(needed);
 }
 
-BOOL SHGetSpecialFolderPathW(HWND, LPWSTR path, int folder, BOOL)
+BOOL SHGetSpecialFolderPathW(HWND, LPWSTR path, int folder, BOOL create)
 {
     CallScope scope("SHGetSpecialFolderPathW");
     scope.call.value = QString::number(folder);
+    scope.call.access = quint32(create);
     if (scope.fault())
         return scope.failure(*scope.fault());
     const auto answer = machineInUse().system.SHGetSpecialFolderPath.value(folder);

@@ -50,6 +50,7 @@ BOOL GetVolumeInformationW(LPCWSTR root, LPWSTR volumeName, DWORD volumeNameSize
 {
     CallScope scope("GetVolumeInformationW");
     scope.call.key = fromWide(root);
+    scope.call.value = QString::number(fileSystemNameSize);
     scope.call.sizeIn = scope.call.sizeOut = volumeNameSize;
     if (scope.fault())
         return scope.failure(*scope.fault());

@@ -9,9 +9,10 @@ HANDLE GetProcessHeap()
     return reinterpret_cast<HANDLE>(quintptr(1));
 }
 
-LPVOID HeapAlloc(HANDLE, DWORD, SIZE_T bytes)
+LPVOID HeapAlloc(HANDLE, DWORD flags, SIZE_T bytes)
 {
     CallScope scope("HeapAlloc");
+    scope.call.access = flags;
     scope.call.sizeIn = scope.call.sizeOut = bytes;
     if (scope.fault())
         return nullptr;
@@ -19,9 +20,10 @@ LPVOID HeapAlloc(HANDLE, DWORD, SIZE_T bytes)
     return std::malloc(bytes); // so that a leak or an overrun is found by the usual tools
 }
 
-BOOL HeapFree(HANDLE, DWORD, LPVOID memory)
+BOOL HeapFree(HANDLE, DWORD flags, LPVOID memory)
 {
     CallScope scope("HeapFree");
+    scope.call.access = flags;
     std::free(memory); // gone all the same when it is made to fail
     if (scope.fault())
         return scope.failure(*scope.fault());

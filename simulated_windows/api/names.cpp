@@ -1,5 +1,6 @@
 #include "call_scope.h"
 #include "text.h"
+#include "unterminated_texts.h"
 
 using namespace simulated;
 
@@ -33,12 +34,12 @@ BOOL GetUserNameW(LPWSTR buffer, LPDWORD size)
     const auto &name = machineInUse().system.GetUserName;
     if (!name)
         return scope.failure(name.error);
-    const DWORD needed = DWORD(name->size()) + 1;
+    const DWORD needed = countedUnits(*name);
     const DWORD room = *size;
     *size = needed;
     scope.call.sizeOut = needed;
     if (room < needed)
         return scope.failure(ERROR_INSUFFICIENT_BUFFER);
-    copyWide(*name, buffer);
+    copyCounted(*name, buffer);
     return scope.success(TRUE);
 }

@@ -118,10 +118,13 @@ DWORD readValue(const RegistryValue &value, LPDWORD type, LPBYTE data, LPDWORD s
 }
 
 template <typename Form>
-LSTATUS openKeyEx(const char *callName, HKEY key, const typename Form::Char *subKey, REGSAM access, PHKEY result)
+LSTATUS openKeyEx(const char *callName, HKEY key, const typename Form::Char *subKey, DWORD options, REGSAM access,
+                  PHKEY result)
 {
     CallScope scope(callName);
     scope.call.access = access;
+    if (options)
+        scope.call.value = QString::number(options);
     const QString path = Form::text(subKey);
     const OpenKey parent = openKey(key, callName);
     scope.call.key = path.isEmpty() ? parent.path : parent.path + QLatin1Char('\\') + path;
@@ -234,14 +237,14 @@ LSTATUS enumValue(const char *callName, HKEY key, DWORD index, typename Form::Ch
 
 using namespace simulated;
 
-LSTATUS RegOpenKeyExA(HKEY key, LPCSTR subKey, DWORD, REGSAM access, PHKEY result)
+LSTATUS RegOpenKeyExA(HKEY key, LPCSTR subKey, DWORD options, REGSAM access, PHKEY result)
 {
-    return openKeyEx<Ansi>("RegOpenKeyExA", key, subKey, access, result);
+    return openKeyEx<Ansi>("RegOpenKeyExA", key, subKey, options, access, result);
 }
 
-LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR subKey, DWORD, REGSAM access, PHKEY result)
+LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR subKey, DWORD options, REGSAM access, PHKEY result)
 {
-    return openKeyEx<Wide>("RegOpenKeyExW", key, subKey, access, result);
+    return openKeyEx<Wide>("RegOpenKeyExW", key, subKey, options, access, result);
 }
 
 LSTATUS RegCloseKey(HKEY key)

@@ -13,10 +13,6 @@ RegistryKey::RegistryKey(HKEY root, const QString &path, REGSAM access)
         m_key = key;
 }
 
-RegistryKey::RegistryKey(RegistryKey &&other) noexcept
-    : m_key(other.release())
-{ }
-
 RegistryKey::~RegistryKey()
 {
     if (m_key)

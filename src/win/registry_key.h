@@ -21,9 +21,9 @@ class RegistryKey
 {
 public:
     RegistryKey(HKEY root, const QString &path, REGSAM access = KEY_READ);
-    RegistryKey(RegistryKey &&other) noexcept;
-    RegistryKey &operator=(RegistryKey &&) = delete;
     ~RegistryKey();
+    RegistryKey(const RegistryKey &) = delete;
+    RegistryKey &operator=(const RegistryKey &) = delete;
 
     explicit operator bool() const { return m_key != nullptr; }
     HKEY get() const { return m_key; }

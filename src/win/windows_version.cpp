@@ -146,8 +146,11 @@ QString windowsVersion(bool detailed)
     SYSTEM_INFO system = {};
     GetSystemInfo(&system);
     OSVERSIONINFOEXA version = {};
-    if (!getVersion(version))
-        return detailed ? text + QStringLiteral("GetVersionExA(&osver) failed!") + newline : QStringLiteral("Windows");
+    if (!getVersion(version)) {
+        if (!detailed)
+            return QStringLiteral("Windows");
+        return text + QStringLiteral("GetVersionExA(&osver) failed!") + newline;
+    }
     OSVERSIONINFOEXW wideVersion = {};
     getVersion(wideVersion);
     RegistryVersion registry;

@@ -21,11 +21,10 @@ QString winSxSDirectoryEntries()
     const QDir directory(buffer.text() + QStringLiteral("\\WinSxS"));
     if (!directory.exists()) // the line is not ended: the report's format
         return text + QStringLiteral("Directory '%1' does not exist.").arg(directory.absolutePath());
-    const QStringList names = directory.entryList({QStringLiteral("*Microsoft.VC*CRT*")}, QDir::Dirs, QDir::Name);
-    for (const QString &name : names) {
-        if (name != QLatin1String(".") && name != QLatin1String(".."))
-            text += name + newline;
-    }
+    const QStringList filter(QStringLiteral("*Microsoft.VC*CRT*")); // "." and ".." do not pass it
+    const QStringList names = directory.entryList(filter, QDir::Dirs, QDir::Name);
+    for (const QString &name : names)
+        text += name + newline;
     return text;
 }
 

@@ -5,6 +5,10 @@
 #include "vkSystemInfo.h"
 #include "win/windows_sections.h"
 
+#ifdef SIMULATED_WINDOWS
+#  include "unterminated_texts.h"
+#endif
+
 #include <QtCore/QRegularExpression>
 
 using namespace velkor::SystemInfo;
@@ -24,6 +28,8 @@ private Q_SLOTS:
     void groupsOfTheWindowsHalf();
     void userName_data();
     void userName();
+    void userNameWithoutTerminator_data();
+    void userNameWithoutTerminator();
     void registryQuota_data();
     void registryQuota();
     void refCountLine_data();
@@ -236,6 +242,22 @@ void ReportOrderTest::userName()
     QFETCH(QString, expected);
     const DescribedWindows windows(QByteArray(), system);
     COMPARE_TEXT(WinSysInfo::userName(), expected);
+}
+
+void ReportOrderTest::userNameWithoutTerminator_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::newRow("all units are the name's") << QByteArray("jl");
+    QTest::newRow("no unit at all") << QByteArray();
+    QTest::newRow("256 units fill the buffer") << QByteArray(256, 'u');
+}
+
+void ReportOrderTest::userNameWithoutTerminator()
+{
+    QFETCH(QByteArray, name);
+    const DescribedWindows windows(QByteArray(), "{\"GetUserName\": \"" + name + "\"}");
+    const simulated::UnterminatedTexts unterminated;
+    COMPARE_TEXT(WinSysInfo::userName(), "User name:                    " + QString::fromLatin1(name) + "\n");
 }
 
 void ReportOrderTest::registryQuota_data()

@@ -156,13 +156,13 @@ void DiskInformationTest::calls()
                  R"(SetErrorMode "1"
 GetLogicalDrives
 GetDriveTypeW A:\
-GetVolumeInformationW A:\ 260
+GetVolumeInformationW A:\ "260" 260
 GetDiskFreeSpaceExW A:\
 GetDriveTypeW C:\
-GetVolumeInformationW C:\ 260
+GetVolumeInformationW C:\ "260" 260
 GetDiskFreeSpaceExW C:\
 GetDriveTypeW D:\
-GetVolumeInformationW D:\ 260
+GetVolumeInformationW D:\ "260" 260
 GetDiskFreeSpaceExW D:\
 SetErrorMode "0"
 )");

@@ -5,6 +5,10 @@
 #include "texts.h"
 #include "win/windows_sections.h"
 
+#ifdef SIMULATED_WINDOWS
+#  include "unterminated_texts.h"
+#endif
+
 #include <QtCore/QMap>
 #include <windows.h>
 
@@ -24,6 +28,7 @@ private Q_SLOTS:
     void namesWithoutRegardToCase();
     void describedFailures_data();
     void describedFailures();
+    void withoutTerminators();
     void calls();
     void failingCalls_data();
     void failingCalls();
@@ -190,6 +195,14 @@ void EnvironmentVariablesTest::describedFailures()
     QFETCH(QString, lines);
     const DescribedWindows windows("", system);
     COMPARE_TEXT(someEnvironmentVariables(), title + lines);
+}
+
+// The last unit goes only where it is a null.
+void EnvironmentVariablesTest::withoutTerminators()
+{
+    const DescribedWindows windows(machineOf(allVariables));
+    const simulated::UnterminatedTexts unterminated;
+    COMPARE_TEXT(someEnvironmentVariables(), title + allLines.join(QString()));
 }
 
 void EnvironmentVariablesTest::calls()

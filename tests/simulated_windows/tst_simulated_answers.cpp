@@ -3,10 +3,12 @@
 #include "calls.h"
 #include "described_windows.h"
 #include "simulated_windows.h"
+#include "unterminated_texts.h"
 
 #include <QtTest/QtTest>
 #include <cstring>
 #include <iphlpapi.h>
+#include <memory>
 #include <shlobj.h>
 
 class SimulatedAnswersTest : public QObject
@@ -32,6 +34,7 @@ private Q_SLOTS:
     void longDirectory();
     void expansionFailures_data();
     void expansionFailures();
+    void unterminatedTexts();
     void specialFolders();
     void errorMode();
 };
@@ -302,6 +305,24 @@ void SimulatedAnswersTest::expansionFailures()
         QCOMPARE(ExpandEnvironmentStringsW(wide(text), buffer.wide(), 64), DWORD(fails ? 0 : text.size() + 1));
         QCOMPARE(GetLastError(), fails ? DWORD(8) : poison);
         QCOMPARE(buffer.isUntouched(), fails);
+    }
+}
+
+void SimulatedAnswersTest::unterminatedTexts()
+{
+    const DescribedWindows windows(QByteArray(), R"({"GetUserName": "anna", "environment": {"A": "b"}})");
+    for (const bool terminated : {false, true}) { // the second time: as ever
+        const auto unterminated = terminated ? nullptr : std::make_unique<simulated::UnterminatedTexts>();
+        PoisonedBuffer name(64);
+        DWORD size = 32;
+        QVERIFY(GetUserNameW(name.wide(), &size));
+        QCOMPARE(size, DWORD(terminated ? 5 : 4));
+        QVERIFY(name.isUntouchedFrom(2 * int(size)));
+        QCOMPARE(QString::fromWCharArray(name.wide(), 4), QStringLiteral("anna"));
+        PoisonedBuffer line(64);
+        QCOMPARE(ExpandEnvironmentStringsW(wide(QStringLiteral("x%A%")), line.wide(), 32), DWORD(terminated ? 3 : 2));
+        QVERIFY(line.isUntouchedFrom(terminated ? 6 : 4));
+        QCOMPARE(QString::fromWCharArray(line.wide(), 2), QStringLiteral("xb"));
     }
 }
 

@@ -6,6 +6,7 @@
 
 #include <QtTest/QtTest>
 #include <cerrno>
+#include <shlobj.h>
 
 using simulated::Fault;
 
@@ -206,6 +207,7 @@ void SimulatedSteeringTest::journalOfFailingCalls()
     HKEY key = nullptr;
     char text[2];
     RegOpenKeyExA(HKEY_CURRENT_USER, "None", 0, KEY_READ, &key);
+    RegOpenKeyExA(HKEY_CURRENT_USER, "None", 8, KEY_READ, &key);
     DWORD size = 2;
     RegQueryValueExA(HKEY_LOCAL_MACHINE, "V", nullptr, nullptr, reinterpret_cast<LPBYTE>(text), &size);
     size = 2;
@@ -213,6 +215,7 @@ void SimulatedSteeringTest::journalOfFailingCalls()
     RegEnumKeyA(HKEY_LOCAL_MACHINE, 7, text, 2);
     QCOMPARE(lines(), QStringList({
         QStringLiteral("RegOpenKeyExA [HKEY_CURRENT_USER\\None] [] 20019 0->0 = 2"),
+        QStringLiteral("RegOpenKeyExA [HKEY_CURRENT_USER\\None] [8] 20019 0->0 = 2"),
         QStringLiteral("RegQueryValueExA [HKEY_LOCAL_MACHINE] [V] 0 2->3 = 234"),
         QStringLiteral("RegQueryValueExA [HKEY_LOCAL_MACHINE] [None] 0 2->2 = 2"),
         QStringLiteral("RegEnumKeyA [HKEY_LOCAL_MACHINE] [7] 0 2->2 = 259"),
@@ -223,6 +226,7 @@ void SimulatedSteeringTest::journalOfSystemCalls()
 {
     const DescribedWindows windows(answeringRegistry(), answeringSystem());
     WCHAR text[64];
+    WCHAR longPath[MAX_PATH];
     DWORD size = 64;
     GetComputerNameExW(ComputerNameNetBIOS, text, &size);
     size = 64;
@@ -230,20 +234,23 @@ void SimulatedSteeringTest::journalOfSystemCalls()
     SetErrorMode(1);
     GetLogicalDrives();
     GetDriveTypeW(L"C:\\");
-    GetVolumeInformationW(L"C:\\", text, 32, nullptr, nullptr, nullptr, text + 32, 32);
+    GetVolumeInformationW(L"C:\\", text, 32, nullptr, nullptr, nullptr, text + 32, 31);
     GetSystemWindowsDirectoryW(text, 64);
     GetSystemWindowsDirectoryW(text, 3);
     ExpandEnvironmentStringsW(L"%A%b", text, 64);
     wsprintfW(text, L"%c:", 'C');
     LoadLibraryW(L"none.dll");
     HeapFree(GetProcessHeap(), 0, HeapAlloc(GetProcessHeap(), 0, 704));
+    HeapFree(GetProcessHeap(), 1, HeapAlloc(GetProcessHeap(), 8, 704));
+    SHGetSpecialFolderPathW(nullptr, longPath, 99, FALSE);
+    SHGetSpecialFolderPathW(nullptr, longPath, 99, TRUE);
     QCOMPARE(lines(), QStringList({
         QStringLiteral("GetComputerNameExW [] [0] 0 64->2 = 1"),
         QStringLiteral("GetUserNameW [] [] 0 64->4 = 1"),
         QStringLiteral("SetErrorMode [] [1] 0 0->0 = 0"),
         QStringLiteral("GetLogicalDrives [] [] 0 0->0 = 4"),
         QStringLiteral("GetDriveTypeW [C:\\] [] 0 0->0 = 3"),
-        QStringLiteral("GetVolumeInformationW [C:\\] [] 0 32->32 = 1"),
+        QStringLiteral("GetVolumeInformationW [C:\\] [31] 0 32->32 = 1"),
         QStringLiteral("GetSystemWindowsDirectoryW [] [] 0 64->64 = 10"),
         QStringLiteral("GetSystemWindowsDirectoryW [] [] 0 3->3 = 11"),
         QStringLiteral("ExpandEnvironmentStringsW [] [%A%b] 0 64->64 = 3"),
@@ -251,6 +258,10 @@ void SimulatedSteeringTest::journalOfSystemCalls()
         QStringLiteral("LoadLibraryW [none.dll] [] 0 0->0 = 0"),
         QStringLiteral("HeapAlloc [] [] 0 704->704 = 1"),
         QStringLiteral("HeapFree [] [] 0 0->0 = 1"),
+        QStringLiteral("HeapAlloc [] [] 8 704->704 = 1"),
+        QStringLiteral("HeapFree [] [] 1 0->0 = 1"),
+        QStringLiteral("SHGetSpecialFolderPathW [] [99] 0 0->0 = 0"),
+        QStringLiteral("SHGetSpecialFolderPathW [] [99] 1 0->0 = 0"),
     }));
 }
 
