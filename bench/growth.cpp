@@ -91,9 +91,11 @@ bool measureGrowth(const QString &folder, std::size_t factor)
             writeFigure(kind.name, "library", state, "peak", cost.peak);
             writeFigure(kind.name, "library", state, "peak-moved", cost.peakMoved);
         }
-        if (!countsInstructions())
-            continue;
         const Subject subject = makeSubjects(recordSections(false), false).front();
+        subject.floor();
+        const Cost floor = measure(subject.floor);
+        if (allocations())
+            writeFigure(kind.name, "floor", state, "peak", floor.peak);
         countInstructions(QByteArray(kind.name) + "|library|" + state, [] { keep(velkor::SystemInfo::allInfos(true)); });
         countInstructions(QByteArray(kind.name) + "|floor|" + state, subject.floor);
     }

@@ -19,9 +19,9 @@ const char usage[] =
     "  record FILE        writes the calls of each section\n"
     "  warm               calls, text, allocations and instructions, where they are counted\n"
     "  cold FILE NAME SIDE   the first call in a process; FILE is what 'record' wrote\n"
-    "  time RUNS          times of both sides in turn\n"
+    "  time RUNS [NAME]...   times of both sides in turn, of these or of everything\n"
     "  growth FACTOR      the report about a machine that is so many times as large\n"
-    "  names              the names of what is measured\n";
+    "  names              what is measured\n";
 
 void complain(const QString &message)
 {
@@ -48,6 +48,18 @@ ExitCode cold(const QStringList &arguments, bool withOpenGL)
     return Done;
 }
 
+std::vector<Subject> chosen(std::vector<Subject> subjects, const QStringList &names)
+{
+    if (names.isEmpty())
+        return subjects;
+    std::vector<Subject> result;
+    for (Subject &subject : subjects) {
+        if (names.contains(QString::fromLatin1(subject.name)))
+            result.push_back(std::move(subject));
+    }
+    return result;
+}
+
 ExitCode run(const QStringList &arguments, bool withOpenGL)
 {
     const QString command = arguments.value(0);
@@ -63,8 +75,8 @@ ExitCode run(const QStringList &arguments, bool withOpenGL)
         return measurePlatformGrowth(arguments.at(1).toUInt()) ? Done : Failed;
     if (is("warm", 1))
         measureWarm(subjects());
-    else if (is("time", 2))
-        measureTime(subjects(), arguments.at(1).toInt());
+    else if (command == QLatin1String("time") && arguments.value(1).toInt() > 0)
+        measureTime(chosen(subjects(), arguments.mid(2)), arguments.at(1).toInt());
     else if (is("names", 1))
         for (const Subject &subject : subjects())
             QTextStream(stdout) << subject.name << '\n';
