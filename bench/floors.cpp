@@ -271,6 +271,7 @@ Subject together(const char *name, QString (*text)(), std::vector<FloorPointer> 
 
 Recordings recordSections(bool withOpenGL)
 {
+    keep(allInfos(!withOpenGL)); // Windows loads modules for it, which its last section then lists
     Recordings recordings;
     for (const Section &section : sections)
         recordings.emplace_back(section.name, recorded([&] { keep(section.text()); }));

@@ -26,8 +26,10 @@
     HOOK(GetModuleHandleW) HOOK(LoadLibraryW) HOOK(FreeLibrary) HOOK(GetProcAddress) HOOK(HeapAlloc) HOOK(HeapFree)    \
     HOOK(GetAdaptersInfo) HOOK(_localtime32_s) HOOK(asctime_s) HOOK(EnumProcessModules) HOOK(GetModuleFileNameExW)
 
-// The places of the table, and what they hold when nothing is recorded.
-#define DECLARE_PLACE(name) extern "C" void *__imp_##name;
+// A name may be a macro for another one, as those of psapi.h are.
+#define PLACE_OF(name) __imp_##name
+#define PLACE(name) PLACE_OF(name)
+#define DECLARE_PLACE(name) extern "C" void *PLACE(name);
 EACH_CALL(DECLARE_PLACE)
 
 namespace bench {
@@ -347,16 +349,28 @@ void replace(void *&place, Function hook, Function &realPlace)
     realPlace = reinterpret_cast<Function>(exchange(place, reinterpret_cast<void *>(hook)));
 }
 
+/// mingw-w64 finds these in the run-time library when they are first called, and puts
+/// them into the table itself.
+void useTimeFunctions()
+{
+    const __time32_t seconds = 0;
+    struct tm time = {};
+    char text[26];
+    ::_localtime32_s(&time, &seconds);
+    ::asctime_s(text, sizeof text, &time);
+}
+
 } // namespace
 
 std::vector<Call> recorded(const std::function<void()> &run)
 {
+    useTimeFunctions();
     calls.clear();
     keyPaths.clear();
-#define REPLACE(name) replace(__imp_##name, &hooks::name, real.name);
+#define REPLACE(name) replace(PLACE(name), &hooks::name, real.name);
     EACH_CALL(REPLACE)
     run();
-#define RESTORE(name) exchange(__imp_##name, reinterpret_cast<void *>(real.name));
+#define RESTORE(name) exchange(PLACE(name), reinterpret_cast<void *>(real.name));
     EACH_CALL(RESTORE)
     return std::move(calls);
 }
