@@ -2,8 +2,10 @@
 
 #include "program_output.h"
 #include "sections.h"
+#include "timings.h"
 
 #include <QtCore/QCommandLineParser>
+#include <QtCore/QTextStream>
 #include <QtWidgets/QApplication>
 #include <optional>
 #include <vkSystemInfo.h>
@@ -28,6 +30,9 @@ const QCommandLineOption openGLVersion(QStringLiteral("opengl-version"),
                                        QStringLiteral("Print the supported OpenGL version."));
 const QCommandLineOption bonjour(QStringLiteral("bonjour"),
                                  QStringLiteral("Print which DNS-SD client libraries are installed."));
+const QCommandLineOption timings(QStringLiteral("timings"),
+                                 QStringLiteral("Make the report, or the sections asked for, again and tell on standard "
+                                                "error how long their parts take."));
 
 QString openGLVersionLine()
 {
@@ -53,12 +58,16 @@ QString bonjourLines()
         + bonjourLine("vkdnssd.dll", SystemInfo::WinSysInfo::checkVelkorBonjour);
 }
 
+bool asksForParts(const QCommandLineParser &parser)
+{
+    return parser.isSet(listSections) || parser.isSet(platformName) || parser.isSet(openGLVersion)
+        || parser.isSet(bonjour) || parser.isSet(section);
+}
+
 /// What the options ask for.
 QString requestedText(const QCommandLineParser &parser)
 {
-    const bool asksForParts = parser.isSet(listSections) || parser.isSet(platformName) || parser.isSet(openGLVersion)
-        || parser.isSet(bonjour) || parser.isSet(section);
-    if (!asksForParts)
+    if (!asksForParts(parser))
         return SystemInfo::allInfos(parser.isSet(noOpenGL));
     QString text;
     if (parser.isSet(listSections))
@@ -90,6 +99,16 @@ ExitCode write(const QCommandLineParser &parser, const QString &text)
     return Failed;
 }
 
+ExitCode writeWithTimings(const QCommandLineParser &parser)
+{
+    QString text;
+    const double firstCall = milliseconds([&] { text = requestedText(parser); });
+    const ExitCode exitCode = write(parser, text); // nobody waits for the rest
+    QTextStream(stderr) << (asksForParts(parser) ? sectionTimings(parser.values(section))
+                                                 : reportTimings(parser.isSet(noOpenGL), firstCall));
+    return exitCode;
+}
+
 void describe(QCommandLineParser &parser)
 {
     parser.setApplicationDescription(QStringLiteral(
@@ -100,7 +119,7 @@ void describe(QCommandLineParser &parser)
         "that describes the machine to report about."));
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addOptions({noOpenGL, section, listSections, output, platformName, openGLVersion, bonjour});
+    parser.addOptions({noOpenGL, section, listSections, output, platformName, openGLVersion, bonjour, timings});
 }
 
 /// Everything that needs no display; the exit code when there is nothing left to do.
@@ -126,6 +145,10 @@ std::optional<ExitCode> parse(QCommandLineParser &parser)
             return WrongUsage;
         }
     }
+    if (parser.isSet(timings) && asksForParts(parser) && names.isEmpty()) {
+        complain(QStringLiteral("--timings goes with the report or with --section"));
+        return WrongUsage;
+    }
     return std::nullopt;
 }
 
@@ -146,5 +169,5 @@ int main(int argc, char *argv[])
     if (const auto exitCode = parseWithoutDisplay(parser, argc, argv))
         return *exitCode;
     const QApplication application(argc, argv);
-    return write(parser, requestedText(parser));
+    return parser.isSet(timings) ? writeWithTimings(parser) : write(parser, requestedText(parser));
 }

@@ -103,6 +103,11 @@ void reset()
     lastError = ERROR_SUCCESS;
 }
 
+void stopRecording()
+{
+    state().recording = false;
+}
+
 const std::vector<Call> &journal()
 {
     return state().journal;

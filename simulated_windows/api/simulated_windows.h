@@ -41,6 +41,9 @@ bool knowsMachine();
 /// Forgets handles, journal, faults and error state, and records from now on.
 void reset();
 
+/// Records no more. What was recorded stays.
+void stopRecording();
+
 /// Every call since reset().
 const std::vector<Call> &journal();
 

@@ -12,7 +12,7 @@ QString qtSystemEnvironment()
     QString text = QStringLiteral("System environemnt (QProcess::systemEnvironment()):") + newline;
     const QStringList entries = QProcess::systemEnvironment();
     for (const QString &entry : entries)
-        text += QStringLiteral("  %1").arg(entry) + newline;
+        appendLine(text, "  %1", entry);
     return text;
 }
 

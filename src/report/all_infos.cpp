@@ -37,11 +37,15 @@ QString openGLSection()
 QString allInfos(bool noOpenGL)
 {
     QString report = WinSysInfo::allWinInfos(); // ends with a separator line of its own
-    report += QStringLiteral("###### System informations retrieved using Qt #######") + newline;
-    for (const auto section : qtSections)
-        report += section() + separator();
-    if (!noOpenGL)
-        report += openGLSection() + separator();
+    append(report, QStringLiteral("###### System informations retrieved using Qt #######") + newline);
+    for (const auto section : qtSections) {
+        appendSection(report, section());
+        append(report, separator());
+    }
+    if (!noOpenGL) {
+        appendSection(report, openGLSection());
+        append(report, separator());
+    }
     return report;
 }
 

@@ -27,7 +27,7 @@ QString allDiskDevices()
 {
     QString text;
     for (const char *enumerator : {"FDC", "IDE", "SCSI", "USBSTOR"})
-        text += diskDevicesFromRegistry(QString::fromLatin1(enumerator));
+        append(text, diskDevicesFromRegistry(QString::fromLatin1(enumerator)));
     return text;
 }
 
@@ -103,7 +103,7 @@ QString allWinInfos()
 {
     QString text;
     for (const auto step : steps)
-        text += step();
+        appendSection(text, step());
     return text;
 }
 

@@ -28,9 +28,9 @@ QString biosInfoFromRegistry()
         return text;
     TextBuffer buffer; // one for all values, see its note on what shows
     text += listLines(key.get(), "SystemBiosVersion", "SystemBiosVersion:     ", buffer);
-    text += textLine(key.get(), {"SystemBIOSDate", "SystemBIOSDate:        %1"}, buffer);
+    appendTextLine(text, key.get(), {"SystemBIOSDate", "SystemBIOSDate:        %1"}, buffer);
     text += listLines(key.get(), "VideoBiosVersion", "VideoBiosVersion:      ", buffer);
-    text += textLine(key.get(), {"VideoBIOSDate", "VideoBIOSDate:         %1"}, buffer);
+    appendTextLine(text, key.get(), {"VideoBIOSDate", "VideoBIOSDate:         %1"}, buffer);
     return text;
 }
 

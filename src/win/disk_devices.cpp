@@ -17,16 +17,16 @@ constexpr TextValue instanceValues[] = {
     {"Service", "   Service:             %1"},
 };
 
-/// The instances of a device. Names and values share \a buffer.
-QString instanceBlocks(const RegistryKey &device, const QString &devicePath, TextBuffer &buffer)
+/// Appends the instances of a device. Names and values share \a buffer.
+void appendInstanceBlocks(QString &text, const RegistryKey &device, const QString &devicePath, TextBuffer &buffer)
 {
-    QString text;
     for (DWORD i = 0; buffer.enumerateKey(device.get(), i); ++i) {
         const RegistryKey instance(HKEY_LOCAL_MACHINE, devicePath + QStringLiteral("\\") + buffer.text());
-        if (instance)
-            text += textLines(instance.get(), instanceValues, buffer) + newline;
+        if (!instance)
+            continue;
+        appendTextLines(text, instance.get(), instanceValues, buffer);
+        append(text, newline);
     }
-    return text;
 }
 
 } // namespace
@@ -41,11 +41,13 @@ QString diskDevicesFromRegistry(const QString &enumeratorName)
     TextBuffer buffer;
     for (DWORD i = 0; buffer.enumerateKey(enumerator.get(), i); ++i) {
         const QString name = buffer.text();
-        text += name + newline;
+        appendLine(text, "%1", name);
         const QString devicePath = path + QStringLiteral("\\") + name;
         const RegistryKey device(HKEY_LOCAL_MACHINE, devicePath);
-        if (device)
-            text += instanceBlocks(device, devicePath, buffer) + newline;
+        if (!device)
+            continue;
+        appendInstanceBlocks(text, device, devicePath, buffer);
+        append(text, newline);
     }
     return text;
 }

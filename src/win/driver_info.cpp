@@ -40,26 +40,22 @@ QString rule()
     return QStringLiteral("----------------------------") + newline;
 }
 
-QString driverLines(HKEY key)
+void appendDriverLines(QString &text, HKEY key)
 {
-    QString text;
     for (const DriverValue &value : driverValues) {
         WideTextBuffer buffer;
         if (buffer.query(key, value.name))
-            text += QString::fromLatin1(value.format).arg(buffer.text()) + newline;
+            appendLine(text, value.format, buffer.view());
     }
-    return text;
 }
 
-QString propertyLines(HKEY key)
+void appendPropertyLines(QString &text, HKEY key)
 {
-    QString text;
     for (const PropertyValue &value : propertyValues) {
         NumberBuffer number;
         if (number.query(key, value.name))
-            text += QString::fromLatin1(value.format).arg(number.value()).arg(number.value(), 0, 16) + newline;
+            append(text, QString::fromLatin1(value.format).arg(number.value()).arg(number.value(), 0, 16) + newline);
     }
-    return text;
 }
 
 /// Compares the bytes of the wide name, of which a name in Latin letters shows the
@@ -82,10 +78,9 @@ struct NameBuffer
     wchar_t units[nameBufferSize] = {};
 };
 
-/// The drivers of a class, an empty line between two that wrote something.
-QString driverBlocks(const RegistryKey &deviceClass, const QString &classPath)
+/// Appends the drivers of a class, an empty line between two that wrote something.
+void appendDriverBlocks(QString &text, const RegistryKey &deviceClass, const QString &classPath)
 {
-    QString text;
     bool wroteLine = false;
     NameBuffer name;
     for (DWORD i = 0; name.enumerate(deviceClass.get(), i); ++i) {
@@ -94,23 +89,27 @@ QString driverBlocks(const RegistryKey &deviceClass, const QString &classPath)
         if (!driver)
             continue;
         if (wroteLine)
-            text += newline;
+            append(text, newline);
         const bool properties = isProperties(name.units);
-        const QString lines = properties ? propertyLines(driver.get()) : driverLines(driver.get());
         if (properties)
-            text += QStringLiteral("   Properties") + newline;
-        text += lines;
-        wroteLine = !lines.isEmpty();
+            append(text, QStringLiteral("   Properties") + newline);
+        const int size = text.size();
+        if (properties)
+            appendPropertyLines(text, driver.get());
+        else
+            appendDriverLines(text, driver.get());
+        wroteLine = text.size() > size;
     }
-    return text;
 }
 
-QString classBlock(const RegistryKey &deviceClass, const QString &classPath)
+void appendClassBlock(QString &text, const RegistryKey &deviceClass, const QString &classPath)
 {
     WideTextBuffer buffer;
     if (!buffer.query(deviceClass.get(), L"Class"))
-        return QString();
-    return buffer.text() + QStringLiteral(":") + newline + driverBlocks(deviceClass, classPath) + rule();
+        return;
+    appendLine(text, "%1:", buffer.view());
+    appendDriverBlocks(text, deviceClass, classPath);
+    append(text, rule());
 }
 
 } // namespace
@@ -129,8 +128,8 @@ QString driverInfoFromRegistry()
         if (!deviceClass)
             continue;
         if (i == 0) // of the enumeration, whether or not that class has a name
-            text += rule();
-        text += classBlock(deviceClass, classPath);
+            append(text, rule());
+        appendClassBlock(text, deviceClass, classPath);
     }
     return text;
 }

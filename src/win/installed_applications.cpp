@@ -100,15 +100,14 @@ QString openCommandLines(const QString &projectType)
     return QStringLiteral("Open command for '%1':").arg(projectType) + newline + command + newline;
 }
 
-QString applicationBlock(HKEY productKey, const KnownApplication &application)
+void appendApplicationBlock(QString &text, HKEY productKey, const KnownApplication &application)
 {
-    QString text;
     installerProductValues(productKey, text);
     for (const char *extension : application.extensions) {
         if (extension)
-            text += extensionLine(extension);
+            append(text, extensionLine(extension));
     }
-    return text + openCommandLines(QString::fromLatin1(application.projectType)) + newline;
+    append(text, openCommandLines(QString::fromLatin1(application.projectType)) + newline);
 }
 
 bool isUserTool(const char *productName)
@@ -127,7 +126,7 @@ QString installedApplicationsFromRegistry()
     QString text = QStringLiteral(">>> Info about installed Velkor applications from registry:") + newline + newline;
     forEachProduct(HKEY_CLASSES_ROOT, QStringLiteral("Installer\\Products"), [&](HKEY key, const TextBuffer &name) {
         if (const KnownApplication *application = knownApplication(name.data()))
-            text += applicationBlock(key, *application);
+            appendApplicationBlock(text, key, *application);
     });
     return text;
 }
@@ -140,7 +139,7 @@ QString installedVisualBasicApplications()
         if (!isUserTool(name.data()))
             return;
         installerProductValues(key, text);
-        text += newline;
+        append(text, newline);
     });
     return text;
 }

@@ -16,10 +16,10 @@ constexpr TextValue hexadecimalValues[] = {
     {"Language", "Language: 0x%1"},
 };
 
-QString freshTextLine(HKEY key, const TextValue &value)
+void appendFreshTextLine(QString &text, HKEY key, const TextValue &value)
 {
     TextBuffer buffer;
-    return textLine(key, value, buffer);
+    appendTextLine(text, key, value, buffer);
 }
 
 QString versionLine(HKEY key)
@@ -35,23 +35,22 @@ QString versionLine(HKEY key)
                .arg(value, 0, 16) + newline;
 }
 
-QString hexadecimalLine(HKEY key, const TextValue &value)
+void appendHexadecimalLine(QString &text, HKEY key, const TextValue &value)
 {
     NumberBuffer number;
-    if (!number.query(key, value.name))
-        return QString();
-    return QString::fromLatin1(value.format).arg(number.value(), 0, 16) + newline;
+    if (number.query(key, value.name))
+        appendLine(text, value.format, QString::number(number.value(), 16));
 }
 
 } // namespace
 
 void installerProductValues(HKEY productKey, QString &text)
 {
-    text += freshTextLine(productKey, {"ProductName", "ProductName: %1"});
-    text += versionLine(productKey);
+    appendFreshTextLine(text, productKey, {"ProductName", "ProductName: %1"});
+    append(text, versionLine(productKey));
     for (const TextValue &value : hexadecimalValues)
-        text += hexadecimalLine(productKey, value);
-    text += freshTextLine(productKey, {"PackageCode", "PackageCode: %1"});
+        appendHexadecimalLine(text, productKey, value);
+    appendFreshTextLine(text, productKey, {"PackageCode", "PackageCode: %1"});
 }
 
 void forEachProduct(HKEY root, const QString &path,

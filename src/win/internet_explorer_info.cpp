@@ -98,7 +98,7 @@ QString internetExplorerInfo()
     }
     text += QStringLiteral("Version:           %1").arg(version) + newline;
     if (hasServiceVersion)
-        text += textLines(key.get(), serviceValues, buffer);
+        appendTextLines(text, key.get(), serviceValues, buffer);
     return text;
 }
 

@@ -35,7 +35,7 @@ QString loadedModulesList()
     QString text = QStringLiteral("Loaded modules/DLLs:") + newline;
     const QStringList modules = loadedModules();
     for (const QString &module : modules)
-        text += module + newline;
+        appendLine(text, "%1", module);
     return text;
 }
 

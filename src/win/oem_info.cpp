@@ -31,7 +31,8 @@ QString oemInfoFromRegistry()
     // This one key stays open, by design: the calls of a report are as fixed as its text.
     const HKEY key = owner.release();
     TextBuffer buffer;
-    return text + textLines(key, values, buffer);
+    appendTextLines(text, key, values, buffer);
+    return text;
 }
 
 } // namespace WinSysInfo

@@ -31,7 +31,7 @@ QString processorBlock(HKEY key, int index)
     QString text = QStringLiteral("Processor #%1").arg(index) + newline;
     for (const TextValue &value : textValues) {
         TextBuffer buffer;
-        text += textLine(key, value, buffer);
+        appendTextLine(text, key, value, buffer);
     }
     NumberBuffer megahertz;
     if (megahertz.query(key, "~MHZ"))

@@ -60,7 +60,13 @@ bool WideTextBuffer::query(HKEY key, const wchar_t *valueName)
 
 QString WideTextBuffer::text() const
 {
-    return wideText(m_units, valueBufferSize / sizeof(wchar_t));
+    return view().toString();
+}
+
+QStringView WideTextBuffer::view() const
+{
+    const wchar_t *const end = std::find(m_units, m_units + valueBufferSize / sizeof(wchar_t), L'\0');
+    return QStringView(reinterpret_cast<const QChar *>(m_units), end - m_units);
 }
 
 QString WideTextBuffer::text(DWORD units) const

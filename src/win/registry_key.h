@@ -6,6 +6,7 @@
 #pragma once
 
 #include <QtCore/QString>
+#include <QtCore/QStringView>
 #include <windows.h>
 
 namespace velkor {
@@ -71,6 +72,8 @@ public:
     const wchar_t *data() const { return m_units; }
     /// Up to the first null.
     QString text() const;
+    /// The same as a view of the buffer, for as long as that is left alone.
+    QStringView view() const;
     /// Exactly so many units, nulls included.
     QString text(DWORD units) const;
 

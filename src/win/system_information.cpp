@@ -27,8 +27,8 @@ QString systemInformationFromRegistry()
         return text;
     TextBuffer buffer;
     NumberBuffer number;
-    text += textLines(key.get(), textValues, buffer);
-    text += signedLine(key.get(), informationSource, number);
+    appendTextLines(text, key.get(), textValues, buffer);
+    appendSignedLine(text, key.get(), informationSource, number);
     return text;
 }
 

@@ -30,9 +30,10 @@ QString timeZoneInfoFromRegistry()
         return text;
     NumberBuffer number;
     for (const TextValue &bias : biases)
-        text += signedLine(key.get(), bias, number);
+        appendSignedLine(text, key.get(), bias, number);
     TextBuffer buffer;
-    return text + textLines(key.get(), names, buffer);
+    appendTextLines(text, key.get(), names, buffer);
+    return text;
 }
 
 } // namespace WinSysInfo

@@ -6,18 +6,16 @@ namespace velkor {
 namespace SystemInfo {
 namespace WinSysInfo {
 
-QString textLine(HKEY key, const TextValue &value, TextBuffer &buffer)
+void appendTextLine(QString &text, HKEY key, const TextValue &value, TextBuffer &buffer)
 {
-    if (!buffer.query(key, value.name))
-        return QString();
-    return QString::fromLatin1(value.format).arg(buffer.text()) + newline;
+    if (buffer.query(key, value.name))
+        appendLine(text, value.format, buffer.text());
 }
 
-QString signedLine(HKEY key, const TextValue &value, NumberBuffer &number)
+void appendSignedLine(QString &text, HKEY key, const TextValue &value, NumberBuffer &number)
 {
-    if (!number.query(key, value.name))
-        return QString();
-    return QString::fromLatin1(value.format).arg(qint32(number.value())) + newline;
+    if (number.query(key, value.name))
+        appendLine(text, value.format, QString::number(qint32(number.value())));
 }
 
 } // namespace WinSysInfo

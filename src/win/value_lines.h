@@ -14,22 +14,20 @@ struct TextValue
     const char *format;
 };
 
-/// The line of a 8-bit text value of \a key, read into \a buffer; empty when the
-/// value cannot be read.
-QString textLine(HKEY key, const TextValue &value, TextBuffer &buffer);
+/// Appends the line of a 8-bit text value of \a key, read into \a buffer; nothing when
+/// the value cannot be read.
+void appendTextLine(QString &text, HKEY key, const TextValue &value, TextBuffer &buffer);
 
-/// The lines of all values of a table, one after the other through one buffer.
+/// Appends the lines of all values of a table, one after the other through one buffer.
 template <std::size_t count>
-QString textLines(HKEY key, const TextValue (&values)[count], TextBuffer &buffer)
+void appendTextLines(QString &text, HKEY key, const TextValue (&values)[count], TextBuffer &buffer)
 {
-    QString text;
     for (const TextValue &value : values)
-        text += textLine(key, value, buffer);
-    return text;
+        appendTextLine(text, key, value, buffer);
 }
 
-/// The line of a number of \a key as signed decimal, read into \a number.
-QString signedLine(HKEY key, const TextValue &value, NumberBuffer &number);
+/// Appends the line of a number of \a key as signed decimal, read into \a number.
+void appendSignedLine(QString &text, HKEY key, const TextValue &value, NumberBuffer &number);
 
 } // namespace WinSysInfo
 } // namespace SystemInfo

@@ -71,20 +71,18 @@ constexpr AdapterNumber numbers[] = {
     {L"OpenGLFlagsWoW", "   OpenGL Flags WoW: %1 = 0x%2"},
 };
 
-QString valueLine(HKEY key, const AdapterValue &value)
+void appendValueLine(QString &text, HKEY key, const AdapterValue &value)
 {
     WideTextBuffer buffer;
-    if (!buffer.query(key, value.name))
-        return QString();
-    return QString::fromLatin1(value.format).arg(value.decode(buffer)) + newline;
+    if (buffer.query(key, value.name))
+        appendLine(text, value.format, value.decode(buffer));
 }
 
-QString numberLine(HKEY key, const AdapterNumber &value)
+void appendNumberLine(QString &text, HKEY key, const AdapterNumber &value)
 {
     NumberBuffer number;
-    if (!number.query(key, value.name))
-        return QString();
-    return QString::fromLatin1(value.format).arg(number.value()).arg(number.value(), 0, 16) + newline;
+    if (number.query(key, value.name))
+        append(text, QString::fromLatin1(value.format).arg(number.value()).arg(number.value(), 0, 16) + newline);
 }
 
 bool memorySize(HKEY key, quint64 &bytes)
@@ -107,17 +105,16 @@ QString memoryLine(HKEY key)
     return QStringLiteral("   Video Memory: ") + formatByteSize(bytes) + newline;
 }
 
-QString configurationBlock(HKEY key, const QString &name)
+void appendConfigurationBlock(QString &text, HKEY key, const QString &name)
 {
-    QString text = QStringLiteral("%1").arg(name) + newline;
+    appendLine(text, "%1", name);
     for (const AdapterValue &value : valuesBeforeMemory)
-        text += valueLine(key, value);
-    text += memoryLine(key);
+        appendValueLine(text, key, value);
+    append(text, memoryLine(key));
     for (const AdapterValue &value : valuesBehindMemory)
-        text += valueLine(key, value);
+        appendValueLine(text, key, value);
     for (const AdapterNumber &number : numbers)
-        text += numberLine(key, number);
-    return text;
+        appendNumberLine(text, key, number);
 }
 
 QString serviceLine(const QString &adapterPath)
@@ -131,21 +128,19 @@ QString serviceLine(const QString &adapterPath)
     return QStringLiteral("### Service: %1").arg(buffer.text()) + newline;
 }
 
-/// The numbered keys of an adapter. The walk ends behind its body: the call that
+/// Appends the numbered keys of an adapter. The walk ends behind its body: the call that
 /// finds no more keys leaves the last name in the buffer, and that key is visited
 /// again. As "Video" is the last key of most adapters this shows rarely; it is the
 /// report's format and must stay.
-QString configurationBlocks(const RegistryKey &adapter, const QString &adapterPath, TextBuffer &name)
+void appendConfigurationBlocks(QString &text, const RegistryKey &adapter, const QString &adapterPath, TextBuffer &name)
 {
-    QString text;
     bool found = true;
     for (DWORD i = 0; found; ++i) {
         found = name.enumerateKey(adapter.get(), i);
         const RegistryKey key(HKEY_LOCAL_MACHINE, adapterPath + QStringLiteral("\\") + name.text());
         if (key && qstricmp(name.data(), "Video") != 0)
-            text += configurationBlock(key.get(), name.text());
+            appendConfigurationBlock(text, key.get(), name.text());
     }
-    return text;
 }
 
 } // namespace
@@ -163,8 +158,8 @@ QString videoInfoFromRegistry()
         const RegistryKey adapter(HKEY_LOCAL_MACHINE, adapterPath);
         if (!adapter)
             continue;
-        text += serviceLine(adapterPath); // two steps: Windows is asked in this order
-        text += configurationBlocks(adapter, adapterPath, name);
+        append(text, serviceLine(adapterPath)); // two steps: Windows is asked in this order
+        appendConfigurationBlocks(text, adapter, adapterPath, name);
     }
     return text;
 }

@@ -30,7 +30,8 @@ QString windowsVersionFromRegistry()
     if (!key)
         return text;
     TextBuffer buffer;
-    return text + textLines(key.get(), values, buffer);
+    appendTextLines(text, key.get(), values, buffer);
+    return text;
 }
 
 } // namespace WinSysInfo

@@ -5,6 +5,7 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
 
 class VkReportTest : public QObject
@@ -22,6 +23,8 @@ private Q_SLOTS:
     void outputFile();
     void outputFileThatCannotBeWritten();
     void bonjour();
+    void timingsOfTheReport();
+    void timingsOfSections();
 #ifdef SIMULATED_WINDOWS
     void platformNameOfADescribedMachine();
     void bonjourOfADescribedMachine();
@@ -43,6 +46,35 @@ ProgramRun vkreport(const QStringList &arguments, const QString &machine = QStri
 
 const char sectionNames[] = "qtDateTime\nqtGlobal\nqtCoreApplication\nqtLocale\nqtScreens\nqtDesktop\n"
                             "qtDesktopServices\nqtAccessibility\nqtPrinterInfo\nqtHostInfo\nqtSystemEnvironment\n";
+
+/// A line of --timings, such as "     1.234 ms   12.3 %  qtLocale".
+struct Timing
+{
+    double milliseconds;
+    double share;
+    QString name;
+};
+
+/// What standard error holds beside these lines is not among them.
+QList<Timing> timingLines(const QByteArray &errors)
+{
+    const QRegularExpression form(QStringLiteral("^ *([0-9]+\\.[0-9]{3}) ms  (?: *([0-9]+\\.[0-9]) %| {7})  (.+)$"));
+    QList<Timing> timings;
+    for (const QString &line : QString::fromUtf8(errors).remove(QLatin1Char('\r')).split(QLatin1Char('\n'))) {
+        const QRegularExpressionMatch match = form.match(line);
+        if (match.hasMatch())
+            timings += {match.captured(1).toDouble(), match.captured(2).toDouble(), match.captured(3)};
+    }
+    return timings;
+}
+
+QStringList namesOf(const QList<Timing> &timings)
+{
+    QStringList names;
+    for (const Timing &timing : timings)
+        names += timing.name;
+    return names;
+}
 
 } // namespace
 
@@ -104,6 +136,9 @@ void VkReportTest::wrongUsage_data()
     QTest::newRow("an unknown option") << QStringList({"--colour"}) << QByteArray("vkreport: Unknown option 'colour'.\n");
     QTest::newRow("an option without its value")
         << QStringList({"--output"}) << QByteArray("vkreport: Missing value after '--output'.\n");
+    QTest::newRow("timings of what is no section")
+        << QStringList({"--timings", "--platform-name"})
+        << QByteArray("vkreport: --timings goes with the report or with --section\n");
     QTest::newRow("an argument too many") << QStringList({"report.txt"})
                                           << QByteArray("vkreport: unexpected argument 'report.txt'\n");
 }
@@ -148,6 +183,43 @@ void VkReportTest::bonjour()
     const ProgramRun run = vkreport({"--bonjour"});
     QCOMPARE(run.exitCode, 0);
     COMPARE_TEXT(QString::fromUtf8(run.output), QStringLiteral("dnssd.dll: not installed\nvkdnssd.dll: not installed\n"));
+}
+
+// The whole is its parts, and standard output is as without timings.
+void VkReportTest::timingsOfTheReport()
+{
+    const ProgramRun run = vkreport({"--no-opengl", "--timings"});
+    QCOMPARE(run.exitCode, 0);
+    QVERIFY(run.output.startsWith("############ Windows specific section ###########\n"));
+    QVERIFY(!run.output.contains("qtDateTime"));
+    const int lines = vkreport({"--no-opengl"}).output.count('\n');
+    QCOMPARE(run.output.count('\n'), lines);
+
+    const QList<Timing> timings = timingLines(run.errors);
+    QStringList names = QString(sectionNames).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (const char *name : {"Qt half, which is:", "Windows half and network interfaces", "the report once more, which is:",
+                             "the report as printed, the first of this process"})
+        names.prepend(QString::fromLatin1(name));
+    QCOMPARE(namesOf(timings), names);
+    QVERIFY(timings.at(0).milliseconds > 0);
+    QVERIFY(timings.at(1).milliseconds > 0);
+    QCOMPARE(timings.at(1).share, 100.0);
+    double sections = 0;
+    for (const Timing &timing : timings.mid(4))
+        sections += timing.milliseconds;
+    QVERIFY2(qAbs(timings.at(3).milliseconds - sections) < 0.001 * names.size(), run.errors); // they are rounded
+    const double rest = qMax(timings.at(1).milliseconds - timings.at(3).milliseconds, 0.0);
+    QVERIFY2(qAbs(timings.at(2).milliseconds - rest) < 0.002, run.errors);
+}
+
+void VkReportTest::timingsOfSections()
+{
+    const ProgramRun run = vkreport({"--timings", "--section", "qtHostInfo", "--section", "qtGlobal"});
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.output, vkreport({"--section", "qtHostInfo", "--section", "qtGlobal"}).output);
+    const QList<Timing> timings = timingLines(run.errors);
+    QCOMPARE(namesOf(timings), QStringList({"qtHostInfo", "qtGlobal"}));
+    QVERIFY2(qAbs(timings.at(0).share + timings.at(1).share - 100) < 0.2, run.errors);
 }
 
 #ifdef SIMULATED_WINDOWS

@@ -1,0 +1,45 @@
+#include "report/text.h"
+
+#include <cstring>
+
+namespace velkor {
+namespace SystemInfo {
+namespace {
+
+void makeRoom(QString &text, int more)
+{
+    constexpr int least = 256; // short texts are not worth several steps
+    const int needed = text.size() + more;
+    if (needed > text.capacity())
+        text.reserve(qMax(qMax(needed, least), text.size() + text.size() / 4));
+}
+
+} // namespace
+
+void append(QString &text, const QString &more)
+{
+    makeRoom(text, more.size());
+    text += more;
+}
+
+void appendSection(QString &text, QString section)
+{
+    section.squeeze();
+    append(text, section);
+}
+
+void appendLine(QString &text, const char *format, QStringView value)
+{
+    const char *const place = std::strstr(format, "%1");
+    Q_ASSERT(place);
+    const QLatin1String before(format, int(place - format));
+    const QLatin1String behind(place + 2);
+    makeRoom(text, before.size() + int(value.size()) + behind.size() + newline.size());
+    text += before;
+    text.append(value.data(), int(value.size()));
+    text += behind;
+    text += newline;
+}
+
+} // namespace SystemInfo
+} // namespace velkor

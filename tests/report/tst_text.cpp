@@ -1,0 +1,70 @@
+// How long texts are put together.
+
+#include "report/text.h"
+#include "texts.h"
+
+using namespace velkor::SystemInfo;
+
+class TextTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void lines_data();
+    void lines();
+    void takesLittleMoreThanItHolds();
+    void sections();
+};
+
+void TextTest::lines_data()
+{
+    QTest::addColumn<QByteArray>("format");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("a label") << QByteArray("Model:     %1") << "P757" << "Model:     P757\n";
+    QTest::newRow("text behind the value") << QByteArray("a %1 b%") << "x" << "a x b%\n";
+    QTest::newRow("the value alone") << QByteArray("%1") << "x" << "x\n";
+    QTest::newRow("no value") << QByteArray("a %1") << QString() << "a \n";
+    QTest::newRow("a value with place markers") << QByteArray("a %1") << "%1 %2 %L1" << "a %1 %2 %L1\n";
+    QTest::newRow("a value with nulls and a byte-order mark")
+        << QByteArray("a %1") << QString(QChar(0xfeff) + QString(QChar(0)) + QLatin1Char('x'))
+        << QString(QStringLiteral("a ") + QChar(0xfeff) + QChar(0) + QStringLiteral("x\n"));
+}
+
+void TextTest::lines()
+{
+    QFETCH(QByteArray, format);
+    QFETCH(QString, value);
+    QFETCH(QString, expected);
+    QString text = QStringLiteral("before\n");
+    appendLine(text, format.constData(), value);
+    COMPARE_TEXT(text, QStringLiteral("before\n") + expected);
+}
+
+void TextTest::takesLittleMoreThanItHolds()
+{
+    QString text;
+    int most = 0; // percent
+    for (int i = 0; i < 20000; ++i) {
+        appendLine(text, "   Driver Version:     %1", QStringLiteral("31.0.101.2111"));
+        if (text.size() > 1000)
+            most = qMax(most, int(100LL * text.capacity() / text.size()));
+    }
+    QCOMPARE(text.size(), 20000 * (23 + 13 + 1));
+    QVERIFY2(most <= 126, qPrintable(QString::number(most)));
+}
+
+void TextTest::sections()
+{
+    QString section = QString(1000, QLatin1Char('s'));
+    section.reserve(100000);
+    QString text = QStringLiteral("a");
+    appendSection(text, section);
+    appendSection(text, QString());
+    COMPARE_TEXT(text, QLatin1Char('a') + QString(1000, QLatin1Char('s')));
+    QCOMPARE(section.size(), 1000); // the caller's own stays
+    QVERIFY(text.capacity() < 1300);
+}
+
+QTEST_GUILESS_MAIN(TextTest)
+#include "tst_text.moc"
