@@ -107,9 +107,9 @@ Size sizeOf(const machine::Machine &machine)
 /// something is read that was never written.
 void scribble(unsigned char byte)
 {
-    volatile unsigned char area[64 * 1024];
-    for (std::size_t i = 0; i < sizeof area; ++i)
-        area[i] = byte;
+    unsigned char area[64 * 1024];
+    std::memset(area, byte, sizeof area);
+    asm volatile("" : : "r"(area) : "memory"); // is needed, whatever the optimiser thinks
 }
 
 void prepare()

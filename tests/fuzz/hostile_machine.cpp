@@ -111,9 +111,16 @@ private:
             key().setValue(newValue);
     }
 
+    /// Mostly few, for they are dear.
+    int bulk()
+    {
+        const int count = m_stream.byte();
+        return count < 240 ? count % 48 : (count - 240) << 8 | m_stream.byte();
+    }
+
     void addSubKeys()
     {
-        const int wanted = m_stream.word() % 4096;
+        const int wanted = bulk();
         const int form = m_stream.index(4);
         const RegistryValue common = value(knownValue());
         const int count = std::min(wanted, m_bulkLeft);
@@ -132,7 +139,7 @@ private:
     {
         switch (TextForm(m_stream.index(int(TextForm::Count)))) {
         case TextForm::Latin1:
-            return QString::fromLatin1(m_stream.bytes(m_stream.byte()));
+            return latin1(m_stream.bytes(m_stream.byte()));
         case TextForm::Utf16:
             return utf16(m_stream.bytes(2 * m_stream.byte()));
         case TextForm::Known:
@@ -141,8 +148,10 @@ private:
             const int length = m_stream.word() % longestText;
             return QString(length, QChar(m_stream.word()));
         }
-        case TextForm::Utf8:
-            return QString::fromUtf8(m_stream.bytes(m_stream.byte()));
+        case TextForm::Utf8: {
+            const QByteArray bytes = m_stream.bytes(m_stream.byte());
+            return QString::fromUtf8(bytes.constData(), bytes.size());
+        }
         case TextForm::Pair: {
             if (depth > 3)
                 return QString();
@@ -150,7 +159,7 @@ private:
             return first + text(depth + 1);
         }
         case TextForm::LongLatin1:
-            return QString::fromLatin1(m_stream.bytes(m_stream.word()));
+            return latin1(m_stream.bytes(m_stream.word()));
         case TextForm::Filled: {
             const int length = m_stream.word() % longestText;
             const QString part = depth > 3 ? QString() : text(depth + 1);
@@ -161,6 +170,9 @@ private:
         }
         return QString();
     }
+
+    // Nulls included, which Qt ends a QByteArray at.
+    static QString latin1(const QByteArray &bytes) { return QString::fromLatin1(bytes.constData(), bytes.size()); }
 
     static QString utf16(const QByteArray &bytes)
     {
@@ -455,7 +467,7 @@ private:
             else
                 names.emplace_back(text());
         }
-        const std::size_t more = m_stream.word() % 2048u;
+        const auto more = std::size_t(bulk());
         if (!names.empty()) {
             const std::optional<QString> last = names.back();
             names.insert(names.end(), more, last);

@@ -16,7 +16,7 @@ enum class Step : quint8 {
     Leave,          // to the parent
     SetKnownValue,  // number of a known value, data
     SetValue,       // text, data
-    AddSubKeys,     // word: how many, byte: kind of name, number of a known value, data
+    AddSubKeys,     // how many, byte: kind of name, number of a known value, data
     RemoveSubKey,   // text
     RemoveValue,    // number of a known value
     Answer,         // an Asked, what it is answered

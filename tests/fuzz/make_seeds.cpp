@@ -1,5 +1,8 @@
-// Writes the seeds of described machines: make_seeds FOLDER MACHINE...
+// Writes the seeds of described machines: make_seeds CORPUS MACHINE...
+//
+// CORPUS has a folder for each target, MACHINE is the folder that describes one.
 
+#include "file_seeds.h"
 #include "seeds.h"
 
 #include "machine_loader.h"
@@ -10,30 +13,33 @@
 
 namespace {
 
-bool writeFile(const QString &path, const QByteArray &contents)
+bool fail(const QString &message)
 {
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size() && file.flush())
-        return true;
-    std::fprintf(stderr, "%s: %s\n", qPrintable(path), qPrintable(file.errorString()));
+    std::fprintf(stderr, "%s\n", qPrintable(message));
     return false;
 }
 
-bool writeSeeds(const QString &folder, const QString &machineFolder)
+bool writeSeeds(const QString &folder, const QString &machineName, const QMap<QString, QByteArray> &seeds)
+{
+    if (!QDir().mkpath(folder))
+        return fail(folder + QStringLiteral(" cannot be made"));
+    for (auto it = seeds.begin(); it != seeds.end(); ++it) {
+        QFile file(folder + QLatin1Char('/') + machineName + QLatin1Char('-') + it.key());
+        if (!file.open(QIODevice::WriteOnly) || file.write(it.value()) != it.value().size() || !file.flush())
+            return fail(file.fileName() + QStringLiteral(": ") + file.errorString());
+    }
+    return true;
+}
+
+bool makeSeeds(const QString &corpus, const QString &machineFolder)
 {
     QString error;
     const auto machine = machine::loadMachine(machineFolder, error);
-    if (!machine) {
-        std::fprintf(stderr, "%s\n", qPrintable(error));
-        return false;
-    }
-    const QMap<QString, QByteArray> seeds = seedsOf(*machine);
-    const QString start = folder + QLatin1Char('/') + QDir(machineFolder).dirName() + QLatin1Char('-');
-    for (auto it = seeds.begin(); it != seeds.end(); ++it) {
-        if (!writeFile(start + it.key(), it.value()))
-            return false;
-    }
-    return true;
+    if (!machine)
+        return fail(error);
+    const QString name = QDir(machineFolder).dirName();
+    return writeSeeds(corpus + QStringLiteral("/report"), name, seedsOf(*machine))
+        && writeSeeds(corpus + QStringLiteral("/machine_files"), name, fileSeedsOf(*machine));
 }
 
 } // namespace
@@ -41,14 +47,11 @@ bool writeSeeds(const QString &folder, const QString &machineFolder)
 int main(int argc, char *argv[])
 {
     if (argc < 3) {
-        std::fprintf(stderr, "usage: make_seeds FOLDER MACHINE...\n");
+        std::fprintf(stderr, "usage: make_seeds CORPUS MACHINE...\n");
         return 2;
     }
-    const QString folder = QFile::decodeName(argv[1]);
-    if (!QDir().mkpath(folder))
-        return 1;
     for (int i = 2; i < argc; ++i) {
-        if (!writeSeeds(folder, QFile::decodeName(argv[i])))
+        if (!makeSeeds(QFile::decodeName(argv[1]), QFile::decodeName(argv[i])))
             return 1;
     }
     return 0;

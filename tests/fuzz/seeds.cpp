@@ -354,7 +354,7 @@ void writeModules(StepWriter &writer, const machine::SystemAnswers &system)
             if (name)
                 writer.text(*name);
         }
-        writer.word(0); // no more of the last
+        writer.byte(0); // no more of the last
     });
     for (int i = 0; i < 2; ++i) {
         const auto library = system.libraries.constFind(QString::fromLatin1(libraryNames[i]));

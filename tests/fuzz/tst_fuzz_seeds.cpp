@@ -1,6 +1,7 @@
 // The seeds of the fuzzer are the described machines.
 
 #include "described_windows.h"
+#include "file_seeds.h"
 #include "hostile_machine.h"
 #include "qt/qt_network_interfaces.h"
 #include "seeds.h"
@@ -24,6 +25,25 @@ QString wholeText(const machine::Machine &machine)
     for (quint32 index = 0; index < 32; ++index)
         text += adapterDetails(index);
     return text;
+}
+
+QByteArray contentsOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void compareFolder(const QString &machineName, const QString &target, const QMap<QString, QByteArray> &seeds)
+{
+    const QDir folder(QStringLiteral(CORPUS_DIR "/") + target);
+    QStringList expected;
+    for (auto it = seeds.begin(); it != seeds.end(); ++it)
+        expected += machineName + QLatin1Char('-') + it.key();
+    QCOMPARE(folder.entryList({machineName + QStringLiteral("-*")}, QDir::Files, QDir::Name), expected);
+    for (auto it = seeds.begin(); it != seeds.end(); ++it) {
+        const QString path = folder.filePath(machineName + QLatin1Char('-') + it.key());
+        QVERIFY2(contentsOf(path) == it.value(), qPrintable(path + QStringLiteral(" is to be made again by make_seeds")));
+    }
 }
 
 } // namespace
@@ -64,17 +84,10 @@ void TestFuzzSeeds::seedsMakeTheSameReport()
 void TestFuzzSeeds::committedSeedsAreThoseOfTheMachine()
 {
     QFETCH(QString, name);
-    const QMap<QString, QByteArray> seeds = seedsOf(DescribedWindows::load(name));
-    const QDir folder(QStringLiteral(CORPUS_DIR "/report"));
-    QStringList expected;
-    for (const QString &seed : seeds.keys())
-        expected += name + QLatin1Char('-') + seed;
-    QCOMPARE(folder.entryList({name + QStringLiteral("-*")}, QDir::Files, QDir::Name), expected);
-    for (auto it = seeds.begin(); it != seeds.end(); ++it) {
-        QFile file(folder.filePath(name + QLatin1Char('-') + it.key()));
-        QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(file.errorString()));
-        QVERIFY2(file.readAll() == it.value(), qPrintable(file.fileName() + QStringLiteral(" is to be made again by make_seeds")));
-    }
+    const machine::Machine machine = DescribedWindows::load(name);
+    compareFolder(name, QStringLiteral("report"), seedsOf(machine));
+    if (!QTest::currentTestFailed())
+        compareFolder(name, QStringLiteral("machine_files"), fileSeedsOf(machine));
 }
 
 void TestFuzzSeeds::anyBytesAreAMachine()
