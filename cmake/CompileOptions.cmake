@@ -21,3 +21,7 @@ if(VKSYSTEMINFO_COVERAGE)
     target_compile_options(vksysteminfo_options INTERFACE --coverage -fno-inline)
     target_link_options(vksysteminfo_options INTERFACE --coverage)
 endif()
+if(VKSYSTEMINFO_FUZZ) # the containers' own checks see what the sanitizers do not
+    target_compile_options(vksysteminfo_options INTERFACE -fsanitize=fuzzer-no-link)
+    target_compile_definitions(vksysteminfo_options INTERFACE _GLIBCXX_ASSERTIONS)
+endif()

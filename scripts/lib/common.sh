@@ -19,9 +19,9 @@ qt_for_windows_prefix() { printf '%s\n' "${VKSYSTEMINFO_QT_WINDOWS:-$cache_dir/q
 build() {
   local preset=$1; shift
   local part=native
-  case "$preset" in windows*) part=windows ;; esac
+  case "$preset" in windows*) part=windows ;; *-fuzz) part=fuzz ;; esac
   "$repo_dir/scripts/install-dependencies" "$part"
-  [ "$part" = native ] || "$repo_dir/scripts/build-qt-for-windows"
+  [ "$part" != windows ] || "$repo_dir/scripts/build-qt-for-windows"
   mkdir -p "$repo_dir/build"
   (
     flock 8

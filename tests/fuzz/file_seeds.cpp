@@ -1,0 +1,86 @@
+#include "file_seeds.h"
+
+#include "registry_file.h"
+#include "system_file.h"
+
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+
+namespace {
+
+constexpr int longestPiece = 1500; // in characters
+
+QString textOf(const QByteArray &utf16File)
+{
+    QString text;
+    for (int i = 2; i + 1 < utf16File.size(); i += 2) // behind the byte-order mark
+        text += QChar(uchar(utf16File.at(i)) | uchar(utf16File.at(i + 1)) << 8);
+    return text;
+}
+
+QByteArray withByteOrderMark(const QString &text)
+{
+    QByteArray contents("\xff\xfe");
+    for (const QChar unit : text) {
+        contents += char(unit.cell());
+        contents += char(unit.row());
+    }
+    return contents;
+}
+
+/// The keys of \a text, each from its bracket to the next.
+QStringList blocks(const QString &text)
+{
+    QStringList result;
+    int from = text.indexOf(QLatin1String("\n["));
+    while (from >= 0) {
+        const int to = text.indexOf(QLatin1String("\n["), from + 1);
+        result += text.mid(from + 1, to < 0 ? -1 : to - from);
+        from = to;
+    }
+    return result;
+}
+
+/// registry.reg with some keys each; every fourth in UTF-16, the others in UTF-8.
+QMap<QString, QByteArray> registryFileSeeds(const machine::Registry &registry)
+{
+    QMap<QString, QByteArray> seeds;
+    const QString firstLine = QStringLiteral("Windows Registry Editor Version 5.00\r\n");
+    QString piece;
+    const auto end = [&] {
+        const int number = seeds.size();
+        const QString contents = firstLine + piece;
+        seeds[QStringLiteral("registry-%1").arg(number, 2, 10, QLatin1Char('0'))]
+            = number % 4 == 3 ? withByteOrderMark(contents) : contents.toUtf8();
+        piece.clear();
+    };
+    const QStringList keys = blocks(textOf(machine::writeRegistryFile(registry)));
+    for (const QString &key : keys) {
+        if (piece.size() + key.size() > longestPiece && !piece.isEmpty())
+            end();
+        piece += key;
+    }
+    end();
+    return seeds;
+}
+
+/// system.json with one member each.
+QMap<QString, QByteArray> systemFileSeeds(const machine::SystemAnswers &system)
+{
+    QMap<QString, QByteArray> seeds;
+    const QJsonObject object = QJsonDocument::fromJson(machine::writeSystemFile(system)).object();
+    for (auto it = object.begin(); it != object.end(); ++it) {
+        seeds[QStringLiteral("system-") + it.key().toLower()]
+            = QJsonDocument(QJsonObject {{it.key(), it.value()}}).toJson(QJsonDocument::Compact);
+    }
+    return seeds;
+}
+
+} // namespace
+
+QMap<QString, QByteArray> fileSeedsOf(const machine::Machine &machine)
+{
+    QMap<QString, QByteArray> seeds = registryFileSeeds(machine.registry);
+    seeds.insert(systemFileSeeds(machine.system));
+    return seeds;
+}

@@ -1,0 +1,297 @@
+// The Windows half of the report, the details of network adapters and the OpenGL
+// drivers over a hostile machine.
+//
+// Beside what the sanitizers see, this must hold for any machine, whichever calls fail
+// and whatever changes between two of them: every section is there with its first line
+// and its separator, in order; handles are given back but for the one key; no call is
+// given a buffer that is too large; cost and text are in proportion to the machine.
+
+#include "fuzz_target.h"
+#include "hostile_machine.h"
+#include "known_names.h"
+
+#include "qt/qt_network_interfaces.h"
+#include "simulated_windows.h"
+#include "vkSystemInfo.h"
+#include "win/registry_key.h"
+#include "win/windows_sections.h"
+
+#include <algorithm>
+#include <cstring>
+
+using namespace velkor::SystemInfo;
+using machine::RegistryRoot;
+
+namespace {
+
+constexpr std::size_t mostCalls = 60000; // from there on, enumerations end
+
+/// What Windows is asked in one run, and its text.
+struct Run
+{
+    QString windowsHalf;
+    QString others;
+};
+
+const char *const firstLines[] = {
+    "Windows version: \n",
+    "Windows version information from Registry\n",
+    "This is a 64bit application.\n",
+    "Internet Explorer information from Registry\n",
+    "Processor information: \n",
+    "Central Processor information from Registry\n",
+    "Memory Information:\n",
+    "Computer name\n",
+    "OEM Information from Registry\n",
+    "SystemInformation from Registry\n",
+    "BIOS information from Registry\n",
+    ">>> Info about video from registry:\n\n",
+    ">>> Info about drivers from registry:\n\n",
+    "Time Zone information from Registry\n",
+    ">>> Info about installed Velkor applications from registry:\n\n",
+    ">>> Info about installed Velkor Visual Basic applications from registry:\n\n",
+    "WinSxS directory entries\n",
+    "Some environment variables:\n",
+    "Disk information: \n",
+    ">>> Info about 'FDC' disk devices from registry:\n",
+    ">>> Info about 'IDE' disk devices from registry:\n",
+    ">>> Info about 'SCSI' disk devices from registry:\n",
+    ">>> Info about 'USBSTOR' disk devices from registry:\n",
+    ">> Info about 'PARALLEL PORTS' ports from registry:\n",
+    ">> Info about 'SERIALCOMM' ports from registry:\n",
+    "Registry quota:\n",
+    "Windows system directories\n",
+    "Special Folders: \n",
+    "Standard Bonjour: ",
+    "velkor DNS-SD: ",
+    "RefCount for vkdnssd.dll: ",
+    "Loaded modules/DLLs:\n",
+};
+
+/// Everything that a report could show of a machine, roughly.
+struct Size
+{
+    std::size_t keys = 0;
+    std::size_t values = 0;
+    std::size_t placeholders = 0; // in names of values, each replaced by data
+    bool plainNames = true;       // each key is opened by the name it is listed with
+};
+
+bool isPlain(const QString &name)
+{
+    return std::all_of(name.begin(), name.end(), [](QChar unit) {
+        return unit >= QLatin1Char(' ') && unit <= QLatin1Char('~') && unit != QLatin1Char('?');
+    });
+}
+
+void measure(const machine::RegistryKey &key, Size &size)
+{
+    ++size.keys;
+    size.plainNames = size.plainNames && isPlain(key.name());
+    size.values += key.values().size();
+    for (const machine::RegistryValue &value : key.values())
+        size.placeholders += std::size_t(value.name.count(QLatin1Char('%')));
+    for (std::size_t i = 0; i < key.subKeyCount(); ++i)
+        measure(*key.subKeyAt(i), size);
+}
+
+Size sizeOf(const machine::Machine &machine)
+{
+    Size size;
+    for (const RegistryRoot root : {RegistryRoot::ClassesRoot, RegistryRoot::CurrentUser, RegistryRoot::LocalMachine})
+        measure(*machine.registry.root(root), size);
+    return size;
+}
+
+/// Leaves other bytes on the stack than the run before, so that two runs differ where
+/// something is read that was never written.
+void scribble(unsigned char byte)
+{
+    unsigned char area[64 * 1024];
+    std::memset(area, byte, sizeof area);
+    asm volatile("" : : "r"(area) : "memory"); // is needed, whatever the optimiser thinks
+}
+
+void prepare()
+{
+    silenceMessages();
+    simulated::installNothing();
+    // Tables that are kept for good are made before anything is counted as a leak.
+    for (const int codePage : codePages) {
+        HostileMachine hostile;
+        hostile.machine.system.ansiCodePage = codePage;
+        machine::createKey(hostile.machine.registry.root(RegistryRoot::LocalMachine),
+                           QStringLiteral("SYSTEM\\CurrentControlSet\\Enum\\FDC\\A"));
+        simulated::reset();
+        simulated::install(std::move(hostile.machine));
+        WinSysInfo::allWinInfos();
+    }
+}
+
+QString driverText()
+{
+    QString text;
+    const QString returned = ScanOpenGLInfo(nullptr).GetOpenGLDriverInfo(text);
+    require(text.startsWith(QStringLiteral("#### Info about the OpenGL driver DLL's from registry ###\n")),
+            "the OpenGL drivers begin with their heading", text.toUtf8());
+    require(text.endsWith(QLatin1Char('\n')), "the OpenGL drivers end a line");
+    require(returned.isEmpty() || returned == QStringLiteral("\n"), "the OpenGL drivers return an empty line or nothing");
+    return text;
+}
+
+QString adapterText(quint32 index)
+{
+    const QString text = adapterDetails(index);
+    require(text.isEmpty() || (text.startsWith(QStringLiteral("Gateway")) && text.endsWith(QLatin1Char('\n'))),
+            "an adapter begins with its gateways and ends a line", text.toUtf8());
+    return text;
+}
+
+/// Of every adapter, and of two that are none or hardly one.
+QString adapterTexts()
+{
+    std::vector<quint32> indexes = {0, 0x12345678};
+    if (const auto &adapters = simulated::machineInUse().system.GetAdaptersInfo) {
+        for (const machine::AdapterRecord &adapter : *adapters)
+            indexes.push_back(adapter.Index);
+    }
+    QString text;
+    for (const quint32 index : indexes)
+        text += adapterText(index);
+    return text;
+}
+
+void checkOrder(const QString &text, bool hasMemory)
+{
+    const QString heading = QStringLiteral("############ Windows specific section ###########\n");
+    require(text.startsWith(heading + QLatin1String(firstLines[0])), "the Windows half begins with its heading", text.left(200).toUtf8());
+    require(text.endsWith(separator()), "the Windows half ends with a separator", text.right(200).toUtf8());
+    int position = heading.size();
+    for (const char *const line : firstLines) {
+        if (!hasMemory && std::strncmp(line, "Some environment", 16) == 0)
+            continue; // this one wants a buffer for its heading
+        const int found = text.indexOf(QLatin1String(line), position);
+        require(found >= 0, "every section is there, in order", QByteArray(line) + text.mid(position).toUtf8());
+        position = found + int(std::strlen(line));
+    }
+    require(text.count(separator()) >= 23, "a separator stands behind each section", text.toUtf8());
+}
+
+void checkHandles()
+{
+    const QString kept = QStringLiteral("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\OEMInformation");
+    QStringList open = simulated::openHandles();
+    open.removeOne(kept);
+    require(open.isEmpty(), "every handle is given back", open.join(QLatin1Char('\n')).toUtf8());
+    require(simulated::handleMisuses().isEmpty(), "no handle is misused",
+            simulated::handleMisuses().join(QLatin1Char('\n')).toUtf8());
+}
+
+void checkCalls()
+{
+    QString errorMode = QStringLiteral("0");
+    for (const simulated::Call &call : simulated::journal()) {
+        if (call.name.startsWith("RegQueryValue"))
+            require(call.sizeIn <= WinSysInfo::valueBufferSize, "a query says no more than its buffer has", call.name);
+        if (call.name == "SetErrorMode")
+            errorMode = call.value;
+    }
+    require(errorMode == QStringLiteral("0"), "the error mode is put back");
+}
+
+std::size_t lengthOfNames(const machine::SystemAnswers &system)
+{
+    std::size_t length = 0;
+    if (system.WinSxS) {
+        for (const QString &name : *system.WinSxS)
+            length += std::size_t(name.size()) + 1;
+    }
+    return length;
+}
+
+void checkCost(const Size &size, std::size_t names, std::size_t calls, const Run &run)
+{
+    // A class of drivers takes 11 calls for a key, an adapter 24 and twice so for its
+    // last one; everything that is asked once takes fewer than 4000.
+    if (size.plainNames)
+        require(calls <= 4000 + 60 * size.keys + 2 * size.values, "as many calls as the machine is large",
+                QByteArray::number(qulonglong(calls)));
+    const std::size_t length = std::size_t(run.windowsHalf.size() + run.others.size());
+    const std::size_t most = 300000 + 4400 * calls + 2048 * size.placeholders + names;
+    require(length <= most, "as much text as the machine is large", QByteArray::number(qulonglong(length)));
+}
+
+/// Ends every enumeration when there were too many calls: keys whose names are not what
+/// they are opened by can be asked for the square of their number.
+void endEnumerations(std::vector<simulated::Fault> &faults)
+{
+    constexpr quint32 noMoreItems = 259;
+    for (const char *call : {"RegEnumKeyExA", "RegEnumKeyExW", "RegEnumKeyA", "RegEnumValueA"})
+        faults.push_back(simulated::Fault::everyCall(call, noMoreItems));
+}
+
+Run run(const QByteArray &bytes)
+{
+    HostileMachine hostile = hostileMachine(bytes);
+    const Size size = sizeOf(hostile.machine);
+    const std::size_t names = lengthOfNames(hostile.machine.system);
+    simulated::reset();
+    simulated::install(std::move(hostile.machine));
+    std::vector<simulated::Fault> faults;
+    bool hasMemory = true;
+    for (const CallFault &fault : hostile.faults) {
+        hasMemory = hasMemory && !fault.call.isEmpty() && fault.call != "HeapAlloc";
+        if (fault.call.isEmpty())
+            faults.push_back(simulated::Fault::nthOfAll(fault.number, fault.error));
+        else if (fault.every)
+            faults.push_back(simulated::Fault::everyCall(fault.call, fault.error));
+        else
+            faults.push_back(simulated::Fault::nthCall(fault.call, fault.number, fault.error));
+    }
+    std::size_t limitedAt = 0;
+    simulated::setBeforeCall([&](std::size_t number, const QByteArray &) {
+        for (const Change &change : hostile.changes) {
+            if (change.beforeCall == number)
+                takeSteps(change.steps, simulated::machineInUse());
+        }
+        if (number >= mostCalls && limitedAt == 0) {
+            limitedAt = number;
+            endEnumerations(faults);
+        }
+    });
+
+    Run run;
+    run.windowsHalf = WinSysInfo::allWinInfos();
+    checkOrder(run.windowsHalf, hasMemory);
+    checkHandles();
+    run.others = driverText() + adapterTexts() + WinSysInfo::windowsVersion(false);
+    checkHandles();
+    checkCalls();
+    if (limitedAt > 0)
+        require(simulated::callCount() < limitedAt + 20000, "what is enumerated ends");
+    else if (hostile.changes.empty())
+        checkCost(size, names, simulated::callCount(), run);
+
+    faults.clear();
+    simulated::reset();
+    simulated::installNothing();
+    return run;
+}
+
+} // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    static const bool prepared = (prepare(), true);
+    Q_UNUSED(prepared)
+    const QByteArray bytes(reinterpret_cast<const char *>(data), int(size));
+    scribble(0xaa);
+    const Run first = run(bytes);
+    if (hostileMachine(bytes).runTwice) {
+        scribble(0x55);
+        const Run second = run(bytes);
+        require(first.windowsHalf == second.windowsHalf && first.others == second.others,
+                "the same machine has the same report");
+    }
+    return 0;
+}

@@ -1,0 +1,107 @@
+// The seeds of the fuzzer are the described machines.
+
+#include "described_windows.h"
+#include "file_seeds.h"
+#include "hostile_machine.h"
+#include "qt/qt_network_interfaces.h"
+#include "seeds.h"
+#include "texts.h"
+#include "vkSystemInfo.h"
+#include "win/windows_sections.h"
+
+#include <QtCore/QDir>
+#include <QtTest/QtTest>
+
+using namespace velkor::SystemInfo;
+
+namespace {
+
+/// Everything that the fuzzer asks of a machine.
+QString wholeText(const machine::Machine &machine)
+{
+    const DescribedWindows windows(machine);
+    QString text = WinSysInfo::allWinInfos();
+    ScanOpenGLInfo(nullptr).GetOpenGLDriverInfo(text);
+    for (quint32 index = 0; index < 32; ++index)
+        text += adapterDetails(index);
+    return text;
+}
+
+QByteArray contentsOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void compareFolder(const QString &machineName, const QString &target, const QMap<QString, QByteArray> &seeds)
+{
+    const QDir folder(QStringLiteral(CORPUS_DIR "/") + target);
+    QStringList expected;
+    for (auto it = seeds.begin(); it != seeds.end(); ++it)
+        expected += machineName + QLatin1Char('-') + it.key();
+    QCOMPARE(folder.entryList({machineName + QStringLiteral("-*")}, QDir::Files, QDir::Name), expected);
+    for (auto it = seeds.begin(); it != seeds.end(); ++it) {
+        const QString path = folder.filePath(machineName + QLatin1Char('-') + it.key());
+        QVERIFY2(contentsOf(path) == it.value(), qPrintable(path + QStringLiteral(" is to be made again by make_seeds")));
+    }
+}
+
+} // namespace
+
+class TestFuzzSeeds : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void seedsMakeTheSameReport_data() { addMachines(); }
+    void seedsMakeTheSameReport();
+    void committedSeedsAreThoseOfTheMachine_data() { addMachines(); }
+    void committedSeedsAreThoseOfTheMachine();
+    void anyBytesAreAMachine();
+
+private:
+    static void addMachines()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char *name : {"workstation", "wine"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+};
+
+void TestFuzzSeeds::seedsMakeTheSameReport()
+{
+    QFETCH(QString, name);
+    const machine::Machine machine = DescribedWindows::load(name);
+    HostileMachine fromSeeds;
+    const QMap<QString, QByteArray> seeds = seedsOf(machine);
+    for (const QByteArray &steps : seeds)
+        takeSteps(steps, fromSeeds);
+    QVERIFY(fromSeeds.faults.empty());
+    QVERIFY(fromSeeds.changes.empty());
+    COMPARE_TEXT(wholeText(fromSeeds.machine), wholeText(machine));
+}
+
+void TestFuzzSeeds::committedSeedsAreThoseOfTheMachine()
+{
+    QFETCH(QString, name);
+    const machine::Machine machine = DescribedWindows::load(name);
+    compareFolder(name, QStringLiteral("report"), seedsOf(machine));
+    if (!QTest::currentTestFailed())
+        compareFolder(name, QStringLiteral("machine_files"), fileSeedsOf(machine));
+}
+
+void TestFuzzSeeds::anyBytesAreAMachine()
+{
+    for (int first = 0; first < 256; ++first) {
+        for (int second = 0; second < 256; ++second)
+            hostileMachine(QByteArray(1, char(first)) + char(second));
+    }
+    const HostileMachine hostile = hostileMachine(QByteArray::fromHex("0902010005") + QByteArray::fromHex("0b"));
+    QCOMPARE(int(hostile.faults.size()), 1);
+    QCOMPARE(hostile.faults.front().call, QByteArray("RegCloseKey"));
+    QCOMPARE(hostile.faults.front().error, 5u);
+    QVERIFY(hostile.runTwice);
+}
+
+QTEST_APPLESS_MAIN(TestFuzzSeeds)
+#include "tst_fuzz_seeds.moc"
