@@ -39,8 +39,8 @@ if(MINGW)
     endforeach()
     install(TARGETS vkreport vkcapture RUNTIME DESTINATION . COMPONENT portable)
     install(FILES $<TARGET_FILE:vkSystemInfo> ${run_time} LICENSE DESTINATION . COMPONENT portable)
-    # The compiler's libraries come with their symbols, 20 MB of them.
-    install(CODE "file(GLOB libraries \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/lib*.dll\")
+    # Nobody debugs with these: the symbols of the library itself are packed apart.
+    install(CODE "file(GLOB libraries \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/lib*.dll\" \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/*.exe\")
         execute_process(COMMAND ${CMAKE_STRIP} \${libraries} COMMAND_ERROR_IS_FATAL ANY)" COMPONENT portable)
     foreach(plugin platforms/qwindows printsupport/windowsprintersupport styles/qwindowsvistastyle)
         get_filename_component(folder ${plugin} DIRECTORY)
