@@ -281,7 +281,7 @@ QString driveLine(DescribedCalls &calls, char letter)
     QString text = root + q(" ");
     if (!calls.fails("GetDriveTypeW", root))
         text += types.value(int(drive().GetDriveType));
-    if (!calls.fails("GetVolumeInformationW", root)) {
+    if (!calls.fails("GetVolumeInformationW", root, q("260"))) { // room for the name of the file system
         if (const auto volume = drive().GetVolumeInformation)
             text += volume->fileSystemName + q("  ") + volume->volumeName + q("  ");
     }
