@@ -153,8 +153,11 @@ def of_strings(source):
 
 
 def of_numbers(source):
-    for token in source.tokens:
+    for i, token in enumerate(source.tokens):
         if token.kind != 'number':
+            continue
+        if [token.text, source.word(i + 1), source.word(i + 2)] == ['0', ',', '16']: # a field width: 1 is the same
+            yield Mutant('number', token.start, token.end, '20')
             continue
         if '.' in token.text:
             yield Mutant('number', token.start, token.end, token.text + '1')
