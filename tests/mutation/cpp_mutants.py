@@ -153,8 +153,11 @@ def of_strings(source):
 
 
 def of_numbers(source):
-    for token in source.tokens:
+    for i, token in enumerate(source.tokens):
         if token.kind != 'number':
+            continue
+        if [token.text, source.word(i + 1), source.word(i + 2)] == ['0', ',', '16']: # a field width: 1 is the same
+            yield Mutant('number', token.start, token.end, '20')
             continue
         if '.' in token.text:
             yield Mutant('number', token.start, token.end, token.text + '1')
@@ -172,8 +175,9 @@ def of_words(source):
             continue
         if token.text in OTHER_WORDS:
             yield Mutant('constant', token.start, token.end, OTHER_WORDS[token.text])
-        elif CONSTANT.match(token.text):
-            yield Mutant('constant', token.start, token.end, f'({token.text} + 1)')
+        elif CONSTANT.match(token.text): # of a mask the next bit, as the lowest may be in both
+            change = '<< 1' if token.text.startswith('KEY_') else '+ 1'
+            yield Mutant('constant', token.start, token.end, f'({token.text} {change})')
         elif token.text == 'sizeof':
             last = source.partner[i + 1] if source.word(i + 1) == '(' else i + 1
             if source.word(i + 1) == '*':

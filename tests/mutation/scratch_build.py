@@ -176,7 +176,7 @@ class ScratchBuild:
 
     def run(self, test, limit=None):
         """'' when the test passes, else the first sign of failure."""
-        environment = dict(os.environ, **test.environment)
+        environment = dict(os.environ, QTEST_DISABLE_STACK_DUMP='1', **test.environment)
         cpu = int(limit or 600)
 
         def limits():

@@ -136,7 +136,7 @@ machine::AdapterRecord adapterRecord(quint32 index)
     return adapter;
 }
 
-/// Name, size in, size out and result of each call that has one.
+/// Name, size in, size out and result of each call that has one, and that it has flags.
 QStringList journalOfAdapterCalls()
 {
     QStringList calls;
@@ -148,6 +148,8 @@ QStringList journalOfAdapterCalls()
             calls += QStringLiteral("%1 %2->%3: %4").arg(name).arg(call.sizeIn).arg(call.sizeOut).arg(call.result);
         else
             calls += name;
+        if (call.access)
+            calls.last() += QStringLiteral(" with flags");
     }
     return calls;
 }

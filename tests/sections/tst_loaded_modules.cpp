@@ -23,6 +23,7 @@ private Q_SLOTS:
     void manyModules();
     void unreadableAmongMany();
     void calls();
+    void callsForMany_data();
     void callsForMany();
     void failingCalls_data();
     void failingCalls();
@@ -148,12 +149,24 @@ GetModuleFileNameExW "2" 260
 )");
 }
 
+// One for each module that Windows lists and none more: no module is the program itself.
+void LoadedModulesTest::callsForMany_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("named");
+    for (const int count : {1, 2, 7, 8, 9, 100, 1023, 1024})
+        QTest::addRow("%d", count) << count << count;
+    QTest::newRow("1025") << 1025 << 1024;
+}
+
 void LoadedModulesTest::callsForMany()
 {
-    const DescribedWindows windows(machineOf(Modules(1025, QString("m"))));
+    QFETCH(int, count);
+    QFETCH(int, named);
+    const DescribedWindows windows(machineOf(Modules(std::size_t(count), QString("m"))));
     loadedModules();
-    QCOMPARE(simulated::journal().size(), std::size_t(1 + 1024));
-    QCOMPARE(simulated::journal().back().value, QString("1023"));
+    QCOMPARE(simulated::journal().size(), std::size_t(1 + named));
+    QCOMPARE(simulated::journal().back().value, QString::number(named - 1));
 }
 
 void LoadedModulesTest::failingCalls_data()
