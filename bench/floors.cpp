@@ -27,11 +27,15 @@ using namespace velkor::SystemInfo::WinSysInfo;
 namespace bench {
 namespace {
 
-template <typename... T>
-void keepAll(const T &...values)
+/// With braces, so that its values are asked for from left to right.
+struct KeepAll
 {
-    (keep(values), ...);
-}
+    template <typename... T>
+    explicit KeepAll(const T &...values)
+    {
+        (keep(values), ...);
+    }
+};
 
 void askDateTime()
 {
@@ -41,26 +45,26 @@ void askDateTime()
 
 void askApplication()
 {
-    keepAll(QCoreApplication::libraryPaths(), QCoreApplication::applicationVersion(), QCoreApplication::applicationName(),
+    KeepAll {QCoreApplication::libraryPaths(), QCoreApplication::applicationVersion(), QCoreApplication::applicationName(),
             QCoreApplication::applicationDirPath(), QCoreApplication::applicationFilePath(),
             QCoreApplication::applicationPid(), QCoreApplication::organizationDomain(),
-            QCoreApplication::organizationName());
+            QCoreApplication::organizationName()};
 }
 
 void askLocale()
 {
     const QLocale locale = QLocale::system();
-    keepAll(QLocale::countryToString(locale.country()), QLocale::languageToString(locale.language()),
-            locale.measurementSystem());
+    KeepAll {QLocale::countryToString(locale.country()), QLocale::languageToString(locale.language()),
+            locale.measurementSystem()};
 }
 
 void askScreens()
 {
     for (const QScreen *screen : QGuiApplication::screens()) {
-        keepAll(screen->name(), screen->manufacturer(), screen->physicalDotsPerInchX(), screen->physicalDotsPerInchY(),
+        KeepAll {screen->name(), screen->manufacturer(), screen->physicalDotsPerInchX(), screen->physicalDotsPerInchY(),
                 screen->logicalDotsPerInchX(), screen->logicalDotsPerInchY(), screen->devicePixelRatio(),
                 screen->refreshRate(), screen->physicalSize(), screen->size(), screen->size(), screen->depth(),
-                screen->orientation(), screen->nativeOrientation(), screen->primaryOrientation());
+                screen->orientation(), screen->nativeOrientation(), screen->primaryOrientation()};
     }
 }
 
@@ -68,10 +72,10 @@ void askDesktop()
 {
     const QList<QScreen *> screens = QGuiApplication::screens();
     const QScreen *primary = QGuiApplication::primaryScreen();
-    keepAll(QGuiApplication::desktopFileName(), primary ? primary->name() : QString());
+    KeepAll {QGuiApplication::desktopFileName(), primary ? primary->name() : QString()};
     for (const QScreen *screen : screens) {
-        keepAll(screen->geometry(), screen->availableGeometry(), screen->availableVirtualGeometry(),
-                screen->virtualSiblings());
+        KeepAll {screen->geometry(), screen->availableGeometry(), screen->availableVirtualGeometry(),
+                screen->virtualSiblings()};
     }
 }
 
@@ -80,7 +84,7 @@ void askDesktopServices()
     for (const auto location : {QStandardPaths::DesktopLocation, QStandardPaths::DocumentsLocation,
                                 QStandardPaths::HomeLocation, QStandardPaths::DataLocation, QStandardPaths::TempLocation,
                                 QStandardPaths::ApplicationsLocation, QStandardPaths::FontsLocation})
-        keepAll(QStandardPaths::writableLocation(location), QStandardPaths::displayName(location));
+        KeepAll {QStandardPaths::writableLocation(location), QStandardPaths::displayName(location)};
 }
 
 void askAccessibility()
@@ -91,12 +95,12 @@ void askAccessibility()
 void askPrinters()
 {
     for (const QPrinterInfo &printer : QPrinterInfo::availablePrinters())
-        keepAll(printer.printerName(), printer.isDefault());
+        KeepAll {printer.printerName(), printer.isDefault()};
 }
 
 void askHostInfo()
 {
-    keepAll(QHostInfo::localHostName(), QHostInfo::localDomainName());
+    KeepAll {QHostInfo::localHostName(), QHostInfo::localDomainName()};
 }
 
 // That its adapters are asked about behind and not between these makes no
@@ -104,10 +108,10 @@ void askHostInfo()
 void askNetworkInterfaces()
 {
     for (const QNetworkInterface &networkInterface : QNetworkInterface::allInterfaces()) {
-        keepAll(networkInterface.index(), networkInterface.humanReadableName(), networkInterface.flags(),
-                networkInterface.hardwareAddress());
+        KeepAll {networkInterface.index(), networkInterface.humanReadableName(), networkInterface.flags(),
+                networkInterface.hardwareAddress()};
         for (const QNetworkAddressEntry &entry : networkInterface.addressEntries())
-            keepAll(entry.ip(), entry.netmask(), entry.broadcast());
+            KeepAll {entry.ip(), entry.netmask(), entry.broadcast()};
     }
 }
 
@@ -137,14 +141,14 @@ void askWinSxS()
 void askOpenGLFormat()
 {
     const QGLFormat format;
-    keepAll(format, QGLFormat::hasOpenGL(), QGLFormat::hasOpenGLOverlays(), QGLFormat::openGLVersionFlags());
+    KeepAll {format, QGLFormat::hasOpenGL(), QGLFormat::hasOpenGLOverlays(), QGLFormat::openGLVersionFlags()};
 }
 
 void askOpenGLContext()
 {
     QGLWidget widget;
     widget.makeCurrent();
-    keepAll(glGetString(GL_VERSION), glGetString(GL_VENDOR), glGetString(GL_RENDERER), glGetString(GL_EXTENSIONS));
+    KeepAll {glGetString(GL_VERSION), glGetString(GL_VENDOR), glGetString(GL_RENDERER), glGetString(GL_EXTENSIONS)};
 }
 
 QString allDiskDevices()

@@ -76,9 +76,11 @@ double slope(const Cost &first, const Cost &second, double Cost::*unit)
 
 } // namespace
 
-bool measureGrowth(const QString &folder, std::size_t factor)
+bool measureGrowth(const QString &folder, std::size_t factor, const QString &onlyKind)
 {
     for (const GrowthKind &kind : growthKinds()) {
+        if (!onlyKind.isEmpty() && onlyKind != QLatin1String(kind.name))
+            continue;
         Cost cost;
         if (!measureKind(folder, kind, factor, cost))
             return false;

@@ -20,7 +20,7 @@ const char usage[] =
     "  warm               calls, text, allocations and instructions, where they are counted\n"
     "  cold FILE NAME SIDE   the first call in a process; FILE is what 'record' wrote\n"
     "  time RUNS [NAME]...   times of both sides in turn, of these or of everything\n"
-    "  growth FACTOR      the report about a machine that is so many times as large\n"
+    "  growth FACTOR [KIND]   the report about a machine that has so many times as much\n"
     "  names              what is measured\n";
 
 void complain(const QString &message)
@@ -71,8 +71,8 @@ ExitCode run(const QStringList &arguments, bool withOpenGL)
         return writeRecordings(arguments.at(1), recordSections(withOpenGL)) ? Done : Failed;
     if (is("cold", 4))
         return cold(arguments, withOpenGL);
-    if (is("growth", 2))
-        return measurePlatformGrowth(arguments.at(1).toUInt()) ? Done : Failed;
+    if (is("growth", 2) || is("growth", 3))
+        return measurePlatformGrowth(arguments.at(1).toUInt(), arguments.value(2)) ? Done : Failed;
     if (is("warm", 1))
         measureWarm(subjects());
     else if (command == QLatin1String("time") && arguments.value(1).toInt() > 0)

@@ -8,7 +8,8 @@ namespace bench {
 /// What 'check' finds wrong beside the floors.
 QStringList platformProblems();
 
-/// False when the platform has no machines that grow.
-bool measurePlatformGrowth(std::size_t factor);
+/// Growth of that kind, or of each where none is named. False when the platform has no
+/// machines that grow.
+bool measurePlatformGrowth(std::size_t factor, const QString &kind);
 
 } // namespace bench

@@ -14,9 +14,9 @@ QStringList platformProblems()
     return growthProblems(workstation);
 }
 
-bool measurePlatformGrowth(std::size_t factor)
+bool measurePlatformGrowth(std::size_t factor, const QString &kind)
 {
-    return factor > 0 && measureGrowth(workstation, factor);
+    return factor > 0 && measureGrowth(workstation, factor, kind);
 }
 
 } // namespace bench

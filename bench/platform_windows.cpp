@@ -7,7 +7,7 @@ QStringList platformProblems()
     return {};
 }
 
-bool measurePlatformGrowth(std::size_t)
+bool measurePlatformGrowth(std::size_t, const QString &)
 {
     return false;
 }

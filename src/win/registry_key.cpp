@@ -1,6 +1,7 @@
 #include "win/registry_key.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace velkor {
 namespace SystemInfo {
@@ -55,6 +56,8 @@ bool WideTextBuffer::query(HKEY key, const wchar_t *valueName)
         return false;
     m_size = size;
     m_type = type;
+    // Two units end every walk, one more makes up for a size that is odd.
+    std::memset(reinterpret_cast<char *>(m_units) + size, 0, 3 * sizeof(wchar_t));
     return true;
 }
 

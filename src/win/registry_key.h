@@ -59,10 +59,12 @@ private:
     DWORD m_size = 0;
 };
 
-/// UTF-16 text, zeroed at the start.
+/// UTF-16 text of one value. Reads as if it was zeroed at the start: the query stores
+/// zeros behind the data instead, which is less than the buffer.
 class WideTextBuffer
 {
 public:
+    WideTextBuffer() { m_units[0] = 0; }
     /// RegQueryValueExW with the size set to that of the buffer in bytes.
     bool query(HKEY key, const wchar_t *valueName);
 
@@ -80,7 +82,7 @@ public:
 private:
     // Twice what is read, and one more: a walk that takes a count of bytes for one
     // of units ends inside.
-    wchar_t m_units[valueBufferSize + 1] = {};
+    wchar_t m_units[valueBufferSize + 1];
     DWORD m_size = 0;
     DWORD m_type = 0;
 };
