@@ -21,7 +21,7 @@ struct Call
     QByteArray name;
     QString key;         // registry calls: the full path; others: what they are asked about
     QString value;       // registry calls: the value's name, or the index of an enumeration
-    quint32 access = 0;  // RegOpenKeyEx: the access mask
+    quint32 access = 0;  // RegOpenKeyEx: the access mask; others: flags, 0 where there are none
     quint64 sizeIn = 0;  // the in/out size as the caller set it
     quint64 sizeOut = 0; // and as the call left it
     qint64 result = 0;

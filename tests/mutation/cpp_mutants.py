@@ -93,6 +93,28 @@ class Source:
             return self.is_block(i - 1)
         return before in (')', 'else', 'do', 'const', 'noexcept', 'override', ';', '}')
 
+    def list_level(self, i):
+        """1 for a brace that opens a list, 2 for a row of it and so on; else 0."""
+        if self.word(i) != '{' or self.is_block(i):
+            return 0
+        before = self.word(i - 1)
+        if before in ('=', ':'):
+            return 1
+        around = max((k for k in self.partner if self.word(k) == '{' and k < i < self.partner[k]), default=None)
+        level = self.list_level(around) if before in ('{', ',') and around is not None else 0
+        return level + 1 if level else 0
+
+    def elements(self, i):
+        """First and last token of each element of the list that brace i opens."""
+        parts = []
+        first = k = i + 1
+        while k < self.partner[i]:
+            if self.word(k) == ',':
+                parts.append((first, k - 1))
+                first = k + 1
+            k = self.partner.get(k, k) + 1
+        return parts + [(first, self.partner[i] - 1)] if first < self.partner[i] else parts
+
     def is_function(self, i):
         return self.is_block(i) and self.head_of(i) not in ('if', 'for', 'while', 'switch') \
             and self.word(i - 1) not in ('else', 'do', ':')
@@ -272,48 +294,24 @@ def of_choices(source):
 
 def of_lists(source):
     """A row of a table dropped, two rows swapped, their first members swapped."""
-    for i, token in enumerate(source.tokens):
-        if token.text != '{' or token.kind != 'sign' or source.is_block(i):
+    for i in range(len(source.tokens)):
+        if source.list_level(i) % 2 == 0: # the members of a row have nothing in common
             continue
-        in_list = source.word(i - 1) in ('{', ',') and any(
-            k < i < source.partner[k] for k in source.partner if source.word(k) == '{' and not source.is_block(k)
-            and source.word(k - 1) in ('=', ':'))
-        is_row = in_list and source.word(i - 1) in ('{', ',') and \
-            sum(k < i < e for k, e in source.partner.items() if source.word(k) == '{' and source.word(k - 1) in ('=', ':', '{', ',')) == 1
-        is_table = source.word(i - 1) in ('=', ':', 'Suite') or in_list and not is_row
-        if re.match(r'\w+$', source.word(i - 1)) and 'enum' in (source.word(i - 2), source.word(i - 4)):
-            is_table = False
-        if not is_table:
-            continue
-        elements = []
-        first = k = i + 1
-        while k <= source.partner[i]:
-            if k == source.partner[i] or source.word(k) == ',':
-                if k > first:
-                    elements.append((first, k - 1))
-                first = k + 1
-            k = source.partner.get(k, k) + 1 if k != source.partner[i] else k + 1
+        elements = source.elements(i)
         if len(elements) < 2:
             continue
-        for number, (a, b) in enumerate(elements):
-            begin = source.tokens[a].start
-            following = elements[number + 1] if number + 1 < len(elements) else None
-            end = source.tokens[following[0]].start if following else source.tokens[source.partner[i]].start
+        starts = [source.tokens[first].start for first, _ in elements] + [source.tokens[source.partner[i]].start]
+        for begin, end in zip(starts, starts[1:]):
             yield Mutant('row dropped', begin, end, '')
-            if not following:
-                continue
-            c, d = following
+        for (a, b), (c, d) in zip(elements, elements[1:]):
+            begin, end = source.tokens[a].start, source.tokens[d].end
             one, two = source.between(a, b), source.between(c, d)
-            if one == two:
-                continue
             middle = source.text[source.tokens[b].end:source.tokens[c].start]
-            yield Mutant('rows swapped', begin, source.tokens[d].end, two + middle + one)
+            yield Mutant('rows swapped', begin, end, two + middle + one)
             if source.word(a) == source.word(c) == '{':
                 member, other = first_member(source, a), first_member(source, c)
-                if member != other:
-                    head, rest = '{' + other, one[1 + len(member):]
-                    head2, rest2 = '{' + member, two[1 + len(other):]
-                    yield Mutant('members swapped', begin, source.tokens[d].end, head + rest + middle + head2 + rest2)
+                yield Mutant('members swapped', begin, end,
+                             '{' + other + one[1 + len(member):] + middle + '{' + member + two[1 + len(other):])
 
 
 def first_member(source, i):
