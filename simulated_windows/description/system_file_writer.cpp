@@ -18,7 +18,7 @@ QJsonValue number(quint64 value)
 
 QJsonValue number(qint64 value)
 {
-    return value < 0 && quint64(-value) < firstInexact ? QJsonValue(value) : number(quint64(value));
+    return value < 0 && value > -qint64(firstInexact) ? QJsonValue(value) : number(quint64(value));
 }
 
 QJsonObject failure(quint32 error)
@@ -167,7 +167,9 @@ QJsonValue textOrFailure(const Answer<QString> &answer)
 
 void addNames(QJsonObject &object, const SystemAnswers &system)
 {
-    object.insert(QStringLiteral("GetComputerNameEx"), numbered(system.GetComputerNameEx, textOrFailure));
+    const bool noName = system.GetComputerNameEx.isEmpty() && system.computerNamesError;
+    object.insert(QStringLiteral("GetComputerNameEx"), noName ? failure(system.computerNamesError)
+                                                              : numbered(system.GetComputerNameEx, textOrFailure));
     object.insert(QStringLiteral("GetUserName"), textOrFailure(system.GetUserName));
 }
 

@@ -22,6 +22,14 @@ constexpr int deepestKey = 8;
 constexpr std::size_t mostFaults = 8;
 constexpr std::size_t mostChanges = 8;
 
+// Of the buffers that the report has, in units and in bytes, and one less and more.
+constexpr int edges[] = {0,    1,    2,    3,    4,    5,    7,    8,    9,    15,   16,   17,   39,   40,   41,
+                         126,  127,  128,  129,  131,  132,  133,  254,  255,  256,  257,  258,  259,  260,  261,
+                         511,  512,  513,  1022, 1023, 1024, 1025, 1026, 1027, 1028, 2046, 2047, 2048, 2049, 2050,
+                         4095, 4096, 4097, 4098, 4100, 32754, 32755, 32756, 32757, 32758, 32759, 32760, 32766,
+                         32767, 32768};
+constexpr int edgeCount = int(sizeof edges / sizeof *edges);
+
 class Steps
 {
 public:
@@ -47,6 +55,7 @@ private:
         case Step::EnterKey: {
             const KnownKey &known = knownKeys()[std::size_t(m_stream.index(int(knownKeys().size())))];
             enter(machine::createKey(m_machine.registry.root(known.root), known.path));
+            m_known = &known;
             break;
         }
         case Step::EnterSubKey:
@@ -84,6 +93,11 @@ private:
             if (m_hostile)
                 m_hostile->runTwice = true;
             break;
+        case Step::SetItsValue: {
+            const std::vector<int> &numbers = m_known->values;
+            setValue(knownValues().at(numbers[std::size_t(m_stream.index(int(numbers.size())))]));
+            break;
+        }
         case Step::Count:
             break;
         }
@@ -115,7 +129,9 @@ private:
     int bulk()
     {
         const int count = m_stream.byte();
-        return count < 240 ? count % 48 : (count - 240) << 8 | m_stream.byte();
+        if (count < 224)
+            return count % 48;
+        return count < 240 ? 1016 + count - 224 : (count - 240) << 8 | m_stream.byte(); // next to a limit, or any
     }
 
     void addSubKeys()
@@ -164,6 +180,10 @@ private:
             const int length = m_stream.word() % longestText;
             const QString part = depth > 3 ? QString() : text(depth + 1);
             return part.isEmpty() ? part : part.repeated(length / part.size() + 1).left(length);
+        }
+        case TextForm::Edge: {
+            const int length = edges[m_stream.index(edgeCount)];
+            return QString(length, QChar(m_stream.byte()));
         }
         case TextForm::Count:
             break;
@@ -217,6 +237,7 @@ private:
         case DataForm::Bytes:
         case DataForm::LongBytes:
         case DataForm::Repeated:
+        case DataForm::Edge:
             return 3;
         default:
             return 1;
@@ -254,6 +275,15 @@ private:
         }
         case DataForm::Filled: {
             const int size = m_stream.word() % largestData;
+            const QByteArray part = bytesOf(text());
+            return part.isEmpty() ? part : part.repeated(size / part.size() + 1).left(size);
+        }
+        case DataForm::Edge: {
+            const int size = edges[m_stream.index(edgeCount)];
+            return QByteArray(size, char(m_stream.byte()));
+        }
+        case DataForm::EdgeText: {
+            const int size = edges[m_stream.index(edgeCount)];
             const QByteArray part = bytesOf(text());
             return part.isEmpty() ? part : part.repeated(size / part.size() + 1).left(size);
         }
@@ -371,7 +401,7 @@ private:
             break;
         case Asked::WinSxS:
             system.WinSxS = QStringList();
-            for (int count = m_stream.index(32); count > 0; --count)
+            for (int count = m_stream.byte(); count > 0 && !m_stream.atEnd(); --count)
                 *system.WinSxS += text().left(longestKeyName);
             break;
         case Asked::Library: {
@@ -537,7 +567,7 @@ private:
         fault.every = form == 1;
         if (!fault.every)
             fault.number = callNumber();
-        fault.error = error();
+        fault.error = std::max(error(), 1u); // no call is a success that does nothing
         if (m_hostile && m_hostile->faults.size() < mostFaults)
             m_hostile->faults.push_back(fault);
     }
@@ -555,6 +585,7 @@ private:
     Machine &m_machine;
     HostileMachine *m_hostile; // null within a change
     std::vector<KeyPointer> m_path;
+    const KnownKey *m_known = &knownKeys().front();
     int m_keysLeft = 512;
     int m_valuesLeft = 2048;
     int m_bulkLeft = 3000;

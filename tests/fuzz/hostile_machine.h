@@ -23,6 +23,7 @@ enum class Step : quint8 {
     Fail,           // byte: which calls, their number, an error
     Change,         // number of a call, byte: a size, so many bytes of steps taken before it
     RunTwice,
+    SetItsValue,    // number of a value that is read from the known key last entered, data
     Count
 };
 
@@ -61,6 +62,7 @@ enum class TextForm : quint8 {
     Pair,       // two texts
     LongLatin1, // word: length, characters
     Filled,     // word: length, a text that is repeated until then
+    Edge,       // number of a length next to a buffer's, character
     Count
 };
 
@@ -75,6 +77,8 @@ enum class DataForm : quint8 {
     Repeated,     // word: size, byte
     Odd,          // text, without its last byte
     Filled,       // word: size, text that is repeated until then
+    Edge,         // number of a size next to a buffer's, byte
+    EdgeText,     // number of a size next to a buffer's, text that is repeated until then
     Count
 };
 

@@ -18,58 +18,94 @@ QString nameOfBytes(const QByteArray &bytes)
     return name;
 }
 
+/// The numbers of the values from \a first to \a last.
+std::vector<int> range(const char *first, const char *last)
+{
+    std::vector<int> numbers;
+    for (int i = knownValues().indexOf(QString::fromLatin1(first)); i <= knownValues().indexOf(QString::fromLatin1(last)); ++i)
+        numbers.push_back(i);
+    return numbers;
+}
+
+std::vector<int> operator+(std::vector<int> left, const std::vector<int> &right)
+{
+    left.insert(left.end(), right.begin(), right.end());
+    return left;
+}
+
 std::vector<KnownKey> makeKnownKeys()
 {
-    std::vector<KnownKey> keys;
-    for (const char *path : {
-             "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion",
-             "SOFTWARE\\Microsoft\\Internet Explorer",
-             "Hardware\\Description\\System",
-             "Hardware\\Description\\System\\CentralProcessor",
-             "Hardware\\Description\\System\\CentralProcessor\\0",
-             "Hardware\\Description\\System\\CentralProcessor\\1",
-             "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\OEMInformation",
-             "SYSTEM\\CurrentControlSet\\Control\\SystemInformation",
-             "SYSTEM\\CurrentControlSet\\Control\\TimeZoneInformation",
-             "SYSTEM\\CurrentControlSet\\Control\\Video",
-             "SYSTEM\\CurrentControlSet\\Control\\Video\\{A}",
-             "SYSTEM\\CurrentControlSet\\Control\\Video\\{A}\\0000",
-             "SYSTEM\\CurrentControlSet\\Control\\Video\\{A}\\Video",
-             "SYSTEM\\CurrentControlSet\\Control\\Class",
-             "SYSTEM\\CurrentControlSet\\Control\\Class\\{A}",
-             "SYSTEM\\CurrentControlSet\\Control\\Class\\{A}\\0000",
-             "SYSTEM\\CurrentControlSet\\Control\\Class\\{A}\\Properties",
-             "SYSTEM\\CurrentControlSet\\Control\\Class\\{A}\\?????",
-             "SYSTEM\\CurrentControlSet\\Enum\\FDC",
-             "SYSTEM\\CurrentControlSet\\Enum\\IDE",
-             "SYSTEM\\CurrentControlSet\\Enum\\SCSI",
-             "SYSTEM\\CurrentControlSet\\Enum\\USBSTOR",
-             "SYSTEM\\CurrentControlSet\\Enum\\USBSTOR\\Disk",
-             "SYSTEM\\CurrentControlSet\\Enum\\USBSTOR\\Disk\\1",
-             "HARDWARE\\DEVICEMAP\\PARALLEL PORTS",
-             "HARDWARE\\DEVICEMAP\\SERIALCOMM",
-             "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\SharedDLLs",
-             "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\OpenGLDrivers",
-             "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\OpenGLDrivers\\A",
-         })
-        keys.push_back({RegistryRoot::LocalMachine, QString::fromLatin1(path)});
+    const auto windows = range("CurrentMajorVersionNumber", "CSDBuildNumber");
+    const auto bios = range("SystemBiosVersion", "VideoBIOSDate");
+    const auto processor = range("ProcessorNameString", "FeatureSet");
+    const auto service = range("Service", "Service");
+    const auto adapter = range("Device Description", "OpenGLFlagsWoW") + service;
+    const auto deviceClass = range("Class", "Class");
+    const auto properties = range("DeviceType", "DeviceCharacteristics");
+    const auto driver = range("DriverDesc", "ProviderName") + range("MatchingDeviceId", "InfSectionExt") + properties + deviceClass;
+    const auto disk = range("DeviceDesc", "HardwareID") + deviceClass + service;
+    const auto port = range("C:\\Windows\\system32\\vkdnssd.dll", "\\Device\\Serial0");
+    const auto product = range("AdvertiseFlags", "PackageCode") + range("ProductName", "ProductName") + range("Version", "Version");
+    const auto nameless = range("", "");
+    const struct
+    {
+        RegistryRoot root;
+        const char *path;
+        std::vector<int> values;
+    } rows[] = {
+        {RegistryRoot::LocalMachine, "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion", windows},
+        {RegistryRoot::LocalMachine, "SOFTWARE\\Microsoft\\Internet Explorer", range("Version", "Build")},
+        {RegistryRoot::LocalMachine, "Hardware\\Description\\System", bios},
+        {RegistryRoot::LocalMachine, "Hardware\\Description\\System\\CentralProcessor", processor},
+        {RegistryRoot::LocalMachine, "Hardware\\Description\\System\\CentralProcessor\\0", processor},
+        {RegistryRoot::LocalMachine, "Hardware\\Description\\System\\CentralProcessor\\1", processor},
+        {RegistryRoot::LocalMachine, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\OEMInformation", range("Manufacturer", "Model")},
+        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\SystemInformation", range("BIOSReleaseDate", "InformationSource")},
+        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\TimeZoneInformation", range("ActiveTimeBias", "StandardName")},
+        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\Video", adapter},
+        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\Video\\{A}", adapter},
+        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\Video\\{A}\\0000", adapter},
+        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\Video\\{A}\\Video", service},
+        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\Class", driver},
+        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\Class\\{A}", driver},
+        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\Class\\{A}\\0000", driver},
+        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\Class\\{A}\\Properties", properties},
+        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\Class\\{A}\\?????", properties},
+        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Enum\\FDC", disk},
+        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Enum\\IDE", disk},
+        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Enum\\SCSI", disk},
+        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Enum\\USBSTOR", disk},
+        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Enum\\USBSTOR\\Disk", disk},
+        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Enum\\USBSTOR\\Disk\\1", disk},
+        {RegistryRoot::LocalMachine, "HARDWARE\\DEVICEMAP\\PARALLEL PORTS", port},
+        {RegistryRoot::LocalMachine, "HARDWARE\\DEVICEMAP\\SERIALCOMM", port},
+        {RegistryRoot::LocalMachine, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\SharedDLLs", port},
+        {RegistryRoot::LocalMachine, "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\OpenGLDrivers", range("dll", "dll")},
+        {RegistryRoot::LocalMachine, "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\OpenGLDrivers\\A", range("dll", "dll")},
+        {RegistryRoot::LocalMachine, nullptr, properties},
+        {RegistryRoot::ClassesRoot, "Installer\\Products", product},
+        {RegistryRoot::ClassesRoot, "Installer\\Products\\A", product},
+        {RegistryRoot::ClassesRoot, ".lmdl", nameless},
+        {RegistryRoot::ClassesRoot, ".lmdl2", nameless},
+        {RegistryRoot::ClassesRoot, ".vkpj", nameless},
+        {RegistryRoot::ClassesRoot, ".wvp", nameless},
+        {RegistryRoot::ClassesRoot, ".q9p", nameless},
+        {RegistryRoot::ClassesRoot, ".q90", nameless},
+        {RegistryRoot::ClassesRoot, "Linemodel since V10\\shell\\open\\command", nameless},
+        {RegistryRoot::ClassesRoot, "Linemodel\\shell\\open\\command", nameless},
+        {RegistryRoot::ClassesRoot, "Q9 Project\\shell\\open\\command", nameless},
+        {RegistryRoot::ClassesRoot, "Q9 V2 Project\\shell\\open\\command", nameless},
+        {RegistryRoot::ClassesRoot, "Q9 V3 Project\\shell\\open\\command", nameless},
+        {RegistryRoot::ClassesRoot, "Q90 Project\\shell\\open\\command", nameless},
+        {RegistryRoot::CurrentUser, "Software\\Microsoft\\Installer\\Products", product},
+        {RegistryRoot::CurrentUser, "Software\\Microsoft\\Installer\\Products\\A", product},
+    };
     // A class of drivers has a key whose wide name begins with these bytes.
-    keys.push_back({RegistryRoot::LocalMachine,
-                    QStringLiteral("SYSTEM\\CurrentControlSet\\Control\\Class\\{A}\\") + nameOfBytes("Properties")});
-    for (const char *path : {
-             "Installer\\Products",
-             "Installer\\Products\\A",
-             ".lmdl", ".lmdl2", ".vkpj", ".wvp", ".q9p", ".q90",
-             "Linemodel since V10\\shell\\open\\command",
-             "Linemodel\\shell\\open\\command",
-             "Q9 Project\\shell\\open\\command",
-             "Q9 V2 Project\\shell\\open\\command",
-             "Q9 V3 Project\\shell\\open\\command",
-             "Q90 Project\\shell\\open\\command",
-         })
-        keys.push_back({RegistryRoot::ClassesRoot, QString::fromLatin1(path)});
-    for (const char *path : {"Software\\Microsoft\\Installer\\Products", "Software\\Microsoft\\Installer\\Products\\A"})
-        keys.push_back({RegistryRoot::CurrentUser, QString::fromLatin1(path)});
+    const QString wideProperties
+        = QStringLiteral("SYSTEM\\CurrentControlSet\\Control\\Class\\{A}\\") + nameOfBytes("Properties");
+    std::vector<KnownKey> keys;
+    for (const auto &row : rows)
+        keys.push_back({row.root, row.path ? QString::fromLatin1(row.path) : wideProperties, row.values});
     return keys;
 }
 

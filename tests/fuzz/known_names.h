@@ -12,6 +12,7 @@ struct KnownKey
 {
     machine::RegistryRoot root;
     QString path;
+    std::vector<int> values; // numbers of the values that are read from it or from what is below it
 };
 
 /// Keys that the report opens, or what it opens below them; at most 256.

@@ -339,8 +339,8 @@ void writeWinSxS(StepWriter &writer, const machine::SystemAnswers &system)
     if (!system.WinSxS)
         return;
     writer.asked(Asked::WinSxS);
-    writer.byte(quint8(std::min(system.WinSxS->size(), 31)));
-    for (const QString &name : system.WinSxS->mid(0, 31))
+    writer.byte(quint8(system.WinSxS->size()));
+    for (const QString &name : *system.WinSxS)
         writer.text(name);
 }
 
@@ -348,7 +348,7 @@ void writeModules(StepWriter &writer, const machine::SystemAnswers &system)
 {
     writer.asked(Asked::Modules);
     writer.answer(system.EnumProcessModules, [&](const std::vector<std::optional<QString>> &names) {
-        writer.byte(quint8(std::min<std::size_t>(names.size(), 255)));
+        writer.byte(quint8(names.size()));
         for (const auto &name : names) {
             writer.byte(name ? 1 : 0);
             if (name)

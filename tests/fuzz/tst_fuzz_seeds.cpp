@@ -57,7 +57,7 @@ private Q_SLOTS:
     void seedsMakeTheSameReport();
     void committedSeedsAreThoseOfTheMachine_data() { addMachines(); }
     void committedSeedsAreThoseOfTheMachine();
-    void anyBytesAreAMachine();
+    void bytesAreFaultsAndChanges();
 
 private:
     static void addMachines()
@@ -90,16 +90,18 @@ void TestFuzzSeeds::committedSeedsAreThoseOfTheMachine()
         compareFolder(name, QStringLiteral("machine_files"), fileSeedsOf(machine));
 }
 
-void TestFuzzSeeds::anyBytesAreAMachine()
+void TestFuzzSeeds::bytesAreFaultsAndChanges()
 {
-    for (int first = 0; first < 256; ++first) {
-        for (int second = 0; second < 256; ++second)
-            hostileMachine(QByteArray(1, char(first)) + char(second));
-    }
-    const HostileMachine hostile = hostileMachine(QByteArray::fromHex("0902010005") + QByteArray::fromHex("0b"));
+    // Fail, each call of a name, RegCloseKey, ERROR_ACCESS_DENIED; Change before call 7 of
+    // one byte; RunTwice.
+    const HostileMachine hostile = hostileMachine(QByteArray::fromHex("09010105" "0a07010b" "0b"));
     QCOMPARE(int(hostile.faults.size()), 1);
     QCOMPARE(hostile.faults.front().call, QByteArray("RegCloseKey"));
+    QVERIFY(hostile.faults.front().every);
     QCOMPARE(hostile.faults.front().error, 5u);
+    QCOMPARE(int(hostile.changes.size()), 1);
+    QCOMPARE(int(hostile.changes.front().beforeCall), 7);
+    QCOMPARE(hostile.changes.front().steps, QByteArray("\x0b"));
     QVERIFY(hostile.runTwice);
 }
 

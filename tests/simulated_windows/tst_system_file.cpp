@@ -1,8 +1,10 @@
-// readSystemFile(): every member, what is missing, numbers, and what is wrong.
+// readSystemFile(): every member, what is missing, numbers, and what is wrong; what
+// writeSystemFile() makes of the rare ones.
 
 #include "system_file.h"
 
 #include <QtTest/QtTest>
+#include <limits>
 
 using namespace machine;
 
@@ -51,6 +53,9 @@ private Q_SLOTS:
     void wrongForms();
     void syntaxErrors_data();
     void syntaxErrors();
+    void failureOfAllComputerNamesIsWritten();
+    void leaseTimesAreWritten_data();
+    void leaseTimesAreWritten();
 };
 
 namespace {
@@ -647,6 +652,35 @@ void SystemFileTest::syntaxErrors()
     QVERIFY(!readSystemFile(json, answers, error, errorLine));
     QVERIFY(!error.isEmpty() && !error.contains(QLatin1Char('\n')));
     QCOMPARE(errorLine, line);
+}
+
+void SystemFileTest::failureOfAllComputerNamesIsWritten()
+{
+    const SystemAnswers answers = read("{\"GetComputerNameEx\": {\"error\": 5}}");
+    QCOMPARE(answers.computerNamesError, 5u);
+    QCOMPARE(read(writeSystemFile(answers)).computerNamesError, 5u);
+}
+
+void SystemFileTest::leaseTimesAreWritten_data()
+{
+    QTest::addColumn<qint64>("time");
+    QTest::newRow("the smallest") << std::numeric_limits<qint64>::min();
+    QTest::newRow("the largest") << std::numeric_limits<qint64>::max();
+    QTest::newRow("beyond what a double holds") << -(qint64(1) << 53) - 1;
+    QTest::newRow("what a double holds") << -(qint64(1) << 53) + 1;
+    QTest::newRow("before 1970") << qint64(-1);
+}
+
+void SystemFileTest::leaseTimesAreWritten()
+{
+    QFETCH(qint64, time);
+    AdapterRecord adapter;
+    adapter.LeaseObtained = time;
+    SystemAnswers answers;
+    answers.GetAdaptersInfo.value = {adapter};
+    const SystemAnswers again = read(writeSystemFile(answers));
+    QVERIFY(again.GetAdaptersInfo);
+    QCOMPARE(again.GetAdaptersInfo->front().LeaseObtained, time);
 }
 
 QTEST_APPLESS_MAIN(SystemFileTest)
