@@ -3,10 +3,10 @@
 // Calls one public function as a host would that has this application object (none,
 // core, gui or widgets) from this thread (main or other), and prints the text it got.
 
+#include "program_output.h"
 #include "vkSystemInfo.h"
 
 #include <QtWidgets/QApplication>
-#include <cstdio>
 #include <functional>
 #include <map>
 #include <memory>
@@ -75,7 +75,7 @@ int main(int argc, char *argv[])
 {
     const auto function = functions.find(argc == 4 ? argv[3] : "");
     if (function == functions.end())
-        return 2;
+        return WrongUsage;
     const QByteArray thread = argv[2];
     const auto object = application(argv[1], argc, argv);
     QString text;
@@ -83,6 +83,5 @@ int main(int argc, char *argv[])
         std::thread([&] { text = function->second(); }).join();
     else
         text = function->second();
-    std::printf("%s", qPrintable(text));
-    return 0;
+    return writeToStandardOutput(text) ? Done : Failed;
 }
