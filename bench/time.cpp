@@ -47,6 +47,5 @@ int main(int argc, char *argv[])
         registerSide(subject, "floor", subject.floor);
     }
     FigureReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    return 0;
+    return benchmark::RunSpecifiedBenchmarks(&reporter) > 0 ? 0 : 1;
 }
