@@ -17,6 +17,7 @@ using KeyPointer = std::shared_ptr<RegistryKey>;
 constexpr int longestKeyName = 255;
 constexpr int longestValueName = 4096;
 constexpr int longestText = 40000;
+constexpr int longestAdapterText = 300; // the fields have 16 to 260 bytes
 constexpr int largestData = 8192;
 constexpr int deepestKey = 8;
 constexpr std::size_t mostFaults = 8;
@@ -520,8 +521,8 @@ private:
     machine::AddressRecord address()
     {
         machine::AddressRecord record;
-        record.address = text();
-        record.mask = text();
+        record.address = text().left(longestAdapterText);
+        record.mask = text().left(longestAdapterText);
         return record;
     }
 
@@ -537,8 +538,8 @@ private:
     {
         machine::AdapterRecord record;
         record.Index = small(m_stream.byte());
-        record.AdapterName = text();
-        record.Description = text();
+        record.AdapterName = text().left(longestAdapterText);
+        record.Description = text().left(longestAdapterText);
         record.DhcpEnabled = m_stream.byte();
         record.GatewayList = addresses();
         record.DhcpServer = addresses();
