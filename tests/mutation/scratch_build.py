@@ -32,9 +32,9 @@ CHANGES_OF_THE_COPY = [
 ]
 # Memory that nobody clears shows a pattern instead of what happens to be there.
 FLAGS = '-O0 -w -ftrivial-auto-var-init=pattern'
-# Tests that run no code of src/, and those of an installed package.
+# Tests that run no code of src/, those of an installed package, and those that take minutes.
 OTHER_TESTS = re.compile(r'contract_|simulated_|machine_|registry_file|registry_tree|system_file|ansi_code_page'
-                         r'|windows_files|wide_c_library|consumer$|exports$')
+                         r'|windows_files|wide_c_library|consumer$|exports$|memcheck$|fuzz_|failing_calls$|changing_windows$')
 LIBRARY = 'libvksysteminfo_internal.so' # what most tests are linked with
 WHOLE_LIBRARY = 'libvkSystemInfo.so' # what hosts load
 ADDRESS_SPACE = 6 << 30 # what an endless text may take
