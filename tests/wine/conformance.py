@@ -570,9 +570,12 @@ def qt_half(report, before, after):
     numbers = report.section("System environemnt")
     listed = {report.lines[number][2:]: number for number in numbers}
     # Linux's variables that Windows has of its own are not handed on; PWD and _ are the shell's.
+    # One of several lines or beyond ASCII cannot be told apart in what cmd prints.
+    untold = {name for name, value in os.environ.items() if "\n" in value or not value.isascii()}
     for line in wine("cmd", "/c", "set").split("\n"):
         name = line.split("=", 1)[0]
-        if not name or name in ("PROMPT", "_", "PWD", "OLDPWD", "SHLVL"):
+        if not re.fullmatch(r"[A-Za-z_][\w()]*", name) or "=" not in line \
+                or name in untold or name in ("PROMPT", "_", "PWD", "OLDPWD", "SHLVL"):
             continue
         if line in listed:
             report.confirmed[listed[line]] = True
