@@ -1,6 +1,7 @@
 // GetAdaptersInfo: sizes, room and the shape of the list.
 
 #include "answering_windows.h"
+#include "test_main.h"
 
 #include <iphlpapi.h>
 
@@ -88,5 +89,5 @@ void ContractAdaptersTest::listIsWithinItsSize()
     QVERIFY(ULONG(count) * 704 <= needed);
 }
 
-QTEST_GUILESS_MAIN(ContractAdaptersTest)
+TEST_WITH_CORE_APPLICATION(ContractAdaptersTest);
 #include "tst_contract_adapters.moc"

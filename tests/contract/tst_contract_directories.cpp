@@ -1,6 +1,7 @@
 // System directories, the environment and special folders: how long, how much room.
 
 #include "answering_windows.h"
+#include "test_main.h"
 
 #include <shlobj.h>
 
@@ -173,5 +174,5 @@ void ContractDirectoriesTest::characterIntoText()
     QCOMPARE(buffer.written(), QStringLiteral("5a003a005c000000"));
 }
 
-QTEST_GUILESS_MAIN(ContractDirectoriesTest)
+TEST_WITH_CORE_APPLICATION(ContractDirectoriesTest);
 #include "tst_contract_directories.moc"

@@ -1,6 +1,7 @@
 // Error mode, drives, volumes and free space.
 
 #include "answering_windows.h"
+#include "test_main.h"
 
 class ContractDrivesTest : public QObject
 {
@@ -133,5 +134,5 @@ void ContractDrivesTest::missingDriveLeavesTheNumbers()
     QCOMPARE(total.QuadPart, ULONGLONG(poison));
 }
 
-QTEST_GUILESS_MAIN(ContractDrivesTest)
+TEST_WITH_CORE_APPLICATION(ContractDrivesTest);
 #include "tst_contract_drives.moc"

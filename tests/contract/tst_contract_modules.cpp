@@ -1,6 +1,7 @@
 // The process's modules and libraries that are loaded at run time.
 
 #include "answering_windows.h"
+#include "test_main.h"
 
 #include <psapi.h>
 
@@ -186,5 +187,5 @@ void ContractModulesTest::freedTwice()
     QVERIFY(!FreeLibrary(nullptr));
 }
 
-QTEST_GUILESS_MAIN(ContractModulesTest)
+TEST_WITH_CORE_APPLICATION(ContractModulesTest);
 #include "tst_contract_modules.moc"

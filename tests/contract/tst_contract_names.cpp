@@ -1,6 +1,7 @@
 // GetUserNameW and GetComputerNameExW: sizes with and without the terminator.
 
 #include "answering_windows.h"
+#include "test_main.h"
 
 class ContractNamesTest : public QObject
 {
@@ -133,5 +134,5 @@ void ContractNamesTest::unknownFormatFails()
     QCOMPARE(answer.size, DWORD(64));
 }
 
-QTEST_GUILESS_MAIN(ContractNamesTest)
+TEST_WITH_CORE_APPLICATION(ContractNamesTest);
 #include "tst_contract_names.moc"

@@ -1,6 +1,7 @@
 // RegEnumKeyEx, RegEnumKey and RegEnumValue, both forms: order, room, the end.
 
 #include "contract.h"
+#include "test_main.h"
 
 class ContractRegistryEnumerationTest : public QObject
 {
@@ -344,5 +345,5 @@ void ContractRegistryEnumerationTest::invalidCalls()
     QCOMPARE(size, DWORD(16));
 }
 
-QTEST_GUILESS_MAIN(ContractRegistryEnumerationTest)
+TEST_WITH_CORE_APPLICATION(ContractRegistryEnumerationTest);
 #include "tst_contract_registry_enumeration.moc"

@@ -1,6 +1,7 @@
 // RegOpenKeyEx, both forms, and RegCloseKey: which paths lead where.
 
 #include "contract.h"
+#include "test_main.h"
 
 class ContractRegistryKeysTest : public QObject
 {
@@ -257,5 +258,5 @@ void ContractRegistryKeysTest::closing()
     QCOMPARE(openNarrow(HKEY_CLASSES_ROOT, "vkSystemInfoContract"), QStringLiteral("classes"));
 }
 
-QTEST_GUILESS_MAIN(ContractRegistryKeysTest)
+TEST_WITH_CORE_APPLICATION(ContractRegistryKeysTest);
 #include "tst_contract_registry_keys.moc"

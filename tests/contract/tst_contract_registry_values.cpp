@@ -1,6 +1,7 @@
 // RegQueryValueEx, both forms: sizes, room, terminators, what is left untouched.
 
 #include "contract.h"
+#include "test_main.h"
 
 class ContractRegistryValuesTest : public QObject
 {
@@ -312,5 +313,5 @@ void ContractRegistryValuesTest::invalidCalls()
     QCOMPARE(type, DWORD(REG_SZ));
 }
 
-QTEST_GUILESS_MAIN(ContractRegistryValuesTest)
+TEST_WITH_CORE_APPLICATION(ContractRegistryValuesTest);
 #include "tst_contract_registry_values.moc"

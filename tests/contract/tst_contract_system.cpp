@@ -1,6 +1,7 @@
 // Version, processors, memory, metrics and registry quota.
 
 #include "answering_windows.h"
+#include "test_main.h"
 
 #include <algorithm>
 #include <cstring>
@@ -185,5 +186,5 @@ void ContractSystemTest::registryQuota()
     QVERIFY(used <= allowed);
 }
 
-QTEST_GUILESS_MAIN(ContractSystemTest)
+TEST_WITH_CORE_APPLICATION(ContractSystemTest);
 #include "tst_contract_system.moc"

@@ -1,6 +1,7 @@
 // _localtime32_s and asctime_s of the run-time library.
 
 #include "answering_windows.h"
+#include "test_main.h"
 
 #include <cerrno>
 #include <time.h>
@@ -153,5 +154,5 @@ void ContractTimeTest::invalidTime()
     QCOMPARE(buffer.written(), QStringLiteral("00"));
 }
 
-QTEST_GUILESS_MAIN(ContractTimeTest)
+TEST_WITH_CORE_APPLICATION(ContractTimeTest);
 #include "tst_contract_time.moc"

@@ -5,6 +5,7 @@
 #include "fault_runs.h"
 #include "qt/qt_network_interfaces.h"
 #include "described_windows.h"
+#include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 #include "win/windows_sections.h"
@@ -554,5 +555,5 @@ void ChangingWindowsTest::changeBeforeCall()
     simulated::setBeforeCall(nullptr);
 }
 
-QTEST_GUILESS_MAIN(ChangingWindowsTest)
+TEST_WITH_CORE_APPLICATION(ChangingWindowsTest);
 #include "tst_changing_windows.moc"

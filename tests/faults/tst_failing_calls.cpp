@@ -3,6 +3,7 @@
 // that the format makes then, and handles and memory are given back.
 
 #include "fault_runs.h"
+#include "test_main.h"
 #include "texts.h"
 
 #include <random>
@@ -259,5 +260,5 @@ void FailingCallsTest::anyTwoCallsFail()
     }
 }
 
-QTEST_GUILESS_MAIN(FailingCallsTest)
+TEST_WITH_CORE_APPLICATION(FailingCallsTest);
 #include "tst_failing_calls.moc"

@@ -5,6 +5,7 @@
 #include "hostile_machine.h"
 #include "qt/qt_network_interfaces.h"
 #include "seeds.h"
+#include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 #include "win/windows_sections.h"
@@ -105,5 +106,5 @@ void TestFuzzSeeds::bytesAreFaultsAndChanges()
     QVERIFY(hostile.runTwice);
 }
 
-QTEST_APPLESS_MAIN(TestFuzzSeeds)
+TEST_WITHOUT_APPLICATION(TestFuzzSeeds);
 #include "tst_fuzz_seeds.moc"

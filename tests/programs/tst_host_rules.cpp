@@ -1,6 +1,7 @@
 // What a host may rely on: which application object each public function wants, that the
 // thread does not matter to those that want none, and where Qt ends the process.
 #include "run_program.h"
+#include "test_main.h"
 
 #include <QtTest/QtTest>
 
@@ -112,5 +113,5 @@ void tst_HostRules::endsTheProcess()
     QCOMPARE(run.output, QByteArray());
 }
 
-QTEST_APPLESS_MAIN(tst_HostRules)
+TEST_WITHOUT_APPLICATION(tst_HostRules);
 #include "tst_host_rules.moc"

@@ -1,6 +1,7 @@
 // The command line of vkreplay, and that what it prints depends on the machine alone.
 
 #include "run_program.h"
+#include "test_main.h"
 #include "texts.h"
 
 #include <QtCore/QDir>
@@ -171,5 +172,5 @@ void VkReplayTest::badMachines()
     QVERIFY2(missing.errors.contains("/nowhere: no such machine folder"), missing.errors);
 }
 
-QTEST_GUILESS_MAIN(VkReplayTest)
+TEST_WITH_CORE_APPLICATION(VkReplayTest);
 #include "tst_vkreplay.moc"

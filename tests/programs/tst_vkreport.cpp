@@ -1,6 +1,7 @@
 // The command line of vkreport.
 
 #include "run_program.h"
+#include "test_main.h"
 #include "texts.h"
 
 #include <QtCore/QDir>
@@ -261,5 +262,5 @@ void VkReportTest::openGLVersionWhereThereIsNone()
 
 #endif
 
-QTEST_GUILESS_MAIN(VkReportTest)
+TEST_WITH_CORE_APPLICATION(VkReportTest);
 #include "tst_vkreport.moc"

@@ -6,6 +6,7 @@
 #include "registry_file.h"
 #include "simulated_windows.h"
 #include "system_file.h"
+#include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 #include "win/windows_sections.h"
@@ -161,5 +162,5 @@ void MachinesTest::writtenAndReadAgain()
     COMPARE_TEXT(allWinInfos(), QString::fromUtf8(golden));
 }
 
-QTEST_GUILESS_MAIN(MachinesTest)
+TEST_WITH_CORE_APPLICATION(MachinesTest);
 #include "tst_machines.moc"

@@ -1,6 +1,7 @@
 // allInfos() and allWinInfos(): order, headings, separators.
 
 #include "described_windows.h"
+#include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 #include "win/windows_sections.h"
@@ -321,5 +322,5 @@ void ReportOrderTest::loadedModules()
 
 #endif
 
-QTEST_MAIN(ReportOrderTest)
+TEST_WITH_APPLICATION(ReportOrderTest);
 #include "tst_report_order.moc"

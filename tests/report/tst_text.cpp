@@ -1,6 +1,7 @@
 // How long texts are put together.
 
 #include "report/text.h"
+#include "test_main.h"
 #include "texts.h"
 
 using namespace velkor::SystemInfo;
@@ -66,5 +67,5 @@ void TextTest::sections()
     QVERIFY(text.capacity() < 1300);
 }
 
-QTEST_GUILESS_MAIN(TextTest)
+TEST_WITH_CORE_APPLICATION(TextTest);
 #include "tst_text.moc"

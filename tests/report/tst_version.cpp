@@ -1,5 +1,6 @@
 // libVersion(), libVersionString() and separator().
 
+#include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 
@@ -38,5 +39,5 @@ void VersionTest::separatorIs72HyphensAndALineFeed()
     QCOMPARE(separator().size(), 73);
 }
 
-QTEST_GUILESS_MAIN(VersionTest)
+TEST_WITH_CORE_APPLICATION(VersionTest);
 #include "tst_version.moc"

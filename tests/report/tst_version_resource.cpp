@@ -1,5 +1,7 @@
 // The version resource of the DLL, as the Windows Explorer shows it.
 
+#include "test_main.h"
+
 #include <QtTest/QtTest>
 
 #include <windows.h>
@@ -63,5 +65,5 @@ void VersionResourceTest::texts()
     QCOMPARE(QString::fromWCharArray(text), expected);
 }
 
-QTEST_GUILESS_MAIN(VersionResourceTest)
+TEST_WITH_CORE_APPLICATION(VersionResourceTest);
 #include "tst_version_resource.moc"

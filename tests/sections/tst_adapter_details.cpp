@@ -2,6 +2,7 @@
 
 #include "described_windows.h"
 #include "qt/qt_network_interfaces.h"
+#include "test_main.h"
 #include "texts.h"
 
 #include <limits>
@@ -429,5 +430,5 @@ void AdapterDetailsTest::listThatShrinksBetweenTheCalls()
 
 #endif
 
-QTEST_GUILESS_MAIN(AdapterDetailsTest)
+TEST_WITH_CORE_APPLICATION(AdapterDetailsTest);
 #include "tst_adapter_details.moc"

@@ -2,6 +2,7 @@
 
 #include "described_windows.h"
 #include "registry_values.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/windows_sections.h"
 
@@ -234,5 +235,5 @@ void BiosInfoTest::failingCalls()
 
 #endif
 
-QTEST_GUILESS_MAIN(BiosInfoTest)
+TEST_WITH_CORE_APPLICATION(BiosInfoTest);
 #include "tst_bios_info.moc"

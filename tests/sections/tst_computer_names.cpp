@@ -1,6 +1,7 @@
 // computerNames(): texts and calls.
 
 #include "described_windows.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/windows_sections.h"
 
@@ -206,5 +207,5 @@ void ComputerNamesTest::whatWindowsAnswers()
 
 #endif
 
-QTEST_GUILESS_MAIN(ComputerNamesTest)
+TEST_WITH_CORE_APPLICATION(ComputerNamesTest);
 #include "tst_computer_names.moc"

@@ -3,6 +3,7 @@
 #include "described_windows.h"
 #include "registry_values.h"
 #include "section_calls.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/windows_sections.h"
 
@@ -260,5 +261,5 @@ void DiskDevicesTest::anyFailingCall()
 
 #endif
 
-QTEST_GUILESS_MAIN(DiskDevicesTest)
+TEST_WITH_CORE_APPLICATION(DiskDevicesTest);
 #include "tst_disk_devices.moc"

@@ -2,6 +2,7 @@
 
 #include "described_windows.h"
 #include "section_calls.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/windows_sections.h"
 
@@ -226,5 +227,5 @@ void DiskInformationTest::drivesOfThisSystem()
 
 #endif
 
-QTEST_GUILESS_MAIN(DiskInformationTest)
+TEST_WITH_CORE_APPLICATION(DiskInformationTest);
 #include "tst_disk_information.moc"

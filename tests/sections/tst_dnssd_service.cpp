@@ -4,6 +4,7 @@
 #include "win/dnssd_service.h"
 #include "described_windows.h"
 #include "section_calls.h"
+#include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 #include "win/windows_sections.h"
@@ -322,5 +323,5 @@ void DnssdServiceTest::failingCalls()
 
 #endif
 
-QTEST_GUILESS_MAIN(DnssdServiceTest)
+TEST_WITH_CORE_APPLICATION(DnssdServiceTest);
 #include "tst_dnssd_service.moc"

@@ -3,6 +3,7 @@
 #include "described_windows.h"
 #include "registry_values.h"
 #include "section_calls.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/windows_sections.h"
 
@@ -464,5 +465,5 @@ void DriverInfoTest::anyFailingCall()
 
 #endif
 
-QTEST_GUILESS_MAIN(DriverInfoTest)
+TEST_WITH_CORE_APPLICATION(DriverInfoTest);
 #include "tst_driver_info.moc"

@@ -2,6 +2,7 @@
 
 #include "described_windows.h"
 #include "section_calls.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/windows_sections.h"
 
@@ -242,5 +243,5 @@ void EnvironmentVariablesTest::noMemory()
 
 #endif
 
-QTEST_GUILESS_MAIN(EnvironmentVariablesTest)
+TEST_WITH_CORE_APPLICATION(EnvironmentVariablesTest);
 #include "tst_environment_variables.moc"

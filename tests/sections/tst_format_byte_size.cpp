@@ -1,5 +1,6 @@
 // formatByteSize(): the boundaries of its units and of its digit.
 
+#include "test_main.h"
 #include "win/format_byte_size.h"
 
 #include <QtTest/QtTest>
@@ -87,5 +88,5 @@ void FormatByteSizeTest::digitIsCut()
     QCOMPARE(formatByteSize(bytes * 1048576 + 1048575), number + " GByte");
 }
 
-QTEST_GUILESS_MAIN(FormatByteSizeTest)
+TEST_WITH_CORE_APPLICATION(FormatByteSizeTest);
 #include "tst_format_byte_size.moc"

@@ -3,6 +3,7 @@
 #include "described_windows.h"
 #include "registry_values.h"
 #include "section_calls.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/windows_sections.h"
 
@@ -531,5 +532,5 @@ void InstalledApplicationsTest::anyFailingCall()
 
 #endif
 
-QTEST_GUILESS_MAIN(InstalledApplicationsTest)
+TEST_WITH_CORE_APPLICATION(InstalledApplicationsTest);
 #include "tst_installed_applications.moc"

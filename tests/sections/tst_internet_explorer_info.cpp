@@ -2,6 +2,7 @@
 
 #include "described_windows.h"
 #include "registry_values.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/windows_sections.h"
 
@@ -340,5 +341,5 @@ void InternetExplorerInfoTest::failingCalls()
 
 #endif
 
-QTEST_GUILESS_MAIN(InternetExplorerInfoTest)
+TEST_WITH_CORE_APPLICATION(InternetExplorerInfoTest);
 #include "tst_internet_explorer_info.moc"

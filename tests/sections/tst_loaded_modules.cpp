@@ -2,6 +2,7 @@
 
 #include "described_windows.h"
 #include "section_calls.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/windows_sections.h"
 
@@ -210,5 +211,5 @@ void LoadedModulesTest::modulesOfThisProcess()
 
 #endif
 
-QTEST_GUILESS_MAIN(LoadedModulesTest)
+TEST_WITH_CORE_APPLICATION(LoadedModulesTest);
 #include "tst_loaded_modules.moc"

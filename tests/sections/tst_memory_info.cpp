@@ -1,6 +1,7 @@
 // memoryInfo(): texts and calls.
 
 #include "described_windows.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/format_byte_size.h"
 #include "win/windows_sections.h"
@@ -141,5 +142,5 @@ void MemoryInfoTest::whatWindowsAnswers()
 
 #endif
 
-QTEST_GUILESS_MAIN(MemoryInfoTest)
+TEST_WITH_CORE_APPLICATION(MemoryInfoTest);
 #include "tst_memory_info.moc"

@@ -1,5 +1,6 @@
 // registryMultiStringToList() and registryWideMultiStringToList().
 
+#include "test_main.h"
 #include "win/multi_string.h"
 
 #include <QtTest/QtTest>
@@ -144,5 +145,5 @@ void MultiStringTest::noBuffer()
     QCOMPARE(registryWideMultiStringToList(nullptr, 0), QStringList());
 }
 
-QTEST_GUILESS_MAIN(MultiStringTest)
+TEST_WITH_CORE_APPLICATION(MultiStringTest);
 #include "tst_multi_string.moc"

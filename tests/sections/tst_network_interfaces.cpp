@@ -3,6 +3,7 @@
 
 #include "described_windows.h"
 #include "qt/qt_network_interfaces.h"
+#include "test_main.h"
 #include "texts.h"
 
 #include <QtCore/QtEndian>
@@ -33,6 +34,11 @@ using namespace velkor::SystemInfo;
 class NetworkInterfacesTest : public QObject
 {
     Q_OBJECT
+
+#ifdef SIMULATED_WINDOWS
+public:
+    NetworkInterfacesTest();
+#endif
 
 private Q_SLOTS:
 #ifdef SIMULATED_WINDOWS
@@ -412,12 +418,10 @@ void NetworkInterfacesTest::failingCalls()
     QVERIFY(fault.hits() >= 1);
 }
 
-int main(int argc, char **argv)
+// Before QtTest starts a thread.
+NetworkInterfacesTest::NetworkInterfacesTest()
 {
     becomeRoot();
-    QCoreApplication application(argc, argv);
-    NetworkInterfacesTest test;
-    return QTest::qExec(&test, argc, argv);
 }
 
 #else
@@ -541,8 +545,8 @@ void NetworkInterfacesTest::interfacesOfThisMachine()
     COMPARE_TEXT(qtNetworkInterfaces(), expected);
 }
 
-QTEST_GUILESS_MAIN(NetworkInterfacesTest)
-
 #endif
+
+TEST_WITH_CORE_APPLICATION(NetworkInterfacesTest);
 
 #include "tst_network_interfaces.moc"

@@ -2,6 +2,7 @@
 
 #include "described_windows.h"
 #include "registry_values.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/windows_sections.h"
 
@@ -225,5 +226,5 @@ void OemInfoTest::failingCalls()
 
 #endif
 
-QTEST_GUILESS_MAIN(OemInfoTest)
+TEST_WITH_CORE_APPLICATION(OemInfoTest);
 #include "tst_oem_info.moc"

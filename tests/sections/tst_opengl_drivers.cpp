@@ -1,6 +1,7 @@
 // The driver list of the OpenGL section, and the whole section where there is no OpenGL.
 
 #include "described_windows.h"
+#include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 
@@ -325,12 +326,5 @@ void OpenGLDriversTest::sectionAlwaysProbes()
 
 #endif
 
-int main(int argc, char **argv)
-{
-    qputenv("QT_QPA_PLATFORM", "minimal"); // the one that has no OpenGL
-    QApplication application(argc, argv);
-    OpenGLDriversTest test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+TEST_WITH_APPLICATION(OpenGLDriversTest);
 #include "tst_opengl_drivers.moc"

@@ -1,6 +1,7 @@
 // The OpenGL section where there is OpenGL. Needs a display.
 
 #include "described_windows.h"
+#include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 
@@ -225,5 +226,5 @@ void OpenGLSectionTest::askedInAHiddenWidgetsContext()
 
 #endif
 
-QTEST_MAIN(OpenGLSectionTest)
+TEST_WITH_APPLICATION(OpenGLSectionTest);
 #include "tst_opengl_section.moc"

@@ -1,5 +1,6 @@
 // ScanOpenGLInfo as a class, and the OpenGL version probe.
 
+#include "test_main.h"
 #include "opengl/opengl_version.h"
 
 #include <QtCore/QPointer>
@@ -252,7 +253,7 @@ void OpenGLVersionTest::cachedProbe()
     QCOMPARE(version_flags::calls - callsBefore, 3);
 }
 
-QTEST_GUILESS_MAIN(OpenGLVersionTest)
+TEST_WITH_CORE_APPLICATION(OpenGLVersionTest);
 
 #else
 
@@ -265,7 +266,7 @@ void OpenGLVersionTest::probesOfThisMachine()
     QCOMPARE(shown(ScanOpenGLInfo::GetOpenGLVersionCached()), shown(openGLVersionFromFlags(flags)));
 }
 
-QTEST_MAIN(OpenGLVersionTest)
+TEST_WITH_APPLICATION(OpenGLVersionTest);
 
 #endif
 

@@ -3,6 +3,7 @@
 #include "described_windows.h"
 #include "registry_values.h"
 #include "section_calls.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/windows_sections.h"
 
@@ -171,5 +172,5 @@ void PortsTest::anyFailingCall()
 
 #endif
 
-QTEST_GUILESS_MAIN(PortsTest)
+TEST_WITH_CORE_APPLICATION(PortsTest);
 #include "tst_ports.moc"

@@ -1,6 +1,7 @@
 // processorInfo(): texts and calls.
 
 #include "described_windows.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/windows_sections.h"
 
@@ -234,5 +235,5 @@ void ProcessorInfoTest::whatWindowsAnswers()
 
 #endif
 
-QTEST_GUILESS_MAIN(ProcessorInfoTest)
+TEST_WITH_CORE_APPLICATION(ProcessorInfoTest);
 #include "tst_processor_info.moc"

@@ -2,6 +2,7 @@
 
 #include "described_windows.h"
 #include "registry_values.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/windows_sections.h"
 
@@ -316,5 +317,5 @@ void ProcessorRegistryInfoTest::failingCalls()
 
 #endif
 
-QTEST_GUILESS_MAIN(ProcessorRegistryInfoTest)
+TEST_WITH_CORE_APPLICATION(ProcessorRegistryInfoTest);
 #include "tst_processor_registry_info.moc"

@@ -1,5 +1,6 @@
 // qtAccessibility(): text.
 
+#include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 
@@ -41,5 +42,5 @@ void QtAccessibilityTest::text()
     COMPARE_TEXT(qtAccessibility(), expected);
 }
 
-QTEST_MAIN(QtAccessibilityTest)
+TEST_WITH_APPLICATION(QtAccessibilityTest);
 #include "tst_qt_accessibility.moc"

@@ -1,6 +1,7 @@
 // qtCoreApplication(): text. Every row has an application object of its own.
 
 #include "section_process.h"
+#include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 
@@ -218,5 +219,5 @@ void QtCoreApplicationTest::pluginPathOfTheEnvironment()
              qPrintable(text));
 }
 
-QTEST_APPLESS_MAIN(QtCoreApplicationTest)
+TEST_WITHOUT_APPLICATION(QtCoreApplicationTest);
 #include "tst_qt_core_application.moc"

@@ -1,6 +1,7 @@
 // qtDateTime(): text, and that its two times and its bias agree.
 
 #include "section_process.h"
+#include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 
@@ -148,5 +149,5 @@ void QtDateTimeTest::zones()
 
 #endif
 
-QTEST_GUILESS_MAIN(QtDateTimeTest)
+TEST_WITH_CORE_APPLICATION(QtDateTimeTest);
 #include "tst_qt_date_time.moc"

@@ -1,6 +1,7 @@
 // qtDesktop(): text, with screens of the test's own and with real ones.
 
 #include "section_process.h"
+#include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 
@@ -289,5 +290,5 @@ void QtDesktopTest::screensOfAnXServer()
 
 #endif
 
-QTEST_MAIN(QtDesktopTest)
+TEST_WITH_APPLICATION(QtDesktopTest);
 #include "tst_qt_desktop.moc"

@@ -1,6 +1,7 @@
 // qtDesktopServices(): text.
 
 #include "section_process.h"
+#include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 
@@ -164,5 +165,5 @@ void QtDesktopServicesTest::emptyLocation()
 
 #endif
 
-QTEST_GUILESS_MAIN(QtDesktopServicesTest)
+TEST_WITH_CORE_APPLICATION(QtDesktopServicesTest);
 #include "tst_qt_desktop_services.moc"

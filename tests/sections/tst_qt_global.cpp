@@ -1,5 +1,6 @@
 // qtGlobal(): text.
 
+#include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 
@@ -29,5 +30,5 @@ void QtGlobalTest::text()
                                       "Pointer size QT_POINTER_SIZE      8bytes\n"));
 }
 
-QTEST_APPLESS_MAIN(QtGlobalTest)
+TEST_WITHOUT_APPLICATION(QtGlobalTest);
 #include "tst_qt_global.moc"

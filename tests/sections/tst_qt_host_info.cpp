@@ -1,6 +1,7 @@
 // qtHostInfo(): text.
 
 #include "section_process.h"
+#include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 
@@ -76,5 +77,5 @@ void QtHostInfoTest::hosts()
     COMPARE_TEXT(text, expected);
 }
 
-QTEST_GUILESS_MAIN(QtHostInfoTest)
+TEST_WITH_CORE_APPLICATION(QtHostInfoTest);
 #include "tst_qt_host_info.moc"

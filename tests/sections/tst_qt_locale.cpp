@@ -1,6 +1,7 @@
 // qtLocale(): text.
 
 #include "section_process.h"
+#include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 
@@ -107,5 +108,5 @@ void QtLocaleTest::text()
 
 #endif
 
-QTEST_GUILESS_MAIN(QtLocaleTest)
+TEST_WITH_CORE_APPLICATION(QtLocaleTest);
 #include "tst_qt_locale.moc"

@@ -2,6 +2,7 @@
 
 #include "print_server.h"
 #include "section_process.h"
+#include "test_main.h"
 #include "texts.h"
 
 #include <memory>
@@ -105,5 +106,5 @@ void QtPrinterInfoTest::instance()
                                 "   alpha/drafts\n"));
 }
 
-QTEST_GUILESS_MAIN(QtPrinterInfoTest)
+TEST_WITH_CORE_APPLICATION(QtPrinterInfoTest);
 #include "tst_qt_printer_info.moc"

@@ -1,6 +1,7 @@
 // qtScreens(): text, with screens of the test's own and with real ones.
 
 #include "section_process.h"
+#include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 
@@ -232,5 +233,5 @@ void QtScreensTest::screensOfAnXServer()
 
 #endif
 
-QTEST_MAIN(QtScreensTest)
+TEST_WITH_APPLICATION(QtScreensTest);
 #include "tst_qt_screens.moc"

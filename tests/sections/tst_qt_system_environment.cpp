@@ -1,6 +1,7 @@
 // qtSystemEnvironment(): text.
 
 #include "section_process.h"
+#include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 
@@ -101,5 +102,5 @@ void QtSystemEnvironmentTest::entries()
     QVERIFY2(text.contains(QStringLiteral("\n  ") + entry + QLatin1Char('\n')), qPrintable(text));
 }
 
-QTEST_GUILESS_MAIN(QtSystemEnvironmentTest)
+TEST_WITH_CORE_APPLICATION(QtSystemEnvironmentTest);
 #include "tst_qt_system_environment.moc"

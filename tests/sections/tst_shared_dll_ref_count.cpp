@@ -3,6 +3,7 @@
 #include "described_windows.h"
 #include "registry_values.h"
 #include "section_calls.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/windows_sections.h"
 
@@ -261,5 +262,5 @@ void SharedDllRefCountTest::failingCalls()
 
 #endif
 
-QTEST_GUILESS_MAIN(SharedDllRefCountTest)
+TEST_WITH_CORE_APPLICATION(SharedDllRefCountTest);
 #include "tst_shared_dll_ref_count.moc"

@@ -2,6 +2,7 @@
 
 #include "described_windows.h"
 #include "section_calls.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/windows_sections.h"
 
@@ -146,5 +147,5 @@ void SpecialFoldersTest::foldersOfThisSystem()
 
 #endif
 
-QTEST_GUILESS_MAIN(SpecialFoldersTest)
+TEST_WITH_CORE_APPLICATION(SpecialFoldersTest);
 #include "tst_special_folders.moc"

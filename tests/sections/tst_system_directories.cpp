@@ -2,6 +2,7 @@
 
 #include "described_windows.h"
 #include "section_calls.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/windows_sections.h"
 
@@ -134,5 +135,5 @@ void SystemDirectoriesTest::directoriesOfThisSystem()
 
 #endif
 
-QTEST_GUILESS_MAIN(SystemDirectoriesTest)
+TEST_WITH_CORE_APPLICATION(SystemDirectoriesTest);
 #include "tst_system_directories.moc"

@@ -2,6 +2,7 @@
 
 #include "described_windows.h"
 #include "registry_values.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/windows_sections.h"
 
@@ -216,5 +217,5 @@ void SystemInformationTest::failingCalls()
 
 #endif
 
-QTEST_GUILESS_MAIN(SystemInformationTest)
+TEST_WITH_CORE_APPLICATION(SystemInformationTest);
 #include "tst_system_information.moc"

@@ -2,6 +2,7 @@
 
 #include "described_windows.h"
 #include "registry_values.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/windows_sections.h"
 
@@ -235,5 +236,5 @@ void TimeZoneInfoTest::failingCalls()
 
 #endif
 
-QTEST_GUILESS_MAIN(TimeZoneInfoTest)
+TEST_WITH_CORE_APPLICATION(TimeZoneInfoTest);
 #include "tst_time_zone_info.moc"

@@ -3,6 +3,7 @@
 #include "described_windows.h"
 #include "registry_values.h"
 #include "section_calls.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/multi_string.h"
 #include "win/windows_sections.h"
@@ -503,5 +504,5 @@ void VideoInfoTest::anyFailingCall()
 
 #endif
 
-QTEST_GUILESS_MAIN(VideoInfoTest)
+TEST_WITH_CORE_APPLICATION(VideoInfoTest);
 #include "tst_video_info.moc"

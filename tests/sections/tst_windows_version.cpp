@@ -2,6 +2,7 @@
 
 #include "described_windows.h"
 #include "registry_values.h"
+#include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 #include "win/windows_sections.h"
@@ -875,5 +876,5 @@ void WindowsVersionTest::failingCalls()
 
 #endif
 
-QTEST_GUILESS_MAIN(WindowsVersionTest)
+TEST_WITH_CORE_APPLICATION(WindowsVersionTest);
 #include "tst_windows_version.moc"

@@ -2,6 +2,7 @@
 
 #include "described_windows.h"
 #include "registry_values.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/windows_sections.h"
 
@@ -270,5 +271,5 @@ void WindowsVersionRegistryTest::failingCalls()
 
 #endif
 
-QTEST_GUILESS_MAIN(WindowsVersionRegistryTest)
+TEST_WITH_CORE_APPLICATION(WindowsVersionRegistryTest);
 #include "tst_windows_version_registry.moc"

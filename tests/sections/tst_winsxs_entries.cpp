@@ -2,6 +2,7 @@
 
 #include "described_windows.h"
 #include "section_calls.h"
+#include "test_main.h"
 #include "texts.h"
 #include "win/windows_sections.h"
 
@@ -152,5 +153,5 @@ void WinSxSEntriesTest::entriesOfThisSystem()
 
 #endif
 
-QTEST_GUILESS_MAIN(WinSxSEntriesTest)
+TEST_WITH_CORE_APPLICATION(WinSxSEntriesTest);
 #include "tst_winsxs_entries.moc"

@@ -2,6 +2,7 @@
 
 #include "ansi_code_page.h"
 #include "described_windows.h"
+#include "test_main.h"
 
 #include <QtTest/QtTest>
 #include <windows.h>
@@ -195,5 +196,5 @@ void AnsiCodePageTest::keyPathInTheCodePageOfTheMachine()
     QCOMPARE(key != nullptr, status == LSTATUS(ERROR_SUCCESS));
 }
 
-QTEST_APPLESS_MAIN(AnsiCodePageTest)
+TEST_WITHOUT_APPLICATION(AnsiCodePageTest);
 #include "tst_ansi_code_page.moc"

@@ -1,6 +1,7 @@
 // loadMachine(): a folder's two files, and messages that name file and line.
 
 #include "machine_loader.h"
+#include "test_main.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -164,5 +165,5 @@ void MachineLoaderTest::exampleMachine()
     QCOMPARE(machine->system.GetVersionEx->dwBuildNumber, 9200u);
 }
 
-QTEST_APPLESS_MAIN(MachineLoaderTest)
+TEST_WITHOUT_APPLICATION(MachineLoaderTest);
 #include "tst_machine_loader.moc"

@@ -1,11 +1,10 @@
 // Which machine answers a process that was not told of one: that of the environment.
 
 #include "simulated_windows.h"
+#include "test_main.h"
 
 #include <QtCore/QProcess>
 #include <QtTest/QtTest>
-#include <cstdio>
-#include <windows.h>
 
 class MachineOfEnvironmentTest : public QObject
 {
@@ -15,22 +14,6 @@ private Q_SLOTS:
     void userName_data();
     void userName();
 };
-
-namespace {
-
-const char askUserName[] = "--user-name";
-
-/// Prints what Windows answers as user name: the whole of a child process.
-int printUserName()
-{
-    WCHAR name[64];
-    DWORD size = 64;
-    const BOOL known = GetUserNameW(name, &size);
-    std::puts(known ? QString::fromWCharArray(name).toUtf8().constData() : "failed");
-    return 0;
-}
-
-} // namespace
 
 void MachineOfEnvironmentTest::userName_data()
 {
@@ -54,19 +37,11 @@ void MachineOfEnvironmentTest::userName()
         environment.insert(QStringLiteral("VKSYSTEMINFO_MACHINE"), machine);
     QProcess process;
     process.setProcessEnvironment(environment);
-    process.start(QCoreApplication::applicationFilePath(), {QLatin1String(askUserName)});
+    process.start(QCoreApplication::applicationDirPath() + "/print_user_name", QStringList());
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.readAllStandardOutput(), output);
     QCOMPARE(process.readAllStandardError(), errors);
 }
 
-int main(int argc, char **argv)
-{
-    if (argc == 2 && qstrcmp(argv[1], askUserName) == 0)
-        return printUserName();
-    QCoreApplication application(argc, argv);
-    MachineOfEnvironmentTest test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+TEST_WITH_CORE_APPLICATION(MachineOfEnvironmentTest);
 #include "tst_machine_of_environment.moc"

@@ -1,6 +1,7 @@
 // readRegistryFile(): what a file says, byte for byte, and what is wrong with it.
 
 #include "registry_file.h"
+#include "test_main.h"
 
 #include <QtCore/QtEndian>
 #include <QtTest/QtTest>
@@ -287,5 +288,5 @@ void RegistryFileTest::malformedEncodings()
     QCOMPARE(read(file), QStringList(expected));
 }
 
-QTEST_APPLESS_MAIN(RegistryFileTest)
+TEST_WITHOUT_APPLICATION(RegistryFileTest);
 #include "tst_registry_file.moc"

@@ -1,6 +1,7 @@
 // The registry in memory: names, order, and what changes while it is read.
 
 #include "registry_tree.h"
+#include "test_main.h"
 
 #include <QtTest/QtTest>
 
@@ -150,5 +151,5 @@ void RegistryTreeTest::rootsHaveTheirNames()
     QCOMPARE(registry.root(RegistryRoot::Users)->name(), QStringLiteral("HKEY_USERS"));
 }
 
-QTEST_APPLESS_MAIN(RegistryTreeTest)
+TEST_WITHOUT_APPLICATION(RegistryTreeTest);
 #include "tst_registry_tree.moc"

@@ -2,6 +2,7 @@
 
 #include "described_windows.h"
 #include "poisoned_buffer.h"
+#include "test_main.h"
 
 #include <QtTest/QtTest>
 #include <iphlpapi.h>
@@ -176,5 +177,5 @@ void SimulatedAdaptersTest::adapterMadeWithoutLists()
     QCOMPARE(addresses(records(buffer)->GatewayList), QStringList(QStringLiteral("/")));
 }
 
-QTEST_APPLESS_MAIN(SimulatedAdaptersTest)
+TEST_WITHOUT_APPLICATION(SimulatedAdaptersTest);
 #include "tst_simulated_adapters.moc"

@@ -3,6 +3,7 @@
 #include "calls.h"
 #include "described_windows.h"
 #include "simulated_windows.h"
+#include "test_main.h"
 #include "unterminated_texts.h"
 
 #include <QtTest/QtTest>
@@ -346,5 +347,5 @@ void SimulatedAnswersTest::errorMode()
     QCOMPARE(SetErrorMode(0), UINT(0x8003));
 }
 
-QTEST_APPLESS_MAIN(SimulatedAnswersTest)
+TEST_WITHOUT_APPLICATION(SimulatedAnswersTest);
 #include "tst_simulated_answers.moc"

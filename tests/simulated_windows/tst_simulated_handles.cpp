@@ -2,6 +2,7 @@
 
 #include "described_windows.h"
 #include "simulated_windows.h"
+#include "test_main.h"
 
 #include <QtTest/QtTest>
 #include <windows.h>
@@ -191,5 +192,5 @@ void SimulatedHandlesTest::keyOutlivesItsRemoval()
     QVERIFY(!again);
 }
 
-QTEST_APPLESS_MAIN(SimulatedHandlesTest)
+TEST_WITHOUT_APPLICATION(SimulatedHandlesTest);
 #include "tst_simulated_handles.moc"

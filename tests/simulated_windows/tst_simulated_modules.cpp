@@ -3,6 +3,7 @@
 #include "described_windows.h"
 #include "poisoned_buffer.h"
 #include "simulated_windows.h"
+#include "test_main.h"
 
 #include <QtTest/QtTest>
 #include <psapi.h>
@@ -222,5 +223,5 @@ void SimulatedModulesTest::kernelKnowsOneFunction()
     QCOMPARE(simulated::handleMisuses(), QStringList());
 }
 
-QTEST_APPLESS_MAIN(SimulatedModulesTest)
+TEST_WITHOUT_APPLICATION(SimulatedModulesTest);
 #include "tst_simulated_modules.moc"

@@ -3,6 +3,7 @@
 #include "calls.h"
 #include "described_windows.h"
 #include "simulated_windows.h"
+#include "test_main.h"
 
 #include <QtTest/QtTest>
 #include <cerrno>
@@ -442,5 +443,5 @@ void SimulatedSteeringTest::lastErrorIsLeftBySuccess()
     QCOMPARE(GetLastError(), poison);
 }
 
-QTEST_APPLESS_MAIN(SimulatedSteeringTest)
+TEST_WITHOUT_APPLICATION(SimulatedSteeringTest);
 #include "tst_simulated_steering.moc"

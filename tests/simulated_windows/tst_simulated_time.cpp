@@ -3,6 +3,7 @@
 #include "described_windows.h"
 #include "poisoned_buffer.h"
 #include "simulated_windows.h"
+#include "test_main.h"
 
 #include <QtTest/QtTest>
 #include <cerrno>
@@ -92,5 +93,5 @@ void SimulatedTimeTest::negativeTimeFails()
     QCOMPARE(simulated::journal().back().value, QString::number(seconds));
 }
 
-QTEST_APPLESS_MAIN(SimulatedTimeTest)
+TEST_WITHOUT_APPLICATION(SimulatedTimeTest);
 #include "tst_simulated_time.moc"

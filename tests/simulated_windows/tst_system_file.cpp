@@ -2,6 +2,7 @@
 // writeSystemFile() makes of the rare ones.
 
 #include "system_file.h"
+#include "test_main.h"
 
 #include <QtTest/QtTest>
 #include <limits>
@@ -683,5 +684,5 @@ void SystemFileTest::leaseTimesAreWritten()
     QCOMPARE(again.GetAdaptersInfo->front().LeaseObtained, time);
 }
 
-QTEST_APPLESS_MAIN(SystemFileTest)
+TEST_WITHOUT_APPLICATION(SystemFileTest);
 #include "tst_system_file.moc"

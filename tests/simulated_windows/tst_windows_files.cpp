@@ -2,6 +2,7 @@
 
 #include "described_windows.h"
 #include "simulated_windows.h"
+#include "test_main.h"
 
 #include <QtCore/QDir>
 #include <QtTest/QtTest>
@@ -126,5 +127,5 @@ void WindowsFilesTest::followsTheMachine()
     QVERIFY(!winSxS(QStringLiteral("D:\\W")).exists());
 }
 
-QTEST_GUILESS_MAIN(WindowsFilesTest)
+TEST_WITH_CORE_APPLICATION(WindowsFilesTest);
 #include "tst_windows_files.moc"

@@ -1,0 +1,13 @@
+// Prints what Windows answers as user name.
+
+#include <QtCore/QString>
+#include <cstdio>
+#include <windows.h>
+
+int main()
+{
+    WCHAR name[64];
+    DWORD size = 64;
+    const BOOL known = GetUserNameW(name, &size);
+    std::puts(known ? QString::fromWCharArray(name).toUtf8().constData() : "failed");
+}

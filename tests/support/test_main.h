@@ -1,0 +1,26 @@
+// Many test classes in one program, each run by name and in a process of its own.
+//
+// A source tst_NAME.cpp ends with one of the macros below and is the test NAME of
+// ctest: `test_sections NAME [ARGUMENT OF QtTest]...`. The macros are modelled on
+// QTEST_APPLESS_MAIN, QTEST_GUILESS_MAIN and QTEST_MAIN.
+#pragma once
+
+#include <QtTest/QtTest>
+
+/// The application object that a test class runs under.
+enum class TestApplication { None, Core, Widgets };
+
+/// Adds a test class to the program; \a sourceFile names it.
+class TestRegistration
+{
+public:
+    TestRegistration(const char *sourceFile, TestApplication application, QObject *(*create)());
+};
+
+#define TEST_REGISTER(TestClass, application)                                                      \
+    static const TestRegistration testRegistration(__FILE__, application,                          \
+                                                   []() -> QObject * { return new TestClass; })
+
+#define TEST_WITHOUT_APPLICATION(TestClass) TEST_REGISTER(TestClass, TestApplication::None)
+#define TEST_WITH_CORE_APPLICATION(TestClass) TEST_REGISTER(TestClass, TestApplication::Core)
+#define TEST_WITH_APPLICATION(TestClass) TEST_REGISTER(TestClass, TestApplication::Widgets)
