@@ -20,7 +20,7 @@ const RegistryValue *RegistryKey::findValue(const QString &name) const
 {
     const QString wanted = upperCased(name);
     const auto found = std::find_if(m_values.begin(), m_values.end(), [&](const RegistryValue &value) {
-        return upperCased(value.name) == wanted;
+        return value.name.size() == name.size() && upperCased(value.name) == wanted;
     });
     return found == m_values.end() ? nullptr : &*found;
 }
