@@ -52,7 +52,8 @@ int asctime_s(char *buffer, size_t size, const struct tm *time)
         return scope.success(EINVAL);
     static const char days[] = "SunMonTueWedThuFriSat";
     static const char months[] = "JanFebMarAprMayJunJulAugSepOctNovDec";
-    qsnprintf(buffer, int(size), "%.3s %.3s %02d %02d:%02d:%02d %04d\n", days + 3 * time->tm_wday,
+    // The day as the Universal C run-time library writes it; the older msvcrt has "%02d".
+    qsnprintf(buffer, int(size), "%.3s %.3s %2d %02d:%02d:%02d %04d\n", days + 3 * time->tm_wday,
               months + 3 * time->tm_mon, time->tm_mday, time->tm_hour, time->tm_min, time->tm_sec,
               time->tm_year + 1900);
     return 0;

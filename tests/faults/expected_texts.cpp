@@ -493,7 +493,8 @@ QString leaseTime(DescribedCalls &calls, qint64 time)
     const bool converts = !calls.fails("_localtime32_s", QString(), QString::number(seconds)) && seconds >= 0;
     const auto local = QDateTime::fromSecsSinceEpoch(seconds - 60 * qint64(calls.machine.system.timeZone), Qt::UTC);
     if (converts && !calls.fails("asctime_s"))
-        return QLocale::c().toString(local, q("ddd MMM dd HH:mm:ss yyyy")) + end;
+        return QLocale::c().toString(local, q("ddd MMM ")) + QString::number(local.date().day()).rightJustified(2)
+            + QLocale::c().toString(local, q(" HH:mm:ss yyyy")) + end;
     return q("0x") + QString::number(time, 16) + end;
 }
 
