@@ -140,6 +140,8 @@ LSTATUS openKeyEx(const char *callName, HKEY key, const typename Form::Char *sub
     const KeyPointer found = machine::findKey(parent.key, path);
     if (!found)
         return scope.status(ERROR_FILE_NOT_FOUND);
+    if (machine::isDenied(parent.key, path))
+        return scope.status(ERROR_ACCESS_DENIED);
     *result = reinterpret_cast<HKEY>(handles().add({HandleKind::Key, scope.call.key, found}));
     return scope.status(ERROR_SUCCESS);
 }

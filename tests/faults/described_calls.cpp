@@ -34,6 +34,17 @@ void overwrite(QByteArray &target, const QByteArray &bytes)
     target.replace(0, bytes.size(), bytes);
 }
 
+/// Whether the key at \a path, or one above it, is denied.
+bool isBarred(const std::shared_ptr<machine::RegistryKey> &root, const QString &path)
+{
+    for (QString above = path; !above.isEmpty(); above = above.section(QLatin1Char('\\'), 0, -2)) {
+        const auto key = machine::findKey(root, above);
+        if (key && key->isDenied())
+            return true;
+    }
+    return root->isDenied();
+}
+
 /// The part that a query and an enumeration of values have in common.
 bool deliver(Form form, const simulated::AnsiCodePage &codePage, const machine::RegistryValue &value, Buffer &buffer,
              quint32 room)
@@ -91,7 +102,7 @@ Key DescribedCalls::open(machine::RegistryRoot root, const QString &path)
     const QString asked = simulated::AnsiCodePage(machine.system.ansiCodePage).toUtf16(path.toLatin1());
     Key key;
     key.path = machine.registry.root(root)->name() + QLatin1Char('\\') + asked;
-    if (!fails("RegOpenKeyExA", key.path))
+    if (!fails("RegOpenKeyExA", key.path) && !isBarred(machine.registry.root(root), asked))
         key.key = machine::findKey(machine.registry.root(root), asked);
     if (key)
         openHandles += key.path;
