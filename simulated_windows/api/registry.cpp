@@ -162,8 +162,11 @@ LSTATUS queryValueEx(const char *callName, HKEY key, const typename Form::Char *
     if (data && !size)
         return scope.status(ERROR_INVALID_PARAMETER);
     const RegistryValue *value = open.key->findValue(scope.call.value);
-    if (!value)
+    if (!value) {
+        if (size && !data) // asked for the size alone
+            scope.call.sizeOut = *size = 0;
         return scope.status(ERROR_FILE_NOT_FOUND);
+    }
     const DWORD error = readValue<Form>(*value, type, data, size);
     scope.call.sizeOut = size ? *size : 0;
     return scope.status(error);

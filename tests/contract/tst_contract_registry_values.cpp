@@ -281,8 +281,7 @@ void ContractRegistryValuesTest::missingValueWithoutBuffer()
     DWORD size = poison;
     QCOMPARE(query(form, key.handle(), QStringLiteral("Missing"), nullptr, nullptr, &size),
              LSTATUS(ERROR_FILE_NOT_FOUND));
-    WINE_DEVIATES("sets the size to 0");
-    QCOMPARE(size, poison);
+    QCOMPARE(size, DWORD(0));
 }
 
 void ContractRegistryValuesTest::invalidCalls_data()

@@ -404,7 +404,7 @@ void SimulatedSteeringTest::hookChangesTheRegistryBetweenCalls()
     };
     QCOMPARE(sizeOfValue(), DWORD(6));
     QCOMPARE(sizeOfValue(), DWORD(100));
-    QCOMPARE(sizeOfValue(), poison);
+    QCOMPARE(sizeOfValue(), DWORD(0)); // of a missing value
 }
 
 void SimulatedSteeringTest::hookIsGoneAfterReset()
