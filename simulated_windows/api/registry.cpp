@@ -13,6 +13,9 @@ using machine::RegistryRoot;
 using machine::RegistryValue;
 using KeyPointer = std::shared_ptr<RegistryKey>;
 
+/// A handle that is not null and was never given out.
+const HKEY deadKey = reinterpret_cast<HKEY>(quintptr(0xdead));
+
 quintptr numberOf(HKEY key)
 {
     return reinterpret_cast<quintptr>(key);
@@ -142,7 +145,8 @@ LSTATUS openKeyEx(const char *callName, HKEY key, const typename Form::Char *sub
         return scope.status(ERROR_FILE_NOT_FOUND);
     if (machine::isDenied(parent.key, path))
         return scope.status(ERROR_ACCESS_DENIED);
-    *result = reinterpret_cast<HKEY>(handles().add({HandleKind::Key, scope.call.key, found}));
+    *result = scope.lateFault() ? deadKey
+                                : reinterpret_cast<HKEY>(handles().add({HandleKind::Key, scope.call.key, found}));
     return scope.status(ERROR_SUCCESS);
 }
 
@@ -256,11 +260,11 @@ LSTATUS RegCloseKey(HKEY key)
 {
     CallScope scope("RegCloseKey");
     if (predefinedRoot(key))
-        return scope.status(scope.fault().value_or(ERROR_SUCCESS));
+        return scope.status(scope.anyFault().value_or(ERROR_SUCCESS));
     scope.call.key = openKey(key, "RegCloseKey").path;
     // A close that is made to fail closes all the same: what the caller holds is spent.
     const bool closed = !scope.call.key.isEmpty() && handles().remove(numberOf(key), HandleKind::Key, "RegCloseKey");
-    return scope.status(scope.fault().value_or(closed ? ERROR_SUCCESS : ERROR_INVALID_HANDLE));
+    return scope.status(scope.anyFault().value_or(closed ? ERROR_SUCCESS : ERROR_INVALID_HANDLE));
 }
 
 LSTATUS RegQueryValueExA(HKEY key, LPCSTR name, LPDWORD, LPDWORD type, LPBYTE data, LPDWORD size)
