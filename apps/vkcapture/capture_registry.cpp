@@ -203,22 +203,32 @@ private:
         QStringList names = {rest.constFirst()};
         if (names.constFirst() == QLatin1String("*")) {
             const OpenKey parent(rootKey(wanted.root), path);
+            noteUnlessOpen(parent, wanted.root, path);
             names = parent.status() == ERROR_SUCCESS ? subKeyNames(parent.get()) : QStringList();
         }
         for (const QString &name : qAsConst(names))
             addBelow(wanted, path.isEmpty() ? name : path + QLatin1Char('\\') + name, rest.mid(1));
     }
 
+    /// A key that exists and cannot be opened is denied, whichever the error.
+    void noteUnlessOpen(const OpenKey &key, RegistryRoot wantedRoot, const QString &path)
+    {
+        if (key.status() == ERROR_SUCCESS || key.status() == ERROR_FILE_NOT_FOUND)
+            return;
+        const auto &root = registry.root(wantedRoot);
+        if (isDenied(root, path)) // it, or a key above it, was noted before
+            return;
+        createKey(root, path)->setDenied(true);
+        m_note(QStringLiteral("%1\\%2 cannot be opened (error %3)").arg(root->name(), path).arg(key.status()));
+    }
+
     void addKey(const Wanted &wanted, const QString &path)
     {
         const OpenKey key(rootKey(wanted.root), path);
-        const auto &root = registry.root(wanted.root);
-        if (key.status() != ERROR_SUCCESS) {
-            if (key.status() != ERROR_FILE_NOT_FOUND)
-                m_note(QStringLiteral("%1\\%2 cannot be read (error %3); it is left out").arg(root->name(), path).arg(key.status()));
+        noteUnlessOpen(key, wanted.root, path);
+        if (key.status() != ERROR_SUCCESS)
             return;
-        }
-        const auto described = createKey(root, path);
+        const auto described = createKey(registry.root(wanted.root), path);
         const QStringList names = wanted.values == QStringList("*") ? valueNames(key.get()) : wanted.values;
         RegistryValue value;
         for (const QString &name : names) {

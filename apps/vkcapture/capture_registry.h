@@ -5,6 +5,6 @@
 
 #include <functional>
 
-/// Reads them into a registry of their own. A key that may not be read is skipped and
-/// told to \a note.
+/// Reads them into a registry of their own. A key that exists and cannot be opened is a
+/// denied one there, and \a note gets a line about it.
 machine::Registry captureRegistry(const QString &windowsDirectory, const std::function<void(const QString &)> &note);

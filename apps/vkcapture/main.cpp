@@ -29,14 +29,17 @@ bool write(const QDir &folder, const char *name, const QByteArray &contents)
 ExitCode capture(const QDir &folder)
 {
     complain(QStringLiteral("asking Windows"));
-    const machine::SystemAnswers system = captureSystem(complain);
+    machine::Machine machine;
+    machine.system = captureSystem(complain);
     complain(QStringLiteral("reading the registry"));
-    const machine::Registry registry = captureRegistry(system.GetSystemWindowsDirectory.value.value_or(QString()), complain);
+    const QString windowsDirectory = machine.system.GetSystemWindowsDirectory.value.value_or(QString());
+    machine.registry = captureRegistry(windowsDirectory, complain);
     if (!folder.mkpath(QStringLiteral("."))) {
         complain(QStringLiteral("cannot make the folder '%1'").arg(QDir::toNativeSeparators(folder.path())));
         return Failed;
     }
-    if (!write(folder, fileNames[0], writeRegistryFile(registry)) || !write(folder, fileNames[1], writeSystemFile(system)))
+    if (!write(folder, fileNames[0], writeRegistryFile(machine.registry))
+        || !write(folder, fileNames[1], writeSystemFile(machine)))
         return Failed;
     complain(QStringLiteral("described in '%1'").arg(QDir::toNativeSeparators(folder.path())));
     return Done;

@@ -1,5 +1,7 @@
 #include "ansi_code_page.h"
 
+#include "best_fit.h"
+
 #include <QtCore/QHash>
 #include <array>
 #include <iconv.h>
@@ -8,6 +10,7 @@ namespace simulated {
 namespace {
 
 constexpr int utf8CodePage = 65001;
+constexpr QChar unknownPair(0x30fb); // what 932 has for bytes that mean nothing
 
 struct Tables
 {
@@ -62,10 +65,39 @@ int preference(int lead)
 }
 
 /// What a single byte that stands for nothing is answered as: the control of its
-/// number, but for the last three of 932, which Windows keeps in a private place.
+/// number, but for four of 932, which Windows keeps in a private place.
 ushort holeUnit(int codePage, int byte)
 {
+    if (codePage == 932 && byte == 0xa0)
+        return 0xf8f0;
     return ushort(codePage == 932 && byte >= 0xfd ? 0xf8f1 + (byte - 0xfd) : byte);
+}
+
+/// Adds the similar characters for those that the code page lacks.
+void addBestFit(int codePage, QHash<ushort, QByteArray> &bytes)
+{
+    for (const BestFitTable &table : bestFitTables()) {
+        if (table.codePage != codePage)
+            continue;
+        for (const BestFitRun *run = table.begin; run != table.end; ++run) {
+            ushort unit = run->first;
+            for (const char *position = run->bytes; *position; position += run->width)
+                bytes.insert(unit++, QByteArray(position, run->width));
+        }
+    }
+}
+
+/// Each lone surrogate as U+FFFD.
+QString withoutLoneSurrogates(QString text)
+{
+    for (int i = 0; i < text.size(); ++i) {
+        const bool pair = text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
+        if (pair)
+            ++i;
+        else if (text.at(i).isSurrogate())
+            text[i] = QChar(QChar::ReplacementCharacter);
+    }
+    return text;
 }
 
 Tables makeTables(int codePage)
@@ -96,6 +128,7 @@ Tables makeTables(int codePage)
             }
         }
     }
+    addBestFit(codePage, tables.bytes);
     return tables;
 }
 
@@ -117,7 +150,7 @@ AnsiCodePage::AnsiCodePage(int number)
 QByteArray AnsiCodePage::fromUtf16(const QString &text) const
 {
     if (m_number == utf8CodePage)
-        return text.toUtf8();
+        return withoutLoneSurrogates(text).toUtf8();
     const Tables &tables = tablesOf(m_number);
     QByteArray result;
     result.reserve(text.size());
@@ -142,7 +175,7 @@ QString AnsiCodePage::toUtf16(const QByteArray &text) const
         }
         const uchar trail = i + 1 < text.size() ? uchar(text.at(i + 1)) : 0;
         const auto pair = tables.pairs.constFind(ushort(byte << 8 | trail));
-        result += pair == tables.pairs.constEnd() ? QChar(QChar::ReplacementCharacter) : QChar(*pair);
+        result += pair == tables.pairs.constEnd() ? unknownPair : QChar(*pair);
         if (trail)
             ++i;
     }

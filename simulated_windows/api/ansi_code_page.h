@@ -15,10 +15,11 @@ public:
 
     int number() const { return m_number; }
 
-    /// A character that the code page lacks becomes '?', one for each UTF-16 unit.
+    /// A character that the code page lacks becomes a similar one (best fit), else '?',
+    /// one for each UTF-16 unit; a lone surrogate is U+FFFD in 65001.
     QByteArray fromUtf16(const QString &text) const;
-    /// Bytes that mean nothing become U+FFFD, but a hole of a single-byte code page
-    /// is the C1 control of the same number.
+    /// Bytes that mean nothing become U+FFFD, in 932 U+30FB; but a hole of a single-byte
+    /// code page is the C1 control of the same number.
     QString toUtf16(const QByteArray &text) const;
 
 private:

@@ -13,6 +13,7 @@ struct ArmedFault
     QByteArray name; // empty: any
     std::optional<std::size_t> number;
     quint32 error;
+    BeforeFailing before;
     std::size_t seen = 0;
     std::size_t hits = 0;
 };
@@ -36,9 +37,10 @@ State &state()
 
 thread_local DWORD lastError = ERROR_SUCCESS;
 
-std::optional<DWORD> faultFor(const QByteArray &name)
+/// The first one that concerns this call, or null.
+const ArmedFault *faultFor(const QByteArray &name)
 {
-    std::optional<DWORD> result;
+    const ArmedFault *result = nullptr;
     for (ArmedFault &fault : state().faults) {
         if (!fault.name.isEmpty() && fault.name != name)
             continue;
@@ -46,15 +48,15 @@ std::optional<DWORD> faultFor(const QByteArray &name)
         if (result || (fault.number && *fault.number != number))
             continue;
         ++fault.hits;
-        result = fault.error;
+        result = &fault;
     }
     return result;
 }
 
-int arm(const QByteArray &name, std::optional<std::size_t> number, quint32 error)
+int arm(const QByteArray &name, std::optional<std::size_t> number, quint32 error, BeforeFailing before)
 {
     const int id = ++state().lastFaultId;
-    state().faults.push_back({id, name, number, error});
+    state().faults.push_back({id, name, number, error, before});
     return id;
 }
 
@@ -66,7 +68,8 @@ CallScope::CallScope(const char *name)
     const std::size_t number = state().calls++;
     if (state().beforeCall)
         state().beforeCall(number, call.name);
-    m_fault = faultFor(call.name);
+    if (const ArmedFault *fault = faultFor(call.name))
+        (fault->before == BeforeFailing::Nothing ? m_fault : m_lateFault) = fault->error;
 }
 
 CallScope::~CallScope()
@@ -77,6 +80,8 @@ CallScope::~CallScope()
 
 LSTATUS CallScope::status(DWORD error)
 {
+    if (error == ERROR_SUCCESS && m_lateFault)
+        error = *m_lateFault;
     call.result = LSTATUS(error);
     return LSTATUS(error);
 }
@@ -123,19 +128,19 @@ void setBeforeCall(std::function<void(std::size_t, const QByteArray &)> hook)
     state().beforeCall = std::move(hook);
 }
 
-Fault Fault::everyCall(const QByteArray &name, quint32 error)
+Fault Fault::everyCall(const QByteArray &name, quint32 error, BeforeFailing before)
 {
-    return Fault(arm(name, std::nullopt, error));
+    return Fault(arm(name, std::nullopt, error, before));
 }
 
-Fault Fault::nthCall(const QByteArray &name, std::size_t number, quint32 error)
+Fault Fault::nthCall(const QByteArray &name, std::size_t number, quint32 error, BeforeFailing before)
 {
-    return Fault(arm(name, number, error));
+    return Fault(arm(name, number, error, before));
 }
 
-Fault Fault::nthOfAll(std::size_t number, quint32 error)
+Fault Fault::nthOfAll(std::size_t number, quint32 error, BeforeFailing before)
 {
-    return Fault(arm(QByteArray(), number, error));
+    return Fault(arm(QByteArray(), number, error, before));
 }
 
 Fault::Fault(Fault &&other) noexcept

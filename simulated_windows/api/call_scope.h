@@ -18,8 +18,13 @@ public:
     /// What goes into the journal.
     Call call;
 
-    /// The error that a fault wants this call to fail with.
+    /// The error that a fault makes this call fail with before it does anything.
     const std::optional<DWORD> &fault() const { return m_fault; }
+    /// The error that a fault makes it fail with after it has written its results;
+    /// status() and success() return it.
+    const std::optional<DWORD> &lateFault() const { return m_lateFault; }
+    /// Either of them, for calls that write no results.
+    const std::optional<DWORD> &anyFault() const { return m_fault ? m_fault : m_lateFault; }
 
     /// For calls that return their error.
     LSTATUS status(DWORD error);
@@ -29,12 +34,15 @@ public:
     template <typename T>
     T success(T result)
     {
+        if (m_lateFault)
+            return T(failure(*m_lateFault));
         call.result = static_cast<qint64>(result);
         return result;
     }
 
 private:
     std::optional<DWORD> m_fault;
+    std::optional<DWORD> m_lateFault;
 };
 
 /// What SetErrorMode() set last.

@@ -14,7 +14,7 @@ LPVOID HeapAlloc(HANDLE, DWORD flags, SIZE_T bytes)
     CallScope scope("HeapAlloc");
     scope.call.access = flags;
     scope.call.sizeIn = scope.call.sizeOut = bytes;
-    if (scope.fault())
+    if (scope.anyFault())
         return nullptr;
     scope.call.result = 1;
     return std::malloc(bytes); // so that a leak or an overrun is found by the usual tools
@@ -25,7 +25,7 @@ BOOL HeapFree(HANDLE, DWORD flags, LPVOID memory)
     CallScope scope("HeapFree");
     scope.call.access = flags;
     std::free(memory); // gone all the same when it is made to fail
-    if (scope.fault())
-        return scope.failure(*scope.fault());
+    if (scope.anyFault())
+        return scope.failure(*scope.anyFault());
     return scope.success(TRUE);
 }

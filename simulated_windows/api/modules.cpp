@@ -60,12 +60,12 @@ qint32 WINAPI dnsServiceGetProperty(const char *property, void *result, DWORD *s
     scope.call.sizeIn = scope.call.sizeOut = *size;
     const machine::DnsServiceRecord &service = services[place];
     if (scope.fault())
-        return qint32(scope.success(qint32(*scope.fault())));
+        return qint32(scope.status(*scope.fault()));
     if (service.error == 0) {
         std::memcpy(result, &service.DaemonVersion, sizeof service.DaemonVersion);
         *size = scope.call.sizeOut = sizeof service.DaemonVersion;
     }
-    return scope.success(service.error);
+    return qint32(scope.status(DWORD(service.error)));
 }
 
 template <std::size_t... place>
@@ -125,8 +125,8 @@ HMODULE GetModuleHandleW(LPCWSTR name)
     CallScope scope("GetModuleHandleW");
     scope.call.key = fromWide(name);
     const bool known = knowsMachine() && scope.call.key.compare(QLatin1String("kernel32.dll"), Qt::CaseInsensitive) == 0;
-    if (scope.fault() || !known) {
-        scope.failure(scope.fault().value_or(ERROR_MOD_NOT_FOUND));
+    if (scope.anyFault() || !known) {
+        scope.failure(scope.anyFault().value_or(ERROR_MOD_NOT_FOUND));
         return nullptr;
     }
     scope.call.result = 1;
@@ -140,8 +140,8 @@ HMODULE LoadLibraryW(LPCWSTR name)
     const auto &libraries = machineInUse().system.libraries;
     const auto library = libraries.constFind(scope.call.key.toLower());
     const Place place = freePlace();
-    if (scope.fault() || library == libraries.constEnd() || place == occupants.end()) {
-        scope.failure(scope.fault().value_or(ERROR_MOD_NOT_FOUND));
+    if (scope.anyFault() || library == libraries.constEnd() || place == occupants.end()) {
+        scope.failure(scope.anyFault().value_or(ERROR_MOD_NOT_FOUND));
         return nullptr;
     }
     *place = handles().add({HandleKind::Library, scope.call.key, nullptr});
@@ -156,8 +156,8 @@ BOOL FreeLibrary(HMODULE module)
     CallScope scope("FreeLibrary");
     const quintptr number = reinterpret_cast<quintptr>(module);
     const bool known = handles().remove(number, HandleKind::Library, "FreeLibrary");
-    if (scope.fault() || !known)
-        return scope.failure(scope.fault().value_or(ERROR_INVALID_HANDLE));
+    if (scope.anyFault() || !known)
+        return scope.failure(scope.anyFault().value_or(ERROR_INVALID_HANDLE));
     return scope.success(TRUE);
 }
 
@@ -179,8 +179,8 @@ FARPROC GetProcAddress(HMODULE module, LPCSTR name)
         if (exported && place != occupants.end())
             function = dnsServiceAt(std::size_t(place - occupants.begin()), std::make_index_sequence<places>());
     }
-    if (scope.fault() || !function) {
-        scope.failure(scope.fault().value_or(ERROR_PROC_NOT_FOUND));
+    if (scope.anyFault() || !function) {
+        scope.failure(scope.anyFault().value_or(ERROR_PROC_NOT_FOUND));
         return nullptr;
     }
     scope.call.result = 1;

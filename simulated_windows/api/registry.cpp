@@ -13,6 +13,9 @@ using machine::RegistryRoot;
 using machine::RegistryValue;
 using KeyPointer = std::shared_ptr<RegistryKey>;
 
+/// A handle that is not null and was never given out.
+const HKEY deadKey = reinterpret_cast<HKEY>(quintptr(0xdead));
+
 quintptr numberOf(HKEY key)
 {
     return reinterpret_cast<quintptr>(key);
@@ -140,7 +143,10 @@ LSTATUS openKeyEx(const char *callName, HKEY key, const typename Form::Char *sub
     const KeyPointer found = machine::findKey(parent.key, path);
     if (!found)
         return scope.status(ERROR_FILE_NOT_FOUND);
-    *result = reinterpret_cast<HKEY>(handles().add({HandleKind::Key, scope.call.key, found}));
+    if (machine::isDenied(parent.key, path))
+        return scope.status(ERROR_ACCESS_DENIED);
+    *result = scope.lateFault() ? deadKey
+                                : reinterpret_cast<HKEY>(handles().add({HandleKind::Key, scope.call.key, found}));
     return scope.status(ERROR_SUCCESS);
 }
 
@@ -160,8 +166,11 @@ LSTATUS queryValueEx(const char *callName, HKEY key, const typename Form::Char *
     if (data && !size)
         return scope.status(ERROR_INVALID_PARAMETER);
     const RegistryValue *value = open.key->findValue(scope.call.value);
-    if (!value)
+    if (!value) {
+        if (size && !data) // asked for the size alone
+            scope.call.sizeOut = *size = 0;
         return scope.status(ERROR_FILE_NOT_FOUND);
+    }
     const DWORD error = readValue<Form>(*value, type, data, size);
     scope.call.sizeOut = size ? *size : 0;
     return scope.status(error);
@@ -251,11 +260,11 @@ LSTATUS RegCloseKey(HKEY key)
 {
     CallScope scope("RegCloseKey");
     if (predefinedRoot(key))
-        return scope.status(scope.fault().value_or(ERROR_SUCCESS));
+        return scope.status(scope.anyFault().value_or(ERROR_SUCCESS));
     scope.call.key = openKey(key, "RegCloseKey").path;
     // A close that is made to fail closes all the same: what the caller holds is spent.
     const bool closed = !scope.call.key.isEmpty() && handles().remove(numberOf(key), HandleKind::Key, "RegCloseKey");
-    return scope.status(scope.fault().value_or(closed ? ERROR_SUCCESS : ERROR_INVALID_HANDLE));
+    return scope.status(scope.anyFault().value_or(closed ? ERROR_SUCCESS : ERROR_INVALID_HANDLE));
 }
 
 LSTATUS RegQueryValueExA(HKEY key, LPCSTR name, LPDWORD, LPDWORD type, LPBYTE data, LPDWORD size)

@@ -59,16 +59,23 @@ QStringList handleMisuses();
 /// Called before every call with its number (from 0, since reset()) and its name.
 void setBeforeCall(std::function<void(std::size_t number, const QByteArray &name)> hook);
 
+/// What a call does before it fails.
+enum class BeforeFailing {
+    Nothing,
+    WritesResults, ///< As if it succeeded; RegOpenKeyEx stores a handle that is not open.
+};
+
 /// Makes calls fail for as long as it lives.
 class Fault
 {
 public:
     /// Every call of that name.
-    static Fault everyCall(const QByteArray &name, quint32 error);
+    static Fault everyCall(const QByteArray &name, quint32 error, BeforeFailing before = BeforeFailing::Nothing);
     /// The call of that name with that number, counted from 0 from now on.
-    static Fault nthCall(const QByteArray &name, std::size_t number, quint32 error);
+    static Fault nthCall(const QByteArray &name, std::size_t number, quint32 error,
+                         BeforeFailing before = BeforeFailing::Nothing);
     /// The call with that number, whatever its name, counted from 0 from now on.
-    static Fault nthOfAll(std::size_t number, quint32 error);
+    static Fault nthOfAll(std::size_t number, quint32 error, BeforeFailing before = BeforeFailing::Nothing);
 
     Fault(Fault &&other) noexcept;
     Fault &operator=(Fault &&) = delete;

@@ -34,11 +34,11 @@ int _localtime32_s(struct tm *result, const __time32_t *time)
         *result = {};
         for (int tm::*field : fields)
             result->*field = -1;
-        return scope.success(EINVAL);
+        return int(scope.status(EINVAL));
     }
     const time_t local = time_t(*time) - time_t(machineInUse().system.timeZone) * 60;
     gmtime_r(&local, result);
-    return 0;
+    return int(scope.status(scope.lateFault() ? EINVAL : 0));
 }
 
 int asctime_s(char *buffer, size_t size, const struct tm *time)
@@ -49,11 +49,12 @@ int asctime_s(char *buffer, size_t size, const struct tm *time)
     if (size > 0)
         *buffer = 0;
     if (scope.fault() || size < needed || !isTime(*time))
-        return scope.success(EINVAL);
+        return int(scope.status(EINVAL));
     static const char days[] = "SunMonTueWedThuFriSat";
     static const char months[] = "JanFebMarAprMayJunJulAugSepOctNovDec";
-    qsnprintf(buffer, int(size), "%.3s %.3s %02d %02d:%02d:%02d %04d\n", days + 3 * time->tm_wday,
+    // The day as the Universal C run-time library writes it; the older msvcrt has "%02d".
+    qsnprintf(buffer, int(size), "%.3s %.3s %2d %02d:%02d:%02d %04d\n", days + 3 * time->tm_wday,
               months + 3 * time->tm_mon, time->tm_mday, time->tm_hour, time->tm_min, time->tm_sec,
               time->tm_year + 1900);
-    return 0;
+    return int(scope.status(scope.lateFault() ? EINVAL : 0));
 }

@@ -102,6 +102,12 @@ public:
     }
 };
 
+/// Whether Qt takes the path for that of a share: "//server/share".
+bool isOnShare(const QString &path)
+{
+    return isWindowsPath(path) && qtPath(path).startsWith(QLatin1String("//"));
+}
+
 } // namespace
 
 void answerWindowsFiles()
@@ -110,3 +116,15 @@ void answerWindowsFiles()
 }
 
 } // namespace simulated
+
+// Away from Windows QDir cleans every path as one that has no server, whatever a file
+// engine answers, and takes one of the two slashes away. The linker sends the calls of
+// QDir::absolutePath() in this build here instead (--wrap in CMakeLists.txt).
+QString absolutePathOfQt(const QDir *directory) asm("__real__ZNK4QDir12absolutePathEv");
+QString absolutePathOfWindows(const QDir *directory) asm("__wrap__ZNK4QDir12absolutePathEv");
+
+QString absolutePathOfWindows(const QDir *directory)
+{
+    const QString path = absolutePathOfQt(directory);
+    return simulated::isOnShare(directory->path()) ? QLatin1Char('/') + path : path;
+}

@@ -50,7 +50,7 @@ std::optional<Machine> loadMachine(const QString &folder, QString &error)
                                })
         && readFile(directory.filePath(QStringLiteral("system.json")), error,
                     [&](const QByteArray &contents, QString &message, int &line) {
-                        return readSystemFile(contents, machine.system, message, line);
+                        return readSystemFile(contents, machine, message, line);
                     });
     if (!read)
         return std::nullopt;

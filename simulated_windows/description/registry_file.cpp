@@ -107,17 +107,10 @@ private:
         if (!isRest(text.mid(close + 1)))
             return fail(QStringLiteral("something follows the key"));
         const QString path = text.mid(1, close - 1);
-        const QString rootName = upperCased(path.section(QLatin1Char('\\'), 0, 0));
-        const QString rest = path.section(QLatin1Char('\\'), 1);
-        for (const RegistryRoot root : {RegistryRoot::ClassesRoot, RegistryRoot::CurrentUser,
-                                        RegistryRoot::LocalMachine, RegistryRoot::Users}) {
-            const auto &key = m_registry.root(root);
-            if (key->name() == rootName) {
-                m_key = createKey(key, rest);
-                return true;
-            }
-        }
-        return fail(QStringLiteral("unknown root key '%1'").arg(path.section(QLatin1Char('\\'), 0, 0)));
+        m_key = createKey(m_registry, path);
+        if (!m_key)
+            return fail(QStringLiteral("unknown root key '%1'").arg(path.section(QLatin1Char('\\'), 0, 0)));
+        return true;
     }
 
     bool parseValue(const QString &text)

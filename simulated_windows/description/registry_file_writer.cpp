@@ -85,9 +85,7 @@ QString keyBlock(const RegistryKey &key, const QString &path)
 QByteArray writeRegistryFile(const Registry &registry)
 {
     QString text = QStringLiteral("Windows Registry Editor Version 5.00\r\n");
-    for (const RegistryRoot root : {RegistryRoot::LocalMachine, RegistryRoot::CurrentUser, RegistryRoot::ClassesRoot,
-                                    RegistryRoot::Users}) {
-        const auto &key = registry.root(root);
+    for (const auto &key : registry.roots()) {
         if (key->subKeyCount() > 0 || !key->values().empty())
             text += keyBlock(*key, key->name());
     }

@@ -90,6 +90,12 @@ const std::shared_ptr<RegistryKey> &Registry::root(RegistryRoot root) const
     return m_roots[static_cast<int>(root)];
 }
 
+std::vector<std::shared_ptr<RegistryKey>> Registry::roots() const
+{
+    return {root(RegistryRoot::LocalMachine), root(RegistryRoot::CurrentUser), root(RegistryRoot::ClassesRoot),
+            root(RegistryRoot::Users)};
+}
+
 std::shared_ptr<RegistryKey> findKey(const std::shared_ptr<RegistryKey> &key, const QString &path)
 {
     std::shared_ptr<RegistryKey> current = key;
@@ -109,6 +115,28 @@ std::shared_ptr<RegistryKey> createKey(const std::shared_ptr<RegistryKey> &key, 
     for (const QString &name : names)
         current = current->createSubKey(name);
     return current;
+}
+
+bool isDenied(const std::shared_ptr<RegistryKey> &key, const QString &path)
+{
+    std::shared_ptr<RegistryKey> current = key;
+    const QStringList names = path.split(QLatin1Char('\\'), Qt::SkipEmptyParts);
+    for (const QString &name : names) {
+        if (!current || current->isDenied())
+            break;
+        current = current->findSubKey(name);
+    }
+    return current && current->isDenied();
+}
+
+std::shared_ptr<RegistryKey> createKey(const Registry &registry, const QString &wholePath)
+{
+    const QString rootName = upperCased(wholePath.section(QLatin1Char('\\'), 0, 0));
+    for (const auto &root : registry.roots()) {
+        if (root->name() == rootName)
+            return createKey(root, wholePath.section(QLatin1Char('\\'), 1));
+    }
+    return nullptr;
 }
 
 } // namespace machine

@@ -45,8 +45,13 @@ public:
     std::shared_ptr<RegistryKey> createSubKey(const QString &name);
     bool removeSubKey(const QString &name);
 
+    /// A denied key exists, but neither it nor a key below it can be opened.
+    bool isDenied() const { return m_denied; }
+    void setDenied(bool denied) { m_denied = denied; }
+
 private:
     QString m_name;
+    bool m_denied = false;
     std::vector<RegistryValue> m_values;
     std::map<QString, std::shared_ptr<RegistryKey>> m_subKeys; // by upper-cased name
     mutable std::vector<std::weak_ptr<RegistryKey>> m_ordered; // the same, by index
@@ -62,6 +67,9 @@ public:
 
     const std::shared_ptr<RegistryKey> &root(RegistryRoot root) const;
 
+    /// All four, in the order in which a description is written.
+    std::vector<std::shared_ptr<RegistryKey>> roots() const;
+
 private:
     std::shared_ptr<RegistryKey> m_roots[4];
 };
@@ -70,5 +78,11 @@ private:
 /// ignored, an empty path is the key itself.
 std::shared_ptr<RegistryKey> findKey(const std::shared_ptr<RegistryKey> &key, const QString &path);
 std::shared_ptr<RegistryKey> createKey(const std::shared_ptr<RegistryKey> &key, const QString &path);
+/// Whether \a key, or a key on the way along \a path, is denied.
+bool isDenied(const std::shared_ptr<RegistryKey> &key, const QString &path);
+
+/// The key of a whole path, which begins with the name of a root; created with its
+/// parents. Null when there is no such root.
+std::shared_ptr<RegistryKey> createKey(const Registry &registry, const QString &wholePath);
 
 } // namespace machine

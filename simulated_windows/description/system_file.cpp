@@ -407,6 +407,20 @@ void readAdapters(const Reader &reader, SystemAnswers &system)
     reader.number("timeZone", system.timeZone);
 }
 
+void readDeniedKeys(const Reader &reader, const Registry &registry)
+{
+    const QString member = QStringLiteral("deniedKeys");
+    if (!reader.has("deniedKeys"))
+        return;
+    const QJsonArray list = reader.toList(member, reader.value("deniedKeys"));
+    for (const QJsonValue &value : list) {
+        if (const auto key = createKey(registry, reader.toText(member, value)))
+            key->setDenied(true);
+        else
+            reader.expected(member, "a list of whole key names");
+    }
+}
+
 bool isIn(const char *characters, char c)
 {
     return c != 0 && std::strchr(characters, c);
@@ -442,7 +456,7 @@ QByteArray withLongIntegersAsTexts(const QByteArray &json)
 
 } // namespace
 
-bool readSystemFile(const QByteArray &contents, SystemAnswers &system, QString &error, int &errorLine)
+bool readSystemFile(const QByteArray &contents, Machine &machine, QString &error, int &errorLine)
 {
     QByteArray text = contents;
     if (text.startsWith("\xef\xbb\xbf"))
@@ -465,12 +479,13 @@ bool readSystemFile(const QByteArray &contents, SystemAnswers &system, QString &
     }
     error.clear();
     const Reader reader(document.object(), QString(), error);
-    readVersions(reader, system);
-    readNames(reader, system);
-    readDirectories(reader, system);
-    readDrives(reader, system);
-    readModules(reader, system);
-    readAdapters(reader, system);
+    readVersions(reader, machine.system);
+    readNames(reader, machine.system);
+    readDirectories(reader, machine.system);
+    readDrives(reader, machine.system);
+    readModules(reader, machine.system);
+    readAdapters(reader, machine.system);
+    readDeniedKeys(reader, machine.registry);
     return error.isEmpty();
 }
 

@@ -202,10 +202,29 @@ void addVersions(QJsonObject &object, const SystemAnswers &system)
     });
 }
 
+void addDeniedKeys(QJsonArray &names, const RegistryKey &key, const QString &path)
+{
+    if (key.isDenied())
+        names.append(path);
+    for (std::size_t i = 0; i < key.subKeyCount(); ++i) {
+        const auto subKey = key.subKeyAt(i);
+        addDeniedKeys(names, *subKey, path + QLatin1Char('\\') + subKey->name());
+    }
+}
+
+QJsonArray deniedKeys(const Registry &registry)
+{
+    QJsonArray names;
+    for (const auto &root : registry.roots())
+        addDeniedKeys(names, *root, root->name());
+    return names;
+}
+
 } // namespace
 
-QByteArray writeSystemFile(const SystemAnswers &system)
+QByteArray writeSystemFile(const Machine &machine)
 {
+    const SystemAnswers &system = machine.system;
     QJsonObject object;
     addVersions(object, system);
     addNames(object, system);
@@ -216,6 +235,9 @@ QByteArray writeSystemFile(const SystemAnswers &system)
     object.insert(QStringLiteral("libraries"), members(system.libraries, library));
     add(object, QStringLiteral("GetAdaptersInfo"), system.GetAdaptersInfo, adapters);
     object.insert(QStringLiteral("timeZone"), system.timeZone);
+    const QJsonArray denied = deniedKeys(machine.registry);
+    if (!denied.isEmpty())
+        object.insert(QStringLiteral("deniedKeys"), denied);
     return QJsonDocument(object).toJson();
 }
 

@@ -3,6 +3,7 @@
 #include "answering_windows.h"
 #include "test_main.h"
 
+#include <QtCore/QDir>
 #include <shlobj.h>
 
 class ContractDirectoriesTest : public QObject
@@ -21,6 +22,8 @@ private Q_SLOTS:
     void specialFolder();
     void unknownFolderLeavesTheBuffer();
     void characterIntoText();
+    void pathInQtsForm_data();
+    void pathInQtsForm();
 };
 
 namespace {
@@ -172,6 +175,29 @@ void ContractDirectoriesTest::characterIntoText()
     PoisonedBuffer buffer(16);
     QCOMPARE(wsprintfW(buffer.wide(), L"%c:\\", 'Z'), 3);
     QCOMPARE(buffer.written(), QStringLiteral("5a003a005c000000"));
+}
+
+void ContractDirectoriesTest::pathInQtsForm_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char *name, const char *path, const char *expected) {
+        QTest::newRow(name) << QString::fromLatin1(path) << QString::fromLatin1(expected);
+    };
+    row("on a drive", "C:\\Windows\\WinSxS", "C:/Windows/WinSxS");
+    row("with a doubled backslash", "C:\\\\WinSxS", "C:/WinSxS");
+    row("on a share: two slashes", "\\\\srv\\share\\Windows\\WinSxS", "//srv/share/Windows/WinSxS");
+    row("on a share, with a doubled backslash", "\\\\srv\\share\\\\WinSxS", "//srv/share/WinSxS");
+}
+
+// Not a call of Windows: what Qt makes of a path that one of them gives.
+void ContractDirectoriesTest::pathInQtsForm()
+{
+    QFETCH(QString, path);
+    QFETCH(QString, expected);
+    const AnsweringWindows windows;
+    GetLogicalDrives(); // Windows is asked before files are
+    QCOMPARE(QDir(path).absolutePath(), expected);
 }
 
 TEST_WITH_CORE_APPLICATION(ContractDirectoriesTest);

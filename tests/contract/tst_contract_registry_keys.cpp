@@ -21,6 +21,9 @@ private Q_SLOTS:
     void roots_data();
     void roots();
     void noPathOpensTheKeyItself();
+    void deniedKeys_data();
+    void deniedKeys();
+    void deniedKeysAreEnumerated();
     void invalidCalls();
     void closing();
 };
@@ -232,6 +235,48 @@ void ContractRegistryKeysTest::noPathOpensTheKeyItself()
     QCOMPARE(whereIs(status, key), QStringLiteral("Alpha"));
     status = RegOpenKeyExW(alpha.handle(), nullptr, 0, KEY_READ, &key);
     QCOMPARE(whereIs(status, key), QStringLiteral("Alpha"));
+}
+
+void ContractRegistryKeysTest::deniedKeys_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char *name, const char *path, const char *expected) {
+        QTest::newRow(name) << QString::fromLatin1(path) << QString::fromLatin1(expected);
+    };
+    row("the key itself: no handle", "Alpha\\Beta", "5");
+    row("in other letters", "ALPHA\\beta", "5");
+    row("a key below it: no handle", "Alpha\\Beta\\Delta", "5");
+    row("a missing key below it", "Alpha\\Beta\\Missing", "2");
+    row("its parent", "Alpha", "Alpha");
+    row("its neighbour", "Alpha\\Beta Gamma", "Alpha, Beta Gamma");
+    row("one that is described nowhere else", "New\\Denied", "5");
+    row("the parent of that one has no value", "New", "");
+}
+
+void ContractRegistryKeysTest::deniedKeys()
+{
+    QFETCH(QString, path);
+    QFETCH(QString, expected);
+    const DescribedWindows windows(registry() + "[HKEY_LOCAL_MACHINE\\Alpha\\Beta\\Delta]\n\"Where\"=\"below\"\n",
+                                   R"({"deniedKeys": ["HKEY_LOCAL_MACHINE\\Alpha\\Beta", "HKEY_LOCAL_MACHINE\\New\\Denied"]})");
+    QCOMPARE(openNarrow(HKEY_LOCAL_MACHINE, path.toLatin1()), expected);
+    QCOMPARE(openWide(HKEY_LOCAL_MACHINE, path), expected);
+    if (path.startsWith(QLatin1String("Alpha\\"))) {
+        const OpenKey alpha(HKEY_LOCAL_MACHINE, "Alpha");
+        QCOMPARE(openNarrow(alpha.handle(), path.mid(6).toLatin1()), expected);
+    }
+}
+
+void ContractRegistryKeysTest::deniedKeysAreEnumerated()
+{
+    const DescribedWindows windows(registry(), R"({"deniedKeys": ["HKEY_LOCAL_MACHINE\\Alpha\\Beta"]})");
+    const OpenKey alpha(HKEY_LOCAL_MACHINE, "Alpha");
+    CHAR name[40];
+    QCOMPARE(RegEnumKeyA(alpha.handle(), 0, name, sizeof name), LSTATUS(ERROR_SUCCESS));
+    QCOMPARE(QByteArray(name), QByteArray("Beta"));
+    QCOMPARE(RegEnumKeyA(alpha.handle(), 1, name, sizeof name), LSTATUS(ERROR_SUCCESS));
+    QCOMPARE(QByteArray(name), QByteArray("Beta Gamma"));
 }
 
 void ContractRegistryKeysTest::invalidCalls()

@@ -34,6 +34,17 @@ void overwrite(QByteArray &target, const QByteArray &bytes)
     target.replace(0, bytes.size(), bytes);
 }
 
+/// Whether the key at \a path, or one above it, is denied.
+bool isBarred(const std::shared_ptr<machine::RegistryKey> &root, const QString &path)
+{
+    for (QString above = path; !above.isEmpty(); above = above.section(QLatin1Char('\\'), 0, -2)) {
+        const auto key = machine::findKey(root, above);
+        if (key && key->isDenied())
+            return true;
+    }
+    return root->isDenied();
+}
+
 /// The part that a query and an enumeration of values have in common.
 bool deliver(Form form, const simulated::AnsiCodePage &codePage, const machine::RegistryValue &value, Buffer &buffer,
              quint32 room)
@@ -91,7 +102,7 @@ Key DescribedCalls::open(machine::RegistryRoot root, const QString &path)
     const QString asked = simulated::AnsiCodePage(machine.system.ansiCodePage).toUtf16(path.toLatin1());
     Key key;
     key.path = machine.registry.root(root)->name() + QLatin1Char('\\') + asked;
-    if (!fails("RegOpenKeyExA", key.path))
+    if (!fails("RegOpenKeyExA", key.path) && !isBarred(machine.registry.root(root), asked))
         key.key = machine::findKey(machine.registry.root(root), asked);
     if (key)
         openHandles += key.path;
@@ -110,15 +121,17 @@ bool DescribedCalls::query(Form form, const Key &key, const QString &name, Buffe
     const simulated::AnsiCodePage codePage(machine.system.ansiCodePage);
     const QString asked = narrow ? codePage.toUtf16(name.toLatin1()) : name;
     buffer.size = room;
-    if (fails(narrow ? "RegQueryValueExA" : "RegQueryValueExW", key.path, asked))
+    const bool failed = fails(narrow ? "RegQueryValueExA" : "RegQueryValueExW", key.path, asked);
+    if (failed && !failuresWriteResults)
         return false;
     const machine::RegistryValue *value = key.key->findValue(asked);
-    return value && deliver(form, codePage, *value, buffer, room);
+    return value && deliver(form, codePage, *value, buffer, room) && !failed;
 }
 
 bool DescribedCalls::enumerateKey(const char *call, Form form, const Key &key, int index, Buffer &name, int room)
 {
-    if (fails(call, key.path, QString::number(index)))
+    const bool failed = fails(call, key.path, QString::number(index));
+    if (failed && !failuresWriteResults)
         return false;
     const auto subKey = key.key->subKeyAt(std::size_t(index));
     if (!subKey)
@@ -130,13 +143,14 @@ bool DescribedCalls::enumerateKey(const char *call, Form form, const Key &key, i
     if (bytes.size() / unit >= room)
         return false;
     overwrite(name.bytes, bytes + QByteArray(unit, 0));
-    return true;
+    return !failed;
 }
 
 bool DescribedCalls::enumerateValue(const Key &key, int index, Buffer &name, Buffer &data)
 {
     constexpr int room = 2048;
-    if (fails("RegEnumValueA", key.path, QString::number(index)) || std::size_t(index) >= key.key->values().size())
+    const bool failed = fails("RegEnumValueA", key.path, QString::number(index));
+    if ((failed && !failuresWriteResults) || std::size_t(index) >= key.key->values().size())
         return false;
     const machine::RegistryValue &value = key.key->values().at(std::size_t(index));
     const simulated::AnsiCodePage codePage(machine.system.ansiCodePage);
@@ -144,18 +158,19 @@ bool DescribedCalls::enumerateValue(const Key &key, int index, Buffer &name, Buf
     if (bytes.size() >= room || !deliver(Form::Narrow, codePage, value, data, room))
         return false;
     overwrite(name.bytes, bytes + '\0');
-    return true;
+    return !failed;
 }
 
 quint32 DescribedCalls::directory(const char *call, const machine::Answer<QString> &path, QString &buffer)
 {
     constexpr int room = 1024;
-    if (fails(call) || !path)
+    const bool failed = fails(call);
+    if ((failed && !failuresWriteResults) || !path)
         return 0;
     if (path->size() >= room)
-        return quint32(path->size()) + 1;
+        return failed ? 0 : quint32(path->size()) + 1;
     buffer = *path;
-    return quint32(path->size());
+    return failed ? 0 : quint32(path->size());
 }
 
 } // namespace expected

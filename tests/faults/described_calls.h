@@ -56,6 +56,7 @@ public:
 
     machine::Machine &machine;
     std::map<std::size_t, quint32> failures; // by the number of the call
+    bool failuresWriteResults = false;       // a call that fails does everything else as if it succeeded
     std::function<void(std::size_t)> beforeCall;
 
     std::vector<Call> calls;
@@ -68,6 +69,11 @@ public:
     bool fails(const char *name, const QString &key = QString(), const QString &value = QString())
     {
         return begin(name, key, value).has_value();
+    }
+    /// Counts a call whose status nobody looks at; whether it writes its results.
+    bool writes(const char *name, const QString &key = QString(), const QString &value = QString())
+    {
+        return !fails(name, key, value) || failuresWriteResults;
     }
 
     /// RegOpenKeyExA with a path that goes out as Latin-1.

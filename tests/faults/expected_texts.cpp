@@ -117,7 +117,7 @@ QString edition(DescribedCalls &calls)
         || calls.fails("GetProcAddress", QString(), q("GetProductInfo")) || !system.exportsGetProductInfo)
         return QString();
     quint32 code = 0;
-    if (!calls.fails("GetProductInfo", QString(), q("6.2.0.0")) && system.GetProductInfo)
+    if (calls.writes("GetProductInfo", QString(), q("6.2.0.0")) && system.GetProductInfo)
         code = *system.GetProductInfo;
     return code == 48 ? q("Professional Edition") : q("0x") + QString::number(code, 16);
 }
@@ -132,7 +132,7 @@ QString windowsVersion(DescribedCalls &calls)
     if (calls.fails("GetVersionExA") || !version)
         return text + q("GetVersionExA(&osver) failed!\n");
     const machine::VersionRecord record = *version;
-    if (!calls.fails("GetVersionExW") && version) {
+    if (calls.writes("GetVersionExW") && version) {
         product.suites = version->wSuiteMask;
         product.type = version->wProductType;
     }
@@ -346,9 +346,9 @@ QString specialFolders(DescribedCalls &calls)
     QString text = q("Special Folders: \n");
     QString path; // what cannot be resolved repeats the one before
     for (const auto &row : rows) {
-        const bool failed = calls.fails("SHGetSpecialFolderPathW", QString(), QString::number(row.id));
+        const bool written = calls.writes("SHGetSpecialFolderPathW", QString(), QString::number(row.id));
         const auto folder = calls.machine.system.SHGetSpecialFolderPath.value(row.id);
-        if (!failed && folder)
+        if (written && folder)
             path = folder->left(259);
         text += line(row.line, path);
     }
@@ -366,7 +366,8 @@ QString bonjour(DescribedCalls &calls, const char *label, const QString &library
     const bool found = !calls.fails("GetProcAddress", library, q("DNSServiceGetProperty"));
     if (found && service && libraries.value(library).DNSServiceGetProperty) {
         const auto failure = calls.begin("DNSServiceGetProperty", QString(), q("DaemonVersion"));
-        const qint32 error = failure ? qint32(*failure) : service->error;
+        const bool failsAnyway = calls.failuresWriteResults && service->error != 0;
+        const qint32 error = failure && !failsAnyway ? qint32(*failure) : service->error;
         const quint32 version = service->DaemonVersion;
         if (error == 0)
             text += q("%1.%2.%3").arg(version / 10000).arg(version / 100 % 100).arg(version % 100);
@@ -493,7 +494,8 @@ QString leaseTime(DescribedCalls &calls, qint64 time)
     const bool converts = !calls.fails("_localtime32_s", QString(), QString::number(seconds)) && seconds >= 0;
     const auto local = QDateTime::fromSecsSinceEpoch(seconds - 60 * qint64(calls.machine.system.timeZone), Qt::UTC);
     if (converts && !calls.fails("asctime_s"))
-        return QLocale::c().toString(local, q("ddd MMM dd HH:mm:ss yyyy")) + end;
+        return QLocale::c().toString(local, q("ddd MMM ")) + QString::number(local.date().day()).rightJustified(2)
+            + QLocale::c().toString(local, q(" HH:mm:ss yyyy")) + end;
     return q("0x") + QString::number(time, 16) + end;
 }
 
@@ -505,7 +507,7 @@ quint32 adaptersInfo(DescribedCalls &calls, quint32 &size)
     constexpr quint32 noData = 232;
     const auto failure = calls.begin("GetAdaptersInfo");
     const auto &adapters = calls.machine.system.GetAdaptersInfo;
-    if (failure)
+    if (failure && !calls.failuresWriteResults)
         return *failure;
     if (!adapters)
         return adapters.error ? adapters.error : 87;
@@ -519,7 +521,7 @@ quint32 adaptersInfo(DescribedCalls &calls, quint32 &size)
     }
     const bool fits = needed <= size;
     size = needed;
-    return fits ? 0 : overflow;
+    return fits ? failure.value_or(0) : overflow;
 }
 
 QString detailsOf(DescribedCalls &calls, const machine::AdapterRecord &adapter)

@@ -85,8 +85,10 @@ Outcome libraryRun(machine::Machine &machine, const Disturbance &disturbance)
     const WarningCollector warnings;
     DescribedWindows windows(std::move(machine));
     std::vector<simulated::Fault> faults;
+    const auto before = disturbance.failuresWriteResults ? simulated::BeforeFailing::WritesResults
+                                                         : simulated::BeforeFailing::Nothing;
     for (const auto &failure : disturbance.failures)
-        faults.push_back(simulated::Fault::nthOfAll(failure.first, failure.second));
+        faults.push_back(simulated::Fault::nthOfAll(failure.first, failure.second, before));
     if (disturbance.beforeCall) {
         simulated::setBeforeCall([&](std::size_t number, const QByteArray &) {
             disturbance.beforeCall(number, simulated::machineInUse());
@@ -116,6 +118,7 @@ Outcome expectedRun(machine::Machine &machine, const Disturbance &disturbance)
     const std::vector<quint32> adapters = adaptersOf(machine);
     expected::DescribedCalls calls(machine);
     calls.failures = disturbance.failures;
+    calls.failuresWriteResults = disturbance.failuresWriteResults;
     if (disturbance.beforeCall)
         calls.beforeCall = [&](std::size_t number) { disturbance.beforeCall(number, machine); };
     Outcome outcome;

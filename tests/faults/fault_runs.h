@@ -26,6 +26,7 @@ struct Disturbance
 {
     std::map<std::size_t, quint32> failures; // errors by the number of the call
     std::function<void(std::size_t number, machine::Machine &machine)> beforeCall = nullptr;
+    bool failuresWriteResults = false; // a call that fails does everything else as if it succeeded
 };
 
 /// What a run leaves behind. The text is the Windows half, the details of each adapter

@@ -5,7 +5,7 @@
 namespace {
 
 // A server of old: 5.2, an Internet Explorer that has no "Version", adapters and
-// classes that end unusually, texts without terminators.
+// classes that end unusually, texts without terminators, keys that cannot be opened.
 const char smallRegistry[] = R"reg(
 [HKEY_LOCAL_MACHINE\SOFTWARE\Microsoft\Windows NT\CurrentVersion]
 "CurrentVersion"="5.2"
@@ -50,6 +50,8 @@ const char smallRegistry[] = R"reg(
 "HardwareInformation.MemorySize"=dword:00000001
 [HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Control\Video\{B}\Video]
 "Service"="vga"
+[HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Control\Video\{C}\0000]
+"Device Description"="once: the key behind it cannot be opened"
 [HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Control\Class\{0}]
 "NoClass"="a class without a name"
 [HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Control\Class\{0}\0000]
@@ -128,7 +130,17 @@ const char smallSystem[] = R"json({
          "DhcpServer": [["10.0.0.4", "255.0.0.0"], ["10.0.0.5", "255.0.0.0"]], "HaveWins": 1,
          "PrimaryWinsServer": ["10.0.0.6", "255.0.0.0"], "SecondaryWinsServer": ["", ""],
          "LeaseObtained": 1700000000, "LeaseExpires": 4294967295}],
-    "timeZone": -60
+    "timeZone": -60,
+    "deniedKeys": [
+        "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\OpenGLDrivers\\Three",
+        "HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Video\\{A0}",
+        "HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Video\\{C}\\0001",
+        "HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Class\\{1}\\0003",
+        "HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Class\\{2}",
+        "HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Enum\\USBSTOR\\Disk A\\0010",
+        "HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Enum\\USBSTOR\\Disk AA",
+        "HKEY_CLASSES_ROOT\\Installer\\Products\\0",
+        "HKEY_CURRENT_USER\\Software\\Microsoft\\Installer\\Products\\3"]
 })json";
 
 using machine::RegistryRoot;
@@ -139,6 +151,7 @@ constexpr RegistryRoot roots[] = {RegistryRoot::ClassesRoot, RegistryRoot::Curre
 
 void copyKey(const machine::RegistryKey &from, machine::RegistryKey &to)
 {
+    to.setDenied(from.isDenied());
     for (const machine::RegistryValue &value : from.values())
         to.setValue(value);
     for (std::size_t i = 0; i < from.subKeyCount(); ++i) {

@@ -106,6 +106,12 @@ const Kind kinds[] = {
          removeKey(machine, call.key);
          return true;
      }},
+    {"the key is denied", [](machine::Machine &machine, const simulated::Call &call) {
+         const auto key = call.name == "RegOpenKeyExA" ? keyAt(machine, call.key) : nullptr;
+         if (key)
+             key->setDenied(true);
+         return key != nullptr;
+     }},
     {"the value is gone", [](machine::Machine &machine, const simulated::Call &call) {
          return isQuery(call) && keyAt(machine, call.key)->removeValue(call.value);
      }},

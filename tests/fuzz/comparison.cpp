@@ -71,7 +71,7 @@ bool isSame(const RegistryValue &left, const RegistryValue &right)
 
 bool isSame(const RegistryKey &left, const RegistryKey &right)
 {
-    if (left.name() != right.name() || left.subKeyCount() != right.subKeyCount())
+    if (left.name() != right.name() || left.isDenied() != right.isDenied() || left.subKeyCount() != right.subKeyCount())
         return false;
     if (!std::equal(left.values().begin(), left.values().end(), right.values().begin(), right.values().end(),
                     [](const RegistryValue &a, const RegistryValue &b) { return isSame(a, b); }))

@@ -65,10 +65,10 @@ QMap<QString, QByteArray> registryFileSeeds(const machine::Registry &registry)
 }
 
 /// system.json with one member each.
-QMap<QString, QByteArray> systemFileSeeds(const machine::SystemAnswers &system)
+QMap<QString, QByteArray> systemFileSeeds(const machine::Machine &machine)
 {
     QMap<QString, QByteArray> seeds;
-    const QJsonObject object = QJsonDocument::fromJson(machine::writeSystemFile(system)).object();
+    const QJsonObject object = QJsonDocument::fromJson(machine::writeSystemFile(machine)).object();
     for (auto it = object.begin(); it != object.end(); ++it) {
         seeds[QStringLiteral("system-") + it.key().toLower()]
             = QJsonDocument(QJsonObject {{it.key(), it.value()}}).toJson(QJsonDocument::Compact);
@@ -81,6 +81,6 @@ QMap<QString, QByteArray> systemFileSeeds(const machine::SystemAnswers &system)
 QMap<QString, QByteArray> fileSeedsOf(const machine::Machine &machine)
 {
     QMap<QString, QByteArray> seeds = registryFileSeeds(machine.registry);
-    seeds.insert(systemFileSeeds(machine.system));
+    seeds.insert(systemFileSeeds(machine));
     return seeds;
 }

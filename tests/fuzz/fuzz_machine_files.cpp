@@ -76,12 +76,12 @@ void readRegistry(const QByteArray &contents)
         reinterpret_cast<const ushort *>(written.constData()), written.size() / 2).toUtf8());
 }
 
-bool read(const QByteArray &contents, machine::SystemAnswers &system)
+bool read(const QByteArray &contents, machine::Machine &machine)
 {
     const LeaksOfQtAllowed allowed;
     QString error;
     int line = 0;
-    const bool done = machine::readSystemFile(contents, system, error, line);
+    const bool done = machine::readSystemFile(contents, machine, error, line);
     require(done == error.isEmpty(), "a system file that cannot be read has a message", error.toUtf8());
     require(line >= 0 && line <= contents.count('\n') + 1, "the message is about a line of the file",
             QByteArray::number(line));
@@ -90,14 +90,15 @@ bool read(const QByteArray &contents, machine::SystemAnswers &system)
 
 void readSystem(const QByteArray &contents)
 {
-    machine::SystemAnswers system;
-    if (!read(contents, system))
+    machine::Machine machine;
+    if (!read(contents, machine))
         return;
-    const QByteArray written = machine::writeSystemFile(system);
-    machine::SystemAnswers again;
+    const QByteArray written = machine::writeSystemFile(machine);
+    machine::Machine again;
     require(read(written, again), "a system file that was written can be read", written);
-    const QByteArray difference = differenceOf(system, again);
+    const QByteArray difference = differenceOf(machine.system, again.system);
     require(difference.isEmpty(), "the answers are read as they were written", difference + '\n' + written);
+    require(isSame(machine.registry, again.registry), "the denied keys are read as they were written", written);
 }
 
 } // namespace

@@ -43,10 +43,16 @@ public:
     void takeAll()
     {
         while (!m_stream.atEnd())
-            take(Step(m_stream.index(int(Step::Count))));
+            take(step());
     }
 
 private:
+    Step step()
+    {
+        const quint8 number = m_stream.byte();
+        return Step(number) == Step::DenyKey ? Step::DenyKey : Step(number % quint8(Step::Count));
+    }
+
     void enter(const KeyPointer &key) { m_path = {key}; }
     RegistryKey &key() { return *m_path.back(); }
 
@@ -99,6 +105,9 @@ private:
             setValue(knownValues().at(numbers[std::size_t(m_stream.index(int(numbers.size())))]));
             break;
         }
+        case Step::DenyKey:
+            key().setDenied(true);
+            break;
         case Step::Count:
             break;
         }

@@ -24,7 +24,8 @@ enum class Step : quint8 {
     Change,         // number of a call, byte: a size, so many bytes of steps taken before it
     RunTwice,
     SetItsValue,    // number of a value that is read from the known key last entered, data
-    Count
+    Count,
+    DenyKey = 255   // no operand; a byte of its own, so that the committed inputs stay what they are
 };
 
 enum class Asked : quint8 {

@@ -144,6 +144,8 @@ QByteArray subKeySteps(const RegistryKey &key)
     StepWriter writer;
     writer.step(Step::EnterSubKey);
     writer.text(key.name());
+    if (key.isDenied())
+        writer.step(Step::DenyKey);
     for (const RegistryValue &value : key.values())
         writer.value(value);
     for (std::size_t i = 0; i < key.subKeyCount(); ++i)
@@ -177,10 +179,12 @@ void addKey(const RegistryKey &key, int number, const QString &name, QMap<QStrin
     start.step(Step::EnterKey);
     start.byte(quint8(number));
     QByteArray steps = start.bytes();
-    StepWriter values;
+    StepWriter itself;
+    if (key.isDenied())
+        itself.step(Step::DenyKey);
     for (const RegistryValue &value : key.values())
-        values.value(value);
-    steps += values.bytes();
+        itself.value(value);
+    steps += itself.bytes();
     int piece = 0;
     const auto end = [&] {
         seeds[QStringLiteral("%1-%2").arg(name).arg(piece++, 2, 10, QLatin1Char('0'))] = steps;

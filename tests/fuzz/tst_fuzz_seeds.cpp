@@ -59,6 +59,7 @@ private Q_SLOTS:
     void committedSeedsAreThoseOfTheMachine_data() { addMachines(); }
     void committedSeedsAreThoseOfTheMachine();
     void bytesAreFaultsAndChanges();
+    void bytesDenyAKey();
 
 private:
     static void addMachines()
@@ -104,6 +105,17 @@ void TestFuzzSeeds::bytesAreFaultsAndChanges()
     QCOMPARE(int(hostile.changes.front().beforeCall), 7);
     QCOMPARE(hostile.changes.front().steps, QByteArray("\x0b"));
     QVERIFY(hostile.runTwice);
+}
+
+void TestFuzzSeeds::bytesDenyAKey()
+{
+    // EnterSubKey "A", DenyKey, Leave; and the byte before DenyKey is a step of old.
+    const HostileMachine hostile = hostileMachine(QByteArray::fromHex("010001" "41" "ff" "02"));
+    const auto root = hostile.machine.registry.root(machine::RegistryRoot::LocalMachine);
+    QVERIFY(!root->isDenied());
+    QVERIFY(root->findSubKey(QStringLiteral("A"))->isDenied());
+    const HostileMachine other = hostileMachine(QByteArray::fromHex("010001" "41" "fe"));
+    QVERIFY(!other.machine.registry.root(machine::RegistryRoot::LocalMachine)->findSubKey(QStringLiteral("A"))->isDenied());
 }
 
 TEST_WITHOUT_APPLICATION(TestFuzzSeeds);

@@ -152,7 +152,7 @@ void MachinesTest::writtenAndReadAgain()
     const machine::Machine described = DescribedWindows::load(machine);
     const QTemporaryDir folder;
     write(folder.filePath(QStringLiteral("registry.reg")), machine::writeRegistryFile(described.registry));
-    write(folder.filePath(QStringLiteral("system.json")), machine::writeSystemFile(described.system));
+    write(folder.filePath(QStringLiteral("system.json")), machine::writeSystemFile(described));
     QString error;
     const auto again = machine::loadMachine(folder.path(), error);
     QVERIFY2(again, qPrintable(error));

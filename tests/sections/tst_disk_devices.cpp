@@ -22,6 +22,8 @@ private Q_SLOTS:
     void text();
     void values_data();
     void values();
+    void deniedKeys_data();
+    void deniedKeys();
 #ifdef SIMULATED_WINDOWS
     void devicesThatCannotBeOpened();
     void calls();
@@ -164,6 +166,39 @@ void DiskDevicesTest::values()
     QFETCH(QString, lines);
     const DescribedWindows windows(usbKey("\\Stick\\Instance") + values);
     COMPARE_TEXT(usbDevices(), title + QStringLiteral("Stick\n") + lines + "\n\n");
+}
+
+void DiskDevicesTest::deniedKeys_data()
+{
+    QTest::addColumn<QByteArray>("registry");
+    QTest::addColumn<QByteArrayList>("denied"); // below the key of the enumerator
+    QTest::addColumn<QString>("lines");
+    const auto row = [](const char *what, const QByteArray &registry, const QByteArrayList &denied, const QString &lines) {
+        QTest::newRow(what) << registry << denied << lines;
+    };
+    const auto key = [](const QByteArray &path, const char *service) { return usbKey(path) + textValue("Service", service); };
+    const auto instance = [](const char *service) { return QString("   Service:             ") + service + "\n\n"; };
+    const QByteArray instances = key("\\Stick\\1", "a") + key("\\Stick\\2", "b") + key("\\Stick\\3", "c");
+    row("the first instance", instances, {"Stick\\1"}, "Stick\n" + instance("b") + instance("c") + '\n');
+    row("an instance in the middle", instances, {"Stick\\2"}, "Stick\n" + instance("a") + instance("c") + '\n');
+    row("the last instance", instances, {"Stick\\3"}, "Stick\n" + instance("a") + instance("b") + '\n');
+    row("all instances: the name and an empty line", instances, {"Stick\\1", "Stick\\2", "Stick\\3"}, "Stick\n\n");
+    const QByteArray devices = key("\\A\\1", "a") + key("\\B\\1", "b") + key("\\C\\1", "c");
+    row("the first device: its name without an empty line", devices, {"A"},
+        "A\nB\n" + instance("b") + "\nC\n" + instance("c") + '\n');
+    row("a device in the middle", devices, {"B"}, "A\n" + instance("a") + "\nB\nC\n" + instance("c") + '\n');
+    row("the last device", devices, {"C"}, "A\n" + instance("a") + "\nB\n" + instance("b") + "\nC\n");
+    row("the enumerator: the heading alone", devices, {""}, "");
+}
+
+void DiskDevicesTest::deniedKeys()
+{
+    QFETCH(QByteArray, registry);
+    QFETCH(QByteArrayList, denied);
+    QFETCH(QString, lines);
+    const DescribedWindows windows(
+        registry, deniedBelow("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Enum\\USBSTOR", denied));
+    COMPARE_TEXT(usbDevices(), title + lines);
 }
 
 #ifdef SIMULATED_WINDOWS

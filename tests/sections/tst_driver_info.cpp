@@ -24,6 +24,8 @@ private Q_SLOTS:
     void drivers();
     void properties_data();
     void properties();
+    void deniedKeys_data();
+    void deniedKeys();
 #ifdef SIMULATED_WINDOWS
     void longNames_data();
     void longNames();
@@ -298,6 +300,43 @@ void DriverInfoTest::properties_data()
 void DriverInfoTest::properties()
 {
     drivers();
+}
+
+void DriverInfoTest::deniedKeys_data()
+{
+    QTest::addColumn<QByteArray>("registry");
+    QTest::addColumn<QByteArrayList>("denied"); // below the key of all classes
+    QTest::addColumn<QString>("blocks");
+    const auto row = [](const char *what, const QByteArray &registry, const QByteArrayList &denied, const QString &blocks) {
+        QTest::newRow(what) << registry << denied << blocks;
+    };
+    const QByteArray drivers = netClass(driver("0000", "a") + driver("0001", "b") + driver("0002", "c"));
+    const QString start = rule + QString("Net:\n");
+    row("the first driver", drivers, {"{1}\\0000"}, start + described("b") + '\n' + described("c") + rule);
+    row("a driver in the middle: one empty line", drivers, {"{1}\\0001"},
+        start + described("a") + '\n' + described("c") + rule);
+    row("the last driver: no empty line behind the one before", drivers, {"{1}\\0002"},
+        start + described("a") + '\n' + described("b") + rule);
+    row("all drivers", drivers, {"{1}\\0000", "{1}\\0001", "{1}\\0002"}, start + rule);
+    row("Properties behind a driver: no empty line", netClass(driver("0000", "a")), {"{1}\\Properties"},
+        start + described("a") + rule);
+    const QByteArray classes = netClass() + classKey("\\{2}") + textValue("Class", "Display") + classKey("\\{3}")
+        + textValue("Class", "Mouse");
+    row("the first class: no opening rule", classes, {"{1}"}, "Display:\n" + QString(rule) + "Mouse:\n" + rule);
+    row("a class in the middle", classes, {"{2}"}, start + rule + "Mouse:\n" + rule);
+    row("the last class", classes, {"{3}"}, start + rule + "Display:\n" + rule);
+    row("all classes", classes, {"{1}", "{2}", "{3}"}, "");
+    row("the key of all classes", classes, {""}, "");
+}
+
+void DriverInfoTest::deniedKeys()
+{
+    QFETCH(QByteArray, registry);
+    QFETCH(QByteArrayList, denied);
+    QFETCH(QString, blocks);
+    const DescribedWindows windows(
+        registry, deniedBelow("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Class", denied));
+    COMPARE_TEXT(driverInfoFromRegistry(), title + blocks);
 }
 
 #ifdef SIMULATED_WINDOWS

@@ -26,6 +26,10 @@ private Q_SLOTS:
     void walk();
     void userTools_data();
     void userTools();
+    void deniedKeys_data();
+    void deniedKeys();
+    void deniedUserTools_data();
+    void deniedUserTools();
 #ifdef SIMULATED_WINDOWS
     void walkOfASimulatedMachine_data();
     void walkOfASimulatedMachine();
@@ -312,6 +316,64 @@ void InstalledApplicationsTest::walk()
     QFETCH(QString, blocks);
     const DescribedWindows windows(registry);
     COMPARE_TEXT(installedApplicationsFromRegistry(), title + blocks);
+}
+
+void InstalledApplicationsTest::deniedKeys_data()
+{
+    QTest::addColumn<QByteArrayList>("denied"); // below HKEY_CLASSES_ROOT
+    QTest::addColumn<QString>("blocks");
+    const auto row = [](const char *what, const QByteArrayList &denied, const QString &blocks) {
+        QTest::newRow(what) << denied << blocks;
+    };
+    const QString first("ProductName: Q9\n\n");
+    const QString middle("ProductName: Q90\nFile extension '.q90' registered with application project type 'c'\n"
+                         "Open command for 'Q90 Project':\nrun\n\n");
+    const QString last("ProductName: Linemodel\n\n");
+    row("the first product", {"Installer\\Products\\A1"}, middle + last);
+    row("a product in the middle", {"Installer\\Products\\A2"}, first + last);
+    row("the last product", {"Installer\\Products\\A3"}, first + middle);
+    row("all products", {"Installer\\Products\\A1", "Installer\\Products\\A2", "Installer\\Products\\A3"}, "");
+    row("the key of all products", {"Installer\\Products"}, "");
+    row("an extension: no line", {".q90"},
+        first + "ProductName: Q90\nOpen command for 'Q90 Project':\nrun\n\n" + last);
+    row("an open command: no line", {"Q90 Project\\shell\\open\\command"},
+        first + "ProductName: Q90\nFile extension '.q90' registered with application project type 'c'\n\n" + last);
+    row("a project type: its open command neither", {"Q90 Project"},
+        first + "ProductName: Q90\nFile extension '.q90' registered with application project type 'c'\n\n" + last);
+}
+
+void InstalledApplicationsTest::deniedKeys()
+{
+    QFETCH(QByteArrayList, denied);
+    QFETCH(QString, blocks);
+    const DescribedWindows windows(product("Q9", "A1") + product("Q90", "A2") + product("Linemodel", "A3")
+                                       + classDefault(".q90", "c")
+                                       + classDefault("Q90 Project\\shell\\open\\command", "run"),
+                                   deniedBelow("HKEY_CLASSES_ROOT", denied));
+    COMPARE_TEXT(installedApplicationsFromRegistry(), title + blocks);
+}
+
+void InstalledApplicationsTest::deniedUserTools_data()
+{
+    QTest::addColumn<QByteArrayList>("denied"); // below the key of the user's products
+    QTest::addColumn<QString>("blocks");
+    const QString flasher("ProductName: Device Flasher\n\n");
+    const QString m4("ProductName: M4-M8-vkUpdate\n\n");
+    const QString tBox("ProductName: T-BOX-vkUpdate\n\n");
+    QTest::newRow("the first product") << QByteArrayList {"B1"} << m4 + tBox;
+    QTest::newRow("a product in the middle") << QByteArrayList {"B2"} << flasher + tBox;
+    QTest::newRow("the last product") << QByteArrayList {"B3"} << flasher + m4;
+    QTest::newRow("the key of all products") << QByteArrayList {""} << QString();
+}
+
+void InstalledApplicationsTest::deniedUserTools()
+{
+    QFETCH(QByteArrayList, denied);
+    QFETCH(QString, blocks);
+    const DescribedWindows windows(
+        userProduct("Device Flasher", "B1") + userProduct("M4-M8-vkUpdate", "B2") + userProduct("T-BOX-vkUpdate", "B3"),
+        deniedBelow("HKEY_CURRENT_USER\\Software\\Microsoft\\Installer\\Products", denied));
+    COMPARE_TEXT(installedVisualBasicApplications(), userTitle + blocks);
 }
 
 void InstalledApplicationsTest::userTools_data()

@@ -274,7 +274,7 @@ void NetworkInterfacesTest::text_data()
                           "Gateway 3: 10.0.0.9, 255.0.0.9\n"
                           "DHCP enabled:  1\n"
                           "DHCP server: 10.0.0.2, 255.0.0.2\n"
-                          "Lease obtained: Sun Jan 04 00:00:00 1970\n"
+                          "Lease obtained: Sun Jan  4 00:00:00 1970\n"
                           "Lease expires:  0x80000000\n"
                           "Have WINS: 1\n"
                           "Primary WINS Server: 10.0.0.4, 255.0.0.4\n"

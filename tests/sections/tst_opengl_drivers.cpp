@@ -1,6 +1,7 @@
 // The driver list of the OpenGL section, and the whole section where there is no OpenGL.
 
 #include "described_windows.h"
+#include "registry_values.h"
 #include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
@@ -23,6 +24,8 @@ class OpenGLDriversTest : public QObject
 private Q_SLOTS:
     void text_data();
     void text();
+    void deniedKeys_data();
+    void deniedKeys();
     void textIsAppended();
     void sectionWithoutOpenGL_data();
     void sectionWithoutOpenGL();
@@ -144,6 +147,24 @@ void OpenGLDriversTest::text()
     QFETCH(QByteArray, registry);
     QFETCH(QString, expected);
     const DescribedWindows windows(registry);
+    COMPARE_TEXT(driverInfo(), heading + expected);
+}
+
+void OpenGLDriversTest::deniedKeys_data()
+{
+    QTest::addColumn<QByteArrayList>("denied"); // below the key of all drivers
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("the first driver: its name and three blanks") << QByteArrayList {"A"} << "A   \nB   y.dll\nC   z.dll\n";
+    QTest::newRow("a driver in the middle") << QByteArrayList {"B"} << "A   x.dll\nB   \nC   z.dll\n";
+    QTest::newRow("the last driver") << QByteArrayList {"C"} << "A   x.dll\nB   y.dll\nC   \n";
+    QTest::newRow("the key of all drivers: the heading alone") << QByteArrayList {""} << QString();
+}
+
+void OpenGLDriversTest::deniedKeys()
+{
+    QFETCH(QByteArrayList, denied);
+    QFETCH(QString, expected);
+    const DescribedWindows windows(twoDrivers() + driver("C", "\"dll\"=\"z\""), deniedBelow(path, denied));
     COMPARE_TEXT(driverInfo(), heading + expected);
 }
 

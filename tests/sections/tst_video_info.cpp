@@ -19,6 +19,8 @@ class VideoInfoTest : public QObject
 private Q_SLOTS:
     void walk_data();
     void walk();
+    void deniedKeys_data();
+    void deniedKeys();
     void values_data();
     void values();
     void binaryOrText_data();
@@ -148,6 +150,45 @@ void VideoInfoTest::walk()
     QFETCH(QByteArray, registry);
     QFETCH(QString, blocks);
     const DescribedWindows windows(registry);
+    COMPARE_TEXT(videoInfoFromRegistry(), title + blocks);
+}
+
+void VideoInfoTest::deniedKeys_data()
+{
+    QTest::addColumn<QByteArray>("registry");
+    QTest::addColumn<QByteArrayList>("denied"); // below the key of all adapters
+    QTest::addColumn<QString>("blocks");
+    const auto row = [](const char *what, const QByteArray &registry, const QByteArrayList &denied, const QString &blocks) {
+        QTest::newRow(what) << registry << denied << blocks;
+    };
+    const auto key = [](const QByteArray &path, const char *date) { return videoKey(path) + textValue("DriverDate", date); };
+    const auto block = [](const char *name, const char *date) {
+        return QString(name) + "\n   Driver Date: " + date + '\n';
+    };
+    const QByteArray keys = key("\\{A}\\0000", "a") + key("\\{A}\\0001", "b") + key("\\{A}\\0002", "c");
+    row("the first key: the last block is still there twice", keys, {"{A}\\0000"},
+        block("0001", "b") + block("0002", "c") + block("0002", "c"));
+    row("a key in the middle", keys, {"{A}\\0001"}, block("0000", "a") + block("0002", "c") + block("0002", "c"));
+    row("the last key: no block twice, for it is the one that is visited again", keys, {"{A}\\0002"},
+        block("0000", "a") + block("0001", "b"));
+    row("all keys", keys, {"{A}\\0000", "{A}\\0001", "{A}\\0002"}, "");
+    row("Video: no service, and each block once",
+        key("\\{A}\\0000", "a") + videoKey("\\{A}\\Video") + textValue("Service", "s"), {"{A}\\Video"}, block("0000", "a"));
+    const QByteArray adapters = key("\\{A}\\0000", "a") + videoKey("\\{A}\\Video") + key("\\{B}\\0000", "b")
+        + videoKey("\\{B}\\Video") + key("\\{C}\\0000", "c") + videoKey("\\{C}\\Video");
+    row("the first adapter", adapters, {"{A}"}, block("0000", "b") + block("0000", "c"));
+    row("an adapter in the middle", adapters, {"{B}"}, block("0000", "a") + block("0000", "c"));
+    row("the last adapter", adapters, {"{C}"}, block("0000", "a") + block("0000", "b"));
+    row("the key of all adapters", adapters, {""}, "");
+}
+
+void VideoInfoTest::deniedKeys()
+{
+    QFETCH(QByteArray, registry);
+    QFETCH(QByteArrayList, denied);
+    QFETCH(QString, blocks);
+    const DescribedWindows windows(
+        registry, deniedBelow("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Video", denied));
     COMPARE_TEXT(videoInfoFromRegistry(), title + blocks);
 }
 

@@ -100,6 +100,11 @@ void WinSxSEntriesTest::directories_data()
     QTest::newRow("a Windows directory further down")
         << QByteArray(R"({"GetSystemWindowsDirectory": "D:\\Systems\\Win 7"})")
         << "Directory 'D:/Systems/Win 7/WinSxS' does not exist.";
+    QTest::newRow("a Windows directory on a share: its path with two slashes")
+        << QByteArray(R"({"GetSystemWindowsDirectory": "\\\\srv\\share\\Windows"})")
+        << "Directory '//srv/share/Windows/WinSxS' does not exist.";
+    QTest::newRow("a folder that is there, on a share")
+        << R"({"GetSystemWindowsDirectory": "\\\\srv\\share\\Windows", )" + listing + "}" << "microsoft.vc90.crt\n";
     QTest::newRow("a Windows directory with a placeholder")
         << QByteArray(R"({"GetSystemWindowsDirectory": "C:\\%1"})") << "Directory 'C:/%1/WinSxS' does not exist.";
     QTest::newRow("a folder that is there, on another drive")

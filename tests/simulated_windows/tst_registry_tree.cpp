@@ -20,6 +20,10 @@ private Q_SLOTS:
     void paths_data();
     void paths();
     void rootsHaveTheirNames();
+    void wholePaths_data();
+    void wholePaths();
+    void deniedKeys_data();
+    void deniedKeys();
 };
 
 namespace {
@@ -149,6 +153,54 @@ void RegistryTreeTest::rootsHaveTheirNames()
     QCOMPARE(registry.root(RegistryRoot::CurrentUser)->name(), QStringLiteral("HKEY_CURRENT_USER"));
     QCOMPARE(registry.root(RegistryRoot::LocalMachine)->name(), QStringLiteral("HKEY_LOCAL_MACHINE"));
     QCOMPARE(registry.root(RegistryRoot::Users)->name(), QStringLiteral("HKEY_USERS"));
+}
+
+void RegistryTreeTest::wholePaths_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("name"); // empty: there is no such root
+    QTest::newRow("a key of a root") << QStringLiteral("HKEY_USERS\\A\\B") << QStringLiteral("B");
+    QTest::newRow("a root in other letters") << QStringLiteral("hkey_Users\\A") << QStringLiteral("A");
+    QTest::newRow("a root") << QStringLiteral("HKEY_CURRENT_USER") << QStringLiteral("HKEY_CURRENT_USER");
+    QTest::newRow("a root's short name") << QStringLiteral("HKLM\\A") << QString();
+    QTest::newRow("empty") << QString() << QString();
+}
+
+void RegistryTreeTest::wholePaths()
+{
+    QFETCH(QString, path);
+    QFETCH(QString, name);
+    const Registry registry;
+    const auto key = createKey(registry, path);
+    QCOMPARE(key ? key->name() : QString(), name);
+}
+
+void RegistryTreeTest::deniedKeys_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<bool>("denied");
+    QTest::newRow("the key") << QStringLiteral("A\\B") << true;
+    QTest::newRow("in other letters") << QStringLiteral("a\\b\\") << true;
+    QTest::newRow("below it") << QStringLiteral("A\\B\\C") << true;
+    QTest::newRow("missing below it") << QStringLiteral("A\\B\\None") << true;
+    QTest::newRow("above it") << QStringLiteral("A") << false;
+    QTest::newRow("beside it") << QStringLiteral("A\\BB") << false;
+    QTest::newRow("missing") << QStringLiteral("A\\None") << false;
+    QTest::newRow("the start itself") << QString() << false;
+}
+
+void RegistryTreeTest::deniedKeys()
+{
+    QFETCH(QString, path);
+    QFETCH(bool, denied);
+    const Registry registry;
+    const auto root = registry.root(RegistryRoot::LocalMachine);
+    createKey(root, QStringLiteral("A\\B\\C"));
+    createKey(root, QStringLiteral("A\\BB"));
+    findKey(root, QStringLiteral("A\\B"))->setDenied(true);
+    QCOMPARE(isDenied(root, path), denied);
+    QVERIFY2(isDenied(findKey(root, QStringLiteral("A\\B")), QStringLiteral("C")), "from the key on");
+    QVERIFY2(!isDenied(findKey(root, QStringLiteral("A\\B\\C")), QString()), "what is above the start does not count");
 }
 
 TEST_WITHOUT_APPLICATION(RegistryTreeTest);

@@ -20,6 +20,9 @@ private Q_SLOTS:
     void callsSucceedAndAreRecorded();
     void faultFailsTheCall_data();
     void faultFailsTheCall();
+    void faultFailsTheCallAfterItWroteItsResults_data();
+    void faultFailsTheCallAfterItWroteItsResults();
+    void failedOpenLeavesADeadHandle();
     void withoutMachineEveryCallFails_data();
     void withoutMachineEveryCallFails();
     void journalOfRegistryCalls();
@@ -146,6 +149,49 @@ void SimulatedSteeringTest::faultFailsTheCall()
     QVERIFY2(buffer.isUntouchedFrom(4), "what is behind a record's size"); // the caller's own
     QCOMPARE(lastOf(call.name).result, failedResult(call.failure, 1234));
     QVERIFY(call.make(untouched) != failedResult(call.failure, 1234));
+}
+
+void SimulatedSteeringTest::faultFailsTheCallAfterItWroteItsResults_data()
+{
+    QTest::addColumn<FailingCall>("call");
+    for (const FailingCall &call : failingCalls()) {
+        if (call.name != "GetAdaptersInfo") // its buffer here is too small: it fails by itself
+            QTest::newRow(call.name.constData()) << call;
+    }
+}
+
+void SimulatedSteeringTest::faultFailsTheCallAfterItWroteItsResults()
+{
+    QFETCH(FailingCall, call);
+    const DescribedWindows windows(answeringRegistry(), answeringSystem());
+    PoisonedBuffer expected(512);
+    call.make(expected);
+    PoisonedBuffer buffer(512);
+    SetLastError(poison);
+    {
+        const Fault fault = Fault::everyCall(call.name, 1234, simulated::BeforeFailing::WritesResults);
+        QCOMPARE(call.make(buffer), failedResult(call.failure, 1234));
+        QCOMPARE(fault.hits(), std::size_t(1));
+    }
+    if (call.failure == FailingCall::LastError)
+        QCOMPARE(GetLastError(), DWORD(1234));
+    QCOMPARE(lastOf(call.name).result, failedResult(call.failure, 1234));
+    QCOMPARE(buffer.written(), expected.written());
+}
+
+void SimulatedSteeringTest::failedOpenLeavesADeadHandle()
+{
+    const DescribedWindows windows(answeringRegistry(), answeringSystem());
+    const Fault fault = Fault::everyCall("RegOpenKeyExA", 5, simulated::BeforeFailing::WritesResults);
+    HKEY key = nullptr;
+    QCOMPARE(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "K", 0, KEY_READ, &key), LSTATUS(5));
+    QVERIFY(key != nullptr);
+    QCOMPARE(simulated::openHandles(), QStringList());
+    QCOMPARE(RegCloseKey(key), LSTATUS(ERROR_INVALID_HANDLE));
+    QVERIFY(!simulated::handleMisuses().isEmpty());
+    key = nullptr;
+    QCOMPARE(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Missing", 0, KEY_READ, &key), LSTATUS(ERROR_FILE_NOT_FOUND));
+    QVERIFY2(key == nullptr, "a call that fails by itself stays what it is");
 }
 
 void SimulatedSteeringTest::withoutMachineEveryCallFails_data()
@@ -405,7 +451,7 @@ void SimulatedSteeringTest::hookChangesTheRegistryBetweenCalls()
     };
     QCOMPARE(sizeOfValue(), DWORD(6));
     QCOMPARE(sizeOfValue(), DWORD(100));
-    QCOMPARE(sizeOfValue(), poison);
+    QCOMPARE(sizeOfValue(), DWORD(0)); // of a missing value
 }
 
 void SimulatedSteeringTest::hookIsGoneAfterReset()

@@ -44,12 +44,12 @@ void SimulatedTimeTest::localTime_data()
     const auto row = [](const char *name, qint32 seconds, int timeZone, const char *expected) {
         QTest::newRow(name) << seconds << timeZone << QByteArray(expected);
     };
-    row("the beginning", 0, 0, "Thu Jan 01 00:00:00 1970\n");
-    row("the first Sunday", 259200, 0, "Sun Jan 04 00:00:00 1970\n");
+    row("the beginning", 0, 0, "Thu Jan  1 00:00:00 1970\n");
+    row("the first Sunday", 259200, 0, "Sun Jan  4 00:00:00 1970\n");
     row("an hour east", 1701337145, -60, "Thu Nov 30 10:39:05 2023\n");
     row("five hours west", 1701337145, 300, "Thu Nov 30 04:39:05 2023\n");
     row("five and a half hours east", 1701337145, -330, "Thu Nov 30 15:09:05 2023\n");
-    row("the same zone in summer", 1688200000, -60, "Sat Jul 01 09:26:40 2023\n");
+    row("the same zone in summer", 1688200000, -60, "Sat Jul  1 09:26:40 2023\n");
     row("west of the beginning", 0, 300, "Wed Dec 31 19:00:00 1969\n");
     row("the end", std::numeric_limits<qint32>::max(), 0, "Tue Jan 19 03:14:07 2038\n");
     row("east of the end", std::numeric_limits<qint32>::max(), -840, "Tue Jan 19 17:14:07 2038\n");

@@ -57,18 +57,45 @@ private Q_SLOTS:
     void failureOfAllComputerNamesIsWritten();
     void leaseTimesAreWritten_data();
     void leaseTimesAreWritten();
+    void deniedKeys_data();
+    void deniedKeys();
+    void deniedKeysOfARegistry();
 };
 
 namespace {
 
-SystemAnswers read(const QByteArray &json)
+Machine readMachine(const QByteArray &json)
 {
-    SystemAnswers answers;
+    Machine machine;
     QString error;
     int line = -1;
-    if (!readSystemFile(json, answers, error, line))
+    if (!readSystemFile(json, machine, error, line))
         QTest::qFail(qPrintable(QStringLiteral("line %1: %2").arg(line).arg(error)), __FILE__, __LINE__);
-    return answers;
+    return machine;
+}
+
+SystemAnswers read(const QByteArray &json)
+{
+    return readMachine(json).system;
+}
+
+/// A line for each key below \a key that is denied.
+QStringList deniedBelow(const RegistryKey &key, const QString &path)
+{
+    QStringList names;
+    if (key.isDenied())
+        names += path;
+    for (std::size_t i = 0; i < key.subKeyCount(); ++i)
+        names += deniedBelow(*key.subKeyAt(i), path + QLatin1Char('\\') + key.subKeyAt(i)->name());
+    return names;
+}
+
+QStringList deniedIn(const Machine &machine)
+{
+    QStringList names;
+    for (const auto &root : machine.registry.roots())
+        names += deniedBelow(*root, root->name());
+    return names;
 }
 
 SystemAnswers readMember(const QByteArray &name, const QByteArray &value)
@@ -612,6 +639,9 @@ void SystemFileTest::wrongForms_data()
     row("an address that is a number", R"({"GetAdaptersInfo": [{"PrimaryWinsServer": [10, ""]}]})",
         "'GetAdaptersInfo.PrimaryWinsServer' is not a text");
     row("another code page", R"({"ansiCodePage": 437})", "'ansiCodePage' is not 1252, 1250, 1251, 932 or 65001");
+    row("denied keys that are no list", R"({"deniedKeys": {"HKEY_LOCAL_MACHINE\\A": 1}})", "'deniedKeys' is not a list");
+    row("a denied key that is a number", R"({"deniedKeys": [5]})", "'deniedKeys' is not a text");
+    row("a denied key of no root", R"({"deniedKeys": ["HKLM\\A"]})", "'deniedKeys' is not a list of whole key names");
     row("the first of two is told", R"({"GetUserName": 5, "ansiCodePage": 437})",
         "'ansiCodePage' is not 1252, 1250, 1251, 932 or 65001");
 }
@@ -620,10 +650,10 @@ void SystemFileTest::wrongForms()
 {
     QFETCH(QByteArray, json);
     QFETCH(QString, expected);
-    SystemAnswers answers;
+    Machine machine;
     QString error;
     int line = -1;
-    QVERIFY(!readSystemFile(json, answers, error, line));
+    QVERIFY(!readSystemFile(json, machine, error, line));
     QCOMPARE(error, expected);
     QCOMPARE(line, 0); // the message names the member
 }
@@ -647,19 +677,19 @@ void SystemFileTest::syntaxErrors()
 {
     QFETCH(QByteArray, json);
     QFETCH(int, line);
-    SystemAnswers answers;
+    Machine machine;
     QString error;
     int errorLine = -1;
-    QVERIFY(!readSystemFile(json, answers, error, errorLine));
+    QVERIFY(!readSystemFile(json, machine, error, errorLine));
     QVERIFY(!error.isEmpty() && !error.contains(QLatin1Char('\n')));
     QCOMPARE(errorLine, line);
 }
 
 void SystemFileTest::failureOfAllComputerNamesIsWritten()
 {
-    const SystemAnswers answers = read("{\"GetComputerNameEx\": {\"error\": 5}}");
-    QCOMPARE(answers.computerNamesError, 5u);
-    QCOMPARE(read(writeSystemFile(answers)).computerNamesError, 5u);
+    const Machine machine = readMachine("{\"GetComputerNameEx\": {\"error\": 5}}");
+    QCOMPARE(machine.system.computerNamesError, 5u);
+    QCOMPARE(read(writeSystemFile(machine)).computerNamesError, 5u);
 }
 
 void SystemFileTest::leaseTimesAreWritten_data()
@@ -677,11 +707,52 @@ void SystemFileTest::leaseTimesAreWritten()
     QFETCH(qint64, time);
     AdapterRecord adapter;
     adapter.LeaseObtained = time;
-    SystemAnswers answers;
-    answers.GetAdaptersInfo.value = {adapter};
-    const SystemAnswers again = read(writeSystemFile(answers));
+    Machine machine;
+    machine.system.GetAdaptersInfo.value = {adapter};
+    const SystemAnswers again = read(writeSystemFile(machine));
     QVERIFY(again.GetAdaptersInfo);
     QCOMPARE(again.GetAdaptersInfo->front().LeaseObtained, time);
+}
+
+void SystemFileTest::deniedKeys_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    QTest::addColumn<QStringList>("expected");
+    const auto row = [](const char *name, const char *json, const QStringList &expected) {
+        QTest::newRow(name) << QByteArray(json) << expected;
+    };
+    row("absent", "{}", {});
+    row("null", R"({"deniedKeys": null})", {});
+    row("none", R"({"deniedKeys": []})", {});
+    row("each is created with its parents", R"({"deniedKeys": ["HKEY_LOCAL_MACHINE\\A\\B", "HKEY_CURRENT_USER\\C"]})",
+        {QStringLiteral("HKEY_LOCAL_MACHINE\\A\\B"), QStringLiteral("HKEY_CURRENT_USER\\C")});
+    row("a root in other letters", R"({"deniedKeys": ["hkey_classes_root\\A"]})", {QStringLiteral("HKEY_CLASSES_ROOT\\A")});
+    row("one inside another", R"({"deniedKeys": ["HKEY_USERS\\A\\B", "HKEY_USERS\\A"]})",
+        {QStringLiteral("HKEY_USERS\\A"), QStringLiteral("HKEY_USERS\\A\\B")});
+    row("a root", R"({"deniedKeys": ["HKEY_USERS"]})", {QStringLiteral("HKEY_USERS")});
+}
+
+void SystemFileTest::deniedKeys()
+{
+    QFETCH(QByteArray, json);
+    QFETCH(QStringList, expected);
+    const Machine machine = readMachine(json);
+    QCOMPARE(deniedIn(machine), expected);
+    QCOMPARE(deniedIn(readMachine(writeSystemFile(machine))), expected);
+    QCOMPARE(writeSystemFile(machine).contains("deniedKeys"), !expected.isEmpty());
+}
+
+void SystemFileTest::deniedKeysOfARegistry()
+{
+    Machine machine;
+    const auto key = createKey(machine.registry, QStringLiteral("HKEY_LOCAL_MACHINE\\Alpha\\Beta"));
+    key->setValue({QStringLiteral("Value"), 3, QByteArray("x")});
+    QString error;
+    int line = 0;
+    QVERIFY(readSystemFile(R"({"deniedKeys": ["HKEY_LOCAL_MACHINE\\ALPHA\\beta"]})", machine, error, line));
+    QVERIFY2(key->isDenied(), "the key that is there, whatever the letters");
+    QVERIFY(key->findValue(QStringLiteral("Value")));
+    QCOMPARE(deniedIn(machine), QStringList(QStringLiteral("HKEY_LOCAL_MACHINE\\Alpha\\Beta")));
 }
 
 TEST_WITHOUT_APPLICATION(SystemFileTest);

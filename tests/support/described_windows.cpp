@@ -19,7 +19,7 @@ machine::Machine DescribedWindows::parse(const QByteArray &registryFile, const Q
     QString error;
     int line = 0;
     if (!machine::readRegistryFile("Windows Registry Editor Version 5.00\n" + registryFile, machine.registry, error, line)
-        || !machine::readSystemFile(systemFile, machine.system, error, line))
+        || !machine::readSystemFile(systemFile, machine, error, line))
         qFatal("line %d: %s", line, qPrintable(error));
     return machine;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QtCore/QByteArray>
+#include <QtCore/QByteArrayList>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
@@ -48,4 +49,13 @@ inline QByteArray listValue(const QByteArray &name, const QStringList &strings)
     for (const QString &string : strings)
         data += string + QChar();
     return hexValue(name, 7, utf16Data(data + QChar()));
+}
+
+/// system.json that denies these keys below \a parent; an empty name is the parent itself.
+inline QByteArray deniedBelow(const QByteArray &parent, const QByteArrayList &names)
+{
+    QByteArrayList texts;
+    for (const QByteArray &name : names)
+        texts += '"' + QByteArray(name.isEmpty() ? parent : parent + '\\' + name).replace('\\', "\\\\") + '"';
+    return "{\"deniedKeys\": [" + texts.join(", ") + "]}";
 }

@@ -3,6 +3,7 @@
 // lasting can be put below such a key: what the registry editor would do fails there.
 //
 //   import_registry registry.reg PATH     the keys at and below PATH of HKEY_LOCAL_MACHINE
+//   import_registry --deny PATH           an empty key there that nobody can open
 
 #include "registry_file.h"
 
@@ -47,6 +48,26 @@ bool import(const RegistryKey &key, const QString &path)
     return true;
 }
 
+/// Creates a key and takes every right to it away.
+bool deny(const QString &path)
+{
+    ACL nobody;
+    SECURITY_DESCRIPTOR descriptor;
+    HKEY created = nullptr;
+    LSTATUS status = RegCreateKeyExW(HKEY_LOCAL_MACHINE, wide(path), 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS,
+                                     nullptr, &created, nullptr);
+    if (status == ERROR_SUCCESS) {
+        InitializeAcl(&nobody, sizeof nobody, ACL_REVISION);
+        InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION);
+        SetSecurityDescriptorDacl(&descriptor, TRUE, &nobody, FALSE);
+        status = RegSetKeySecurity(created, DACL_SECURITY_INFORMATION, &descriptor);
+        RegCloseKey(created);
+    }
+    if (status != ERROR_SUCCESS)
+        std::fprintf(stderr, "import_registry: %s: error %ld\n", qPrintable(path), long(status));
+    return status == ERROR_SUCCESS;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -54,9 +75,11 @@ int main(int argc, char *argv[])
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() != 3) {
-        std::fprintf(stderr, "usage: import_registry registry.reg PATH\n");
+        std::fprintf(stderr, "usage: import_registry registry.reg|--deny PATH\n");
         return 2;
     }
+    if (arguments.at(1) == QLatin1String("--deny"))
+        return deny(arguments.at(2)) ? 0 : 1;
     QFile file(arguments.at(1));
     if (!file.open(QIODevice::ReadOnly)) {
         std::fprintf(stderr, "import_registry: %s\n", qPrintable(file.errorString()));
