@@ -85,9 +85,11 @@ DWORD ExpandEnvironmentStringsW(LPCWSTR source, LPWSTR buffer, DWORD size)
     return scope.success(needed);
 }
 
-BOOL SHGetSpecialFolderPathW(HWND, LPWSTR path, int folder, BOOL create)
+BOOL SHGetSpecialFolderPathW(HWND owner, LPWSTR path, int folder, BOOL create)
 {
     CallScope scope("SHGetSpecialFolderPathW");
+    if (owner)
+        scope.call.given += QStringLiteral("owner");
     scope.call.value = QString::number(folder);
     scope.call.access = quint32(create);
     if (scope.fault())

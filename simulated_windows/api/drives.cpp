@@ -9,6 +9,12 @@ machine::DriveRecord drive(const QString &root)
     return machineInUse().system.drives.value(machine::upperCased(root));
 }
 
+void note(Call &call, const char *name, const void *argument)
+{
+    if (argument)
+        call.given += QString::fromLatin1(name);
+}
+
 } // namespace
 } // namespace simulated
 
@@ -45,10 +51,14 @@ UINT GetDriveTypeW(LPCWSTR root)
     return scope.success(drive(scope.call.key).GetDriveType);
 }
 
-BOOL GetVolumeInformationW(LPCWSTR root, LPWSTR volumeName, DWORD volumeNameSize, LPDWORD, LPDWORD, LPDWORD,
-                           LPWSTR fileSystemName, DWORD fileSystemNameSize)
+BOOL GetVolumeInformationW(LPCWSTR root, LPWSTR volumeName, DWORD volumeNameSize, LPDWORD serialNumber,
+                           LPDWORD maximumComponentLength, LPDWORD flags, LPWSTR fileSystemName,
+                           DWORD fileSystemNameSize)
 {
     CallScope scope("GetVolumeInformationW");
+    note(scope.call, "serialNumber", serialNumber);
+    note(scope.call, "maximumComponentLength", maximumComponentLength);
+    note(scope.call, "flags", flags);
     scope.call.key = fromWide(root);
     scope.call.value = QString::number(fileSystemNameSize);
     scope.call.sizeIn = scope.call.sizeOut = volumeNameSize;
@@ -64,9 +74,10 @@ BOOL GetVolumeInformationW(LPCWSTR root, LPWSTR volumeName, DWORD volumeNameSize
     return scope.success(TRUE);
 }
 
-BOOL GetDiskFreeSpaceExW(LPCWSTR root, PULARGE_INTEGER freeToCaller, PULARGE_INTEGER total, PULARGE_INTEGER)
+BOOL GetDiskFreeSpaceExW(LPCWSTR root, PULARGE_INTEGER freeToCaller, PULARGE_INTEGER total, PULARGE_INTEGER totalFree)
 {
     CallScope scope("GetDiskFreeSpaceExW");
+    note(scope.call, "totalFree", totalFree);
     scope.call.key = fromWide(root);
     if (scope.fault())
         return scope.failure(*scope.fault());

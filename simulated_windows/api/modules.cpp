@@ -85,13 +85,15 @@ HANDLE GetCurrentProcess()
     return currentProcess;
 }
 
-BOOL EnumProcessModules(HANDLE, HMODULE *modules, DWORD bytes, LPDWORD bytesNeeded)
+BOOL EnumProcessModules(HANDLE process, HMODULE *modules, DWORD bytes, LPDWORD bytesNeeded)
 {
     CallScope scope("EnumProcessModules");
     scope.call.sizeIn = scope.call.sizeOut = bytes;
     const auto &names = machineInUse().system.EnumProcessModules;
     if (scope.fault())
         return scope.failure(*scope.fault());
+    if (process != currentProcess)
+        return scope.failure(ERROR_INVALID_HANDLE);
     if (!names)
         return scope.failure(names.error);
     const std::size_t room = bytes / sizeof(HMODULE);
@@ -102,7 +104,7 @@ BOOL EnumProcessModules(HANDLE, HMODULE *modules, DWORD bytes, LPDWORD bytesNeed
     return scope.success(TRUE);
 }
 
-DWORD GetModuleFileNameExW(HANDLE, HMODULE module, LPWSTR name, DWORD size)
+DWORD GetModuleFileNameExW(HANDLE process, HMODULE module, LPWSTR name, DWORD size)
 {
     CallScope scope("GetModuleFileNameExW");
     scope.call.sizeIn = scope.call.sizeOut = size;
@@ -111,7 +113,7 @@ DWORD GetModuleFileNameExW(HANDLE, HMODULE module, LPWSTR name, DWORD size)
     scope.call.value = QString::number(index);
     if (scope.fault())
         return DWORD(scope.failure(*scope.fault()));
-    if (!names || index >= names->size() || !(*names)[index])
+    if (process != currentProcess || !names || index >= names->size() || !(*names)[index])
         return DWORD(scope.failure(ERROR_INVALID_HANDLE));
     if (size == 0)
         return DWORD(scope.failure(ERROR_INSUFFICIENT_BUFFER));

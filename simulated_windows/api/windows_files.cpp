@@ -31,8 +31,10 @@ public:
 
     FileFlags fileFlags(FileFlags type) const override
     {
-        const FileFlags all = ExistsFlag | DirectoryType | FileFlags(0x7777);
-        return isFolder(m_path) || isEntry() ? type & all : FileFlags();
+        const FileFlags all = ExistsFlag | FileFlags(0x7777);
+        if (isFolder(m_path) || isEntry())
+            return type & (all | DirectoryType);
+        return isFile() ? type & (all | FileType) : FileFlags();
     }
 
     QString fileName(FileName file) const override
@@ -50,7 +52,8 @@ public:
     {
         QStringList names;
         if (isFolder(m_path))
-            names = QStringList({QStringLiteral("."), QStringLiteral("..")}) + *machineInUse().system.WinSxS;
+            names = QStringList({QStringLiteral("."), QStringLiteral("..")}) + *machineInUse().system.WinSxS
+                + WinSxSFiles::names();
         return new NameIterator(filters, filterNames, names);
     }
 
@@ -89,6 +92,8 @@ private:
         return isFolder(fileName(PathName))
             && (machineInUse().system.WinSxS->contains(name) || name == QLatin1String(".."));
     }
+
+    bool isFile() const { return isFolder(fileName(PathName)) && WinSxSFiles::names().contains(fileName(BaseName)); }
 
     const QString m_path;
 };

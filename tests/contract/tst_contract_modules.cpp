@@ -16,6 +16,7 @@ private Q_SLOTS:
     void moduleName();
     void moduleNameIsCut();
     void unknownModuleHasNoName();
+    void noProcess();
     void kernelIsLoadedAlready_data();
     void kernelIsLoadedAlready();
     void unknownModuleIsNotLoaded();
@@ -124,6 +125,23 @@ void ContractModulesTest::unknownModuleHasNoName()
     const TextAnswer answer = nameInto(noModule, 64);
     QCOMPARE(answer.result, DWORD(0));
     QVERIFY(answer.untouched);
+}
+
+// Null is no process, not the caller's own.
+void ContractModulesTest::noProcess()
+{
+    const AnsweringWindows windows;
+    const HMODULE first = modules().value(0);
+    QVERIFY(first);
+    HMODULE module = nullptr;
+    DWORD needed = 0;
+    SetLastError(poison);
+    QVERIFY(!EnumProcessModules(nullptr, &module, sizeof module, &needed));
+    QCOMPARE(GetLastError(), DWORD(ERROR_INVALID_HANDLE));
+    WCHAR name[64] = {};
+    SetLastError(poison);
+    QCOMPARE(GetModuleFileNameExW(nullptr, first, name, 64), DWORD(0));
+    QCOMPARE(GetLastError(), DWORD(ERROR_INVALID_HANDLE));
 }
 
 void ContractModulesTest::kernelIsLoadedAlready_data()

@@ -1,12 +1,15 @@
 // section_child SECTION [DESKTOP-FILE-NAME]
 //
 // Prints one section in a process of its own, with the application object that the
-// section asks for and no more.
+// section asks for and no more. HOST_LOCALE in the environment, such as de_DE, is what
+// a host makes its default locale.
 
 #include "program_output.h"
 #include "vkSystemInfo.h"
 
+#include <QtCore/QLocale>
 #include <QtGui/QGuiApplication>
+#include <locale>
 #include <memory>
 
 using namespace velkor::SystemInfo;
@@ -57,6 +60,15 @@ std::unique_ptr<QCoreApplication> makeApplication(Needs needs, int &argc, char *
     }
 }
 
+void useHostLocale()
+{
+    const QByteArray name = qgetenv("HOST_LOCALE");
+    if (name.isEmpty())
+        return;
+    QLocale::setDefault(QLocale(QString::fromLatin1(name)));
+    std::locale::global(std::locale((name + ".UTF-8").constData()));
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -65,6 +77,7 @@ int main(int argc, char *argv[])
     if (!section)
         return WrongUsage;
     const auto application = makeApplication(section->needs, argc, argv);
+    useHostLocale(); // after Qt, which takes that of the environment
     if (argc > 2)
         QGuiApplication::setDesktopFileName(QString::fromUtf8(argv[2]));
     return writeToStandardOutput(section->text()) ? Done : Failed;

@@ -12,6 +12,7 @@ class VersionTest : public QObject
 
 private Q_SLOTS:
     void numbersComeInReverse();
+    void storesTheFirstArgumentLast();
     void textHasNoPadding();
     void separatorIs72HyphensAndALineFeed();
 };
@@ -25,6 +26,24 @@ void VersionTest::numbersComeInReverse()
     QCOMPARE(first, 12);
     QCOMPARE(second, 3);
     QCOMPARE(third, 1);
+}
+
+// The order of the stores shows where arguments are the same variable.
+void VersionTest::storesTheFirstArgumentLast()
+{
+    int one = -1;
+    int other = -1;
+    libVersion(one, one, one);
+    QCOMPARE(one, 12);
+    libVersion(one, other, other);
+    QCOMPARE(one, 12);
+    QCOMPARE(other, 3);
+    libVersion(one, other, one);
+    QCOMPARE(one, 12);
+    QCOMPARE(other, 3);
+    libVersion(one, one, other);
+    QCOMPARE(one, 12);
+    QCOMPARE(other, 1);
 }
 
 void VersionTest::textHasNoPadding()

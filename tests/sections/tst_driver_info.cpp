@@ -236,6 +236,16 @@ const QByteArray bytesReadLess = QString::fromUtf16(u"\u7250\u706f\u7265\u6974")
 const QByteArray bytesReadMore = QString::fromUtf16(u"\u7250\u706f\u7265\u6974\u7365\u7365").toUtf8();
 const char opened[] = "?????";
 
+// A unit whose bytes are 0x00 and 0x01: it ends the single bytes.
+const QByteArray unitOfLowZero = QString(QChar(0x0100)).toUtf8();
+// Names that hold each letter of the word in the low or in the high byte of a unit.
+const QByteArray lowBytesReadProperties
+    = QString::fromUtf16(u"\u0150\u0172\u016f\u0170\u0165\u0172\u0174\u0169\u0165\u0173").toUtf8();
+const QByteArray highBytesReadProperties
+    = QString::fromUtf16(u"\u5000\u7200\u6f00\u7000\u6500\u7200\u7400\u6900\u6500\u7300").toUtf8();
+// Its bytes read "Propertie", and a byte of zero follows.
+const QByteArray bytesReadAllButTheLast = QString::fromUtf16(u"\u7250\u706f\u7265\u6974\u0065").toUtf8();
+
 QByteArray bothProperties()
 {
     return numberValue("DeviceCharacteristics", 256) + numberValue("DeviceType", 42);
@@ -269,6 +279,26 @@ void DriverInfoTest::properties_data()
         described("a") + '\n' + described("a"));
     row("a name whose bytes read more is a driver", driver("??????", "a") + bothProperties() + driverKey(bytesReadMore),
         described("a") + '\n' + described("a"));
+    row("a unit whose low byte is zero ends such a name",
+        driverKey("??????") + bothProperties() + driverKey(bytesReadProperties + unitOfLowZero), heading + bothPropertyLines);
+    row("what follows a unit whose low byte is zero does not count",
+        driverKey("??????x?") + bothProperties() + driverKey(bytesReadProperties + unitOfLowZero + "x" + bytesReadMore.left(3)),
+        heading + bothPropertyLines);
+    row("a name whose bytes read one letter more is a driver",
+        driver("?????x", "a") + bothProperties() + driverKey(bytesReadProperties + "x"),
+        described("a") + '\n' + described("a"));
+    row("a name whose bytes read one letter less is a driver",
+        driver("????e", "a") + bothProperties() + driverKey(bytesReadAllButTheLast), described("a") + '\n' + described("a"));
+    row("a unit whose low byte is zero within the word: a driver",
+        driver("??", "a") + bothProperties() + driverKey(bytesReadProperties.left(3) + unitOfLowZero),
+        described("a") + '\n' + described("a"));
+    row("a name that starts with a unit whose low byte is zero is a driver",
+        driver("??????", "a") + bothProperties() + driverKey(unitOfLowZero + bytesReadProperties),
+        described("a") + '\n' + described("a"));
+    row("low bytes that read Properties alone: a driver",
+        driver("??????????", "a") + bothProperties() + driverKey(lowBytesReadProperties), described("a") + '\n' + described("a"));
+    row("high bytes that read Properties alone: a driver",
+        driver("??????????", "a") + bothProperties() + driverKey(highBytesReadProperties), described("a") + '\n' + described("a"));
     row("nothing to open behind such a name: nothing", driverKey(bytesReadProperties) + bothProperties(), "");
     row("the device type alone", driverKey(opened) + numberValue("DeviceType", 0xffffffff)
         + driverKey(bytesReadProperties),

@@ -6,10 +6,12 @@
 #include "texts.h"
 #include "vkSystemInfo.h"
 
+#include <QtCore/QLocale>
 #include <QtOpenGL/QGLFormat>
 #include <QtWidgets/QApplication>
 
 #ifdef SIMULATED_WINDOWS
+#  include "overlays.h"
 #  include "simulated_windows.h"
 #  include "version_flags.h"
 #  include <windows.h>
@@ -38,6 +40,9 @@ private Q_SLOTS:
     void failingCalls();
     void flagsLine_data();
     void flagsLine();
+    void overlaysLine_data();
+    void overlaysLine();
+    void localeOfTheHostHasNoEffect();
     void sectionAlwaysProbes();
 #endif
 };
@@ -87,12 +92,12 @@ QString section()
     return info;
 }
 
-QString sectionStart(const QString &flagsAndName)
+QString sectionStart(const QString &flagsAndName, const char *overlays = "0")
 {
     return QStringLiteral("#### QGLFormat #### \n"
                           "hasOpenGL         0\n"
-                          "hasOpenGLOverlays 0\n"
-                          "openGLVersionFlags ") + flagsAndName + "\n" + heading;
+                          "hasOpenGLOverlays ") + overlays
+        + QStringLiteral("\nopenGLVersionFlags ") + flagsAndName + "\n" + heading;
 }
 
 } // namespace
@@ -205,6 +210,7 @@ void OpenGLDriversTest::sectionWithoutOpenGL()
 
 void OpenGLDriversTest::cleanup()
 {
+    overlays::pretended.reset();
     version_flags::pretended.reset();
 }
 
@@ -329,6 +335,35 @@ void OpenGLDriversTest::flagsLine()
     version_flags::pretended = flags;
     const DescribedWindows windows(QByteArray {});
     COMPARE_TEXT(section(), sectionStart(expected));
+}
+
+void OpenGLDriversTest::overlaysLine_data()
+{
+    QTest::addColumn<bool>("hasOverlays");
+    QTest::addColumn<QByteArray>("shown");
+    QTest::newRow("none") << false << QByteArray("0");
+    QTest::newRow("overlays, although there is no OpenGL: the section ends as early") << true << QByteArray("1");
+}
+
+void OpenGLDriversTest::overlaysLine()
+{
+    QFETCH(bool, hasOverlays);
+    QFETCH(QByteArray, shown);
+    overlays::pretended = hasOverlays;
+    const DescribedWindows windows(twoDrivers());
+    COMPARE_TEXT(section(), sectionStart("0x0 not recognized", shown.constData()) + twoDriversText);
+}
+
+void OpenGLDriversTest::localeOfTheHostHasNoEffect()
+{
+    overlays::pretended = true;
+    version_flags::pretended = 0x12345;
+    const DescribedWindows windows(twoDrivers());
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt));
+    const QString text = section();
+    QLocale::setDefault(before);
+    COMPARE_TEXT(text, sectionStart("0x12345 OpenGL 4.0", "1") + twoDriversText);
 }
 
 void OpenGLDriversTest::sectionAlwaysProbes()

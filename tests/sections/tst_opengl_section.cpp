@@ -11,6 +11,7 @@
 
 #ifdef SIMULATED_WINDOWS
 #  include "gl_strings.h"
+#  include "overlays.h"
 #  include "version_flags.h"
 #  include <QtGui/QOpenGLContext>
 #  include <QtOpenGL/QGLWidget>
@@ -31,6 +32,7 @@ private Q_SLOTS:
 #ifdef SIMULATED_WINDOWS
     void cleanup();
     void flagsLine();
+    void overlaysLine();
     void answers_data();
     void answers();
     void askedInAHiddenWidgetsContext();
@@ -52,12 +54,12 @@ QString section()
 }
 
 /// Everything but the direct part.
-QString sectionStart(const QString &flagsAndName, const QString &drivers)
+QString sectionStart(const QString &flagsAndName, const QString &drivers, const char *overlays = "0")
 {
     return QStringLiteral("#### QGLFormat #### \n"
                           "hasOpenGL         1\n"
-                          "hasOpenGLOverlays 0\n"
-                          "openGLVersionFlags ") + flagsAndName
+                          "hasOpenGLOverlays ") + overlays
+        + QStringLiteral("\nopenGLVersionFlags ") + flagsAndName
         + QStringLiteral("\n#### Info about the OpenGL driver DLL's from registry ###\n") + drivers;
 }
 
@@ -158,6 +160,7 @@ const std::vector<unsigned> names {0x1F02, 0x1F00, 0x1F01, 0x1F03};
 void OpenGLSectionTest::cleanup()
 {
     gl_strings::answer = nullptr;
+    overlays::pretended.reset();
     version_flags::pretended.reset();
 }
 
@@ -167,6 +170,15 @@ void OpenGLSectionTest::flagsLine()
     const DescribedWindows windows(QByteArray {});
     const QString text = section();
     COMPARE_TEXT(text.left(text.indexOf(QLatin1String("#### Direct"))), sectionStart("0x1f OpenGL 1.5", QString()));
+}
+
+void OpenGLSectionTest::overlaysLine()
+{
+    version_flags::pretended = 0x1f;
+    overlays::pretended = true;
+    gl_strings::answer = [](unsigned) { return "x"; };
+    const DescribedWindows windows(QByteArray {});
+    COMPARE_TEXT(section(), sectionStart("0x1f OpenGL 1.5", QString(), "1") + directPart("x", "x", "x", "x"));
 }
 
 void OpenGLSectionTest::answers_data()

@@ -1,4 +1,7 @@
 // qtDateTime(): text, and that its two times and its bias agree.
+//
+// Dates follow the system's locale, which Qt takes from the environment away from
+// Windows: their digits are that locale's. The bias is a number like any other.
 
 #include "section_process.h"
 #include "test_main.h"
@@ -11,6 +14,10 @@
 #ifdef Q_OS_WIN
 #  include <time.h>
 #  include <windows.h>
+#else
+#  include <QtCore/QLocale>
+#  include <ctime>
+#  include <dlfcn.h>
 #endif
 
 using namespace velkor::SystemInfo;
@@ -29,8 +36,34 @@ private Q_SLOTS:
 #else
     void zones_data();
     void zones();
+    void oneMoment_data();
+    void oneMoment();
+    void digitsOfTheSystem_data();
+    void digitsOfTheSystem();
+    void defaultLocaleHasNoEffect_data();
+    void defaultLocaleHasNoEffect();
 #endif
 };
+
+#ifndef Q_OS_WIN
+
+namespace clock_of_the_test {
+
+QList<QDateTime> moments; // what the clock says, one after the other; empty: the truth
+int calls = 0;
+
+} // namespace clock_of_the_test
+
+// The linker finds this one before Qt's own.
+QDateTime QDateTime::currentDateTime()
+{
+    using Function = QDateTime (*)();
+    static const auto real = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "_ZN9QDateTime15currentDateTimeEv"));
+    ++clock_of_the_test::calls;
+    return clock_of_the_test::moments.isEmpty() ? real() : clock_of_the_test::moments.takeFirst();
+}
+
+#endif
 
 namespace {
 
@@ -128,6 +161,8 @@ void QtDateTimeTest::zones_data()
     QTest::newRow("daylight saving time counts") << "EST5EDT4,0/0,J365/25" << 4 * 3600 << "240";
     QTest::newRow("parts of a minute are cut off, west") << "AAA5:00:59" << 18059 << "300";
     QTest::newRow("parts of a minute are cut off, east") << "AAA-5:00:59" << -18059 << "-300";
+    QTest::newRow("as far as it goes, west") << "AAA24" << 86400 << "1440";
+    QTest::newRow("as far as it goes, east") << "AAA-24" << -86400 << "-1440";
     QTest::newRow("less than a minute, west") << "AAA0:00:59" << 59 << "0";
     QTest::newRow("less than a minute, east") << "AAA-0:00:59" << -59 << "0";
 }
@@ -145,6 +180,115 @@ void QtDateTimeTest::zones()
     QVERIFY2(before <= times.utc && times.utc <= after, qPrintable(text));
     QCOMPARE(times.local.secsTo(times.utc), qint64(secondsFromLocalToUtc));
     QCOMPARE(times.bias, bias);
+}
+
+namespace {
+
+void useZone(const QByteArray &zone)
+{
+    qputenv("TZ", zone);
+    tzset();
+}
+
+/// The local time that the clock of the test says first; another one later.
+void setClock(const QDateTime &first)
+{
+    clock_of_the_test::moments = {first, first.addDays(400).addSecs(4 * 3600 + 5 * 60 + 6), first.addYears(10)};
+    clock_of_the_test::calls = 0;
+}
+
+void letClockRun()
+{
+    clock_of_the_test::moments.clear();
+    useZone("UTC0");
+}
+
+} // namespace
+
+void QtDateTimeTest::oneMoment_data()
+{
+    QTest::addColumn<QByteArray>("zone");
+    QTest::addColumn<QDateTime>("local"); // of the zone
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("afternoon, UTC+1")
+        << QByteArray("AAA-1") << QDateTime(QDate(2021, 3, 4), QTime(17, 8, 9))
+        << "Local Date and Time: 04.03.2021 17:08:09\n"
+           "UTC   Date and Time: 04.03.2021 16:08:09\n"
+           "ActiveBias: -60 min\n";
+    QTest::newRow("the last second of a year, UTC-1")
+        << QByteArray("AAA1") << QDateTime(QDate(2021, 12, 31), QTime(23, 59, 59))
+        << "Local Date and Time: 31.12.2021 23:59:59\n"
+           "UTC   Date and Time: 01.01.2022 00:59:59\n"
+           "ActiveBias: 60 min\n";
+}
+
+// Called again, the clock says another time, which must not show in any line.
+void QtDateTimeTest::oneMoment()
+{
+    QFETCH(QByteArray, zone);
+    QFETCH(QDateTime, local);
+    QFETCH(QString, expected);
+    useZone(zone);
+    setClock(QDateTime(local.date(), local.time())); // local time of that zone
+    const QString text = qtDateTime();
+    const int calls = clock_of_the_test::calls;
+    letClockRun();
+    COMPARE_TEXT(text, expected);
+    QCOMPARE(calls, 1);
+}
+
+void QtDateTimeTest::digitsOfTheSystem_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<ushort>("zero");
+    QTest::newRow("Egypt") << "ar_EG" << ushort(0x0660);
+    QTest::newRow("Iran") << "fa_IR" << ushort(0x06f0);
+    QTest::newRow("Morocco writes Arabic with the digits of Europe") << "ar_MA" << ushort('0');
+    QTest::newRow("Germany") << "de_DE" << ushort('0');
+}
+
+void QtDateTimeTest::digitsOfTheSystem()
+{
+    QFETCH(QString, locale);
+    QFETCH(ushort, zero);
+    const QDateTime before = now();
+    const QString text = qt_environment::sectionText(
+        QStringLiteral("qtDateTime"), {QStringLiteral("TZ=AAA-11:45"), QStringLiteral("LC_ALL=%1.UTF-8").arg(locale)});
+    const QDateTime after = now();
+    const int bias = text.indexOf(QLatin1String("ActiveBias: "));
+    QVERIFY2(bias > 0, qPrintable(text));
+    QString dates = text.left(bias);
+    if (zero != '0')
+        QVERIFY2(!dates.contains(QRegularExpression(QStringLiteral("[0-9]"))), qPrintable(text));
+    for (ushort digit = 0; digit < 10; ++digit)
+        dates.replace(QChar(ushort(zero + digit)), QChar(ushort('0' + digit)));
+    const Times times(dates + text.mid(bias));
+    QVERIFY2(times.areValid(), qPrintable(text));
+    QVERIFY2(before <= times.utc && times.utc <= after, qPrintable(text));
+    QCOMPARE(times.local.secsTo(times.utc), qint64(-705 * 60));
+    QCOMPARE(times.bias, QStringLiteral("-705"));
+}
+
+void QtDateTimeTest::defaultLocaleHasNoEffect_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::newRow("Egypt") << "ar_EG";
+    QTest::newRow("Germany") << "de_DE";
+}
+
+void QtDateTimeTest::defaultLocaleHasNoEffect()
+{
+    QFETCH(QString, locale);
+    useZone("AAA24");
+    setClock(QDateTime(QDate(2021, 3, 4), QTime(17, 8, 9)));
+    const QLocale before;
+    QLocale::setDefault(QLocale(locale));
+    const QString text = qtDateTime();
+    QLocale::setDefault(before);
+    letClockRun();
+    COMPARE_TEXT(text, QStringLiteral("Local Date and Time: 04.03.2021 17:08:09\n"
+                                      "UTC   Date and Time: 05.03.2021 17:08:09\n"
+                                      "ActiveBias: 1440 min\n"));
 }
 
 #endif

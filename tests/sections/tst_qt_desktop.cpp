@@ -27,6 +27,8 @@ private Q_SLOTS:
     void head();
     void screens_data();
     void screens();
+    void primaryScreen_data();
+    void primaryScreen();
     void screensOfAnXServer();
 #endif
 };
@@ -262,6 +264,42 @@ void QtDesktopTest::screens()
     COMPARE_TEXT(desktopText(screens, {QStringLiteral("viewer")}),
                  QStringLiteral("QScreen (Desktop)\n"
                                 "Desktop file name: viewer\n") + expected);
+}
+
+void QtDesktopTest::primaryScreen_data()
+{
+    QTest::addColumn<QString>("primary"); // as primary_screen.cpp takes it
+    QTest::addColumn<QString>("expected");
+    const QString first("Screen #1:%1\n"
+                        "  screen Geometry          width:   800, height:   600\n"
+                        "  available Geometry       width:   800, height:   600\n"
+                        "  available virt. Geometry width:   800, height:   600\n"
+                        "  virtual siblings: #1 \n");
+    const QString second("Screen #2:%1\n"
+                         "  screen Geometry          width:  1024, height:   768\n"
+                         "  available Geometry       width:  1024, height:   768\n"
+                         "  available virt. Geometry width:  1024, height:   768\n"
+                         "  virtual siblings: #2 \n");
+    const QString mark(" (primary screen)");
+    QTest::newRow("none among two: an empty name and no mark")
+        << "none" << "Primary screen:     \n" + first.arg("") + second.arg("");
+    QTest::newRow("the first of the list") << "0" << "Primary screen:     A\n" + first.arg(mark) + second.arg("");
+    QTest::newRow("the second of the list") << "1" << "Primary screen:     B\n" + first.arg("") + second.arg(mark);
+}
+
+// Qt itself puts the primary screen in front of its list, but promises it nowhere.
+void QtDesktopTest::primaryScreen()
+{
+    QFETCH(QString, primary);
+    QFETCH(QString, expected);
+    const QByteArray two(R"([{"name": "A", "geometry": [0, 0, 800, 600], "siblings": [0]},
+                             {"name": "B", "geometry": [0, 0, 1024, 768], "siblings": [1]}])");
+    const QStringList environment = qt_environment::environmentWithScreens(two)
+        + QStringList(QStringLiteral("PRIMARY_SCREEN=") + primary);
+    COMPARE_TEXT(qt_environment::sectionText(QStringLiteral("qtDesktop"), environment),
+                 "QScreen (Desktop)\n"
+                 "Desktop file name: \n"
+                 "Number of screens:  2\n" + expected);
 }
 
 // Screens of one server that are no desktop together.

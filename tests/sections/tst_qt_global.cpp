@@ -1,10 +1,14 @@
-// qtGlobal(): text.
+// qtGlobal(): text, with the Qt that runs and with one of another version.
 
 #include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 
 #include <QtCore/QLibraryInfo>
+
+#ifndef Q_OS_WIN
+#  include <dlfcn.h>
+#endif
 
 using namespace velkor::SystemInfo;
 
@@ -14,21 +18,62 @@ class QtGlobalTest : public QObject
 
 private Q_SLOTS:
     void text();
+#ifndef Q_OS_WIN
+    void runsWithAnotherQt();
+#endif
 };
 
+#ifndef Q_OS_WIN
+
+namespace {
+
+const char *pretendedVersion = nullptr; // null: the real one
+
+} // namespace
+
+// The linker finds this one before Qt's own.
+const char *qVersion() noexcept
+{
+    using Function = const char *(*)();
+    static const auto real = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "qVersion"));
+    return pretendedVersion ? pretendedVersion : real();
+}
+
+#endif
+
+namespace {
+
 // "Endianess" is the report's spelling. FOUND_QT_VERSION is what the build found.
+QString textWith(const QString &runningVersion)
+{
+    return QStringLiteral("Qt Global\n"
+                          "Qt version this object was linked against: " FOUND_QT_VERSION "\n"
+                          "Qt version currently used for execution:   ")
+        + runningVersion
+        + QStringLiteral("\n"
+                         "Endianess detected by Qt:                  Little Endian\n"
+                         "Pointer size QSysInfo::Wordsize   64bits\n"
+                         "Pointer size QT_POINTER_SIZE      8bytes\n");
+}
+
+} // namespace
+
 void QtGlobalTest::text()
 {
-    COMPARE_TEXT(qtGlobal(),
-                 QStringLiteral("Qt Global\n"
-                                "Qt version this object was linked against: " FOUND_QT_VERSION "\n"
-                                "Qt version currently used for execution:   ")
-                     + QLibraryInfo::version().toString()
-                     + QStringLiteral("\n"
-                                      "Endianess detected by Qt:                  Little Endian\n"
-                                      "Pointer size QSysInfo::Wordsize   64bits\n"
-                                      "Pointer size QT_POINTER_SIZE      8bytes\n"));
+    COMPARE_TEXT(qtGlobal(), textWith(QLibraryInfo::version().toString()));
 }
+
+#ifndef Q_OS_WIN
+
+void QtGlobalTest::runsWithAnotherQt()
+{
+    pretendedVersion = "5.98.76";
+    const QString text = qtGlobal();
+    pretendedVersion = nullptr;
+    COMPARE_TEXT(text, textWith(QStringLiteral("5.98.76")));
+}
+
+#endif
 
 TEST_WITHOUT_APPLICATION(QtGlobalTest);
 #include "tst_qt_global.moc"

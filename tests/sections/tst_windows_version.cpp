@@ -708,6 +708,39 @@ void rowsOfServicePacks()
     row("the longest service pack", QByteArray(127, 'x'), QString(127, 'x'));
 }
 
+// The characters of the service pack that name a release are those of the text that
+// the bytes of the code page read as UTF-8.
+void rowsOf95And98InOtherAlphabets()
+{
+    const auto row = [](const char *name, int codePage, int minor, const QByteArray &servicePack, const char *release,
+                        const QString &shown) {
+        const QByteArray system = R"({"ansiCodePage": )" + QByteArray::number(codePage)
+            + R"(, "GetVersionEx": {"dwMajorVersion": 4, "dwBuildNumber": 1111, "dwMinorVersion": )"
+            + QByteArray::number(minor) + R"(, "szCSDVersion": ")" + servicePack + "\"}}";
+        addText(name, "", system,
+                start + "Version (major.minor.build): \nFrom GetVersionEx: 4." + QString::number(minor) + ".1111\n"
+                    + nameLine(release) + "Last service pack installed: " + shown + "\n",
+                release);
+    };
+    const QString unknown(QChar(0xfffd));
+    const QString umlaut(QChar(0xe4));
+    row("4.0, B behind a byte that is no UTF-8", 1252, 0, R"(\u00e4B)", "Windows 95 OSR2 ", unknown + "B");
+    row("4.0, B behind two bytes that are one letter", 1252, 0, R"(\u00c3\u00a4B)", "Windows 95 OSR2 ", umlaut + "B");
+    row("4.0, C behind a letter of UTF-8", 65001, 0, R"(\u00e4C)", "Windows 95 OSR2 ", umlaut + "C");
+    row("4.0, C behind a letter of three bytes", 65001, 0, R"(\u4e00C)", "Windows 95 OSR2 ", QString(QChar(0x4e00)) + "C");
+    row("4.0, B as the third byte but one letter later", 65001, 0, R"(\u00e4xB)", "Windows 95 ", umlaut + "xB");
+    row("4.0, a second letter whose number ends in that of B", 65001, 0, R"( \u0142)", "Windows 95 ",
+        QString(" ") + QChar(0x0142));
+    row("4.0, a second letter whose number ends in that of C", 65001, 0, R"( \u4e43)", "Windows 95 ",
+        QString(" ") + QChar(0x4e43));
+    row("4.10, A before a byte that is no UTF-8", 1252, 10, R"(A\u00e4)", "Windows 98 SE ", "A" + unknown);
+    row("4.10, A behind a byte that is no UTF-8", 1252, 10, R"(\u00e4A)", "Windows 98 ", unknown + "A");
+    row("4.10, A behind a letter of UTF-8", 65001, 10, R"(\u00e4A)", "Windows 98 ", umlaut + "A");
+    row("4.10, an A with a mark", 65001, 10, R"(\u00c4)", "Windows 98 ", QString(QChar(0xc4)));
+    row("4.10, a letter whose number ends in that of A", 65001, 10, R"(\u0141)", "Windows 98 ", QString(QChar(0x0141)));
+    row("4.10, a byte-order mark of UTF-8 is not part of the text", 65001, 10, R"(\ufeffA)", "Windows 98 SE ", "A");
+}
+
 } // namespace
 
 void WindowsVersionTest::text_data()
@@ -719,6 +752,7 @@ void WindowsVersionTest::text_data()
     rowsOfRegistryLines();
     rowsOfVersionCalls();
     rowsOfServicePacks();
+    rowsOf95And98InOtherAlphabets();
 }
 
 void WindowsVersionTest::text()

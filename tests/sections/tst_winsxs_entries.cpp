@@ -6,6 +6,10 @@
 #include "texts.h"
 #include "win/windows_sections.h"
 
+#ifdef SIMULATED_WINDOWS
+#  include "windows_files.h"
+#  include <QtCore/QLocale>
+#endif
 #include <QtCore/QDir>
 
 using namespace velkor::SystemInfo::WinSysInfo;
@@ -16,8 +20,12 @@ class WinSxSEntriesTest : public QObject
 
 private Q_SLOTS:
 #ifdef SIMULATED_WINDOWS
+    void initTestCase();
     void names_data();
     void names();
+    void filesAreNotListed();
+    void orderOfNames_data();
+    void orderOfNames();
     void directories_data();
     void directories();
     void calls();
@@ -48,6 +56,12 @@ machine::Machine machineOf(const QString &windowsDirectory, const QStringList &n
 const char assembly[] = "x86_microsoft.vc90.crt_1fc8b3b9a1e18e3b_9.0.21022.8";
 
 } // namespace
+
+// German, so that an order by locale is another than that by code units.
+void WinSxSEntriesTest::initTestCase()
+{
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+}
 
 void WinSxSEntriesTest::names_data()
 {
@@ -83,6 +97,41 @@ void WinSxSEntriesTest::names()
     QFETCH(QStringList, shown);
     const DescribedWindows windows(machineOf("C:\\Windows", names));
     COMPARE_TEXT(winSxSDirectoryEntries(), title + shown.join('\n') + (shown.isEmpty() ? "" : "\n"));
+}
+
+void WinSxSEntriesTest::filesAreNotListed()
+{
+    const DescribedWindows windows(machineOf("C:\\Windows", {"b_microsoft.vc90.crt", "d_microsoft.vc90.crt"}));
+    const simulated::WinSxSFiles files({"a_microsoft.vc90.crt", "Microsoft.VCCRT", "c_microsoft.vc90.crt.manifest"});
+    COMPARE_TEXT(winSxSDirectoryEntries(), title + QString("b_microsoft.vc90.crt\nd_microsoft.vc90.crt\n"));
+}
+
+void WinSxSEntriesTest::orderOfNames_data()
+{
+    QTest::addColumn<QStringList>("starts"); // of the names, in the order that is expected
+    const auto text = [](const char16_t *units) { return QString::fromUtf16(units); };
+    QTest::newRow("capitals before small letters") << QStringList {"A", "B", "Z", "a", "b", "z"};
+    QTest::newRow("letters with marks behind all without") << QStringList {"Z", "a", "z", text(u"\u00c9"), text(u"\u00e4")};
+    QTest::newRow("code units, not characters") << QStringList {"a", text(u"\U0001f600"), text(u"\uff21")};
+    QTest::newRow("digits, not numbers") << QStringList {"10", "1", "20", "2", "3"}; // "_" follows the names' starts
+    QTest::newRow("signs count, between digits, capitals and small letters")
+        << QStringList {" ", "-", ".", "0", "A", "_", "a", "~"};
+    QTest::newRow("a letter in both sizes, and what follows it") << QStringList {"Aa", "Ab", "aA", "aB", "aa", "ab"};
+}
+
+void WinSxSEntriesTest::orderOfNames()
+{
+    QFETCH(QStringList, starts);
+    QStringList names;
+    for (const QString &start : starts)
+        names += start + "_microsoft.vc90.crt";
+    QStringList reversed;
+    for (const QString &name : names)
+        reversed.prepend(name);
+    for (const QStringList &listed : {names, reversed}) {
+        const DescribedWindows windows(machineOf("C:\\Windows", listed));
+        COMPARE_TEXT(winSxSDirectoryEntries(), title + names.join('\n') + '\n');
+    }
 }
 
 void WinSxSEntriesTest::directories_data()

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void journalOfRegistryCalls();
     void journalOfFailingCalls();
     void journalOfSystemCalls();
+    void journalOfOptionalArguments();
     void everyCallFailsWhileTheFaultLives();
     void numberedCallFails_data();
     void numberedCallFails();
@@ -310,6 +311,27 @@ void SimulatedSteeringTest::journalOfSystemCalls()
         QStringLiteral("SHGetSpecialFolderPathW [] [99] 0 0->0 = 0"),
         QStringLiteral("SHGetSpecialFolderPathW [] [99] 1 0->0 = 0"),
     }));
+}
+
+void SimulatedSteeringTest::journalOfOptionalArguments()
+{
+    const DescribedWindows windows(answeringRegistry(), answeringSystem());
+    WCHAR text[MAX_PATH] = {};
+    DWORD number = 0;
+    ULARGE_INTEGER bytes = {};
+    const HWND window = reinterpret_cast<HWND>(&number);
+    GetVolumeInformationW(L"C:\\", text, 32, &number, &number, &number, text + 32, 32);
+    GetVolumeInformationW(L"C:\\", text, 32, nullptr, &number, nullptr, text + 32, 32);
+    GetVolumeInformationW(L"C:\\", text, 32, nullptr, nullptr, nullptr, text + 32, 32);
+    GetDiskFreeSpaceExW(L"C:\\", &bytes, &bytes, &bytes);
+    GetDiskFreeSpaceExW(L"C:\\", &bytes, &bytes, nullptr);
+    SHGetSpecialFolderPathW(window, text, CSIDL_PERSONAL, FALSE);
+    SHGetSpecialFolderPathW(nullptr, text, CSIDL_PERSONAL, FALSE);
+    QStringList given;
+    for (const simulated::Call &call : simulated::journal())
+        given += call.given.join(QLatin1Char(' '));
+    QCOMPARE(given, QStringList({"serialNumber maximumComponentLength flags", "maximumComponentLength", "", "totalFree",
+                                 "", "owner", ""}));
 }
 
 void SimulatedSteeringTest::everyCallFailsWhileTheFaultLives()

@@ -3,6 +3,7 @@
 #include "described_windows.h"
 #include "simulated_windows.h"
 #include "test_main.h"
+#include "windows_files.h"
 
 #include <QtCore/QDir>
 #include <QtTest/QtTest>
@@ -16,6 +17,7 @@ private Q_SLOTS:
     void folder();
     void names_data();
     void names();
+    void filesBesideDirectories();
     void otherFilesAreTheProcess();
     void followsTheMachine();
 };
@@ -112,6 +114,20 @@ void WindowsFilesTest::names()
     const DescribedWindows windows(QByteArray(), system("\"C:\\\\Windows\"", names));
     QCOMPARE(winSxS().entryList({filter}, QDir::Dirs, QDir::Name), expected);
     QCOMPARE(winSxS().entryList({filter}, QDir::Files, QDir::Name), QStringList());
+}
+
+void WindowsFilesTest::filesBesideDirectories()
+{
+    const DescribedWindows windows(QByteArray(), system("\"C:\\\\Windows\"", "[\"a\", \"c\"]"));
+    {
+        const simulated::WinSxSFiles files({QStringLiteral("b"), QStringLiteral("d")});
+        const QStringList any(QStringLiteral("?"));
+        QCOMPARE(winSxS().entryList(any, QDir::Files, QDir::Name), QStringList({"b", "d"}));
+        QCOMPARE(winSxS().entryList(any, QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name), QStringList({"a", "c"}));
+        QCOMPARE(winSxS().entryList(any, QDir::Dirs | QDir::Files | QDir::NoDotAndDotDot, QDir::Name),
+                 QStringList({"a", "b", "c", "d"}));
+    }
+    QCOMPARE(winSxS().entryList(QDir::Files), QStringList());
 }
 
 void WindowsFilesTest::otherFilesAreTheProcess()

@@ -8,8 +8,8 @@
 
 #  include <windows.h>
 
-/// A call: its name, the key or file it is about, the value in quotation marks, and the
-/// access mask or the size that the caller set.
+/// A call: its name, the key or file it is about, the value in quotation marks, the
+/// access mask or the size that the caller set, and optional arguments that are not null.
 inline QString callText(const simulated::Call &call)
 {
     QString text = QString::fromLatin1(call.name);
@@ -21,6 +21,8 @@ inline QString callText(const simulated::Call &call)
         text += QStringLiteral(" 0x") + QString::number(call.access, 16);
     if (call.sizeIn)
         text += QLatin1Char(' ') + QString::number(call.sizeIn);
+    for (const QString &argument : call.given)
+        text += QStringLiteral(" with ") + argument;
     return text;
 }
 
