@@ -25,7 +25,7 @@ struct Call
     quint64 sizeIn = 0;  // the in/out size as the caller set it
     quint64 sizeOut = 0; // and as the call left it
     qint64 result = 0;
-    QStringList given; // names of optional arguments that are not null, for calls where sections pass null
+    QStringList given; // optional arguments that are not null, by name; where sections pass null
 };
 
 /// Makes \a machine the one that answers. Handles that are still open stay so.

@@ -1,6 +1,6 @@
-// A host may have a default QLocale and a locale of the C and C++ libraries of its own:
-// the report is the same, its numbers without group separators and in the digits 0 to 9.
-// Every number of the report that can have four digits has so many in a row here.
+// A host may set a default QLocale and a locale of the C and C++ libraries. The report
+// stays the same: no group separators, and the digits 0 to 9. Every number of the report
+// that can have four digits has four or more in a row of this test.
 
 #include "described_screens.h"
 #include "described_windows.h"
@@ -26,8 +26,8 @@ using namespace velkor::SystemInfo::WinSysInfo;
 
 namespace {
 
-/// In place for as long as it lives: the default QLocale, std::locale and what
-/// setlocale() says.
+/// Sets the default QLocale, the global std::locale and with it that of setlocale().
+/// Restores them at its end.
 class HostLocale
 {
 public:
@@ -117,7 +117,7 @@ QString withoutMoment(const QString &report)
 
 } // namespace
 
-// The C library has only the locales that somebody made.
+// Debian's C library has no locale but C.UTF-8 until somebody generates one.
 void HostLocaleTest::initTestCase()
 {
     for (const QString &name : {QStringLiteral("de_DE"), QStringLiteral("ar_EG")}) {
@@ -560,8 +560,8 @@ void HostLocaleTest::numbersOfAScreen()
                                 "  virtual siblings: #1 \n"));
 }
 
-// By code units: capitals first, letters with marks last. Qt keeps for each thread the
-// order of the locale that it compared by first, so each locale has a thread.
+// By code units: capitals first, letters with marks last. In each thread Qt keeps the
+// collator of the first comparison by locale, so each locale gets a thread.
 void HostLocaleTest::orderOfWinSxS()
 {
     const DescribedWindows windows(QByteArray(),

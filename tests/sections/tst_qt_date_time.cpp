@@ -49,7 +49,7 @@ private Q_SLOTS:
 
 namespace clock_of_the_test {
 
-QList<QDateTime> moments; // what the clock says, one after the other; empty: the truth
+QList<QDateTime> moments; // returned one after the other; empty: the real time
 int calls = 0;
 
 } // namespace clock_of_the_test
@@ -190,7 +190,7 @@ void useZone(const QByteArray &zone)
     tzset();
 }
 
-/// The local time that the clock of the test says first; another one later.
+/// currentDateTime() returns \a first, and other times when it is called again.
 void setClock(const QDateTime &first)
 {
     clock_of_the_test::moments = {first, first.addDays(400).addSecs(4 * 3600 + 5 * 60 + 6), first.addYears(10)};
@@ -222,7 +222,7 @@ void QtDateTimeTest::oneMoment_data()
            "ActiveBias: 60 min\n";
 }
 
-// Called again, the clock says another time, which must not show in any line.
+// A second call of currentDateTime() returns another time, which must not show.
 void QtDateTimeTest::oneMoment()
 {
     QFETCH(QByteArray, zone);

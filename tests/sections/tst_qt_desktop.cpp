@@ -287,7 +287,7 @@ void QtDesktopTest::primaryScreen_data()
     QTest::newRow("the second of the list") << "1" << "Primary screen:     B\n" + first.arg("") + second.arg(mark);
 }
 
-// Qt itself puts the primary screen in front of its list, but promises it nowhere.
+// Qt 5 lists the primary screen first; its documentation does not promise that.
 void QtDesktopTest::primaryScreen()
 {
     QFETCH(QString, primary);

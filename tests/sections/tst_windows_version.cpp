@@ -708,8 +708,7 @@ void rowsOfServicePacks()
     row("the longest service pack", QByteArray(127, 'x'), QString(127, 'x'));
 }
 
-// The characters of the service pack that name a release are those of the text that
-// the bytes of the code page read as UTF-8.
+// The service pack is read as UTF-8; its characters, not its bytes, name the release.
 void rowsOf95And98InOtherAlphabets()
 {
     const auto row = [](const char *name, int codePage, int minor, const QByteArray &servicePack, const char *release,

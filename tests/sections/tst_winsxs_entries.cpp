@@ -57,7 +57,7 @@ const char assembly[] = "x86_microsoft.vc90.crt_1fc8b3b9a1e18e3b_9.0.21022.8";
 
 } // namespace
 
-// German, so that an order by locale is another than that by code units.
+// In German an order by locale differs from that by code units.
 void WinSxSEntriesTest::initTestCase()
 {
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
