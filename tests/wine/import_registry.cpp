@@ -1,10 +1,12 @@
 // Puts keys of a described machine into the registry of the Windows it runs on, as keys
 // that last until Windows ends. Wine keeps the keys of its displays that way, and nothing
 // lasting can be put below such a key: what the registry editor would do fails there.
+// Refuses outside of a Wine prefix of this project's own.
 //
 //   import_registry registry.reg PATH     the keys at and below PATH of HKEY_LOCAL_MACHINE
 
 #include "registry_file.h"
+#include "throw_away_windows.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
@@ -57,6 +59,8 @@ int main(int argc, char *argv[])
         std::fprintf(stderr, "usage: import_registry registry.reg PATH\n");
         return 2;
     }
+    if (!mayChangeWindows("import_registry"))
+        return 1;
     QFile file(arguments.at(1));
     if (!file.open(QIODevice::ReadOnly)) {
         std::fprintf(stderr, "import_registry: %s\n", qPrintable(file.errorString()));
