@@ -57,16 +57,34 @@ use_wine() {
   local qt; qt=$(qt_for_windows_prefix)
   export WINEPREFIX="${VKSYSTEMINFO_WINEPREFIX:-$cache_dir/wine-prefix}"
   export WINEDEBUG="${WINEDEBUG:--all}"
-  export WINEDLLOVERRIDES="${WINEDLLOVERRIDES:-mscoree,mshtml=;winemenubuilder.exe=d}"
+  # winemenubuilder would put menus and file types into the user's desktop.
+  export WINEDLLOVERRIDES="${WINEDLLOVERRIDES:-mscoree,mshtml=};winemenubuilder.exe=d"
   local runtime; runtime=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-file-name=libstdc++-6.dll)")
   export WINEPATH="$qt/bin;$runtime;/usr/x86_64-w64-mingw32/lib${WINEPATH:+;$WINEPATH}"
   export QT_PLUGIN_PATH="${QT_PLUGIN_PATH:-$qt/plugins}"
   unset TZ # the Windows run-time library takes a zone's name for one of its own form
   mkdir -p "$(dirname "$WINEPREFIX")"
+  mark_new_prefix
+}
+
+# A prefix that this project made carries a mark. Whatever changes a Windows beyond keys and
+# files of its own looks for it (tests/support/throw_away_windows.h).
+throw_away_mark=drive_c/vksysteminfo-throw-away
+is_throw_away_prefix() { [ -e "$WINEPREFIX/$throw_away_mark" ]; }
+mark_new_prefix() {
+  ! is_throw_away_prefix || return 0
+  if [ "$WINEPREFIX" = "$cache_dir/wine-prefix" ] || [ -z "$(ls -A "$WINEPREFIX" 2>/dev/null)" ]; then
+    mkdir -p "$WINEPREFIX/drive_c"
+    : >"$WINEPREFIX/$throw_away_mark"
+  fi
+}
+require_throw_away_prefix() {
+  is_throw_away_prefix || fail "$WINEPREFIX is a Wine prefix that this project did not make, and nothing is changed in it." \
+    "VKSYSTEMINFO_WINEPREFIX names a folder for one; it must be empty or not exist yet."
 }
 
 # Ends what Wine left running in our prefix.
 end_wine() {
   use_wine
-  wineserver -k >/dev/null 2>&1 || true
+  ! is_throw_away_prefix || wineserver -k >/dev/null 2>&1 || true
 }

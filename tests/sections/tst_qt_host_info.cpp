@@ -5,7 +5,15 @@
 #include "texts.h"
 #include "vkSystemInfo.h"
 
-#include <unistd.h>
+#ifdef Q_OS_WIN
+#  include "described_windows.h"
+#  include <winsock2.h>
+// winsock2.h goes before the others
+#  include <iphlpapi.h>
+#  include <windows.h>
+#else
+#  include <unistd.h>
+#endif
 
 using namespace velkor::SystemInfo;
 
@@ -14,11 +22,98 @@ class QtHostInfoTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+#ifdef Q_OS_WIN
+    void sameAsWindows();
+    void domainsInTheRegistry_data();
+    void domainsInTheRegistry();
+#else
     void domains_data();
     void domains();
     void hosts_data();
     void hosts();
+#endif
 };
+
+#ifdef Q_OS_WIN
+
+namespace {
+
+bool runsUnderWine()
+{
+    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
+QString computerName(COMPUTER_NAME_FORMAT format)
+{
+    wchar_t name[256] = {};
+    DWORD size = 256;
+    return GetComputerNameExW(format, name, &size) ? QString::fromWCharArray(name) : QString("GetComputerNameEx failed");
+}
+
+/// The first of the values that is not empty, as the resolver of Windows takes them.
+QString registryDomain()
+{
+    const wchar_t key[] = L"SYSTEM\\CurrentControlSet\\Services\\Tcpip\\Parameters";
+    for (const wchar_t *value : {L"Domain", L"DhcpDomain"}) {
+        wchar_t data[256] = {};
+        DWORD size = sizeof data;
+        if (RegGetValueW(HKEY_LOCAL_MACHINE, key, value, RRF_RT_REG_SZ, nullptr, data, &size) == ERROR_SUCCESS && *data)
+            return QString::fromWCharArray(data);
+    }
+    return QString();
+}
+
+QString networkParametersDomain()
+{
+    ULONG size = 0;
+    GetNetworkParams(nullptr, &size);
+    QByteArray buffer(int(size), '\0');
+    const auto parameters = reinterpret_cast<FIXED_INFO *>(buffer.data());
+    return GetNetworkParams(parameters, &size) == ERROR_SUCCESS ? QString::fromLatin1(parameters->DomainName)
+                                                                : QString("GetNetworkParams failed");
+}
+
+} // namespace
+
+void QtHostInfoTest::sameAsWindows()
+{
+    const QStringList lines = qtHostInfo().split('\n');
+    QCOMPARE(lines.size(), 4);
+    QCOMPARE(lines.at(0), QString("QHostInfo"));
+    const QString label("Local host name:   ");
+    QVERIFY2(lines.at(1).startsWith(label), qPrintable(lines.at(1)));
+    QString host = lines.at(1).mid(label.size());
+    if (runsUnderWine()) // gethostname() returns Linux's name there, with what stands after a full stop
+        host = host.section('.', 0, 0);
+    QVERIFY(!host.isEmpty());
+    QCOMPARE(host, computerName(ComputerNameDnsHostname));
+    QCOMPARE(lines.at(2), "Local domain name: " + networkParametersDomain());
+    QCOMPARE(lines.at(2), "Local domain name: " + registryDomain());
+    QCOMPARE(lines.at(3), QString());
+}
+
+void QtHostInfoTest::domainsInTheRegistry_data()
+{
+    QTest::addColumn<QByteArray>("values");
+    QTest::addColumn<QString>("line");
+    QTest::newRow("a domain") << QByteArray("\"Domain\"=\"example.test\"\n") << "Local domain name: example.test";
+    QTest::newRow("a domain of one label") << QByteArray("\"Domain\"=\"example\"\n") << "Local domain name: example";
+    QTest::newRow("an empty domain") << QByteArray("\"Domain\"=\"\"\n") << "Local domain name: ";
+    QTest::newRow("no domain") << QByteArray() << "Local domain name: ";
+}
+
+// Wine reads the registry of the process; on Windows a service answers.
+void QtHostInfoTest::domainsInTheRegistry()
+{
+    if (!runsUnderWine())
+        QSKIP("Windows does not look up the domain in the registry of this process");
+    QFETCH(QByteArray, values);
+    QFETCH(QString, line);
+    const DescribedWindows windows("[HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Services\\Tcpip\\Parameters]\n" + values);
+    QCOMPARE(qtHostInfo().section('\n', 2, 2), line);
+}
+
+#else
 
 namespace {
 
@@ -76,6 +171,8 @@ void QtHostInfoTest::hosts()
         QSKIP("this system does not let its users have host names of their own");
     COMPARE_TEXT(text, expected);
 }
+
+#endif
 
 TEST_WITH_CORE_APPLICATION(QtHostInfoTest);
 #include "tst_qt_host_info.moc"

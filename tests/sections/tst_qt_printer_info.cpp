@@ -1,22 +1,136 @@
-// qtPrinterInfo(): text, with print servers of the test's own.
+// qtPrinterInfo(): text, with print servers of the test's own and, on Windows, with what
+// Windows' own calls answer.
 
-#include "print_server.h"
-#include "section_process.h"
-#include "test_main.h"
 #include "texts.h"
 
-#include <memory>
+#ifdef Q_OS_WIN
+#  include "described_windows.h"
+#  include "vkSystemInfo.h"
+#  include <QtGui/QGuiApplication>
+#  include <windows.h>
+#  include <winspool.h>
+#else
+#  include "print_server.h"
+#  include "section_process.h"
+#  include <memory>
+#endif
 
 class QtPrinterInfoTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+#ifdef Q_OS_WIN
+    void sameAsWindows();
+    void printersInTheRegistry_data();
+    void printersInTheRegistry();
+#else
     void noServer();
     void text_data();
     void text();
     void instance();
+#endif
 };
+
+#ifdef Q_OS_WIN
+
+namespace {
+
+/// All that this user can print on, in the order of EnumPrinters().
+QStringList printers()
+{
+    constexpr DWORD kinds = PRINTER_ENUM_LOCAL | PRINTER_ENUM_CONNECTIONS;
+    DWORD size = 0;
+    DWORD count = 0;
+    EnumPrintersW(kinds, nullptr, 2, nullptr, 0, &size, &count);
+    QByteArray buffer(int(size), '\0');
+    QStringList names;
+    if (size == 0 || !EnumPrintersW(kinds, nullptr, 2, reinterpret_cast<BYTE *>(buffer.data()), size, &size, &count))
+        return names;
+    const auto information = reinterpret_cast<const PRINTER_INFO_2W *>(buffer.constData());
+    for (DWORD i = 0; i < count; ++i)
+        names += QString::fromWCharArray(information[i].pPrinterName);
+    return names;
+}
+
+/// Null where there is none.
+QString defaultPrinter()
+{
+    wchar_t name[256] = {};
+    DWORD size = 256;
+    return GetDefaultPrinterW(name, &size) ? QString::fromWCharArray(name) : QString();
+}
+
+QString textOfWindows()
+{
+    const QStringList names = printers();
+    const QString standard = defaultPrinter();
+    QString text("QPrinterInfo\nAvailable printers:\n");
+    if (names.isEmpty())
+        text += "    <None>\n";
+    for (const QString &name : names)
+        text += "   " + name + (name == standard ? "    [default printer]\n" : "\n");
+    return text;
+}
+
+QByteArray printer(const QByteArray &name)
+{
+    return "[HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Control\\Print\\Printers\\" + name + "]\n"
+           "\"Name\"=\"" + name + "\"\n"
+           "\"Port\"=\"FILE:\"\n"
+           "\"Printer Driver\"=\"Described\"\n"
+           "\"Print Processor\"=\"WinPrint\"\n"
+           "\"Datatype\"=\"RAW\"\n"
+           "\"Attributes\"=dword:00000040\n"
+           "\"Status\"=dword:00000000\n";
+}
+
+QByteArray defaultDevice(const QByteArray &name)
+{
+    return "[HKEY_CURRENT_USER\\Software\\Microsoft\\Windows NT\\CurrentVersion\\Windows]\n"
+           "\"Device\"=\"" + name + ",winspool,FILE:\"\n";
+}
+
+} // namespace
+
+void QtPrinterInfoTest::sameAsWindows()
+{
+    COMPARE_TEXT(velkor::SystemInfo::qtPrinterInfo(), textOfWindows());
+}
+
+void QtPrinterInfoTest::printersInTheRegistry_data()
+{
+    QTest::addColumn<QByteArray>("registry");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("no printer") << QByteArray() << "QPrinterInfo\nAvailable printers:\n    <None>\n";
+    QTest::newRow("one printer that is not the default")
+        << printer("Alpha") << "QPrinterInfo\nAvailable printers:\n   Alpha\n";
+    QTest::newRow("the default printer")
+        << printer("Alpha") + defaultDevice("Alpha")
+        << "QPrinterInfo\nAvailable printers:\n   Alpha    [default printer]\n";
+    QTest::newRow("two printers, one of them the default")
+        << printer("Alpha") + printer("Beta of 2") + defaultDevice("Beta of 2")
+        << "QPrinterInfo\nAvailable printers:\n   Alpha\n   Beta of 2    [default printer]\n";
+    QTest::newRow("a default printer that is not there")
+        << printer("Alpha") + defaultDevice("Beta") << "QPrinterInfo\nAvailable printers:\n   Alpha\n";
+    QTest::newRow("placeholders and letters beyond ASCII stay")
+        << printer("%1 \xc3\xa4") + printer("%L1 \xd0\x96") + defaultDevice("%L1 \xd0\x96")
+        << QString::fromUtf8("QPrinterInfo\nAvailable printers:\n   %1 \xc3\xa4\n   %L1 \xd0\x96    [default printer]\n");
+}
+
+// Wine looks into the registry of the process; on Windows the spooler answers.
+void QtPrinterInfoTest::printersInTheRegistry()
+{
+    if (!GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version"))
+        QSKIP("Windows does not look up printers in the registry of this process");
+    QFETCH(QByteArray, registry);
+    QFETCH(QString, expected);
+    const DescribedWindows windows(registry);
+    COMPARE_TEXT(velkor::SystemInfo::qtPrinterInfo(), expected);
+    COMPARE_TEXT(textOfWindows(), expected);
+}
+
+#else
 
 namespace {
 
@@ -106,5 +220,11 @@ void QtPrinterInfoTest::instance()
                                 "   alpha/drafts\n"));
 }
 
+#endif
+
+#ifdef Q_OS_WIN
+TEST_WITH_APPLICATION(QtPrinterInfoTest);
+#else
 TEST_WITH_CORE_APPLICATION(QtPrinterInfoTest);
+#endif
 #include "tst_qt_printer_info.moc"

@@ -6,7 +6,9 @@
 #include "vkSystemInfo.h"
 
 #ifdef Q_OS_WIN
-#  include <windows.h>
+#  include "windows_monitors.h"
+#  include <cmath>
+#  include <cstdio>
 #else
 #  include "described_screens.h"
 #  include "x_server.h"
@@ -32,27 +34,56 @@ private Q_SLOTS:
 
 #ifdef Q_OS_WIN
 
+namespace {
+
+/// At most six digits, as the C library writes them.
+QString number(double value)
+{
+    char text[32];
+    std::snprintf(text, sizeof text, "%g", value);
+    return QString::fromLatin1(text);
+}
+
+QString block(const qt_environment::Monitor &monitor, int position)
+{
+    const double wide = monitor.millimetresWide;
+    const double high = monitor.millimetresHigh;
+    const double diagonal = std::hypot(wide, high);
+    const QString direction = monitor.width >= monitor.height ? "2" : "1"; // landscape, portrait
+    return "#" + number(position)
+        + "\n  Name: " + monitor.device
+        + "\n  Manufacturer: "
+          "\n  Physical DPI x: " + number(monitor.width / wide * 25.4) + "  y: " + number(monitor.height / high * 25.4)
+        + "\n  Logical  DPI x: " + number(monitor.dotsPerInchX) + "  y: " + number(monitor.dotsPerInchY)
+        + "\n  devicePixelRatio: 1"
+          "\n  RefreshRate: " + number(monitor.refreshRate > 1 ? monitor.refreshRate : 60) + " Hz"
+          "\n  PhysicalSize (width x height): " + number(wide) + "mm x " + number(high) + "mm  " + number(wide / 25.4)
+        + "inch x " + number(high / 25.4) + "inch"
+          "\n                diagonal: " + number(diagonal) + "mm " + number(diagonal / 25.4) + "inch"
+          "\n  Size (width x height): " + number(monitor.width) + " x " + number(monitor.height)
+        + "\n  Color depth: " + number(monitor.bitsPerPixel)
+        + "\n  Orientation: " + direction
+        + "\n  Native Orientation: 0"
+          "\n  Primary Orientation: " + direction + "\n";
+}
+
+} // namespace
+
 void QtScreensTest::sameAsWindows()
 {
-    HDC display = GetDC(nullptr);
-    const int width = GetDeviceCaps(display, HORZRES);
-    const int height = GetDeviceCaps(display, VERTRES);
-    const int depth = GetDeviceCaps(display, BITSPIXEL);
-    const int refreshRate = GetDeviceCaps(display, VREFRESH);
-    ReleaseDC(nullptr, display);
-
-    const QString text = qtScreens();
-    const QString first = text.section(QStringLiteral("\n#2\n"), 0, 0);
-    const QStringList lines = first.split(QLatin1Char('\n'));
-    QVERIFY2(lines.size() >= 15, qPrintable(text));
-    QCOMPARE(text.count(QStringLiteral("\n  Name: ")), GetSystemMetrics(SM_CMONITORS));
-    QCOMPARE(lines.at(0), QStringLiteral("QScreen (hardware)"));
-    QCOMPARE(lines.at(1), QStringLiteral("#1"));
-    // 0 and 1 stand for "the hardware's own", which Qt takes for 60.
-    QCOMPARE(lines.at(7), QStringLiteral("  RefreshRate: %1 Hz").arg(refreshRate > 1 ? refreshRate : 60));
-    QCOMPARE(lines.at(10), QStringLiteral("  Size (width x height): %1 x %2").arg(width).arg(height));
-    QCOMPARE(lines.at(11), QStringLiteral("  Color depth: %1").arg(depth));
-    QCOMPARE(lines.at(14), QStringLiteral("  Primary Orientation: %1").arg(width >= height ? 2 : 1));
+    const std::vector<qt_environment::Monitor> monitors = qt_environment::monitors();
+    QVERIFY(!monitors.empty());
+    for (const qt_environment::Monitor &monitor : monitors) {
+        if (!monitor.isPrimary && monitor.modeWidth == 0)
+            continue; // no mode to compare with
+        QCOMPARE(monitor.width, monitor.modeWidth);
+        QCOMPARE(monitor.height, monitor.modeHeight);
+    }
+    QString expected = "QScreen (hardware)\n";
+    int position = 0;
+    for (const qt_environment::Monitor &monitor : monitors)
+        expected += block(monitor, ++position);
+    COMPARE_TEXT(qtScreens(), expected);
 }
 
 #else

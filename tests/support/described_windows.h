@@ -1,9 +1,14 @@
 // Puts a described machine where the sections look for Windows.
 //
 // Away from Windows the whole machine answers. On Windows its registry does: it is
-// loaded below a key of the test's own, which RegOverridePredefKey() then puts in the
-// place of HKEY_LOCAL_MACHINE and HKEY_CURRENT_USER; what it says of
-// HKEY_CLASSES_ROOT, which cannot be replaced, is added there and taken out again.
+// written below one key of the test's own in HKEY_CURRENT_USER, and for this process
+// RegOverridePredefKey() puts that in the place of HKEY_LOCAL_MACHINE,
+// HKEY_CURRENT_USER and HKEY_CLASSES_ROOT. Nothing else is written or deleted, no
+// elevation is needed, and the key is volatile: a crash leaves nothing that outlives
+// the user's session.
+//
+// Wine does not apply a replacement of HKEY_CLASSES_ROOT to calls that name the 32- or
+// 64-bit view (KEY_WOW64_*). No section names one there.
 #pragma once
 
 #include "machine.h"

@@ -2,8 +2,6 @@
 
 #include <windows.h>
 
-#include <vector>
-
 namespace {
 
 using machine::RegistryKey;
@@ -42,6 +40,15 @@ void setAccess(HKEY key, bool granted)
           "RegSetKeySecurity");
 }
 
+/// Volatile: Windows deletes it when the user logs off, whatever becomes of this process.
+HKEY createKey(HKEY parent, const QString &path)
+{
+    HKEY key = nullptr;
+    check(RegCreateKeyExW(parent, wide(path), 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS, nullptr, &key, nullptr),
+          "RegCreateKeyEx");
+    return key;
+}
+
 /// \a denied collects the keys that cannot be opened any more, open.
 void writeKey(HKEY key, const RegistryKey &description, std::vector<HKEY> &denied, bool belowDenied = false)
 {
@@ -49,9 +56,7 @@ void writeKey(HKEY key, const RegistryKey &description, std::vector<HKEY> &denie
         writeValue(key, value);
     for (std::size_t i = 0; i < description.subKeyCount(); ++i) {
         const auto subKey = description.subKeyAt(i);
-        HKEY created = nullptr;
-        check(RegCreateKeyExW(key, wide(subKey->name()), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &created, nullptr),
-              "RegCreateKeyEx");
+        const HKEY created = createKey(key, subKey->name());
         const bool isDenied = belowDenied || subKey->isDenied();
         writeKey(created, *subKey, denied, isDenied);
         if (isDenied) {
@@ -63,56 +68,60 @@ void writeKey(HKEY key, const RegistryKey &description, std::vector<HKEY> &denie
     }
 }
 
-/// The whole of it under a name of its own, for one of the roots.
-HKEY writeRoot(const QString &path, const RegistryKey &description, std::vector<HKEY> &denied)
+/// False where a key of it cannot be opened.
+bool removeTree(const QString &path)
 {
-    HKEY key = nullptr;
-    check(RegCreateKeyExW(HKEY_CURRENT_USER, wide(path), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr),
-          "RegCreateKeyEx");
-    writeKey(key, description, denied);
-    return key;
+    const LSTATUS status = RegDeleteTreeW(HKEY_CURRENT_USER, wide(path));
+    return status == ERROR_SUCCESS || status == ERROR_FILE_NOT_FOUND;
 }
 
 } // namespace
 
 struct DescribedWindows::Private
 {
-    QString path;
-    QStringList classes; // keys added to HKEY_CLASSES_ROOT
-    std::vector<HKEY> keys;
+    /// A root of the registry, what it is described as, and the key that takes its place.
+    struct Root
+    {
+        HKEY root;
+        RegistryRoot described;
+        const char *name;
+        HKEY replacement;
+    };
+
+    /// Below HKEY_CURRENT_USER, which everybody may write to.
+    QString path = QStringLiteral("Software\\vkSystemInfo test %1").arg(GetCurrentProcessId());
+    Root roots[3] = {{HKEY_LOCAL_MACHINE, RegistryRoot::LocalMachine, "machine", nullptr},
+                     {HKEY_CURRENT_USER, RegistryRoot::CurrentUser, "user", nullptr},
+                     {HKEY_CLASSES_ROOT, RegistryRoot::ClassesRoot, "classes", nullptr}};
     std::vector<HKEY> denied;
 };
 
 DescribedWindows::DescribedWindows(machine::Machine machine)
     : d(std::make_unique<Private>())
 {
-    d->path = QStringLiteral("Software\\vkSystemInfo tests\\%1").arg(GetCurrentProcessId());
-    const auto classes = machine.registry.root(RegistryRoot::ClassesRoot);
-    HKEY classesRoot = nullptr;
-    check(RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"Software\\Classes", 0, KEY_ALL_ACCESS, &classesRoot), "RegOpenKeyEx");
-    for (std::size_t i = 0; i < classes->subKeyCount(); ++i)
-        d->classes += classes->subKeyAt(i)->name();
-    writeKey(classesRoot, *classes, d->denied);
-    RegCloseKey(classesRoot);
-
-    const machine::Registry &registry = machine.registry;
-    d->keys.push_back(writeRoot(d->path + QStringLiteral("\\machine"), *registry.root(RegistryRoot::LocalMachine), d->denied));
-    d->keys.push_back(writeRoot(d->path + QStringLiteral("\\user"), *registry.root(RegistryRoot::CurrentUser), d->denied));
-    check(RegOverridePredefKey(HKEY_LOCAL_MACHINE, d->keys[0]), "RegOverridePredefKey");
-    check(RegOverridePredefKey(HKEY_CURRENT_USER, d->keys[1]), "RegOverridePredefKey");
+    // A process of this number that crashed may have left its key, with denied keys below it.
+    while (!removeTree(d->path))
+        d->path += QStringLiteral(" again");
+    const HKEY key = createKey(HKEY_CURRENT_USER, d->path);
+    for (Private::Root &root : d->roots) {
+        root.replacement = createKey(key, QString::fromLatin1(root.name));
+        writeKey(root.replacement, *machine.registry.root(root.described), d->denied);
+    }
+    RegCloseKey(key);
+    for (const Private::Root &root : d->roots)
+        check(RegOverridePredefKey(root.root, root.replacement), "RegOverridePredefKey");
 }
 
 DescribedWindows::~DescribedWindows()
 {
-    RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
-    RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
-    for (HKEY key : d->keys)
-        RegCloseKey(key);
-    for (HKEY key : d->denied) {
+    for (const Private::Root &root : d->roots) {
+        // With a root still replaced, its name would mean another key to all that follows.
+        check(RegOverridePredefKey(root.root, nullptr), "RegOverridePredefKey");
+        RegCloseKey(root.replacement);
+    }
+    for (const HKEY key : d->denied) {
         setAccess(key, true);
         RegCloseKey(key);
     }
     RegDeleteTreeW(HKEY_CURRENT_USER, wide(d->path));
-    for (const QString &name : d->classes)
-        RegDeleteTreeW(HKEY_LOCAL_MACHINE, wide(QStringLiteral("Software\\Classes\\") + name));
 }

@@ -1,8 +1,13 @@
 # Shared by the checks of this folder; sourced.
 # shellcheck shell=bash
 
+# shellcheck source=scripts/lib/common.sh
+. "$(dirname "$WINE_RUN")/common.sh"
+
 VKSYSTEMINFO_WINEPREFIX=$(mktemp -d)
 export VKSYSTEMINFO_WINEPREFIX
+WINEPREFIX=$VKSYSTEMINFO_WINEPREFIX
+mark_new_prefix # before Wine puts anything into it
 export LC_ALL=C.UTF-8 # Wine takes its code page from it
 failures=0
 
@@ -16,6 +21,12 @@ trap end_prefix EXIT
 WINEPREFIX=$VKSYSTEMINFO_WINEPREFIX wineserver -p
 
 wine_run() { "$WINE_RUN" "$@" 2>/dev/null; }
+
+# Runs a program that changes Windows.
+wine_change() {
+  require_throw_away_prefix
+  wine_run "$@"
+}
 
 # value KEY NAME: the data of a registry value as Wine's reg.exe tells it; empty when
 # there is none.
@@ -51,7 +62,7 @@ import_workstation() {
     }
     NR == 1 || wanted' "$MACHINES/workstation/registry.reg" > "$folder/keys.reg"
   { printf '\xff\xfe'; iconv -f UTF-8 -t UTF-16LE "$folder/keys.reg"; } > "$folder/keys16.reg"
-  wine_run regedit /S "$folder/keys16.reg"
-  wine_run "$IMPORT_REGISTRY" "$MACHINES/workstation/registry.reg" 'SYSTEM\CurrentControlSet\Control\Video'
+  wine_change regedit /S "$folder/keys16.reg"
+  wine_change "$IMPORT_REGISTRY" "$MACHINES/workstation/registry.reg" 'SYSTEM\CurrentControlSet\Control\Video'
   rm -rf "$folder"
 }

@@ -1,11 +1,13 @@
 // Puts keys of a described machine into the registry of the Windows it runs on, as keys
 // that last until Windows ends. Wine keeps the keys of its displays that way, and nothing
 // lasting can be put below such a key: what the registry editor would do fails there.
+// Refuses outside of a Wine prefix of this project's own.
 //
 //   import_registry registry.reg PATH     the keys at and below PATH of HKEY_LOCAL_MACHINE
 //   import_registry --deny PATH           an empty key there that nobody can open
 
 #include "registry_file.h"
+#include "throw_away_windows.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
@@ -78,6 +80,8 @@ int main(int argc, char *argv[])
         std::fprintf(stderr, "usage: import_registry registry.reg|--deny PATH\n");
         return 2;
     }
+    if (!mayChangeWindows("import_registry"))
+        return 1;
     if (arguments.at(1) == QLatin1String("--deny"))
         return deny(arguments.at(2)) ? 0 : 1;
     QFile file(arguments.at(1));

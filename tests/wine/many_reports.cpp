@@ -1,8 +1,10 @@
 // A host that makes a thousand reports without OpenGL: the working set stays as it is
 // after the first ones, and the handles as well, but for the one key of the OEM
-// information that each report leaves open.
+// information that each report leaves open. Refuses outside of a Wine prefix of this
+// project's own, for it creates that key where there is none.
 
 #include "process_counts.h"
+#include "throw_away_windows.h"
 #include "vkSystemInfo.h"
 
 #include <QtWidgets/QApplication>
@@ -46,6 +48,8 @@ private:
 
 int main(int argc, char *argv[])
 {
+    if (!mayChangeWindows("many_reports"))
+        return 1;
     const QApplication application(argc, argv);
     const OemKey oemKey;
     if (!oemKey.isThere())

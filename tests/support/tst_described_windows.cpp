@@ -1,0 +1,200 @@
+// DescribedWindows on a real Windows: what it puts in the place of the registry, and that
+// it changes nothing of the registry itself.
+
+#include "described_windows.h"
+#include "test_main.h"
+
+#include <QtTest/QtTest>
+#include <windows.h>
+
+class DescribedWindowsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void rootsAreReplaced_data();
+    void rootsAreReplaced();
+    void registryItselfStaysAsItIs();
+    void keysAreVolatile_data();
+    void keysAreVolatile();
+    void keyOfACrashedProcessIsEmptied();
+};
+
+namespace {
+
+const wchar_t *wide(const QString &text)
+{
+    return reinterpret_cast<const wchar_t *>(text.utf16());
+}
+
+/// A key that keeps its meaning when its root is replaced.
+class OpenKey
+{
+public:
+    OpenKey(HKEY root, const QString &path, REGSAM access = KEY_READ)
+    {
+        if (RegOpenKeyExW(root, wide(path), 0, access, &m_key) != ERROR_SUCCESS)
+            m_key = nullptr;
+    }
+    /// HKEY_CURRENT_USER itself.
+    OpenKey()
+    {
+        if (RegOpenCurrentUser(KEY_READ, &m_key) != ERROR_SUCCESS)
+            m_key = nullptr;
+    }
+    ~OpenKey()
+    {
+        if (m_key)
+            RegCloseKey(m_key);
+    }
+    OpenKey(const OpenKey &) = delete;
+    OpenKey &operator=(const OpenKey &) = delete;
+
+    HKEY handle() const { return m_key; }
+
+private:
+    HKEY m_key = nullptr;
+};
+
+QStringList subKeys(HKEY key)
+{
+    QStringList names;
+    wchar_t name[256];
+    for (DWORD index = 0; RegEnumKeyW(key, index, name, 256) == ERROR_SUCCESS; ++index)
+        names += QString::fromWCharArray(name);
+    return names;
+}
+
+QStringList subKeys(HKEY root, const QString &path)
+{
+    const OpenKey key(root, path);
+    return key.handle() ? subKeys(key.handle()) : QStringList();
+}
+
+QStringList difference(QStringList from, const QStringList &names)
+{
+    for (const QString &name : names)
+        from.removeAll(name);
+    return from;
+}
+
+QByteArray description()
+{
+    return "[HKEY_LOCAL_MACHINE\\MachineKey]\n"
+           "[HKEY_LOCAL_MACHINE\\Software\\MachineKey]\n"
+           "[HKEY_CURRENT_USER\\UserKey]\n"
+           "[HKEY_CLASSES_ROOT\\ClassesKey]\n"
+           "[HKEY_CLASSES_ROOT\\Installer\\Products\\A1]\n\"ProductName\"=\"Described\"\n";
+}
+
+} // namespace
+
+void DescribedWindowsTest::rootsAreReplaced_data()
+{
+    QTest::addColumn<quintptr>("root");
+    QTest::addColumn<QStringList>("expected");
+    const auto row = [](const char *name, HKEY root, const QStringList &expected) {
+        QTest::newRow(name) << quintptr(root) << expected;
+    };
+    row("the machine", HKEY_LOCAL_MACHINE, {"MachineKey", "Software"});
+    row("the user", HKEY_CURRENT_USER, {"UserKey"});
+    row("the classes", HKEY_CLASSES_ROOT, {"ClassesKey", "Installer"});
+}
+
+void DescribedWindowsTest::rootsAreReplaced()
+{
+    QFETCH(quintptr, root);
+    QFETCH(QStringList, expected);
+    const auto key = reinterpret_cast<HKEY>(root);
+    const QStringList before = subKeys(key);
+    {
+        const DescribedWindows windows(description());
+        QCOMPARE(subKeys(key), expected);
+    }
+    QCOMPARE(subKeys(key), before);
+    QVERIFY(before != expected);
+}
+
+// The keys are opened before the roots are replaced and go on to show the registry itself.
+void DescribedWindowsTest::registryItselfStaysAsItIs()
+{
+    const OpenKey machine(HKEY_LOCAL_MACHINE, "Software");
+    const OpenKey machineClasses(HKEY_LOCAL_MACHINE, "Software\\Classes");
+    const OpenKey user; // opening the root by name returns its name
+    const OpenKey software(HKEY_CURRENT_USER, "Software");
+    const QStringList machineBefore = subKeys(machine.handle());
+    const QStringList machineClassesBefore = subKeys(machineClasses.handle());
+    const QStringList userBefore = subKeys(user.handle());
+    const QStringList softwareBefore = subKeys(software.handle());
+    const QStringList userClassesBefore = subKeys(software.handle(), "Classes");
+    QVERIFY(!machineBefore.isEmpty() && !machineClassesBefore.isEmpty() && !userBefore.isEmpty()
+            && !softwareBefore.isEmpty());
+    {
+        const DescribedWindows windows(description());
+        QCOMPARE(subKeys(machine.handle()), machineBefore);
+        QCOMPARE(subKeys(machineClasses.handle()), machineClassesBefore);
+        QCOMPARE(subKeys(user.handle()), userBefore);
+        QCOMPARE(subKeys(software.handle(), "Classes"), userClassesBefore);
+        QCOMPARE(difference(subKeys(software.handle()), softwareBefore),
+                 QStringList(QStringLiteral("vkSystemInfo test %1").arg(GetCurrentProcessId())));
+    }
+    QCOMPARE(subKeys(machine.handle()), machineBefore);
+    QCOMPARE(subKeys(machineClasses.handle()), machineClassesBefore);
+    QCOMPARE(subKeys(user.handle()), userBefore);
+    QCOMPARE(subKeys(software.handle(), "Classes"), userClassesBefore);
+    QCOMPARE(subKeys(software.handle()), softwareBefore);
+}
+
+void DescribedWindowsTest::keysAreVolatile_data()
+{
+    QTest::addColumn<quintptr>("root");
+    QTest::addColumn<QString>("path");
+    const auto row = [](const char *name, HKEY root, const char *path) {
+        QTest::newRow(name) << quintptr(root) << QString(path);
+    };
+    row("the machine", HKEY_LOCAL_MACHINE, "Added");
+    row("the user", HKEY_CURRENT_USER, "Added");
+    row("the classes", HKEY_CLASSES_ROOT, "Added");
+    row("a described key", HKEY_LOCAL_MACHINE, "MachineKey\\Added");
+    row("a described key of the classes", HKEY_CLASSES_ROOT, "Installer\\Products\\A1\\Added");
+}
+
+// Nothing that lasts can be put below a volatile key.
+void DescribedWindowsTest::keysAreVolatile()
+{
+    QFETCH(quintptr, root);
+    QFETCH(QString, path);
+    const DescribedWindows windows(description());
+    HKEY key = nullptr;
+    QCOMPARE(RegCreateKeyExW(reinterpret_cast<HKEY>(root), wide(path), 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_WRITE, nullptr,
+                             &key, nullptr),
+             LSTATUS(ERROR_CHILD_MUST_BE_VOLATILE));
+}
+
+void DescribedWindowsTest::keyOfACrashedProcessIsEmptied()
+{
+    const OpenKey software(HKEY_CURRENT_USER, "Software", KEY_READ | KEY_WRITE);
+    QString own;
+    QStringList roots;
+    {
+        const QStringList before = subKeys(software.handle());
+        const DescribedWindows windows(description());
+        own = difference(subKeys(software.handle()), before).join('\n');
+        roots = subKeys(software.handle(), own);
+    }
+    QCOMPARE(roots.size(), 3);
+    for (const QString &root : qAsConst(roots)) {
+        HKEY stale = nullptr;
+        QCOMPARE(RegCreateKeyExW(software.handle(), wide(own + '\\' + root + "\\Stale"), 0, nullptr, REG_OPTION_VOLATILE,
+                                 KEY_WRITE, nullptr, &stale, nullptr),
+                 LSTATUS(ERROR_SUCCESS));
+        RegCloseKey(stale);
+    }
+    const DescribedWindows windows("");
+    QCOMPARE(subKeys(HKEY_LOCAL_MACHINE), QStringList());
+    QCOMPARE(subKeys(HKEY_CURRENT_USER), QStringList());
+    QCOMPARE(subKeys(HKEY_CLASSES_ROOT), QStringList());
+}
+
+TEST_WITH_CORE_APPLICATION(DescribedWindowsTest);
+#include "tst_described_windows.moc"
