@@ -204,6 +204,7 @@ const KnownCall &knownCall(const QByteArray &name)
             return call;
     }
     qFatal("there is no floor for the call %s", name.constData());
+    Q_UNREACHABLE(); // Qt does not tell MSVC that qFatal() does not return
 }
 
 HKEY rootOf(const QString &path)

@@ -54,11 +54,11 @@ public:
 
     bool parse()
     {
-        QString line;
-        if (!nextLine(line) || trimmed(line) != firstLine)
+        QString raw;
+        if (!nextLine(raw) || trimmed(raw) != firstLine)
             return fail(QStringLiteral("the first line is not \"%1\"").arg(firstLine));
-        while (nextLine(line)) {
-            if (!parseLine(line))
+        while (nextLine(raw)) {
+            if (!parseLine(raw))
                 return false;
         }
         return true;

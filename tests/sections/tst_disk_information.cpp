@@ -213,7 +213,7 @@ void DiskInformationTest::anyFailingCall()
 void DiskInformationTest::drivesOfThisSystem()
 {
     QStringList roots;
-    for (const QString &line : diskInformation().mid(int(sizeof title) - 1).split('\n', Qt::SkipEmptyParts))
+    for (const QString &line : diskInformation().mid(QLatin1String(title).size()).split('\n', Qt::SkipEmptyParts))
         roots += line.left(4);
     QStringList expected;
     for (char letter = 'A'; letter <= 'Z'; ++letter) {

@@ -1,6 +1,7 @@
 // qtPrinterInfo(): text, with print servers of the test's own and, on Windows, with what
 // Windows' own calls answer.
 
+#include "test_main.h"
 #include "texts.h"
 
 #ifdef Q_OS_WIN
