@@ -28,6 +28,7 @@ private Q_SLOTS:
 #else
     void zones_data();
     void zones();
+    void digitsOfTheLocale();
 #endif
 };
 
@@ -144,6 +145,25 @@ void QtDateTimeTest::zones()
     QVERIFY2(before <= times.utc && times.utc <= after, qPrintable(text));
     QCOMPARE(times.local.secsTo(times.utc), qint64(secondsFromLocalToUtc));
     QCOMPARE(times.bias, bias);
+}
+
+// Qt reads the variable; the C library need not know the locale.
+void QtDateTimeTest::digitsOfTheLocale()
+{
+    const QString text = qt_environment::sectionText(
+        QStringLiteral("qtDateTime"), {QStringLiteral("TZ=IST-5:30"), QStringLiteral("LC_ALL=ar_EG.UTF-8")});
+    constexpr ushort arabicIndicZero = 0x0660;
+    QString european = text;
+    int arabicIndicDigits = 0;
+    for (QChar &character : european) {
+        if (character.unicode() < arabicIndicZero || character.unicode() > arabicIndicZero + 9)
+            continue;
+        character = QChar(character.unicode() - arabicIndicZero + '0');
+        ++arabicIndicDigits;
+    }
+    QCOMPARE(arabicIndicDigits, 2 * 14); // every digit of both times
+    QVERIFY2(Times(european).areValid(), qPrintable(text));
+    QVERIFY2(text.endsWith(QLatin1String("\nActiveBias: -330 min\n")), qPrintable(text));
 }
 
 #endif
