@@ -1,24 +1,29 @@
 // vkSystemInfo: a plain-text report about the machine a Qt application runs on.
 //
-// This header is the whole public interface. Everything below is exported from
-// vkSystemInfo.dll and nothing else is.
+// This header is the whole public interface. vkSystemInfo.dll exports the functions
+// marked VKSYSTEMINFO_EXPORT and nothing else. Of the class ScanOpenGLInfo these are its
+// two static functions.
 //
 // Rules that hold for every function:
 //
 //  * Text. A section is returned as a new QString of lines, each ended by a
 //    single line feed. Wording, spelling and blanks are a fixed format: support
-//    staff compare reports of different machines and of different years.
+//    staff compare reports of different machines and of different years. A text is the
+//    host's own: it stays valid when the DLL is unloaded.
 //  * Failure. Nothing is thrown on purpose and no error is returned (but by the
 //    two DNS-SD checks). A query that fails drops its own line or becomes a fixed
 //    line of text, and the report goes on. Running out of memory may throw
 //    std::bad_alloc.
-//  * Threads. Call from the GUI thread only, but for the functions that "need no
-//    application object": those may be called from any thread. Nothing here starts a
-//    thread, takes a lock or keeps state, but for the OpenGL version record.
-//  * Application object. Each function says which one it needs. Where there is less,
-//    Qt decides: sections of screens come out empty, and the functions that ask for
-//    OpenGL (allInfos(false), GetOpenGLVersion, GetOpenGLVersionCached) end the
-//    process, allInfos(false) also with a mere QGuiApplication.
+//  * Thread and application object. Call every function on the GUI thread of a running
+//    QApplication. Where a function says that it needs less, that was measured with Qt
+//    5.15.8; another Qt may need more. "Needs no application object" was measured on a
+//    thread other than the main one, too. What happens with less, also measured:
+//    qtScreens and qtDesktop show no screen where there is no QGuiApplication. There
+//    allInfos(false), GetOpenGLVersion and GetOpenGLVersionCached end the process, and
+//    allInfos(false) does where the QGuiApplication is no QApplication (natively; not
+//    measured on Windows).
+//    The library starts no thread, takes no lock and keeps no state but the OpenGL
+//    version record.
 //  * Side effects. The library reads. It writes no file, no registry key and
 //    sends nothing; host names may be looked up by Qt.
 #pragma once
@@ -40,7 +45,8 @@ namespace SystemInfo {
 /// The whole report: the Windows section, the sections built from Qt queries and,
 /// unless \a noOpenGL is true, the OpenGL section. Needs a running QApplication;
 /// with \a noOpenGL a QGuiApplication is enough. Takes as long as the platform
-/// takes to answer: printers, remote drives and host names can be slow.
+/// takes to answer: printers, remote drives and host names can be slow. The host's
+/// manifest changes the name of the Windows release: see platformName().
 VKSYSTEMINFO_EXPORT QString allInfos(bool noOpenGL);
 
 /// The line that divides the sections: 72 hyphens and a line feed.
@@ -57,6 +63,12 @@ VKSYSTEMINFO_EXPORT QString libVersionString();
 /// as "Windows 10 Professional Edition, 64-bit"; "Windows" when Windows does not
 /// tell its version. Modelled on GetVersionEx and GetProductInfo. Needs no
 /// application object.
+///
+/// GetVersionEx goes by the host's manifest. To a host without one it gives 6.2 from
+/// Windows 8 on, and the registry decides on the name. To a host whose manifest names
+/// Windows 10 as supported (supportedOS) it gives 10.0, and the name is "Windows unknown
+/// major version"; where the manifest names nothing newer than Windows 8.1 it gives 6.3,
+/// and the name is "Windows unknown minor version for major=6".
 VKSYSTEMINFO_EXPORT QString platformName();
 
 /// Section "Qt Global": the Qt versions the library was built against and runs
@@ -73,7 +85,9 @@ VKSYSTEMINFO_EXPORT QString qtLocale();
 
 /// Local time, UTC and the bias between them in minutes (UTC minus local time, so
 /// negative east of Greenwich); a section without a title. Modelled on
-/// QDateTime. Needs no application object.
+/// QDateTime. The digits of the times are those of QLocale::system(), such as
+/// Arabic-Indic ones (measured with Qt 5.15.8); the bias has European ones. Needs no
+/// application object.
 VKSYSTEMINFO_EXPORT QString qtDateTime();
 
 /// Section "QHostInfo": local host and domain name. Needs no application object.
@@ -132,7 +146,10 @@ struct COpenGLVersionInfo
     QString strVersion;       ///< such as "OpenGL 4.3"; "not recognized"
 };
 
-/// Finds out the supported OpenGL version and writes the report's OpenGL section.
+/// Finds out the supported OpenGL version and writes the report's OpenGL section. Hosts
+/// can call the two static functions. Nothing else of the class is exported: a host that
+/// constructs it, derives from it, calls another member, casts to it with qobject_cast
+/// or names its staticMetaObject does not link.
 class ScanOpenGLInfo : public QObject
 {
     Q_OBJECT
@@ -149,7 +166,7 @@ public:
     /// first calls.
     VKSYSTEMINFO_EXPORT static COpenGLVersionInfo GetOpenGLVersionCached();
 
-    // Used by the library itself, not exported.
+    // Used by the library itself.
     void GetOpenGLInfo(QString &info);
     QString GetOpenGLDriverInfo(QString &info);
 };

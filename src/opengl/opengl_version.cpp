@@ -1,5 +1,7 @@
 #include "opengl/opengl_version.h"
 
+#include "report/text.h"
+
 #include <QtOpenGL/QGLFormat>
 
 namespace velkor {
@@ -67,7 +69,9 @@ ScanOpenGLInfo::~ScanOpenGLInfo() = default;
 
 COpenGLVersionInfo ScanOpenGLInfo::GetOpenGLVersion()
 {
-    return openGLVersionFromFlags(qint32(QGLFormat::openGLVersionFlags()));
+    COpenGLVersionInfo info = openGLVersionFromFlags(qint32(QGLFormat::openGLVersionFlags()));
+    info.strVersion = detached(info.strVersion);
+    return info;
 }
 
 COpenGLVersionInfo ScanOpenGLInfo::GetOpenGLVersionCached()

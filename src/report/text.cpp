@@ -16,6 +16,12 @@ void makeRoom(QString &text, int more)
 
 } // namespace
 
+QString detached(QString text)
+{
+    text.detach();
+    return text;
+}
+
 void append(QString &text, const QString &more)
 {
     makeRoom(text, more.size());

@@ -10,6 +10,11 @@ namespace SystemInfo {
 /// The end of every line of the report, on Windows too.
 inline const QString newline = QStringLiteral("\n");
 
+/// \a text with data of its own. The data of a QStringLiteral are part of this library
+/// and go when it is unloaded; what a host gets must not share them. For exported
+/// functions whose text may be a literal as it stands.
+QString detached(QString text);
+
 /// Appends to a text that may become long. Where it must grow it grows by a quarter
 /// and not twofold, as QString does by itself.
 void append(QString &text, const QString &more);

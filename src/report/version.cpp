@@ -1,3 +1,4 @@
+#include "report/text.h"
 #include "vkSystemInfo.h"
 #include "win/windows_sections.h"
 
@@ -22,7 +23,7 @@ QString libVersionString()
 
 QString platformName()
 {
-    return WinSysInfo::windowsVersion(false);
+    return detached(WinSysInfo::windowsVersion(false));
 }
 
 } // namespace SystemInfo

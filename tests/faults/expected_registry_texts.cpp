@@ -539,6 +539,37 @@ QString videoAdapters(DescribedCalls &calls)
     return text;
 }
 
+namespace {
+
+/// Both numbers have one place in memory.
+QString deviceProperties(DescribedCalls &calls, const Key &key)
+{
+    const Row rows[] = {{"DeviceType", "   Device Type:             %1 = 0x%2"},
+                        {"DeviceCharacteristics", "   Device Characteristics:  %1 = 0x%2"}};
+    QString text;
+    Buffer number;
+    for (const Row &row : rows) {
+        if (calls.query(Form::Narrow, key, q(row.value), number, 4))
+            text += decimalAndHexadecimal(row.format, quint32(number.number()));
+    }
+    return text;
+}
+
+QString driverValues(DescribedCalls &calls, const Key &key)
+{
+    return wideRows(calls, key,
+                    {{"DriverDesc", "   Driver Description: %1"},
+                     {"DriverVersion", "   Driver Version:     %1"},
+                     {"DriverDate", "   Driver Date:        %1"},
+                     {"ProviderName", "   Provider Name:      %1"},
+                     {"MatchingDeviceId", "   Matching Device ID: %1"},
+                     {"InfPath", "   InfPath:            %1"},
+                     {"InfSection", "   InfSection:         %1"},
+                     {"InfSectionExt", "   InfSectionExt:      %1"}});
+}
+
+} // namespace
+
 QString drivers(DescribedCalls &calls)
 {
     const QString rule = q("----------------------------\n");
@@ -566,15 +597,10 @@ QString drivers(DescribedCalls &calls)
                     continue;
                 if (wrote)
                     text += end;
-                const QString block = wideRows(calls, driver,
-                                               {{"DriverDesc", "   Driver Description: %1"},
-                                                {"DriverVersion", "   Driver Version:     %1"},
-                                                {"DriverDate", "   Driver Date:        %1"},
-                                                {"ProviderName", "   Provider Name:      %1"},
-                                                {"MatchingDeviceId", "   Matching Device ID: %1"},
-                                                {"InfPath", "   InfPath:            %1"},
-                                                {"InfSection", "   InfSection:         %1"},
-                                                {"InfSectionExt", "   InfSectionExt:      %1"}});
+                const bool properties = qstricmp(driverName.bytes.constData(), "Properties") == 0;
+                if (properties)
+                    text += q("   Properties\n");
+                const QString block = properties ? deviceProperties(calls, driver) : driverValues(calls, driver);
                 text += block;
                 wrote = !block.isEmpty();
                 calls.close(driver);

@@ -213,7 +213,7 @@ const char *const linesOfFailures[] = {
     "(Standard Bonjour|velkor DNS-SD): not installed\\.",
     "DNS-SD version: .*",
     "RefCount for vkdnssd\\.dll: failed to get refCount!",
-    "(SystemBIOSDate|SystemManufacturer|DaylightBias|   Friendly Name): .*", // not ended: shows what was there
+    "(SystemBIOSDate|SystemManufacturer|DaylightBias|   Friendly Name|   Device Characteristics): .*", // not ended: shows what was there
     "Lease (obtained:|expires: ) 0x[0-9a-f]+",
     "[A-Za-z0-9]+   ",
     "",

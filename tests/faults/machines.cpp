@@ -67,7 +67,15 @@ const char smallRegistry[] = R"reg(
 "Other"="nothing to show"
 [HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Control\Class\{1}\Properties]
 "DeviceType"=dword:00000027
-[HKEY_CLASSES_ROOT\Installer\Products\1]
+[HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Control\Class\{2}]
+"Class"="Ports"
+[HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Control\Class\{2}\?????]
+"DeviceCharacteristics"=hex:01
+"DeviceType"=dword:00020027
+)reg"
+// The bytes of this name read "Properties"; opening it opens the key above.
+"[HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Class\\{2}\\\u7250\u706f\u7265\u6974\u7365]\n"
+R"reg([HKEY_CLASSES_ROOT\Installer\Products\1]
 "ProductName"="Linemodel V11.2"
 "Version"=dword:0a02012c
 "AdvertiseFlags"=dword:00000184

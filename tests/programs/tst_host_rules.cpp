@@ -1,5 +1,6 @@
 // What a host may rely on: which application object each public function wants, that the
-// thread does not matter to those that want none, and where Qt ends the process.
+// thread does not matter to those that want none, what sections of screens are without one,
+// and where Qt ends the process.
 #include "run_program.h"
 #include "test_main.h"
 
@@ -12,6 +13,8 @@ class tst_HostRules : public QObject
 private Q_SLOTS:
     void works_data();
     void works();
+    void showsNoScreen_data();
+    void showsNoScreen();
     void endsTheProcess_data();
     void endsTheProcess();
 };
@@ -87,6 +90,31 @@ void tst_HostRules::works()
     const ProgramRun run = runProgram(HOST_CHILD, {application, thread, function});
     QCOMPARE(run.exitCode, 0);
     QVERIFY2(run.output.contains(contained), run.output.constData());
+}
+
+void tst_HostRules::showsNoScreen_data()
+{
+    QTest::addColumn<QString>("application");
+    QTest::addColumn<QString>("function");
+    QTest::addColumn<QByteArray>("expected");
+
+    for (const char *application : {"none", "core"}) {
+        QTest::addRow("qtScreens, application %s", application)
+            << application << "qtScreens" << QByteArray("QScreen (hardware)\n");
+        QTest::addRow("qtDesktop, application %s", application)
+            << application << "qtDesktop"
+            << QByteArray("QScreen (Desktop)\nDesktop file name: \nNumber of screens:  0\nPrimary screen:     \n");
+    }
+}
+
+void tst_HostRules::showsNoScreen()
+{
+    QFETCH(QString, application);
+    QFETCH(QString, function);
+    QFETCH(QByteArray, expected);
+    const ProgramRun run = runProgram(HOST_CHILD, {application, "main", function});
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.output, expected);
 }
 
 void tst_HostRules::endsTheProcess_data()

@@ -9,7 +9,7 @@
 
 #include <QtCore/QLocale>
 #include <QtGui/QGuiApplication>
-#include <locale>
+#include <clocale>
 #include <memory>
 
 using namespace velkor::SystemInfo;
@@ -66,7 +66,8 @@ void useHostLocale()
     if (name.isEmpty())
         return;
     QLocale::setDefault(QLocale(QString::fromLatin1(name)));
-    std::locale::global(std::locale((name + ".UTF-8").constData()));
+    if (!std::setlocale(LC_ALL, (name + ".UTF-8").constData()))
+        qFatal("the C library has no locale %s.UTF-8", name.constData());
 }
 
 } // namespace

@@ -313,6 +313,20 @@ void DriverInfoTest::properties_data()
     row("a number of two bytes", driverKey(opened) + binaryValue("DeviceType", "\x01\x02")
         + driverKey(bytesReadProperties),
         heading + "   Device Type:             513 = 0x201\n");
+    row("a short second number keeps bytes of the first",
+        driverKey(opened) + numberValue("DeviceType", 0x04030201) + binaryValue("DeviceCharacteristics", "\xff")
+            + driverKey(bytesReadProperties),
+        heading + "   Device Type:             67305985 = 0x4030201\n"
+            + "   Device Characteristics:  67306239 = 0x40302ff\n");
+    row("a second number of no bytes shows the first", driverKey(opened) + numberValue("DeviceType", 42)
+        + binaryValue("DeviceCharacteristics", "") + driverKey(bytesReadProperties),
+        heading + "   Device Type:             42 = 0x2a\n" + "   Device Characteristics:  42 = 0x2a\n");
+    const QString shortFirst = heading + "   Device Type:             7 = 0x7\n"
+        + "   Device Characteristics:  67305985 = 0x4030201\n";
+    row("a short first number keeps nothing of the properties before",
+        driverKey(opened) + binaryValue("DeviceType", "\x07") + numberValue("DeviceCharacteristics", 0x04030201)
+            + driverKey(bytesReadProperties) + driverKey(bytesReadUpperCase),
+        shortFirst + '\n' + shortFirst);
     row("driver values are not shown among properties",
         driver(opened, "a") + bothProperties() + driverKey(bytesReadProperties),
         described("a") + '\n' + heading + bothPropertyLines);
