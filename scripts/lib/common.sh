@@ -25,7 +25,7 @@ build() {
   mkdir -p "$repo_dir/build"
   (
     flock 8
-    cd "$repo_dir"
+    cd "$repo_dir" || exit
     if ! [ -e "build/$preset/build.ninja" ]; then
       say "Configuring $preset"
       run_quietly cmake --preset "$preset"
