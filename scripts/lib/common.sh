@@ -52,6 +52,16 @@ with_display() {
   if [ -n "${DISPLAY:-}" ]; then "$@"; else xvfb-run -a -s '-screen 0 1280x1024x24' "$@"; fi
 }
 
+# keep_display ARGUMENT...: starts the script again with a display for all that it runs, where
+# there is none. The desktop that Wine starts with its first program goes on without OpenGL,
+# for every later program, when that program had no display.
+keep_display() {
+  [ -z "${DISPLAY:-}" ] || return 0
+  local status=0
+  with_display "$0" "$@" || status=$?
+  exit "$status"
+}
+
 # Environment for wine: a prefix of the project's own, silent, our DLLs found.
 use_wine() {
   local qt; qt=$(qt_for_windows_prefix)
