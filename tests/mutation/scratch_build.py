@@ -57,8 +57,9 @@ class Variant(NamedTuple):
 
 
 class ScratchBuild:
-    def __init__(self, project, directory):
+    def __init__(self, project, directory, only_tests=()):
         self.project = pathlib.Path(project)
+        self.only_tests = only_tests # by name; empty: all of them
         self.directory = pathlib.Path(directory).resolve()
         self.source = self.directory / 'source'
         self.build = self.directory / 'build'
@@ -135,7 +136,8 @@ class ScratchBuild:
 
     def _descriptions_of_tests(self):
         shown = subprocess.run(['ctest', '--show-only=json-v1'], cwd=self.build, check=True, capture_output=True, text=True)
-        return [d for d in json.loads(shown.stdout)['tests'] if not OTHER_TESTS.match(d['name'])]
+        return [d for d in json.loads(shown.stdout)['tests']
+                if not OTHER_TESTS.match(d['name']) and (not self.only_tests or d['name'] in self.only_tests)]
 
     def variant(self, slot, name, text):
         """The library with another text of one source; None when it does not compile."""
