@@ -18,14 +18,14 @@ struct Step
     void (*make)(CallPlayer &, const Step &) = nullptr;
     HKEY root = nullptr;
     std::size_t slot = 0; // of the key
-    QByteArray narrow;
-    QString wide; // its units are the text of a wide call
-    DWORD number = 0;
+    QByteArray narrow;    // the sub-key or name of a call that takes bytes
+    QString path;         // Call::key of a call without a registry key
+    QString text;         // Call::value
+    DWORD number = 0;     // Call::value as a number
     DWORD access = 0;
     DWORD size = 0;
 
     const char *nameOrNull() const { return narrow.isEmpty() ? nullptr : narrow.constData(); }
-    const wchar_t *units() const { return reinterpret_cast<const wchar_t *>(wide.utf16()); }
 };
 
 struct CallPlayer
@@ -60,9 +60,14 @@ T *as(char *buffer)
     return reinterpret_cast<T *>(buffer);
 }
 
+const wchar_t *units(const QString &string)
+{
+    return reinterpret_cast<const wchar_t *>(string.utf16());
+}
+
 void getProductInfo(CallPlayer &player, const Step &step)
 {
-    const QStringList numbers = step.wide.split(QLatin1Char('.'));
+    const QStringList numbers = step.text.split(QLatin1Char('.'));
     DWORD code = 0;
     as<GetProductInfoFunction>(player.function)(numbers.value(0).toUInt(), numbers.value(1).toUInt(), 0, 0, &code);
 }
@@ -85,7 +90,7 @@ const KnownCall knownCalls[] = {
      }},
     {"RegQueryValueExW", [](CallPlayer &player, const Step &step) {
          DWORD size = step.size;
-         RegQueryValueExW(player.keys[step.slot], step.units(), nullptr, &player.type, reinterpret_cast<LPBYTE>(player.wide), &size);
+         RegQueryValueExW(player.keys[step.slot], units(step.text), nullptr, &player.type, reinterpret_cast<LPBYTE>(player.wide), &size);
      }},
     {"RegEnumKeyExA", [](CallPlayer &player, const Step &step) {
          DWORD size = step.size;
@@ -139,14 +144,14 @@ const KnownCall knownCalls[] = {
      }},
     {"SetErrorMode", [](CallPlayer &, const Step &step) { SetErrorMode(step.number); }},
     {"GetLogicalDrives", [](CallPlayer &, const Step &) { GetLogicalDrives(); }},
-    {"GetDriveTypeW", [](CallPlayer &, const Step &step) { GetDriveTypeW(step.units()); }},
+    {"GetDriveTypeW", [](CallPlayer &, const Step &step) { GetDriveTypeW(units(step.path)); }},
     {"GetVolumeInformationW", [](CallPlayer &player, const Step &step) {
-         GetVolumeInformationW(step.units(), player.label, MAX_PATH, nullptr, nullptr, nullptr, player.wide, MAX_PATH);
+         GetVolumeInformationW(units(step.path), player.label, MAX_PATH, nullptr, nullptr, nullptr, player.wide, MAX_PATH);
      }},
     {"GetDiskFreeSpaceExW", [](CallPlayer &, const Step &step) {
          ULARGE_INTEGER freeToCaller;
          ULARGE_INTEGER total;
-         GetDiskFreeSpaceExW(step.units(), &freeToCaller, &total, nullptr);
+         GetDiskFreeSpaceExW(units(step.path), &freeToCaller, &total, nullptr);
      }},
     {"GetSystemWindowsDirectoryW", [](CallPlayer &player, const Step &step) {
          GetSystemWindowsDirectoryW(player.wide, step.size);
@@ -155,13 +160,13 @@ const KnownCall knownCalls[] = {
          GetSystemWow64DirectoryW(player.wide, step.size);
      }},
     {"ExpandEnvironmentStringsW", [](CallPlayer &player, const Step &step) {
-         ExpandEnvironmentStringsW(step.units(), static_cast<wchar_t *>(player.memory), step.size);
+         ExpandEnvironmentStringsW(units(step.text), static_cast<wchar_t *>(player.memory), step.size);
      }},
     {"SHGetSpecialFolderPathW", [](CallPlayer &player, const Step &step) {
-         SHGetSpecialFolderPathW(nullptr, player.wide, int(step.number), FALSE);
+         SHGetSpecialFolderPathW(nullptr, player.wide, int(step.number), BOOL(step.access));
      }},
     {"wsprintfW", [](CallPlayer &player, const Step &step) {
-         wsprintfW(player.label, L"%c:\\", int(step.wide.at(0).unicode()));
+         wsprintfW(player.label, L"%c:\\", int(step.text.at(0).unicode()));
      }},
     {"EnumProcessModules", [](CallPlayer &player, const Step &) {
          DWORD needed = 0;
@@ -170,8 +175,8 @@ const KnownCall knownCalls[] = {
     {"GetModuleFileNameExW", [](CallPlayer &player, const Step &step) {
          GetModuleFileNameExW(GetCurrentProcess(), player.modules[step.number], player.wide, step.size);
      }},
-    {"GetModuleHandleW", [](CallPlayer &player, const Step &step) { player.module = GetModuleHandleW(step.units()); }},
-    {"LoadLibraryW", [](CallPlayer &player, const Step &step) { player.module = LoadLibraryW(step.units()); }},
+    {"GetModuleHandleW", [](CallPlayer &player, const Step &step) { player.module = GetModuleHandleW(units(step.path)); }},
+    {"LoadLibraryW", [](CallPlayer &player, const Step &step) { player.module = LoadLibraryW(units(step.path)); }},
     {"FreeLibrary", [](CallPlayer &player, const Step &) { FreeLibrary(player.module); }},
     {"GetProcAddress", [](CallPlayer &player, const Step &step) {
          player.function = GetProcAddress(player.module, step.narrow.constData());
@@ -183,9 +188,9 @@ const KnownCall knownCalls[] = {
          as<GetPropertyFunction>(player.function)(step.narrow.constData(), &version, &size);
      }},
     {"HeapAlloc", [](CallPlayer &player, const Step &step) {
-         player.memory = HeapAlloc(GetProcessHeap(), 0, step.size);
+         player.memory = HeapAlloc(GetProcessHeap(), step.access, step.size);
      }},
-    {"HeapFree", [](CallPlayer &player, const Step &) { HeapFree(GetProcessHeap(), 0, player.memory); }},
+    {"HeapFree", [](CallPlayer &player, const Step &step) { HeapFree(GetProcessHeap(), step.access, player.memory); }},
     {"GetAdaptersInfo", [](CallPlayer &player, const Step &step) {
          ULONG size = step.size;
          GetAdaptersInfo(static_cast<PIP_ADAPTER_INFO>(player.memory), &size);
@@ -214,12 +219,13 @@ HKEY rootOf(const QString &path)
     return path.startsWith(QLatin1String("HKEY_CURRENT_USER")) ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
 }
 
-/// What the text of a call's value is to the call: a number, a name or both.
+/// Converts the fields of \a call to the types of arguments. An entry of knownCalls uses those that its call has.
 void setArguments(Step &step, const Call &call)
 {
     const bool named = call.name.startsWith("RegQuery") || call.name == "GetProcAddress" || call.name == "DNSServiceGetProperty";
     step.narrow = named ? call.value.toLatin1() : QByteArray();
-    step.wide = call.value.isEmpty() ? call.key : call.value;
+    step.path = call.key;
+    step.text = call.value;
     step.number = named ? 0 : DWORD(call.value.toLongLong());
     step.access = call.access;
     step.size = DWORD(call.sizeIn);

@@ -60,11 +60,12 @@ QString pathOf(HKEY key)
     return key == HKEY_LOCAL_MACHINE ? QStringLiteral("HKEY_LOCAL_MACHINE") : keyPaths.value(key);
 }
 
-/// Notes a call once it is made.
+/// Notes a call once it is made. Each field holds what the journal of the simulated Windows holds there.
 template <typename Result>
-Result noted(const char *name, const QString &key, const QString &value, quint64 sizeIn, quint64 sizeOut, Result result)
+Result noted(const char *name, const QString &key, const QString &value, quint64 sizeIn, quint64 sizeOut, Result result,
+             quint32 access = 0)
 {
-    calls.push_back({name, key, value, 0, sizeIn, sizeOut, qint64(result)});
+    calls.push_back({name, key, value, access, sizeIn, sizeOut, qint64(result)});
     return result;
 }
 
@@ -76,9 +77,7 @@ LSTATUS WINAPI RegOpenKeyExA(HKEY root, LPCSTR subKey, DWORD options, REGSAM acc
     const QString path = pathOf(root) + QLatin1Char('\\') + QString::fromLatin1(subKey);
     if (status == ERROR_SUCCESS)
         keyPaths.insert(*result, path);
-    noted("RegOpenKeyExA", path, QString(), 0, 0, status);
-    calls.back().access = access;
-    return status;
+    return noted("RegOpenKeyExA", path, options ? QString::number(options) : QString(), 0, 0, status, access);
 }
 
 LSTATUS WINAPI RegCloseKey(HKEY key)
@@ -197,7 +196,8 @@ BOOL WINAPI GetVolumeInformationW(LPCWSTR root, LPWSTR volumeName, DWORD volumeN
 {
     const BOOL done = real.GetVolumeInformationW(root, volumeName, volumeNameSize, serialNumber, longest, flags,
                                                  fileSystemName, fileSystemNameSize);
-    return noted("GetVolumeInformationW", fromWide(root), QString(), volumeNameSize, volumeNameSize, done);
+    return noted("GetVolumeInformationW", fromWide(root), QString::number(fileSystemNameSize), volumeNameSize,
+                 volumeNameSize, done);
 }
 
 BOOL WINAPI GetDiskFreeSpaceExW(LPCWSTR root, PULARGE_INTEGER freeToCaller, PULARGE_INTEGER total,
@@ -228,7 +228,7 @@ DWORD WINAPI ExpandEnvironmentStringsW(LPCWSTR source, LPWSTR buffer, DWORD size
 BOOL WINAPI SHGetSpecialFolderPathW(HWND owner, LPWSTR path, int folder, BOOL create)
 {
     return noted("SHGetSpecialFolderPathW", QString(), QString::number(folder), 0, 0,
-                 real.SHGetSpecialFolderPathW(owner, path, folder, create));
+                 real.SHGetSpecialFolderPathW(owner, path, folder, create), quint32(create));
 }
 
 int WINAPIV wsprintfW(LPWSTR buffer, LPCWSTR format, ...)
@@ -289,13 +289,13 @@ FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name)
 LPVOID WINAPI HeapAlloc(HANDLE heap, DWORD flags, SIZE_T bytes)
 {
     const LPVOID memory = real.HeapAlloc(heap, flags, bytes);
-    noted("HeapAlloc", QString(), QString(), bytes, bytes, int(memory != nullptr));
+    noted("HeapAlloc", QString(), QString(), bytes, bytes, int(memory != nullptr), flags);
     return memory;
 }
 
 BOOL WINAPI HeapFree(HANDLE heap, DWORD flags, LPVOID memory)
 {
-    return noted("HeapFree", QString(), QString(), 0, 0, real.HeapFree(heap, flags, memory));
+    return noted("HeapFree", QString(), QString(), 0, 0, real.HeapFree(heap, flags, memory), flags);
 }
 
 DWORD WINAPI GetAdaptersInfo(PIP_ADAPTER_INFO adapters, PULONG size)

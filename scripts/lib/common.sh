@@ -25,7 +25,7 @@ build() {
   mkdir -p "$repo_dir/build"
   (
     flock 8
-    cd "$repo_dir"
+    cd "$repo_dir" || exit
     if ! [ -e "build/$preset/build.ninja" ]; then
       say "Configuring $preset"
       run_quietly cmake --preset "$preset"
@@ -50,6 +50,16 @@ run_quietly() {
 # server of its own. OpenGL needs one.
 with_display() {
   if [ -n "${DISPLAY:-}" ]; then "$@"; else xvfb-run -a -s '-screen 0 1280x1024x24' "$@"; fi
+}
+
+# keep_display ARGUMENT...: starts the script again with a display for all that it runs, where
+# there is none. The desktop that Wine starts with its first program goes on without OpenGL,
+# for every later program, when that program had no display.
+keep_display() {
+  [ -z "${DISPLAY:-}" ] || return 0
+  local status=0
+  with_display "$0" "$@" || status=$?
+  exit "$status"
 }
 
 # Environment for wine: a prefix of the project's own, silent, our DLLs found.

@@ -57,8 +57,9 @@ class Variant(NamedTuple):
 
 
 class ScratchBuild:
-    def __init__(self, project, directory):
+    def __init__(self, project, directory, only_tests=()):
         self.project = pathlib.Path(project)
+        self.only_tests = only_tests # by name; empty: all of them
         self.directory = pathlib.Path(directory).resolve()
         self.source = self.directory / 'source'
         self.build = self.directory / 'build'
@@ -75,7 +76,7 @@ class ScratchBuild:
                        f'-DCMAKE_CXX_FLAGS={FLAGS}', '-DCMAKE_EXPORT_COMPILE_COMMANDS=ON',
                        f'-DCMAKE_EXE_LINKER_FLAGS=-Wl,-rpath,{self.changed} -Wl,--enable-new-dtags',
                        '-DCMAKE_SHARED_LINKER_FLAGS=-fuse-ld=gold') # the fast one
-        self._call('cmake', '--build', self.build, '--target', 'quick_tests', '--', '-j2')
+        self._call('cmake', '--build', self.build, '--target', 'vkSystemInfo', *self._programs(), '--', '-j2')
         self.tests = {description['name']: Test(description) for description in self._descriptions_of_tests()}
         self._read_commands()
 
@@ -132,9 +133,21 @@ class ScratchBuild:
     def _versioned(self, library):
         return 'bin/' + next(p.name for p in (self.build / 'bin').glob(library + '.*.*.*'))
 
+    def _programs(self):
+        """The test programs; ctest names no command before its program is built."""
+        wanted = {description['name'] for description in self._descriptions_of_tests()}
+        programs = set()
+        for file in self.build.rglob('CTestTestfile.cmake'):
+            for line in file.read_text().splitlines():
+                test = re.match(r'add_test\(\[?=?\[?(\w+)', line)
+                if test and test.group(1) in wanted:
+                    programs.update(re.findall(r'/bin/(test_\w+)"', line))
+        return sorted(programs)
+
     def _descriptions_of_tests(self):
         shown = subprocess.run(['ctest', '--show-only=json-v1'], cwd=self.build, check=True, capture_output=True, text=True)
-        return [d for d in json.loads(shown.stdout)['tests'] if not OTHER_TESTS.match(d['name'])]
+        return [d for d in json.loads(shown.stdout)['tests']
+                if not OTHER_TESTS.match(d['name']) and (not self.only_tests or d['name'] in self.only_tests)]
 
     def variant(self, slot, name, text):
         """The library with another text of one source; None when it does not compile."""

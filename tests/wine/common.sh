@@ -55,12 +55,15 @@ keep_a_window() {
 # the registry: adapters, drivers, devices, products. The video adapters as keys that
 # last as long as Windows is up.
 import_workstation() {
-  local folder; folder=$(mktemp -d)
-  awk '
-    /^\[/ {
-      wanted = /\\Control\\Class|\\Enum\\|\\DEVICEMAP\\|SharedDLLs|OpenGLDrivers|OEMInformation|^\[HKEY_CLASSES_ROOT|^\[HKEY_CURRENT_USER/
-    }
-    NR == 1 || wanted' "$MACHINES/workstation/registry.reg" > "$folder/keys.reg"
+  local folder line wanted=yes # the file's first line, too
+  local keys='\\Control\\Class|\\Enum\\|\\DEVICEMAP\\|SharedDLLs|OpenGLDrivers|OEMInformation|^\[HKEY_(CLASSES_ROOT|CURRENT_USER)'
+  folder=$(mktemp -d)
+  while IFS= read -r line; do
+    if [[ $line == '['* ]]; then
+      if [[ $line =~ $keys ]]; then wanted=yes; else wanted=; fi
+    fi
+    [ -z "$wanted" ] || printf '%s\n' "$line"
+  done < "$MACHINES/workstation/registry.reg" > "$folder/keys.reg"
   { printf '\xff\xfe'; iconv -f UTF-8 -t UTF-16LE "$folder/keys.reg"; } > "$folder/keys16.reg"
   wine_change regedit /S "$folder/keys16.reg"
   wine_change "$IMPORT_REGISTRY" "$MACHINES/workstation/registry.reg" 'SYSTEM\CurrentControlSet\Control\Video'
