@@ -12,6 +12,7 @@ using KeyPointer = std::shared_ptr<RegistryKey>;
 
 void copyKey(const RegistryKey &from, RegistryKey &to)
 {
+    to.setDenied(from.isDenied());
     for (const machine::RegistryValue &value : from.values())
         to.setValue(value);
     for (std::size_t i = 0; i < from.subKeyCount(); ++i) {
