@@ -125,8 +125,8 @@ void ExportedTextsTest::aLiteralIsFound()
 {
     const QString literal = QStringLiteral("a literal");
     const QString emptyLiteral = QStringLiteral("");
-    QVERIFY(moduleOf(literal).endsWith("tst_exported_texts"));
-    QVERIFY(moduleOf(emptyLiteral).endsWith("tst_exported_texts"));
+    QVERIFY(moduleOf(literal).endsWith("test_exported_texts"));
+    QVERIFY(moduleOf(emptyLiteral).endsWith("test_exported_texts"));
     QCOMPARE(moduleOf(QString::fromRawData(literal.constData(), 2)), moduleOf(literal));
     QCOMPARE(moduleOf(QString::fromLatin1("a copy")), QByteArray());
     QCOMPARE(moduleOf(QString()), QByteArray());
