@@ -71,7 +71,6 @@ use_wine() {
   export WINEDLLOVERRIDES="${WINEDLLOVERRIDES:-mscoree,mshtml=};winemenubuilder.exe=d"
   local runtime; runtime=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-file-name=libstdc++-6.dll)")
   export WINEPATH="$qt/bin;$runtime;/usr/x86_64-w64-mingw32/lib${WINEPATH:+;$WINEPATH}"
-  export QT_PLUGIN_PATH="${QT_PLUGIN_PATH:-$qt/plugins}"
   unset TZ # the Windows run-time library takes a zone's name for one of its own form
   mkdir -p "$(dirname "$WINEPREFIX")"
   mark_new_prefix
