@@ -16,6 +16,7 @@
 #include <time.h>
 
 // Every call of the sections that a journal of the simulated Windows can hold.
+// clang-format off: a list, which would be nested
 #define EACH_CALL(HOOK)                                                                                                \
     HOOK(RegOpenKeyExA) HOOK(RegCloseKey) HOOK(RegQueryValueExA) HOOK(RegQueryValueExW) HOOK(RegEnumKeyExA)            \
     HOOK(RegEnumKeyExW) HOOK(RegEnumKeyA) HOOK(RegEnumValueA) HOOK(GetSystemRegistryQuota) HOOK(GetVersionExA)         \
@@ -25,6 +26,7 @@
     HOOK(GetSystemWow64DirectoryW) HOOK(ExpandEnvironmentStringsW) HOOK(SHGetSpecialFolderPathW) HOOK(wsprintfW)       \
     HOOK(GetModuleHandleW) HOOK(LoadLibraryW) HOOK(FreeLibrary) HOOK(GetProcAddress) HOOK(HeapAlloc) HOOK(HeapFree)    \
     HOOK(GetAdaptersInfo) HOOK(_localtime32_s) HOOK(asctime_s) HOOK(EnumProcessModules) HOOK(GetModuleFileNameExW)
+// clang-format on
 
 // A name may be a macro for another one, as those of psapi.h are.
 #define PLACE_OF(name) __imp_##name

@@ -53,8 +53,8 @@ int asctime_s(char *buffer, size_t size, const struct tm *time)
     static const char days[] = "SunMonTueWedThuFriSat";
     static const char months[] = "JanFebMarAprMayJunJulAugSepOctNovDec";
     // The day as the Universal C run-time library writes it; the older msvcrt has "%02d".
-    qsnprintf(buffer, int(size), "%.3s %.3s %2d %02d:%02d:%02d %04d\n", days + 3 * time->tm_wday,
-              months + 3 * time->tm_mon, time->tm_mday, time->tm_hour, time->tm_min, time->tm_sec,
+    qsnprintf(buffer, int(size), "%.3s %.3s %2d %02d:%02d:%02d %04d\n", days + 3 * std::size_t(time->tm_wday),
+              months + 3 * std::size_t(time->tm_mon), time->tm_mday, time->tm_hour, time->tm_min, time->tm_sec,
               time->tm_year + 1900);
     return int(scope.status(scope.lateFault() ? EINVAL : 0));
 }

@@ -73,7 +73,7 @@ bool checkDnssdLibrary(const wchar_t *libraryFileName, int &errorCode, QString &
 // A failure has two blanks behind the colon: the report's format.
 QString formatDnssdStatus(QString label, bool installed, int errorCode, const QString &version)
 {
-    QString text = label;
+    QString text = std::move(label);
     if (!installed)
         return text + QStringLiteral("not installed.") + newline;
     text += QStringLiteral("installed.") + newline + QStringLiteral("DNS-SD version: ");
