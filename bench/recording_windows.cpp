@@ -16,7 +16,8 @@
 #include <time.h>
 
 // Every call of the sections that a journal of the simulated Windows can hold.
-// clang-format off: a list, which would be nested
+// Formatted by hand: clang-format nests the items.
+// clang-format off
 #define EACH_CALL(HOOK)                                                                                                \
     HOOK(RegOpenKeyExA) HOOK(RegCloseKey) HOOK(RegQueryValueExA) HOOK(RegQueryValueExW) HOOK(RegEnumKeyExA)            \
     HOOK(RegEnumKeyExW) HOOK(RegEnumKeyA) HOOK(RegEnumValueA) HOOK(GetSystemRegistryQuota) HOOK(GetVersionExA)         \

@@ -24,6 +24,6 @@ Pointer make_checked_array_iterator(Pointer pointer, std::size_t, std::size_t = 
 
 // Mingw-w64's classes do not carry the identifiers that __uuidof returns. Only inline
 // functions of its headers use it, and nothing here calls those.
-// clang-format off: braces that are no block
+// clang-format off
 #define __uuidof(...) GUID{}
 // clang-format on
