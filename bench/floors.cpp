@@ -46,25 +46,25 @@ void askDateTime()
 void askApplication()
 {
     KeepAll {QCoreApplication::libraryPaths(), QCoreApplication::applicationVersion(), QCoreApplication::applicationName(),
-            QCoreApplication::applicationDirPath(), QCoreApplication::applicationFilePath(),
-            QCoreApplication::applicationPid(), QCoreApplication::organizationDomain(),
-            QCoreApplication::organizationName()};
+             QCoreApplication::applicationDirPath(), QCoreApplication::applicationFilePath(),
+             QCoreApplication::applicationPid(), QCoreApplication::organizationDomain(),
+             QCoreApplication::organizationName()};
 }
 
 void askLocale()
 {
     const QLocale locale = QLocale::system();
     KeepAll {QLocale::countryToString(locale.country()), QLocale::languageToString(locale.language()),
-            locale.measurementSystem()};
+             locale.measurementSystem()};
 }
 
 void askScreens()
 {
     for (const QScreen *screen : QGuiApplication::screens()) {
         KeepAll {screen->name(), screen->manufacturer(), screen->physicalDotsPerInchX(), screen->physicalDotsPerInchY(),
-                screen->logicalDotsPerInchX(), screen->logicalDotsPerInchY(), screen->devicePixelRatio(),
-                screen->refreshRate(), screen->physicalSize(), screen->size(), screen->size(), screen->depth(),
-                screen->orientation(), screen->nativeOrientation(), screen->primaryOrientation()};
+                 screen->logicalDotsPerInchX(), screen->logicalDotsPerInchY(), screen->devicePixelRatio(),
+                 screen->refreshRate(), screen->physicalSize(), screen->size(), screen->size(), screen->depth(),
+                 screen->orientation(), screen->nativeOrientation(), screen->primaryOrientation()};
     }
 }
 
@@ -75,7 +75,7 @@ void askDesktop()
     KeepAll {QGuiApplication::desktopFileName(), primary ? primary->name() : QString()};
     for (const QScreen *screen : screens) {
         KeepAll {screen->geometry(), screen->availableGeometry(), screen->availableVirtualGeometry(),
-                screen->virtualSiblings()};
+                 screen->virtualSiblings()};
     }
 }
 
@@ -109,7 +109,7 @@ void askNetworkInterfaces()
 {
     for (const QNetworkInterface &networkInterface : QNetworkInterface::allInterfaces()) {
         KeepAll {networkInterface.index(), networkInterface.humanReadableName(), networkInterface.flags(),
-                networkInterface.hardwareAddress()};
+                 networkInterface.hardwareAddress()};
         for (const QNetworkAddressEntry &entry : networkInterface.addressEntries())
             KeepAll {entry.ip(), entry.netmask(), entry.broadcast()};
     }
@@ -268,7 +268,8 @@ Subject together(const char *name, QString (*text)(), std::vector<FloorPointer> 
     return {name, text, [floors = std::move(floors)] {
                 for (const FloorPointer &floor : floors)
                     floor->run();
-            }, calls};
+            },
+            calls};
 }
 
 } // namespace
@@ -297,8 +298,10 @@ std::vector<Subject> makeSubjects(const Recordings &recordings, bool withOpenGL)
     }
     std::vector<Subject> subjects;
     if (withOpenGL)
-        subjects.push_back(together("allInfos(false)", [] { return allInfos(false); }, all));
-    subjects.push_back(together("allInfos(true)", [] { return allInfos(true); }, withoutOpenGL));
+        subjects.push_back(together(
+            "allInfos(false)", [] { return allInfos(false); }, all));
+    subjects.push_back(together(
+        "allInfos(true)", [] { return allInfos(true); }, withoutOpenGL));
     subjects.push_back(together("allWinInfos", allWinInfos, windowsHalf));
     for (const FloorPointer &floor : all)
         subjects.push_back(together(floor->section.name, floor->section.text, {floor}));

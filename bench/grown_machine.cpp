@@ -80,7 +80,8 @@ std::size_t growProducts(Machine &machine, std::size_t factor)
     const auto &registry = machine.registry;
     return multiplySubKeys(machine::findKey(registry.root(RegistryRoot::ClassesRoot), products), factor)
         + multiplySubKeys(machine::findKey(registry.root(RegistryRoot::CurrentUser),
-                                           QStringLiteral("Software\\Microsoft\\") + products), factor);
+                                           QStringLiteral("Software\\Microsoft\\") + products),
+                          factor);
 }
 
 std::size_t growDisplayAdapters(Machine &machine, std::size_t factor)

@@ -120,8 +120,10 @@ QStringList growthProblems(const QString &folder)
             const double late = slope(tenTimes, hundredTimes, unit);
             if (std::abs(late - early) > tolerance * early)
                 problems += QStringLiteral("%1: an item costs %2 %3 between 1 and 10 times the machine, %4 up to 100 times")
-                                .arg(QLatin1String(kind.name)).arg(early)
-                                .arg(unit == &Cost::calls ? QLatin1String("calls") : QLatin1String("allocations")).arg(late);
+                                .arg(QLatin1String(kind.name))
+                                .arg(early)
+                                .arg(unit == &Cost::calls ? QLatin1String("calls") : QLatin1String("allocations"))
+                                .arg(late);
         }
     }
     return problems;

@@ -11,17 +11,20 @@ using namespace bench;
 
 namespace {
 
-enum ExitCode { Done = 0, Failed = 1, WrongUsage = 2 };
+enum ExitCode {
+    Done = 0,
+    Failed = 1,
+    WrongUsage = 2,
+};
 
-const char usage[] =
-    "usage: vkbench [--opengl] COMMAND\n"
-    "  check              that each floor makes the library's calls, and growth is even\n"
-    "  record FILE        writes the calls of each section\n"
-    "  warm               calls, text, allocations and instructions, where they are counted\n"
-    "  cold FILE NAME SIDE   the first call in a process; FILE is what 'record' wrote\n"
-    "  time RUNS [NAME]...   times of both sides in turn, of these or of everything\n"
-    "  growth FACTOR [KIND]   the report about a machine that has so many times as much\n"
-    "  names              what is measured\n";
+const char usage[] = "usage: vkbench [--opengl] COMMAND\n"
+                     "  check              that each floor makes the library's calls, and growth is even\n"
+                     "  record FILE        writes the calls of each section\n"
+                     "  warm               calls, text, allocations and instructions, where they are counted\n"
+                     "  cold FILE NAME SIDE   the first call in a process; FILE is what 'record' wrote\n"
+                     "  time RUNS [NAME]...   times of both sides in turn, of these or of everything\n"
+                     "  growth FACTOR [KIND]   the report about a machine that has so many times as much\n"
+                     "  names              what is measured\n";
 
 void complain(const QString &message)
 {

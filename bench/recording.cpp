@@ -30,7 +30,10 @@ QString toText(const Call &call)
 {
     return QStringLiteral("%1 '%2' '%3' access 0x%4 size %5 -> %6, result %7")
         .arg(QString::fromLatin1(call.name), call.key, call.value)
-        .arg(call.access, 0, 16).arg(call.sizeIn).arg(call.sizeOut).arg(call.result);
+        .arg(call.access, 0, 16)
+        .arg(call.sizeIn)
+        .arg(call.sizeOut)
+        .arg(call.result);
 }
 
 QString difference(const std::vector<Call> &one, const std::vector<Call> &other)
@@ -42,7 +45,10 @@ QString difference(const std::vector<Call> &one, const std::vector<Call> &other)
             return i < calls.size() ? toText(calls[i]) : QStringLiteral("no more calls");
         };
         return QStringLiteral("call %1 of %2 and %3:\n  %4\n  %5")
-            .arg(i + 1).arg(one.size()).arg(other.size()).arg(text(one), text(other));
+            .arg(i + 1)
+            .arg(one.size())
+            .arg(other.size())
+            .arg(text(one), text(other));
     }
     return QString();
 }

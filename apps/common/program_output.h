@@ -4,7 +4,11 @@
 
 #include <QtCore/QString>
 
-enum ExitCode { Done = 0, Failed = 1, WrongUsage = 2 };
+enum ExitCode {
+    Done = 0,
+    Failed = 1,
+    WrongUsage = 2,
+};
 
 /// Writes \a text to standard output as UTF-8, line feeds as they are.
 bool writeToStandardOutput(const QString &text);

@@ -41,38 +41,48 @@ std::vector<Wanted> machineKeys(const QString &windowsDirectory)
 {
     const RegistryRoot root = RegistryRoot::LocalMachine;
     std::vector<Wanted> keys = {
-        {root, "Hardware\\Description\\System", {"SystemBiosVersion", "SystemBIOSDate", "VideoBiosVersion", "VideoBIOSDate"}},
-        {root, "Hardware\\Description\\System\\CentralProcessor\\*",
+        {root,
+         "Hardware\\Description\\System",
+         {"SystemBiosVersion", "SystemBIOSDate", "VideoBiosVersion", "VideoBIOSDate"}},
+        {root,
+         "Hardware\\Description\\System\\CentralProcessor\\*",
          {"ProcessorNameString", "VendorIdentifier", "Identifier", "MMXIdentifier", "~MHZ", "FeatureSet"}},
-        {root, "SYSTEM\\CurrentControlSet\\Control\\SystemInformation",
+        {root,
+         "SYSTEM\\CurrentControlSet\\Control\\SystemInformation",
          {"BIOSReleaseDate", "BIOSVersion", "SystemManufacturer", "SystemProductName", "InformationSource"}},
-        {root, "SYSTEM\\CurrentControlSet\\Control\\TimeZoneInformation",
+        {root,
+         "SYSTEM\\CurrentControlSet\\Control\\TimeZoneInformation",
          {"ActiveTimeBias", "Bias", "DaylightBias", "StandardBias", "DaylightName", "StandardName"}},
         {root, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\OEMInformation", {"Manufacturer", "Model"}},
-        {root, "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion",
+        {root,
+         "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion",
          {"CurrentMajorVersionNumber", "CurrentMinorVersionNumber", "CurrentVersion", "CurrentBuildNumber", "UBR",
           "ProductId", "EditionID", "ReleaseId", "DisplayVersion", "PathName", "ProductName", "RegisteredOwner",
           "RegisteredOrganization", "CSDVersion", "CSDBuildNumber"}},
         {root, "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\OpenGLDrivers", {}},
         {root, "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\OpenGLDrivers\\*", {"dll"}},
-        {root, "Software\\Microsoft\\Internet Explorer",
+        {root,
+         "Software\\Microsoft\\Internet Explorer",
          {"Version", "svcVersion", "IVer", "Build", "svcUpdateVersion", "svcKBNumber", "W2kVersion"}},
         {root, "SYSTEM\\CurrentControlSet\\Control\\Video\\*", {}},
         {root, "SYSTEM\\CurrentControlSet\\Control\\Video\\*\\*", videoValues()},
         {root, "SYSTEM\\CurrentControlSet\\Control\\Class\\*", {"Class"}},
-        {root, "SYSTEM\\CurrentControlSet\\Control\\Class\\*\\*",
+        {root,
+         "SYSTEM\\CurrentControlSet\\Control\\Class\\*\\*",
          {"DriverDesc", "DriverVersion", "DriverDate", "ProviderName", "MatchingDeviceId", "InfPath", "InfSection",
           "InfSectionExt", "DeviceType", "DeviceCharacteristics"}},
         {root, "HARDWARE\\DEVICEMAP\\PARALLEL PORTS", {"*"}},
         {root, "HARDWARE\\DEVICEMAP\\SERIALCOMM", {"*"}},
-        {root, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\SharedDLLs",
+        {root,
+         "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\SharedDLLs",
          {windowsDirectory + "\\system32\\vkdnssd.dll"}},
     };
     for (const char *enumerator : {"FDC", "IDE", "SCSI", "USBSTOR"}) {
         const QString path = QStringLiteral("SYSTEM\\CurrentControlSet\\Enum\\") + QLatin1String(enumerator);
         keys.push_back({root, path, {}});
         keys.push_back({root, path + "\\*", {}});
-        keys.push_back({root, path + "\\*\\*",
+        keys.push_back({root,
+                        path + "\\*\\*",
                         {"Class", "DeviceDesc", "FriendlyName", "LocationInformation", "HardwareID", "Service"}});
     }
     return keys;

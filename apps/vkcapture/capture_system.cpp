@@ -191,7 +191,8 @@ void folders(SystemAnswers &system)
     for (int folder : {CSIDL_PERSONAL, CSIDL_PROGRAMS, CSIDL_PROGRAM_FILES, CSIDL_LOCAL_APPDATA, CSIDL_APPDATA}) {
         wchar_t path[MAX_PATH] = {};
         system.SHGetSpecialFolderPath[folder] = SHGetSpecialFolderPathW(nullptr, path, folder, FALSE)
-            ? given(text(path)) : failed<QString>();
+            ? given(text(path))
+            : failed<QString>();
     }
     if (!system.GetSystemWindowsDirectory)
         return;

@@ -8,13 +8,13 @@
 // Used by Qt's containers.
 namespace stdext {
 
-template<typename Pointer>
+template <typename Pointer>
 Pointer make_unchecked_array_iterator(Pointer pointer)
 {
     return pointer;
 }
 
-template<typename Pointer>
+template <typename Pointer>
 Pointer make_checked_array_iterator(Pointer pointer, std::size_t, std::size_t = 0)
 {
     return pointer;

@@ -14,10 +14,10 @@ constexpr QChar unknownPair(0x30fb); // what 932 has for bytes that mean nothing
 
 struct Tables
 {
-    std::array<ushort, 256> single {};  // the unit that a byte alone stands for
-    std::array<bool, 256> lead {};      // the byte starts a pair
-    QHash<ushort, ushort> pairs;        // the unit that a pair stands for
-    QHash<ushort, QByteArray> bytes;    // and back
+    std::array<ushort, 256> single {}; // the unit that a byte alone stands for
+    std::array<bool, 256> lead {};     // the byte starts a pair
+    QHash<ushort, ushort> pairs;       // the unit that a pair stands for
+    QHash<ushort, QByteArray> bytes;   // and back
 };
 
 class Decoder

@@ -8,13 +8,16 @@
 
 namespace simulated {
 
-enum class HandleKind { Key, Library };
+enum class HandleKind {
+    Key,
+    Library,
+};
 
 struct Handle
 {
     HandleKind kind;
-    QString openedFor;                          // a key's full path, a library's name
-    std::shared_ptr<machine::RegistryKey> key;  // null for a library
+    QString openedFor;                         // a key's full path, a library's name
+    std::shared_ptr<machine::RegistryKey> key; // null for a library
 };
 
 class HandleTable

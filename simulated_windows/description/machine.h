@@ -138,7 +138,7 @@ struct SystemAnswers
     QMap<QString, DriveRecord> drives; // by upper-cased root
     Answer<QString> GetSystemWindowsDirectory;
     Answer<QString> GetSystemWow64Directory;
-    QMap<QString, QString> environment; // by upper-cased name
+    QMap<QString, QString> environment;          // by upper-cased name
     QMap<int, quint32> ExpandEnvironmentStrings; // errors by template index
     QMap<int, Answer<QString>> SHGetSpecialFolderPath;
     Answer<std::vector<std::optional<QString>>> EnumProcessModules;

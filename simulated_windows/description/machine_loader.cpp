@@ -45,13 +45,12 @@ std::optional<Machine> loadMachine(const QString &folder, QString &error)
     }
     Machine machine;
     const bool read = readFile(directory.filePath(QStringLiteral("registry.reg")), error,
-                               [&](const QByteArray &contents, QString &message, int &line) {
-                                   return readRegistryFile(contents, machine.registry, message, line);
-                               })
+                               [&](const QByteArray &contents, QString &message,
+                                   int &line) { return readRegistryFile(contents, machine.registry, message, line); })
         && readFile(directory.filePath(QStringLiteral("system.json")), error,
                     [&](const QByteArray &contents, QString &message, int &line) {
-                        return readSystemFile(contents, machine, message, line);
-                    });
+        return readSystemFile(contents, machine, message, line);
+                      });
     if (!read)
         return std::nullopt;
     return machine;

@@ -59,8 +59,9 @@ QString valueLine(const RegistryValue &value)
     if (isPlainText(value, text))
         return name + QStringLiteral("=\"") + escaped(text) + QLatin1Char('"');
     if (value.type == numberType && value.data.size() == 4) {
-        return name + QStringLiteral("=dword:%1")
-                          .arg(qFromLittleEndian<quint32>(value.data.constData()), 8, 16, QLatin1Char('0'));
+        return name
+            + QStringLiteral("=dword:%1")
+                  .arg(qFromLittleEndian<quint32>(value.data.constData()), 8, 16, QLatin1Char('0'));
     }
     const QString kind = value.type == binaryType ? QStringLiteral("=hex:")
                                                   : QStringLiteral("=hex(%1):").arg(value.type, 0, 16);

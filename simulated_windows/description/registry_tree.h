@@ -58,7 +58,12 @@ private:
 };
 
 /// The four roots that a description can fill; they do not mirror each other.
-enum class RegistryRoot { ClassesRoot, CurrentUser, LocalMachine, Users };
+enum class RegistryRoot {
+    ClassesRoot,
+    CurrentUser,
+    LocalMachine,
+    Users,
+};
 
 class Registry
 {

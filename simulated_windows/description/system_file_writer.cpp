@@ -168,8 +168,8 @@ QJsonValue textOrFailure(const Answer<QString> &answer)
 void addNames(QJsonObject &object, const SystemAnswers &system)
 {
     const bool noName = system.GetComputerNameEx.isEmpty() && system.computerNamesError;
-    object.insert(QStringLiteral("GetComputerNameEx"), noName ? failure(system.computerNamesError)
-                                                              : numbered(system.GetComputerNameEx, textOrFailure));
+    object.insert(QStringLiteral("GetComputerNameEx"),
+                  noName ? failure(system.computerNamesError) : numbered(system.GetComputerNameEx, textOrFailure));
     object.insert(QStringLiteral("GetUserName"), textOrFailure(system.GetUserName));
 }
 

@@ -94,10 +94,12 @@ QString winsLines(const IP_ADAPTER_INFO &adapter)
     if (adapter.HaveWins) {
         text += QStringLiteral("Primary WINS Server: %1, %2")
                     .arg(addressText(adapter.PrimaryWinsServer))
-                    .arg(maskText(adapter.PrimaryWinsServer)) + newline;
+                    .arg(maskText(adapter.PrimaryWinsServer))
+            + newline;
         text += QStringLiteral("Secondary WINS Server: %1, %2")
                     .arg(addressText(adapter.SecondaryWinsServer))
-                    .arg(maskText(adapter.SecondaryWinsServer)) + newline;
+                    .arg(maskText(adapter.SecondaryWinsServer))
+            + newline;
     }
     return text;
 }

@@ -17,7 +17,11 @@ QString sizeLines(const QSizeF &millimetres)
     const double height = millimetres.height();
     const double diagonal = std::sqrt(width * width + height * height);
     return QStringLiteral("  PhysicalSize (width x height): %1mm x %2mm  %3inch x %4inch")
-               .arg(width).arg(height).arg(width / millimetresPerInch).arg(height / millimetresPerInch) + newline
+               .arg(width)
+               .arg(height)
+               .arg(width / millimetresPerInch)
+               .arg(height / millimetresPerInch)
+        + newline
         + QStringLiteral("                diagonal: %1mm %2inch").arg(diagonal).arg(diagonal / millimetresPerInch) + newline;
 }
 

@@ -18,7 +18,10 @@ public:
 
     explicit operator bool() const { return m_memory != nullptr; }
     template <typename T>
-    T *as() const { return static_cast<T *>(m_memory); }
+    T *as() const
+    {
+        return static_cast<T *>(m_memory);
+    }
 
     /// Gives the memory back and takes other memory of that size.
     void replace(SIZE_T bytes)

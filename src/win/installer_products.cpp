@@ -32,7 +32,8 @@ QString versionLine(HKEY key)
                .arg(value >> 24)
                .arg(value >> 16 & 0xff)
                .arg(value & 0xffff)
-               .arg(value, 0, 16) + newline;
+               .arg(value, 0, 16)
+        + newline;
 }
 
 void appendHexadecimalLine(QString &text, HKEY key, const TextValue &value)

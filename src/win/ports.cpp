@@ -13,7 +13,8 @@ bool enumerateValue(HKEY key, DWORD index, TextBuffer &name, TextBuffer &data)
     DWORD dataSize = valueBufferSize;
     DWORD type = 0;
     return RegEnumValueA(key, index, name.data(), &nameSize, nullptr, &type, reinterpret_cast<LPBYTE>(data.data()),
-                         &dataSize) == LSTATUS(ERROR_SUCCESS);
+                         &dataSize)
+        == LSTATUS(ERROR_SUCCESS);
 }
 
 } // namespace

@@ -77,14 +77,16 @@ QString processorInfo()
     text += QStringLiteral("%1         %2 = 0x%3")
                 .arg(QStringLiteral("Processor revision:"))
                 .arg(revision)
-                .arg(revision, 4, 16, QLatin1Char('0')) + newline;
+                .arg(revision, 4, 16, QLatin1Char('0'))
+        + newline;
     text += QStringLiteral("Processor level:            %1").arg(uint(info.wProcessorLevel)) + newline;
     text += QStringLiteral("Page size:                  %1").arg(info.dwPageSize) + newline;
     text += address("Minimum Application Address 0x%1", info.lpMinimumApplicationAddress);
     text += address("Maximum Application Address 0x%1", info.lpMaximumApplicationAddress);
     text += QStringLiteral("Allocation Granularity:     %1 = 0x%2")
                 .arg(granularity)
-                .arg(granularity, 8, 16, QLatin1Char('0')) + newline;
+                .arg(granularity, 8, 16, QLatin1Char('0'))
+        + newline;
     return text;
 }
 

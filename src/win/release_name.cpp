@@ -15,8 +15,15 @@ enum Suite : quint16 {
     HomeServer = 0x8000
 };
 
-enum ProductType : quint8 { Workstation = 1, DomainController = 2, Server = 3 };
-enum Architecture : quint16 { Itanium = 6, X64 = 9 };
+enum ProductType : quint8 {
+    Workstation = 1,
+    DomainController = 2,
+    Server = 3,
+};
+enum Architecture : quint16 {
+    Itanium = 6,
+    X64 = 9,
+};
 
 constexpr quint32 firstBuildOfWindows11 = 22000;
 

@@ -89,7 +89,8 @@ bool memorySize(HKEY key, quint64 &bytes)
 {
     DWORD size = sizeof bytes;
     if (RegQueryValueExA(key, "HardwareInformation.qwMemorySize", nullptr, nullptr, reinterpret_cast<LPBYTE>(&bytes),
-                         &size) == LSTATUS(ERROR_SUCCESS))
+                         &size)
+        == LSTATUS(ERROR_SUCCESS))
         return true;
     NumberBuffer number;
     const bool known = number.query(key, "HardwareInformation.MemorySize");

@@ -88,7 +88,10 @@ QString numbersBlock(const OSVERSIONINFOEXA &version, const RegistryVersion &reg
 {
     QString text = QStringLiteral("Version (major.minor.build): ") + newline;
     text += QStringLiteral("From GetVersionEx: %1.%2.%3")
-                .arg(version.dwMajorVersion).arg(version.dwMinorVersion).arg(version.dwBuildNumber) + newline;
+                .arg(version.dwMajorVersion)
+                .arg(version.dwMinorVersion)
+                .arg(version.dwBuildNumber)
+        + newline;
     if (!registryKnown)
         return text;
     text += QStringLiteral("From registry:     %1.%2.%3").arg(registry.major).arg(registry.minor).arg(registry.build);

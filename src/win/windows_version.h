@@ -23,11 +23,11 @@ struct ReleaseFacts
 {
     quint32 major = 0; // from GetVersionExA
     quint32 minor = 0;
-    QString servicePack; // szCSDVersion of the same call
+    QString servicePack;   // szCSDVersion of the same call
     quint16 suiteMask = 0; // from GetVersionExW
     quint8 productType = 0;
-    quint16 architecture = 0;    // from GetSystemInfo
-    bool isServerR2 = false;     // GetSystemMetrics(SM_SERVERR2)
+    quint16 architecture = 0; // from GetSystemInfo
+    bool isServerR2 = false;  // GetSystemMetrics(SM_SERVERR2)
     RegistryVersion registry;
     std::optional<quint32> editionCode; // from GetProductInfo; not given where that is not exported
 };

@@ -13,7 +13,8 @@ class [[maybe_unused]] AnsweringWindows
 {
 public:
 #ifdef SIMULATED_WINDOWS
-    AnsweringWindows() : m_windows(DescribedWindows::load(QStringLiteral("workstation"))) { }
+    AnsweringWindows() : m_windows(DescribedWindows::load(QStringLiteral("workstation")))
+    { }
 
     void setVariable(const QString &name, const QString &value)
     {
@@ -36,8 +37,8 @@ struct TextAnswer
     QString text;
     DWORD result;
     DWORD size;
-    bool untouched;   // nothing was written
-    bool withinRoom;  // nothing was written behind text and terminator
+    bool untouched;  // nothing was written
+    bool withinRoom; // nothing was written behind text and terminator
 };
 
 /// Calls \a get with a buffer of \a room units, which it may change through its last

@@ -48,9 +48,9 @@ inline bool runsUnderWine()
 
 /// Names how Wine's answer to the next comparison differs from that of Windows NT;
 /// empty: not at all. The test fails on the day Wine answers as Windows NT does.
-#define WINE_DEVIATES(how)                                                                         \
-    do {                                                                                           \
-        const QByteArray deviationOfWine = (how);                                                  \
-        if (runsUnderWine() && !deviationOfWine.isEmpty())                                         \
-            QEXPECT_FAIL("", deviationOfWine.constData(), Continue);                               \
-    } while (false)
+#define WINE_DEVIATES(how)                                     \
+  do {                                                         \
+    const QByteArray deviationOfWine = (how);                  \
+    if (runsUnderWine() && !deviationOfWine.isEmpty())         \
+      QEXPECT_FAIL("", deviationOfWine.constData(), Continue); \
+  } while (false)

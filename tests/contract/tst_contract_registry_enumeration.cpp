@@ -26,7 +26,10 @@ private Q_SLOTS:
 
 namespace {
 
-enum Form { Ansi, Wide };
+enum Form {
+    Ansi,
+    Wide,
+};
 
 DWORD unitSize(Form form)
 {
@@ -106,7 +109,8 @@ void ContractRegistryEnumerationTest::subKeyNames_data()
     row("A: past the end", Ansi, 3, 32, "259, size 32: ");
     row("A: far past the end", Ansi, 0xffff, 32, "259, size 32: ");
     row("A: past the end without room", Ansi, 3, 0, "259, size 0: ");
-    row("W: the first", Wide, 0, 32, "0, size 5: 41006c0070006800610000" "00");
+    row("W: the first", Wide, 0, 32, "0, size 5: 41006c0070006800610000"
+                                     "00");
     row("W: the second", Wide, 1, 32, "0, size 4: 42006500740061000000");
     row("W: every code unit is kept", Wide, 2, 32, "0, size 2: c40016040000");
     row("W: fits exactly, with its terminator", Wide, 1, 5, "0, size 4: 42006500740061000000");
@@ -250,7 +254,11 @@ void ContractRegistryEnumerationTest::values()
     DWORD type = poison;
     const LSTATUS status = enumValue(form, key.handle(), index, name, &nameSize, &type, data.bytes(), &size);
     const QString actual = status == LSTATUS(ERROR_SUCCESS)
-        ? QStringLiteral("0, name %1: %2, type %3, data %4: %5").arg(nameSize).arg(name.written()).arg(type).arg(size)
+        ? QStringLiteral("0, name %1: %2, type %3, data %4: %5")
+              .arg(nameSize)
+              .arg(name.written())
+              .arg(type)
+              .arg(size)
               .arg(data.written())
         : QStringLiteral("%1: %2%3").arg(status).arg(name.written(), data.written());
     WINE_DEVIATES(wineDeviation);

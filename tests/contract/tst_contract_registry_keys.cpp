@@ -170,8 +170,12 @@ void ContractRegistryKeysTest::narrowPathIsReadInTheCodePage_data()
 {
     QTest::addColumn<QByteArray>("path");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("letters of the code page") << QByteArray("Gr\xf6\xdf" "e") << QStringLiteral("size");
-    QTest::newRow("letters in upper case; sharp s has none") << QByteArray("GR\xd6\xdf" "E") << QStringLiteral("size");
+    QTest::newRow("letters of the code page") << QByteArray("Gr\xf6\xdf"
+                                                            "e")
+                                              << QStringLiteral("size");
+    QTest::newRow("letters in upper case; sharp s has none") << QByteArray("GR\xd6\xdf"
+                                                                           "E")
+                                                             << QStringLiteral("size");
     QTest::newRow("the same in UTF-8 is another name") << QByteArray("Gr\u00f6\u00dfe") << QStringLiteral("2");
     QTest::newRow("a letter that the code page lacks cannot be named") << QByteArray("?") << QStringLiteral("2");
 }

@@ -26,7 +26,10 @@ private Q_SLOTS:
 
 namespace {
 
-enum Form { Ansi, Wide };
+enum Form {
+    Ansi,
+    Wide,
+};
 
 LSTATUS query(Form form, HKEY key, const QString &name, LPDWORD type, LPBYTE data, LPDWORD size)
 {
@@ -151,7 +154,12 @@ void ContractRegistryValuesTest::typesAreAnsweredAsTheyAre_data()
     QTest::addColumn<QByteArray>("definition");
     QTest::addColumn<DWORD>("room");
     QTest::addColumn<DWORD>("expected");
-    const struct { const char *name; const char *definition; DWORD type; } types[] = {
+    const struct
+    {
+        const char *name;
+        const char *definition;
+        DWORD type;
+    } types[] = {
         {"REG_NONE", "hex(0):01,00", 0},
         {"REG_SZ", "\"A\"", 1},
         {"REG_EXPAND_SZ", "hex(2):41,00", 2},

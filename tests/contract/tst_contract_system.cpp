@@ -34,7 +34,10 @@ struct Poisoned
 
     Record *operator->() { return reinterpret_cast<Record *>(buffer.bytes()); }
     template <typename Other>
-    Other *as() { return reinterpret_cast<Other *>(buffer.bytes()); }
+    Other *as()
+    {
+        return reinterpret_cast<Other *>(buffer.bytes());
+    }
 
     PoisonedBuffer buffer;
 };

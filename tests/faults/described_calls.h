@@ -33,7 +33,10 @@ struct Buffer
     quint64 number(int width = 4) const;
 };
 
-enum class Form { Narrow, Wide };
+enum class Form {
+    Narrow,
+    Wide,
+};
 
 struct Key
 {

@@ -157,7 +157,7 @@ QString internetExplorer(DescribedCalls &calls)
                                {"W2kVersion", "W2kVersion:        %1"}},
                               first);
         }
-    // The sizes of these two are what the query before left, as far as the memory goes.
+        // The sizes of these two are what the query before left, as far as the memory goes.
     } else if (calls.query(Form::Narrow, key, q("IVer"), first, qMin(first.size, 2048u))) {
         Buffer second;
         const bool read = calls.query(Form::Narrow, key, q("Build"), second, qMin(first.size, 2048u));
@@ -301,7 +301,9 @@ QString productValues(DescribedCalls &calls, const Key &key)
     if (calls.query(Form::Narrow, key, q("Version"), version, 4)) {
         const auto bytes = version.bytes;
         text += q("Version: %1.%2.%3 (raw value 0x%4)\n")
-                    .arg(uchar(bytes[3])).arg(uchar(bytes[2])).arg(uchar(bytes[1]) * 256 + uchar(bytes[0]))
+                    .arg(uchar(bytes[3]))
+                    .arg(uchar(bytes[2]))
+                    .arg(uchar(bytes[1]) * 256 + uchar(bytes[0]))
                     .arg(version.number(), 0, 16);
     }
     for (const char *name : {"AdvertiseFlags", "Assignment", "DeploymentFlags", "InstanceType", "Language"}) {
@@ -350,8 +352,9 @@ QString products(DescribedCalls &calls, RegistryRoot root, const QString &path, 
 QString installedApplications(DescribedCalls &calls)
 {
     const QString heading = q(">>> Info about installed Velkor applications from registry:\n\n");
-    return heading + products(calls, RegistryRoot::ClassesRoot, q("Installer\\Products"),
-                              [&](const Key &key, const QString &name) {
+    return heading
+        + products(calls, RegistryRoot::ClassesRoot, q("Installer\\Products"),
+                   [&](const Key &key, const QString &name) {
         const auto known = application(name);
         if (!known)
             return QString();
@@ -359,23 +362,25 @@ QString installedApplications(DescribedCalls &calls)
         for (const QString &extension : known->extensions) {
             const QString type = classDefault(calls, extension);
             if (!type.isEmpty())
-                text += q("File extension '") + extension + q("' registered with application project type '") + type + q("'\n");
+                text += q("File extension '") + extension + q("' registered with application project type '") + type
+                    + q("'\n");
         }
         const QString command = classDefault(calls, known->projectType + q("\\shell\\open\\command"));
         if (!command.isEmpty())
             text += q("Open command for '") + known->projectType + q("':\n") + command + end;
         return text + end;
-    });
+           });
 }
 
 QString visualBasicApplications(DescribedCalls &calls)
 {
     const QString heading = q(">>> Info about installed Velkor Visual Basic applications from registry:\n\n");
-    return heading + products(calls, RegistryRoot::CurrentUser, q("Software\\Microsoft\\Installer\\Products"),
-                              [&](const Key &key, const QString &name) {
+    return heading
+        + products(calls, RegistryRoot::CurrentUser, q("Software\\Microsoft\\Installer\\Products"),
+                   [&](const Key &key, const QString &name) {
         const QStringList tools = {q("M4-M8-vkUpdate"), q("Device Flasher"), q("T-BOX-vkUpdate")};
         return tools.contains(name) ? productValues(calls, key) + end : QString();
-    });
+           });
 }
 
 QString ports(DescribedCalls &calls, const QString &deviceMap)
@@ -430,7 +435,11 @@ QString diskDevices(DescribedCalls &calls, const QString &enumerator)
 
 namespace {
 
-enum class As { Text, List, BinaryOrText };
+enum class As {
+    Text,
+    List,
+    BinaryOrText,
+};
 
 struct WideRow
 {

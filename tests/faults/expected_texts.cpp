@@ -91,7 +91,8 @@ QString name52(DescribedCalls &calls, const Product &product)
         name = q("XP Professional x64 Edition ");
     if (product.type == workstation)
         return name;
-    name += q(product.suites & datacenterSuite ? "Datacenter " : product.suites & enterpriseSuite ? "Enterprise " : "Standard ");
+    name += q(product.suites & datacenterSuite ? "Datacenter " : product.suites & enterpriseSuite ? "Enterprise "
+                                                                                                  : "Standard ");
     constexpr quint16 x64 = 9;
     return name + q(product.architecture == x64 ? "x64 Edition" : "Edition");
 }
@@ -139,7 +140,9 @@ QString windowsVersion(DescribedCalls &calls)
     const RegistryVersion registry = registryVersion(calls);
 
     text += q("Version (major.minor.build): \nFrom GetVersionEx: %1.%2.%3\n")
-                .arg(record.dwMajorVersion).arg(record.dwMinorVersion).arg(record.dwBuildNumber);
+                .arg(record.dwMajorVersion)
+                .arg(record.dwMinorVersion)
+                .arg(record.dwBuildNumber);
     if (registry.known) {
         text += q("From registry:     %1.%2.%3").arg(registry.major).arg(registry.minor).arg(registry.build);
         text += (registry.revision ? QLatin1Char('.') + QString::number(*registry.revision) : QString()) + end;
@@ -200,11 +203,19 @@ QString memory(DescribedCalls &calls)
 
 QString computerNames(DescribedCalls &calls)
 {
-    const struct { int format; const char *line; } rows[] = {
-        {0, "NetBios name:                 %1"}, {4, "Physical NetBios name:        %1"},
-        {2, "DNS domain:           %1"},         {6, "Physical DNS domain:   %1"},
-        {3, "DNS fully qualified:          %1"}, {7, "Physical DNS fully qualified: %1"},
-        {1, "hostname                      %1"}, {5, "Physical hostname             %1"},
+    const struct
+    {
+        int format;
+        const char *line;
+    } rows[] = {
+        {0, "NetBios name:                 %1"},
+        {4, "Physical NetBios name:        %1"},
+        {2, "DNS domain:           %1"},
+        {6, "Physical DNS domain:   %1"},
+        {3, "DNS fully qualified:          %1"},
+        {7, "Physical DNS fully qualified: %1"},
+        {1, "hostname                      %1"},
+        {5, "Physical hostname             %1"},
     };
     QString text = q("Computer name\n");
     for (const auto &row : rows) {
@@ -250,8 +261,15 @@ QString environmentVariables(DescribedCalls &calls)
 {
     if (calls.fails("HeapAlloc"))
         return QString();
-    const struct { const char *label; const char *variable; } rows[] = {
-        {"OS       = ", "OS"}, {"PATH     = ", "PATH"}, {"HOMEPATH = ", "HOMEPATH"}, {"TEMP     = ", "TEMP"},
+    const struct
+    {
+        const char *label;
+        const char *variable;
+    } rows[] = {
+        {"OS       = ", "OS"},
+        {"PATH     = ", "PATH"},
+        {"HOMEPATH = ", "HOMEPATH"},
+        {"TEMP     = ", "TEMP"},
         {"PROCESSOR_IDENTIFIER = ", "PROCESSOR_IDENTIFIER"},
     };
     QString text = q("Some environment variables:\n");
@@ -339,9 +357,16 @@ QString systemDirectories(DescribedCalls &calls)
 
 QString specialFolders(DescribedCalls &calls)
 {
-    const struct { int id; const char *line; } rows[] = {
-        {5, "CSIDL_PERSONAL    %1"}, {2, "CSIDL_PROGRAMS    %1"}, {38, "CSIDL_PROGRAM_FILES    %1"},
-        {28, "CSIDL_LOCAL_APPDATA    %1"}, {26, "CSIDL_APPDATA    %1"},
+    const struct
+    {
+        int id;
+        const char *line;
+    } rows[] = {
+        {5, "CSIDL_PERSONAL    %1"},
+        {2, "CSIDL_PROGRAMS    %1"},
+        {38, "CSIDL_PROGRAM_FILES    %1"},
+        {28, "CSIDL_LOCAL_APPDATA    %1"},
+        {26, "CSIDL_APPDATA    %1"},
     };
     QString text = q("Special Folders: \n");
     QString path; // what cannot be resolved repeats the one before
@@ -425,7 +450,11 @@ QString line(const char *format, const QString &value)
 
 QString byteSize(quint64 bytes)
 {
-    const struct { int shift; const char *unit; } units[] = {{30, " GByte"}, {20, " MByte"}, {10, " KByte"}};
+    const struct
+    {
+        int shift;
+        const char *unit;
+    } units[] = {{30, " GByte"}, {20, " MByte"}, {10, " KByte"}};
     for (const auto &unit : units) {
         if (bytes >> unit.shift) {
             const quint64 tenths = (bytes >> (unit.shift - 10)) % 1024 * 10 / 1024;

@@ -178,19 +178,30 @@ QStringList frame()
     const QString separator = QString(72, QLatin1Char('-')) + QLatin1Char('\n');
     const char *const groups[] = {
         "############ Windows specific section ###########\nWindows version: \n|Windows version information from Registry\n",
-        "This is a 64bit application.\n", "Internet Explorer information from Registry\n",
-        "Processor information: \n|Central Processor information from Registry\n", "Memory Information:\n",
-        "Computer name\n", "OEM Information from Registry\n", "SystemInformation from Registry\n",
-        "BIOS information from Registry\n", ">>> Info about video from registry:\n\n",
-        ">>> Info about drivers from registry:\n\n", "Time Zone information from Registry\n",
+        "This is a 64bit application.\n",
+        "Internet Explorer information from Registry\n",
+        "Processor information: \n|Central Processor information from Registry\n",
+        "Memory Information:\n",
+        "Computer name\n",
+        "OEM Information from Registry\n",
+        "SystemInformation from Registry\n",
+        "BIOS information from Registry\n",
+        ">>> Info about video from registry:\n\n",
+        ">>> Info about drivers from registry:\n\n",
+        "Time Zone information from Registry\n",
         ">>> Info about installed Velkor applications from registry:\n\n|"
         ">>> Info about installed Velkor Visual Basic applications from registry:\n\n",
-        "WinSxS directory entries\n", "", "Disk information: \n",
+        "WinSxS directory entries\n",
+        "",
+        "Disk information: \n",
         ">>> Info about 'FDC' disk devices from registry:\n|>>> Info about 'IDE' disk devices from registry:\n|"
         ">>> Info about 'SCSI' disk devices from registry:\n|>>> Info about 'USBSTOR' disk devices from registry:\n",
         ">> Info about 'PARALLEL PORTS' ports from registry:\n|>> Info about 'SERIALCOMM' ports from registry:\n",
-        "Registry quota:\n", "Windows system directories\n|Special Folders: \n", "Standard Bonjour: ",
-        "velkor DNS-SD: |RefCount for vkdnssd.dll: ", "Loaded modules/DLLs:\n",
+        "Registry quota:\n",
+        "Windows system directories\n|Special Folders: \n",
+        "Standard Bonjour: ",
+        "velkor DNS-SD: |RefCount for vkdnssd.dll: ",
+        "Loaded modules/DLLs:\n",
     };
     QStringList result;
     for (const char *group : groups)

@@ -6,7 +6,8 @@ namespace {
 
 // A server of old: 5.2, an Internet Explorer that has no "Version", adapters and
 // classes that end unusually, texts without terminators, keys that cannot be opened.
-const char smallRegistry[] = R"reg(
+const char smallRegistry[]
+    = R"reg(
 [HKEY_LOCAL_MACHINE\SOFTWARE\Microsoft\Windows NT\CurrentVersion]
 "CurrentVersion"="5.2"
 "CurrentBuildNumber"="3790"
@@ -73,9 +74,9 @@ const char smallRegistry[] = R"reg(
 "DeviceCharacteristics"=hex:01
 "DeviceType"=dword:00020027
 )reg"
-// The bytes of this name read "Properties"; opening it opens the key above.
-"[HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Class\\{2}\\\u7250\u706f\u7265\u6974\u7365]\n"
-R"reg([HKEY_CLASSES_ROOT\Installer\Products\1]
+      // The bytes of this name read "Properties"; opening it opens the key above.
+      "[HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Class\\{2}\\\u7250\u706f\u7265\u6974\u7365]\n"
+      R"reg([HKEY_CLASSES_ROOT\Installer\Products\1]
 "ProductName"="Linemodel V11.2"
 "Version"=dword:0a02012c
 "AdvertiseFlags"=dword:00000184

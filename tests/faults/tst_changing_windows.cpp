@@ -2,14 +2,13 @@
 // come, go, grow and become something else before any call of a report. Each time the
 // text is what the format has for the answers as they then are.
 
+#include "described_windows.h"
 #include "fault_runs.h"
 #include "qt/qt_network_interfaces.h"
-#include "described_windows.h"
 #include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 #include "win/windows_sections.h"
-
 
 using namespace velkor::SystemInfo;
 using namespace velkor::SystemInfo::WinSysInfo;
@@ -121,8 +120,7 @@ const Kind kinds[] = {
          changeValue(machine, call.key, call.value, [](RegistryValue &value) { growTo(value, 5000); });
          return true;
      }},
-    {"the value grew to the last byte of its memory, without a terminator",
-     [](machine::Machine &machine, const simulated::Call &call) {
+    {"the value grew to the last byte of its memory, without a terminator", [](machine::Machine &machine, const simulated::Call &call) {
          if (!isQuery(call))
              return false;
          changeValue(machine, call.key, call.value, [](RegistryValue &value) {
@@ -278,7 +276,8 @@ void ChangingWindowsTest::anythingBeforeAnyCall()
     // those that are made hundreds of times.
     const bool small = machine == QLatin1String("small");
     const int step = sanitized ? 61 : 5;
-    const int many = small && !sanitized ? 100000 : small || !sanitized ? 100 : 10;
+    const int many = small && !sanitized ? 100000 : small || !sanitized ? 100
+                                                                        : 10;
     QMap<QByteArray, int> times;
     for (const simulated::Call &call : calls)
         ++times[call.name];
@@ -301,10 +300,12 @@ void ChangingWindowsTest::anythingBeforeAnyCall()
         machine::Machine forFormat = copyOf(described);
         const Outcome actual = libraryRun(forLibrary, disturbance);
         const QString different = difference(actual, expectedRun(forFormat, disturbance));
-        QVERIFY2(different.isEmpty(), qPrintable(QStringLiteral("before call %1, %2: ").arg(number)
-                                                     .arg(QString::fromLatin1(calls[number].name) + QLatin1Char(' ')
-                                                          + calls[number].key + QLatin1Char(' ') + calls[number].value)
-                                                 + different));
+        QVERIFY2(different.isEmpty(),
+                 qPrintable(QStringLiteral("before call %1, %2: ")
+                                .arg(number)
+                                .arg(QString::fromLatin1(calls[number].name) + QLatin1Char(' ') + calls[number].key
+                                     + QLatin1Char(' ') + calls[number].value)
+                            + different));
         ++runs;
     }
     qInfo("%d changes", runs);
@@ -400,10 +401,12 @@ void ChangingWindowsTest::changeBeforeCall_data()
     const QString explorerHeading = QStringLiteral("Internet Explorer information from Registry\n");
 
     QTest::newRow("a device goes before it is opened: its name alone")
-        << key(bus + "\\Disk\\1") + "\"Class\"=\"c\"\n" << nothing << Section(scsiDevices) << open << 1
+        << key(bus + "\\Disk\\1") + "\"Class\"=\"c\"\n"
+        << nothing << Section(scsiDevices) << open << 1
         << removal(bus + "\\Disk") << scsiHeading + "Disk\n";
     QTest::newRow("an instance goes before it is opened: no lines, no empty line")
-        << key(bus + "\\Disk\\1") + "\"Class\"=\"c\"\n" << nothing << Section(scsiDevices) << open << 2
+        << key(bus + "\\Disk\\1") + "\"Class\"=\"c\"\n"
+        << nothing << Section(scsiDevices) << open << 2
         << removal(bus + "\\Disk\\1") << scsiHeading + "Disk\n\n";
     QTest::newRow("a device comes before the one that was listed: that one again")
         << key(bus + "\\Disk") << nothing << Section(scsiDevices) << enumerate << 2
@@ -414,56 +417,64 @@ void ChangingWindowsTest::changeBeforeCall_data()
         << removal(bus + "\\A") << scsiHeading + "A\n\nC\n\n";
 
     QTest::newRow("a port grows beyond its memory: the list ends there")
-        << key(serial) + "\"a\"=\"COM1\"\n\"b\"=\"COM2\"\n\"c\"=\"COM3\"\n" << nothing << Section(serialPorts)
+        << key(serial) + "\"a\"=\"COM1\"\n\"b\"=\"COM2\"\n\"c\"=\"COM3\"\n"
+        << nothing << Section(serialPorts)
         << QByteArray("RegEnumValueA") << 1 << setText(serial, "b", QString(2048, 'x')) << serialHeading + "a   COM1\n\n";
     QTest::newRow("a port that was listed goes: the next one is passed over")
-        << key(serial) + "\"a\"=\"COM1\"\n\"b\"=\"COM2\"\n\"c\"=\"COM3\"\n" << nothing << Section(serialPorts)
+        << key(serial) + "\"a\"=\"COM1\"\n\"b\"=\"COM2\"\n\"c\"=\"COM3\"\n"
+        << nothing << Section(serialPorts)
         << QByteArray("RegEnumValueA") << 1 << removal(serial, "a") << serialHeading + "a   COM1\nc   COM3\n\n";
 
     QTest::newRow("the last configuration goes before it is visited again: once")
-        << key(adapter + "\\0000") + "\"Device Description\"=\"x\"\n" << nothing << Section(videoInfoFromRegistry) << open << 4
+        << key(adapter + "\\0000") + "\"Device Description\"=\"x\"\n"
+        << nothing << Section(videoInfoFromRegistry) << open << 4
         << removal(adapter + "\\0000") << videoHeading + "0000\n   Device Description: x\n";
     QTest::newRow("a configuration comes at the end: it is the last one then, and shows twice")
-        << key(adapter + "\\0000") + "\"Device Description\"=\"x\"\n" << nothing << Section(videoInfoFromRegistry)
+        << key(adapter + "\\0000") + "\"Device Description\"=\"x\"\n"
+        << nothing << Section(videoInfoFromRegistry)
         << enumerate << 2 << setText(adapter + "\\0001", "DriverDesc", QStringLiteral("y"))
         << videoHeading + "0000\n   Device Description: x\n0001\n   Driver Description: y\n0001\n   Driver Description: y\n";
     QTest::newRow("a driver goes before it is opened: no empty line for it")
         << key(mouseClass) + "\"Class\"=\"Mouse\"\n" + key(mouseClass + "\\0000") + "\"DriverDesc\"=\"a\"\n"
-               + key(mouseClass + "\\0001") + "\"DriverDesc\"=\"b\"\n"
+            + key(mouseClass + "\\0001") + "\"DriverDesc\"=\"b\"\n"
         << nothing << Section(driverInfoFromRegistry) << open << 3 << removal(mouseClass + "\\0001")
         << ">>> Info about drivers from registry:\n\n----------------------------\nMouse:\n"
            "   Driver Description: a\n----------------------------\n";
 
     QTest::newRow("a value grows beyond its memory: its line alone is lost")
-        << key(currentVersion) + "\"ProductId\"=\"p\"\n\"EditionID\"=\"e\"\n" << nothing
+        << key(currentVersion) + "\"ProductId\"=\"p\"\n\"EditionID\"=\"e\"\n"
+        << nothing
         << Section(windowsVersionFromRegistry) << query << 0 << setText(currentVersion, "ProductId", QString(2048, 'x'))
         << "Windows version information from Registry\nEditionID:              e\n";
     QTest::newRow("a number becomes text of four bytes: these are the number")
         << key("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\TimeZoneInformation")
-               + "\"Bias\"=dword:ffffffc4\n\"DaylightBias\"=dword:00000001\n"
+            + "\"Bias\"=dword:ffffffc4\n\"DaylightBias\"=dword:00000001\n"
         << nothing << Section(timeZoneInfoFromRegistry) << query << 1
         << setText("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\TimeZoneInformation", "Bias", QStringLiteral("-60"))
         << "Time Zone information from Registry\nBias:           3159597 min (offset to UTC)\n" // 2d 36 30 00
            "DaylightBias:   1 min (additional offset if daylight saving is active)\n";
     QTest::newRow("the minor version goes behind the major one: the text has both")
         << key(currentVersion)
-               + "\"CurrentMajorVersionNumber\"=dword:0000000a\n\"CurrentMinorVersionNumber\"=dword:00000000\n"
-                 "\"CurrentVersion\"=\"6.3\"\n\"CurrentBuildNumber\"=\"19045\"\n"
+            + "\"CurrentMajorVersionNumber\"=dword:0000000a\n\"CurrentMinorVersionNumber\"=dword:00000000\n"
+              "\"CurrentVersion\"=\"6.3\"\n\"CurrentBuildNumber\"=\"19045\"\n"
         << QByteArray(R"({"GetVersionEx": {"dwMajorVersion": 6, "dwMinorVersion": 2, "dwBuildNumber": 9200, "wProductType": 1}})")
         << Section([] { return windowsVersion(true); }) << query << 1 << removal(currentVersion, "CurrentMinorVersionNumber")
         << "Windows version: \nVersion (major.minor.build): \nFrom GetVersionEx: 6.2.9200\n"
            "From registry:     6.3.19045\n                   Windows 8.1 , 64-bit\nLast service pack installed: \n";
 
     QTest::newRow("the browser's version grows beyond its memory: the size that it needs is no room for the next")
-        << key(explorer) + "\"Version\"=\"9\"\n\"IVer\"=\"102\"\n\"Build\"=\"520\"\n" << nothing
+        << key(explorer) + "\"Version\"=\"9\"\n\"IVer\"=\"102\"\n\"Build\"=\"520\"\n"
+        << nothing
         << Section(internetExplorerInfo) << query << 0 << setText(explorer, "Version", QString(4000, 'x'))
         << explorerHeading + "Version:           2.0 (Build 520) Windows 95\n";
     QTest::newRow("the browser's build grows beyond the size of its version")
-        << key(explorer) + "\"IVer\"=\"103\"\n\"Build\"=\"115\"\n" << nothing << Section(internetExplorerInfo) << query << 2
+        << key(explorer) + "\"IVer\"=\"103\"\n\"Build\"=\"115\"\n"
+        << nothing << Section(internetExplorerInfo) << query << 2
         << setText(explorer, "Build", QStringLiteral("1155"))
         << explorerHeading + "Version:           3.<could not read build number>\n";
     QTest::newRow("the browser's service version goes: the version, and no service values")
-        << key(explorer) + "\"Version\"=\"9\"\n\"svcVersion\"=\"11\"\n\"W2kVersion\"=\"w\"\n" << nothing
+        << key(explorer) + "\"Version\"=\"9\"\n\"svcVersion\"=\"11\"\n\"W2kVersion\"=\"w\"\n"
+        << nothing
         << Section(internetExplorerInfo) << query << 1 << removal(explorer, "svcVersion")
         << explorerHeading + "Version:           9\n";
 
@@ -476,7 +487,8 @@ void ChangingWindowsTest::changeBeforeCall_data()
            })
         << ">>> Info about installed Velkor applications from registry:\n\nProductName: other\n\n";
     QTest::newRow("an OpenGL driver goes before it is opened: its name alone")
-        << key(currentVersion + "\\OpenGLDrivers\\A") + "\"dll\"=\"a\"\n" << nothing << Section(openGLDrivers) << open << 1
+        << key(currentVersion + "\\OpenGLDrivers\\A") + "\"dll\"=\"a\"\n"
+        << nothing << Section(openGLDrivers) << open << 1
         << removal(currentVersion + "\\OpenGLDrivers\\A")
         << "#### Info about the OpenGL driver DLL's from registry ###\nA   \n";
 

@@ -42,7 +42,9 @@ QString described(const Disturbance &disturbance, const QStringList &calls)
     for (const auto &failure : disturbance.failures) {
         const int number = int(failure.first);
         lines += QStringLiteral("call %1, %2, fails with %3: ")
-                     .arg(number).arg(calls.value(number, QStringLiteral("not made without failures"))).arg(failure.second);
+                     .arg(number)
+                     .arg(calls.value(number, QStringLiteral("not made without failures")))
+                     .arg(failure.second);
     }
     return lines.join(QLatin1Char('\n'));
 }
@@ -212,7 +214,8 @@ void FailingCallsTest::everyCallFailsAfterWritingItsResults()
     machine::Machine described = machineNamed(machine);
     const QStringList calls = libraryRun(described).calls;
     // One machine is enough for every call of src/; the others have them in other places.
-    const std::size_t step = machine == QLatin1String("small") ? 1 : sanitized ? 31 : 7;
+    const std::size_t step = machine == QLatin1String("small") ? 1 : sanitized ? 31
+                                                                               : 7;
     for (std::size_t number = 0; number < std::size_t(calls.size()); number += step) {
         Disturbance failure;
         failure.failures[number] = ERROR_ACCESS_DENIED; // never what a missing thing gives

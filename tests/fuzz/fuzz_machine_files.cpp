@@ -72,8 +72,8 @@ void readRegistry(const QByteArray &contents)
     const QByteArray written = machine::writeRegistryFile(registry);
     machine::Registry again;
     require(read(written, again), "a registry file that was written can be read");
-    require(isSame(registry, again), "a registry is read as it was written", QString::fromUtf16(
-        reinterpret_cast<const ushort *>(written.constData()), written.size() / 2).toUtf8());
+    require(isSame(registry, again), "a registry is read as it was written",
+            QString::fromUtf16(reinterpret_cast<const ushort *>(written.constData()), written.size() / 2).toUtf8());
 }
 
 bool read(const QByteArray &contents, machine::Machine &machine)

@@ -109,7 +109,10 @@ void scribble(unsigned char byte)
 {
     unsigned char area[64 * 1024];
     std::memset(area, byte, sizeof area);
-    asm volatile("" : : "r"(area) : "memory"); // is needed, whatever the optimiser thinks
+    asm volatile(""
+                 :
+                 : "r"(area)
+                 : "memory"); // is needed, whatever the optimiser thinks
 }
 
 void prepare()

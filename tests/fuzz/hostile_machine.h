@@ -11,21 +11,21 @@
 #include <vector>
 
 enum class Step : quint8 {
-    EnterKey,       // number of a known key
-    EnterSubKey,    // text
-    Leave,          // to the parent
-    SetKnownValue,  // number of a known value, data
-    SetValue,       // text, data
-    AddSubKeys,     // how many, byte: kind of name, number of a known value, data
-    RemoveSubKey,   // text
-    RemoveValue,    // number of a known value
-    Answer,         // an Asked, what it is answered
-    Fail,           // byte: which calls, their number, an error
-    Change,         // number of a call, byte: a size, so many bytes of steps taken before it
+    EnterKey,      // number of a known key
+    EnterSubKey,   // text
+    Leave,         // to the parent
+    SetKnownValue, // number of a known value, data
+    SetValue,      // text, data
+    AddSubKeys,    // how many, byte: kind of name, number of a known value, data
+    RemoveSubKey,  // text
+    RemoveValue,   // number of a known value
+    Answer,        // an Asked, what it is answered
+    Fail,          // byte: which calls, their number, an error
+    Change,        // number of a call, byte: a size, so many bytes of steps taken before it
     RunTwice,
-    SetItsValue,    // number of a value that is read from the known key last entered, data
+    SetItsValue, // number of a value that is read from the known key last entered, data
     Count,
-    DenyKey = 255   // no operand; a byte of its own, so that the committed inputs stay what they are
+    DenyKey = 255 // no operand; a byte of its own, so that the committed inputs stay what they are
 };
 
 enum class Asked : quint8 {

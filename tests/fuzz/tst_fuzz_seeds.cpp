@@ -96,7 +96,9 @@ void TestFuzzSeeds::bytesAreFaultsAndChanges()
 {
     // Fail, each call of a name, RegCloseKey, ERROR_ACCESS_DENIED; Change before call 7 of
     // one byte; RunTwice.
-    const HostileMachine hostile = hostileMachine(QByteArray::fromHex("09010105" "0a07010b" "0b"));
+    const HostileMachine hostile = hostileMachine(QByteArray::fromHex("09010105"
+                                                                      "0a07010b"
+                                                                      "0b"));
     QCOMPARE(int(hostile.faults.size()), 1);
     QCOMPARE(hostile.faults.front().call, QByteArray("RegCloseKey"));
     QVERIFY(hostile.faults.front().every);
@@ -110,11 +112,16 @@ void TestFuzzSeeds::bytesAreFaultsAndChanges()
 void TestFuzzSeeds::bytesDenyAKey()
 {
     // EnterSubKey "A", DenyKey, Leave; and the byte before DenyKey is a step of old.
-    const HostileMachine hostile = hostileMachine(QByteArray::fromHex("010001" "41" "ff" "02"));
+    const HostileMachine hostile = hostileMachine(QByteArray::fromHex("010001"
+                                                                      "41"
+                                                                      "ff"
+                                                                      "02"));
     const auto root = hostile.machine.registry.root(machine::RegistryRoot::LocalMachine);
     QVERIFY(!root->isDenied());
     QVERIFY(root->findSubKey(QStringLiteral("A"))->isDenied());
-    const HostileMachine other = hostileMachine(QByteArray::fromHex("010001" "41" "fe"));
+    const HostileMachine other = hostileMachine(QByteArray::fromHex("010001"
+                                                                    "41"
+                                                                    "fe"));
     QVERIFY(!other.machine.registry.root(machine::RegistryRoot::LocalMachine)->findSubKey(QStringLiteral("A"))->isDenied());
 }
 

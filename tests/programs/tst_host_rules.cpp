@@ -126,7 +126,8 @@ void tst_HostRules::endsTheProcess_data()
         for (const char *function : {"allInfos", "GetOpenGLVersion", "GetOpenGLVersionCached"})
             QTest::addRow("%s, application %s", function, application) << application << function;
     }
-    QTest::newRow("allInfos, application gui") << "gui" << "allInfos"; // "Must construct a QApplication before a QWidget"
+    QTest::newRow("allInfos, application gui") << "gui"
+                                               << "allInfos"; // "Must construct a QApplication before a QWidget"
 }
 
 void tst_HostRules::endsTheProcess()

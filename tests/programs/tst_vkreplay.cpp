@@ -47,12 +47,18 @@ void VkReplayTest::sameBytesEverywhere_data()
 {
     QTest::addColumn<QString>("variable");
     QTest::addColumn<QString>("value");
-    QTest::newRow("as it is") << "VK_UNUSED" << "1";
-    QTest::newRow("a locale without UTF-8") << "LC_ALL" << "C";
-    QTest::newRow("a German locale") << "LC_ALL" << "de_DE.UTF-8";
-    QTest::newRow("a Turkish locale") << "LANG" << "tr_TR.UTF-8";
-    QTest::newRow("a time zone west") << "TZ" << "EST5";
-    QTest::newRow("a time zone east") << "TZ" << "XXX-13";
+    QTest::newRow("as it is") << "VK_UNUSED"
+                              << "1";
+    QTest::newRow("a locale without UTF-8") << "LC_ALL"
+                                            << "C";
+    QTest::newRow("a German locale") << "LC_ALL"
+                                     << "de_DE.UTF-8";
+    QTest::newRow("a Turkish locale") << "LANG"
+                                      << "tr_TR.UTF-8";
+    QTest::newRow("a time zone west") << "TZ"
+                                      << "EST5";
+    QTest::newRow("a time zone east") << "TZ"
+                                      << "XXX-13";
 }
 
 void VkReplayTest::sameBytesEverywhere()
@@ -149,7 +155,8 @@ void VkReplayTest::badMachines_data()
         << first << QByteArray("{\"GetVersionEx\": {\"dwMajorVersion\": \"ten\"}}")
         << QByteArray("/system.json: 'GetVersionEx.dwMajorVersion' is not an integer");
     QTest::newRow("a malformed registry line names its line")
-        << first + "[HKEY_LOCAL_MACHINE\\A]\n\"B\"=\"c\n" << QByteArray("{}") << QByteArray("/registry.reg:4: ");
+        << first + "[HKEY_LOCAL_MACHINE\\A]\n\"B\"=\"c\n"
+        << QByteArray("{}") << QByteArray("/registry.reg:4: ");
     QTest::newRow("no registry file at all") << QByteArray("REGEDIT4\n") << QByteArray("{}") << QByteArray("/registry.reg:1: ");
 }
 

@@ -60,7 +60,7 @@ PrintServer::PrintServer()
                     QStringLiteral("-s"), path(QStringLiteral("cups-files.conf"))});
     if (!waitUntilItAnswers()) {
         m_error = QStringLiteral("the print server does not answer: %1 %2")
-            .arg(m_server.errorString(), QString::fromLocal8Bit(m_server.readAllStandardError()));
+                      .arg(m_server.errorString(), QString::fromLocal8Bit(m_server.readAllStandardError()));
     }
 }
 
@@ -100,8 +100,9 @@ bool PrintServer::run(const QString &program, const QStringList &arguments)
 
 void PrintServer::addPrinter(const QString &name)
 {
-    if (!run(QStringLiteral("/usr/sbin/lpadmin"), {QStringLiteral("-p"), name, QStringLiteral("-E"), QStringLiteral("-v"),
-                                                   QStringLiteral("file:///dev/null")}))
+    if (!run(QStringLiteral("/usr/sbin/lpadmin"),
+             {QStringLiteral("-p"), name, QStringLiteral("-E"), QStringLiteral("-v"),
+              QStringLiteral("file:///dev/null")}))
         m_error += QStringLiteral("cannot add the printer '%1'\n").arg(name);
 }
 

@@ -16,7 +16,11 @@ using namespace velkor::SystemInfo;
 
 namespace {
 
-enum class Needs { Nothing, CoreApplication, GuiApplication };
+enum class Needs {
+    Nothing,
+    CoreApplication,
+    GuiApplication,
+};
 
 struct Section
 {

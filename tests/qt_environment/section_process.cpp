@@ -23,7 +23,8 @@ QString output(QProcess &process)
     if (finishes(process))
         return QString::fromUtf8(process.readAllStandardOutput());
     const QString failure = QStringLiteral("%1 failed: %2\n")
-        .arg(process.program(), process.errorString()) + QString::fromLocal8Bit(process.readAllStandardError());
+                                .arg(process.program(), process.errorString())
+        + QString::fromLocal8Bit(process.readAllStandardError());
     process.kill();
     process.waitForFinished();
     return failure;
@@ -103,7 +104,8 @@ QString sectionTextOnHost(const QString &hostName, const QString &section, const
     if (!succeeds(unshare, rename + QStringList(QStringLiteral("/bin/true"))))
         return QString();
     QProcess process;
-    process.start(unshare, rename + QStringList(env) + envArguments(section, environment)
+    process.start(unshare,
+                  rename + QStringList(env) + envArguments(section, environment)
                       + QStringList({sectionProgram(), section}));
     return output(process);
 }

@@ -108,7 +108,9 @@ QByteArray moduleOf(const QString &text)
 QByteArray version(int major, int minor)
 {
     return QStringLiteral("{\"GetVersionEx\": {\"dwMajorVersion\": %1, \"dwMinorVersion\": %2, \"wProductType\": 1}}")
-        .arg(major).arg(minor).toLatin1();
+        .arg(major)
+        .arg(minor)
+        .toLatin1();
 }
 
 } // namespace

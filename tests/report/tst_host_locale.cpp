@@ -195,17 +195,18 @@ void addNumbers(const char *name, SectionFunction section, const QByteArray &reg
 
 void rowsOfVersion()
 {
-    addNumbers("versions", [] { return windowsVersion(true); },
-               machineKey("SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion")
-                   + numberValue("CurrentMajorVersionNumber", 12345) + numberValue("CurrentMinorVersionNumber", 23456)
-                   + textValue("CurrentBuildNumber", "34567") + numberValue("UBR", 45678),
-               R"({"GetVersionEx": {"dwMajorVersion": 56789, "dwMinorVersion": 67890, "dwBuildNumber": 78901}})",
-               "Windows version: \n"
-               "Version (major.minor.build): \n"
-               "From GetVersionEx: 56789.67890.78901\n"
-               "From registry:     12345.23456.34567.45678\n"
-               "                   Windows unknown major version\n"
-               "Last service pack installed: \n");
+    addNumbers(
+        "versions", [] { return windowsVersion(true); },
+        machineKey("SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion")
+            + numberValue("CurrentMajorVersionNumber", 12345) + numberValue("CurrentMinorVersionNumber", 23456)
+            + textValue("CurrentBuildNumber", "34567") + numberValue("UBR", 45678),
+        R"({"GetVersionEx": {"dwMajorVersion": 56789, "dwMinorVersion": 67890, "dwBuildNumber": 78901}})",
+        "Windows version: \n"
+        "Version (major.minor.build): \n"
+        "From GetVersionEx: 56789.67890.78901\n"
+        "From registry:     12345.23456.34567.45678\n"
+        "                   Windows unknown major version\n"
+        "Last service pack installed: \n");
     addNumbers("an edition without a name", platformName, QByteArray(),
                R"({"GetVersionEx": {"dwMajorVersion": 6, "dwMinorVersion": 1, "wProductType": 1},
                    "GetProductInfo": {"dwReturnedProductType": "0x12345678"}})",
@@ -379,19 +380,20 @@ void rowsOfAdapters()
         gateways += QByteArray(number == 1 ? "" : ", ") + R"(["10.0.0.1", "255.0.0.0"])";
         gatewayLines += "Gateway " + QString::number(number) + ": 10.0.0.1, 255.0.0.0\n";
     }
-    addNumbers("adapter", [] { return adapterDetails(12345); }, QByteArray(),
-               R"({"GetAdaptersInfo": [{"Index": 12345, "DhcpEnabled": 23456, "HaveWins": 34567, "GatewayList": [)" + gateways
-                   + R"(], "DhcpServer": [["10.0.0.2", "255.0.0.0"]], "PrimaryWinsServer": ["10.0.0.3", "255.0.0.0"],
+    addNumbers(
+        "adapter", [] { return adapterDetails(12345); }, QByteArray(),
+        R"({"GetAdaptersInfo": [{"Index": 12345, "DhcpEnabled": 23456, "HaveWins": 34567, "GatewayList": [)" + gateways
+            + R"(], "DhcpServer": [["10.0.0.2", "255.0.0.0"]], "PrimaryWinsServer": ["10.0.0.3", "255.0.0.0"],
                    "SecondaryWinsServer": ["10.0.0.4", "255.0.0.0"], "LeaseObtained": 1702534353,
                    "LeaseExpires": 2147483648}]})",
-               gatewayLines
-                   + "DHCP enabled:  23456\n"
-                     "DHCP server: 10.0.0.2, 255.0.0.0\n"
-                     "Lease obtained: Thu Dec 14 06:12:33 2023\n"
-                     "Lease expires:  0x80000000\n"
-                     "Have WINS: 34567\n"
-                     "Primary WINS Server: 10.0.0.3, 255.0.0.0\n"
-                     "Secondary WINS Server: 10.0.0.4, 255.0.0.0\n");
+        gatewayLines
+            + "DHCP enabled:  23456\n"
+              "DHCP server: 10.0.0.2, 255.0.0.0\n"
+              "Lease obtained: Thu Dec 14 06:12:33 2023\n"
+              "Lease expires:  0x80000000\n"
+              "Have WINS: 34567\n"
+              "Primary WINS Server: 10.0.0.3, 255.0.0.0\n"
+              "Secondary WINS Server: 10.0.0.4, 255.0.0.0\n");
 }
 
 } // namespace

@@ -130,7 +130,8 @@ void ReportOrderTest::windowsHalfOfAnEmptyMachine()
           "Minimum Application Address 0x0000000000000000\n"
           "Maximum Application Address 0x0000000000000000\n"
           "Allocation Granularity:     0 = 0x00000000\n"
-          "Central Processor information from Registry\n" + r
+          "Central Processor information from Registry\n"
+        + r
         + "Memory Information:\n" + r
         + "Computer name\n" + r
         + "OEM Information from Registry\nGetVersionExA(&osver) failed!\n" + r
@@ -140,21 +141,25 @@ void ReportOrderTest::windowsHalfOfAnEmptyMachine()
         + ">>> Info about drivers from registry:\n\n" + r
         + "Time Zone information from Registry\n" + r
         + ">>> Info about installed Velkor applications from registry:\n\n"
-          ">>> Info about installed Velkor Visual Basic applications from registry:\n\n" + r
+          ">>> Info about installed Velkor Visual Basic applications from registry:\n\n"
+        + r
         + "WinSxS directory entries\n" + r
         + "Some environment variables:\n"
           "OS       = %OS%\n"
           "PATH     = %PATH%\n"
           "HOMEPATH = %HOMEPATH%\n"
           "TEMP     = %TEMP%\n"
-          "PROCESSOR_IDENTIFIER = %PROCESSOR_IDENTIFIER%\n" + r
+          "PROCESSOR_IDENTIFIER = %PROCESSOR_IDENTIFIER%\n"
+        + r
         + "Disk information: \nFailed GetLogicalDrives(), error = 0" + r
         + ">>> Info about 'FDC' disk devices from registry:\n"
           ">>> Info about 'IDE' disk devices from registry:\n"
           ">>> Info about 'SCSI' disk devices from registry:\n"
-          ">>> Info about 'USBSTOR' disk devices from registry:\n" + r
+          ">>> Info about 'USBSTOR' disk devices from registry:\n"
+        + r
         + ">> Info about 'PARALLEL PORTS' ports from registry:\n"
-          ">> Info about 'SERIALCOMM' ports from registry:\n" + r
+          ">> Info about 'SERIALCOMM' ports from registry:\n"
+        + r
         + "Registry quota:\n" + r
         + "Windows system directories\n"
           "Special Folders: \n"
@@ -162,10 +167,12 @@ void ReportOrderTest::windowsHalfOfAnEmptyMachine()
           "CSIDL_PROGRAMS    \n"
           "CSIDL_PROGRAM_FILES    \n"
           "CSIDL_LOCAL_APPDATA    \n"
-          "CSIDL_APPDATA    \n" + r
+          "CSIDL_APPDATA    \n"
+        + r
         + "Standard Bonjour: not installed.\n" + r
         + "velkor DNS-SD: not installed.\n"
-          "RefCount for vkdnssd.dll: failed to get refCount!\n" + r
+          "RefCount for vkdnssd.dll: failed to get refCount!\n"
+        + r
         + "Loaded modules/DLLs:\n" + r;
     QTest::ignoreMessage(QtWarningMsg,
                          "velkor::SystemInfo::WinSysInfo::refCountSharedDll GetSystemWindowsDirectory returned a 0 len string\n");

@@ -48,9 +48,12 @@ void VersionResourceTest::texts_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("file version") << "FileVersion" << "1.3.12";
-    QTest::newRow("product version") << "ProductVersion" << "1.3.12";
-    QTest::newRow("original file name") << "OriginalFilename" << "vkSystemInfo.dll";
+    QTest::newRow("file version") << "FileVersion"
+                                  << "1.3.12";
+    QTest::newRow("product version") << "ProductVersion"
+                                     << "1.3.12";
+    QTest::newRow("original file name") << "OriginalFilename"
+                                        << "vkSystemInfo.dll";
 }
 
 void VersionResourceTest::texts()

@@ -255,7 +255,8 @@ void AdapterDetailsTest::text_data()
     QTest::newRow("three gateways: three numbered lines in list order")
         << seventh(R"("GatewayList": [["10.0.0.3", "255.0.0.3"], ["10.0.0.1", "255.0.0.1"], ["10.0.0.2", "255.0.0.2"]])")
         << QStringLiteral("Gateway 1: 10.0.0.3, 255.0.0.3\nGateway 2: 10.0.0.1, 255.0.0.1\n"
-                          "Gateway 3: 10.0.0.2, 255.0.0.2\n") + dhcpOff + winsOff;
+                          "Gateway 3: 10.0.0.2, 255.0.0.2\n")
+            + dhcpOff + winsOff;
 
     QTest::newRow("DHCP off: its server and lease times do not show")
         << seventh(QByteArray(oneGateway) + R"(, "DhcpServer": [["10.0.0.2", "255.0.0.2"]], )" + twoLeaseTimes)
@@ -266,15 +267,18 @@ void AdapterDetailsTest::text_data()
     QTest::newRow("DHCP on, three servers: numbered in list order")
         << withDhcp(R"(["10.0.0.6", "255.0.0.6"], ["10.0.0.2", "255.0.0.2"], ["10.0.0.4", "255.0.0.4"])")
         << QString(gatewayLine) + "DHCP enabled:  1\nDHCP server 1: 10.0.0.6, 255.0.0.6\n"
-               "DHCP server 2: 10.0.0.2, 255.0.0.2\nDHCP server 3: 10.0.0.4, 255.0.0.4\n" + leaseLines + winsOff;
+                                  "DHCP server 2: 10.0.0.2, 255.0.0.2\nDHCP server 3: 10.0.0.4, 255.0.0.4\n"
+            + leaseLines + winsOff;
     QTest::newRow("DHCP on in another way: an unsigned number")
         << seventh(QByteArray(oneGateway) + R"(, "DhcpEnabled": 4294967295)")
         << QString(gatewayLine) + "DHCP enabled:  4294967295\nDHCP server: , \n"
-               "Lease obtained: Thu Jan  1 00:00:00 1970\nLease expires:  Thu Jan  1 00:00:00 1970\n" + winsOff;
+                                  "Lease obtained: Thu Jan  1 00:00:00 1970\nLease expires:  Thu Jan  1 00:00:00 1970\n"
+            + winsOff;
     QTest::newRow("lease times that do not convert: the labels, the numbers and a line end")
         << seventh(QByteArray(oneGateway) + R"(, "DhcpEnabled": 1, "LeaseObtained": "0x80000000", "LeaseExpires": -1)")
         << QString(gatewayLine) + "DHCP enabled:  1\nDHCP server: , \n"
-               "Lease obtained: 0x80000000\nLease expires:  0xffffffffffffffff\n" + winsOff;
+                                  "Lease obtained: 0x80000000\nLease expires:  0xffffffffffffffff\n"
+            + winsOff;
 
     const char winsLines[] = "Primary WINS Server: 10.0.0.4, 255.0.0.4\nSecondary WINS Server: 10.0.0.5, 255.0.0.5\n";
     QTest::newRow("WINS off: its servers do not show") << withWins("0") << plainDetails();

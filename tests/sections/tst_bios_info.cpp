@@ -190,11 +190,11 @@ void BiosInfoTest::callsOfAFullMachine()
 {
     const DescribedWindows windows(fullKey());
     biosInfoFromRegistry();
-    QCOMPARE(journalLines(), QStringList({"RegOpenKeyExA HKEY_LOCAL_MACHINE\\Hardware\\Description\\System 0x20019",
-                                          "RegQueryValueExA SystemBiosVersion 2048",
-                                          "RegQueryValueExA SystemBIOSDate 2048",
-                                          "RegQueryValueExA VideoBiosVersion 2048",
-                                          "RegQueryValueExA VideoBIOSDate 2048", "RegCloseKey"}));
+    QCOMPARE(
+        journalLines(),
+        QStringList({"RegOpenKeyExA HKEY_LOCAL_MACHINE\\Hardware\\Description\\System 0x20019",
+                     "RegQueryValueExA SystemBiosVersion 2048", "RegQueryValueExA SystemBIOSDate 2048",
+                     "RegQueryValueExA VideoBiosVersion 2048", "RegQueryValueExA VideoBIOSDate 2048", "RegCloseKey"}));
     QCOMPARE(simulated::openHandles(), QStringList());
     QCOMPARE(simulated::handleMisuses(), QStringList());
 }

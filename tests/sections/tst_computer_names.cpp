@@ -168,9 +168,10 @@ void ComputerNamesTest::calls()
 {
     const DescribedWindows windows("", names(R"("0": "a name far beyond the buffer", "4": "PC07")"));
     computerNames();
-    QCOMPARE(journalLines(), QStringList({"GetComputerNameExW 0 16", "GetComputerNameExW 4 16", "GetComputerNameExW 2 16",
-                                          "GetComputerNameExW 6 16", "GetComputerNameExW 3 16", "GetComputerNameExW 7 16",
-                                          "GetComputerNameExW 1 16", "GetComputerNameExW 5 16"}));
+    QCOMPARE(journalLines(),
+             QStringList({"GetComputerNameExW 0 16", "GetComputerNameExW 4 16", "GetComputerNameExW 2 16",
+                          "GetComputerNameExW 6 16", "GetComputerNameExW 3 16", "GetComputerNameExW 7 16",
+                          "GetComputerNameExW 1 16", "GetComputerNameExW 5 16"}));
 }
 
 void ComputerNamesTest::failingCalls_data()

@@ -73,9 +73,11 @@ void DiskDevicesTest::headings_data()
             << QString(name) << ">>> Info about '" + QString(name) + "' disk devices from registry:\n";
     }
     QTest::newRow("an enumerator with a device")
-        << "USBSTOR" << ">>> Info about 'USBSTOR' disk devices from registry:\nStick\n\n";
+        << "USBSTOR"
+        << ">>> Info about 'USBSTOR' disk devices from registry:\nStick\n\n";
     QTest::newRow("a placeholder in the enumerator's name stays")
-        << "%1" << ">>> Info about '%1' disk devices from registry:\n";
+        << "%1"
+        << ">>> Info about '%1' disk devices from registry:\n";
 }
 
 void DiskDevicesTest::headings()
@@ -156,8 +158,8 @@ void DiskDevicesTest::values_data()
         "   Class:               DiskDrive\n   Service:             DiskDrive\n");
     row("2048 bytes without a terminator are text as a whole", binaryValue("Class", QByteArray(2048, 'x')),
         "   Class:               " + QString(2048, 'x') + '\n');
-    row("2049 bytes have no line, and the next value is read", binaryValue("Class", QByteArray(2049, 'x'))
-        + textValue("Service", "disk"), "   Service:             disk\n");
+    row("2049 bytes have no line, and the next value is read",
+        binaryValue("Class", QByteArray(2049, 'x')) + textValue("Service", "disk"), "   Service:             disk\n");
 }
 
 void DiskDevicesTest::values()
@@ -263,14 +265,14 @@ void DiskDevicesTest::failingCalls_data()
     const auto withoutLine = [&](const char *line) { return QString(full).remove(QString(line) + '\n'); };
     row("the enumerator does not open: the heading alone", "RegOpenKeyExA", 0, "");
     row("a device does not open: its name, then the next one", "RegOpenKeyExA", 1, QString("A\n") + secondDevice);
-    row("an instance does not open: nothing for it", "RegOpenKeyExA", 2, QString("A\n") + secondInstance + '\n'
-        + secondDevice);
+    row("an instance does not open: nothing for it", "RegOpenKeyExA", 2,
+        QString("A\n") + secondInstance + '\n' + secondDevice);
     row("the walk over devices fails at its start", "RegEnumKeyExA", 0, "");
     row("the walk over instances fails at its start", "RegEnumKeyExA", 1, QString("A\n\n") + secondDevice);
-    row("the walk over instances fails behind the first", "RegEnumKeyExA", 2, "A\n" + firstInstance + '\n'
-        + secondDevice);
-    row("the walk over devices fails behind the first", "RegEnumKeyExA", 4, "A\n" + firstInstance + secondInstance
-        + '\n');
+    row("the walk over instances fails behind the first", "RegEnumKeyExA", 2,
+        "A\n" + firstInstance + '\n' + secondDevice);
+    row("the walk over devices fails behind the first", "RegEnumKeyExA", 4,
+        "A\n" + firstInstance + secondInstance + '\n');
     row("no class", "RegQueryValueExA", 0, withoutLine("   Class:               DiskDrive"));
     row("no description", "RegQueryValueExA", 1, withoutLine("   Device Description:  Disk drive"));
     row("no friendly name", "RegQueryValueExA", 2, withoutLine("   Friendly Name:       Acme Stick USB Device"));

@@ -108,8 +108,8 @@ void DiskInformationTest::fields_data()
 {
     QTest::addColumn<QByteArray>("drive");
     QTest::addColumn<QString>("text"); // behind root and blank
-    const auto row = [](const char *what, const QByteArray &drive, const QString &text) { QTest::newRow(what) << drive
-        << text; };
+    const auto row
+        = [](const char *what, const QByteArray &drive, const QString &text) { QTest::newRow(what) << drive << text; };
     const QByteArray volume(R"("GetVolumeInformation": {"volumeName": "Data", "fileSystemName": "FAT32"})");
     const QByteArray space(R"("GetDiskFreeSpaceEx": {"freeBytesAvailableToCaller": 1048576, "totalNumberOfBytes": 2097152})");
     row("type 0: the volume directly behind the blank", R"("GetDriveType": 0, )" + volume, "FAT32  Data  ");
@@ -191,8 +191,8 @@ void DiskInformationTest::failingCalls_data()
         QString(driveA) + "C:\\ fixed drive          Free: 1.4 GByte Total: 256.0 GByte \n" + driveD);
     row("the last volume", "GetVolumeInformationW", 2,
         QString(driveA) + driveC + "D:\\ CD/DVD drive         Free: 0 Byte Total: 1.5 KByte \n");
-    row("a drive's space", "GetDiskFreeSpaceExW", 1, QString(driveA) + "C:\\ fixed drive          NTFS  Windows  \n"
-        + driveD);
+    row("a drive's space", "GetDiskFreeSpaceExW", 1,
+        QString(driveA) + "C:\\ fixed drive          NTFS  Windows  \n" + driveD);
 }
 
 void DiskInformationTest::failingCalls()

@@ -1,12 +1,12 @@
 // The checks of both DNS-SD client libraries: results, texts and calls. On Windows they
 // meet the libraries of tests/dnssd_libraries.
 
-#include "win/dnssd_service.h"
 #include "described_windows.h"
 #include "section_calls.h"
 #include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
+#include "win/dnssd_service.h"
 #include "win/windows_sections.h"
 
 #include <QtCore/QCoreApplication>
@@ -58,7 +58,7 @@ private:
         const QByteArray standard(R"("dnssd.dll": {"DNSServiceGetProperty": {"error": 0, "DaemonVersion": 3210000}})");
         const QByteArray velkor(R"("vkdnssd.dll": {"DNSServiceGetProperty": {"error": 0, "DaemonVersion": 1300005}})");
         const auto both = [](const QByteArray &library) { return "\"dnssd.dll\": " + library + ", \"vkdnssd.dll\": "
-            + library; };
+                                                              + library; };
         return {{"running", standard + ", " + velkor},
                 {"version_0", both(R"({"DNSServiceGetProperty": {"error": 0, "DaemonVersion": 0}})")},
                 {"stopped", both(R"({"DNSServiceGetProperty": {"error": -65563, "DaemonVersion": 3210000}})")},
@@ -80,7 +80,7 @@ public:
     explicit Libraries(const QString &state)
     {
         const QString folder = QDir::toNativeSeparators(QCoreApplication::applicationDirPath() + "/dnssd_libraries/"
-            + state);
+                                                        + state);
         if (state != "missing" && !QDir(folder).exists())
             qFatal("no folder %s", qPrintable(folder));
         SetDllDirectoryW(state == "missing" ? nullptr : reinterpret_cast<const wchar_t *>(folder.utf16()));
@@ -107,7 +107,7 @@ void DnssdServiceTest::checks_data()
     QTest::addColumn<int>("error");
     QTest::addColumn<QString>("version");
     const auto row = [](const char *what, const char *state, bool standard, bool installed, int error,
-        const char *version) {
+                        const char *version) {
         QTest::newRow(what) << QString(state) << standard << installed << error << QString(version);
     };
     const char *const untouched = "as it was";
@@ -250,7 +250,8 @@ void DnssdServiceTest::versions()
 {
     QFETCH(uint, version);
     QFETCH(QString, text);
-    const DescribedWindows windows("", R"({"libraries": {"dnssd.dll": {"DNSServiceGetProperty": {"DaemonVersion": )"
+    const DescribedWindows windows("",
+                                   R"({"libraries": {"dnssd.dll": {"DNSServiceGetProperty": {"DaemonVersion": )"
                                        + QByteArray::number(version) + "}}}}");
     int error = 4711;
     QString seen;

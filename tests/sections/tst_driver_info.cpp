@@ -79,7 +79,7 @@ QByteArray allValues()
     return textValue("InfSectionExt", ".NT") + textValue("InfSection", "Acme.Install") + textValue("InfPath", "oem7.inf")
         + textValue("MatchingDeviceId", "pci\\ven_1234") + textValue("ProviderName", "Acme")
         + textValue("DriverDate", "7-1-2021") + textValue("DriverVersion", "12.18.9.23")
-            + textValue("DriverDesc", "Acme LAN");
+        + textValue("DriverDesc", "Acme LAN");
 }
 
 const char allLines[] = "   Driver Description: Acme LAN\n"
@@ -112,8 +112,8 @@ void DriverInfoTest::classes_data()
     row("a class without drivers: its name between two rules", netClass(), rule + QString("Net:\n") + rule);
     row("two classes: one rule between them", second + netClass(), rule + QString("Net:\n") + rule + "Display:\n" + rule);
     row("a class without a name at index 0: the opening rule alone", classKey("\\{1}"), rule);
-    row("a class without a name at index 0 before one with", classKey("\\{0}") + netClass(), rule + QString("Net:\n")
-        + rule);
+    row("a class without a name at index 0 before one with", classKey("\\{0}") + netClass(),
+        rule + QString("Net:\n") + rule);
     row("a class without a name behind one with", netClass() + classKey("\\{2}"), rule + QString("Net:\n") + rule);
     row("a class without a name between two with", netClass() + classKey("\\{1}a") + second,
         rule + QString("Net:\n") + rule + "Display:\n" + rule);
@@ -128,8 +128,8 @@ void DriverInfoTest::classes_data()
         QString(rule) + QChar(0x4e00) + ":\n" + rule);
     row("a name up to its null", classKey("\\{1}") + hexValue("Class", REG_SZ, utf16Data(QString("a") + QChar() + "b")),
         rule + QString("a:\n") + rule);
-    row("a name of 1024 units without a terminator", classKey("\\{1}")
-        + binaryValue("Class", utf16Data(QString(1024, 'x'))),
+    row("a name of 1024 units without a terminator",
+        classKey("\\{1}") + binaryValue("Class", utf16Data(QString(1024, 'x'))),
         rule + QString(1024, 'x') + ":\n" + rule);
     row("a name that is too long for its buffer is none", classKey("\\{1}") + textValue("Class", QString(1024, 'x')),
         rule);
@@ -160,22 +160,21 @@ void DriverInfoTest::values_data()
     row("the inf file alone", textValue("InfPath", "x"), "   InfPath:            x\n");
     row("the inf section alone", textValue("InfSection", "x"), "   InfSection:         x\n");
     row("the inf section's extension alone", textValue("InfSectionExt", "x"), "   InfSectionExt:      x\n");
-    row("properties of a device class are no driver's", numberValue("DeviceType", 7)
-        + numberValue("DeviceCharacteristics", 256), "");
+    row("properties of a device class are no driver's",
+        numberValue("DeviceType", 7) + numberValue("DeviceCharacteristics", 256), "");
     row("an empty text", textValue("DriverDesc", ""), "   Driver Description: \n");
     row("a text without a terminator", hexValue("DriverDesc", REG_SZ, utf16Data("abc")), "   Driver Description: abc\n");
-    row("a text of no bytes does not show the one before", textValue("DriverDesc", "x")
-        + hexValue("DriverDate", REG_SZ, ""),
+    row("a text of no bytes does not show the one before",
+        textValue("DriverDesc", "x") + hexValue("DriverDate", REG_SZ, ""),
         "   Driver Description: x\n   Driver Date:        \n");
-    row("a short text does not show the one before", textValue("DriverDesc", "long")
-        + binaryValue("DriverDate", utf16Data("s")),
+    row("a short text does not show the one before",
+        textValue("DriverDesc", "long") + binaryValue("DriverDate", utf16Data("s")),
         "   Driver Description: long\n   Driver Date:        s\n");
     row("any type: a number's bytes", numberValue("DriverDesc", 0x00420041), "   Driver Description: AB\n");
     row("1024 units without a terminator are text as a whole", binaryValue("DriverDesc", utf16Data(QString(1024, 'x'))),
         "   Driver Description: " + QString(1024, 'x') + '\n');
-    row("2050 bytes have no line, and the next value is read", textValue("DriverDesc", QString(1024, 'x'))
-        + textValue("InfPath", "i"),
-        "   InfPath:            i\n");
+    row("2050 bytes have no line, and the next value is read",
+        textValue("DriverDesc", QString(1024, 'x')) + textValue("InfPath", "i"), "   InfPath:            i\n");
     row("a byte-order mark is a character", textValue("DriverDesc", QChar(0xfeff) + QString("x")),
         "   Driver Description: " + QString(QChar(0xfeff)) + "x\n");
     row("placeholders stay", textValue("DriverDesc", "%1 %2 %99 %L1"), "   Driver Description: %1 %2 %99 %L1\n");
@@ -203,13 +202,13 @@ void DriverInfoTest::drivers_data()
     row("one without values between: one empty line", driver("0000", "a") + driverKey("0001") + driver("0002", "c"),
         described("a") + '\n' + described("c"));
     row("two without values between: one empty line",
-        driver("0000", "a") + driverKey("0001") + driverKey("0002") + driver("0003", "d"), described("a") + '\n'
-            + described("d"));
+        driver("0000", "a") + driverKey("0001") + driverKey("0002") + driver("0003", "d"),
+        described("a") + '\n' + described("d"));
     row("one without values last: an empty line before the rule", driver("0000", "a") + driverKey("0001"),
         described("a") + '\n');
     row("only drivers without values: nothing", driverKey("0000") + driverKey("0001"), "");
-    row("a driver with an empty text wrote a line", driver("0000", "") + driver("0001", "b"), described("") + '\n'
-        + described("b"));
+    row("a driver with an empty text wrote a line", driver("0000", "") + driver("0001", "b"),
+        described("") + '\n' + described("b"));
     row("the flag is cleared between classes: no empty line at the start of the next",
         driver("0000", "a") + classKey("\\{2}") + textValue("Class", "Display") + classKey("\\{2}\\0000")
             + textValue("DriverDesc", "b"),
@@ -274,9 +273,8 @@ void DriverInfoTest::properties_data()
         driverKey(opened) + bothProperties() + driverKey(bytesReadProperties), heading + bothPropertyLines);
     row("a name whose bytes read PROPERTIES", driverKey(opened) + bothProperties() + driverKey(bytesReadUpperCase),
         heading + bothPropertyLines);
-    row("a name whose bytes read a part of it is a driver", driver("????", "a") + bothProperties()
-        + driverKey(bytesReadLess),
-        described("a") + '\n' + described("a"));
+    row("a name whose bytes read a part of it is a driver",
+        driver("????", "a") + bothProperties() + driverKey(bytesReadLess), described("a") + '\n' + described("a"));
     row("a name whose bytes read more is a driver", driver("??????", "a") + bothProperties() + driverKey(bytesReadMore),
         described("a") + '\n' + described("a"));
     row("a unit whose low byte is zero ends such a name",
@@ -300,26 +298,27 @@ void DriverInfoTest::properties_data()
     row("high bytes that read Properties alone: a driver",
         driver("??????????", "a") + bothProperties() + driverKey(highBytesReadProperties), described("a") + '\n' + described("a"));
     row("nothing to open behind such a name: nothing", driverKey(bytesReadProperties) + bothProperties(), "");
-    row("the device type alone", driverKey(opened) + numberValue("DeviceType", 0xffffffff)
-        + driverKey(bytesReadProperties),
+    row("the device type alone",
+        driverKey(opened) + numberValue("DeviceType", 0xffffffff) + driverKey(bytesReadProperties),
         heading + "   Device Type:             4294967295 = 0xffffffff\n");
-    row("the characteristics alone", driverKey(opened) + numberValue("DeviceCharacteristics", 0)
-        + driverKey(bytesReadProperties),
+    row("the characteristics alone",
+        driverKey(opened) + numberValue("DeviceCharacteristics", 0) + driverKey(bytesReadProperties),
         heading + "   Device Characteristics:  0 = 0x0\n");
     row("numbers of more than four bytes have no line",
         driverKey(opened) + binaryValue("DeviceType", QByteArray(5, '\1')) + numberValue("DeviceCharacteristics", 1)
             + driverKey(bytesReadProperties),
         heading + "   Device Characteristics:  1 = 0x1\n");
-    row("a number of two bytes", driverKey(opened) + binaryValue("DeviceType", "\x01\x02")
-        + driverKey(bytesReadProperties),
+    row("a number of two bytes",
+        driverKey(opened) + binaryValue("DeviceType", "\x01\x02") + driverKey(bytesReadProperties),
         heading + "   Device Type:             513 = 0x201\n");
     row("a short second number keeps bytes of the first",
         driverKey(opened) + numberValue("DeviceType", 0x04030201) + binaryValue("DeviceCharacteristics", "\xff")
             + driverKey(bytesReadProperties),
         heading + "   Device Type:             67305985 = 0x4030201\n"
             + "   Device Characteristics:  67306239 = 0x40302ff\n");
-    row("a second number of no bytes shows the first", driverKey(opened) + numberValue("DeviceType", 42)
-        + binaryValue("DeviceCharacteristics", "") + driverKey(bytesReadProperties),
+    row("a second number of no bytes shows the first",
+        driverKey(opened) + numberValue("DeviceType", 42) + binaryValue("DeviceCharacteristics", "")
+            + driverKey(bytesReadProperties),
         heading + "   Device Type:             42 = 0x2a\n" + "   Device Characteristics:  42 = 0x2a\n");
     const QString shortFirst = heading + "   Device Type:             7 = 0x7\n"
         + "   Device Characteristics:  67305985 = 0x4030201\n";
@@ -390,8 +389,8 @@ void DriverInfoTest::longNames_data()
     QTest::addColumn<QByteArray>("keys");
     QTest::addColumn<QString>("lines");
     const QByteArray last = driver("z", "z");
-    QTest::newRow("1023 characters fit") << driver(QByteArray(1023, 'n'), "n") + last << described("n") + '\n'
-        + described("z");
+    QTest::newRow("1023 characters fit") << driver(QByteArray(1023, 'n'), "n") + last
+                                         << described("n") + '\n' + described("z");
     QTest::newRow("1024 characters do not: the walk ends there")
         << driver("a", "a") + driver(QByteArray(1024, 'n'), "n") + last << described("a");
 }
@@ -490,8 +489,8 @@ void DriverInfoTest::failingCalls_data()
     const QString full = rule + net + display;
     row("the classes do not open: the heading alone", "RegOpenKeyExA", 0, "");
     row("the class at index 0 does not open: no opening rule at all", "RegOpenKeyExA", 1, display);
-    row("a driver does not open: no empty line for it", "RegOpenKeyExA", 2, rule + QString("Net:\n") + described("b")
-        + rule + display);
+    row("a driver does not open: no empty line for it", "RegOpenKeyExA", 2,
+        rule + QString("Net:\n") + described("b") + rule + display);
     row("the last driver does not open: no empty line for it", "RegOpenKeyExA", 3,
         rule + QString("Net:\n") + allLines + rule + display);
     row("a later class does not open", "RegOpenKeyExA", 4, rule + net);
@@ -500,8 +499,8 @@ void DriverInfoTest::failingCalls_data()
     row("the walk over drivers fails at its start", "RegEnumKeyExW", 0, rule + QString("Net:\n") + rule + display);
     row("the walk over drivers fails behind the first", "RegEnumKeyExW", 1,
         rule + QString("Net:\n") + allLines + rule + display);
-    row("the name of the class at index 0 cannot be read: the opening rule stands", "RegQueryValueExW", 0, rule
-        + display);
+    row("the name of the class at index 0 cannot be read: the opening rule stands", "RegQueryValueExW", 0,
+        rule + display);
     const QStringList lines = QString(allLines).split('\n', Qt::SkipEmptyParts);
     const char *const calls[] = {"no description", "no version", "no date", "no provider", "no device ID",
                                  "no inf file", "no inf section", "no inf section's extension"};

@@ -181,7 +181,8 @@ void EnvironmentVariablesTest::describedFailures_data()
         QStringList expected = lines;
         expected[index] = line;
         QTest::newRow(what) << QByteArray(start).replace("\"" + name + "\": \"" + QByteArray(1, char('a' + index)),
-                                                         "\"" + name + "\": \"" + QByteArray(length, 'x')) + "}}"
+                                                         "\"" + name + "\": \"" + QByteArray(length, 'x'))
+                + "}}"
                             << expected.join(QString());
     };
     longValue("32768 characters do not fit", "PATH", 1, 32757,
@@ -231,7 +232,7 @@ void EnvironmentVariablesTest::failingCalls()
 {
     QFETCH(int, number);
     COMPARE_TEXT(textWithFailingCall(machineOf(allVariables), "ExpandEnvironmentStringsW", number,
-        someEnvironmentVariables),
+                                     someEnvironmentVariables),
                  title + linesWith(number, QStringLiteral("Expand env var %1 failed!\n").arg(number)));
 }
 

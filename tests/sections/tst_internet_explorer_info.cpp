@@ -178,9 +178,13 @@ void comparisonRows()
     addRow("a known IVer and a blank", textValue("IVer", "103 "), "IVer = 103  unknwon");
     addRow("a blank and a known IVer", textValue("IVer", " 103"), "IVer =  103 unknwon");
     addRow("a known IVer without terminator", binaryValue("IVer", "101"), "IVer = 101 Windows NT");
-    addRow("an IVer ends at its first null", binaryValue("IVer", QByteArray("100\0""9", 5)), "1.0 (Plus! for Windows 95)");
+    addRow("an IVer ends at its first null", binaryValue("IVer", QByteArray("100\0"
+                                                                            "9",
+                                                                            5)),
+           "1.0 (Plus! for Windows 95)");
     addRow("an IVer stored as a number: its bytes", numberValue("IVer", 0x00303031), "1.0 (Plus! for Windows 95)");
-    addRow("bytes are compared, not the texts they become", binaryValue("IVer", "\xef\xbb\xbf""101"),
+    addRow("bytes are compared, not the texts they become", binaryValue("IVer", "\xef\xbb\xbf"
+                                                                                "101"),
            "IVer = 101 unknwon");
     addRow("placeholders in IVer stay", textValue("IVer", "%1 %2"), "IVer = %1 %2 unknwon");
     addRelease("placeholders in IVer stay in front of Build", "%1", "520", "IVer = %1 unknwon Build = %1");
@@ -227,7 +231,7 @@ void InternetExplorerInfoTest::text_data()
     QTest::addColumn<QString>("expected");
     QTest::newRow("no key: a line that is not ended") << QByteArray() << title + noKey;
     QTest::newRow("everything") << key() + versions() + textValue("IVer", "102") + textValue("Build", "520")
-                                       + serviceValues()
+            + serviceValues()
                                 << title + versionLine("11.789.19041.0") + updateLine + kbLine + w2kLine;
     versionRows();
     textRows();

@@ -53,7 +53,7 @@ machine::Machine machineOf(const Modules &modules)
 }
 
 const QStringList fiveNames {"C:\\Host\\host.exe", "C:\\Windows\\ntdll.dll", "C:\\Windows\\kernel32.dll",
-    "C:\\Host\\a.dll",
+                             "C:\\Host\\a.dll",
                              "C:\\Host\\B.dll"};
 
 Modules fiveModules()
@@ -203,9 +203,13 @@ void LoadedModulesTest::modulesOfThisProcess()
     QVERIFY(modules.size() > 5);
     QCOMPARE(modules.first().toLower(), QDir::toNativeSeparators(QCoreApplication::applicationFilePath()).toLower());
     QCOMPARE(modules.filter(QRegularExpression("\\\\Qt5Core\\.dll$",
-        QRegularExpression::CaseInsensitiveOption)).size(), 1);
+                                               QRegularExpression::CaseInsensitiveOption))
+                 .size(),
+             1);
     QCOMPARE(modules.filter(QRegularExpression("\\\\kernel32\\.dll$",
-        QRegularExpression::CaseInsensitiveOption)).size(), 1);
+                                               QRegularExpression::CaseInsensitiveOption))
+                 .size(),
+             1);
     COMPARE_TEXT(loadedModulesList(), title + modules.join('\n') + '\n');
 }
 

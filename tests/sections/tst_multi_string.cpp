@@ -95,7 +95,9 @@ void MultiStringTest::narrowText_data()
     QTest::addColumn<QByteArray>("string");
     QTest::addColumn<QString>("expected");
     QTest::newRow("UTF-8 of two bytes")
-        << QByteArray("Gr\xc3\xbc\xc3\x9f""e") << QString("Gr") + QChar(0xfc) + QChar(0xdf) + "e";
+        << QByteArray("Gr\xc3\xbc\xc3\x9f"
+                      "e")
+        << QString("Gr") + QChar(0xfc) + QChar(0xdf) + "e";
     QTest::newRow("UTF-8 of four bytes") << QByteArray("\xf0\x9f\x98\x80") << QString() + QChar(0xd83d) + QChar(0xde00);
     QTest::newRow("a byte of an ANSI code page") << QByteArray("M\xe4rz") << QString("M") + replacement + "rz";
 }

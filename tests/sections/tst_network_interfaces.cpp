@@ -22,11 +22,14 @@
 #  include <sys/socket.h>
 #  include <unistd.h>
 #else
+#  include <vector>
+
 #  include <winsock2.h>
 #  include <ws2tcpip.h>
+
 #  include <windows.h>
+
 #  include <iphlpapi.h>
-#  include <vector>
 #endif
 
 using namespace velkor::SystemInfo;
@@ -156,14 +159,16 @@ QStringList cableInUse()
 const QString loopbackOff = line + QStringLiteral("lo\n"
                                                   "Loopback interface\n"
                                                   "Hardware address: 00:00:00:00:00:00\n"
-                                                  "Status: Down, Not running\n") + caption
+                                                  "Status: Down, Not running\n")
+    + caption
     + QStringLiteral("<no address>\n");
 
 // What stands below a loopback interface's name when it is up. Qt works out a broadcast
 // address where the kernel has none.
 const QString loopbackOn = QStringLiteral("Loopback interface\n"
                                           "Hardware address: 00:00:00:00:00:00\n"
-                                          "Status: Up, Running\n") + caption
+                                          "Status: Up, Running\n")
+    + caption
     + QStringLiteral("127.0.0.1 , 255.0.0.0 , 127.255.255.255\n"
                      "::1 , ffff:ffff:ffff:ffff:ffff:ffff:ffff:ffff , \n");
 
@@ -240,23 +245,22 @@ void NetworkInterfacesTest::text_data()
     QTest::newRow("two interfaces in the order of the list, each opened by a line; no address")
         << cableInUse() << QStringList {"vk0", "vk1"} << QByteArray("{}")
         << loopbackOff + firstEnd("vk0", runs, noAddress) + secondEnd(runs, noAddress);
-    QTest::newRow("one interface has addresses, one has none")
-        << cableInUse() + QStringList {"addr add 10.1.2.3/24 broadcast 10.1.2.255 dev vk0",
-                                       "addr add 172.16.0.9/29 dev vk0", "addr add 2001:db8::a/64 dev vk0 nodad",
-                                       "addr add fe80::b/64 dev vk0 nodad"}
-        << QStringList {"vk0", "vk1"} << QByteArray("{}")
-        << loopbackOff
-               + firstEnd("vk0", runs,
-                          "10.1.2.3 , 255.255.255.0 , 10.1.2.255\n"
-                          "172.16.0.9 , 255.255.255.248 , 172.16.0.15\n"
-                          "2001:db8::a , ffff:ffff:ffff:ffff:: , \n"
-                          "fe80::b%vk0 , ffff:ffff:ffff:ffff:: , \n")
-               + secondEnd(runs, noAddress);
+    QTest::newRow("one interface has addresses, one has none") << cableInUse()
+            + QStringList {"addr add 10.1.2.3/24 broadcast 10.1.2.255 dev vk0", "addr add 172.16.0.9/29 dev vk0",
+                           "addr add 2001:db8::a/64 dev vk0 nodad", "addr add fe80::b/64 dev vk0 nodad"}
+                                                               << QStringList {"vk0", "vk1"} << QByteArray("{}")
+                                                               << loopbackOff
+            + firstEnd("vk0", runs,
+                       "10.1.2.3 , 255.255.255.0 , 10.1.2.255\n"
+                       "172.16.0.9 , 255.255.255.248 , 172.16.0.15\n"
+                       "2001:db8::a , ffff:ffff:ffff:ffff:: , \n"
+                       "fe80::b%vk0 , ffff:ffff:ffff:ffff:: , \n")
+            + secondEnd(runs, noAddress);
     QTest::newRow("an interface that is down shows the address it has")
         << cable() + QStringList {"addr add 10.1.2.4/16 broadcast 10.1.255.255 dev vk1"} << QStringList()
         << QByteArray("{}")
         << loopbackOff + firstEnd("vk0", isDown, noAddress)
-               + secondEnd(isDown, "10.1.2.4 , 255.255.0.0 , 10.1.255.255\n");
+            + secondEnd(isDown, "10.1.2.4 , 255.255.0.0 , 10.1.255.255\n");
 
     QTest::newRow("each interface has the adapter of its own index")
         << cableInUse() << QStringList {"vk0", "vk1"}
@@ -267,19 +271,19 @@ void NetworkInterfacesTest::text_data()
                "HaveWins": 1, "PrimaryWinsServer": ["10.0.0.4", "255.0.0.4"],
                "SecondaryWinsServer": ["10.0.0.5", "255.0.0.5"]})")
         << loopbackOff
-               + firstEnd("first", runs,
-                          "<no address>\n"
-                          "Gateway 1: 10.0.0.7, 255.0.0.7\n"
-                          "Gateway 2: 10.0.0.8, 255.0.0.8\n"
-                          "Gateway 3: 10.0.0.9, 255.0.0.9\n"
-                          "DHCP enabled:  1\n"
-                          "DHCP server: 10.0.0.2, 255.0.0.2\n"
-                          "Lease obtained: Sun Jan  4 00:00:00 1970\n"
-                          "Lease expires:  0x80000000\n"
-                          "Have WINS: 1\n"
-                          "Primary WINS Server: 10.0.0.4, 255.0.0.4\n"
-                          "Secondary WINS Server: 10.0.0.5, 255.0.0.5\n")
-               + secondEnd(runs, QString(noAddress) + plainDetails).replace("vk1", "second");
+            + firstEnd("first", runs,
+                       "<no address>\n"
+                       "Gateway 1: 10.0.0.7, 255.0.0.7\n"
+                       "Gateway 2: 10.0.0.8, 255.0.0.8\n"
+                       "Gateway 3: 10.0.0.9, 255.0.0.9\n"
+                       "DHCP enabled:  1\n"
+                       "DHCP server: 10.0.0.2, 255.0.0.2\n"
+                       "Lease obtained: Sun Jan  4 00:00:00 1970\n"
+                       "Lease expires:  0x80000000\n"
+                       "Have WINS: 1\n"
+                       "Primary WINS Server: 10.0.0.4, 255.0.0.4\n"
+                       "Secondary WINS Server: 10.0.0.5, 255.0.0.5\n")
+            + secondEnd(runs, QString(noAddress) + plainDetails).replace("vk1", "second");
     QTest::newRow("an adapter without description: the interface's own name, then the details")
         << cable() << QStringList() << adapters(adapter(10, ""))
         << loopbackOff + firstEnd("vk0", isDown, QString(noAddress) + plainDetails) + secondEnd(isDown, noAddress);

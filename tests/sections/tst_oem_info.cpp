@@ -166,8 +166,9 @@ void OemInfoTest::callsOfAFullMachine()
 {
     const DescribedWindows windows(fullKey(), windows6);
     oemInfoFromRegistry();
-    QCOMPARE(journalLines(), QStringList({"GetVersionExA 148", openLine, "RegQueryValueExA Manufacturer 2048",
-                                          "RegQueryValueExA Model 2048"}));
+    QCOMPARE(journalLines(),
+             QStringList(
+                 {"GetVersionExA 148", openLine, "RegQueryValueExA Manufacturer 2048", "RegQueryValueExA Model 2048"}));
     QCOMPARE(simulated::handleMisuses(), QStringList());
 }
 
@@ -203,7 +204,8 @@ void OemInfoTest::failingCalls_data()
     QTest::addColumn<QString>("expected");
     QTest::addColumn<QStringList>("open");
     QTest::newRow("the version is not told")
-        << QByteArray("GetVersionExA") << 0 << title + "GetVersionExA(&osver) failed!\n" << QStringList();
+        << QByteArray("GetVersionExA") << 0 << title + "GetVersionExA(&osver) failed!\n"
+        << QStringList();
     QTest::newRow("the key does not open") << QByteArray("RegOpenKeyExA") << 0 << title << QStringList();
     QTest::newRow("the maker cannot be read")
         << QByteArray("RegQueryValueExA") << 0 << title + model << QStringList(keyPath);

@@ -96,7 +96,8 @@ QString sectionStart(const QString &flagsAndName, const char *overlays = "0")
 {
     return QStringLiteral("#### QGLFormat #### \n"
                           "hasOpenGL         0\n"
-                          "hasOpenGLOverlays ") + overlays
+                          "hasOpenGLOverlays ")
+        + overlays
         + QStringLiteral("\nopenGLVersionFlags ") + flagsAndName + "\n" + heading;
 }
 
@@ -109,7 +110,8 @@ void OpenGLDriversTest::text_data()
 
     QTest::newRow("no key: the heading alone") << QByteArray() << QString();
     QTest::newRow("a key without drivers: the heading alone") << driversKey() << QString();
-    QTest::newRow("values of the key itself are no drivers") << driversKey() + "\"dll\"=\"x\"\n" << QString();
+    QTest::newRow("values of the key itself are no drivers") << driversKey() + "\"dll\"=\"x\"\n"
+                                                             << QString();
     QTest::newRow("two drivers: no empty line behind them") << twoDrivers() << twoDriversText;
     QTest::newRow("drivers in the order of their names")
         << driver("b", "\"dll\"=\"y\"") + driver("C", "\"dll\"=\"z\"") + driver("A", "\"dll\"=\"x\"")
@@ -252,17 +254,11 @@ void OpenGLDriversTest::calls()
                      .arg(call.sizeIn)
                      .arg(call.access, 0, 16);
     }
-    QCOMPARE(calls, QStringList({"RegOpenKeyExA *  0 20019",
-                                 "RegEnumKeyA * 0 2048 0",
-                                 "RegOpenKeyExA *\\A  0 20019",
-                                 "RegQueryValueExA *\\A dll 2048 0",
-                                 "RegCloseKey *\\A  0 0",
-                                 "RegEnumKeyA * 1 2048 0",
-                                 "RegOpenKeyExA *\\B  0 20019",
-                                 "RegQueryValueExA *\\B dll 2048 0",
-                                 "RegCloseKey *\\B  0 0",
-                                 "RegEnumKeyA * 2 2048 0",
-                                 "RegCloseKey *  0 0"}));
+    QCOMPARE(calls,
+             QStringList({"RegOpenKeyExA *  0 20019", "RegEnumKeyA * 0 2048 0", "RegOpenKeyExA *\\A  0 20019",
+                          "RegQueryValueExA *\\A dll 2048 0", "RegCloseKey *\\A  0 0", "RegEnumKeyA * 1 2048 0",
+                          "RegOpenKeyExA *\\B  0 20019", "RegQueryValueExA *\\B dll 2048 0", "RegCloseKey *\\B  0 0",
+                          "RegEnumKeyA * 2 2048 0", "RegCloseKey *  0 0"}));
     QCOMPARE(simulated::openHandles(), QStringList());
     QCOMPARE(simulated::handleMisuses(), QStringList());
 }
@@ -285,18 +281,25 @@ void OpenGLDriversTest::failingCalls_data()
     QTest::newRow("the key does not open") << open << 0 << denied << "" << QString();
     QTest::newRow("the key opens without a handle") << open << 0 << quint32(ERROR_SUCCESS) << "" << QString();
     QTest::newRow("the first name cannot be read: no drivers") << enumerate << 0 << denied << "" << end;
-    QTest::newRow("the second name cannot be read: the list ends there") << enumerate << 1 << denied << "A   x.dll\n" << end;
+    QTest::newRow("the second name cannot be read: the list ends there") << enumerate << 1 << denied << "A   x.dll\n"
+                                                                         << end;
     QTest::newRow("the second name is too long: the list ends there")
-        << enumerate << 1 << quint32(ERROR_MORE_DATA) << "A   x.dll\n" << end;
+        << enumerate << 1 << quint32(ERROR_MORE_DATA) << "A   x.dll\n"
+        << end;
     QTest::newRow("the list ends with another error") << enumerate << 2 << denied << all << end;
-    QTest::newRow("the first driver does not open") << open << 1 << denied << "A   \nB   y.dll\n" << end;
-    QTest::newRow("the second driver does not open") << open << 2 << denied << "A   x.dll\nB   \n" << end;
+    QTest::newRow("the first driver does not open") << open << 1 << denied << "A   \nB   y.dll\n"
+                                                    << end;
+    QTest::newRow("the second driver does not open") << open << 2 << denied << "A   x.dll\nB   \n"
+                                                     << end;
     QTest::newRow("the first driver opens without a handle")
-        << open << 1 << quint32(ERROR_SUCCESS) << "A   \nB   y.dll\n" << end;
+        << open << 1 << quint32(ERROR_SUCCESS) << "A   \nB   y.dll\n"
+        << end;
     QTest::newRow("the first library cannot be read")
-        << QByteArray("RegQueryValueExA") << 0 << denied << "A   \nB   y.dll\n" << end;
+        << QByteArray("RegQueryValueExA") << 0 << denied << "A   \nB   y.dll\n"
+        << end;
     QTest::newRow("the second library cannot be read: not the first one again")
-        << QByteArray("RegQueryValueExA") << 1 << denied << "A   x.dll\nB   \n" << end;
+        << QByteArray("RegQueryValueExA") << 1 << denied << "A   x.dll\nB   \n"
+        << end;
     QTest::newRow("the first driver does not close: nothing shows") << close << 0 << denied << all << end;
     QTest::newRow("the second driver does not close: nothing shows") << close << 1 << denied << all << end;
     QTest::newRow("the key does not close: nothing shows") << close << 2 << denied << all << end;

@@ -58,7 +58,8 @@ QString sectionStart(const QString &flagsAndName, const QString &drivers, const 
 {
     return QStringLiteral("#### QGLFormat #### \n"
                           "hasOpenGL         1\n"
-                          "hasOpenGLOverlays ") + overlays
+                          "hasOpenGLOverlays ")
+        + overlays
         + QStringLiteral("\nopenGLVersionFlags ") + flagsAndName
         + QStringLiteral("\n#### Info about the OpenGL driver DLL's from registry ###\n") + drivers;
 }
@@ -66,7 +67,8 @@ QString sectionStart(const QString &flagsAndName, const QString &drivers, const 
 QString directPart(const QString &version, const QString &vendor, const QString &renderer, const QString &extensions)
 {
     return QStringLiteral("#### Direct OpenGL calls (using QGLWidget with default QGLFormat) ####\n"
-                          "glGetString(GL_VERSION)  = ") + version
+                          "glGetString(GL_VERSION)  = ")
+        + version
         + QStringLiteral("\nglGetString(GL_VENDOR)   = ") + vendor
         + QStringLiteral("\nglGetString(GL_RENDERER) = ") + renderer
         + QStringLiteral("\nglGetString(GL_EXTENSIONS) = ") + extensions + "\n";

@@ -1,7 +1,7 @@
 // ScanOpenGLInfo as a class, and the OpenGL version probe.
 
-#include "test_main.h"
 #include "opengl/opengl_version.h"
+#include "test_main.h"
 
 #include <QtCore/QPointer>
 #include <QtTest/QtTest>

@@ -50,12 +50,16 @@ void PortsTest::headings_data()
     QTest::addColumn<QString>("map");
     QTest::addColumn<QString>("expected");
     QTest::newRow("no parallel ports: the heading alone")
-        << "PARALLEL PORTS" << ">> Info about 'PARALLEL PORTS' ports from registry:\n";
+        << "PARALLEL PORTS"
+        << ">> Info about 'PARALLEL PORTS' ports from registry:\n";
     QTest::newRow("serial ports: the heading, the listing and an empty line")
-        << "SERIALCOMM" << ">> Info about 'SERIALCOMM' ports from registry:\nA   COM1\n\n";
+        << "SERIALCOMM"
+        << ">> Info about 'SERIALCOMM' ports from registry:\nA   COM1\n\n";
     QTest::newRow("the map without regard to case, the heading as asked")
-        << "SerialComm" << ">> Info about 'SerialComm' ports from registry:\nA   COM1\n\n";
-    QTest::newRow("a placeholder in the map's name stays") << "%1" << ">> Info about '%1' ports from registry:\n";
+        << "SerialComm"
+        << ">> Info about 'SerialComm' ports from registry:\nA   COM1\n\n";
+    QTest::newRow("a placeholder in the map's name stays") << "%1"
+                                                           << ">> Info about '%1' ports from registry:\n";
 }
 
 void PortsTest::headings()

@@ -48,16 +48,25 @@ struct Answers
 QString section(const Answers &answers)
 {
     return "Processor information: \n"
-           "Processor architecture:       " + answers.architecture + "\n"
-           "Number of processors:       " + answers.number + "\n"
-           "Active processors:          " + answers.active
+           "Processor architecture:       "
+        + answers.architecture + "\n"
+                                 "Number of processors:       "
+        + answers.number + "\n"
+                           "Active processors:          "
+        + answers.active
         + "Processor type:             " + answers.type + "\n"
-          "Processor revision:         " + answers.revision + "\n"
-          "Processor level:            " + answers.level + "\n"
-          "Page size:                  " + answers.pageSize + "\n"
-          "Minimum Application Address 0x" + answers.minimum + "\n"
-          "Maximum Application Address 0x" + answers.maximum + "\n"
-          "Allocation Granularity:     " + answers.granularity + "\n";
+                                                          "Processor revision:         "
+        + answers.revision + "\n"
+                             "Processor level:            "
+        + answers.level + "\n"
+                          "Page size:                  "
+        + answers.pageSize + "\n"
+                             "Minimum Application Address 0x"
+        + answers.minimum + "\n"
+                            "Maximum Application Address 0x"
+        + answers.maximum + "\n"
+                            "Allocation Granularity:     "
+        + answers.granularity + "\n";
 }
 
 QString continuation(int processor)
@@ -196,8 +205,9 @@ void ProcessorInfoTest::workstation()
     QString active = "Processor #0\n";
     for (int processor = 1; processor < 8; ++processor)
         active += continuation(processor);
-    COMPARE_TEXT(processorInfo(), section({"x64 (64bit)", "8", active, "AMD64", "40457 = 0x9e09", "6", "4096",
-                                           "0000000000010000", "00007ffffffeffff", "65536 = 0x00010000"}));
+    COMPARE_TEXT(processorInfo(),
+                 section({"x64 (64bit)", "8", active, "AMD64", "40457 = 0x9e09", "6", "4096", "0000000000010000",
+                          "00007ffffffeffff", "65536 = 0x00010000"}));
 }
 
 void ProcessorInfoTest::withoutAMachine()

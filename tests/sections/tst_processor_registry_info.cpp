@@ -242,8 +242,8 @@ QString openLine(int index)
 
 const QStringList linesOfOneProcessor = {
     "RegQueryValueExA ProcessorNameString 2048", "RegQueryValueExA VendorIdentifier 2048",
-    "RegQueryValueExA Identifier 2048",          "RegQueryValueExA MMXIdentifier 2048",
-    "RegQueryValueExA ~MHZ 4",                   "RegQueryValueExA FeatureSet 4",
+    "RegQueryValueExA Identifier 2048", "RegQueryValueExA MMXIdentifier 2048",
+    "RegQueryValueExA ~MHZ 4", "RegQueryValueExA FeatureSet 4",
     "RegCloseKey"};
 
 } // namespace
@@ -261,8 +261,9 @@ void ProcessorRegistryInfoTest::callsOfAFullMachine()
 {
     const DescribedWindows windows(fullKey(0) + fullKey(1));
     processorRegistryInfo();
-    QCOMPARE(journalLines(), QStringList(openLine(0)) + linesOfOneProcessor + QStringList(openLine(1))
-                 + linesOfOneProcessor + QStringList(openLine(2)));
+    QCOMPARE(journalLines(),
+             QStringList(openLine(0)) + linesOfOneProcessor + QStringList(openLine(1)) + linesOfOneProcessor
+                 + QStringList(openLine(2)));
     QCOMPARE(simulated::openHandles(), QStringList());
     QCOMPARE(simulated::handleMisuses(), QStringList());
 }

@@ -43,7 +43,7 @@ struct Application
     QByteArray argument;
     int argc = 1;
     char *argv[2] = {argument.data(), nullptr};
-    QCoreApplication object{argc, argv};
+    QCoreApplication object {argc, argv};
 };
 
 #ifdef Q_OS_WIN
@@ -91,7 +91,8 @@ QString linesUpToName(const QString &name)
 {
     return QStringLiteral("QCoreApplication:\n"
                           "Application Version:  \n"
-                          "Application Name:     ") + name + QLatin1Char('\n');
+                          "Application Name:     ")
+        + name + QLatin1Char('\n');
 }
 
 const char noOrganization[] = "Organization Domain:  \n"
@@ -109,28 +110,40 @@ void QtCoreApplicationTest::descriptions_data()
     QTest::addColumn<QString>("organizationLines");
 
     QTest::newRow("all that an application can say of itself")
-        << "2.10.1" << "Plant Viewer" << "example.com" << "Example & Sons"
+        << "2.10.1"
+        << "Plant Viewer"
+        << "example.com"
+        << "Example & Sons"
         << "QCoreApplication:\n"
            "Application Version:  2.10.1\n"
            "Application Name:     Plant Viewer\n"
         << "Organization Domain:  example.com\n"
            "Organization Name:    Example & Sons\n";
     QTest::newRow("what is empty leaves its label alone")
-        << "" << "viewer" << "" << ""
+        << ""
+        << "viewer"
+        << ""
+        << ""
         << "QCoreApplication:\n"
            "Application Version:  \n"
            "Application Name:     viewer\n"
         << "Organization Domain:  \n"
            "Organization Name:    \n";
     QTest::newRow("placeholders stay")
-        << "%1" << "%2 %99" << "%L1" << "%1%2"
+        << "%1"
+        << "%2 %99"
+        << "%L1"
+        << "%1%2"
         << "QCoreApplication:\n"
            "Application Version:  %1\n"
            "Application Name:     %2 %99\n"
         << "Organization Domain:  %L1\n"
            "Organization Name:    %1%2\n";
     QTest::newRow("blanks and line feeds stay")
-        << " 1 " << "a\nb" << "  " << "b "
+        << " 1 "
+        << "a\nb"
+        << "  "
+        << "b "
         << "QCoreApplication:\n"
            "Application Version:   1 \n"
            "Application Name:     a\nb\n"
@@ -195,7 +208,8 @@ void QtCoreApplicationTest::emptyName()
     QCoreApplication::setApplicationVersion(QString());
     QCoreApplication::setApplicationName(QString());
     QCoreApplication::setLibraryPaths({});
-    COMPARE_TEXT(qtCoreApplication(), linesUpToName(QString()) + programLines() + QLatin1String(noOrganization)
+    COMPARE_TEXT(qtCoreApplication(),
+                 linesUpToName(QString()) + programLines() + QLatin1String(noOrganization)
                      + QStringLiteral("Library Paths:        \n"));
 }
 

@@ -61,7 +61,8 @@ void QtDesktopTest::sameAsWindows()
                                       "Desktop file name: viewer\n"
                                       "Number of screens:  %1\n"
                                       "Primary screen:     %2\n")
-                           .arg(GetSystemMetrics(SM_CMONITORS)).arg(monitors.front().device);
+                           .arg(GetSystemMetrics(SM_CMONITORS))
+                           .arg(monitors.front().device);
     for (std::size_t i = 0; i < monitors.size(); ++i) {
         QCOMPARE(monitors[i].isPrimary, i == 0);
         expected += QStringLiteral("Screen #%1:%2\n").arg(i + 1).arg(i == 0 ? " (primary screen)" : "")
@@ -270,7 +271,8 @@ void QtDesktopTest::screens()
     QFETCH(QString, expected);
     COMPARE_TEXT(desktopText(screens, {QStringLiteral("viewer")}),
                  QStringLiteral("QScreen (Desktop)\n"
-                                "Desktop file name: viewer\n") + expected);
+                                "Desktop file name: viewer\n")
+                     + expected);
 }
 
 void QtDesktopTest::primaryScreen_data()
@@ -289,9 +291,12 @@ void QtDesktopTest::primaryScreen_data()
                          "  virtual siblings: #2 \n");
     const QString mark(" (primary screen)");
     QTest::newRow("none among two: an empty name and no mark")
-        << "none" << "Primary screen:     \n" + first.arg("") + second.arg("");
-    QTest::newRow("the first of the list") << "0" << "Primary screen:     A\n" + first.arg(mark) + second.arg("");
-    QTest::newRow("the second of the list") << "1" << "Primary screen:     B\n" + first.arg("") + second.arg(mark);
+        << "none"
+        << "Primary screen:     \n" + first.arg("") + second.arg("");
+    QTest::newRow("the first of the list") << "0"
+                                           << "Primary screen:     A\n" + first.arg(mark) + second.arg("");
+    QTest::newRow("the second of the list") << "1"
+                                            << "Primary screen:     B\n" + first.arg("") + second.arg(mark);
 }
 
 // Qt 5 lists the primary screen first; its documentation does not promise that.
@@ -306,7 +311,8 @@ void QtDesktopTest::primaryScreen()
     COMPARE_TEXT(qt_environment::sectionText(QStringLiteral("qtDesktop"), environment),
                  "QScreen (Desktop)\n"
                  "Desktop file name: \n"
-                 "Number of screens:  2\n" + expected);
+                 "Number of screens:  2\n"
+                     + expected);
 }
 
 // Screens of one server that are no desktop together.

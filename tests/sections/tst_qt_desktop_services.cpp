@@ -9,6 +9,7 @@
 
 #ifdef Q_OS_WIN
 #  include <windows.h>
+
 #  include <knownfolders.h>
 #  include <shlobj.h>
 #endif
@@ -34,13 +35,20 @@ private Q_SLOTS:
 void QtDesktopServicesTest::labels()
 {
     const QStringList labels = {
-        "Desktop:                   ", "Desktop [displayName]      ",
-        "Documents:                 ", "Documents [displayName]    ",
-        "Home:                      ", "Home [displayName]         ",
-        "Data:                      ", "Data [displayName]         ",
-        "Temp:                      ", "Temp [displayName]         ",
-        "Applications:              ", "Applications [displayName] ",
-        "Fonts:                     ", "Fonts [displayName]        ",
+        "Desktop:                   ",
+        "Desktop [displayName]      ",
+        "Documents:                 ",
+        "Documents [displayName]    ",
+        "Home:                      ",
+        "Home [displayName]         ",
+        "Data:                      ",
+        "Data [displayName]         ",
+        "Temp:                      ",
+        "Temp [displayName]         ",
+        "Applications:              ",
+        "Applications [displayName] ",
+        "Fonts:                     ",
+        "Fonts [displayName]        ",
     };
     const QStringList lines = qtDesktopServices().split(QLatin1Char('\n'));
     QCOMPARE(lines.size(), 17); // the last is what is behind the last line feed
@@ -84,20 +92,27 @@ void QtDesktopServicesTest::sameAsWindows()
     COMPARE_TEXT(qtDesktopServices(),
                  "QDesktopServices\n"
                  "HomeLocation\n"
-                 "Desktop:                   " + knownFolder(FOLDERID_Desktop) + "\n"
-                 "Desktop [displayName]      Desktop\n"
-                 "Documents:                 " + knownFolder(FOLDERID_Documents) + "\n"
-                 "Documents [displayName]    Documents\n"
-                 "Home:                      " + knownFolder(FOLDERID_Profile) + "\n"
-                 "Home [displayName]         Home\n"
-                 "Data:                      " + knownFolder(FOLDERID_LocalAppData) + "/Example/viewer\n"
-                 "Data [displayName]         Application Data\n"
-                 "Temp:                      " + temporaryFolder() + "\n"
-                 "Temp [displayName]         Temporary Directory\n"
-                 "Applications:              " + knownFolder(FOLDERID_Programs) + "\n"
-                 "Applications [displayName] Applications\n"
-                 "Fonts:                     " + knownFolder(FOLDERID_Fonts) + "\n"
-                 "Fonts [displayName]        Fonts\n");
+                 "Desktop:                   "
+                     + knownFolder(FOLDERID_Desktop) + "\n"
+                                                       "Desktop [displayName]      Desktop\n"
+                                                       "Documents:                 "
+                     + knownFolder(FOLDERID_Documents) + "\n"
+                                                         "Documents [displayName]    Documents\n"
+                                                         "Home:                      "
+                     + knownFolder(FOLDERID_Profile) + "\n"
+                                                       "Home [displayName]         Home\n"
+                                                       "Data:                      "
+                     + knownFolder(FOLDERID_LocalAppData) + "/Example/viewer\n"
+                                                            "Data [displayName]         Application Data\n"
+                                                            "Temp:                      "
+                     + temporaryFolder() + "\n"
+                                           "Temp [displayName]         Temporary Directory\n"
+                                           "Applications:              "
+                     + knownFolder(FOLDERID_Programs) + "\n"
+                                                        "Applications [displayName] Applications\n"
+                                                        "Fonts:                     "
+                     + knownFolder(FOLDERID_Fonts) + "\n"
+                                                     "Fonts [displayName]        Fonts\n");
 }
 
 #else
@@ -109,20 +124,26 @@ void QtDesktopServicesTest::plainHome()
     COMPARE_TEXT(qt_environment::sectionText(QStringLiteral("qtDesktopServices"), {"HOME=" + home}),
                  "QDesktopServices\n"
                  "HomeLocation\n"
-                 "Desktop:                   " + home + "/Desktop\n"
-                 "Desktop [displayName]      Desktop\n"
-                 "Documents:                 " + home + "/Documents\n"
-                 "Documents [displayName]    Documents\n"
-                 "Home:                      " + home + "\n"
-                 "Home [displayName]         Home\n"
-                 "Data:                      " + home + "/.local/share/section_child\n"
-                 "Data [displayName]         Application Data\n"
-                 "Temp:                      /tmp\n"
-                 "Temp [displayName]         Temporary Directory\n"
-                 "Applications:              " + home + "/.local/share/applications\n"
-                 "Applications [displayName] Applications\n"
-                 "Fonts:                     " + home + "/.local/share/fonts\n"
-                 "Fonts [displayName]        Fonts\n");
+                 "Desktop:                   "
+                     + home + "/Desktop\n"
+                              "Desktop [displayName]      Desktop\n"
+                              "Documents:                 "
+                     + home + "/Documents\n"
+                              "Documents [displayName]    Documents\n"
+                              "Home:                      "
+                     + home + "\n"
+                              "Home [displayName]         Home\n"
+                              "Data:                      "
+                     + home + "/.local/share/section_child\n"
+                              "Data [displayName]         Application Data\n"
+                              "Temp:                      /tmp\n"
+                              "Temp [displayName]         Temporary Directory\n"
+                              "Applications:              "
+                     + home + "/.local/share/applications\n"
+                              "Applications [displayName] Applications\n"
+                              "Fonts:                     "
+                     + home + "/.local/share/fonts\n"
+                              "Fonts [displayName]        Fonts\n");
 }
 
 // Each in a place of its own, with placeholders and blanks in its path.
@@ -148,12 +169,13 @@ void QtDesktopServicesTest::chosenFolders()
                  "Home [displayName]         Home\n"
                  "Data:                      /data/%1/section_child\n"
                  "Data [displayName]         Application Data\n"
-                 "Temp:                      " + scratch + "\n"
-                 "Temp [displayName]         Temporary Directory\n"
-                 "Applications:              /data/%1/applications\n"
-                 "Applications [displayName] Applications\n"
-                 "Fonts:                     /data/%1/fonts\n"
-                 "Fonts [displayName]        Fonts\n");
+                 "Temp:                      "
+                     + scratch + "\n"
+                                 "Temp [displayName]         Temporary Directory\n"
+                                 "Applications:              /data/%1/applications\n"
+                                 "Applications [displayName] Applications\n"
+                                 "Fonts:                     /data/%1/fonts\n"
+                                 "Fonts [displayName]        Fonts\n");
 }
 
 void QtDesktopServicesTest::emptyLocation()

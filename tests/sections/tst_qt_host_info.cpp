@@ -131,9 +131,12 @@ void QtHostInfoTest::domains_data()
 {
     QTest::addColumn<QString>("domain");
     QTest::addColumn<QString>("line");
-    QTest::newRow("a domain") << "example.test" << "Local domain name: example.test\n";
-    QTest::newRow("the first domain of several") << "a.test b.test" << "Local domain name: a.test\n";
-    QTest::newRow("no domain") << "" << "Local domain name: \n";
+    QTest::newRow("a domain") << "example.test"
+                              << "Local domain name: example.test\n";
+    QTest::newRow("the first domain of several") << "a.test b.test"
+                                                 << "Local domain name: a.test\n";
+    QTest::newRow("no domain") << ""
+                               << "Local domain name: \n";
 }
 
 void QtHostInfoTest::domains()
@@ -142,7 +145,8 @@ void QtHostInfoTest::domains()
     QFETCH(QString, line);
     COMPARE_TEXT(qt_environment::sectionText(QStringLiteral("qtHostInfo"), {QStringLiteral("LOCALDOMAIN=") + domain}),
                  QStringLiteral("QHostInfo\n"
-                                "Local host name:   ") + thisHost() + QLatin1Char('\n') + line);
+                                "Local host name:   ")
+                     + thisHost() + QLatin1Char('\n') + line);
 }
 
 void QtHostInfoTest::hosts_data()

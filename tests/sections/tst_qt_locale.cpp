@@ -42,7 +42,8 @@ void QtLocaleTest::sameAsWindows()
     const bool isMetric = localeText(LOCALE_IMEASURE) == QStringLiteral("0");
     COMPARE_TEXT(qtLocale(),
                  QStringLiteral("QLocale\n"
-                                "Country:          ") + localeText(LOCALE_SENGCOUNTRY)
+                                "Country:          ")
+                     + localeText(LOCALE_SENGCOUNTRY)
                      + QStringLiteral("\nLanguage:         ") + localeText(LOCALE_SENGLANGUAGE)
                      + QStringLiteral("\nMeasuring System: ")
                      + (isMetric ? QStringLiteral("MetricSystem\n") : QStringLiteral("ImperialSystem\n")));

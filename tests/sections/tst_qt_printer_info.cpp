@@ -77,19 +77,21 @@ QString textOfWindows()
 QByteArray printer(const QByteArray &name)
 {
     return "[HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Control\\Print\\Printers\\" + name + "]\n"
-           "\"Name\"=\"" + name + "\"\n"
-           "\"Port\"=\"FILE:\"\n"
-           "\"Printer Driver\"=\"Described\"\n"
-           "\"Print Processor\"=\"WinPrint\"\n"
-           "\"Datatype\"=\"RAW\"\n"
-           "\"Attributes\"=dword:00000040\n"
-           "\"Status\"=dword:00000000\n";
+                                                                                                 "\"Name\"=\""
+        + name + "\"\n"
+                 "\"Port\"=\"FILE:\"\n"
+                 "\"Printer Driver\"=\"Described\"\n"
+                 "\"Print Processor\"=\"WinPrint\"\n"
+                 "\"Datatype\"=\"RAW\"\n"
+                 "\"Attributes\"=dword:00000040\n"
+                 "\"Status\"=dword:00000000\n";
 }
 
 QByteArray defaultDevice(const QByteArray &name)
 {
     return "[HKEY_CURRENT_USER\\Software\\Microsoft\\Windows NT\\CurrentVersion\\Windows]\n"
-           "\"Device\"=\"" + name + ",winspool,FILE:\"\n";
+           "\"Device\"=\""
+        + name + ",winspool,FILE:\"\n";
 }
 
 } // namespace

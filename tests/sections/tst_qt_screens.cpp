@@ -53,18 +53,24 @@ QString block(const qt_environment::Monitor &monitor, int position)
     return "#" + number(position)
         + "\n  Name: " + monitor.device
         + "\n  Manufacturer: "
-          "\n  Physical DPI x: " + number(monitor.width / wide * 25.4) + "  y: " + number(monitor.height / high * 25.4)
+          "\n  Physical DPI x: "
+        + number(monitor.width / wide * 25.4) + "  y: " + number(monitor.height / high * 25.4)
         + "\n  Logical  DPI x: " + number(monitor.dotsPerInchX) + "  y: " + number(monitor.dotsPerInchY)
         + "\n  devicePixelRatio: 1"
-          "\n  RefreshRate: " + number(monitor.refreshRate > 1 ? monitor.refreshRate : 60) + " Hz"
-          "\n  PhysicalSize (width x height): " + number(wide) + "mm x " + number(high) + "mm  " + number(wide / 25.4)
+          "\n  RefreshRate: "
+        + number(monitor.refreshRate > 1 ? monitor.refreshRate : 60) + " Hz"
+                                                                       "\n  PhysicalSize (width x height): "
+        + number(wide) + "mm x " + number(high) + "mm  " + number(wide / 25.4)
         + "inch x " + number(high / 25.4) + "inch"
-          "\n                diagonal: " + number(diagonal) + "mm " + number(diagonal / 25.4) + "inch"
-          "\n  Size (width x height): " + number(monitor.width) + " x " + number(monitor.height)
+                                            "\n                diagonal: "
+        + number(diagonal) + "mm " + number(diagonal / 25.4) + "inch"
+                                                               "\n  Size (width x height): "
+        + number(monitor.width) + " x " + number(monitor.height)
         + "\n  Color depth: " + number(monitor.bitsPerPixel)
         + "\n  Orientation: " + direction
         + "\n  Native Orientation: 0"
-          "\n  Primary Orientation: " + direction + "\n";
+          "\n  Primary Orientation: "
+        + direction + "\n";
 }
 
 } // namespace

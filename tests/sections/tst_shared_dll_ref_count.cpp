@@ -155,15 +155,25 @@ void SharedDllRefCountTest::windowsDirectories_data()
     QTest::addColumn<QString>("dllName");
     QTest::addColumn<QString>("asked"); // the value
     const QString longest(1023, 'w');
-    QTest::newRow("another drive") << "D:\\WinNT" << "a.dll" << "D:\\WinNT\\system32\\a.dll";
-    QTest::newRow("a drive's root") << "C:\\" << "a.dll" << "C:\\\\system32\\a.dll";
+    QTest::newRow("another drive") << "D:\\WinNT"
+                                   << "a.dll"
+                                   << "D:\\WinNT\\system32\\a.dll";
+    QTest::newRow("a drive's root") << "C:\\"
+                                    << "a.dll"
+                                    << "C:\\\\system32\\a.dll";
     QTest::newRow("1023 units") << longest << "a.dll" << longest + "\\system32\\a.dll";
-    QTest::newRow("a first placeholder takes the DLL instead") << "C:\\%1" << "a.dll" << "C:\\a.dll\\system32\\%2";
-    QTest::newRow("a second placeholder takes the DLL too") << "C:\\%2" << "a.dll" << "C:\\a.dll\\system32\\a.dll";
-    QTest::newRow("a placeholder in the DLL's name stays") << "C:\\Windows" << "%1%2.dll"
-        << "C:\\Windows\\system32\\%1%2.dll";
+    QTest::newRow("a first placeholder takes the DLL instead") << "C:\\%1"
+                                                               << "a.dll"
+                                                               << "C:\\a.dll\\system32\\%2";
+    QTest::newRow("a second placeholder takes the DLL too") << "C:\\%2"
+                                                            << "a.dll"
+                                                            << "C:\\a.dll\\system32\\a.dll";
+    QTest::newRow("a placeholder in the DLL's name stays") << "C:\\Windows"
+                                                           << "%1%2.dll"
+                                                           << "C:\\Windows\\system32\\%1%2.dll";
     QTest::newRow("a character beyond Latin-1 becomes a question mark")
-        << "C:\\" + QString(QChar(0x4e00)) << "a.dll" << "C:\\?\\system32\\a.dll";
+        << "C:\\" + QString(QChar(0x4e00)) << "a.dll"
+        << "C:\\?\\system32\\a.dll";
 }
 
 void SharedDllRefCountTest::windowsDirectories()
@@ -240,7 +250,8 @@ void SharedDllRefCountTest::failingCalls_data()
     QTest::newRow("the list does not open: silent") << QByteArray("RegOpenKeyExA") << failed << QStringList();
     QTest::newRow("the count cannot be read: silent") << QByteArray("RegQueryValueExA") << failed << QStringList();
     QTest::newRow("the list does not close: nothing shows")
-        << QByteArray("RegCloseKey") << "RefCount for vkdnssd.dll: 3\n" << QStringList();
+        << QByteArray("RegCloseKey") << "RefCount for vkdnssd.dll: 3\n"
+        << QStringList();
 }
 
 void SharedDllRefCountTest::failingCalls()

@@ -107,16 +107,16 @@ void SpecialFoldersTest::failingCalls_data()
 {
     QTest::addColumn<int>("number");
     QTest::addColumn<QStringList>("folders");
-    QTest::newRow("the first: nothing behind its name") << 0 << QStringList {"", programs, programFiles, localData,
-        roamingData};
-    QTest::newRow("the second repeats the first") << 1 << QStringList {personal, personal, programFiles, localData,
-        roamingData};
-    QTest::newRow("the third repeats the second") << 2 << QStringList {personal, programs, programs, localData,
-        roamingData};
-    QTest::newRow("the fourth repeats the third") << 3 << QStringList {personal, programs, programFiles, programFiles,
-        roamingData};
-    QTest::newRow("the fifth repeats the fourth") << 4 << QStringList {personal, programs, programFiles, localData,
-        localData};
+    QTest::newRow("the first: nothing behind its name")
+        << 0 << QStringList {"", programs, programFiles, localData, roamingData};
+    QTest::newRow("the second repeats the first")
+        << 1 << QStringList {personal, personal, programFiles, localData, roamingData};
+    QTest::newRow("the third repeats the second")
+        << 2 << QStringList {personal, programs, programs, localData, roamingData};
+    QTest::newRow("the fourth repeats the third")
+        << 3 << QStringList {personal, programs, programFiles, programFiles, roamingData};
+    QTest::newRow("the fifth repeats the fourth")
+        << 4 << QStringList {personal, programs, programFiles, localData, localData};
 }
 
 void SpecialFoldersTest::failingCalls()

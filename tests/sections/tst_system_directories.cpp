@@ -59,7 +59,7 @@ void SystemDirectoriesTest::text_data()
     QTest::addColumn<QString>("wow64Directory");
     QTest::addColumn<QString>("lines");
     const auto row = [](const char *what, const QString &windowsDirectory, const QString &wow64Directory,
-        const QString &lines) {
+                        const QString &lines) {
         QTest::newRow(what) << windowsDirectory << wow64Directory << lines;
     };
     const QString longest(1023, 'w');
@@ -69,8 +69,8 @@ void SystemDirectoriesTest::text_data()
     row("no Windows directory: nothing replaces it", QString(), wow64Directory, wow64Line);
     row("neither: the heading alone", QString(), QString(), "");
     row("empty paths are none", "", "", "");
-    row("1023 units fit", longest, longest, "System directory:      " + longest + "\nSystem Wow64 directory:  "
-        + longest + '\n');
+    row("1023 units fit", longest, longest,
+        "System directory:      " + longest + "\nSystem Wow64 directory:  " + longest + '\n');
     row("a Windows directory that is too long: the extra line, then the empty buffer", tooLong, wow64Directory,
         "buffer for sysDir too small, need 1025\nSystem directory:      \n" + wow64Line);
     row("a Wow64 directory that is too long: the extra line, then what the buffer held", windowsDirectory, tooLong,

@@ -156,8 +156,8 @@ void SystemInformationTest::workstation()
 
 namespace {
 
-const QString openLine =
-    "RegOpenKeyExA HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\SystemInformation 0x20019";
+const QString openLine
+    = "RegOpenKeyExA HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\SystemInformation 0x20019";
 
 } // namespace
 

@@ -175,8 +175,8 @@ void TimeZoneInfoTest::workstation()
 
 namespace {
 
-const QString openLine =
-    "RegOpenKeyExA HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\TimeZoneInformation 0x20019";
+const QString openLine
+    = "RegOpenKeyExA HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\TimeZoneInformation 0x20019";
 
 } // namespace
 

@@ -69,7 +69,7 @@ QByteArray allValues()
     return numberValue("OpenGLFlagsWoW", 3) + numberValue("OpenGLFlags", 16) + numberValue("OpenGLVersionWoW", 2)
         + numberValue("OpenGLVersion", 1) + listValue("OpenGLDriverNameWow", {"g32.dll", "h32.dll"})
         + listValue("OpenGLDriverName", {"g64.dll"}) + textValue("ReleaseVersion", "20.1")
-            + textValue("ProviderName", "Acme")
+        + textValue("ProviderName", "Acme")
         + textValue("DriverDate", "7-1-2021") + textValue("DriverVersion", "27.20") + textValue("DriverDesc", "Acme 9")
         + numberValue("HardwareInformation.MemorySize", 0x40000000)
         + binaryValue("HardwareInformation.DacType", utf16Data("Internal"))
@@ -116,12 +116,11 @@ void VideoInfoTest::walk_data()
         "### Service: acmegfx\n0000\n   Driver Date: 1\n");
     row("only 0000: no service, and the block twice", videoKey("\\{A}\\0000") + textValue("DriverDate", "1"),
         "0000\n   Driver Date: 1\n0000\n   Driver Date: 1\n");
-    row("0000 and 0001: the last block twice", videoKey("\\{A}\\0001") + textValue("DriverDate", "b")
-        + videoKey("\\{A}\\0000"),
+    row("0000 and 0001: the last block twice",
+        videoKey("\\{A}\\0001") + textValue("DriverDate", "b") + videoKey("\\{A}\\0000"),
         "0000\n0001\n   Driver Date: b\n0001\n   Driver Date: b\n");
-    row("0000, 0001 and Video: each block once", videoKey("\\{A}\\0000") + videoKey("\\{A}\\0001")
-        + videoKey("\\{A}\\Video"),
-        "0000\n0001\n");
+    row("0000, 0001 and Video: each block once",
+        videoKey("\\{A}\\0000") + videoKey("\\{A}\\0001") + videoKey("\\{A}\\Video"), "0000\n0001\n");
     row("Video alone: the service alone", service, "### Service: acmegfx\n");
     row("Video without a service", videoKey("\\{A}\\Video") + textValue("Device Description", "x"), "");
     row("Video in another case",
@@ -219,11 +218,11 @@ void VideoInfoTest::values_data()
     row("a text of an odd count of bytes", hexValue("DriverDesc", REG_SZ, QByteArray("a\0b\0", 4) + "c"),
         "   Driver Description: abc\n");
     row("binary data is read as text", binaryValue("DriverDesc", utf16Data("ab")), "   Driver Description: ab\n");
-    row("a text of no bytes does not show the one before", textValue("DriverDesc", "x")
-        + hexValue("DriverVersion", REG_SZ, ""),
+    row("a text of no bytes does not show the one before",
+        textValue("DriverDesc", "x") + hexValue("DriverVersion", REG_SZ, ""),
         "   Driver Description: x\n   Driver Version: \n");
-    row("a short text does not show the one before", textValue("DriverDesc", "long")
-        + binaryValue("DriverVersion", utf16Data("s")),
+    row("a short text does not show the one before",
+        textValue("DriverDesc", "long") + binaryValue("DriverVersion", utf16Data("s")),
         "   Driver Description: long\n   Driver Version: s\n");
     row("1024 units without a terminator are text as a whole", binaryValue("DriverDesc", utf16Data(QString(1024, 'x'))),
         "   Driver Description: " + QString(1024, 'x') + '\n');
@@ -313,8 +312,8 @@ void VideoInfoTest::lists_data()
     row("a plain text", REG_SZ, QString("a.dll") + null, "a.dll");
     row("binary data", REG_BINARY, QString("a") + null + "b", "a b");
     row("1024 units without a null", REG_MULTI_SZ, QString(1024, 'x'), QString(1024, 'x'));
-    row("1024 units of strings without a last null", REG_BINARY, QString(1022, 'x') + null + 'y', QString(1022, 'x')
-        + " y");
+    row("1024 units of strings without a last null", REG_BINARY, QString(1022, 'x') + null + 'y',
+        QString(1022, 'x') + " y");
     row("placeholders", REG_MULTI_SZ, QString("%1") + null + "%2" + null + null, "%1 %2");
     QTest::newRow("an odd last byte") << int(REG_BINARY) << utf16Data("ab") + 'c' << "abc";
 }
@@ -341,7 +340,7 @@ void VideoInfoTest::memory_data()
         QTest::newRow(what) << values << lines;
     };
     const auto wide = [](const QByteArray &bytes) { return hexValue("HardwareInformation.qwMemorySize", REG_QWORD,
-        bytes); };
+                                                                    bytes); };
     const QByteArray eightGigabytes = wide(QByteArray("\0\0\0\0\2\0\0\0", 8));
     const QByteArray oneGigabyte = numberValue("HardwareInformation.MemorySize", 0x40000000);
     row("neither: no line", "", "");

@@ -695,7 +695,8 @@ void rowsOfServicePacks()
 {
     const auto row = [](const char *name, const QByteArray &servicePack, const QString &shown) {
         const QByteArray system = R"({"GetVersionEx": {"dwMajorVersion": 6, "dwMinorVersion": 1, "dwBuildNumber": 7601,)"
-                                  R"("wProductType": 1, "szCSDVersion": ")" + servicePack + "\"}}";
+                                  R"("wProductType": 1, "szCSDVersion": ")"
+            + servicePack + "\"}}";
         addText(name, "", system,
                 start + "Version (major.minor.build): \nFrom GetVersionEx: 6.1.7601\n" + nameLine("Windows 7 , 64-bit")
                     + "Last service pack installed: " + shown + "\n",

@@ -191,8 +191,9 @@ void WindowsVersionRegistryTest::workstation()
                          "DisplayVersion:         22H2\n"
                          "PathName:               C:\\Windows\n"
                          "ProductName:            Windows 10 Pro\n"
-                         "RegisteredOwner:        J" + QChar(0xfffd) + "rn Lindmoor\n"
-                         "RegisteredOrganization: Birkental Anlagenbau GmbH\n");
+                         "RegisteredOwner:        J"
+                     + QChar(0xfffd) + "rn Lindmoor\n"
+                                       "RegisteredOrganization: Birkental Anlagenbau GmbH\n");
 }
 
 void WindowsVersionRegistryTest::callsOfAFullMachine()

@@ -77,7 +77,7 @@ void WinSxSEntriesTest::names_data()
         << QStringList {"x86_microsoft.windows.gdiplus", "Manifests"} << QStringList();
     QTest::newRow("the bare names") << QStringList {assembly} << QStringList {assembly};
     QTest::newRow("nothing before and behind: the filter's own text") << QStringList {"Microsoft.VCCRT"}
-        << QStringList {"Microsoft.VCCRT"};
+                                                                      << QStringList {"Microsoft.VCCRT"};
     QTest::newRow("the filter is without regard to case")
         << QStringList {"A_MICROSOFT.VC80.CRT_1", "a_microsoft.vc80.crt_2", "a_Microsoft.VC80.CRT_3"}
         << QStringList {"A_MICROSOFT.VC80.CRT_1", "a_Microsoft.VC80.CRT_3", "a_microsoft.vc80.crt_2"};
@@ -91,9 +91,9 @@ void WinSxSEntriesTest::names_data()
         << QStringList {"a_microsoft.vc90.crt", "b_microsoft.vc90.mfc", "c_microsoft.vc90.crt"}
         << QStringList {"a_microsoft.vc90.crt", "c_microsoft.vc90.crt"};
     QTest::newRow("placeholders stay") << QStringList {"%1_microsoft.vc90.crt_%2"}
-        << QStringList {"%1_microsoft.vc90.crt_%2"};
+                                       << QStringList {"%1_microsoft.vc90.crt_%2"};
     QTest::newRow("a name that starts with a dot") << QStringList {".microsoft.vc90.crt"}
-        << QStringList {".microsoft.vc90.crt"};
+                                                   << QStringList {".microsoft.vc90.crt"};
 }
 
 void WinSxSEntriesTest::names()
@@ -158,16 +158,19 @@ void WinSxSEntriesTest::directories_data()
         << QByteArray(R"({"GetSystemWindowsDirectory": "\\\\srv\\share\\Windows"})")
         << "Directory '//srv/share/Windows/WinSxS' does not exist.";
     QTest::newRow("a folder that is there, on a share")
-        << R"({"GetSystemWindowsDirectory": "\\\\srv\\share\\Windows", )" + listing + "}" << "microsoft.vc90.crt\n";
+        << R"({"GetSystemWindowsDirectory": "\\\\srv\\share\\Windows", )" + listing + "}"
+        << "microsoft.vc90.crt\n";
     QTest::newRow("a Windows directory with a placeholder")
         << QByteArray(R"({"GetSystemWindowsDirectory": "C:\\%1"})") << "Directory 'C:/%1/WinSxS' does not exist.";
     QTest::newRow("a folder that is there, on another drive")
-        << R"({"GetSystemWindowsDirectory": "D:\\Win", )" + listing + "}" << "microsoft.vc90.crt\n";
+        << R"({"GetSystemWindowsDirectory": "D:\\Win", )" + listing + "}"
+        << "microsoft.vc90.crt\n";
     QTest::newRow("a Windows directory that is too long: both lines")
         << R"({"GetSystemWindowsDirectory": ")" + QByteArray(1024, 'w') + R"(", )" + listing + "}"
         << "buffer for sysDir too small, need 1025\nDirectory '/WinSxS' does not exist.";
     QTest::newRow("a Windows directory of 1023 units fits")
-        << R"({"GetSystemWindowsDirectory": "C:\\)" + QByteArray(1020, 'w') + R"(", )" + listing + "}" << "microsoft.vc90.crt\n";
+        << R"({"GetSystemWindowsDirectory": "C:\\)" + QByteArray(1020, 'w') + R"(", )" + listing + "}"
+        << "microsoft.vc90.crt\n";
 }
 
 void WinSxSEntriesTest::directories()
@@ -188,7 +191,7 @@ void WinSxSEntriesTest::calls()
 void WinSxSEntriesTest::failingCall()
 {
     COMPARE_TEXT(textWithFailingCall(machineOf("C:\\Windows", {assembly}), "GetSystemWindowsDirectoryW", 0,
-        winSxSDirectoryEntries),
+                                     winSxSDirectoryEntries),
                  QString(title));
 }
 

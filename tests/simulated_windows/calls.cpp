@@ -64,7 +64,8 @@ void addRegistryCalls(std::vector<FailingCall> &calls)
                              nameSize = 32;
                              size = room;
                              return make(buffer);
-                         }, FailingCall::Status});
+                         },
+                         FailingCall::Status});
     };
     add("RegOpenKeyExA", [=](PoisonedBuffer &) { return RegOpenKeyExA(root, "K", 0, KEY_READ, &opened); });
     add("RegOpenKeyExW", [=](PoisonedBuffer &) { return RegOpenKeyExW(root, L"K", 0, KEY_READ, &opened); });
@@ -122,10 +123,12 @@ void addDriveCalls(std::vector<FailingCall> &calls)
     calls.push_back({"GetDriveTypeW", [](PoisonedBuffer &) { return GetDriveTypeW(L"C:\\"); }, FailingCall::Zero});
     calls.push_back({"GetVolumeInformationW", [](PoisonedBuffer &b) {
                          return GetVolumeInformationW(L"C:\\", b.wide(), 32, nullptr, nullptr, nullptr, b.wide() + 64, 32);
-                     }, FailingCall::LastError});
+                     },
+                     FailingCall::LastError});
     calls.push_back({"GetDiskFreeSpaceExW", [=](PoisonedBuffer &b) {
                          return GetDiskFreeSpaceExW(L"C:\\", numbers(b), numbers(b) + 1, nullptr);
-                     }, FailingCall::LastError});
+                     },
+                     FailingCall::LastError});
 }
 
 void addModuleCalls(std::vector<FailingCall> &calls)
@@ -163,27 +166,32 @@ void addOtherCalls(std::vector<FailingCall> &calls)
                          ULONG size = 0;
                          const DWORD result = GetAdaptersInfo(reinterpret_cast<PIP_ADAPTER_INFO>(b.bytes()), &size);
                          return qint64(result == ERROR_BUFFER_OVERFLOW ? DWORD(ERROR_SUCCESS) : result);
-                     }, FailingCall::Status});
+                     },
+                     FailingCall::Status});
     calls.push_back({"_localtime32_s", [](PoisonedBuffer &) {
                          const __time32_t time = 0;
                          struct tm local;
                          return _localtime32_s(&local, &time);
-                     }, FailingCall::InvalidArgument, false});
+                     },
+                     FailingCall::InvalidArgument, false});
     calls.push_back({"asctime_s", [](PoisonedBuffer &) {
                          struct tm time = {};
                          time.tm_mday = 1;
                          char text[26];
                          return asctime_s(text, sizeof text, &time);
-                     }, FailingCall::InvalidArgument, false});
+                     },
+                     FailingCall::InvalidArgument, false});
     calls.push_back({"HeapAlloc", [](PoisonedBuffer &) {
                          LPVOID memory = HeapAlloc(GetProcessHeap(), 0, 16);
                          const qint64 result = given(memory);
                          HeapFree(GetProcessHeap(), 0, memory);
                          return result;
-                     }, FailingCall::Zero, false});
+                     },
+                     FailingCall::Zero, false});
     calls.push_back({"HeapFree", [](PoisonedBuffer &) {
                          return HeapFree(GetProcessHeap(), 0, HeapAlloc(GetProcessHeap(), 0, 16));
-                     }, FailingCall::LastError, false});
+                     },
+                     FailingCall::LastError, false});
 }
 
 } // namespace

@@ -13,7 +13,12 @@ struct FailingCall
 {
     /// What a failing call returns: its error, zero with the error as last error,
     /// zero alone, or the C library's EINVAL.
-    enum Failure { Status, LastError, Zero, InvalidArgument };
+    enum Failure {
+        Status,
+        LastError,
+        Zero,
+        InvalidArgument,
+    };
 
     QByteArray name;
     /// Makes the call, which may write its answer to the buffer; the result.

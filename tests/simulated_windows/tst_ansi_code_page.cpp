@@ -63,7 +63,8 @@ void AnsiCodePageTest::thereAndBack_data()
     row("the holes", 932, QStringLiteral("\u0080\uf8f0\uf8f1\uf8f2\uf8f3"), "\x80\xa0\xfd\xfe\xff");
     row("two, three and four bytes", 65001, QStringLiteral("\u00e9\u20ac\U0001f600"),
         "\xc3\xa9\xe2\x82\xac\xf0\x9f\x98\x80");
-    row("a byte-order mark is a character", 65001, QStringLiteral("\ufeffA"), "\xef\xbb\xbf" "A");
+    row("a byte-order mark is a character", 65001, QStringLiteral("\ufeffA"), "\xef\xbb\xbf"
+                                                                              "A");
 }
 
 void AnsiCodePageTest::thereAndBack()
@@ -91,7 +92,8 @@ void AnsiCodePageTest::lacking_data()
     row("the blank that does not break", 932, QStringLiteral("\u00a0"), "?");
     row("the other wave", 932, QStringLiteral("\u301c"), "?");
     row("a surrogate pair: one for each unit", 932, QStringLiteral("\U0002000b"), "??");
-    row("a lone surrogate", 65001, QString(QChar(0xd83d)) + QLatin1Char('A'), "\xef\xbf\xbd" "A");
+    row("a lone surrogate", 65001, QString(QChar(0xd83d)) + QLatin1Char('A'), "\xef\xbf\xbd"
+                                                                              "A");
     row("a lone second surrogate", 65001, QString(QChar(0xde00)), "\xef\xbf\xbd");
     row("surrogates the wrong way round", 65001, QString(QChar(0xde00)) + QChar(0xd83d), "\xef\xbf\xbd\xef\xbf\xbd");
     row("a lone surrogate before a pair", 65001, QString(QChar(0xd83d)) + QStringLiteral("\U0001f600"),
@@ -139,10 +141,14 @@ void AnsiCodePageTest::onlyRead_data()
     QTest::newRow("932: the IBM copy of a character of the NEC row")
         << 932 << QByteArray("\xfa\x4a") << QStringLiteral("\u2160");
     QTest::newRow("932: a pair that stands for nothing")
-        << 932 << QByteArray("\x81\xad" "A") << QStringLiteral("\u30fbA");
+        << 932 << QByteArray("\x81\xad"
+                             "A")
+        << QStringLiteral("\u30fbA");
     QTest::newRow("932: half a pair at the end") << 932 << QByteArray("A\x95") << QStringLiteral("A\u30fb");
     QTest::newRow("65001: a byte that stands for nothing")
-        << 65001 << QByteArray("A\xff" "B") << QStringLiteral("A\ufffdB");
+        << 65001 << QByteArray("A\xff"
+                               "B")
+        << QStringLiteral("A\ufffdB");
 }
 
 void AnsiCodePageTest::onlyRead()

@@ -112,7 +112,8 @@ void MachineLoaderTest::malformedFile_data()
     QTest::addColumn<QByteArray>("system");
     QTest::addColumn<QString>("expected"); // behind the folder's path
     QTest::newRow("a line of the registry")
-        << registryFile + "hello\n" << systemFile
+        << registryFile + "hello\n"
+        << systemFile
         << QStringLiteral("/registry.reg:4: neither a key, a value nor a comment");
     QTest::newRow("an empty registry file")
         << QByteArray("") << systemFile

@@ -43,9 +43,15 @@ void list(const RegistryKey &key, const QString &path, QStringList &lines)
 QStringList contents(const Registry &registry)
 {
     QStringList lines;
-    const struct { RegistryRoot root; const char *name; } roots[] = {
-        {RegistryRoot::ClassesRoot, "HKCR"}, {RegistryRoot::CurrentUser, "HKCU"},
-        {RegistryRoot::LocalMachine, "HKLM"}, {RegistryRoot::Users, "HKU"},
+    const struct
+    {
+        RegistryRoot root;
+        const char *name;
+    } roots[] = {
+        {RegistryRoot::ClassesRoot, "HKCR"},
+        {RegistryRoot::CurrentUser, "HKCU"},
+        {RegistryRoot::LocalMachine, "HKLM"},
+        {RegistryRoot::Users, "HKU"},
     };
     for (const auto &root : roots) {
         const RegistryKey &key = *registry.root(root.root);
@@ -113,7 +119,9 @@ void RegistryFileTest::data_data()
     row("a backslash before the closing quotation mark", "\"n\"=\"\\\\\\\"\"", "\"n\" 1:5c0022000000");
     row("a semicolon in a text is no comment", "\"n\"=\";A\"", "\"n\" 1:3b0041000000");
     row("an equals sign in a text", "\"n\"=\"=\"", "\"n\" 1:3d000000");
-    row("a byte-order mark in a text is a character", "\"n\"=\"\xef\xbb\xbf" "A\"", "\"n\" 1:fffe41000000");
+    row("a byte-order mark in a text is a character", "\"n\"=\"\xef\xbb\xbf"
+                                                      "A\"",
+        "\"n\" 1:fffe41000000");
     row("a surrogate pair", "\"n\"=\"\xf0\x9f\x98\x80\"", "\"n\" 1:3dd800de0000");
     row("the default value", "@=\"A\"", "\"\" 1:41000000");
     row("an empty name is the default value", "\"\"=\"A\"", "\"\" 1:41000000");
@@ -275,9 +283,12 @@ void RegistryFileTest::malformedEncodings_data()
     QTest::newRow("a value before the first key")
         << firstLine + QByteArray("\n\"n\"=dword:1\n") << QStringLiteral("3: a value before the first key");
     QTest::newRow("UTF-16 without a byte-order mark") << utf16.mid(2) << noFirstLine;
-    QTest::newRow("UTF-16 of an odd size") << utf16 + "\n" << noEncoding;
+    QTest::newRow("UTF-16 of an odd size") << utf16 + "\n"
+                                           << noEncoding;
     QTest::newRow("UTF-16 in the other byte order") << QByteArray("\xfe\xff\0W", 4) << noEncoding;
-    QTest::newRow("letters of an 8-bit code page") << firstLine + QByteArray("; Gr\xf6\xdf" "e\n") << noEncoding;
+    QTest::newRow("letters of an 8-bit code page") << firstLine + QByteArray("; Gr\xf6\xdf"
+                                                                             "e\n")
+                                                   << noEncoding;
     QTest::newRow("UTF-8 that is cut off") << firstLine + QByteArray("; \xc3") << noEncoding;
 }
 

@@ -117,8 +117,9 @@ void SimulatedAdaptersTest::furtherAddressesLieBehindAllRecords()
     const IP_ADAPTER_INFO &second = records(buffer)[1];
     QCOMPARE(first.Next, &records(buffer)[1]);
     QVERIFY(!second.Next);
-    QCOMPARE(addresses(first.GatewayList), QStringList({QStringLiteral("10.0.0.1/255.0.0.0"),
-                                                        QStringLiteral("10.0.0.2/255.0.0.0"), QStringLiteral("10.0.0.3/")}));
+    QCOMPARE(addresses(first.GatewayList),
+             QStringList({QStringLiteral("10.0.0.1/255.0.0.0"), QStringLiteral("10.0.0.2/255.0.0.0"),
+                          QStringLiteral("10.0.0.3/")}));
     QCOMPARE(addresses(first.DhcpServer), QStringList(QStringLiteral("/")));
     QCOMPARE(addresses(second.GatewayList), QStringList(QStringLiteral("10.0.1.1/")));
     QCOMPARE(addresses(second.DhcpServer), QStringList({QStringLiteral("10.0.1.2/"), QStringLiteral("10.0.1.3/")}));
@@ -154,8 +155,9 @@ void SimulatedAdaptersTest::allFields()
 void SimulatedAdaptersTest::textsAreCutToTheirFields()
 {
     const QByteArray longText(400, 'x');
-    const DescribedWindows windows(QByteArray(), adapters("[{\"AdapterName\": \"" + longText + "\", \"Description\": \"" + longText
-                                                          + "\", \"GatewayList\": [[\"" + longText + "\", \"" + longText + "\"]]}]"));
+    const DescribedWindows windows(QByteArray(),
+                                   adapters("[{\"AdapterName\": \"" + longText + "\", \"Description\": \"" + longText
+                                            + "\", \"GatewayList\": [[\"" + longText + "\", \"" + longText + "\"]]}]"));
     PoisonedBuffer buffer(704);
     ULONG size = 704;
     QCOMPARE(GetAdaptersInfo(records(buffer), &size), DWORD(ERROR_SUCCESS));

@@ -76,8 +76,9 @@ void SimulatedHandlesTest::openHandlesAreListed()
     HKEY b = nullptr;
     RegOpenKeyExW(a, L"b", 0, KEY_READ, &b);
     const HMODULE library = LoadLibraryW(L"DNSSD.dll");
-    QCOMPARE(simulated::openHandles(), QStringList({QStringLiteral("HKEY_LOCAL_MACHINE\\A"),
-                                                    QStringLiteral("HKEY_LOCAL_MACHINE\\A\\b"), QStringLiteral("DNSSD.dll")}));
+    QCOMPARE(simulated::openHandles(),
+             QStringList({QStringLiteral("HKEY_LOCAL_MACHINE\\A"), QStringLiteral("HKEY_LOCAL_MACHINE\\A\\b"),
+                          QStringLiteral("DNSSD.dll")}));
     RegCloseKey(a);
     QCOMPARE(simulated::openHandles(), QStringList({QStringLiteral("HKEY_LOCAL_MACHINE\\A\\b"), QStringLiteral("DNSSD.dll")}));
     FreeLibrary(library);

@@ -237,16 +237,16 @@ void SimulatedSteeringTest::journalOfRegistryCalls()
     RegCloseKey(b);
     RegCloseKey(a);
     QCOMPARE(lines(), QStringList({
-        QStringLiteral("RegOpenKeyExA [HKEY_LOCAL_MACHINE\\a] [] 20119 0->0 = 0"),
-        QStringLiteral("RegOpenKeyExW [HKEY_LOCAL_MACHINE\\a\\B] [] 20019 0->0 = 0"),
-        QStringLiteral("RegQueryValueExA [HKEY_LOCAL_MACHINE\\a\\B] [Name] 0 64->3 = 0"),
-        QStringLiteral("RegQueryValueExW [HKEY_LOCAL_MACHINE\\a\\B] [NAME] 0 64->6 = 0"),
-        QStringLiteral("RegEnumKeyExA [HKEY_LOCAL_MACHINE\\a\\B] [0] 0 64->3 = 0"),
-        QStringLiteral("RegEnumKeyA [HKEY_LOCAL_MACHINE\\a\\B] [0] 0 32->32 = 0"),
-        QStringLiteral("RegEnumValueA [HKEY_LOCAL_MACHINE\\a\\B] [0] 0 16->3 = 0"),
-        QStringLiteral("RegCloseKey [HKEY_LOCAL_MACHINE\\a\\B] [] 0 0->0 = 0"),
-        QStringLiteral("RegCloseKey [HKEY_LOCAL_MACHINE\\a] [] 0 0->0 = 0"),
-    }));
+                          QStringLiteral("RegOpenKeyExA [HKEY_LOCAL_MACHINE\\a] [] 20119 0->0 = 0"),
+                          QStringLiteral("RegOpenKeyExW [HKEY_LOCAL_MACHINE\\a\\B] [] 20019 0->0 = 0"),
+                          QStringLiteral("RegQueryValueExA [HKEY_LOCAL_MACHINE\\a\\B] [Name] 0 64->3 = 0"),
+                          QStringLiteral("RegQueryValueExW [HKEY_LOCAL_MACHINE\\a\\B] [NAME] 0 64->6 = 0"),
+                          QStringLiteral("RegEnumKeyExA [HKEY_LOCAL_MACHINE\\a\\B] [0] 0 64->3 = 0"),
+                          QStringLiteral("RegEnumKeyA [HKEY_LOCAL_MACHINE\\a\\B] [0] 0 32->32 = 0"),
+                          QStringLiteral("RegEnumValueA [HKEY_LOCAL_MACHINE\\a\\B] [0] 0 16->3 = 0"),
+                          QStringLiteral("RegCloseKey [HKEY_LOCAL_MACHINE\\a\\B] [] 0 0->0 = 0"),
+                          QStringLiteral("RegCloseKey [HKEY_LOCAL_MACHINE\\a] [] 0 0->0 = 0"),
+                      }));
 }
 
 void SimulatedSteeringTest::journalOfFailingCalls()
@@ -262,12 +262,12 @@ void SimulatedSteeringTest::journalOfFailingCalls()
     RegQueryValueExA(HKEY_LOCAL_MACHINE, "None", nullptr, nullptr, reinterpret_cast<LPBYTE>(text), &size);
     RegEnumKeyA(HKEY_LOCAL_MACHINE, 7, text, 2);
     QCOMPARE(lines(), QStringList({
-        QStringLiteral("RegOpenKeyExA [HKEY_CURRENT_USER\\None] [] 20019 0->0 = 2"),
-        QStringLiteral("RegOpenKeyExA [HKEY_CURRENT_USER\\None] [8] 20019 0->0 = 2"),
-        QStringLiteral("RegQueryValueExA [HKEY_LOCAL_MACHINE] [V] 0 2->3 = 234"),
-        QStringLiteral("RegQueryValueExA [HKEY_LOCAL_MACHINE] [None] 0 2->2 = 2"),
-        QStringLiteral("RegEnumKeyA [HKEY_LOCAL_MACHINE] [7] 0 2->2 = 259"),
-    }));
+                          QStringLiteral("RegOpenKeyExA [HKEY_CURRENT_USER\\None] [] 20019 0->0 = 2"),
+                          QStringLiteral("RegOpenKeyExA [HKEY_CURRENT_USER\\None] [8] 20019 0->0 = 2"),
+                          QStringLiteral("RegQueryValueExA [HKEY_LOCAL_MACHINE] [V] 0 2->3 = 234"),
+                          QStringLiteral("RegQueryValueExA [HKEY_LOCAL_MACHINE] [None] 0 2->2 = 2"),
+                          QStringLiteral("RegEnumKeyA [HKEY_LOCAL_MACHINE] [7] 0 2->2 = 259"),
+                      }));
 }
 
 void SimulatedSteeringTest::journalOfSystemCalls()
@@ -293,24 +293,24 @@ void SimulatedSteeringTest::journalOfSystemCalls()
     SHGetSpecialFolderPathW(nullptr, longPath, 99, FALSE);
     SHGetSpecialFolderPathW(nullptr, longPath, 99, TRUE);
     QCOMPARE(lines(), QStringList({
-        QStringLiteral("GetComputerNameExW [] [0] 0 64->2 = 1"),
-        QStringLiteral("GetUserNameW [] [] 0 64->4 = 1"),
-        QStringLiteral("SetErrorMode [] [1] 0 0->0 = 0"),
-        QStringLiteral("GetLogicalDrives [] [] 0 0->0 = 4"),
-        QStringLiteral("GetDriveTypeW [C:\\] [] 0 0->0 = 3"),
-        QStringLiteral("GetVolumeInformationW [C:\\] [31] 0 32->32 = 1"),
-        QStringLiteral("GetSystemWindowsDirectoryW [] [] 0 64->64 = 10"),
-        QStringLiteral("GetSystemWindowsDirectoryW [] [] 0 3->3 = 11"),
-        QStringLiteral("ExpandEnvironmentStringsW [] [%A%b] 0 64->64 = 3"),
-        QStringLiteral("wsprintfW [] [C:] 0 0->0 = 2"),
-        QStringLiteral("LoadLibraryW [none.dll] [] 0 0->0 = 0"),
-        QStringLiteral("HeapAlloc [] [] 0 704->704 = 1"),
-        QStringLiteral("HeapFree [] [] 0 0->0 = 1"),
-        QStringLiteral("HeapAlloc [] [] 8 704->704 = 1"),
-        QStringLiteral("HeapFree [] [] 1 0->0 = 1"),
-        QStringLiteral("SHGetSpecialFolderPathW [] [99] 0 0->0 = 0"),
-        QStringLiteral("SHGetSpecialFolderPathW [] [99] 1 0->0 = 0"),
-    }));
+                          QStringLiteral("GetComputerNameExW [] [0] 0 64->2 = 1"),
+                          QStringLiteral("GetUserNameW [] [] 0 64->4 = 1"),
+                          QStringLiteral("SetErrorMode [] [1] 0 0->0 = 0"),
+                          QStringLiteral("GetLogicalDrives [] [] 0 0->0 = 4"),
+                          QStringLiteral("GetDriveTypeW [C:\\] [] 0 0->0 = 3"),
+                          QStringLiteral("GetVolumeInformationW [C:\\] [31] 0 32->32 = 1"),
+                          QStringLiteral("GetSystemWindowsDirectoryW [] [] 0 64->64 = 10"),
+                          QStringLiteral("GetSystemWindowsDirectoryW [] [] 0 3->3 = 11"),
+                          QStringLiteral("ExpandEnvironmentStringsW [] [%A%b] 0 64->64 = 3"),
+                          QStringLiteral("wsprintfW [] [C:] 0 0->0 = 2"),
+                          QStringLiteral("LoadLibraryW [none.dll] [] 0 0->0 = 0"),
+                          QStringLiteral("HeapAlloc [] [] 0 704->704 = 1"),
+                          QStringLiteral("HeapFree [] [] 0 0->0 = 1"),
+                          QStringLiteral("HeapAlloc [] [] 8 704->704 = 1"),
+                          QStringLiteral("HeapFree [] [] 1 0->0 = 1"),
+                          QStringLiteral("SHGetSpecialFolderPathW [] [99] 0 0->0 = 0"),
+                          QStringLiteral("SHGetSpecialFolderPathW [] [99] 1 0->0 = 0"),
+                      }));
 }
 
 void SimulatedSteeringTest::journalOfOptionalArguments()
@@ -330,8 +330,9 @@ void SimulatedSteeringTest::journalOfOptionalArguments()
     QStringList given;
     for (const simulated::Call &call : simulated::journal())
         given += call.given.join(QLatin1Char(' '));
-    QCOMPARE(given, QStringList({"serialNumber maximumComponentLength flags", "maximumComponentLength", "", "totalFree",
-                                 "", "owner", ""}));
+    QCOMPARE(given,
+             QStringList({"serialNumber maximumComponentLength flags", "maximumComponentLength", "", "totalFree", "",
+                          "owner", ""}));
 }
 
 void SimulatedSteeringTest::everyCallFailsWhileTheFaultLives()
@@ -450,8 +451,9 @@ void SimulatedSteeringTest::hookIsToldOfEveryCall()
     queryResult();
     simulated::setBeforeCall({});
     queryResult();
-    QCOMPARE(told, QStringList({QStringLiteral("0 RegQueryValueExA"), QStringLiteral("1 GetLogicalDrives"),
-                                QStringLiteral("2 RegQueryValueExA")}));
+    QCOMPARE(told,
+             QStringList({QStringLiteral("0 RegQueryValueExA"), QStringLiteral("1 GetLogicalDrives"),
+                          QStringLiteral("2 RegQueryValueExA")}));
     QCOMPARE(simulated::journal().size(), std::size_t(4));
     QCOMPARE(simulated::callCount(), std::size_t(4));
 }

@@ -253,7 +253,8 @@ void SystemFileTest::systemInfo()
         "wProcessorArchitecture": 9, "dwPageSize": 4096, "lpMinimumApplicationAddress": "0x10000",
         "lpMaximumApplicationAddress": "0x7ffffffeffff", "dwActiveProcessorMask": "0xffffffffffffffff",
         "dwNumberOfProcessors": 64, "dwProcessorType": 8664, "dwAllocationGranularity": 65536,
-        "wProcessorLevel": 6, "wProcessorRevision": 40457})").GetSystemInfo;
+        "wProcessorLevel": 6, "wProcessorRevision": 40457})")
+                                        .GetSystemInfo;
     QCOMPARE(int(record.wProcessorArchitecture), 9);
     QCOMPARE(record.dwPageSize, 4096u);
     QCOMPARE(record.lpMinimumApplicationAddress, quint64(0x10000));
@@ -374,7 +375,9 @@ void SystemFileTest::texts_data()
     QTest::newRow("UTF-8") << QByteArray("\"J\xc3\xb6rn \xf0\x9f\x98\x80\"") << QStringLiteral("J\u00f6rn \U0001f600");
     QTest::newRow("escapes") << QByteArray("\"C:\\\\A\\u0041\\n\"") << QStringLiteral("C:\\AA\n");
     QTest::newRow("many digits") << QByteArray("\"\\\" 12345678901234567890\"") << QStringLiteral("\" 12345678901234567890");
-    QTest::newRow("a byte-order mark is a character") << QByteArray("\"\xef\xbb\xbf" "A\"") << QStringLiteral("\ufeffA");
+    QTest::newRow("a byte-order mark is a character") << QByteArray("\"\xef\xbb\xbf"
+                                                                    "A\"")
+                                                      << QStringLiteral("\ufeffA");
     QTest::newRow("a byte-order mark as escape") << QByteArray("\"\\ufeffA\"") << QStringLiteral("\ufeffA");
     QTest::newRow("a lone surrogate") << QByteArray("\"A\\ud800\"") << QString(QStringLiteral("A") + QChar(0xd800));
     QTest::newRow("a null") << QByteArray("\"A\\u0000B\"") << QString(QStringLiteral("A") + QChar(0) + QStringLiteral("B"));
@@ -398,8 +401,9 @@ void SystemFileTest::drives()
         "E:\\": {"GetVolumeInformation": {}, "GetDriveType": {"error": 3}},
         "F:\\": {},
         "G:\\": null})");
-    QCOMPARE(answers.drives.keys(), QStringList({QStringLiteral("C:\\"), QStringLiteral("D:\\"), QStringLiteral("E:\\"),
-                                                 QStringLiteral("F:\\")}));
+    QCOMPARE(
+        answers.drives.keys(),
+        QStringList({QStringLiteral("C:\\"), QStringLiteral("D:\\"), QStringLiteral("E:\\"), QStringLiteral("F:\\")}));
     const DriveRecord c = answers.drives.value(QStringLiteral("C:\\"));
     QCOMPARE(c.GetDriveType, 3u);
     QCOMPARE(c.GetVolumeInformation->volumeName, QStringLiteral("System"));
@@ -490,8 +494,9 @@ void SystemFileTest::libraries()
         "DNSSD.dll": {"DNSServiceGetProperty": {"error": 0, "DaemonVersion": 3210000}},
         "stopped.dll": {"DNSServiceGetProperty": {"error": -65563}},
         "empty.dll": {}, "null.dll": null, "nothing.dll": {"DNSServiceGetProperty": null}})");
-    QCOMPARE(answers.libraries.keys(), QStringList({QStringLiteral("dnssd.dll"), QStringLiteral("empty.dll"),
-                                                    QStringLiteral("nothing.dll"), QStringLiteral("stopped.dll")}));
+    QCOMPARE(answers.libraries.keys(),
+             QStringList({QStringLiteral("dnssd.dll"), QStringLiteral("empty.dll"), QStringLiteral("nothing.dll"),
+                          QStringLiteral("stopped.dll")}));
     const auto running = answers.libraries.value(QStringLiteral("dnssd.dll")).DNSServiceGetProperty;
     QVERIFY(running.has_value());
     QCOMPARE(running->error, 0);

@@ -55,7 +55,7 @@ void WindowsFilesTest::folder_data()
     QTest::newRow("on a share") << system(share, "[]") << sharePath << true;
     QTest::newRow("on a share, not in the description") << system(share, "null") << sharePath << false;
     QTest::newRow("a share itself, with a backslash at the end") << system("\"\\\\\\\\srv\\\\share\\\\\"", "null")
-        << QStringLiteral("\\\\srv\\share\\\\WinSxS") << false;
+                                                                 << QStringLiteral("\\\\srv\\share\\\\WinSxS") << false;
     QTest::newRow("not in the description")
         << QByteArray("{\"GetSystemWindowsDirectory\": \"C:\\\\Windows\"}") << path << false;
     QTest::newRow("null") << system(windows, "null") << path << false;

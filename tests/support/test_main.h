@@ -8,7 +8,11 @@
 #include <QtTest/QtTest>
 
 /// The application object that a test class runs under.
-enum class TestApplication { None, Core, Widgets };
+enum class TestApplication {
+    None,
+    Core,
+    Widgets,
+};
 
 /// Adds a test class to the program; \a sourceFile names it.
 class TestRegistration
@@ -17,9 +21,9 @@ public:
     TestRegistration(const char *sourceFile, TestApplication application, QObject *(*create)());
 };
 
-#define TEST_REGISTER(TestClass, application)                                                      \
-    static const TestRegistration testRegistration(__FILE__, application,                          \
-                                                   []() -> QObject * { return new TestClass; })
+#define TEST_REGISTER(TestClass, application)                           \
+  static const TestRegistration testRegistration(__FILE__, application, \
+                                                 []() -> QObject * { return new TestClass; })
 
 #define TEST_WITHOUT_APPLICATION(TestClass) TEST_REGISTER(TestClass, TestApplication::None)
 #define TEST_WITH_CORE_APPLICATION(TestClass) TEST_REGISTER(TestClass, TestApplication::Core)

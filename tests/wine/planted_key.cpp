@@ -7,8 +7,8 @@
 
 #include "throw_away_windows.h"
 
-#include <cwchar>
 #include <cstring>
+#include <cwchar>
 
 namespace {
 
