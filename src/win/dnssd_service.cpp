@@ -4,6 +4,7 @@
 #include "vkSystemInfo.h"
 #include "win/windows_sections.h"
 
+#include <utility>
 #include <windows.h>
 
 namespace velkor {

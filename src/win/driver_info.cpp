@@ -51,7 +51,7 @@ void appendDriverLines(QString &text, HKEY key)
 
 void appendPropertyLines(QString &text, HKEY key)
 {
-    NumberBuffer number; // one for both: a short second value keeps bytes of the first
+    NumberBuffer number; // Quirk: both values share it; a short second one keeps bytes of the first.
     for (const PropertyValue &value : propertyValues) {
         if (number.query(key, value.name))
             append(text, QString::fromLatin1(value.format).arg(number.value()).arg(number.value(), 0, 16) + newline);
