@@ -34,7 +34,7 @@ CHANGES_OF_THE_COPY = [
 FLAGS = '-O0 -w -ftrivial-auto-var-init=pattern'
 # Tests that run no code of src/, those of an installed package, and those that take minutes.
 OTHER_TESTS = re.compile(r'contract_|simulated_|machine_|registry_file|registry_tree|system_file|ansi_code_page'
-                         r'|windows_files|wide_c_library|consumer$|exports$|memcheck$|msvc_|fuzz_|failing_calls$|changing_windows$')
+                         r'|windows_files|wide_c_library|consumer$|exports$|memcheck_|msvc_|fuzz_|failing_calls$|changing_windows$')
 LIBRARY = 'libvksysteminfo_internal.so' # what most tests are linked with
 WHOLE_LIBRARY = 'libvkSystemInfo.so' # what hosts load
 ADDRESS_SPACE = 6 << 30 # what an endless text may take

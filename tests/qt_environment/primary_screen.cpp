@@ -2,6 +2,8 @@
 // PRIMARY_SCREEN in the environment decides: "none", or a position in Qt's list of
 // screens, from 0. Without it, Qt does. Calls of Qt itself reach Qt.
 
+#include "vkSystemInfo.h"
+
 #include <QtGui/QGuiApplication>
 #include <dlfcn.h>
 
@@ -15,11 +17,9 @@ void *moduleOf(void *address)
     return info.dli_fbase;
 }
 
-const char anAddressOfTheProgram = 0;
-
-bool isCallOfTheProgram(void *returnAddress)
+bool isCallOfTheSection(void *returnAddress)
 {
-    return moduleOf(returnAddress) == moduleOf(const_cast<char *>(&anAddressOfTheProgram));
+    return moduleOf(returnAddress) == moduleOf(reinterpret_cast<void *>(&velkor::SystemInfo::qtDesktop));
 }
 
 } // namespace
@@ -30,7 +30,7 @@ QScreen *QGuiApplication::primaryScreen()
     using Function = QScreen *(*)();
     static const auto real = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "_ZN15QGuiApplication13primaryScreenEv"));
     const QByteArray choice = qgetenv("PRIMARY_SCREEN");
-    if (choice.isEmpty() || !isCallOfTheProgram(__builtin_return_address(0)))
+    if (choice.isEmpty() || !isCallOfTheSection(__builtin_return_address(0)))
         return real();
     return choice == "none" ? nullptr : screens().at(choice.toInt());
 }
