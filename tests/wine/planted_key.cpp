@@ -1,5 +1,5 @@
 // A key of the kind that Windows Installer keeps, in the registry itself: planted before the
-// tests and looked for behind them. Refuses outside of a Wine prefix of this project's own.
+// tests and looked for after them. Refuses outside of a Wine prefix of this project's own.
 //
 //   planted_key plant | check
 //
