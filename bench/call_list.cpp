@@ -208,7 +208,7 @@ const KnownCall &knownCall(const QByteArray &name)
         if (name == call.name)
             return call;
     }
-    qFatal("there is no floor for the call %s", name.constData());
+    qFatal("there is no baseline for the call %s", name.constData());
     Q_UNREACHABLE(); // Qt does not tell MSVC that qFatal() does not return
 }
 

@@ -2,7 +2,7 @@
 
 #include "allocations.h"
 #include "figures.h"
-#include "floors.h"
+#include "baselines.h"
 #include "grown_machine.h"
 #include "instructions.h"
 #include "machine_loader.h"
@@ -94,12 +94,12 @@ bool measureGrowth(const QString &folder, std::size_t factor, const QString &onl
             writeFigure(kind.name, "library", state, "peak-moved", cost.peakMoved);
         }
         const Subject subject = makeSubjects(recordSections(false), false).front();
-        subject.floor();
-        const Cost floor = measure(subject.floor);
+        subject.baseline();
+        const Cost baseline = measure(subject.baseline);
         if (allocations())
-            writeFigure(kind.name, "floor", state, "peak", floor.peak);
+            writeFigure(kind.name, "baseline", state, "peak", baseline.peak);
         countInstructions(QByteArray(kind.name) + "|library|" + state, [] { keep(velkor::SystemInfo::allInfos(true)); });
-        countInstructions(QByteArray(kind.name) + "|floor|" + state, subject.floor);
+        countInstructions(QByteArray(kind.name) + "|baseline|" + state, subject.baseline);
     }
     return true;
 }

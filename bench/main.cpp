@@ -1,4 +1,4 @@
-// vkbench: measures the report beside its floor. scripts/bench runs it and makes a
+// vkbench: measures the report beside its baseline. scripts/bench runs it and makes a
 // table of what it writes.
 
 #include "measure.h"
@@ -18,7 +18,7 @@ enum ExitCode {
 };
 
 const char usage[] = "usage: vkbench [--opengl] COMMAND\n"
-                     "  check              that each floor makes the library's calls, and growth is even\n"
+                     "  check              that each baseline makes the library's calls, and growth is even\n"
                      "  record FILE        writes the calls of each section\n"
                      "  warm               calls, text, allocations and instructions, where they are counted\n"
                      "  cold FILE NAME SIDE   the first call in a process; FILE is what 'record' wrote\n"
@@ -33,13 +33,13 @@ void complain(const QString &message)
 
 ExitCode check(bool withOpenGL)
 {
-    QStringList problems = floorProblems(makeSubjects(recordSections(withOpenGL), withOpenGL));
+    QStringList problems = baselineProblems(makeSubjects(recordSections(withOpenGL), withOpenGL));
     problems += platformProblems();
     for (const QString &problem : problems)
         complain(problem);
     if (!problems.isEmpty())
         return Failed;
-    QTextStream(stdout) << "every floor makes the calls of the library\n";
+    QTextStream(stdout) << "every baseline makes the calls of the library\n";
     return Done;
 }
 

@@ -13,7 +13,7 @@ namespace {
 
 std::vector<std::pair<QByteArray, std::function<void()>>> sides(const Subject &subject)
 {
-    return {{"library", [&subject] { keep(subject.library()); }}, {"floor", subject.floor}};
+    return {{"library", [&subject] { keep(subject.library()); }}, {"baseline", subject.baseline}};
 }
 
 void measureOnce(const Subject &subject, const QByteArray &side, const QByteArray &state, const std::function<void()> &run)
@@ -87,15 +87,15 @@ void measureTime(const std::vector<Subject> &subjects, int runs)
     }
 }
 
-QStringList floorProblems(const std::vector<Subject> &subjects)
+QStringList baselineProblems(const std::vector<Subject> &subjects)
 {
     QStringList problems;
     for (const Subject &subject : subjects) {
         const std::vector<Call> library = recorded([&] { keep(subject.library()); });
-        const std::vector<Call> floor = recorded(subject.floor);
-        const QString different = difference(library, floor);
+        const std::vector<Call> baseline = recorded(subject.baseline);
+        const QString different = difference(library, baseline);
         if (!different.isEmpty())
-            problems += QString::fromLatin1(subject.name) + QStringLiteral(": library and floor differ in ") + different;
+            problems += QString::fromLatin1(subject.name) + QStringLiteral(": library and baseline differ in ") + different;
         if (library.size() != subject.calls)
             problems += QString::fromLatin1(subject.name) + QStringLiteral(": its sections make other calls alone");
     }

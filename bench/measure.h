@@ -1,7 +1,7 @@
 // How the subjects are measured. Each writes figures.
 #pragma once
 
-#include "floors.h"
+#include "baselines.h"
 
 namespace bench {
 
@@ -15,8 +15,8 @@ void measureCold(const std::vector<Subject> &subjects, const QByteArray &name, c
 /// Both sides in turn, \a runs times; the shortest and the median of the times.
 void measureTime(const std::vector<Subject> &subjects, int runs);
 
-/// What is wrong: subjects whose floor does not make the calls of the library, call
+/// What is wrong: subjects whose baseline does not make the calls of the library, call
 /// by call. Empty when all do.
-QStringList floorProblems(const std::vector<Subject> &subjects);
+QStringList baselineProblems(const std::vector<Subject> &subjects);
 
 } // namespace bench

@@ -5,7 +5,7 @@
 
 namespace bench {
 
-/// What 'check' finds wrong beside the floors.
+/// What 'check' finds wrong beside the baselines.
 QStringList platformProblems();
 
 /// Growth of that kind, or of each where none is named. False when the platform has no

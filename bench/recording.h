@@ -32,7 +32,7 @@ std::vector<Call> recorded(const std::function<void()> &run);
 /// the same.
 QString difference(const std::vector<Call> &one, const std::vector<Call> &other);
 
-/// Recordings as a file: the calls of a floor that must not make them first.
+/// Recordings as a file: the calls of a baseline that must not make them first.
 using Recordings = std::vector<std::pair<QByteArray, std::vector<Call>>>;
 bool writeRecordings(const QString &fileName, const Recordings &recordings);
 Recordings readRecordings(const QString &fileName);

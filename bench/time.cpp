@@ -2,7 +2,7 @@
 // orientation; the counts are what is compared. Options are Google Benchmark's.
 
 #include "figures.h"
-#include "floors.h"
+#include "baselines.h"
 
 #include <QtWidgets/QApplication>
 #include <benchmark/benchmark.h>
@@ -44,7 +44,7 @@ int main(int argc, char *argv[])
     const auto subjects = bench::makeSubjects(bench::recordSections(withOpenGL), withOpenGL);
     for (const bench::Subject &subject : subjects) {
         registerSide(subject, "library", [&subject] { bench::keep(subject.library()); });
-        registerSide(subject, "floor", subject.floor);
+        registerSide(subject, "baseline", subject.baseline);
     }
     FigureReporter reporter;
     return benchmark::RunSpecifiedBenchmarks(&reporter) > 0 ? 0 : 1;

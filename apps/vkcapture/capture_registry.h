@@ -1,10 +1,10 @@
-// The registry keys that the report reads, and no other.
+// Copies the registry keys and values that the sections of the report read.
 #pragma once
 
 #include "registry_tree.h"
 
 #include <functional>
 
-/// Reads them into a registry of their own. A key that exists and cannot be opened is a
-/// denied one there, and \a note gets a line about it.
-machine::Registry captureRegistry(const QString &windowsDirectory, const std::function<void(const QString &)> &note);
+/// Describes a key that exists and cannot be opened as denied, and passes a line about it
+/// to \a note.
+machine::Registry captureRegistry(const std::function<void(const QString &)> &note);

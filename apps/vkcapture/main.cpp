@@ -32,8 +32,7 @@ ExitCode capture(const QDir &folder)
     machine::Machine machine;
     machine.system = captureSystem(complain);
     complain(QStringLiteral("reading the registry"));
-    const QString windowsDirectory = machine.system.GetSystemWindowsDirectory.value.value_or(QString());
-    machine.registry = captureRegistry(windowsDirectory, complain);
+    machine.registry = captureRegistry(complain);
     if (!folder.mkpath(QStringLiteral("."))) {
         complain(QStringLiteral("cannot make the folder '%1'").arg(QDir::toNativeSeparators(folder.path())));
         return Failed;

@@ -2,9 +2,10 @@
 
 #include "machine_loader.h"
 #include "program_output.h"
-#include "qt/qt_network_interfaces.h"
 #include "sections.h"
 #include "simulated_windows.h"
+#include "win/adapter_details.h"
+#include "win/windows_sections.h"
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QCoreApplication>
@@ -25,7 +26,7 @@ bool checkOptions(const QCommandLineParser &parser)
 {
     const QStringList names = parser.values(section);
     for (const QString &name : names) {
-        if (!isSection(name)) {
+        if (!findSection(name)) {
             complain(QStringLiteral("there is no section '%1'. The sections are: %2")
                          .arg(name, sectionNames().join(QStringLiteral(", "))));
             return false;
@@ -48,13 +49,13 @@ bool checkOptions(const QCommandLineParser &parser)
 QString requestedText(const QCommandLineParser &parser)
 {
     if (!parser.isSet(section) && !parser.isSet(adapter))
-        return *sectionText(QStringLiteral("allWinInfos"));
+        return velkor::SystemInfo::WinSysInfo::allWinInfos();
     QString text;
     const QStringList names = parser.values(section);
     for (const QString &name : names)
-        text += *sectionText(name);
+        text += findSection(name)();
     if (parser.isSet(adapter))
-        text += velkor::SystemInfo::adapterDetails(parser.value(adapter).toUInt());
+        text += velkor::SystemInfo::WinSysInfo::adapterDetails(parser.value(adapter).toUInt());
     return text;
 }
 

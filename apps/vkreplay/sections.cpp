@@ -1,17 +1,12 @@
 #include "sections.h"
 
+#include "report/section_table.h"
 #include "vkSystemInfo.h"
 #include "win/windows_sections.h"
 
 using namespace velkor::SystemInfo;
-using namespace velkor::SystemInfo::WinSysInfo;
 
 namespace {
-
-QString detailedVersion()
-{
-    return windowsVersion(true);
-}
 
 QString openGLDrivers()
 {
@@ -20,101 +15,63 @@ QString openGLDrivers()
     return text;
 }
 
-struct Section
+/// What can be replayed beside the sections of the table.
+struct Text
 {
     const char *name;
     QString (*text)();
 };
 
-constexpr Section sections[] = {
-    {"allWinInfos", allWinInfos},
-    {"windowsVersion", detailedVersion},
-    {"windowsVersionFromRegistry", windowsVersionFromRegistry},
-    {"internetExplorerInfo", internetExplorerInfo},
-    {"processorInfo", processorInfo},
-    {"processorRegistryInfo", processorRegistryInfo},
-    {"memoryInfo", memoryInfo},
-    {"computerNames", computerNames},
-    {"userName", userName},
-    {"oemInfoFromRegistry", oemInfoFromRegistry},
-    {"systemInformationFromRegistry", systemInformationFromRegistry},
-    {"biosInfoFromRegistry", biosInfoFromRegistry},
-    {"videoInfoFromRegistry", videoInfoFromRegistry},
-    {"driverInfoFromRegistry", driverInfoFromRegistry},
-    {"timeZoneInfoFromRegistry", timeZoneInfoFromRegistry},
-    {"installedApplicationsFromRegistry", installedApplicationsFromRegistry},
-    {"installedVisualBasicApplications", installedVisualBasicApplications},
-    {"winSxSDirectoryEntries", winSxSDirectoryEntries},
-    {"someEnvironmentVariables", someEnvironmentVariables},
-    {"diskInformation", diskInformation},
-    {"registryQuota", registryQuota},
-    {"windowsSystemDirectories", windowsSystemDirectories},
-    {"specialFolders", specialFolders},
-    {"checkStandardBonjour", standardBonjourStatus},
-    {"checkVelkorBonjour", velkorBonjourStatus},
-    {"refCountSharedDll", sharedDllRefCount},
-    {"loadedModules", loadedModulesList},
+constexpr Text wholeHalf = {"allWinInfos", WinSysInfo::allWinInfos};
+constexpr Text otherTexts[] = {
     {"platformName", platformName},
     {"GetOpenGLDriverInfo", openGLDrivers},
 };
 
-struct NamedSection
+struct FunctionWithArgument
 {
     const char *name;
-    QString (*text)(const QString &);
+    QString (*text)(const QString &argument);
 };
 
-constexpr NamedSection namedSections[] = {
-    {"diskDevicesFromRegistry", diskDevicesFromRegistry},
-    {"portsFromRegistry", portsFromRegistry},
+constexpr FunctionWithArgument functionsWithArgument[] = {
+    {"diskDevicesFromRegistry", WinSysInfo::diskDevicesFromRegistry},
+    {"portsFromRegistry", WinSysInfo::portsFromRegistry},
 };
 
-const Section *findSection(const QString &name)
+std::vector<Text> texts()
 {
-    for (const Section &section : sections) {
-        if (name == QLatin1String(section.name))
-            return &section;
+    std::vector<Text> result = {wholeHalf};
+    for (const Section &section : SectionTable()) {
+        if (section.part == Part::Windows)
+            result.push_back({section.name, section.text});
     }
-    return nullptr;
-}
-
-/// The section whose name and a colon \a name starts with; \a argument is what follows.
-const NamedSection *findNamedSection(const QString &name, QString &argument)
-{
-    for (const NamedSection &section : namedSections) {
-        const QString start = QLatin1String(section.name) + QStringLiteral(":");
-        if (name.startsWith(start)) {
-            argument = name.mid(start.size());
-            return &section;
-        }
-    }
-    return nullptr;
+    result.insert(result.end(), std::begin(otherTexts), std::end(otherTexts));
+    return result;
 }
 
 } // namespace
 
-std::optional<QString> sectionText(const QString &name)
+std::function<QString()> findSection(const QString &name)
 {
-    if (const Section *section = findSection(name))
-        return section->text();
-    QString argument;
-    if (const NamedSection *section = findNamedSection(name, argument))
-        return section->text(argument);
-    return std::nullopt;
-}
-
-bool isSection(const QString &name)
-{
-    QString argument;
-    return findSection(name) || findNamedSection(name, argument);
+    for (const Text &text : texts()) {
+        if (name == QLatin1String(text.name))
+            return text.text;
+    }
+    for (const FunctionWithArgument &function : functionsWithArgument) {
+        const QString start = QLatin1String(function.name) + QLatin1Char(':');
+        if (name.startsWith(start))
+            return [&function, argument = name.mid(start.size())] { return function.text(argument); };
+    }
+    return nullptr;
 }
 
 QStringList sectionNames()
 {
     QStringList names;
-    for (const Section &section : sections)
-        names += QString::fromLatin1(section.name);
-    for (const NamedSection &section : namedSections)
-        names += QLatin1String(section.name) + QStringLiteral(":NAME");
+    for (const Text &text : texts())
+        names += QString::fromLatin1(text.name);
+    for (const FunctionWithArgument &function : functionsWithArgument)
+        names += QLatin1String(function.name) + QStringLiteral(":NAME");
     return names;
 }

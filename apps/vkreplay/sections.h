@@ -3,14 +3,11 @@
 
 #include <QtCore/QString>
 #include <QtCore/QStringList>
-#include <optional>
+#include <functional>
 
-/// The text of the section \a name, such as "biosInfoFromRegistry" or
-/// "diskDevicesFromRegistry:USBSTOR"; nothing when there is no such section.
-std::optional<QString> sectionText(const QString &name);
+/// The section \a name, such as "biosInfoFromRegistry" or "diskDevicesFromRegistry:USBSTOR".
+/// Empty if there is no such section.
+std::function<QString()> findSection(const QString &name);
 
-/// Whether sectionText() knows \a name.
-bool isSection(const QString &name);
-
-/// In the report's order; one that takes a name ends in ":NAME".
+/// In the report's order. A name that takes an argument ends in ":NAME".
 QStringList sectionNames();

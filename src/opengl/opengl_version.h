@@ -1,4 +1,4 @@
-// What the flags of QGLFormat::openGLVersionFlags() say, as a record.
+// Decodes the flags of QGLFormat::openGLVersionFlags().
 #pragma once
 
 #include "vkSystemInfo.h"
@@ -6,7 +6,7 @@
 namespace velkor {
 namespace SystemInfo {
 
-/// The highest desktop version that \a flags hold, else the first known ES version.
+/// The highest desktop version in \a flags, or else the highest ES version.
 COpenGLVersionInfo openGLVersionFromFlags(qint32 flags);
 
 } // namespace SystemInfo

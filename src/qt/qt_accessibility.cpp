@@ -8,8 +8,10 @@ namespace SystemInfo {
 
 QString qtAccessibility()
 {
-    return QStringLiteral("Qt Accessibility") + newline
-        + QStringLiteral("QAccessible::isActive() = %1").arg(int(QAccessible::isActive())) + newline;
+    QString text;
+    appendLine(text, QStringLiteral("Qt Accessibility"));
+    appendLine(text, QStringLiteral("QAccessible::isActive() = %1").arg(int(QAccessible::isActive())));
+    return text;
 }
 
 } // namespace SystemInfo

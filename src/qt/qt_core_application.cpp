@@ -9,17 +9,19 @@ namespace SystemInfo {
 
 QString qtCoreApplication()
 {
-    const QString valueColumn(22, QLatin1Char(' '));
+    const QString column(22, QLatin1Char(' ')); // as wide as the labels
     const QStringList libraryPaths = QCoreApplication::libraryPaths();
-    return QStringLiteral("QCoreApplication:") + newline
-        + QStringLiteral("Application Version:  ") + QCoreApplication::applicationVersion() + newline
-        + QStringLiteral("Application Name:     ") + QCoreApplication::applicationName() + newline
-        + QStringLiteral("Application DirPath:  ") + QCoreApplication::applicationDirPath() + newline
-        + QStringLiteral("Application FilePath: ") + QCoreApplication::applicationFilePath() + newline
-        + QStringLiteral("Application PID:      %1").arg(QCoreApplication::applicationPid()) + newline
-        + QStringLiteral("Organization Domain:  ") + QCoreApplication::organizationDomain() + newline
-        + QStringLiteral("Organization Name:    ") + QCoreApplication::organizationName() + newline
-        + QStringLiteral("Library Paths:        ") + libraryPaths.join(newline + valueColumn) + newline;
+    QString text;
+    appendLine(text, QStringLiteral("QCoreApplication:"));
+    appendLine(text, "Application Version:  %1", QCoreApplication::applicationVersion());
+    appendLine(text, "Application Name:     %1", QCoreApplication::applicationName());
+    appendLine(text, "Application DirPath:  %1", QCoreApplication::applicationDirPath());
+    appendLine(text, "Application FilePath: %1", QCoreApplication::applicationFilePath());
+    appendLine(text, QStringLiteral("Application PID:      %1").arg(QCoreApplication::applicationPid()));
+    appendLine(text, "Organization Domain:  %1", QCoreApplication::organizationDomain());
+    appendLine(text, "Organization Name:    %1", QCoreApplication::organizationName());
+    appendLine(text, "Library Paths:        %1", libraryPaths.join(newline + column));
+    return text;
 }
 
 } // namespace SystemInfo

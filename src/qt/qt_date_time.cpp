@@ -7,7 +7,7 @@ namespace velkor {
 namespace SystemInfo {
 namespace {
 
-/// UTC minus local time in minutes, as the time-zone bias of Windows is defined.
+/// UTC minus local time in minutes, like the bias of a Windows time zone.
 qint64 activeBias(const QDateTime &local, const QDateTime &utc)
 {
     QDateTime wallClock = local;
@@ -17,15 +17,17 @@ qint64 activeBias(const QDateTime &local, const QDateTime &utc)
 
 } // namespace
 
-// The one section without a title.
+// Quirk: the only section without a title.
 QString qtDateTime()
 {
     const QString format = QStringLiteral("dd.MM.yyyy hh:mm:ss");
     const QDateTime local = QDateTime::currentDateTime();
     const QDateTime utc = local.toTimeSpec(Qt::UTC);
-    return QStringLiteral("Local Date and Time: ") + local.toString(format) + newline
-        + QStringLiteral("UTC   Date and Time: ") + utc.toString(format) + newline
-        + QStringLiteral("ActiveBias: %1 min").arg(activeBias(local, utc)) + newline;
+    QString text;
+    appendLine(text, "Local Date and Time: %1", local.toString(format));
+    appendLine(text, "UTC   Date and Time: %1", utc.toString(format));
+    appendLine(text, QStringLiteral("ActiveBias: %1 min").arg(activeBias(local, utc)));
+    return text;
 }
 
 } // namespace SystemInfo

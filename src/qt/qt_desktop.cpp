@@ -8,14 +8,15 @@ namespace velkor {
 namespace SystemInfo {
 namespace {
 
-/// \a format with both numbers right-aligned in fields of 5.
-QString geometryLine(const char *format, const QRect &geometry)
+/// Both numbers are right-aligned.
+void appendGeometryLine(QString &text, const char *format, const QRect &geometry)
 {
-    return QString::fromLatin1(format).arg(geometry.width(), 5).arg(geometry.height(), 5) + newline;
+    constexpr int fieldWidth = 5;
+    appendLine(text, QString::fromLatin1(format).arg(geometry.width(), fieldWidth).arg(geometry.height(), fieldWidth));
 }
 
-/// The numbers of the siblings, each with a blank behind it; one that is not in the
-/// list of screens is left out.
+/// The numbers of the siblings, each followed by a blank. A sibling that is not in the list
+/// of screens has no number.
 QString siblingNumbers(const QScreen &screen, const QList<QScreen *> &screens)
 {
     const QList<QScreen *> siblings = screen.virtualSiblings();
@@ -30,17 +31,15 @@ QString siblingNumbers(const QScreen &screen, const QList<QScreen *> &screens)
     return text;
 }
 
-QString screenBlock(const QList<QScreen *> &screens, int index, const QScreen *primary)
+void appendScreenBlock(QString &text, const QList<QScreen *> &screens, int index, const QScreen *primary)
 {
     const QScreen &screen = *screens.at(index);
-    QString text = QStringLiteral("Screen #%1:").arg(index + 1);
-    if (&screen == primary)
-        text += QStringLiteral(" (primary screen)");
-    text += newline;
-    text += geometryLine("  screen Geometry          width: %1, height: %2", screen.geometry());
-    text += geometryLine("  available Geometry       width: %1, height: %2", screen.availableGeometry());
-    text += geometryLine("  available virt. Geometry width: %1, height: %2", screen.availableVirtualGeometry());
-    return text + QStringLiteral("  virtual siblings: ") + siblingNumbers(screen, screens) + newline;
+    const QString mark = &screen == primary ? QStringLiteral(" (primary screen)") : QString();
+    appendLine(text, QStringLiteral("Screen #%1:").arg(index + 1) + mark);
+    appendGeometryLine(text, "  screen Geometry          width: %1, height: %2", screen.geometry());
+    appendGeometryLine(text, "  available Geometry       width: %1, height: %2", screen.availableGeometry());
+    appendGeometryLine(text, "  available virt. Geometry width: %1, height: %2", screen.availableVirtualGeometry());
+    appendLine(text, "  virtual siblings: %1", siblingNumbers(screen, screens));
 }
 
 } // namespace
@@ -49,12 +48,13 @@ QString qtDesktop()
 {
     const QList<QScreen *> screens = QGuiApplication::screens();
     const QScreen *primary = QGuiApplication::primaryScreen(); // null while no display is connected
-    QString text = QStringLiteral("QScreen (Desktop)") + newline
-        + QStringLiteral("Desktop file name: %1").arg(QGuiApplication::desktopFileName()) + newline
-        + QStringLiteral("Number of screens:  %1").arg(screens.size()) + newline
-        + QStringLiteral("Primary screen:     %1").arg(primary ? primary->name() : QString()) + newline;
+    QString text;
+    appendLine(text, QStringLiteral("QScreen (Desktop)"));
+    appendLine(text, "Desktop file name: %1", QGuiApplication::desktopFileName());
+    appendLine(text, QStringLiteral("Number of screens:  %1").arg(screens.size()));
+    appendLine(text, "Primary screen:     %1", primary ? primary->name() : QString());
     for (int i = 0; i < screens.size(); ++i)
-        text += screenBlock(screens, i, primary);
+        appendScreenBlock(text, screens, i, primary);
     return text;
 }
 

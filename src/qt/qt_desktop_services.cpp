@@ -10,30 +10,32 @@ namespace {
 struct Location
 {
     QStandardPaths::StandardLocation location;
-    const char *pathLabel;
-    const char *displayNameLabel;
+    const char *path; // format of the line
+    const char *displayName;
 };
 
 constexpr Location locations[] = {
-    {QStandardPaths::DesktopLocation, "Desktop:                   ", "Desktop [displayName]      "},
-    {QStandardPaths::DocumentsLocation, "Documents:                 ", "Documents [displayName]    "},
-    {QStandardPaths::HomeLocation, "Home:                      ", "Home [displayName]         "},
-    {QStandardPaths::DataLocation, "Data:                      ", "Data [displayName]         "},
-    {QStandardPaths::TempLocation, "Temp:                      ", "Temp [displayName]         "},
-    {QStandardPaths::ApplicationsLocation, "Applications:              ", "Applications [displayName] "},
-    {QStandardPaths::FontsLocation, "Fonts:                     ", "Fonts [displayName]        "},
+    {QStandardPaths::DesktopLocation, "Desktop:                   %1", "Desktop [displayName]      %1"},
+    {QStandardPaths::DocumentsLocation, "Documents:                 %1", "Documents [displayName]    %1"},
+    {QStandardPaths::HomeLocation, "Home:                      %1", "Home [displayName]         %1"},
+    {QStandardPaths::DataLocation, "Data:                      %1", "Data [displayName]         %1"},
+    {QStandardPaths::TempLocation, "Temp:                      %1", "Temp [displayName]         %1"},
+    {QStandardPaths::ApplicationsLocation, "Applications:              %1", "Applications [displayName] %1"},
+    {QStandardPaths::FontsLocation, "Fonts:                     %1", "Fonts [displayName]        %1"},
 };
 
 } // namespace
 
-// The title is older than QStandardPaths, and "HomeLocation" heads nothing: the
-// report's format.
+// Quirk: the title is the class that preceded QStandardPaths, and nothing belongs to the
+// line "HomeLocation".
 QString qtDesktopServices()
 {
-    QString text = QStringLiteral("QDesktopServices") + newline + QStringLiteral("HomeLocation") + newline;
+    QString text;
+    appendLine(text, QStringLiteral("QDesktopServices"));
+    appendLine(text, QStringLiteral("HomeLocation"));
     for (const Location &row : locations) {
-        text += QString::fromLatin1(row.pathLabel) + QStandardPaths::writableLocation(row.location) + newline;
-        text += QString::fromLatin1(row.displayNameLabel) + QStandardPaths::displayName(row.location) + newline;
+        appendLine(text, row.path, QStandardPaths::writableLocation(row.location));
+        appendLine(text, row.displayName, QStandardPaths::displayName(row.location));
     }
     return text;
 }

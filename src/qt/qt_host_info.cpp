@@ -8,9 +8,11 @@ namespace SystemInfo {
 
 QString qtHostInfo()
 {
-    return QStringLiteral("QHostInfo") + newline
-        + QStringLiteral("Local host name:   %1").arg(QHostInfo::localHostName()) + newline
-        + QStringLiteral("Local domain name: %1").arg(QHostInfo::localDomainName()) + newline;
+    QString text;
+    appendLine(text, QStringLiteral("QHostInfo"));
+    appendLine(text, "Local host name:   %1", QHostInfo::localHostName());
+    appendLine(text, "Local domain name: %1", QHostInfo::localDomainName());
+    return text;
 }
 
 } // namespace SystemInfo

@@ -7,8 +7,7 @@ namespace velkor {
 namespace SystemInfo {
 namespace {
 
-// The report knows two systems. That of the United Kingdom is "unknown" and must
-// stay so.
+// Quirk: the system of the United Kingdom is "unknown".
 QString measurementSystemName(QLocale::MeasurementSystem system)
 {
     switch (system) {
@@ -26,10 +25,12 @@ QString measurementSystemName(QLocale::MeasurementSystem system)
 QString qtLocale()
 {
     const QLocale locale = QLocale::system();
-    return QStringLiteral("QLocale") + newline
-        + QStringLiteral("Country:          ") + QLocale::countryToString(locale.country()) + newline
-        + QStringLiteral("Language:         ") + QLocale::languageToString(locale.language()) + newline
-        + QStringLiteral("Measuring System: ") + measurementSystemName(locale.measurementSystem()) + newline;
+    QString text;
+    appendLine(text, QStringLiteral("QLocale"));
+    appendLine(text, "Country:          %1", QLocale::countryToString(locale.country()));
+    appendLine(text, "Language:         %1", QLocale::languageToString(locale.language()));
+    appendLine(text, "Measuring System: %1", measurementSystemName(locale.measurementSystem()));
+    return text;
 }
 
 } // namespace SystemInfo

@@ -12,19 +12,21 @@ QString printerLine(const QPrinterInfo &printer)
     QString line = QStringLiteral("   %1").arg(printer.printerName());
     if (printer.isDefault())
         line += QStringLiteral("    [default printer]");
-    return line + newline;
+    return line;
 }
 
 } // namespace
 
 QString qtPrinterInfo()
 {
-    QString text = QStringLiteral("QPrinterInfo") + newline + QStringLiteral("Available printers:") + newline;
+    QString text;
+    appendLine(text, QStringLiteral("QPrinterInfo"));
+    appendLine(text, QStringLiteral("Available printers:"));
     const QList<QPrinterInfo> printers = QPrinterInfo::availablePrinters();
     if (printers.isEmpty())
-        text += QStringLiteral("    <None>") + newline;
+        appendLine(text, QStringLiteral("    <None>"));
     for (const QPrinterInfo &printer : printers)
-        text += printerLine(printer);
+        appendLine(text, printerLine(printer));
     return text;
 }
 

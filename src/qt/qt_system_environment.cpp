@@ -6,10 +6,11 @@
 namespace velkor {
 namespace SystemInfo {
 
-// "environemnt" is the report's spelling and must stay.
+// Quirk: "environemnt" is misspelt.
 QString qtSystemEnvironment()
 {
-    QString text = QStringLiteral("System environemnt (QProcess::systemEnvironment()):") + newline;
+    QString text;
+    appendLine(text, QStringLiteral("System environemnt (QProcess::systemEnvironment()):"));
     const QStringList entries = QProcess::systemEnvironment();
     for (const QString &entry : entries)
         appendLine(text, "  %1", entry);

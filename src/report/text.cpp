@@ -8,7 +8,7 @@ namespace {
 
 void makeRoom(QString &text, int more)
 {
-    constexpr int least = 256; // short texts are not worth several steps
+    constexpr int least = 256; // fewer units would need several allocations in every section
     const int needed = text.size() + more;
     if (needed > text.capacity())
         text.reserve(qMax(qMax(needed, least), text.size() + text.size() / 4));
@@ -34,16 +34,23 @@ void appendSection(QString &text, QString section)
     append(text, section);
 }
 
+void appendLine(QString &text, const QString &line)
+{
+    makeRoom(text, line.size() + newline.size());
+    text += line;
+    text += newline;
+}
+
 void appendLine(QString &text, const char *format, QStringView value)
 {
-    const char *const place = std::strstr(format, "%1");
-    Q_ASSERT(place);
-    const QLatin1String before(format, int(place - format));
-    const QLatin1String behind(place + 2);
-    makeRoom(text, before.size() + int(value.size()) + behind.size() + newline.size());
+    const char *const placeholder = std::strstr(format, "%1");
+    Q_ASSERT(placeholder);
+    const QLatin1String before(format, int(placeholder - format));
+    const QLatin1String after(placeholder + 2);
+    makeRoom(text, before.size() + int(value.size()) + after.size() + newline.size());
     text += before;
     text.append(value.data(), int(value.size()));
-    text += behind;
+    text += after;
     text += newline;
 }
 

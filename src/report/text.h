@@ -1,4 +1,4 @@
-// Text constants that every section shares, and how long texts are put together.
+// How the sections build their texts.
 #pragma once
 
 #include <QtCore/QString>
@@ -10,19 +10,23 @@ namespace SystemInfo {
 /// The end of every line of the report, on Windows too.
 inline const QString newline = QStringLiteral("\n");
 
-/// \a text with data of its own. The data of a QStringLiteral are part of this library
-/// and go when it is unloaded; what a host gets must not share them. For exported
-/// functions whose text may be a literal as it stands.
+/// Returns \a text with its own data. The data of a QStringLiteral belong to this library
+/// and become invalid when the library is unloaded, so an exported function must not
+/// return them.
 QString detached(QString text);
 
-/// Appends to a text that may become long. Where it must grow it grows by a quarter
-/// and not twofold, as QString does by itself.
+/// Appends \a more. Unlike QString, which doubles its capacity, a text that must grow
+/// grows by a quarter: reports are long.
 void append(QString &text, const QString &more);
 
-/// Appends a whole section, and takes no more room than both need at that moment.
+/// Appends a whole section. Squeezes the section first, which limits the peak memory.
 void appendSection(QString &text, QString section);
 
-/// Appends the line that \a format, which holds one %1, makes of \a value, ended.
+/// Appends \a line and a line end.
+void appendLine(QString &text, const QString &line);
+
+/// Appends \a format with \a value in place of its only %1, and a line end. A "%1" in
+/// \a value stays as it is.
 void appendLine(QString &text, const char *format, QStringView value);
 
 } // namespace SystemInfo

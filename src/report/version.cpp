@@ -1,6 +1,4 @@
-#include "report/text.h"
 #include "vkSystemInfo.h"
-#include "win/windows_sections.h"
 
 namespace velkor {
 namespace SystemInfo {
@@ -19,11 +17,6 @@ QString libVersionString()
         .arg(VKSYSTEMINFO_VERSION_MAJOR)
         .arg(VKSYSTEMINFO_VERSION_MINOR)
         .arg(VKSYSTEMINFO_VERSION_PATCH);
-}
-
-QString platformName()
-{
-    return detached(WinSysInfo::windowsVersion(false));
 }
 
 } // namespace SystemInfo

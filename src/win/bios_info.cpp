@@ -8,29 +8,50 @@ namespace SystemInfo {
 namespace WinSysInfo {
 namespace {
 
-/// The strings of a multi-string below each other behind a label of 23 characters.
-QString listLines(HKEY key, const char *valueName, const char *label, TextBuffer &buffer)
+/// The strings of a multi-string, one a line; the label precedes the first.
+void appendListLines(QString &text, HKEY key, const Value &value, TextBuffer &buffer)
 {
-    if (!buffer.query(key, valueName))
-        return QString();
-    const QString valueColumn(23, QLatin1Char(' '));
+    if (!buffer.query(key, value.name))
+        return;
+    const QString column(23, QLatin1Char(' ')); // as wide as the labels
     const QStringList strings = registryMultiStringToList(buffer.data(), buffer.size());
-    return QString::fromLatin1(label) + strings.join(newline + valueColumn) + newline;
+    appendLine(text, value.format, strings.join(newline + column));
+}
+
+struct BiosValue : Value
+{
+    void (*append)(QString &text, HKEY key, const Value &value, TextBuffer &buffer);
+};
+
+constexpr BiosValue values[] = {
+    {{"SystemBiosVersion", "SystemBiosVersion:     %1"}, appendListLines},
+    {{"SystemBIOSDate", "SystemBIOSDate:        %1"}, appendTextLine},
+    {{"VideoBiosVersion", "VideoBiosVersion:      %1"}, appendListLines},
+    {{"VideoBIOSDate", "VideoBIOSDate:         %1"}, appendTextLine},
+};
+
+QString keyPath()
+{
+    return QStringLiteral("Hardware\\Description\\System");
 }
 
 } // namespace
 
+RegistryReads biosReads()
+{
+    return {{HKEY_LOCAL_MACHINE, keyPath(), valueNames(values)}};
+}
+
 QString biosInfoFromRegistry()
 {
-    QString text = QStringLiteral("BIOS information from Registry") + newline;
-    const RegistryKey key(HKEY_LOCAL_MACHINE, QStringLiteral("Hardware\\Description\\System"));
+    QString text;
+    appendLine(text, QStringLiteral("BIOS information from Registry"));
+    const RegistryKey key = openKey(HKEY_LOCAL_MACHINE, keyPath());
     if (!key)
         return text;
-    TextBuffer buffer; // one for all values, see its note on what shows
-    text += listLines(key.get(), "SystemBiosVersion", "SystemBiosVersion:     ", buffer);
-    appendTextLine(text, key.get(), {"SystemBIOSDate", "SystemBIOSDate:        %1"}, buffer);
-    text += listLines(key.get(), "VideoBiosVersion", "VideoBiosVersion:      ", buffer);
-    appendTextLine(text, key.get(), {"VideoBIOSDate", "VideoBIOSDate:         %1"}, buffer);
+    TextBuffer buffer; // Quirk: all values share it, so leftovers show; see TextBuffer.
+    for (const BiosValue &value : values)
+        value.append(text, key.get(), value, buffer);
     return text;
 }
 

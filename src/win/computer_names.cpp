@@ -15,7 +15,7 @@ struct NameFormat
     const char *line;
 };
 
-// The labels do not line up, and two have no colon: the report's format.
+// Quirk: the labels do not line up, and two have no colon.
 constexpr NameFormat nameFormats[] = {
     {ComputerNameNetBIOS, "NetBios name:                 %1"},
     {ComputerNamePhysicalNetBIOS, "Physical NetBios name:        %1"},
@@ -31,13 +31,14 @@ constexpr NameFormat nameFormats[] = {
 
 QString computerNames()
 {
-    constexpr DWORD bufferSize = 16; // in units; longer names have no line, a fixed limit of the report
-    QString text = QStringLiteral("Computer name") + newline;
+    constexpr DWORD bufferSize = 16; // in units. Quirk: a longer name has no line.
+    QString text;
+    appendLine(text, QStringLiteral("Computer name"));
     for (const NameFormat &name : nameFormats) {
         wchar_t buffer[bufferSize] = {};
         DWORD size = bufferSize;
         if (GetComputerNameExW(name.format, buffer, &size))
-            text += QString::fromLatin1(name.line).arg(wideUnits(buffer, std::min(size, bufferSize))) + newline;
+            appendLine(text, name.line, wideUnits(buffer, std::min(size, bufferSize)));
     }
     return text;
 }

@@ -1,4 +1,4 @@
-// The buffer that paths of system directories are read into.
+// Reads the path of a system directory.
 #pragma once
 
 #include "win/registry_key.h"
@@ -9,18 +9,18 @@ namespace velkor {
 namespace SystemInfo {
 namespace WinSysInfo {
 
-/// Keeps what it held when a path does not fit.
+/// Quirk: a path that does not fit leaves the previous path in the buffer.
 class DirectoryBuffer
 {
 public:
     static constexpr UINT size = 1024; // in units
 
-    /// Calls GetSystemWindowsDirectoryW or one like it; its result.
+    /// Calls GetSystemWindowsDirectoryW or a call like it and returns its result.
     UINT read(UINT(WINAPI *call)(wchar_t *, UINT)) { return m_length = call(m_units, size); }
 
     /// The last call needed a larger buffer.
     bool isTooSmall() const { return m_length > size; }
-    /// As many units as the last call returned; what the buffer holds where it is too small.
+    /// The path that the last call returned; if the buffer is too small, what it holds.
     QString text() const
     {
         return isTooSmall() ? wideText(m_units, size) : wideUnits(m_units, m_length);

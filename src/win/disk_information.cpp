@@ -3,12 +3,14 @@
 #include "win/registry_key.h"
 #include "win/windows_sections.h"
 
+#include <iterator>
+
 namespace velkor {
 namespace SystemInfo {
 namespace WinSysInfo {
 namespace {
 
-/// By the number that GetDriveType gives; the blanks at the end are the format's.
+/// Indexed by the result of GetDriveType. Quirk: the names end with blanks.
 constexpr const char *driveTypeNames[] = {
     "", // DRIVE_UNKNOWN
     "no root dir mounted  ",
@@ -21,10 +23,10 @@ constexpr const char *driveTypeNames[] = {
 
 QString driveTypeName(UINT type)
 {
-    return type < sizeof driveTypeNames / sizeof *driveTypeNames ? QString::fromLatin1(driveTypeNames[type]) : QString();
+    return type < std::size(driveTypeNames) ? QString::fromLatin1(driveTypeNames[type]) : QString();
 }
 
-// The file system comes before the label, although the call delivers it last.
+// The file system precedes the label.
 QString volumeText(const wchar_t *root)
 {
     wchar_t volumeName[MAX_PATH] = {};
@@ -44,39 +46,38 @@ QString spaceText(const wchar_t *root)
         + QStringLiteral("Total: %1").arg(formatByteSize(total.QuadPart)) + QStringLiteral(" ");
 }
 
-QString driveLine(int index)
+void appendDriveLine(QString &text, int index)
 {
-    wchar_t root[4] = {};
+    wchar_t root[sizeof "A:\\"] = {};
     wsprintfW(root, L"%c:\\", L'A' + index);
-    QString text = wideText(root, 4) + QStringLiteral(" ");
-    text += driveTypeName(GetDriveTypeW(root));
-    text += volumeText(root);
-    text += spaceText(root);
-    return text + newline;
+    QString line = wideText(root, DWORD(std::size(root))) + QStringLiteral(" ");
+    line += driveTypeName(GetDriveTypeW(root));
+    line += volumeText(root);
+    line += spaceText(root);
+    appendLine(text, line);
 }
 
-QString driveLines(DWORD drives)
+void appendDriveLines(QString &text, DWORD drives)
 {
-    QString text;
     for (int index = 0; drives; ++index, drives >>= 1) {
         if (drives & 1)
-            text += driveLine(index);
+            appendDriveLine(text, index);
     }
-    return text;
 }
 
 } // namespace
 
 QString diskInformation()
 {
-    SetErrorMode(SEM_FAILCRITICALERRORS); // an empty drive must not ask for a disk
-    QString text = QStringLiteral("Disk information: ") + newline;
+    SetErrorMode(SEM_FAILCRITICALERRORS); // Windows must not ask the user for a disk
+    QString text;
+    appendLine(text, QStringLiteral("Disk information: "));
     const DWORD drives = GetLogicalDrives();
-    if (drives == 0) // the line is not ended: the report's format
-        text += QStringLiteral("Failed GetLogicalDrives(), error = %1").arg(GetLastError());
+    if (drives == 0)
+        append(text, QStringLiteral("Failed GetLogicalDrives(), error = %1").arg(GetLastError())); // Quirk: no line end
     else
-        text += driveLines(drives);
-    SetErrorMode(0); // the default, not what it was: the report's calls are fixed
+        appendDriveLines(text, drives);
+    SetErrorMode(0); // Quirk: sets the default mode, not the previous one.
     return text;
 }
 

@@ -1,8 +1,6 @@
 #include "win/dnssd_service.h"
 
 #include "report/text.h"
-#include "vkSystemInfo.h"
-#include "win/windows_sections.h"
 
 #include <utility>
 #include <windows.h>
@@ -16,10 +14,7 @@ constexpr int serviceNotRunning = -65563; // kDNSServiceErr_ServiceNotRunning of
 
 using GetPropertyFunction = qint32(WINAPI *)(const char *property, void *result, DWORD *size);
 
-constexpr const wchar_t *standardLibrary = L"dnssd.dll";
-constexpr const wchar_t *velkorLibrary = L"vkdnssd.dll";
-
-/// A run-time loaded library, freed when it goes.
+/// Owns a library that is loaded at run time.
 class Library
 {
 public:
@@ -39,17 +34,10 @@ private:
     HMODULE m_module;
 };
 
+/// The daemon's version is major * 10000 + minor * 100 + patch.
 QString versionText(quint32 version)
 {
     return QStringLiteral("%1.%2.%3").arg(version / 10000).arg(version / 100 % 100).arg(version % 100);
-}
-
-QString status(const char *label, const wchar_t *libraryFileName)
-{
-    int errorCode = 0;
-    QString version;
-    const bool installed = checkDnssdLibrary(libraryFileName, errorCode, version);
-    return formatDnssdStatus(QString::fromLatin1(label), installed, errorCode, version);
 }
 
 } // namespace
@@ -71,39 +59,32 @@ bool checkDnssdLibrary(const wchar_t *libraryFileName, int &errorCode, QString &
     return true;
 }
 
-// A failure has two blanks behind the colon: the report's format.
 QString formatDnssdStatus(QString label, bool installed, int errorCode, const QString &version)
 {
     QString text = std::move(label);
-    if (!installed)
-        return text + QStringLiteral("not installed.") + newline;
-    text += QStringLiteral("installed.") + newline + QStringLiteral("DNS-SD version: ");
-    if (errorCode == 0)
-        return text + version + newline;
-    text += QStringLiteral(" failed to get version, error = %1").arg(errorCode);
+    if (!installed) {
+        appendLine(text, QStringLiteral("not installed."));
+        return text;
+    }
+    appendLine(text, QStringLiteral("installed."));
+    append(text, QStringLiteral("DNS-SD version: "));
+    if (errorCode == 0) {
+        appendLine(text, version);
+        return text;
+    }
+    append(text, QStringLiteral(" failed to get version, error = %1").arg(errorCode)); // Quirk: two blanks
     if (errorCode == serviceNotRunning)
-        text += QStringLiteral(" (kDNSServiceErr_ServiceNotRunning)");
-    return text + newline;
+        append(text, QStringLiteral(" (kDNSServiceErr_ServiceNotRunning)"));
+    appendLine(text, QString());
+    return text;
 }
 
-bool checkStandardBonjour(int &errorCode, QString &version)
+QString dnssdStatus(const char *label, const wchar_t *libraryFileName)
 {
-    return checkDnssdLibrary(standardLibrary, errorCode, version);
-}
-
-bool checkVelkorBonjour(int &errorCode, QString &version)
-{
-    return checkDnssdLibrary(velkorLibrary, errorCode, version);
-}
-
-QString standardBonjourStatus()
-{
-    return status("Standard Bonjour: ", standardLibrary);
-}
-
-QString velkorBonjourStatus()
-{
-    return status("velkor DNS-SD: ", velkorLibrary);
+    int errorCode = 0;
+    QString version;
+    const bool installed = checkDnssdLibrary(libraryFileName, errorCode, version);
+    return formatDnssdStatus(QString::fromLatin1(label), installed, errorCode, version);
 }
 
 } // namespace WinSysInfo

@@ -7,12 +7,15 @@ namespace velkor {
 namespace SystemInfo {
 namespace WinSysInfo {
 
-/// As checkStandardBonjour(), for the library of that file name. The library is
-/// loaded by Windows' own search and freed again.
+/// checkStandardBonjour() for the library \a libraryFileName. Windows searches, loads and
+/// frees the library.
 bool checkDnssdLibrary(const wchar_t *libraryFileName, int &errorCode, QString &version);
 
-/// The lines of a check with their \a label; ends with a line feed.
+/// The lines of a check, after \a label.
 QString formatDnssdStatus(QString label, bool installed, int errorCode, const QString &version);
+
+/// Checks the library \a libraryFileName and returns the lines.
+QString dnssdStatus(const char *label, const wchar_t *libraryFileName);
 
 } // namespace WinSysInfo
 } // namespace SystemInfo

@@ -1,5 +1,5 @@
 #include "report/text.h"
-#include "win/registry_key.h"
+#include "win/value_lines.h"
 #include "win/windows_sections.h"
 
 namespace velkor {
@@ -7,13 +7,7 @@ namespace SystemInfo {
 namespace WinSysInfo {
 namespace {
 
-struct DriverValue
-{
-    const wchar_t *name;
-    const char *format;
-};
-
-constexpr DriverValue driverValues[] = {
+constexpr WideValue driverValues[] = {
     {L"DriverDesc", "   Driver Description: %1"},
     {L"DriverVersion", "   Driver Version:     %1"},
     {L"DriverDate", "   Driver Date:        %1"},
@@ -24,25 +18,26 @@ constexpr DriverValue driverValues[] = {
     {L"InfSectionExt", "   InfSectionExt:      %1"},
 };
 
-struct PropertyValue
-{
-    const char *name;
-    const char *format;
-};
-
-constexpr PropertyValue propertyValues[] = {
+constexpr Value propertyValues[] = {
     {"DeviceType", "   Device Type:             %1 = 0x%2"},
     {"DeviceCharacteristics", "   Device Characteristics:  %1 = 0x%2"},
 };
 
-QString rule()
+constexpr const wchar_t *classValue = L"Class";
+
+QString classesPath()
 {
-    return QStringLiteral("----------------------------") + newline;
+    return QStringLiteral("SYSTEM\\CurrentControlSet\\Control\\Class");
+}
+
+void appendRule(QString &text)
+{
+    appendLine(text, QStringLiteral("----------------------------"));
 }
 
 void appendDriverLines(QString &text, HKEY key)
 {
-    for (const DriverValue &value : driverValues) {
+    for (const WideValue &value : driverValues) {
         WideTextBuffer buffer;
         if (buffer.query(key, value.name))
             appendLine(text, value.format, buffer.view());
@@ -52,47 +47,32 @@ void appendDriverLines(QString &text, HKEY key)
 void appendPropertyLines(QString &text, HKEY key)
 {
     NumberBuffer number; // Quirk: both values share it; a short second one keeps bytes of the first.
-    for (const PropertyValue &value : propertyValues) {
-        if (number.query(key, value.name))
-            append(text, QString::fromLatin1(value.format).arg(number.value()).arg(number.value(), 0, 16) + newline);
-    }
+    for (const Value &value : propertyValues)
+        appendNumberLine(text, key, value, number);
 }
 
-/// Compares the bytes of the wide name, of which a name in Latin letters shows the
-/// first one only: "Properties" itself never is one. The report's format.
+/// Quirk: compares the wide name as char. Of a name in Latin letters only the first letter
+/// counts, so "Properties" itself never matches.
 bool isProperties(const wchar_t *name)
 {
     return qstricmp(reinterpret_cast<const char *>(name), "Properties") == 0;
 }
 
-constexpr DWORD nameBufferSize = 1024; // in units
-
-struct NameBuffer
-{
-    bool enumerate(HKEY key, DWORD index)
-    {
-        DWORD size = nameBufferSize;
-        return RegEnumKeyExW(key, index, units, &size, nullptr, nullptr, nullptr, nullptr) == LSTATUS(ERROR_SUCCESS);
-    }
-
-    wchar_t units[nameBufferSize] = {};
-};
-
-/// Appends the drivers of a class, an empty line between two that wrote something.
-void appendDriverBlocks(QString &text, const RegistryKey &deviceClass, const QString &classPath)
+/// Appends the drivers of a class. An empty line follows each driver that has lines and
+/// is not the last.
+void appendDriverBlocks(QString &text, HKEY deviceClass, const QString &classPath)
 {
     bool wroteLine = false;
-    NameBuffer name;
-    for (DWORD i = 0; name.enumerate(deviceClass.get(), i); ++i) {
-        const RegistryKey driver(HKEY_LOCAL_MACHINE,
-                                 classPath + QStringLiteral("\\") + wideText(name.units, nameBufferSize));
+    WideNameBuffer name;
+    for (DWORD i = 0; name.enumerateKey(deviceClass, i); ++i) {
+        const RegistryKey driver = openKey(HKEY_LOCAL_MACHINE, classPath + QStringLiteral("\\") + name.text());
         if (!driver)
             continue;
         if (wroteLine)
-            append(text, newline);
-        const bool properties = isProperties(name.units);
+            appendLine(text, QString());
+        const bool properties = isProperties(name.data());
         if (properties)
-            append(text, QStringLiteral("   Properties") + newline);
+            appendLine(text, QStringLiteral("   Properties"));
         const int size = text.size();
         if (properties)
             appendPropertyLines(text, driver.get());
@@ -102,34 +82,44 @@ void appendDriverBlocks(QString &text, const RegistryKey &deviceClass, const QSt
     }
 }
 
-void appendClassBlock(QString &text, const RegistryKey &deviceClass, const QString &classPath)
+void appendClassBlock(QString &text, HKEY deviceClass, const QString &classPath)
 {
     WideTextBuffer buffer;
-    if (!buffer.query(deviceClass.get(), L"Class"))
+    if (!buffer.query(deviceClass, classValue))
         return;
     appendLine(text, "%1:", buffer.view());
     appendDriverBlocks(text, deviceClass, classPath);
-    append(text, rule());
+    appendRule(text);
 }
 
 } // namespace
 
+RegistryReads driverReads()
+{
+    const QString deviceClass = classesPath() + QStringLiteral("\\*");
+    return {{HKEY_LOCAL_MACHINE, classesPath(), {}},
+            {HKEY_LOCAL_MACHINE, deviceClass, {QString::fromWCharArray(classValue)}},
+            {HKEY_LOCAL_MACHINE, deviceClass + QStringLiteral("\\*"), valueNames(driverValues) + valueNames(propertyValues)}};
+}
+
 QString driverInfoFromRegistry()
 {
-    QString text = QStringLiteral(">>> Info about drivers from registry:") + newline + newline;
-    const QString path = QStringLiteral("SYSTEM\\CurrentControlSet\\Control\\Class");
-    const RegistryKey classes(HKEY_LOCAL_MACHINE, path);
+    QString text;
+    appendLine(text, QStringLiteral(">>> Info about drivers from registry:"));
+    appendLine(text, QString());
+    const QString path = classesPath();
+    const RegistryKey classes = openKey(HKEY_LOCAL_MACHINE, path);
     if (!classes)
         return text;
     TextBuffer name;
     for (DWORD i = 0; name.enumerateKey(classes.get(), i); ++i) {
         const QString classPath = path + QStringLiteral("\\") + name.text();
-        const RegistryKey deviceClass(HKEY_LOCAL_MACHINE, classPath);
+        const RegistryKey deviceClass = openKey(HKEY_LOCAL_MACHINE, classPath);
         if (!deviceClass)
             continue;
-        if (i == 0) // of the enumeration, whether or not that class has a name
-            append(text, rule());
-        appendClassBlock(text, deviceClass, classPath);
+        if (i == 0) // Quirk: if the first class cannot be opened, nothing opens the list.
+            appendRule(text);
+        appendClassBlock(text, deviceClass.get(), classPath);
     }
     return text;
 }

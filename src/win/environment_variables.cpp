@@ -3,6 +3,8 @@
 #include "win/registry_key.h"
 #include "win/windows_sections.h"
 
+#include <iterator>
+
 namespace velkor {
 namespace SystemInfo {
 namespace WinSysInfo {
@@ -16,17 +18,17 @@ constexpr const wchar_t *templates[] = {
     L"PROCESSOR_IDENTIFIER = %PROCESSOR_IDENTIFIER%",
 };
 
-constexpr DWORD bufferSize = 32768; // in units, the longest that Windows expands to
+constexpr DWORD bufferSize = 32768; // in units; the longest result of ExpandEnvironmentStrings
 
-// A failure names the template by its index: the report's format.
-QString expandedLine(int index, wchar_t *buffer)
+// Quirk: a failure names the template by its index.
+QString expanded(int index, wchar_t *buffer)
 {
     const DWORD count = ExpandEnvironmentStringsW(templates[index], buffer, bufferSize);
     if (count > bufferSize)
-        return QStringLiteral("Expand env var %1, buffer too small, would need %2").arg(index).arg(count) + newline;
+        return QStringLiteral("Expand env var %1, buffer too small, would need %2").arg(index).arg(count);
     if (count == 0)
-        return QStringLiteral("Expand env var %1 failed!").arg(index) + newline;
-    return wideUnits(buffer, buffer[count - 1] == 0 ? count - 1 : count) + newline;
+        return QStringLiteral("Expand env var %1 failed!").arg(index);
+    return wideUnits(buffer, buffer[count - 1] == 0 ? count - 1 : count);
 }
 
 } // namespace
@@ -34,11 +36,12 @@ QString expandedLine(int index, wchar_t *buffer)
 QString someEnvironmentVariables()
 {
     const HeapBuffer buffer(bufferSize * sizeof(wchar_t));
-    if (!buffer) // not even the heading
+    if (!buffer) // Quirk: without memory there is not even the heading.
         return QString();
-    QString text = QStringLiteral("Some environment variables:") + newline;
-    for (int i = 0; i < 5; ++i)
-        text += expandedLine(i, buffer.as<wchar_t>());
+    QString text;
+    appendLine(text, QStringLiteral("Some environment variables:"));
+    for (int i = 0; i < int(std::size(templates)); ++i)
+        appendLine(text, expanded(i, buffer.as<wchar_t>()));
     return text;
 }
 

@@ -7,7 +7,7 @@ namespace velkor {
 namespace SystemInfo {
 namespace WinSysInfo {
 
-/// Freed when it goes. Not cleared; null when there is no memory.
+/// Not zeroed; null if there is no memory.
 class HeapBuffer
 {
 public:
@@ -23,7 +23,7 @@ public:
         return static_cast<T *>(m_memory);
     }
 
-    /// Gives the memory back and takes other memory of that size.
+    /// Frees the memory and allocates \a bytes.
     void replace(SIZE_T bytes)
     {
         free();

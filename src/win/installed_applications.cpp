@@ -49,12 +49,11 @@ struct KnownApplication
 {
     bool (*matches)(const char *productName);
     const char *extensions[3];
-    const char *projectType; // shown, and the name of its class key
+    const char *projectType; // also the name of its key in HKEY_CLASSES_ROOT
 };
 
-/// The first row that matches decides. That the rows are uneven is the report's
-/// format: the beta has an extension that its project type's own row lacks, and only
-/// one row matches by its start.
+/// The first row that matches decides. Quirk: the rows are uneven. The beta has an extension
+/// that the row of its own project type lacks, and only one row matches by its start.
 constexpr KnownApplication knownApplications[] = {
     {isLinemodelSinceV10, {".lmdl", ".lmdl2", ".vkpj"}, "Linemodel since V10"},
     {isLinemodel, {".lmdl", ".lmdl2"}, "Linemodel"},
@@ -74,30 +73,42 @@ const KnownApplication *knownApplication(const char *productName)
     return nullptr;
 }
 
-/// The default value of a key of HKEY_CLASSES_ROOT; empty where there is none.
+QString productsPath()
+{
+    return QStringLiteral("Installer\\Products");
+}
+
+QString openCommandPath(const QString &projectType)
+{
+    return projectType + QStringLiteral("\\shell\\open\\command");
+}
+
+/// The default value of a key of HKEY_CLASSES_ROOT; empty if there is none.
 QString classDefault(const QString &path)
 {
-    const RegistryKey key(HKEY_CLASSES_ROOT, path);
+    const RegistryKey key = openKey(HKEY_CLASSES_ROOT, path);
     TextBuffer buffer;
     return key && buffer.query(key.get(), nullptr) ? buffer.text() : QString();
 }
 
-QString extensionLine(const char *extension)
+void appendExtensionLine(QString &text, const char *extension)
 {
     const QString name = QString::fromLatin1(extension);
     const QString registered = classDefault(name);
-    if (registered.isEmpty())
-        return QString();
-    return QStringLiteral("File extension '%1' registered with application project type '%2'").arg(name).arg(registered)
-        + newline;
+    if (!registered.isEmpty()) {
+        appendLine(text, QStringLiteral("File extension '%1' registered with application project type '%2'")
+                             .arg(name)
+                             .arg(registered));
+    }
 }
 
-QString openCommandLines(const QString &projectType)
+void appendOpenCommandLines(QString &text, const QString &projectType)
 {
-    const QString command = classDefault(projectType + QStringLiteral("\\shell\\open\\command"));
+    const QString command = classDefault(openCommandPath(projectType));
     if (command.isEmpty())
-        return QString();
-    return QStringLiteral("Open command for '%1':").arg(projectType) + newline + command + newline;
+        return;
+    appendLine(text, "Open command for '%1':", projectType);
+    appendLine(text, command);
 }
 
 void appendApplicationBlock(QString &text, HKEY productKey, const KnownApplication &application)
@@ -105,41 +116,36 @@ void appendApplicationBlock(QString &text, HKEY productKey, const KnownApplicati
     installerProductValues(productKey, text);
     for (const char *extension : application.extensions) {
         if (extension)
-            append(text, extensionLine(extension));
+            appendExtensionLine(text, extension);
     }
-    append(text, openCommandLines(QString::fromLatin1(application.projectType)) + newline);
-}
-
-bool isUserTool(const char *productName)
-{
-    for (const char *tool : {"M4-M8-vkUpdate", "Device Flasher", "T-BOX-vkUpdate"}) {
-        if (std::strcmp(productName, tool) == 0)
-            return true;
-    }
-    return false;
+    appendOpenCommandLines(text, QString::fromLatin1(application.projectType));
+    appendLine(text, QString());
 }
 
 } // namespace
 
-QString installedApplicationsFromRegistry()
+RegistryReads applicationReads()
 {
-    QString text = QStringLiteral(">>> Info about installed Velkor applications from registry:") + newline + newline;
-    forEachProduct(HKEY_CLASSES_ROOT, QStringLiteral("Installer\\Products"), [&](HKEY key, const TextBuffer &name) {
-        if (const KnownApplication *application = knownApplication(name.data()))
-            appendApplicationBlock(text, key, *application);
-    });
-    return text;
+    const QStringList defaultValue(QStringLiteral(""));
+    RegistryReads reads = productReads(HKEY_CLASSES_ROOT, productsPath());
+    for (const KnownApplication &application : knownApplications) {
+        for (const char *extension : application.extensions) {
+            if (extension)
+                reads.push_back({HKEY_CLASSES_ROOT, QString::fromLatin1(extension), defaultValue});
+        }
+        reads.push_back({HKEY_CLASSES_ROOT, openCommandPath(QString::fromLatin1(application.projectType)), defaultValue});
+    }
+    return reads;
 }
 
-QString installedVisualBasicApplications()
+QString installedApplicationsFromRegistry()
 {
-    QString text = QStringLiteral(">>> Info about installed Velkor Visual Basic applications from registry:") + newline + newline;
-    forEachProduct(HKEY_CURRENT_USER, QStringLiteral("Software\\Microsoft\\Installer\\Products"),
-                   [&](HKEY key, const TextBuffer &name) {
-        if (!isUserTool(name.data()))
-            return;
-        installerProductValues(key, text);
-        append(text, newline);
+    QString text;
+    appendLine(text, QStringLiteral(">>> Info about installed Velkor applications from registry:"));
+    appendLine(text, QString());
+    forEachProduct(HKEY_CLASSES_ROOT, productsPath(), [&](HKEY key, const TextBuffer &name) {
+        if (const KnownApplication *application = knownApplication(name.data()))
+            appendApplicationBlock(text, key, *application);
     });
     return text;
 }

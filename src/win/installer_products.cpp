@@ -8,7 +8,11 @@ namespace SystemInfo {
 namespace WinSysInfo {
 namespace {
 
-constexpr TextValue hexadecimalValues[] = {
+constexpr Value productName = {"ProductName", "ProductName: %1"};
+constexpr const char *versionValue = "Version";
+constexpr Value packageCode = {"PackageCode", "PackageCode: %1"};
+
+constexpr Value hexadecimalValues[] = {
     {"AdvertiseFlags", "AdvertiseFlags: 0x%1"},
     {"Assignment", "Assignment: 0x%1"},
     {"DeploymentFlags", "DeploymentFlags: 0x%1"},
@@ -16,27 +20,27 @@ constexpr TextValue hexadecimalValues[] = {
     {"Language", "Language: 0x%1"},
 };
 
-void appendFreshTextLine(QString &text, HKEY key, const TextValue &value)
+void appendFreshTextLine(QString &text, HKEY key, const Value &value)
 {
     TextBuffer buffer;
     appendTextLine(text, key, value, buffer);
 }
 
-QString versionLine(HKEY key)
+/// Windows Installer packs a version as 8 bits major, 8 bits minor and 16 bits build.
+void appendVersionLine(QString &text, HKEY key)
 {
     NumberBuffer version;
-    if (!version.query(key, "Version"))
-        return QString();
+    if (!version.query(key, versionValue))
+        return;
     const quint32 value = version.value();
-    return QStringLiteral("Version: %1.%2.%3 (raw value 0x%4)")
-               .arg(value >> 24)
-               .arg(value >> 16 & 0xff)
-               .arg(value & 0xffff)
-               .arg(value, 0, 16)
-        + newline;
+    appendLine(text, QStringLiteral("Version: %1.%2.%3 (raw value 0x%4)")
+                         .arg(value >> 24)
+                         .arg(value >> 16 & 0xff)
+                         .arg(value & 0xffff)
+                         .arg(value, 0, 16));
 }
 
-void appendHexadecimalLine(QString &text, HKEY key, const TextValue &value)
+void appendHexadecimalLine(QString &text, HKEY key, const Value &value)
 {
     NumberBuffer number;
     if (number.query(key, value.name))
@@ -45,29 +49,37 @@ void appendHexadecimalLine(QString &text, HKEY key, const TextValue &value)
 
 } // namespace
 
+RegistryReads productReads(HKEY root, const QString &path)
+{
+    QStringList values = valueNames(hexadecimalValues);
+    for (const char *name : {productName.name, versionValue, packageCode.name})
+        values += QString::fromLatin1(name);
+    return {{root, path, {}}, {root, path + QStringLiteral("\\*"), values}};
+}
+
 void installerProductValues(HKEY productKey, QString &text)
 {
-    appendFreshTextLine(text, productKey, {"ProductName", "ProductName: %1"});
-    append(text, versionLine(productKey));
-    for (const TextValue &value : hexadecimalValues)
+    appendFreshTextLine(text, productKey, productName);
+    appendVersionLine(text, productKey);
+    for (const Value &value : hexadecimalValues)
         appendHexadecimalLine(text, productKey, value);
-    appendFreshTextLine(text, productKey, {"PackageCode", "PackageCode: %1"});
+    appendFreshTextLine(text, productKey, packageCode);
 }
 
 void forEachProduct(HKEY root, const QString &path,
                     const std::function<void(HKEY, const TextBuffer &)> &visit)
 {
-    const RegistryKey products(root, path);
+    const RegistryKey products = openKey(root, path);
     if (!products)
         return;
     TextBuffer name;
     for (DWORD i = 0; name.enumerateKey(products.get(), i); ++i) {
-        const RegistryKey product(root, path + QStringLiteral("\\") + name.text());
+        const RegistryKey product = openKey(root, path + QStringLiteral("\\") + name.text());
         if (!product)
             continue;
-        TextBuffer productName;
-        if (productName.query(product.get(), "ProductName"))
-            visit(product.get(), productName);
+        TextBuffer nameOfProduct;
+        if (nameOfProduct.query(product.get(), productName.name))
+            visit(product.get(), nameOfProduct);
     }
 }
 

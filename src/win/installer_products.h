@@ -1,7 +1,8 @@
-// Products that Windows Installer knows, as both application sections read them.
+// Products in the registry of Windows Installer, as both application sections read them.
 #pragma once
 
 #include "win/registry_key.h"
+#include "win/registry_reads.h"
 
 #include <functional>
 
@@ -9,11 +10,14 @@ namespace velkor {
 namespace SystemInfo {
 namespace WinSysInfo {
 
-/// Appends the lines of an open installer product key to \a text.
+/// What the functions below read below \a path.
+RegistryReads productReads(HKEY root, const QString &path);
+
+/// Appends the lines of an open product key to \a text.
 void installerProductValues(HKEY productKey, QString &text);
 
-/// Calls \a visit with every product key below \a path that has a "ProductName", and
-/// with that name, in the order in which they enumerate.
+/// Calls \a visit for every product key below \a path that has a "ProductName", in the
+/// order of the enumeration.
 void forEachProduct(HKEY root, const QString &path,
                     const std::function<void(HKEY productKey, const TextBuffer &productName)> &visit);
 

@@ -9,11 +9,21 @@ namespace SystemInfo {
 namespace WinSysInfo {
 namespace {
 
-constexpr TextValue serviceValues[] = {
+constexpr Value serviceValues[] = {
     {"svcUpdateVersion", "Update Version:    %1"},
     {"svcKBNumber", "KBNumber:          %1"},
     {"W2kVersion", "W2kVersion:        %1"},
 };
+
+constexpr const char *versionValue = "Version";
+constexpr const char *serviceVersionValue = "svcVersion";
+constexpr const char *iverValue = "IVer";
+constexpr const char *buildValue = "Build";
+
+QString keyPath()
+{
+    return QStringLiteral("Software\\Microsoft\\Internet Explorer");
+}
 
 struct KnownBuild
 {
@@ -45,9 +55,8 @@ QString release102(const TextBuffer &build)
         + (known ? QStringLiteral(" Windows 95") : QStringLiteral(" <no official known build number>"));
 }
 
-/// The release that "IVer" and "Build" stand for; \a build is null when "Build" could
-/// not be read. Missing blanks, "unknwon" and the %1 that nothing replaces are the
-/// report's format.
+/// Names the release by "IVer" and "Build"; \a build is null if "Build" cannot be read.
+/// Quirk: blanks are missing, "unknwon" is misspelt, and nothing replaces the last %1.
 QString releaseOf(const TextBuffer &iver, const TextBuffer *build)
 {
     const QString unreadable = QStringLiteral("<could not read build number>");
@@ -63,40 +72,51 @@ QString releaseOf(const TextBuffer &iver, const TextBuffer *build)
     return QStringLiteral("IVer = %1 unknwon").arg(iver.text()) + (build ? QStringLiteral(" Build = %1") : QString());
 }
 
-/// The text of the "Version:" line where there is no value "Version". \a size is what
-/// the query of that one left: it carries over to "IVer", and from there to "Build",
-/// so that a "Build" longer than "IVer" cannot be read. The report's format.
+/// The text of the "Version:" line if there is no value "Version". Quirk: \a size carries
+/// over from the query of "Version" to "IVer" and from there to "Build", so a "Build"
+/// longer than "IVer" cannot be read.
 QString oldVersion(HKEY key, TextBuffer &buffer, DWORD &size)
 {
-    if (!buffer.query(key, "IVer", size))
+    if (!buffer.query(key, iverValue, size))
         return QStringLiteral("<could neither read 'Version' nor 'IVer' for Explorer>");
     TextBuffer build;
-    const bool known = build.query(key, "Build", size);
+    const bool known = build.query(key, buildValue, size);
     return releaseOf(buffer, known ? &build : nullptr);
 }
 
 } // namespace
 
+RegistryReads internetExplorerReads()
+{
+    QStringList names = valueNames(serviceValues);
+    for (const char *name : {versionValue, serviceVersionValue, iverValue, buildValue})
+        names += QString::fromLatin1(name);
+    return {{HKEY_LOCAL_MACHINE, keyPath(), names}};
+}
+
 QString internetExplorerInfo()
 {
-    QString text = QStringLiteral("Internet Explorer information from Registry") + newline;
-    const RegistryKey key(HKEY_LOCAL_MACHINE, QStringLiteral("Software\\Microsoft\\Internet Explorer"));
-    if (!key) // neither filled, closed nor ended: the report's format
-        return text + QStringLiteral("<failed to open registry key '%1'");
-
+    QString text;
+    appendLine(text, QStringLiteral("Internet Explorer information from Registry"));
+    const RegistryKey key = openKey(HKEY_LOCAL_MACHINE, keyPath());
+    if (!key) {
+        // Quirk: nothing replaces the %1, and neither the bracket nor the line ends.
+        append(text, QStringLiteral("<failed to open registry key '%1'"));
+        return text;
+    }
     QString version;
     bool hasServiceVersion = false;
     TextBuffer buffer;
     DWORD size = valueBufferSize;
-    if (buffer.query(key.get(), "Version", size)) {
+    if (buffer.query(key.get(), versionValue, size)) {
         version = buffer.text();
-        hasServiceVersion = buffer.query(key.get(), "svcVersion");
+        hasServiceVersion = buffer.query(key.get(), serviceVersionValue);
         if (hasServiceVersion)
             version = buffer.text();
     } else {
         version = oldVersion(key.get(), buffer, size);
     }
-    text += QStringLiteral("Version:           %1").arg(version) + newline;
+    appendLine(text, "Version:           %1", version);
     if (hasServiceVersion)
         appendTextLines(text, key.get(), serviceValues, buffer);
     return text;

@@ -2,7 +2,7 @@
 #include "win/registry_key.h"
 #include "win/windows_sections.h"
 
-// psapi.h wants windows.h first
+// psapi.h needs windows.h before it
 #include <psapi.h>
 
 #include <algorithm>
@@ -13,7 +13,7 @@ namespace WinSysInfo {
 
 QStringList loadedModules()
 {
-    constexpr DWORD maximum = 1024; // modules beyond these are not listed
+    constexpr DWORD maximum = 1024; // Quirk: further modules are not listed.
     HMODULE modules[maximum] = {};
     DWORD needed = 0;
     const HANDLE process = GetCurrentProcess();
@@ -30,12 +30,13 @@ QStringList loadedModules()
     return names;
 }
 
-QString loadedModulesList()
+QString loadedModulesText()
 {
-    QString text = QStringLiteral("Loaded modules/DLLs:") + newline;
+    QString text;
+    appendLine(text, QStringLiteral("Loaded modules/DLLs:"));
     const QStringList modules = loadedModules();
     for (const QString &module : modules)
-        appendLine(text, "%1", module);
+        appendLine(text, module);
     return text;
 }
 

@@ -28,15 +28,16 @@ constexpr MemoryField fields[] = {
 
 QString memoryInfo()
 {
-    QString text = QStringLiteral("Memory Information:") + newline;
+    QString text;
+    appendLine(text, QStringLiteral("Memory Information:"));
     MEMORYSTATUSEX status = {};
     status.dwLength = sizeof status;
     if (!GlobalMemoryStatusEx(&status))
         return text;
-    text += QStringLiteral("MemoryLoad:            %1%").arg(status.dwMemoryLoad) + newline;
+    appendLine(text, QStringLiteral("MemoryLoad:            %1%").arg(status.dwMemoryLoad));
     for (const MemoryField &field : fields) {
         const quint64 bytes = status.*field.field;
-        text += QString::fromLatin1(field.format).arg(bytes).arg(formatByteSize(bytes)) + newline;
+        appendLine(text, QString::fromLatin1(field.format).arg(bytes).arg(formatByteSize(bytes)));
     }
     return text;
 }

@@ -7,31 +7,43 @@ namespace SystemInfo {
 namespace WinSysInfo {
 namespace {
 
-constexpr TextValue values[] = {
+constexpr DWORD firstMajorWithOemKey = 6;
+
+constexpr Value values[] = {
     {"Manufacturer", "Manufacturer:     %1"},
     {"Model", "Model:     %1"},
 };
 
+QString keyPath()
+{
+    return QStringLiteral("SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\OEMInformation");
+}
+
 } // namespace
+
+RegistryReads oemReads()
+{
+    return {{HKEY_LOCAL_MACHINE, keyPath(), valueNames(values)}};
+}
 
 QString oemInfoFromRegistry()
 {
-    constexpr DWORD firstMajorWithOemKey = 6;
-    QString text = QStringLiteral("OEM Information from Registry") + newline;
+    QString text;
+    appendLine(text, QStringLiteral("OEM Information from Registry"));
     OSVERSIONINFOA version = {};
     version.dwOSVersionInfoSize = sizeof version;
-    if (!GetVersionExA(&version))
-        return text + QStringLiteral("GetVersionExA(&osver) failed!") + newline;
+    if (!GetVersionExA(&version)) {
+        appendLine(text, QStringLiteral("GetVersionExA(&osver) failed!"));
+        return text;
+    }
     if (version.dwMajorVersion < firstMajorWithOemKey)
         return text;
-    RegistryKey owner(HKEY_LOCAL_MACHINE, QStringLiteral("SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\OEMInformation"),
-                      KEY_READ | KEY_WOW64_64KEY);
-    if (!owner)
+    RegistryKey key = openKey(HKEY_LOCAL_MACHINE, keyPath(), KEY_READ | KEY_WOW64_64KEY);
+    if (!key)
         return text;
-    // This one key stays open, by design: the calls of a report are as fixed as its text.
-    const HKEY key = owner.release();
     TextBuffer buffer;
-    appendTextLines(text, key, values, buffer);
+    // Quirk: this key stays open. The calls of a report are as fixed as its text.
+    appendTextLines(text, key.release(), values, buffer);
     return text;
 }
 

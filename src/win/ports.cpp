@@ -7,29 +7,31 @@ namespace SystemInfo {
 namespace WinSysInfo {
 namespace {
 
-bool enumerateValue(HKEY key, DWORD index, TextBuffer &name, TextBuffer &data)
+QString deviceMapPath(const QString &deviceMapName)
 {
-    DWORD nameSize = valueBufferSize;
-    DWORD dataSize = valueBufferSize;
-    DWORD type = 0;
-    return RegEnumValueA(key, index, name.data(), &nameSize, nullptr, &type, reinterpret_cast<LPBYTE>(data.data()),
-                         &dataSize)
-        == LSTATUS(ERROR_SUCCESS);
+    return QStringLiteral("HARDWARE\\DEVICEMAP\\") + deviceMapName;
 }
 
 } // namespace
 
+RegistryReads portReads(const QString &deviceMapName)
+{
+    return {{HKEY_LOCAL_MACHINE, deviceMapPath(deviceMapName), {QStringLiteral("*")}}};
+}
+
 QString portsFromRegistry(const QString &deviceMapName)
 {
-    QString text = QStringLiteral(">> Info about '%1' ports from registry:").arg(deviceMapName) + newline;
-    const RegistryKey key(HKEY_LOCAL_MACHINE, QStringLiteral("HARDWARE\\DEVICEMAP\\") + deviceMapName);
+    QString text;
+    appendLine(text, ">> Info about '%1' ports from registry:", deviceMapName);
+    const RegistryKey key = openKey(HKEY_LOCAL_MACHINE, deviceMapPath(deviceMapName));
     if (!key)
         return text;
     TextBuffer name;
     TextBuffer data;
     for (DWORD i = 0; enumerateValue(key.get(), i, name, data); ++i)
-        text += QStringLiteral("%1   %2").arg(name.text()).arg(data.text()) + newline;
-    return text + newline;
+        appendLine(text, QStringLiteral("%1   %2").arg(name.text()).arg(data.text()));
+    appendLine(text, QString());
+    return text;
 }
 
 } // namespace WinSysInfo

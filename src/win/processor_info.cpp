@@ -1,6 +1,7 @@
 #include "report/text.h"
 #include "win/windows_sections.h"
 
+#include <QtCore/QStringList>
 #include <windows.h>
 
 namespace velkor {
@@ -11,11 +12,11 @@ namespace {
 QString architectureName(WORD architecture)
 {
     switch (architecture) {
-    case 0:
+    case PROCESSOR_ARCHITECTURE_INTEL:
         return QStringLiteral("x86 (32/64bit)");
-    case 6:
+    case PROCESSOR_ARCHITECTURE_IA64:
         return QStringLiteral("IA64 (64bit)");
-    case 9:
+    case PROCESSOR_ARCHITECTURE_AMD64:
         return QStringLiteral("x64 (64bit)");
     default:
         return QStringLiteral("unknown");
@@ -25,68 +26,63 @@ QString architectureName(WORD architecture)
 QString processorTypeName(DWORD type)
 {
     switch (type) {
-    case 386:
+    case PROCESSOR_INTEL_386:
         return QStringLiteral("386");
-    case 486:
+    case PROCESSOR_INTEL_486:
         return QStringLiteral("486");
-    case 586:
+    case PROCESSOR_INTEL_PENTIUM:
         return QStringLiteral("Pentium");
-    case 2200:
+    case PROCESSOR_INTEL_IA64:
         return QStringLiteral("IA64");
-    case 8664:
+    case PROCESSOR_AMD_X8664:
         return QStringLiteral("AMD64");
     default:
         return QStringLiteral("unknown");
     }
 }
 
-// Processors beyond the low 32 bits are never listed: a fixed limit of the report.
-QString activeProcessors(DWORD_PTR mask)
+// Quirk: further processors are not listed, although the mask has 64 bits.
+constexpr int listedProcessors = 32;
+
+void appendActiveProcessors(QString &text, DWORD_PTR mask)
 {
-    QString text = QStringLiteral("Active processors:          ");
-    bool first = true;
-    for (int bit = 0; bit < 32; ++bit) {
-        if (!(mask >> bit & 1))
-            continue;
-        if (!first)
-            text += QString(28, QLatin1Char(' '));
-        text += QStringLiteral("Processor #%1").arg(bit) + newline;
-        first = false;
+    const QString label = QStringLiteral("Active processors:          ");
+    const QString column(label.size(), QLatin1Char(' '));
+    QStringList names;
+    for (int bit = 0; bit < listedProcessors; ++bit) {
+        if (mask >> bit & 1)
+            names += QStringLiteral("Processor #%1").arg(bit);
     }
-    return first ? text + newline : text;
+    appendLine(text, label + names.join(newline + column));
 }
 
-QString address(const char *format, const void *value)
+void appendAddress(QString &text, const char *format, const void *value)
 {
-    return QString::fromLatin1(format).arg(quint64(reinterpret_cast<quintptr>(value)), 16, 16, QLatin1Char('0')) + newline;
+    appendLine(text, QString::fromLatin1(format).arg(quint64(reinterpret_cast<quintptr>(value)), 16, 16, QLatin1Char('0')));
 }
 
 } // namespace
 
 QString processorInfo()
 {
-    QString text = QStringLiteral("%1 ").arg(QStringLiteral("Processor information:")) + newline;
+    QString text;
+    appendLine(text, QStringLiteral("Processor information: "));
     SYSTEM_INFO info = {};
     GetSystemInfo(&info);
     const uint revision = info.wProcessorRevision;
     const uint granularity = info.dwAllocationGranularity;
-    text += QStringLiteral("Processor architecture:       ") + architectureName(info.wProcessorArchitecture) + newline;
-    text += QStringLiteral("%1       %2").arg(QStringLiteral("Number of processors:")).arg(info.dwNumberOfProcessors) + newline;
-    text += activeProcessors(info.dwActiveProcessorMask);
-    text += QStringLiteral("Processor type:             ") + processorTypeName(info.dwProcessorType) + newline;
-    text += QStringLiteral("%1         %2 = 0x%3")
-                .arg(QStringLiteral("Processor revision:"))
-                .arg(revision)
-                .arg(revision, 4, 16, QLatin1Char('0'))
-        + newline;
-    text += QStringLiteral("Processor level:            %1").arg(uint(info.wProcessorLevel)) + newline;
-    text += QStringLiteral("Page size:                  %1").arg(info.dwPageSize) + newline;
-    text += address("Minimum Application Address 0x%1", info.lpMinimumApplicationAddress);
-    text += address("Maximum Application Address 0x%1", info.lpMaximumApplicationAddress);
-    text += QStringLiteral("Allocation Granularity:     %1 = 0x%2")
-                .arg(granularity)
-                .arg(granularity, 8, 16, QLatin1Char('0'))
-        + newline;
+    appendLine(text, "Processor architecture:       %1", architectureName(info.wProcessorArchitecture));
+    appendLine(text, QStringLiteral("Number of processors:       %1").arg(info.dwNumberOfProcessors));
+    appendActiveProcessors(text, info.dwActiveProcessorMask);
+    appendLine(text, "Processor type:             %1", processorTypeName(info.dwProcessorType));
+    appendLine(text, QStringLiteral("Processor revision:         %1 = 0x%2").arg(revision).arg(revision, 4, 16, QLatin1Char('0')));
+    appendLine(text, QStringLiteral("Processor level:            %1").arg(uint(info.wProcessorLevel)));
+    appendLine(text, QStringLiteral("Page size:                  %1").arg(info.dwPageSize));
+    appendAddress(text, "Minimum Application Address 0x%1", info.lpMinimumApplicationAddress);
+    appendAddress(text, "Maximum Application Address 0x%1", info.lpMaximumApplicationAddress);
+    appendLine(text, QStringLiteral("Allocation Granularity:     %1 = 0x%2")
+                         .arg(granularity)
+                         .arg(granularity, 8, 16, QLatin1Char('0')));
     return text;
 }
 

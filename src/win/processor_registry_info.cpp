@@ -1,5 +1,4 @@
 #include "report/text.h"
-#include "win/registry_key.h"
 #include "win/value_lines.h"
 #include "win/windows_sections.h"
 
@@ -8,52 +7,76 @@ namespace SystemInfo {
 namespace WinSysInfo {
 namespace {
 
-constexpr TextValue textValues[] = {
+constexpr int lastProcessor = 255; // Quirk: further processors have no block.
+
+constexpr Value textValues[] = {
     {"ProcessorNameString", "ProcessorNameString:  %1"},
     {"VendorIdentifier", "VendorIdentifier:     %1"},
     {"Identifier", "Identifier:           %1"},
     {"MMXIdentifier", "MMXIdentifier:        %1"},
 };
 
-QString frequencyLine(quint32 megahertz)
+void appendFrequency(QString &text, const char *format, quint32 megahertz)
 {
-    QString text = QStringLiteral("MHZ:                  %1 MHz").arg(megahertz);
+    QString line = QString::fromLatin1(format).arg(megahertz);
     if (megahertz >= 1000) {
-        text += QStringLiteral(" = %1.%2 GHz")
+        line += QStringLiteral(" = %1.%2 GHz")
                     .arg(megahertz / 1000)
                     .arg(megahertz % 1000, 3, 10, QLatin1Char('0'));
     }
-    return text + newline;
+    appendLine(text, line);
 }
 
-QString processorBlock(HKEY key, int index)
+void appendHexadecimal(QString &text, const char *format, quint32 number)
 {
-    QString text = QStringLiteral("Processor #%1").arg(index) + newline;
-    for (const TextValue &value : textValues) {
+    appendLine(text, format, QString::number(number, 16));
+}
+
+struct NumberValue : Value
+{
+    void (*append)(QString &text, const char *format, quint32 number);
+};
+
+constexpr NumberValue numberValues[] = {
+    {{"~MHZ", "MHZ:                  %1 MHz"}, appendFrequency},
+    {{"FeatureSet", "FeatureSet:           0x%1"}, appendHexadecimal},
+};
+
+QString processorsPath()
+{
+    return QStringLiteral("Hardware\\Description\\System\\CentralProcessor");
+}
+
+void appendProcessorBlock(QString &text, HKEY key, int index)
+{
+    appendLine(text, QStringLiteral("Processor #%1").arg(index));
+    for (const Value &value : textValues) {
         TextBuffer buffer;
         appendTextLine(text, key, value, buffer);
     }
-    NumberBuffer megahertz;
-    if (megahertz.query(key, "~MHZ"))
-        text += frequencyLine(megahertz.value());
-    NumberBuffer features;
-    if (features.query(key, "FeatureSet"))
-        text += QStringLiteral("FeatureSet:           0x%1").arg(features.value(), 0, 16) + newline;
-    return text;
+    for (const NumberValue &value : numberValues) {
+        NumberBuffer number;
+        if (number.query(key, value.name))
+            value.append(text, value.format, number.value());
+    }
 }
 
 } // namespace
 
+RegistryReads processorReads()
+{
+    return {{HKEY_LOCAL_MACHINE, processorsPath() + QStringLiteral("\\*"), valueNames(textValues) + valueNames(numberValues)}};
+}
+
 QString processorRegistryInfo()
 {
-    constexpr int lastIndex = 255;
-    QString text = QStringLiteral("Central Processor information from Registry") + newline;
-    for (int i = 0; i <= lastIndex; ++i) {
-        const RegistryKey key(HKEY_LOCAL_MACHINE,
-                              QStringLiteral("Hardware\\Description\\System\\CentralProcessor") + QStringLiteral("\\%1").arg(i));
+    QString text;
+    appendLine(text, QStringLiteral("Central Processor information from Registry"));
+    for (int i = 0; i <= lastProcessor; ++i) {
+        const RegistryKey key = openKey(HKEY_LOCAL_MACHINE, processorsPath() + QStringLiteral("\\%1").arg(i));
         if (!key)
             break;
-        text += processorBlock(key.get(), i);
+        appendProcessorBlock(text, key.get(), i);
     }
     return text;
 }

@@ -1,71 +1,71 @@
-// Owner of a registry key, and the buffers that values are read into.
+// Owner of a registry key, and the buffers that values and names are read into. Sections
+// read the registry through them only.
 //
-// Failure rules, for everything here: a key that cannot be opened is false; a value
-// that cannot be read leaves the buffer as it was and the query is false. The type
-// of a value is not looked at. Nothing is read beyond a buffer.
+// Failure rules: a key that cannot be opened is null; a query that fails returns false and
+// leaves the buffer unchanged. The type of a value is not checked. Nothing is read beyond
+// a buffer.
 #pragma once
 
 #include <QtCore/QString>
 #include <QtCore/QStringView>
+#include <memory>
+#include <type_traits>
 #include <windows.h>
 
 namespace velkor {
 namespace SystemInfo {
 namespace WinSysInfo {
 
-/// Bytes given to every query of a text, and the size that each query starts with.
+/// Size in bytes of every text buffer, and the initial size of each query.
 constexpr DWORD valueBufferSize = 2048;
 
-/// An open key, closed when it goes. Opened by RegOpenKeyExA with the path as
-/// Latin-1 bytes.
-class RegistryKey
+struct KeyCloser
 {
-public:
-    RegistryKey(HKEY root, const QString &path, REGSAM access = KEY_READ);
-    ~RegistryKey();
-    RegistryKey(const RegistryKey &) = delete;
-    RegistryKey &operator=(const RegistryKey &) = delete;
-
-    explicit operator bool() const { return m_key != nullptr; }
-    HKEY get() const { return m_key; }
-    /// Gives the key away: whoever takes it closes it, or does not.
-    HKEY release();
-
-private:
-    HKEY m_key = nullptr;
+    void operator()(HKEY key) const { RegCloseKey(key); }
 };
 
-/// 8-bit text. Starts zeroed; what a shorter value leaves behind it stays there for
-/// as long as the buffer lives, and shows where that value has no terminator.
+/// Owns an open key. release() leaves it open.
+using RegistryKey = std::unique_ptr<std::remove_pointer_t<HKEY>, KeyCloser>;
+
+/// RegOpenKeyExA with \a path as Latin-1 bytes.
+RegistryKey openKey(HKEY root, const QString &path, REGSAM access = KEY_READ);
+
+/// 8-bit text. Zeroed once, at construction. Quirk: a shorter value leaves the end of the
+/// previous value in the buffer, and that end shows if the shorter value has no terminator.
 class TextBuffer
 {
 public:
-    /// RegQueryValueExA with the size set to that of the buffer.
+    /// RegQueryValueExA with the size of the buffer.
     bool query(HKEY key, const char *valueName);
-    /// The same with the size that the caller brings, which is updated.
+    /// RegQueryValueExA with \a size, which is updated.
     bool query(HKEY key, const char *valueName, DWORD &size);
     /// RegEnumKeyExA.
     bool enumerateKey(HKEY key, DWORD index);
+    /// RegEnumKeyA, the call without a size in and out.
+    bool enumerateKeyByRegEnumKeyA(HKEY key, DWORD index);
 
-    /// As the last successful query returned it.
+    /// The size that the last successful query returned.
     DWORD size() const { return m_size; }
     const char *data() const { return m_bytes; }
-    char *data() { return m_bytes; }
     /// Up to the first null, as UTF-8.
     QString text() const { return QString::fromUtf8(m_bytes); }
 
 private:
-    char m_bytes[valueBufferSize + 1] = {}; // one more, never written: text always ends
+    friend bool enumerateValue(HKEY key, DWORD index, TextBuffer &name, TextBuffer &data);
+
+    char m_bytes[valueBufferSize + 1] = {}; // the last one is never written: a terminator
     DWORD m_size = 0;
 };
 
-/// UTF-16 text of one value. Reads as if it was zeroed at the start: the query stores
-/// zeros behind the data instead, which is less than the buffer.
+/// RegEnumValueA with the sizes of both buffers.
+bool enumerateValue(HKEY key, DWORD index, TextBuffer &name, TextBuffer &data);
+
+/// UTF-16 text of one value. Not zeroed, for speed; query() terminates the data instead.
 class WideTextBuffer
 {
 public:
     WideTextBuffer() { m_units[0] = 0; }
-    /// RegQueryValueExW with the size set to that of the buffer in bytes.
+    /// RegQueryValueExW with the size of the buffer in bytes.
     bool query(HKEY key, const wchar_t *valueName);
 
     DWORD type() const { return m_type; }
@@ -74,20 +74,36 @@ public:
     const wchar_t *data() const { return m_units; }
     /// Up to the first null.
     QString text() const;
-    /// The same as a view of the buffer, for as long as that is left alone.
+    /// Up to the first null, as a view of the buffer.
     QStringView view() const;
-    /// Exactly so many units, nulls included.
+    /// Exactly \a units units, nulls included.
     QString text(DWORD units) const;
 
 private:
-    // Twice what is read, and one more: a walk that takes a count of bytes for one
-    // of units ends inside.
+    // Twice the size that is read: parsers treat byte counts as units.
     wchar_t m_units[valueBufferSize + 1];
     DWORD m_size = 0;
     DWORD m_type = 0;
 };
 
-/// A 32-bit number. Starts as 0; a value of fewer bytes sets its low ones only.
+/// Name of a sub-key in UTF-16.
+class WideNameBuffer
+{
+public:
+    /// RegEnumKeyExW.
+    bool enumerateKey(HKEY key, DWORD index);
+
+    const wchar_t *data() const { return m_units; }
+    /// Up to the first null.
+    QString text() const;
+
+private:
+    static constexpr DWORD size = 1024; // in units
+
+    wchar_t m_units[size] = {};
+};
+
+/// A 32-bit number, 0 at first. Quirk: a value of fewer bytes overwrites the low bytes only.
 class NumberBuffer
 {
 public:
@@ -102,7 +118,11 @@ private:
     DWORD m_value = 0;
 };
 
-/// UTF-16 text of a platform buffer up to its first null, \a size units at most.
+/// RegQueryValueExA with a size of 8. A value of fewer bytes overwrites the low bytes of
+/// \a number only.
+bool queryNumber64(HKEY key, const char *valueName, quint64 &number);
+
+/// UTF-16 text of a platform buffer up to its first null, at most \a size units.
 /// A byte-order mark is a character like any other.
 QString wideText(const wchar_t *buffer, DWORD size);
 /// Exactly \a units units of a platform buffer.

@@ -9,12 +9,13 @@ namespace WinSysInfo {
 
 QString registryQuota()
 {
-    QString text = QStringLiteral("Registry quota:") + newline;
+    QString text;
+    appendLine(text, QStringLiteral("Registry quota:"));
     DWORD allowed = 0;
     DWORD used = 0;
     if (GetSystemRegistryQuota(&allowed, &used)) {
-        text += QStringLiteral("Used [bytes]:           %1").arg(used) + newline;
-        text += QStringLiteral("Allowed [bytes]:        %1").arg(allowed) + newline;
+        appendLine(text, QStringLiteral("Used [bytes]:           %1").arg(used));
+        appendLine(text, QStringLiteral("Allowed [bytes]:        %1").arg(allowed));
     }
     return text;
 }

@@ -1,29 +1,11 @@
-#include "win/windows_version.h"
+#include "win/release_name.h"
+
+#include <windows.h>
 
 namespace velkor {
 namespace SystemInfo {
 namespace WinSysInfo {
 namespace {
-
-enum Suite : quint16 {
-    Enterprise = 0x0002,
-    DataCenter = 0x0080,
-    Personal = 0x0200,
-    Blade = 0x0400,
-    StorageServer = 0x2000,
-    ComputeCluster = 0x4000,
-    HomeServer = 0x8000
-};
-
-enum ProductType : quint8 {
-    Workstation = 1,
-    DomainController = 2,
-    Server = 3,
-};
-enum Architecture : quint16 {
-    Itanium = 6,
-    X64 = 9,
-};
 
 constexpr quint32 firstBuildOfWindows11 = 22000;
 
@@ -37,8 +19,8 @@ QChar unitAt(const QString &text, int index)
     return index < text.size() ? text.at(index) : QChar();
 }
 
-// "NT" has minor number 4, "95" looks at the second character of the service pack
-// and "98" at the first. All three, and "unkown", are the report's format.
+// Quirk: Windows NT 4 has minor number 4 here, "95" checks the second character of the
+// service pack and "98" the first, and "unkown" is misspelt.
 QString nameOfMajor4(const ReleaseFacts &facts)
 {
     switch (facts.minor) {
@@ -55,11 +37,11 @@ QString nameOfMajor4(const ReleaseFacts &facts)
         return QStringLiteral("Me ");
     case 4: {
         QString name = QStringLiteral("NT ");
-        if (facts.productType == Workstation)
+        if (facts.productType == VER_NT_WORKSTATION)
             name += QStringLiteral("Workstation ");
-        if (facts.productType == Server) {
+        if (facts.productType == VER_NT_SERVER) {
             name += QStringLiteral("Server ");
-            if (facts.suiteMask & Enterprise)
+            if (facts.suiteMask & VER_SUITE_ENTERPRISE)
                 name += QStringLiteral("Enterprise ");
         }
         return name;
@@ -69,15 +51,15 @@ QString nameOfMajor4(const ReleaseFacts &facts)
     }
 }
 
-// Server editions of a workstation: the report's format.
+// Quirk: a workstation gets the names of server editions.
 QString nameOf2000(const ReleaseFacts &facts)
 {
     QString name = QStringLiteral("2000 ");
-    if (facts.productType == Workstation) {
+    if (facts.productType == VER_NT_WORKSTATION) {
         name += QStringLiteral("Professional ");
-        if (facts.suiteMask & DataCenter)
+        if (facts.suiteMask & VER_SUITE_DATACENTER)
             name += QStringLiteral("Data Center ");
-        if (facts.suiteMask & Enterprise)
+        if (facts.suiteMask & VER_SUITE_ENTERPRISE)
             name += QStringLiteral("Advanced ");
     }
     return name;
@@ -86,19 +68,19 @@ QString nameOf2000(const ReleaseFacts &facts)
 QString nameOfXp(const ReleaseFacts &facts)
 {
     return QStringLiteral("XP ")
-        + (facts.suiteMask & Personal ? QStringLiteral("Home Edition") : QStringLiteral("Professional"));
+        + (facts.suiteMask & VER_SUITE_PERSONAL ? QStringLiteral("Home Edition") : QStringLiteral("Professional"));
 }
 
-// The last name repeats "Windows"; the report's format.
+// Quirk: the last name repeats "Windows".
 QString releaseOf2003(const ReleaseFacts &facts)
 {
     if (facts.isServerR2)
         return QStringLiteral("Server 2003 R2 ");
-    if (facts.suiteMask == StorageServer)
+    if (facts.suiteMask == VER_SUITE_STORAGE_SERVER)
         return QStringLiteral("Storage Server 2003 ");
-    if (facts.suiteMask == HomeServer)
+    if (facts.suiteMask == VER_SUITE_WH_SERVER)
         return QStringLiteral("Home Server ");
-    if (facts.productType == Workstation)
+    if (facts.productType == VER_NT_WORKSTATION)
         return QStringLiteral("XP Professional x64 Edition ");
     return QStringLiteral("Windows Server 2003 ");
 }
@@ -106,26 +88,26 @@ QString releaseOf2003(const ReleaseFacts &facts)
 QString editionOf2003(const ReleaseFacts &facts)
 {
     switch (facts.architecture) {
-    case Itanium:
-        if (facts.suiteMask & DataCenter)
+    case PROCESSOR_ARCHITECTURE_IA64:
+        if (facts.suiteMask & VER_SUITE_DATACENTER)
             return QStringLiteral("Datacenter Edition for Itanium-based Systems");
-        if (facts.suiteMask & Enterprise)
+        if (facts.suiteMask & VER_SUITE_ENTERPRISE)
             return QStringLiteral("Enterprise Edition for Itanium-based Systems");
         return QString();
-    case X64:
-        if (facts.suiteMask & DataCenter)
+    case PROCESSOR_ARCHITECTURE_AMD64:
+        if (facts.suiteMask & VER_SUITE_DATACENTER)
             return QStringLiteral("Datacenter x64 Edition");
-        if (facts.suiteMask & Enterprise)
+        if (facts.suiteMask & VER_SUITE_ENTERPRISE)
             return QStringLiteral("Enterprise x64 Edition");
         return QStringLiteral("Standard x64 Edition");
     default:
-        if (facts.suiteMask & ComputeCluster)
+        if (facts.suiteMask & VER_SUITE_COMPUTE_SERVER)
             return QStringLiteral("Compute Cluster Edition");
-        if (facts.suiteMask & DataCenter)
+        if (facts.suiteMask & VER_SUITE_DATACENTER)
             return QStringLiteral("Datacenter Edition");
-        if (facts.suiteMask & Enterprise)
+        if (facts.suiteMask & VER_SUITE_ENTERPRISE)
             return QStringLiteral("Enterprise Edition");
-        if (facts.suiteMask & Blade)
+        if (facts.suiteMask & VER_SUITE_BLADE)
             return QStringLiteral("Web Edition");
         return QStringLiteral("Standard Edition");
     }
@@ -139,7 +121,7 @@ QString nameOfMajor5(const ReleaseFacts &facts)
     case 1:
         return nameOfXp(facts) + wordSizeSuffix();
     case 2:
-        return releaseOf2003(facts) + (facts.productType == Workstation ? QString() : editionOf2003(facts))
+        return releaseOf2003(facts) + (facts.productType == VER_NT_WORKSTATION ? QString() : editionOf2003(facts))
             + wordSizeSuffix();
     default:
         return QStringLiteral("unknown minor version for major=5") + wordSizeSuffix();
@@ -148,16 +130,15 @@ QString nameOfMajor5(const ReleaseFacts &facts)
 
 QString releaseOfVista(const ReleaseFacts &facts)
 {
-    if (facts.productType == Workstation)
+    if (facts.productType == VER_NT_WORKSTATION)
         return QStringLiteral("Vista ");
-    return facts.productType == Server ? QStringLiteral("Server 2008 ") : QString();
+    return facts.productType == VER_NT_SERVER ? QStringLiteral("Server 2008 ") : QString();
 }
 
-// From 6.2 on GetVersionEx tells no more than that to a program that does not say
-// which Windows it knows; the registry does.
+// Without a manifest GetVersionEx stops at 6.2; the registry has the real version.
 QString releaseByRegistry(const ReleaseFacts &facts)
 {
-    const bool isClient = facts.productType == Workstation;
+    const bool isClient = facts.productType == VER_NT_WORKSTATION;
     const RegistryVersion &version = facts.registry;
     if (version.major == 6 && version.minor == 2)
         return isClient ? QStringLiteral("8 ") : QStringLiteral("Server 2012 ");
@@ -179,7 +160,7 @@ QString nameOfMajor6(const ReleaseFacts &facts)
         name = releaseOfVista(facts);
         break;
     case 1:
-        name = facts.productType == Workstation ? QStringLiteral("7 ") : QStringLiteral("Server 2008 R2 ");
+        name = facts.productType == VER_NT_WORKSTATION ? QStringLiteral("7 ") : QStringLiteral("Server 2008 R2 ");
         break;
     case 2:
         name = releaseByRegistry(facts);
@@ -198,34 +179,34 @@ struct Edition
     const char *name;
 };
 
-// The stray parenthesis of 17 is the report's format.
+// Quirk: the name of PRODUCT_WEB_SERVER has a stray parenthesis.
 constexpr Edition editions[] = {
-    {1, "Ultimate Edition"},
-    {2, "Home Basic Edition"},
-    {3, "Home Premium Edition"},
-    {4, "Enterprise Edition"},
-    {5, "Home Basic Edition"},
-    {6, "Business Edition"},
-    {7, "Standard Edition"},
-    {8, "Datacenter Edition"},
-    {9, "Small Business Server"},
-    {10, "Enterprise Edition"},
-    {11, "Starter Edition"},
-    {12, "Datacenter Edition (core installation)"},
-    {13, "Standard Edition (core installation)"},
-    {14, "Enterprise Edition (core installation)"},
-    {15, "Enterprise Edition for Itanium-based Systems"},
-    {16, "Business Edition"},
-    {17, "Web Server Edition)"},
-    {18, "Cluster Server Edition"},
-    {25, "Small Business Server Premium Edition"},
-    {42, "Hyper-V Server"},
-    {48, "Professional Edition"},
-    {49, "Professional Edition"},
-    {98, "Home/Core Edition"},
-    {101, "Home/Core Edition"},
-    {121, "Education Edition"},
-    {122, "Education Edition"},
+    {PRODUCT_ULTIMATE, "Ultimate Edition"},
+    {PRODUCT_HOME_BASIC, "Home Basic Edition"},
+    {PRODUCT_HOME_PREMIUM, "Home Premium Edition"},
+    {PRODUCT_ENTERPRISE, "Enterprise Edition"},
+    {PRODUCT_HOME_BASIC_N, "Home Basic Edition"},
+    {PRODUCT_BUSINESS, "Business Edition"},
+    {PRODUCT_STANDARD_SERVER, "Standard Edition"},
+    {PRODUCT_DATACENTER_SERVER, "Datacenter Edition"},
+    {PRODUCT_SMALLBUSINESS_SERVER, "Small Business Server"},
+    {PRODUCT_ENTERPRISE_SERVER, "Enterprise Edition"},
+    {PRODUCT_STARTER, "Starter Edition"},
+    {PRODUCT_DATACENTER_SERVER_CORE, "Datacenter Edition (core installation)"},
+    {PRODUCT_STANDARD_SERVER_CORE, "Standard Edition (core installation)"},
+    {PRODUCT_ENTERPRISE_SERVER_CORE, "Enterprise Edition (core installation)"},
+    {PRODUCT_ENTERPRISE_SERVER_IA64, "Enterprise Edition for Itanium-based Systems"},
+    {PRODUCT_BUSINESS_N, "Business Edition"},
+    {PRODUCT_WEB_SERVER, "Web Server Edition)"},
+    {PRODUCT_CLUSTER_SERVER, "Cluster Server Edition"},
+    {PRODUCT_SMALLBUSINESS_SERVER_PREMIUM, "Small Business Server Premium Edition"},
+    {PRODUCT_HYPERV, "Hyper-V Server"},
+    {PRODUCT_PROFESSIONAL, "Professional Edition"},
+    {PRODUCT_PROFESSIONAL_N, "Professional Edition"},
+    {PRODUCT_CORE_N, "Home/Core Edition"},
+    {PRODUCT_CORE, "Home/Core Edition"},
+    {PRODUCT_EDUCATION, "Education Edition"},
+    {PRODUCT_EDUCATION_N, "Education Edition"},
 };
 
 } // namespace

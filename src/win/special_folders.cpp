@@ -2,7 +2,7 @@
 #include "win/registry_key.h"
 #include "win/windows_sections.h"
 
-// shlobj.h wants windows.h first
+// shlobj.h needs windows.h before it
 #include <shlobj.h>
 
 namespace velkor {
@@ -28,13 +28,12 @@ constexpr Folder folders[] = {
 
 QString specialFolders()
 {
-    QString text = QStringLiteral("Special Folders: ") + newline;
-    // One for all: a folder that Windows does not know repeats the one before it. The
-    // report's format.
-    wchar_t path[MAX_PATH] = {};
+    QString text;
+    appendLine(text, QStringLiteral("Special Folders: "));
+    wchar_t path[MAX_PATH] = {}; // Quirk: if a query fails, the previous folder shows again.
     for (const Folder &folder : folders) {
         SHGetSpecialFolderPathW(nullptr, path, folder.id, FALSE);
-        text += QString::fromLatin1(folder.format).arg(wideText(path, MAX_PATH)) + newline;
+        appendLine(text, folder.format, wideText(path, MAX_PATH));
     }
     return text;
 }

@@ -6,20 +6,22 @@ namespace velkor {
 namespace SystemInfo {
 namespace WinSysInfo {
 
-// "System directory" is the label of the Windows directory: the report's format.
+// Quirk: "System directory" is the label of the Windows directory. A Wow64 directory that
+// does not fit the buffer leaves the Windows directory in it, and that shows.
 QString windowsSystemDirectories()
 {
-    QString text = QStringLiteral("Windows system directories") + newline;
+    QString text;
+    appendLine(text, QStringLiteral("Windows system directories"));
     DirectoryBuffer buffer;
     if (const UINT length = buffer.read(GetSystemWindowsDirectoryW)) {
         if (buffer.isTooSmall())
-            text += QStringLiteral("buffer for sysDir too small, need %1").arg(length) + newline;
-        text += QStringLiteral("System directory:      %1").arg(buffer.text()) + newline;
+            appendLine(text, QStringLiteral("buffer for sysDir too small, need %1").arg(length));
+        appendLine(text, "System directory:      %1", buffer.text());
     }
     if (const UINT length = buffer.read(GetSystemWow64DirectoryW)) {
         if (buffer.isTooSmall())
-            text += QStringLiteral("buffer for wow64Dir too small, need %1").arg(length) + newline;
-        text += QStringLiteral("System Wow64 directory:  %1").arg(buffer.text()) + newline;
+            appendLine(text, QStringLiteral("buffer for wow64Dir too small, need %1").arg(length));
+        appendLine(text, "System Wow64 directory:  %1", buffer.text());
     }
     return text;
 }

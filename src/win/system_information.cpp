@@ -7,28 +7,41 @@ namespace SystemInfo {
 namespace WinSysInfo {
 namespace {
 
-constexpr TextValue textValues[] = {
+constexpr Value textValues[] = {
     {"BIOSReleaseDate", "BIOSReleaseDate:     %1"},
     {"BIOSVersion", "BIOSVersion:         %1"},
     {"SystemManufacturer", "SystemManufacturer:  %1"},
     {"SystemProductName", "SystemProductName:   %1"},
 };
 
-// The blank at the end is the report's format and must stay.
-constexpr TextValue informationSource = {"InformationSource", "InformationSource:   %1 "};
+// Quirk: the line ends with a blank.
+constexpr Value numberValues[] = {
+    {"InformationSource", "InformationSource:   %1 "},
+};
+
+QString keyPath()
+{
+    return QStringLiteral("SYSTEM\\CurrentControlSet\\Control\\SystemInformation");
+}
 
 } // namespace
 
+RegistryReads systemInformationReads()
+{
+    return {{HKEY_LOCAL_MACHINE, keyPath(), valueNames(textValues) + valueNames(numberValues)}};
+}
+
 QString systemInformationFromRegistry()
 {
-    QString text = QStringLiteral("SystemInformation from Registry") + newline;
-    const RegistryKey key(HKEY_LOCAL_MACHINE, QStringLiteral("SYSTEM\\CurrentControlSet\\Control\\SystemInformation"));
+    QString text;
+    appendLine(text, QStringLiteral("SystemInformation from Registry"));
+    const RegistryKey key = openKey(HKEY_LOCAL_MACHINE, keyPath());
     if (!key)
         return text;
     TextBuffer buffer;
-    NumberBuffer number;
     appendTextLines(text, key.get(), textValues, buffer);
-    appendSignedLine(text, key.get(), informationSource, number);
+    NumberBuffer number;
+    appendSignedLines(text, key.get(), numberValues, number);
     return text;
 }
 

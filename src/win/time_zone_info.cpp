@@ -8,29 +8,39 @@ namespace WinSysInfo {
 namespace {
 
 // Minutes, signed: negative east of Greenwich.
-constexpr TextValue biases[] = {
+constexpr Value biases[] = {
     {"ActiveTimeBias", "ActiveTimeBias: %1 min (offset to UTC)"},
     {"Bias", "Bias:           %1 min (offset to UTC)"},
     {"DaylightBias", "DaylightBias:   %1 min (additional offset if daylight saving is active)"},
     {"StandardBias", "StandardBias:   %1 min (additional offset if no daylight saving is active)"},
 };
 
-constexpr TextValue names[] = {
+constexpr Value names[] = {
     {"DaylightName", "DaylightName:   %1"},
     {"StandardName", "StandardName:   %1"},
 };
 
+QString keyPath()
+{
+    return QStringLiteral("SYSTEM\\CurrentControlSet\\Control\\TimeZoneInformation");
+}
+
 } // namespace
+
+RegistryReads timeZoneReads()
+{
+    return {{HKEY_LOCAL_MACHINE, keyPath(), valueNames(biases) + valueNames(names)}};
+}
 
 QString timeZoneInfoFromRegistry()
 {
-    QString text = QStringLiteral("Time Zone information from Registry") + newline;
-    const RegistryKey key(HKEY_LOCAL_MACHINE, QStringLiteral("SYSTEM\\CurrentControlSet\\Control\\TimeZoneInformation"));
+    QString text;
+    appendLine(text, QStringLiteral("Time Zone information from Registry"));
+    const RegistryKey key = openKey(HKEY_LOCAL_MACHINE, keyPath());
     if (!key)
         return text;
     NumberBuffer number;
-    for (const TextValue &bias : biases)
-        appendSignedLine(text, key.get(), bias, number);
+    appendSignedLines(text, key.get(), biases, number);
     TextBuffer buffer;
     appendTextLines(text, key.get(), names, buffer);
     return text;

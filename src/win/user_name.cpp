@@ -10,15 +10,17 @@ namespace WinSysInfo {
 
 QString userName()
 {
-    constexpr DWORD bufferSize = 256; // in units; a longer name makes the call fail
+    constexpr DWORD bufferSize = 256; // in units; with a longer name the call fails
     wchar_t buffer[bufferSize] = {};
     DWORD count = bufferSize;
     if (!GetUserNameW(buffer, &count))
         return QString();
     count = std::min(count, bufferSize);
     if (count > 0 && buffer[count - 1] == 0)
-        --count; // the terminator is counted
-    return QStringLiteral("User name:                    %1").arg(wideUnits(buffer, count)) + newline;
+        --count; // the count includes the terminator
+    QString text;
+    appendLine(text, "User name:                    %1", wideUnits(buffer, count));
+    return text;
 }
 
 } // namespace WinSysInfo

@@ -1,17 +1,15 @@
 #include "report/text.h"
 #include "win/format_byte_size.h"
 #include "win/multi_string.h"
-#include "win/registry_key.h"
+#include "win/value_lines.h"
 #include "win/windows_sections.h"
-
-#include <cstring>
 
 namespace velkor {
 namespace SystemInfo {
 namespace WinSysInfo {
 namespace {
 
-/// How the data of a value becomes the text of its line.
+/// Decodes the data of a value.
 using Decode = QString (*)(const WideTextBuffer &buffer);
 
 QString asText(const WideTextBuffer &buffer)
@@ -32,10 +30,8 @@ QString asBinaryOrText(const WideTextBuffer &buffer)
     return buffer.type() == REG_BINARY && !isTerminated ? buffer.text(units) : buffer.text();
 }
 
-struct AdapterValue
+struct AdapterValue : WideValue
 {
-    const wchar_t *name;
-    const char *format;
     Decode decode;
 };
 
@@ -48,7 +44,7 @@ constexpr AdapterValue valuesBeforeMemory[] = {
     {L"HardwareInformation.DacType", "   DacType:  %1", asBinaryOrText},
 };
 
-constexpr AdapterValue valuesBehindMemory[] = {
+constexpr AdapterValue valuesAfterMemory[] = {
     {L"DriverDesc", "   Driver Description: %1", asText},
     {L"DriverVersion", "   Driver Version: %1", asText},
     {L"DriverDate", "   Driver Date: %1", asText},
@@ -58,18 +54,27 @@ constexpr AdapterValue valuesBehindMemory[] = {
     {L"OpenGLDriverNameWow", "   OpenGL Driver Name WoW: %1", asList},
 };
 
-struct AdapterNumber
-{
-    const wchar_t *name;
-    const char *format;
-};
+constexpr const char *memory64Value = "HardwareInformation.qwMemorySize";
+constexpr const char *memory32Value = "HardwareInformation.MemorySize";
 
-constexpr AdapterNumber numbers[] = {
+constexpr WideValue numbers[] = {
     {L"OpenGLVersion", "   OpenGL Version: %1 = 0x%2"},
     {L"OpenGLVersionWoW", "   OpenGL Version WoW: %1 = 0x%2"},
     {L"OpenGLFlags", "   OpenGL Flags: %1 = 0x%2"},
     {L"OpenGLFlagsWoW", "   OpenGL Flags WoW: %1 = 0x%2"},
 };
+
+constexpr WideValue service = {L"Service", "### Service: %1"};
+
+QString adaptersPath()
+{
+    return QStringLiteral("SYSTEM\\CurrentControlSet\\Control\\Video");
+}
+
+QString serviceSubKey()
+{
+    return QStringLiteral("\\Video");
+}
 
 void appendValueLine(QString &text, HKEY key, const AdapterValue &value)
 {
@@ -78,67 +83,54 @@ void appendValueLine(QString &text, HKEY key, const AdapterValue &value)
         appendLine(text, value.format, value.decode(buffer));
 }
 
-void appendNumberLine(QString &text, HKEY key, const AdapterNumber &value)
-{
-    NumberBuffer number;
-    if (number.query(key, value.name))
-        append(text, QString::fromLatin1(value.format).arg(number.value()).arg(number.value(), 0, 16) + newline);
-}
-
 bool memorySize(HKEY key, quint64 &bytes)
 {
-    DWORD size = sizeof bytes;
-    if (RegQueryValueExA(key, "HardwareInformation.qwMemorySize", nullptr, nullptr, reinterpret_cast<LPBYTE>(&bytes),
-                         &size)
-        == LSTATUS(ERROR_SUCCESS))
+    if (queryNumber64(key, memory64Value, bytes))
         return true;
     NumberBuffer number;
-    const bool known = number.query(key, "HardwareInformation.MemorySize");
+    const bool known = number.query(key, memory32Value);
     bytes = number.value();
     return known;
 }
 
-QString memoryLine(HKEY key)
+void appendMemoryLine(QString &text, HKEY key)
 {
     quint64 bytes = 0;
-    if (!memorySize(key, bytes))
-        return QString();
-    return QStringLiteral("   Video Memory: ") + formatByteSize(bytes) + newline;
+    if (memorySize(key, bytes))
+        appendLine(text, "   Video Memory: %1", formatByteSize(bytes));
 }
 
 void appendConfigurationBlock(QString &text, HKEY key, const QString &name)
 {
-    appendLine(text, "%1", name);
+    appendLine(text, name);
     for (const AdapterValue &value : valuesBeforeMemory)
         appendValueLine(text, key, value);
-    append(text, memoryLine(key));
-    for (const AdapterValue &value : valuesBehindMemory)
+    appendMemoryLine(text, key);
+    for (const AdapterValue &value : valuesAfterMemory)
         appendValueLine(text, key, value);
-    for (const AdapterNumber &number : numbers)
-        appendNumberLine(text, key, number);
+    for (const WideValue &value : numbers) {
+        NumberBuffer number;
+        appendNumberLine(text, key, value, number);
+    }
 }
 
-QString serviceLine(const QString &adapterPath)
+void appendServiceLine(QString &text, const QString &adapterPath)
 {
-    const RegistryKey key(HKEY_LOCAL_MACHINE, adapterPath + QStringLiteral("\\Video"));
-    if (!key)
-        return QString();
+    const RegistryKey key = openKey(HKEY_LOCAL_MACHINE, adapterPath + serviceSubKey());
     WideTextBuffer buffer;
-    if (!buffer.query(key.get(), L"Service"))
-        return QString();
-    return QStringLiteral("### Service: %1").arg(buffer.text()) + newline;
+    if (key && buffer.query(key.get(), service.name))
+        appendLine(text, service.format, buffer.view());
 }
 
-/// Appends the numbered keys of an adapter. The walk ends behind its body: the call that
-/// finds no more keys leaves the last name in the buffer, and that key is visited
-/// again. As "Video" is the last key of most adapters this shows rarely; it is the
-/// report's format and must stay.
-void appendConfigurationBlocks(QString &text, const RegistryKey &adapter, const QString &adapterPath, TextBuffer &name)
+/// Appends the numbered keys of an adapter. Quirk: the body runs once more after the
+/// enumeration fails. The buffer then still holds the last name, so that key appears
+/// twice, unless it is "Video", as on most machines.
+void appendConfigurationBlocks(QString &text, HKEY adapter, const QString &adapterPath, TextBuffer &name)
 {
     bool found = true;
     for (DWORD i = 0; found; ++i) {
-        found = name.enumerateKey(adapter.get(), i);
-        const RegistryKey key(HKEY_LOCAL_MACHINE, adapterPath + QStringLiteral("\\") + name.text());
+        found = name.enumerateKey(adapter, i);
+        const RegistryKey key = openKey(HKEY_LOCAL_MACHINE, adapterPath + QStringLiteral("\\") + name.text());
         if (key && qstricmp(name.data(), "Video") != 0)
             appendConfigurationBlock(text, key.get(), name.text());
     }
@@ -146,21 +138,34 @@ void appendConfigurationBlocks(QString &text, const RegistryKey &adapter, const 
 
 } // namespace
 
+RegistryReads videoReads()
+{
+    const QString adapter = adaptersPath() + QStringLiteral("\\*");
+    const QStringList values = valueNames(valuesBeforeMemory) + valueNames(valuesAfterMemory) + valueNames(numbers)
+        + QStringList {QString::fromLatin1(memory64Value), QString::fromLatin1(memory32Value)};
+    return {{HKEY_LOCAL_MACHINE, adaptersPath(), {}},
+            {HKEY_LOCAL_MACHINE, adapter, {}},
+            {HKEY_LOCAL_MACHINE, adapter + QStringLiteral("\\*"), values},
+            {HKEY_LOCAL_MACHINE, adapter + serviceSubKey(), {QString::fromWCharArray(service.name)}}};
+}
+
 QString videoInfoFromRegistry()
 {
-    QString text = QStringLiteral(">>> Info about video from registry:") + newline + newline;
-    const QString path = QStringLiteral("SYSTEM\\CurrentControlSet\\Control\\Video");
-    const RegistryKey adapters(HKEY_LOCAL_MACHINE, path);
+    QString text;
+    appendLine(text, QStringLiteral(">>> Info about video from registry:"));
+    appendLine(text, QString());
+    const QString path = adaptersPath();
+    const RegistryKey adapters = openKey(HKEY_LOCAL_MACHINE, path);
     if (!adapters)
         return text;
     TextBuffer name; // of adapters and of their keys
     for (DWORD i = 0; name.enumerateKey(adapters.get(), i); ++i) {
         const QString adapterPath = path + QStringLiteral("\\") + name.text();
-        const RegistryKey adapter(HKEY_LOCAL_MACHINE, adapterPath);
+        const RegistryKey adapter = openKey(HKEY_LOCAL_MACHINE, adapterPath);
         if (!adapter)
             continue;
-        append(text, serviceLine(adapterPath)); // two steps: Windows is asked in this order
-        appendConfigurationBlocks(text, adapter, adapterPath, name);
+        appendServiceLine(text, adapterPath);
+        appendConfigurationBlocks(text, adapter.get(), adapterPath, name);
     }
     return text;
 }

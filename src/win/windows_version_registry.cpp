@@ -7,7 +7,7 @@ namespace SystemInfo {
 namespace WinSysInfo {
 namespace {
 
-constexpr TextValue values[] = {
+constexpr Value values[] = {
     {"ProductId", "ProductId:              %1"},
     {"EditionID", "EditionID:              %1"},
     {"ReleaseId", "ReleaseId:              %1"},
@@ -20,13 +20,23 @@ constexpr TextValue values[] = {
     {"CSDBuildNumber", "CSDBuildNumber:         %1"},
 };
 
+QString keyPath()
+{
+    return QStringLiteral("Software\\Microsoft\\Windows NT\\CurrentVersion");
+}
+
 } // namespace
+
+RegistryReads windowsVersionReads()
+{
+    return {{HKEY_LOCAL_MACHINE, keyPath(), valueNames(values)}};
+}
 
 QString windowsVersionFromRegistry()
 {
-    QString text = QStringLiteral("Windows version information from Registry") + newline;
-    const RegistryKey key(HKEY_LOCAL_MACHINE, QStringLiteral("Software\\Microsoft\\Windows NT\\CurrentVersion"),
-                          KEY_READ | KEY_WOW64_64KEY);
+    QString text;
+    appendLine(text, QStringLiteral("Windows version information from Registry"));
+    const RegistryKey key = openKey(HKEY_LOCAL_MACHINE, keyPath(), KEY_READ | KEY_WOW64_64KEY);
     if (!key)
         return text;
     TextBuffer buffer;

@@ -10,21 +10,24 @@ namespace WinSysInfo {
 
 QString winSxSDirectoryEntries()
 {
-    QString text = QStringLiteral("WinSxS directory entries") + newline;
+    QString text;
+    appendLine(text, QStringLiteral("WinSxS directory entries"));
     DirectoryBuffer buffer;
     const UINT length = buffer.read(GetSystemWindowsDirectoryW);
     if (length == 0)
         return text;
     if (buffer.isTooSmall())
-        text += QStringLiteral("buffer for sysDir too small, need %1").arg(length) + newline;
+        appendLine(text, QStringLiteral("buffer for sysDir too small, need %1").arg(length));
 
     const QDir directory(buffer.text() + QStringLiteral("\\WinSxS"));
-    if (!directory.exists()) // the line is not ended: the report's format
-        return text + QStringLiteral("Directory '%1' does not exist.").arg(directory.absolutePath());
-    const QStringList filter(QStringLiteral("*Microsoft.VC*CRT*")); // "." and ".." do not pass it
+    if (!directory.exists()) {
+        append(text, QStringLiteral("Directory '%1' does not exist.").arg(directory.absolutePath())); // Quirk: no line end
+        return text;
+    }
+    const QStringList filter(QStringLiteral("*Microsoft.VC*CRT*")); // excludes "." and ".."
     const QStringList names = directory.entryList(filter, QDir::Dirs, QDir::Name);
     for (const QString &name : names)
-        text += name + newline;
+        appendLine(text, name);
     return text;
 }
 

@@ -2,9 +2,9 @@
 
 #include "described_windows.h"
 #include "expected_texts.h"
-#include "qt/qt_network_interfaces.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
+#include "win/adapter_details.h"
 #include "win/windows_sections.h"
 
 #include <QtCore/QRegularExpression>
@@ -97,7 +97,7 @@ Outcome libraryRun(machine::Machine &machine, const Disturbance &disturbance)
     Outcome outcome;
     outcome.text = velkor::SystemInfo::WinSysInfo::allWinInfos();
     for (const quint32 index : adapters)
-        outcome.text += velkor::SystemInfo::adapterDetails(index);
+        outcome.text += velkor::SystemInfo::WinSysInfo::adapterDetails(index);
     velkor::SystemInfo::ScanOpenGLInfo(nullptr).GetOpenGLDriverInfo(outcome.text);
     for (const simulated::Call &call : simulated::journal())
         outcome.calls += about(call);

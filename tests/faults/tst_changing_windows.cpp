@@ -4,10 +4,10 @@
 
 #include "described_windows.h"
 #include "fault_runs.h"
-#include "qt/qt_network_interfaces.h"
 #include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
+#include "win/adapter_details.h"
 #include "win/windows_sections.h"
 
 using namespace velkor::SystemInfo;
@@ -527,7 +527,7 @@ void ChangingWindowsTest::changeBeforeCall_data()
         << Change([](machine::Machine &machine) { machine.system.GetAdaptersInfo.value->clear(); }) << QString();
 
     QTest::newRow("a module goes: its name cannot be read")
-        << QByteArray() << QByteArray(R"({"EnumProcessModules": ["a", "b", "c"]})") << Section(loadedModulesList)
+        << QByteArray() << QByteArray(R"({"EnumProcessModules": ["a", "b", "c"]})") << Section(loadedModulesText)
         << QByteArray("GetModuleFileNameExW") << 1
         << Change([](machine::Machine &machine) { machine.system.EnumProcessModules.value->resize(2); })
         << "Loaded modules/DLLs:\na\nb\n";
@@ -545,7 +545,7 @@ void ChangingWindowsTest::changeBeforeCall_data()
            "buffer for wow64Dir too small, need 1501\nSystem Wow64 directory:  C:\\W\n";
     QTest::newRow("a library loses its function behind its loading: no version")
         << QByteArray() << QByteArray(R"({"libraries": {"dnssd.dll": {"DNSServiceGetProperty": {"error": 0, "DaemonVersion": 1}}}})")
-        << Section(standardBonjourStatus) << QByteArray("GetProcAddress") << 0
+        << Section(checkStandardBonjourText) << QByteArray("GetProcAddress") << 0
         << Change([](machine::Machine &machine) { machine.system.libraries.clear(); })
         << "Standard Bonjour: installed.\nDNS-SD version: \n";
 }

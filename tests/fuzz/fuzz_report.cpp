@@ -10,9 +10,9 @@
 #include "hostile_machine.h"
 #include "known_names.h"
 
-#include "qt/qt_network_interfaces.h"
 #include "simulated_windows.h"
 #include "vkSystemInfo.h"
+#include "win/adapter_details.h"
 #include "win/registry_key.h"
 #include "win/windows_sections.h"
 
@@ -144,7 +144,7 @@ QString driverText()
 
 QString adapterText(quint32 index)
 {
-    const QString text = adapterDetails(index);
+    const QString text = WinSysInfo::adapterDetails(index);
     require(text.isEmpty() || (text.startsWith(QStringLiteral("Gateway")) && text.endsWith(QLatin1Char('\n'))),
             "an adapter begins with its gateways and ends a line", text.toUtf8());
     return text;

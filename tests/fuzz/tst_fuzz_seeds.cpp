@@ -3,11 +3,11 @@
 #include "described_windows.h"
 #include "file_seeds.h"
 #include "hostile_machine.h"
-#include "qt/qt_network_interfaces.h"
 #include "seeds.h"
 #include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
+#include "win/adapter_details.h"
 #include "win/windows_sections.h"
 
 #include <QtCore/QDir>
@@ -24,7 +24,7 @@ QString wholeText(const machine::Machine &machine)
     QString text = WinSysInfo::allWinInfos();
     ScanOpenGLInfo(nullptr).GetOpenGLDriverInfo(text);
     for (quint32 index = 0; index < 32; ++index)
-        text += adapterDetails(index);
+        text += WinSysInfo::adapterDetails(index);
     return text;
 }
 

@@ -2,14 +2,16 @@
 // stays the same: no group separators, and the digits 0 to 9. Every number of the report
 // that can have four digits has four or more in a row of this test.
 
+#include <locale> // before windows.h, which forbids std::wstring
+
 #include "described_screens.h"
 #include "described_windows.h"
-#include "qt/qt_network_interfaces.h"
 #include "registry_values.h"
 #include "section_process.h"
 #include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
+#include "win/adapter_details.h"
 #include "win/format_byte_size.h"
 #include "win/windows_sections.h"
 
@@ -18,7 +20,6 @@
 #include <QtCore/QTemporaryDir>
 #include <clocale>
 #include <dlfcn.h>
-#include <locale>
 #include <thread>
 
 using namespace velkor::SystemInfo;
@@ -326,14 +327,14 @@ void rowsOfSoftware()
                "Version: 255.255.65535 (raw value 0xffffffff)\n"
                "Language: 0x10407\n"
                "\n");
-    addNumbers("counted library", sharedDllRefCount,
+    addNumbers("counted library", refCountSharedDllText,
                machineKey("SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\SharedDLLs")
                    + numberValue("C:\\\\Windows\\\\system32\\\\vkdnssd.dll", 12345),
                R"({"GetSystemWindowsDirectory": "C:\\Windows"})", "RefCount for vkdnssd.dll: 12345\n");
-    addNumbers("version of DNS-SD", standardBonjourStatus, QByteArray(),
+    addNumbers("version of DNS-SD", checkStandardBonjourText, QByteArray(),
                R"({"libraries": {"dnssd.dll": {"DNSServiceGetProperty": {"error": 0, "DaemonVersion": 4294967295}}}})",
                "Standard Bonjour: installed.\nDNS-SD version: 429496.72.95\n");
-    addNumbers("error of DNS-SD", velkorBonjourStatus, QByteArray(),
+    addNumbers("error of DNS-SD", checkVelkorBonjourText, QByteArray(),
                R"({"libraries": {"vkdnssd.dll": {"DNSServiceGetProperty": {"error": -65537}}}})",
                "velkor DNS-SD: installed.\nDNS-SD version:  failed to get version, error = -65537\n");
 }

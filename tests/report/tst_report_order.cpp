@@ -307,7 +307,7 @@ void ReportOrderTest::refCountLine()
     QFETCH(QByteArray, registry);
     QFETCH(QString, expected);
     const DescribedWindows windows(registry, "{\"GetSystemWindowsDirectory\": \"C:\\\\Windows\"}");
-    COMPARE_TEXT(WinSysInfo::sharedDllRefCount(), expected);
+    COMPARE_TEXT(WinSysInfo::refCountSharedDllText(), expected);
 }
 
 void ReportOrderTest::loadedModules_data()
@@ -324,7 +324,7 @@ void ReportOrderTest::loadedModules()
     QFETCH(QByteArray, system);
     QFETCH(QString, expected);
     const DescribedWindows windows(QByteArray(), system);
-    COMPARE_TEXT(WinSysInfo::loadedModulesList(), expected);
+    COMPARE_TEXT(WinSysInfo::loadedModulesText(), expected);
 }
 
 #endif

@@ -1,10 +1,11 @@
 // adapterDetails() and formatLeaseTime(): texts and calls.
 
 #include "described_windows.h"
-#include "qt/qt_network_interfaces.h"
 #include "run_time_form.h"
 #include "test_main.h"
 #include "texts.h"
+#include "win/adapter_details.h"
+#include "win/lease_time.h"
 
 #include <limits>
 
@@ -16,6 +17,7 @@
 #endif
 
 using namespace velkor::SystemInfo;
+using namespace velkor::SystemInfo::WinSysInfo;
 
 class AdapterDetailsTest : public QObject
 {

@@ -186,8 +186,8 @@ void DnssdServiceTest::statusOfBoth()
     QFETCH(QString, standard);
     QFETCH(QString, velkor);
     const Libraries libraries(state);
-    COMPARE_TEXT(standardBonjourStatus(), standard);
-    COMPARE_TEXT(velkorBonjourStatus(), velkor);
+    COMPARE_TEXT(checkStandardBonjourText(), standard);
+    COMPARE_TEXT(checkVelkorBonjourText(), velkor);
     QCOMPARE(libraries.leftLoaded(), QString());
 }
 
@@ -263,7 +263,7 @@ void DnssdServiceTest::versions()
 void DnssdServiceTest::nullLibrary()
 {
     const DescribedWindows windows("", R"({"libraries": {"dnssd.dll": null}})");
-    COMPARE_TEXT(standardBonjourStatus(), QStringLiteral("Standard Bonjour: not installed.\n"));
+    COMPARE_TEXT(checkStandardBonjourText(), QStringLiteral("Standard Bonjour: not installed.\n"));
 }
 
 void DnssdServiceTest::calls_data()
@@ -288,7 +288,7 @@ void DnssdServiceTest::calls()
     QFETCH(QString, state);
     QFETCH(QString, expected);
     const Libraries libraries(state);
-    velkorBonjourStatus();
+    checkVelkorBonjourText();
     COMPARE_TEXT(journalText(), expected);
 }
 
@@ -317,7 +317,7 @@ void DnssdServiceTest::failingCalls()
     QFETCH(QString, expected);
     const Libraries libraries("running");
     const simulated::Fault fault = simulated::Fault::nthCall(call, 0, quint32(error));
-    COMPARE_TEXT(standardBonjourStatus(), expected);
+    COMPARE_TEXT(checkStandardBonjourText(), expected);
     QCOMPARE(fault.hits(), std::size_t(1));
     QCOMPARE(libraries.leftLoaded(), QString());
 }

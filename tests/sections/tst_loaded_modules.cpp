@@ -100,14 +100,14 @@ void LoadedModulesTest::names()
     QFETCH(QStringList, expected);
     const DescribedWindows windows("", "{\"EnumProcessModules\": " + list + "}");
     QCOMPARE(loadedModules(), expected);
-    COMPARE_TEXT(loadedModulesList(), title + expected.join('\n') + (expected.isEmpty() ? "" : "\n"));
+    COMPARE_TEXT(loadedModulesText(), title + expected.join('\n') + (expected.isEmpty() ? "" : "\n"));
 }
 
 void LoadedModulesTest::noList()
 {
     const DescribedWindows windows("", "{}");
     QCOMPARE(loadedModules(), QStringList());
-    COMPARE_TEXT(loadedModulesList(), QString(title));
+    COMPARE_TEXT(loadedModulesText(), QString(title));
 }
 
 void LoadedModulesTest::manyModules_data()
@@ -210,7 +210,7 @@ void LoadedModulesTest::modulesOfThisProcess()
                                                QRegularExpression::CaseInsensitiveOption))
                  .size(),
              1);
-    COMPARE_TEXT(loadedModulesList(), title + modules.join('\n') + '\n');
+    COMPARE_TEXT(loadedModulesText(), title + modules.join('\n') + '\n');
 }
 
 #endif

@@ -6,7 +6,8 @@
 #include "texts.h"
 #include "vkSystemInfo.h"
 #include "win/windows_sections.h"
-#include "win/windows_version.h"
+#include "win/registry_version.h"
+#include "win/release_name.h"
 
 #ifdef SIMULATED_WINDOWS
 #  include "journal_lines.h"

@@ -5,6 +5,7 @@
 #include "qt/qt_network_interfaces.h"
 #include "test_main.h"
 #include "texts.h"
+#include "win/lease_time.h"
 
 #include <QtCore/QtEndian>
 #include <QtNetwork/QNetworkInterface>
@@ -33,6 +34,7 @@
 #endif
 
 using namespace velkor::SystemInfo;
+using namespace velkor::SystemInfo::WinSysInfo;
 
 class NetworkInterfacesTest : public QObject
 {
@@ -553,4 +555,4 @@ void NetworkInterfacesTest::interfacesOfThisMachine()
 
 TEST_WITH_CORE_APPLICATION(NetworkInterfacesTest);
 
-#include "tst_network_interfaces.moc"
+#include "tst_qt_network_interfaces.moc"

@@ -1,4 +1,4 @@
-// What is measured: the report, its halves and its sections, each beside its floor,
+// What is measured: the report, its halves and its sections, each beside its baseline,
 // which makes the same calls of Windows and asks Qt the same in the same order, and
 // builds no text.
 #pragma once
@@ -12,7 +12,7 @@ struct Subject
 {
     QByteArray name;
     std::function<QString()> library;
-    std::function<void()> floor;
+    std::function<void()> baseline;
     std::size_t calls = 0; // of Windows
 };
 

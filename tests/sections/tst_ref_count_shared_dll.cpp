@@ -143,7 +143,7 @@ void SharedDllRefCountTest::line()
     QFETCH(QString, expected);
     const DescribedWindows windows(registry, systemFile);
     const Messages messages;
-    COMPARE_TEXT(sharedDllRefCount(), expected);
+    COMPARE_TEXT(refCountSharedDllText(), expected);
     QCOMPARE(messages.texts(), QStringList());
 }
 
@@ -221,7 +221,7 @@ void SharedDllRefCountTest::warnings()
     QCOMPARE(result.messages, QStringList("warning: " + message));
     QCOMPARE(simulated::journal().size(), std::size_t(1)); // the registry is not asked
     const Messages messages;
-    COMPARE_TEXT(sharedDllRefCount(), QStringLiteral("RefCount for vkdnssd.dll: failed to get refCount!\n"));
+    COMPARE_TEXT(refCountSharedDllText(), QStringLiteral("RefCount for vkdnssd.dll: failed to get refCount!\n"));
     QCOMPARE(messages.texts(), QStringList("warning: " + message));
 }
 
@@ -263,7 +263,7 @@ void SharedDllRefCountTest::failingCalls()
     QStringList seen;
     const auto section = [&] {
         const Messages kept;
-        const QString text = sharedDllRefCount();
+        const QString text = refCountSharedDllText();
         seen = kept.texts();
         return text;
     };
@@ -274,4 +274,4 @@ void SharedDllRefCountTest::failingCalls()
 #endif
 
 TEST_WITH_CORE_APPLICATION(SharedDllRefCountTest);
-#include "tst_shared_dll_ref_count.moc"
+#include "tst_ref_count_shared_dll.moc"

@@ -1,6 +1,6 @@
-#include "floors.h"
+#include "baselines.h"
 
-#include "qt/qt_network_interfaces.h"
+#include "report/section_table.h"
 #include "vkSystemInfo.h"
 #include "win/windows_sections.h"
 
@@ -151,123 +151,81 @@ void askOpenGLContext()
     KeepAll {glGetString(GL_VERSION), glGetString(GL_VENDOR), glGetString(GL_RENDERER), glGetString(GL_EXTENSIONS)};
 }
 
-QString allDiskDevices()
+/// The Qt queries of a section: before its Windows calls, and after them.
+struct QtQueries
 {
-    QString text;
-    for (const char *enumerator : {"FDC", "IDE", "SCSI", "USBSTOR"})
-        text += diskDevicesFromRegistry(QString::fromLatin1(enumerator));
-    return text;
-}
-
-QString allPorts()
-{
-    const QString parallel = portsFromRegistry(QStringLiteral("PARALLEL PORTS"));
-    return parallel + portsFromRegistry(QStringLiteral("SERIALCOMM"));
-}
-
-QString openGLSection()
-{
-    ScanOpenGLInfo scan(nullptr);
-    QString info;
-    scan.GetOpenGLInfo(info);
-    return info;
-}
-
-struct Section
-{
-    const char *name;
-    QString (*text)();
-    bool isWindows;
-    void (*askBefore)() = nullptr; // what it asks of Qt before it calls Windows
-    void (*askBehind)() = nullptr; // and behind that
+    const char *section;
+    void (*before)();
+    void (*after)() = nullptr;
 };
 
-// In the report's order.
-constexpr Section sections[] = {
-    {"windowsVersion", [] { return windowsVersion(true); }, true},
-    {"windowsVersionFromRegistry", windowsVersionFromRegistry, true},
-    {"internetExplorerInfo", internetExplorerInfo, true},
-    {"processorInfo", processorInfo, true},
-    {"processorRegistryInfo", processorRegistryInfo, true},
-    {"memoryInfo", memoryInfo, true},
-    {"computerNames", computerNames, true},
-    {"userName", userName, true},
-    {"oemInfoFromRegistry", oemInfoFromRegistry, true},
-    {"systemInformationFromRegistry", systemInformationFromRegistry, true},
-    {"biosInfoFromRegistry", biosInfoFromRegistry, true},
-    {"videoInfoFromRegistry", videoInfoFromRegistry, true},
-    {"driverInfoFromRegistry", driverInfoFromRegistry, true},
-    {"timeZoneInfoFromRegistry", timeZoneInfoFromRegistry, true},
-    {"installedApplicationsFromRegistry", installedApplicationsFromRegistry, true},
-    {"installedVisualBasicApplications", installedVisualBasicApplications, true},
-    {"winSxSDirectoryEntries", winSxSDirectoryEntries, true, nullptr, askWinSxS},
-    {"someEnvironmentVariables", someEnvironmentVariables, true},
-    {"diskInformation", diskInformation, true},
-    {"diskDevicesFromRegistry", allDiskDevices, true},
-    {"portsFromRegistry", allPorts, true},
-    {"registryQuota", registryQuota, true},
-    {"windowsSystemDirectories", windowsSystemDirectories, true},
-    {"specialFolders", specialFolders, true},
-    {"standardBonjourStatus", standardBonjourStatus, true},
-    {"velkorBonjourStatus", velkorBonjourStatus, true},
-    {"sharedDllRefCount", sharedDllRefCount, true},
-    {"loadedModulesList", loadedModulesList, true},
-    {"qtDateTime", qtDateTime, false, askDateTime},
-    {"qtGlobal", qtGlobal, false, [] { keep(qVersion()); }},
-    {"qtCoreApplication", qtCoreApplication, false, askApplication},
-    {"qtLocale", qtLocale, false, askLocale},
-    {"qtScreens", qtScreens, false, askScreens},
-    {"qtDesktop", qtDesktop, false, askDesktop},
-    {"qtDesktopServices", qtDesktopServices, false, askDesktopServices},
-    {"qtAccessibility", qtAccessibility, false, askAccessibility},
-    {"qtPrinterInfo", qtPrinterInfo, false, askPrinters},
-    {"qtHostInfo", qtHostInfo, false, askHostInfo},
-    {"qtNetworkInterfaces", qtNetworkInterfaces, false, askNetworkInterfaces},
-    {"qtSystemEnvironment", qtSystemEnvironment, false, askSystemEnvironment},
+constexpr QtQueries qtQueries[] = {
+    {"winSxSDirectoryEntries", nullptr, askWinSxS},
+    {"qtDateTime", askDateTime},
+    {"qtGlobal", [] { keep(qVersion()); }},
+    {"qtCoreApplication", askApplication},
+    {"qtLocale", askLocale},
+    {"qtScreens", askScreens},
+    {"qtDesktop", askDesktop},
+    {"qtDesktopServices", askDesktopServices},
+    {"qtAccessibility", askAccessibility},
+    {"qtPrinterInfo", askPrinters},
+    {"qtHostInfo", askHostInfo},
+    {"qtNetworkInterfaces", askNetworkInterfaces},
+    {"qtSystemEnvironment", askSystemEnvironment},
+    {"GetOpenGLInfo", askOpenGLFormat, askOpenGLContext},
 };
-constexpr Section openGL = {"openGL", openGLSection, false, askOpenGLFormat, askOpenGLContext};
 
-struct Floor
+QtQueries qtQueriesOf(const Section &section)
+{
+    for (const QtQueries &queries : qtQueries) {
+        if (qstrcmp(queries.section, section.name) == 0)
+            return queries;
+    }
+    return {section.name, nullptr};
+}
+
+struct Baseline
 {
     Section section;
     CallList calls;
 
     void run() const
     {
-        if (section.askBefore)
-            section.askBefore();
+        const QtQueries queries = qtQueriesOf(section);
+        if (queries.before)
+            queries.before();
         calls.play();
-        if (section.askBehind)
-            section.askBehind();
+        if (queries.after)
+            queries.after();
     }
 };
 
-using FloorPointer = std::shared_ptr<const Floor>;
+using BaselinePointer = std::shared_ptr<const Baseline>;
 
-std::vector<FloorPointer> makeFloors(const Recordings &recordings)
+std::vector<BaselinePointer> makeBaselines(const Recordings &recordings)
 {
     winSxSPath = windowsDirectory() + QStringLiteral("\\WinSxS");
-    std::vector<FloorPointer> floors;
+    std::vector<BaselinePointer> baselines;
     const auto add = [&](const Section &section) {
         for (const auto &[name, calls] : recordings) {
             if (name == section.name)
-                floors.push_back(std::make_shared<const Floor>(Floor {section, CallList(calls)}));
+                baselines.push_back(std::make_shared<const Baseline>(Baseline {section, CallList(calls)}));
         }
     };
-    for (const Section &section : sections)
+    for (const Section &section : SectionTable())
         add(section);
-    add(openGL);
-    return floors;
+    return baselines;
 }
 
-Subject together(const char *name, QString (*text)(), std::vector<FloorPointer> floors)
+Subject together(const char *name, QString (*text)(), std::vector<BaselinePointer> baselines)
 {
     std::size_t calls = 0;
-    for (const FloorPointer &floor : floors)
-        calls += floor->calls.size();
-    return {name, text, [floors = std::move(floors)] {
-                for (const FloorPointer &floor : floors)
-                    floor->run();
+    for (const BaselinePointer &baseline : baselines)
+        calls += baseline->calls.size();
+    return {name, text, [baselines = std::move(baselines)] {
+                for (const BaselinePointer &baseline : baselines)
+                    baseline->run();
             },
             calls};
 }
@@ -278,23 +236,23 @@ Recordings recordSections(bool withOpenGL)
 {
     keep(allInfos(!withOpenGL)); // Windows loads modules for it, which its last section then lists
     Recordings recordings;
-    for (const Section &section : sections)
-        recordings.emplace_back(section.name, recorded([&] { keep(section.text()); }));
-    if (withOpenGL)
-        recordings.emplace_back(openGL.name, recorded([&] { keep(openGL.text()); }));
+    for (const Section &section : SectionTable()) {
+        if (withOpenGL || section.part != Part::OpenGL)
+            recordings.emplace_back(section.name, recorded([&] { keep(section.text()); }));
+    }
     return recordings;
 }
 
 std::vector<Subject> makeSubjects(const Recordings &recordings, bool withOpenGL)
 {
-    const std::vector<FloorPointer> all = makeFloors(recordings);
-    std::vector<FloorPointer> withoutOpenGL;
-    std::vector<FloorPointer> windowsHalf;
-    for (const FloorPointer &floor : all) {
-        if (floor->section.isWindows)
-            windowsHalf.push_back(floor);
-        if (qstrcmp(floor->section.name, openGL.name) != 0)
-            withoutOpenGL.push_back(floor);
+    const std::vector<BaselinePointer> all = makeBaselines(recordings);
+    std::vector<BaselinePointer> withoutOpenGL;
+    std::vector<BaselinePointer> windowsHalf;
+    for (const BaselinePointer &baseline : all) {
+        if (baseline->section.part == Part::Windows)
+            windowsHalf.push_back(baseline);
+        if (baseline->section.part != Part::OpenGL)
+            withoutOpenGL.push_back(baseline);
     }
     std::vector<Subject> subjects;
     if (withOpenGL)
@@ -303,8 +261,8 @@ std::vector<Subject> makeSubjects(const Recordings &recordings, bool withOpenGL)
     subjects.push_back(together(
         "allInfos(true)", [] { return allInfos(true); }, withoutOpenGL));
     subjects.push_back(together("allWinInfos", allWinInfos, windowsHalf));
-    for (const FloorPointer &floor : all)
-        subjects.push_back(together(floor->section.name, floor->section.text, {floor}));
+    for (const BaselinePointer &baseline : all)
+        subjects.push_back(together(baseline->section.name, baseline->section.text, {baseline}));
     return subjects;
 }
 

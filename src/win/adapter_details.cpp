@@ -1,0 +1,117 @@
+#include "win/adapter_details.h"
+
+#include "report/text.h"
+#include "win/lease_time.h"
+
+// winsock2.h must precede windows.h, and iphlpapi.h must follow it
+#include <winsock2.h>
+
+#include "win/heap_buffer.h"
+
+#include <iphlpapi.h>
+
+namespace velkor {
+namespace SystemInfo {
+namespace WinSysInfo {
+namespace {
+
+/// The adapters that Windows lists at the moment.
+class AdapterList
+{
+public:
+    AdapterList()
+        : m_buffer(sizeof(IP_ADAPTER_INFO))
+    {
+        ULONG size = sizeof(IP_ADAPTER_INFO);
+        if (m_buffer && GetAdaptersInfo(m_buffer.as<IP_ADAPTER_INFO>(), &size) == ERROR_BUFFER_OVERFLOW)
+            m_buffer.replace(size);
+        // Quirk: called again even after success.
+        m_isRead = m_buffer && GetAdaptersInfo(m_buffer.as<IP_ADAPTER_INFO>(), &size) == ERROR_SUCCESS;
+    }
+
+    /// Null if there is no adapter of that interface index, or no list.
+    const IP_ADAPTER_INFO *find(quint32 index) const
+    {
+        const IP_ADAPTER_INFO *adapter = m_isRead ? m_buffer.as<IP_ADAPTER_INFO>() : nullptr;
+        while (adapter && adapter->Index != index)
+            adapter = adapter->Next;
+        return adapter;
+    }
+
+private:
+    HeapBuffer m_buffer;
+    bool m_isRead = false;
+};
+
+QString addressText(const IP_ADDR_STRING &entry)
+{
+    return QString::fromUtf8(entry.IpAddress.String);
+}
+
+QString maskText(const IP_ADDR_STRING &entry)
+{
+    return QString::fromUtf8(entry.IpMask.String);
+}
+
+/// One unnumbered line, or numbered lines if there are several addresses.
+void appendAddressLines(QString &text, const QString &label, const IP_ADDR_STRING &list)
+{
+    if (!list.Next) {
+        appendLine(text, label + QStringLiteral(": %1, %2").arg(addressText(list)).arg(maskText(list)));
+        return;
+    }
+    int number = 0;
+    for (const IP_ADDR_STRING *entry = &list; entry; entry = entry->Next) {
+        appendLine(text, label + QStringLiteral(" %1: %2, %3").arg(++number).arg(addressText(*entry)).arg(maskText(*entry)));
+    }
+}
+
+void appendDhcpLines(QString &text, const IP_ADAPTER_INFO &adapter)
+{
+    appendLine(text, QStringLiteral("DHCP enabled:  %1").arg(adapter.DhcpEnabled));
+    if (!adapter.DhcpEnabled)
+        return;
+    appendAddressLines(text, QStringLiteral("DHCP server"), adapter.DhcpServer);
+    // A lease time ends its own line.
+    append(text, QStringLiteral("Lease obtained: %1").arg(formatLeaseTime(adapter.LeaseObtained)));
+    append(text, QStringLiteral("Lease expires:  %1").arg(formatLeaseTime(adapter.LeaseExpires)));
+}
+
+void appendWinsLines(QString &text, const IP_ADAPTER_INFO &adapter)
+{
+    appendLine(text, QStringLiteral("Have WINS: %1").arg(adapter.HaveWins));
+    if (!adapter.HaveWins)
+        return;
+    appendLine(text, QStringLiteral("Primary WINS Server: %1, %2")
+                         .arg(addressText(adapter.PrimaryWinsServer))
+                         .arg(maskText(adapter.PrimaryWinsServer)));
+    appendLine(text, QStringLiteral("Secondary WINS Server: %1, %2")
+                         .arg(addressText(adapter.SecondaryWinsServer))
+                         .arg(maskText(adapter.SecondaryWinsServer)));
+}
+
+} // namespace
+
+QString adapterDescription(quint32 index)
+{
+    const AdapterList adapters;
+    const IP_ADAPTER_INFO *adapter = adapters.find(index);
+    return adapter ? QString::fromUtf8(adapter->Description) : QString();
+}
+
+QString adapterDetails(quint32 index)
+{
+    const AdapterList adapters;
+    const IP_ADAPTER_INFO *adapter = adapters.find(index);
+    QString text;
+    if (adapter) {
+        appendAddressLines(text, QStringLiteral("Gateway"), adapter->GatewayList);
+        appendDhcpLines(text, *adapter);
+        appendWinsLines(text, *adapter);
+    }
+    return text;
+}
+
+} // namespace WinSysInfo
+} // namespace SystemInfo
+} // namespace velkor

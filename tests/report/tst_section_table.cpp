@@ -1,0 +1,164 @@
+// The section table against the source tree, the described machines, the documents and the
+// journal of the simulated Windows.
+
+#include "described_windows.h"
+#include "report/section_table.h"
+#include "simulated_windows.h"
+#include "test_main.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QSet>
+#include <algorithm>
+#include <windows.h>
+
+using namespace velkor::SystemInfo;
+
+class SectionTableTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void filesExist();
+    void namesAreUnique();
+    void textsBeginWithTheirHeadings();
+    void documentsListTheSections();
+    void readsCoverTheCalls_data();
+    void readsCoverTheCalls();
+};
+
+namespace {
+
+QString text(const char *name)
+{
+    return QString::fromLatin1(name);
+}
+
+bool existsInOneOf(const QStringList &folders, const QString &file)
+{
+    int count = 0;
+    for (const QString &folder : folders)
+        count += QFile::exists(QStringLiteral(PROJECT_DIR "/") + folder + QLatin1Char('/') + file);
+    return count == 1;
+}
+
+QString rootName(HKEY root)
+{
+    if (root == HKEY_CLASSES_ROOT)
+        return QStringLiteral("HKEY_CLASSES_ROOT");
+    return root == HKEY_CURRENT_USER ? QStringLiteral("HKEY_CURRENT_USER") : QStringLiteral("HKEY_LOCAL_MACHINE");
+}
+
+/// Whether \a read includes the key \a path, which begins with the name of its root.
+bool includesKey(const RegistryRead &read, const QString &path)
+{
+    const QStringList patterns = (rootName(read.root) + QLatin1Char('\\') + read.path).split(QLatin1Char('\\'));
+    const QStringList names = path.split(QLatin1Char('\\'));
+    if (patterns.size() != names.size())
+        return false;
+    for (int i = 0; i < names.size(); ++i) {
+        if (patterns.at(i) != QLatin1String("*") && patterns.at(i).compare(names.at(i), Qt::CaseInsensitive) != 0)
+            return false;
+    }
+    return true;
+}
+
+bool includesValue(const RegistryRead &read, const simulated::Call &call)
+{
+    if (read.values.contains(QStringLiteral("*")))
+        return true;
+    if (call.name == "RegEnumValueA")
+        return false;
+    return !call.name.startsWith("RegQueryValue") || read.values.contains(call.value);
+}
+
+bool isRegistryRead(const simulated::Call &call)
+{
+    return call.name.startsWith("RegOpenKey") || call.name.startsWith("RegQueryValue") || call.name.startsWith("RegEnum");
+}
+
+} // namespace
+
+void SectionTableTest::filesExist()
+{
+    for (const Section &section : SectionTable()) {
+        const QString file = text(section.file) + QStringLiteral(".cpp");
+        QVERIFY2(existsInOneOf({"src/win", "src/qt", "src/opengl"}, file), qPrintable(file));
+        QVERIFY2(existsInOneOf({"tests/sections"}, QStringLiteral("tst_") + file), qPrintable(file));
+    }
+}
+
+void SectionTableTest::namesAreUnique()
+{
+    QSet<QString> names;
+    for (const Section &section : SectionTable()) {
+        QVERIFY2(!names.contains(text(section.name)), section.name);
+        names += text(section.name);
+    }
+}
+
+void SectionTableTest::textsBeginWithTheirHeadings()
+{
+    const DescribedWindows windows(DescribedWindows::load(QStringLiteral("workstation")));
+    for (const Section &section : SectionTable()) {
+        if (section.part != Part::OpenGL) // needs a display
+            QVERIFY2(section.text().startsWith(text(section.heading)), section.name);
+    }
+}
+
+// The table below "Names of the sections".
+void SectionTableTest::documentsListTheSections()
+{
+    QFile document(QStringLiteral(PROJECT_DIR "/docs/report-format.md"));
+    QVERIFY(document.open(QIODevice::ReadOnly));
+    const QString list = QString::fromUtf8(document.readAll()).section(QStringLiteral("## Names of the sections"), 1);
+    QStringList listed;
+    QRegularExpression row(QStringLiteral("^\\| `([^`]+)` \\| (?:`([^`]*)`)?.*\\|$"), QRegularExpression::MultilineOption);
+    for (auto match = row.globalMatch(list); match.hasNext();) {
+        const auto found = match.next();
+        listed += found.captured(1) + QStringLiteral(": ") + found.captured(2);
+    }
+    QStringList expected;
+    for (const Section &section : SectionTable())
+        expected += text(section.name) + QStringLiteral(": ") + text(section.heading).section(QLatin1Char('\n'), 0, 0);
+    QCOMPARE(listed, expected);
+}
+
+void SectionTableTest::readsCoverTheCalls_data()
+{
+    QTest::addColumn<QString>("machine");
+    QTest::addColumn<int>("row");
+    const QStringList machines = QDir(QStringLiteral(MACHINES_DIR)).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    for (const QString &machine : machines) {
+        int row = 0;
+        for (const Section &section : SectionTable()) {
+            if (section.part == Part::Windows)
+                QTest::newRow(qPrintable(machine + QLatin1Char(' ') + text(section.name))) << machine << row;
+            ++row;
+        }
+    }
+}
+
+// vkcapture copies what the table lists, so every key and value that a section reads must be
+// in the list.
+void SectionTableTest::readsCoverTheCalls()
+{
+    QFETCH(QString, machine);
+    QFETCH(int, row);
+    const Section &section = SectionTable().begin()[row];
+    const DescribedWindows windows(DescribedWindows::load(machine));
+    const RegistryReads reads = section.reads ? section.reads() : RegistryReads();
+    section.text();
+    for (const simulated::Call &call : simulated::journal()) {
+        if (!isRegistryRead(call))
+            continue;
+        const bool listed = std::any_of(reads.begin(), reads.end(), [&](const RegistryRead &read) {
+            return includesKey(read, call.key) && includesValue(read, call);
+        });
+        QVERIFY2(listed, qPrintable(text(call.name) + QLatin1Char(' ') + call.key + QLatin1Char(' ') + call.value));
+    }
+}
+
+TEST_WITH_APPLICATION(SectionTableTest);
+#include "tst_section_table.moc"
