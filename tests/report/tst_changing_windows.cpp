@@ -1,19 +1,20 @@
-// Windows changes while it is asked: keys and values, drives, adapters and modules
-// come, go, grow and become something else before any call of a report. Each time the
-// text is what the format has for the answers as they then are.
+// Windows changes between two calls of a section: before one of its calls a key, a value, a
+// drive or an adapter goes, comes or grows.
 
 #include "described_windows.h"
-#include "fault_runs.h"
+#include "registry_file.h"
+#include "simulated_windows.h"
 #include "test_main.h"
 #include "texts.h"
 #include "vkSystemInfo.h"
 #include "win/adapter_details.h"
 #include "win/windows_sections.h"
 
+#include <functional>
+
 using namespace velkor::SystemInfo;
 using namespace velkor::SystemInfo::WinSysInfo;
 using machine::RegistryKey;
-using machine::RegistryRoot;
 using machine::RegistryValue;
 
 using Change = std::function<void(machine::Machine &)>;
@@ -26,15 +27,23 @@ class ChangingWindowsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void anythingBeforeAnyCall_data();
-    void anythingBeforeAnyCall();
     void changeBeforeCall_data();
     void changeBeforeCall();
 };
 
 namespace {
 
-/// Removes all that is in a key, so that one who has it open finds nothing any more.
+/// The key of a full path, which begins with the name of its root.
+std::shared_ptr<RegistryKey> keyAt(machine::Machine &machine, const QString &path)
+{
+    for (const auto &root : machine.registry.roots()) {
+        if (path.section(QLatin1Char('\\'), 0, 0) == root->name())
+            return machine::findKey(root, path.section(QLatin1Char('\\'), 1));
+    }
+    return {};
+}
+
+/// Empties a key; a section that has it open finds nothing.
 void clear(RegistryKey &key)
 {
     while (!key.values().empty())
@@ -52,266 +61,6 @@ void removeKey(machine::Machine &machine, const QString &path)
         keyAt(machine, path.section(QLatin1Char('\\'), 0, -2))->removeSubKey(key->name());
     }
 }
-
-/// Applies \a change to a value that is there.
-void changeValue(machine::Machine &machine, const QString &path, const QString &name,
-                 const std::function<void(RegistryValue &)> &change)
-{
-    const auto key = keyAt(machine, path);
-    const RegistryValue *known = key ? key->findValue(name) : nullptr;
-    if (!known)
-        return;
-    RegistryValue value = *known;
-    change(value);
-    key->setValue(value);
-}
-
-void growTo(RegistryValue &value, int size)
-{
-    while (value.data.size() < size)
-        value.data += QByteArray("g\0r\0o\0w\0", 8);
-}
-
-struct Kind
-{
-    const char *name;
-    /// Changes the machine before \a call, which is one of the report as it is without
-    /// changes. False when there is nothing to do before such a call.
-    bool (*change)(machine::Machine &machine, const simulated::Call &call);
-};
-
-bool isQuery(const simulated::Call &call)
-{
-    return call.name.startsWith("RegQueryValueEx") && call.result == 0;
-}
-
-bool isKeyEnumeration(const simulated::Call &call)
-{
-    return call.name.startsWith("RegEnumKey");
-}
-
-const Kind kinds[] = {
-    {"everything is gone", [](machine::Machine &machine, const simulated::Call &) {
-         for (const auto root : {RegistryRoot::ClassesRoot, RegistryRoot::CurrentUser, RegistryRoot::LocalMachine})
-             clear(*machine.registry.root(root));
-         const auto version = machine.system.GetVersionEx; // who has asked for it has it
-         machine.system = machine::SystemAnswers();
-         machine.system.GetVersionEx = version;
-         return true;
-     }},
-    {"the key is gone", [](machine::Machine &machine, const simulated::Call &call) {
-         if (!call.name.startsWith("Reg") || !keyAt(machine, call.key))
-             return false;
-         removeKey(machine, call.key);
-         return true;
-     }},
-    {"the key is denied", [](machine::Machine &machine, const simulated::Call &call) {
-         const auto key = call.name == "RegOpenKeyExA" ? keyAt(machine, call.key) : nullptr;
-         if (key)
-             key->setDenied(true);
-         return key != nullptr;
-     }},
-    {"the value is gone", [](machine::Machine &machine, const simulated::Call &call) {
-         return isQuery(call) && keyAt(machine, call.key)->removeValue(call.value);
-     }},
-    {"the value grew beyond its memory", [](machine::Machine &machine, const simulated::Call &call) {
-         if (!isQuery(call))
-             return false;
-         changeValue(machine, call.key, call.value, [](RegistryValue &value) { growTo(value, 5000); });
-         return true;
-     }},
-    {"the value grew to the last byte of its memory, without a terminator", [](machine::Machine &machine, const simulated::Call &call) {
-         if (!isQuery(call))
-             return false;
-         changeValue(machine, call.key, call.value, [](RegistryValue &value) {
-             value.type = 3;
-             value.data = QByteArray(2048, 'x');
-         });
-         return true;
-     }},
-    {"the value is one byte", [](machine::Machine &machine, const simulated::Call &call) {
-         if (!isQuery(call))
-             return false;
-         changeValue(machine, call.key, call.value, [](RegistryValue &value) { value.data = QByteArray(1, 'x'); });
-         return true;
-     }},
-    {"the value is empty", [](machine::Machine &machine, const simulated::Call &call) {
-         if (!isQuery(call))
-             return false;
-         changeValue(machine, call.key, call.value, [](RegistryValue &value) { value.data.clear(); });
-         return true;
-     }},
-    {"the value is of another type", [](machine::Machine &machine, const simulated::Call &call) {
-         if (!isQuery(call))
-             return false;
-         changeValue(machine, call.key, call.value, [](RegistryValue &value) { value.type = value.type == 1 ? 3 : 1; });
-         return true;
-     }},
-    {"a sub-key came before all others", [](machine::Machine &machine, const simulated::Call &call) {
-         if (!isKeyEnumeration(call))
-             return false;
-         keyAt(machine, call.key)->createSubKey(QStringLiteral("!"));
-         return true;
-     }},
-    {"a sub-key came behind all others", [](machine::Machine &machine, const simulated::Call &call) {
-         if (!isKeyEnumeration(call))
-             return false;
-         keyAt(machine, call.key)->createSubKey(QStringLiteral("~"));
-         return true;
-     }},
-    {"the first sub-key is gone", [](machine::Machine &machine, const simulated::Call &call) {
-         const auto first = isKeyEnumeration(call) ? keyAt(machine, call.key)->subKeyAt(0) : nullptr;
-         if (!first)
-             return false;
-         removeKey(machine, call.key + QLatin1Char('\\') + first->name());
-         return true;
-     }},
-    {"the next sub-key is gone", [](machine::Machine &machine, const simulated::Call &call) {
-         const auto next = isKeyEnumeration(call) ? keyAt(machine, call.key)->subKeyAt(call.value.toUInt()) : nullptr;
-         if (!next)
-             return false;
-         removeKey(machine, call.key + QLatin1Char('\\') + next->name());
-         return true;
-     }},
-    {"the first value is gone", [](machine::Machine &machine, const simulated::Call &call) {
-         const auto key = call.name == "RegEnumValueA" ? keyAt(machine, call.key) : nullptr;
-         return key && !key->values().empty() && key->removeValue(key->values().front().name);
-     }},
-    {"a value came, and one grew beyond its memory", [](machine::Machine &machine, const simulated::Call &call) {
-         const auto key = call.name == "RegEnumValueA" ? keyAt(machine, call.key) : nullptr;
-         if (!key)
-             return false;
-         key->setValue({QStringLiteral("new"), 1, QByteArray("n\0e\0w\0", 6)});
-         key->setValue({QStringLiteral("large"), 1, QByteArray(5000, 'l')});
-         return true;
-     }},
-    {"an adapter came", [](machine::Machine &machine, const simulated::Call &call) {
-         auto &adapters = machine.system.GetAdaptersInfo.value;
-         if (call.name != "GetAdaptersInfo" || !adapters)
-             return false;
-         machine::AdapterRecord adapter = adapters->front();
-         adapter.GatewayList.resize(4);
-         adapters->insert(adapters->begin(), adapter);
-         return true;
-     }},
-    {"an adapter is gone", [](machine::Machine &machine, const simulated::Call &call) {
-         auto &adapters = machine.system.GetAdaptersInfo.value;
-         if (call.name != "GetAdaptersInfo" || !adapters)
-             return false;
-         adapters->erase(adapters->begin());
-         return true;
-     }},
-    {"the drives are gone", [](machine::Machine &machine, const simulated::Call &call) {
-         if (!call.key.endsWith(QLatin1String(":\\")) && call.name != "wsprintfW")
-             return false;
-         machine.system.drives.clear();
-         return true;
-     }},
-    {"the modules are gone", [](machine::Machine &machine, const simulated::Call &call) {
-         if (call.name != "GetModuleFileNameExW")
-             return false;
-         machine.system.EnumProcessModules.value->resize(call.value.toUInt());
-         return true;
-     }},
-    {"a module came", [](machine::Machine &machine, const simulated::Call &call) {
-         if (call.name != "GetModuleFileNameExW")
-             return false;
-         machine.system.EnumProcessModules.value->insert(machine.system.EnumProcessModules.value->begin(),
-                                                         QString(1000, QLatin1Char('m')));
-         return true;
-     }},
-    {"the directory is too long", [](machine::Machine &machine, const simulated::Call &call) {
-         if (!call.name.endsWith("DirectoryW"))
-             return false;
-         machine.system.GetSystemWindowsDirectory.value = QString(1500, QLatin1Char('w'));
-         machine.system.GetSystemWow64Directory.value = QString(1024, QLatin1Char('w'));
-         return true;
-     }},
-    {"the variables grew beyond all bounds", [](machine::Machine &machine, const simulated::Call &call) {
-         if (call.name != "ExpandEnvironmentStringsW")
-             return false;
-         for (QString &value : machine.system.environment)
-             value = QString(40000, QLatin1Char('v'));
-         return true;
-     }},
-    {"the libraries are gone", [](machine::Machine &machine, const simulated::Call &call) {
-         if (call.name != "GetProcAddress" && call.name != "LoadLibraryW" && call.name != "DNSServiceGetProperty")
-             return false;
-         machine.system.libraries.clear();
-         return true;
-     }},
-    {"the names grew", [](machine::Machine &machine, const simulated::Call &call) {
-         if (call.name != "GetComputerNameExW" && call.name != "GetUserNameW")
-             return false;
-         machine.system.GetUserName.value = QString(256, QLatin1Char('u'));
-         for (int format = 0; format < 8; ++format)
-             machine.system.GetComputerNameEx[format].value = QString(16, QLatin1Char('c'));
-         return true;
-     }},
-};
-
-} // namespace
-
-void ChangingWindowsTest::anythingBeforeAnyCall_data()
-{
-    QTest::addColumn<QString>("machine");
-    QTest::addColumn<int>("kind");
-    const QStringList names = machineNames();
-    for (const QString &name : names) {
-        for (int kind = 0; kind < int(std::size(kinds)); ++kind)
-            QTest::newRow(qPrintable(name + QStringLiteral(": ") + QLatin1String(kinds[kind].name))) << name << kind;
-    }
-}
-
-void ChangingWindowsTest::anythingBeforeAnyCall()
-{
-    QFETCH(QString, machine);
-    QFETCH(int, kind);
-    const machine::Machine described = machineNamed(machine);
-    machine::Machine unchanged = copyOf(described);
-    libraryRun(unchanged);
-    const std::vector<simulated::Call> calls = simulated::journal();
-
-    // Every call of the small machine; of the large ones, and under sanitizers, some of
-    // those that are made hundreds of times.
-    const bool small = machine == QLatin1String("small");
-    const int step = sanitized ? 61 : 5;
-    const int many = small && !sanitized ? 100000 : small || !sanitized ? 100
-                                                                        : 10;
-    QMap<QByteArray, int> times;
-    for (const simulated::Call &call : calls)
-        ++times[call.name];
-    QMap<QByteArray, int> seen;
-    machine::Machine probe = copyOf(described); // tells whether there is something to change
-    int runs = 0;
-    for (std::size_t number = 0; number < calls.size(); ++number) {
-        const QByteArray name = calls[number].name;
-        if (++seen[name] % step != kind % step && times[name] > many)
-            continue;
-        if (!kinds[kind].change(probe, calls[number]))
-            continue;
-        probe = copyOf(described);
-        Disturbance disturbance;
-        disturbance.beforeCall = [&](std::size_t at, machine::Machine &changing) {
-            if (at == number)
-                kinds[kind].change(changing, calls[number]);
-        };
-        machine::Machine forLibrary = copyOf(described);
-        machine::Machine forFormat = copyOf(described);
-        const Outcome actual = libraryRun(forLibrary, disturbance);
-        const QString different = difference(actual, expectedRun(forFormat, disturbance));
-        QVERIFY2(different.isEmpty(),
-                 qPrintable(QStringLiteral("before call %1, %2: ")
-                                .arg(number)
-                                .arg(QString::fromLatin1(calls[number].name) + QLatin1Char(' ') + calls[number].key
-                                     + QLatin1Char(' ') + calls[number].value)
-                            + different));
-        ++runs;
-    }
-    qInfo("%d changes", runs);
-}
-
-namespace {
 
 const QString currentVersion = QStringLiteral("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion");
 const QString explorer = QStringLiteral("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Internet Explorer");
@@ -550,7 +299,6 @@ void ChangingWindowsTest::changeBeforeCall_data()
         << "Standard Bonjour: installed.\nDNS-SD version: \n";
 }
 
-// What the format has for some of these, worked out by hand.
 void ChangingWindowsTest::changeBeforeCall()
 {
     QFETCH(QByteArray, registry);
