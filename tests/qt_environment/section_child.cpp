@@ -1,11 +1,11 @@
 // section_child SECTION [DESKTOP-FILE-NAME]
 //
-// Prints one section in a process of its own, with the application object that the
-// section asks for and no more. HOST_LOCALE in the environment, such as de_DE, is what
-// a host makes its default locale.
+// Prints one section in a process of its own, with no more of an application object than
+// the section needs. The environment variable HOST_LOCALE, such as de_DE, sets the default
+// locale of the process.
 
 #include "program_output.h"
-#include "vkSystemInfo.h"
+#include "report/section_table.h"
 
 #include <QtCore/QLocale>
 #include <QtGui/QGuiApplication>
@@ -22,34 +22,38 @@ enum class Needs {
     GuiApplication,
 };
 
-struct Section
+struct SectionNeeds
 {
     const char *name;
-    QString (*text)();
     Needs needs;
 };
 
-constexpr Section sections[] = {
-    {"qtGlobal", qtGlobal, Needs::Nothing},
-    {"qtCoreApplication", qtCoreApplication, Needs::CoreApplication},
-    {"qtLocale", qtLocale, Needs::Nothing},
-    {"qtDateTime", qtDateTime, Needs::Nothing},
-    {"qtHostInfo", qtHostInfo, Needs::Nothing},
-    {"qtAccessibility", qtAccessibility, Needs::GuiApplication},
-    {"qtPrinterInfo", qtPrinterInfo, Needs::GuiApplication},
-    {"qtSystemEnvironment", qtSystemEnvironment, Needs::Nothing},
-    {"qtScreens", qtScreens, Needs::GuiApplication},
-    {"qtDesktop", qtDesktop, Needs::GuiApplication},
-    {"qtDesktopServices", qtDesktopServices, Needs::CoreApplication},
+/// Other sections need no application object.
+constexpr SectionNeeds applications[] = {
+    {"qtCoreApplication", Needs::CoreApplication},
+    {"qtDesktopServices", Needs::CoreApplication},
+    {"qtAccessibility", Needs::GuiApplication},
+    {"qtPrinterInfo", Needs::GuiApplication},
+    {"qtScreens", Needs::GuiApplication},
+    {"qtDesktop", Needs::GuiApplication},
 };
 
 const Section *findSection(const QByteArray &name)
 {
-    for (const Section &section : sections) {
+    for (const Section &section : SectionTable()) {
         if (name == section.name)
             return &section;
     }
     return nullptr;
+}
+
+Needs needsOf(const QByteArray &name)
+{
+    for (const SectionNeeds &row : applications) {
+        if (name == row.name)
+            return row.needs;
+    }
+    return Needs::Nothing;
 }
 
 std::unique_ptr<QCoreApplication> makeApplication(Needs needs, int &argc, char *argv[])
@@ -81,7 +85,7 @@ int main(int argc, char *argv[])
     const Section *section = argc > 1 ? findSection(argv[1]) : nullptr;
     if (!section)
         return WrongUsage;
-    const auto application = makeApplication(section->needs, argc, argv);
+    const auto application = makeApplication(needsOf(section->name), argc, argv);
     useHostLocale(); // after Qt, which takes that of the environment
     if (argc > 2)
         QGuiApplication::setDesktopFileName(QString::fromUtf8(argv[2]));
