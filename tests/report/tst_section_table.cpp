@@ -5,10 +5,10 @@
 #include "report/section_table.h"
 #include "simulated_windows.h"
 #include "test_main.h"
+#include "texts.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
-#include <QtCore/QRegularExpression>
 #include <QtCore/QSet>
 #include <algorithm>
 #include <windows.h>
@@ -48,6 +48,18 @@ QString rootName(HKEY root)
     if (root == HKEY_CLASSES_ROOT)
         return QStringLiteral("HKEY_CLASSES_ROOT");
     return root == HKEY_CURRENT_USER ? QStringLiteral("HKEY_CURRENT_USER") : QStringLiteral("HKEY_LOCAL_MACHINE");
+}
+
+/// Rows of a Markdown table: file, name and first line of each section.
+QByteArray sectionRows()
+{
+    QByteArray rows;
+    for (const Section &section : SectionTable()) {
+        const QByteArray firstLine = QByteArray(section.heading).split('\n').constFirst();
+        rows += QByteArray("| `") + section.name + "` | " + (firstLine.isEmpty() ? QByteArray("none") : '`' + firstLine + '`')
+            + " | `" + section.file + "` |\n";
+    }
+    return rows;
 }
 
 /// Whether \a read includes the key \a path, which begins with the name of its root.
@@ -107,22 +119,19 @@ void SectionTableTest::textsBeginWithTheirHeadings()
     }
 }
 
-// The table below "Names of the sections".
+// Run with UPDATE_DOCUMENTS=1 in the environment, the test writes the list.
 void SectionTableTest::documentsListTheSections()
 {
-    QFile document(QStringLiteral(PROJECT_DIR "/docs/report-format.md"));
-    QVERIFY(document.open(QIODevice::ReadOnly));
-    const QString list = QString::fromUtf8(document.readAll()).section(QStringLiteral("## Names of the sections"), 1);
-    QStringList listed;
-    QRegularExpression row(QStringLiteral("^\\| `([^`]+)` \\| (?:`([^`]*)`)?.*\\|$"), QRegularExpression::MultilineOption);
-    for (auto match = row.globalMatch(list); match.hasNext();) {
-        const auto found = match.next();
-        listed += found.captured(1) + QStringLiteral(": ") + found.captured(2);
-    }
-    QStringList expected;
-    for (const Section &section : SectionTable())
-        expected += text(section.name) + QStringLiteral(": ") + text(section.heading).section(QLatin1Char('\n'), 0, 0);
-    QCOMPARE(listed, expected);
+    QFile document(QStringLiteral(PROJECT_DIR "/docs/sections.md"));
+    QVERIFY(document.open(QIODevice::ReadWrite));
+    const QByteArray text = document.readAll();
+    const int list = text.indexOf("| `");
+    QVERIFY(list > 0);
+    const QByteArray expected = text.left(list) + sectionRows();
+    if (qEnvironmentVariableIsSet("UPDATE_DOCUMENTS"))
+        QVERIFY(document.resize(0) && document.seek(0) && document.write(expected) == expected.size());
+    else
+        COMPARE_TEXT(QString::fromUtf8(text), QString::fromUtf8(expected));
 }
 
 void SectionTableTest::readsCoverTheCalls_data()
