@@ -10,9 +10,6 @@
 /// A copy that shares no key with \a machine.
 machine::Machine copyOf(const machine::Machine &machine);
 
-/// Adds values and sub-keys of \a from to \a to.
-void copyKey(const machine::RegistryKey &from, machine::RegistryKey &to);
-
 /// The key of a full path, which begins with the name of its root.
 std::shared_ptr<machine::RegistryKey> keyAt(machine::Machine &machine, const QString &path);
 

@@ -1,5 +1,6 @@
 #include "fault_runs.h"
 
+#include "copy_key.h"
 #include "described_windows.h"
 
 namespace {
@@ -157,17 +158,6 @@ constexpr RegistryRoot roots[] = {RegistryRoot::ClassesRoot, RegistryRoot::Curre
                                   RegistryRoot::Users};
 
 } // namespace
-
-void copyKey(const machine::RegistryKey &from, machine::RegistryKey &to)
-{
-    to.setDenied(from.isDenied());
-    for (const machine::RegistryValue &value : from.values())
-        to.setValue(value);
-    for (std::size_t i = 0; i < from.subKeyCount(); ++i) {
-        const auto subKey = from.subKeyAt(i);
-        copyKey(*subKey, *to.createSubKey(subKey->name()));
-    }
-}
 
 machine::Machine copyOf(const machine::Machine &machine)
 {

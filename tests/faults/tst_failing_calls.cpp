@@ -2,6 +2,7 @@
 // then any two. Each time the text is what the format has for that, the calls are those
 // that the format makes then, and handles and memory are given back.
 
+#include "copy_key.h"
 #include "fault_runs.h"
 #include "test_main.h"
 #include "texts.h"

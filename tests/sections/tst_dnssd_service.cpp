@@ -1,9 +1,9 @@
 // The checks of both DNS-SD client libraries. On Windows they meet the libraries of
 // tests/dnssd_libraries.
 
-#include "poisoned_buffer.h"
 #include "section_rows.h"
 #include "vkSystemInfo.h"
+#include "wide_text.h"
 #include "win/dnssd_service.h"
 #include "win/windows_sections.h"
 

@@ -1,7 +1,7 @@
 // someEnvironmentVariables()
 
-#include "poisoned_buffer.h"
 #include "section_rows.h"
+#include "wide_text.h"
 #include "win/windows_sections.h"
 
 #ifdef SIMULATED_WINDOWS
@@ -36,13 +36,6 @@ QString linesWith(int index, const QString &line)
     return lines.join(QString());
 }
 
-Described machineOf(const Variables &variables)
-{
-    machine::Machine machine;
-    machine.system.environment = variables;
-    return machine;
-}
-
 Variables with(const char *name, const QString &value)
 {
     Variables variables = allVariables;
@@ -58,6 +51,13 @@ Variables without(const char *name)
 }
 
 #ifdef SIMULATED_WINDOWS
+
+Described machineOf(const Variables &variables)
+{
+    machine::Machine machine;
+    machine.system.environment = variables;
+    return machine;
+}
 
 void addText(const char *name, const Variables &variables, const QString &lines)
 {

@@ -34,44 +34,29 @@ const Value values[] = {
     {"CSDBuildNumber", "CSDBuildNumber:         ", "1130"},
 };
 
-QByteArray key()
-{
-    return machineKey("Software\\Microsoft\\Windows NT\\CurrentVersion");
-}
-
-QString line(const Value &value)
-{
-    return QString(value.label) + value.text + "\n";
-}
-
-/// Every value, the last of the report first.
-QByteArray fullKey()
-{
-    QByteArray registry;
-    for (const Value &value : values)
-        registry.prepend(textValue(value.name, value.text));
-    return key() + registry;
-}
-
-QStringList allLines()
-{
-    QStringList lines;
-    for (const Value &value : values)
-        lines += line(value);
-    return lines;
-}
+const char path[] = "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion";
 
 void addRow(const QByteArray &name, const QByteArray &registryValues, const QString &lines)
 {
-    rows.text(name, key() + registryValues, lines);
+    rows.text(name, QByteArray("[") + path + "]\n" + registryValues, lines);
 }
 
-void singleValueRows()
+void valueRows()
 {
+    QByteArray allValues; // the last of the report first
+    QStringList queries;
+    QStringList lines;
+    QStringList failureNames;
     for (const Value &value : values) {
-        addRow(value.name + QByteArray(" alone"), textValue(value.name, value.text), line(value));
+        const QString line = QString(value.label) + value.text + "\n";
+        addRow(value.name + QByteArray(" alone"), textValue(value.name, value.text), line);
         addRow(value.name + QByteArray(" empty: its label and blanks"), textValue(value.name, ""), value.label + QString("\n"));
+        allValues.prepend(textValue(value.name, value.text));
+        queries += value.name + QString(" 2048");
+        lines += line;
+        failureNames += value.name + QString(" cannot be read");
     }
+    rows.valuesOfKey(path, allValues, queries, lines, failureNames, KEY_READ | KEY_WOW64_64KEY);
 }
 
 void textRows()
@@ -155,36 +140,15 @@ void keysWithThe64BitView()
 
 #endif
 
-void callRows()
-{
-    const QString path = "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion";
-    const REGSAM access = KEY_READ | KEY_WOW64_64KEY;
-    QStringList queries;
-    QStringList names;
-    for (const Value &value : values) {
-        queries += value.name + QString(" 2048");
-        names += value.name + QString(" cannot be read");
-    }
-    rows.calls("calls of a full machine", fullKey(), keyCalls(path, queries, access));
-    rows.calls("calls without the key", "", openCall(path, access));
-    rows.failure("the key does not open", fullKey(), "RegOpenKeyExA", 0, "");
-    rows.failures(fullKey(), "RegQueryValueExA", 0, allLines(), names);
-    rows.failure("the key does not close: nothing shows", fullKey(), "RegCloseKey", 0, allLines().join(QString()));
-#ifdef SIMULATED_WINDOWS
-    SectionRows::row("keys of the report with the 64-bit view", keysWithThe64BitView);
-#endif
-}
-
 void addRows()
 {
-    rows.text("no key: the title alone", "", "");
-    rows.text("an empty key: the title alone", key(), "");
-    rows.text("everything, in the order of the report", fullKey(), allLines().join(QString()));
-    singleValueRows();
+    valueRows();
     textRows();
     bufferRows();
     sizeRows();
-    callRows();
+#ifdef SIMULATED_WINDOWS
+    SectionRows::row("keys of the report with the 64-bit view", keysWithThe64BitView);
+#endif
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // winSxSDirectoryEntries()
 
-#include "poisoned_buffer.h"
 #include "section_rows.h"
+#include "wide_text.h"
 #include "win/windows_sections.h"
 
 #ifdef SIMULATED_WINDOWS

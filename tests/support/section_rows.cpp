@@ -158,6 +158,21 @@ void SectionRows::failures(const Described &described, const QByteArray &call, i
     }
 }
 
+void SectionRows::valuesOfKey(const QString &path, const QByteArray &values, const QStringList &queries,
+                              const QStringList &lines, const QStringList &failureNames, REGSAM access) const
+{
+    const QByteArray key = '[' + path.toLatin1() + "]\n";
+    const Described full = key + values;
+    text(QStringLiteral("no key: the title alone"), "", {});
+    text(QStringLiteral("an empty key: the title alone"), key, {});
+    text(QStringLiteral("everything, in the order of the report"), full, lines.join(QString()));
+    calls(QStringLiteral("calls of a full machine"), full, keyCalls(path, queries, access));
+    calls(QStringLiteral("calls without the key"), "", openCall(path, access));
+    failure(QStringLiteral("the key does not open"), full, "RegOpenKeyExA", 0, {});
+    failures(full, "RegQueryValueExA", 0, lines, failureNames);
+    failure(QStringLiteral("the key does not close: nothing shows"), full, "RegCloseKey", 0, lines.join(QString()));
+}
+
 QString openCall(const QString &key, REGSAM access)
 {
     return QStringLiteral("RegOpenKeyExA %1 0x%2\n").arg(key).arg(access, 0, 16);

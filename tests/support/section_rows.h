@@ -59,6 +59,11 @@ public:
     /// each other, from \a first on; \a names are those of the rows, where not their number.
     void failures(const Described &described, const QByteArray &call, int first, const QStringList &lines,
                   const QStringList &names = {}, const QString &before = {}, const QString &behind = {}) const;
+    /// What holds for a section that shows values of one key: texts with and without the
+    /// key, calls, and each call failing. \a values are in the description, \a queries as for
+    /// keyCalls(), and \a lines show them in the same order.
+    void valuesOfKey(const QString &path, const QByteArray &values, const QStringList &queries, const QStringList &lines,
+                     const QStringList &failureNames = {}, REGSAM access = KEY_READ) const;
     /// Each call fails in turn: the title stays, and every handle is closed.
     void anyFailure(const QString &name, const Described &described) const;
 
