@@ -1,4 +1,5 @@
 #include "grown_machine.h"
+#include "copy_key.h"
 
 #include <algorithm>
 
@@ -9,17 +10,6 @@ using machine::Machine;
 using machine::RegistryKey;
 using machine::RegistryRoot;
 using KeyPointer = std::shared_ptr<RegistryKey>;
-
-void copyKey(const RegistryKey &from, RegistryKey &to)
-{
-    to.setDenied(from.isDenied());
-    for (const machine::RegistryValue &value : from.values())
-        to.setValue(value);
-    for (std::size_t i = 0; i < from.subKeyCount(); ++i) {
-        const KeyPointer subKey = from.subKeyAt(i);
-        copyKey(*subKey, *to.createSubKey(subKey->name()));
-    }
-}
 
 std::vector<KeyPointer> subKeys(const RegistryKey &key)
 {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "contract.h"
+#include "wide_text.h"
 
 #ifdef SIMULATED_WINDOWS
 #  include "simulated_windows.h"

@@ -3,35 +3,15 @@
 #pragma once
 
 #include "described_windows.h"
+#include "open_key.h"
 #include "poisoned_buffer.h"
 
 #include <QtTest/QtTest>
 #include <windows.h>
 
-/// A key of the described registry, open for as long as it lives.
-class OpenKey
-{
-public:
-    explicit OpenKey(HKEY root, const char *path = "Software\\Contract")
-    {
-        m_status = RegOpenKeyExA(root, path, 0, KEY_READ, &m_key);
-    }
-    ~OpenKey()
-    {
-        if (m_status == LSTATUS(ERROR_SUCCESS))
-            RegCloseKey(m_key);
-    }
-    OpenKey(const OpenKey &) = delete;
-    OpenKey &operator=(const OpenKey &) = delete;
+/// The key of a description that most contract tests open, and its heading there.
+constexpr char contractPath[] = "Software\\Contract";
 
-    HKEY handle() const { return m_key; }
-
-private:
-    HKEY m_key = nullptr;
-    LSTATUS m_status;
-};
-
-/// The heading of the key that OpenKey opens, for a description.
 inline QByteArray contractKey()
 {
     return QByteArrayLiteral("[HKEY_LOCAL_MACHINE\\Software\\Contract]\n");

@@ -126,7 +126,7 @@ void ContractRegistryEnumerationTest::subKeyNames()
     QFETCH(DWORD, room);
     QFETCH(QString, expected);
     const DescribedWindows windows(threeKeys());
-    const OpenKey key(HKEY_LOCAL_MACHINE);
+    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
     PoisonedBuffer name(room * unitSize(form));
     DWORD size = room;
     const LSTATUS status = enumKeyEx(form, key.handle(), index, name, &size);
@@ -160,7 +160,7 @@ void ContractRegistryEnumerationTest::subKeyNamesWithoutSize()
     QFETCH(DWORD, room);
     QFETCH(QString, expected);
     const DescribedWindows windows(threeKeys());
-    const OpenKey key(HKEY_LOCAL_MACHINE);
+    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
     PoisonedBuffer name(room * unitSize(form));
     const LSTATUS status = enumKey(form, key.handle(), index, name, room);
     QCOMPARE(QStringLiteral("%1: %2").arg(status).arg(name.written()), expected);
@@ -194,7 +194,7 @@ void ContractRegistryEnumerationTest::orderOfSubKeys()
     QFETCH(QStringList, expected);
     QFETCH(QByteArray, wineDeviation);
     const DescribedWindows windows(subKeys(given));
-    const OpenKey key(HKEY_LOCAL_MACHINE);
+    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
     const QStringList actual
         = names([&](DWORD index, PoisonedBuffer &name) { return enumKey(Wide, key.handle(), index, name, 64); });
     WINE_DEVIATES(wineDeviation);
@@ -246,7 +246,7 @@ void ContractRegistryEnumerationTest::values()
     QFETCH(QString, expected);
     QFETCH(QByteArray, wineDeviation);
     const DescribedWindows windows(threeValues());
-    const OpenKey key(HKEY_LOCAL_MACHINE);
+    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
     PoisonedBuffer name(nameRoom * unitSize(form));
     PoisonedBuffer data(room);
     DWORD nameSize = nameRoom;
@@ -278,7 +278,7 @@ void ContractRegistryEnumerationTest::valuesWithoutData()
     QFETCH(Form, form);
     QFETCH(DWORD, size);
     const DescribedWindows windows(threeValues());
-    const OpenKey key(HKEY_LOCAL_MACHINE);
+    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
     PoisonedBuffer name(64);
     DWORD nameSize = 32;
     DWORD actual = poison;
@@ -315,7 +315,7 @@ void ContractRegistryEnumerationTest::orderOfValues()
     QFETCH(QStringList, expected);
     QFETCH(QByteArray, wineDeviation);
     const DescribedWindows windows(contractKey() + given);
-    const OpenKey key(HKEY_LOCAL_MACHINE);
+    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
     const QStringList actual = names([&](DWORD index, PoisonedBuffer &name) {
         DWORD size = 64;
         return enumValue(Wide, key.handle(), index, name, &size, nullptr, nullptr, nullptr);
@@ -335,7 +335,7 @@ void ContractRegistryEnumerationTest::invalidCalls()
 {
     QFETCH(Form, form);
     const DescribedWindows windows(threeValues());
-    const OpenKey key(HKEY_LOCAL_MACHINE);
+    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
     PoisonedBuffer name(64);
     PoisonedBuffer data(16);
     DWORD nameSize = 32;

@@ -42,7 +42,7 @@ LSTATUS query(Form form, HKEY key, const QString &name, LPDWORD type, LPBYTE dat
 QString answer(Form form, const QByteArray &definition, DWORD room)
 {
     const DescribedWindows windows(contractKey() + "\"Value\"=" + definition + '\n');
-    const OpenKey key(HKEY_LOCAL_MACHINE);
+    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
     PoisonedBuffer buffer(room);
     DWORD size = room;
     const LSTATUS status = query(form, key.handle(), QStringLiteral("Value"), nullptr, buffer.bytes(), &size);
@@ -187,7 +187,7 @@ void ContractRegistryValuesTest::typesAreAnsweredAsTheyAre()
     QFETCH(DWORD, room);
     QFETCH(DWORD, expected);
     const DescribedWindows windows(contractKey() + "\"Value\"=" + definition + '\n');
-    const OpenKey key(HKEY_LOCAL_MACHINE);
+    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
     for (const Form form : {Ansi, Wide}) {
         PoisonedBuffer buffer(room);
         DWORD size = room;
@@ -215,7 +215,7 @@ void ContractRegistryValuesTest::sizeAlone()
     QFETCH(DWORD, narrow);
     QFETCH(DWORD, wide);
     const DescribedWindows windows(contractKey() + "\"Value\"=" + definition + '\n');
-    const OpenKey key(HKEY_LOCAL_MACHINE);
+    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
     for (const Form form : {Ansi, Wide}) {
         DWORD size = poison;
         QCOMPARE(query(form, key.handle(), QStringLiteral("Value"), nullptr, nullptr, &size), LSTATUS(ERROR_SUCCESS));
@@ -248,7 +248,7 @@ void ContractRegistryValuesTest::names()
     const DescribedWindows windows(contractKey()
                                    + "\"Value\"=dword:1\n@=dword:2\n\"a\\\\b\"=dword:3\n\"Gr\u00f6\u00dfe\"=dword:4\n"
                                      "[HKEY_LOCAL_MACHINE\\Software\\Contract\\Sub]\n");
-    const OpenKey key(HKEY_LOCAL_MACHINE);
+    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
     for (const Form form : {Ansi, Wide}) {
         DWORD actual = poison;
         DWORD size = sizeof actual;
@@ -268,7 +268,7 @@ void ContractRegistryValuesTest::missingValue()
 {
     QFETCH(Form, form);
     const DescribedWindows windows(contractKey());
-    const OpenKey key(HKEY_LOCAL_MACHINE);
+    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
     PoisonedBuffer buffer(16);
     DWORD size = 16;
     QCOMPARE(query(form, key.handle(), QStringLiteral("Missing"), nullptr, buffer.bytes(), &size),
@@ -286,7 +286,7 @@ void ContractRegistryValuesTest::missingValueWithoutBuffer()
 {
     QFETCH(Form, form);
     const DescribedWindows windows(contractKey());
-    const OpenKey key(HKEY_LOCAL_MACHINE);
+    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
     DWORD size = poison;
     QCOMPARE(query(form, key.handle(), QStringLiteral("Missing"), nullptr, nullptr, &size),
              LSTATUS(ERROR_FILE_NOT_FOUND));
@@ -302,7 +302,7 @@ void ContractRegistryValuesTest::invalidCalls()
 {
     QFETCH(Form, form);
     const DescribedWindows windows(contractKey() + "\"Value\"=\"A\"\n");
-    const OpenKey key(HKEY_LOCAL_MACHINE);
+    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
     const QString name = QStringLiteral("Value");
     PoisonedBuffer buffer(16);
     DWORD size = 16;

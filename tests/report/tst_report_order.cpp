@@ -6,10 +6,6 @@
 #include "vkSystemInfo.h"
 #include "win/windows_sections.h"
 
-#ifdef SIMULATED_WINDOWS
-#  include "unterminated_texts.h"
-#endif
-
 #include <QtCore/QFile>
 #include <QtCore/QRegularExpression>
 
@@ -27,12 +23,6 @@ private Q_SLOTS:
 #ifdef SIMULATED_WINDOWS
     void windowsHalfOfAnEmptyMachine();
     void separatorsOfTheWindowsHalf();
-    void userName_data();
-    void userName();
-    void userNameWithoutTerminator_data();
-    void userNameWithoutTerminator();
-    void registryQuota_data();
-    void registryQuota();
     void refCountLine_data();
     void refCountLine();
     void loadedModules_data();
@@ -126,66 +116,6 @@ void ReportOrderTest::separatorsOfTheWindowsHalf()
     const QString text = WinSysInfo::allWinInfos();
     QCOMPARE(text.count(QLatin1String(rule)), 23);
     QVERIFY(text.endsWith(QLatin1String(rule)));
-}
-
-void ReportOrderTest::userName_data()
-{
-    QTest::addColumn<QByteArray>("system");
-    QTest::addColumn<QString>("expected");
-    const auto named = [](const QByteArray &name) { return QByteArray("{\"GetUserName\": \"" + name + "\"}"); };
-    const QString label = QStringLiteral("User name:                    ");
-    QTest::newRow("a name") << named("jl") << label + "jl\n";
-    QTest::newRow("an empty name keeps the label") << named("") << label + "\n";
-    QTest::newRow("255 characters fit") << named(QByteArray(255, 'u')) << label + QString(255, 'u') + "\n";
-    QTest::newRow("256 characters: no line") << named(QByteArray(256, 'u')) << QString();
-    QTest::newRow("a failing call: no line") << QByteArray("{\"GetUserName\": {\"error\": 5}}") << QString();
-    QTest::newRow("a placeholder stays") << named("%1 %2") << label + "%1 %2\n";
-}
-
-void ReportOrderTest::userName()
-{
-    QFETCH(QByteArray, system);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(QByteArray(), system);
-    COMPARE_TEXT(WinSysInfo::userName(), expected);
-}
-
-void ReportOrderTest::userNameWithoutTerminator_data()
-{
-    QTest::addColumn<QByteArray>("name");
-    QTest::newRow("all units are the name's") << QByteArray("jl");
-    QTest::newRow("no unit at all") << QByteArray();
-    QTest::newRow("256 units fill the buffer") << QByteArray(256, 'u');
-}
-
-void ReportOrderTest::userNameWithoutTerminator()
-{
-    QFETCH(QByteArray, name);
-    const DescribedWindows windows(QByteArray(), "{\"GetUserName\": \"" + name + "\"}");
-    const simulated::UnterminatedTexts unterminated;
-    COMPARE_TEXT(WinSysInfo::userName(), "User name:                    " + QString::fromLatin1(name) + "\n");
-}
-
-void ReportOrderTest::registryQuota_data()
-{
-    QTest::addColumn<QByteArray>("system");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("used comes first")
-        << QByteArray("{\"GetSystemRegistryQuota\": {\"allowed\": 200, \"used\": 100}}")
-        << "Registry quota:\nUsed [bytes]:           100\nAllowed [bytes]:        200\n";
-    QTest::newRow("unsigned 32-bit numbers")
-        << QByteArray("{\"GetSystemRegistryQuota\": {\"allowed\": 4294967295, \"used\": 2147483648}}")
-        << "Registry quota:\nUsed [bytes]:           2147483648\nAllowed [bytes]:        4294967295\n";
-    QTest::newRow("a failing call: the heading alone")
-        << QByteArray("{\"GetSystemRegistryQuota\": {\"error\": 5}}") << "Registry quota:\n";
-}
-
-void ReportOrderTest::registryQuota()
-{
-    QFETCH(QByteArray, system);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(QByteArray(), system);
-    COMPARE_TEXT(WinSysInfo::registryQuota(), expected);
 }
 
 void ReportOrderTest::refCountLine_data()

@@ -1,47 +1,19 @@
-// biosInfoFromRegistry(): texts and calls.
+// biosInfoFromRegistry()
 
-#include "described_windows.h"
-#include "registry_values.h"
-#include "test_main.h"
-#include "texts.h"
+#include "section_rows.h"
 #include "win/windows_sections.h"
-
-#ifdef SIMULATED_WINDOWS
-#  include "journal_lines.h"
-#  include <windows.h>
-#endif
 
 using namespace velkor::SystemInfo::WinSysInfo;
 
-class BiosInfoTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void text_data();
-    void text();
-    void workstation();
-#ifdef SIMULATED_WINDOWS
-    void ansiText();
-    void callsOfAFullMachine();
-    void callsWithoutTheKey();
-    void failingCalls_data();
-    void failingCalls();
-#endif
-};
-
 namespace {
 
-const QString title = "BIOS information from Registry\n";
+const SectionRows rows(biosInfoFromRegistry, "BIOS information from Registry\n");
 
-QByteArray key()
-{
-    return machineKey("Hardware\\Description\\System");
-}
+const char path[] = "HKEY_LOCAL_MACHINE\\Hardware\\Description\\System";
 
-QByteArray fullKey()
+QByteArray allValues()
 {
-    return key() + listValue("SystemBiosVersion", {"A", "B", "C"}) + textValue("SystemBIOSDate", "07/19/21")
+    return listValue("SystemBiosVersion", {"A", "B", "C"}) + textValue("SystemBIOSDate", "07/19/21")
         + listValue("VideoBiosVersion", {"V1", "V2"}) + textValue("VideoBIOSDate", "04/01/20");
 }
 
@@ -55,7 +27,7 @@ const QString videoDate = "VideoBIOSDate:         04/01/20\n";
 
 void addRow(const char *name, const QByteArray &values, const QString &lines)
 {
-    QTest::newRow(name) << key() + values << title + lines;
+    rows.text(name, QByteArray("[") + path + "]\n" + values, lines);
 }
 
 void listRows()
@@ -70,11 +42,11 @@ void listRows()
     addRow("first string of the video BIOS empty", listValue("VideoBiosVersion", {"", "A"}),
            "VideoBiosVersion:      \n");
     addRow("no string at all", listValue("SystemBiosVersion", {}), "SystemBiosVersion:     \n");
-    addRow("data of zero bytes: the label and a line break", hexValue("SystemBiosVersion", 7, ""),
+    addRow("data of zero bytes: the label and a line break", hexValue("SystemBiosVersion", REG_MULTI_SZ, ""),
            "SystemBiosVersion:     \n");
     addRow("an empty string inside cuts the list short", listValue("SystemBiosVersion", {"A", "", "C"}),
            "SystemBiosVersion:     A\n");
-    addRow("a list without its last terminators", hexValue("SystemBiosVersion", 7, utf16Data(QString("A") + QChar() + "B")),
+    addRow("a list without its last terminators", hexValue("SystemBiosVersion", REG_MULTI_SZ, utf16Data(QString("A") + QChar() + "B")),
            "SystemBiosVersion:     A\n                       B\n");
     addRow("a list stored as binary data without terminator", binaryValue("SystemBiosVersion", QByteArray("A\0B", 3)),
            "SystemBiosVersion:     A\n                       B\n");
@@ -121,7 +93,7 @@ void sizeRows()
            binaryValue("SystemBiosVersion", longest + 'x') + textValue("VideoBIOSDate", "04/01/20"), videoDate);
 }
 
-// One buffer for all values, never cleared.
+// Quirk: one buffer for all values, never cleared.
 void bufferRows()
 {
     addRow("a date without terminator ends where the list before it does",
@@ -131,10 +103,10 @@ void bufferRows()
            textValue("SystemBIOSDate", "07/19/21") + binaryValue("VideoBiosVersion", "X"),
            systemDate + "VideoBiosVersion:      X7/19/21\n");
     addRow("a list of zero bytes does not look at the buffer",
-           textValue("SystemBIOSDate", "07/19/21") + hexValue("VideoBiosVersion", 7, ""),
+           textValue("SystemBIOSDate", "07/19/21") + hexValue("VideoBiosVersion", REG_MULTI_SZ, ""),
            systemDate + "VideoBiosVersion:      \n");
     addRow("a date of zero bytes shows the text before it",
-           listValue("VideoBiosVersion", {"V1", "V2"}) + hexValue("VideoBIOSDate", 1, ""),
+           listValue("VideoBiosVersion", {"V1", "V2"}) + hexValue("VideoBIOSDate", REG_SZ, ""),
            videoVersion + "VideoBIOSDate:         V1\n");
     addRow("a value too long for the buffer leaves it as it was",
            textValue("SystemBIOSDate", "07/19/21") + binaryValue("VideoBiosVersion", QByteArray(2049, 'x'))
@@ -142,98 +114,23 @@ void bufferRows()
            systemDate + "VideoBIOSDate:         04/19/21\n");
 }
 
-} // namespace
-
-void BiosInfoTest::text_data()
+void addRows()
 {
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("no key: the title alone") << QByteArray() << title;
-    QTest::newRow("an empty key: the title alone") << key() << title;
-    QTest::newRow("everything") << fullKey() << title + systemVersion + systemDate + videoVersion + videoDate;
+    rows.valuesOfKey(path, allValues(),
+                     {"SystemBiosVersion 2048", "SystemBIOSDate 2048", "VideoBiosVersion 2048", "VideoBIOSDate 2048"},
+                     {systemVersion, systemDate, videoVersion, videoDate},
+                     {"the version cannot be read", "the date cannot be read", "the video version cannot be read",
+                      "the video date cannot be read"});
+    rows.workstation("bios_info.txt");
     listRows();
     valueRows();
     sizeRows();
     bufferRows();
+    if (windowsIsSimulated) // elsewhere the system's own ANSI code page decides
+        addRow("a character of the ANSI code page", textValue("SystemBIOSDate", QString("M") + QChar(0xe4) + "rz"),
+               QString("SystemBIOSDate:        M") + QChar(0xfffd) + "rz\n");
 }
 
-void BiosInfoTest::text()
-{
-    QFETCH(QByteArray, registry);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(registry);
-    COMPARE_TEXT(biosInfoFromRegistry(), expected);
-}
+} // namespace
 
-void BiosInfoTest::workstation()
-{
-    const DescribedWindows windows(DescribedWindows::load("workstation"));
-    COMPARE_TEXT(biosInfoFromRegistry(),
-                 title + "SystemBiosVersion:     FUJ    - 1072009\n"
-                         "                       V5.0.0.12 R1.31.0 for D3601-A1x\n"
-                         "                       FUJITSU // American Megatrends Inc. - 5000C\n"
-                         "SystemBIOSDate:        07/19/21\n"
-                         "VideoBiosVersion:      Hardware Version 0.0\n"
-                         "                       VER015.050.002.001.000000\n");
-}
-
-#ifdef SIMULATED_WINDOWS
-
-// What a text becomes on its way depends on the machine's ANSI code page.
-void BiosInfoTest::ansiText()
-{
-    const DescribedWindows windows(key() + textValue("SystemBIOSDate", QString("M") + QChar(0xe4) + "rz"));
-    COMPARE_TEXT(biosInfoFromRegistry(), title + "SystemBIOSDate:        M" + QChar(0xfffd) + "rz\n");
-}
-
-void BiosInfoTest::callsOfAFullMachine()
-{
-    const DescribedWindows windows(fullKey());
-    biosInfoFromRegistry();
-    QCOMPARE(
-        journalLines(),
-        QStringList({"RegOpenKeyExA HKEY_LOCAL_MACHINE\\Hardware\\Description\\System 0x20019",
-                     "RegQueryValueExA SystemBiosVersion 2048", "RegQueryValueExA SystemBIOSDate 2048",
-                     "RegQueryValueExA VideoBiosVersion 2048", "RegQueryValueExA VideoBIOSDate 2048", "RegCloseKey"}));
-    QCOMPARE(simulated::openHandles(), QStringList());
-    QCOMPARE(simulated::handleMisuses(), QStringList());
-}
-
-void BiosInfoTest::callsWithoutTheKey()
-{
-    const DescribedWindows windows("");
-    biosInfoFromRegistry();
-    QCOMPARE(journalLines(), QStringList("RegOpenKeyExA HKEY_LOCAL_MACHINE\\Hardware\\Description\\System 0x20019"));
-}
-
-void BiosInfoTest::failingCalls_data()
-{
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("expected");
-    const QByteArray query("RegQueryValueExA");
-    QTest::newRow("the key does not open") << QByteArray("RegOpenKeyExA") << 0 << title;
-    QTest::newRow("the version cannot be read") << query << 0 << title + systemDate + videoVersion + videoDate;
-    QTest::newRow("the date cannot be read") << query << 1 << title + systemVersion + videoVersion + videoDate;
-    QTest::newRow("the video version cannot be read") << query << 2 << title + systemVersion + systemDate + videoDate;
-    QTest::newRow("the video date cannot be read") << query << 3 << title + systemVersion + systemDate + videoVersion;
-    QTest::newRow("the key does not close: nothing shows")
-        << QByteArray("RegCloseKey") << 0 << title + systemVersion + systemDate + videoVersion + videoDate;
-}
-
-void BiosInfoTest::failingCalls()
-{
-    QFETCH(QByteArray, call);
-    QFETCH(int, number);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(fullKey());
-    const simulated::Fault fault = simulated::Fault::nthCall(call, std::size_t(number), ERROR_ACCESS_DENIED);
-    COMPARE_TEXT(biosInfoFromRegistry(), expected);
-    QCOMPARE(fault.hits(), std::size_t(1));
-    QCOMPARE(simulated::openHandles(), QStringList());
-}
-
-#endif
-
-TEST_WITH_CORE_APPLICATION(BiosInfoTest);
-#include "tst_bios_info.moc"
+TEST_WITH_CORE_APPLICATION(SectionTest(addRows));

@@ -1,51 +1,19 @@
-// diskDevicesFromRegistry(): texts and calls.
+// diskDevicesFromRegistry()
 
-#include "described_windows.h"
-#include "registry_values.h"
-#include "section_calls.h"
-#include "test_main.h"
-#include "texts.h"
+#include "section_rows.h"
 #include "win/windows_sections.h"
-
-#include <windows.h>
 
 using namespace velkor::SystemInfo::WinSysInfo;
 
-class DiskDevicesTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void headings_data();
-    void headings();
-    void text_data();
-    void text();
-    void values_data();
-    void values();
-    void deniedKeys_data();
-    void deniedKeys();
-#ifdef SIMULATED_WINDOWS
-    void devicesThatCannotBeOpened();
-    void calls();
-    void failingCalls_data();
-    void failingCalls();
-    void anyFailingCall();
-#endif
-};
-
 namespace {
 
-const char title[] = ">>> Info about 'USBSTOR' disk devices from registry:\n";
+const SectionRows rows([] { return diskDevicesFromRegistry("USBSTOR"); },
+                       ">>> Info about 'USBSTOR' disk devices from registry:\n");
 
 /// A key below that of the enumerator; its values may follow.
 QByteArray usbKey(const QByteArray &path = QByteArray())
 {
     return machineKey("SYSTEM\\CurrentControlSet\\Enum\\USBSTOR" + path);
-}
-
-QString usbDevices()
-{
-    return diskDevicesFromRegistry(QStringLiteral("USBSTOR"));
 }
 
 QByteArray allValues()
@@ -55,83 +23,55 @@ QByteArray allValues()
         + textValue("DeviceDesc", "Disk drive") + textValue("Class", "DiskDrive");
 }
 
-const char allLines[] = "   Class:               DiskDrive\n"
-                        "   Device Description:  Disk drive\n"
-                        "   Friendly Name:       Acme Stick USB Device\n"
-                        "   LocationInformation: Bus 0\n"
-                        "   Hardware ID:         USBSTOR\\DiskAcme\n"
-                        "   Service:             disk\n";
+const QStringList allLines = {"   Class:               DiskDrive\n",
+                              "   Device Description:  Disk drive\n",
+                              "   Friendly Name:       Acme Stick USB Device\n",
+                              "   LocationInformation: Bus 0\n",
+                              "   Hardware ID:         USBSTOR\\DiskAcme\n",
+                              "   Service:             disk\n"};
 
-} // namespace
-
-void DiskDevicesTest::headings_data()
+void enumeratorRows()
 {
-    QTest::addColumn<QString>("enumerator");
-    QTest::addColumn<QString>("expected");
-    for (const char *name : {"FDC", "IDE", "SCSI"}) {
-        QTest::newRow((QByteArray(name) + " is missing: one heading without a listing").constData())
-            << QString(name) << ">>> Info about '" + QString(name) + "' disk devices from registry:\n";
-    }
-    QTest::newRow("an enumerator with a device")
-        << "USBSTOR"
-        << ">>> Info about 'USBSTOR' disk devices from registry:\nStick\n\n";
-    QTest::newRow("a placeholder in the enumerator's name stays")
-        << "%1"
-        << ">>> Info about '%1' disk devices from registry:\n";
-}
-
-void DiskDevicesTest::headings()
-{
-    QFETCH(QString, enumerator);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(usbKey("\\Stick"));
-    COMPARE_TEXT(diskDevicesFromRegistry(enumerator), expected);
-}
-
-void DiskDevicesTest::text_data()
-{
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QString>("lines");
-    const auto row = [](const char *what, const QByteArray &registry, const QString &lines) {
-        QTest::newRow(what) << registry << lines;
+    const auto row = [](const QString &name, const QString &enumerator, const QString &lines) {
+        const SectionRows rowsOfEnumerator([=] { return diskDevicesFromRegistry(enumerator); },
+                                           ">>> Info about '" + enumerator + "' disk devices from registry:\n");
+        rowsOfEnumerator.text(name, usbKey("\\Stick"), lines);
     };
-    row("no enumerator: the heading alone", "", "");
-    row("no device: the heading alone", usbKey(), "");
-    row("a device without instances: its name and one empty line", usbKey("\\Disk&Ven_Acme"), "Disk&Ven_Acme\n\n");
-    row("a stick with one instance: two empty lines behind its values", usbKey("\\Stick\\0001") + allValues(),
-        QStringLiteral("Stick\n") + allLines + "\n\n");
-    row("an instance without values: an empty line for it and one for the device", usbKey("\\Stick\\0001"),
-        "Stick\n\n\n");
-    row("two instances, in the order of their names, which are not shown",
-        usbKey("\\Stick\\0002") + textValue("Service", "second") + usbKey("\\Stick\\0001")
-            + textValue("Service", "first"),
-        "Stick\n   Service:             first\n\n   Service:             second\n\n\n");
-    row("two devices, in the order of their names",
-        usbKey("\\Stick B\\1") + textValue("Service", "b") + usbKey("\\Stick A\\1") + textValue("Service", "a"),
-        "Stick A\n   Service:             a\n\n\nStick B\n   Service:             b\n\n\n");
-    row("a device without instances before one with",
-        usbKey("\\A") + usbKey("\\B\\1") + textValue("Class", "c"), "A\n\nB\n   Class:               c\n\n\n");
-    row("values of the device itself and of keys below an instance are not read",
-        usbKey("\\Stick") + allValues() + usbKey("\\Stick\\1\\Device Parameters") + allValues(), "Stick\n\n\n");
-    row("a placeholder in a name stays", usbKey("\\%1 %2\\1"), "%1 %2\n\n\n");
+    for (const char *name : {"FDC", "IDE", "SCSI"})
+        row(name + QString(" is missing: one heading without a listing"), name, "");
+    row("an enumerator with a device", "USBSTOR", "Stick\n\n");
+    row("a placeholder in the enumerator's name stays", "%1", "");
 }
 
-void DiskDevicesTest::text()
+void walkRows()
 {
-    QFETCH(QByteArray, registry);
-    QFETCH(QString, lines);
-    const DescribedWindows windows(registry);
-    COMPARE_TEXT(usbDevices(), title + lines);
+    rows.text("no enumerator: the heading alone", "", "");
+    rows.text("no device: the heading alone", usbKey(), "");
+    rows.text("a device without instances: its name and one empty line", usbKey("\\Disk&Ven_Acme"), "Disk&Ven_Acme\n\n");
+    rows.text("a stick with one instance: two empty lines behind its values", usbKey("\\Stick\\0001") + allValues(),
+              "Stick\n" + allLines.join(QString()) + "\n\n");
+    rows.text("an instance without values: an empty line for it and one for the device", usbKey("\\Stick\\0001"),
+              "Stick\n\n\n");
+    rows.text("two instances, in the order of their names, which are not shown",
+              usbKey("\\Stick\\0002") + textValue("Service", "second") + usbKey("\\Stick\\0001")
+                  + textValue("Service", "first"),
+              "Stick\n   Service:             first\n\n   Service:             second\n\n\n");
+    rows.text("two devices, in the order of their names",
+              usbKey("\\Stick B\\1") + textValue("Service", "b") + usbKey("\\Stick A\\1") + textValue("Service", "a"),
+              "Stick A\n   Service:             a\n\n\nStick B\n   Service:             b\n\n\n");
+    rows.text("a device without instances before one with",
+              usbKey("\\A") + usbKey("\\B\\1") + textValue("Class", "c"), "A\n\nB\n   Class:               c\n\n\n");
+    rows.text("values of the device itself and of keys below an instance are not read",
+              usbKey("\\Stick") + allValues() + usbKey("\\Stick\\1\\Device Parameters") + allValues(), "Stick\n\n\n");
+    rows.text("a placeholder in a name stays", usbKey("\\%1 %2\\1"), "%1 %2\n\n\n");
 }
 
-void DiskDevicesTest::values_data()
+void valueRows()
 {
-    QTest::addColumn<QByteArray>("values");
-    QTest::addColumn<QString>("lines");
-    const auto row = [](const char *what, const QByteArray &values, const QString &lines) {
-        QTest::newRow(what) << values << lines;
+    const auto row = [](const char *name, const QByteArray &values, const QString &lines) {
+        rows.text(name, usbKey("\\Stick\\Instance") + values, "Stick\n" + lines + "\n\n");
     };
-    row("all, in the order of the table", allValues(), allLines);
+    row("all, in the order of the table", allValues(), allLines.join(QString()));
     row("the class alone", textValue("Class", "CDROM"), "   Class:               CDROM\n");
     row("the description alone", textValue("DeviceDesc", "@disk.inf,%disk%;Disk"),
         "   Device Description:  @disk.inf,%disk%;Disk\n");
@@ -162,21 +102,11 @@ void DiskDevicesTest::values_data()
         binaryValue("Class", QByteArray(2049, 'x')) + textValue("Service", "disk"), "   Service:             disk\n");
 }
 
-void DiskDevicesTest::values()
+void deniedRows()
 {
-    QFETCH(QByteArray, values);
-    QFETCH(QString, lines);
-    const DescribedWindows windows(usbKey("\\Stick\\Instance") + values);
-    COMPARE_TEXT(usbDevices(), title + QStringLiteral("Stick\n") + lines + "\n\n");
-}
-
-void DiskDevicesTest::deniedKeys_data()
-{
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QByteArrayList>("denied"); // below the key of the enumerator
-    QTest::addColumn<QString>("lines");
-    const auto row = [](const char *what, const QByteArray &registry, const QByteArrayList &denied, const QString &lines) {
-        QTest::newRow(what) << registry << denied << lines;
+    const auto row = [](const char *name, const QByteArray &registry, const QByteArrayList &denied, const QString &lines) {
+        rows.text(name, {registry, deniedBelow("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Enum\\USBSTOR", denied)},
+                  lines);
     };
     const auto key = [](const QByteArray &path, const char *service) { return usbKey(path) + textValue("Service", service); };
     const auto instance = [](const char *service) { return QString("   Service:             ") + service + "\n\n"; };
@@ -193,76 +123,41 @@ void DiskDevicesTest::deniedKeys_data()
     row("the enumerator: the heading alone", devices, {""}, "");
 }
 
-void DiskDevicesTest::deniedKeys()
+void callRows()
 {
-    QFETCH(QByteArray, registry);
-    QFETCH(QByteArrayList, denied);
-    QFETCH(QString, lines);
-    const DescribedWindows windows(
-        registry, deniedBelow("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Enum\\USBSTOR", denied));
-    COMPARE_TEXT(usbDevices(), title + lines);
+    QString journal = R"(RegOpenKeyExA ... 0x20019
+RegEnumKeyExA ... "0" 2048
+RegOpenKeyExA ...\Stick 0x20019
+RegEnumKeyExA ...\Stick "0" 2048
+RegOpenKeyExA ...\Stick\1 0x20019
+RegQueryValueExA ...\Stick\1 "Class" 2048
+RegQueryValueExA ...\Stick\1 "DeviceDesc" 2048
+RegQueryValueExA ...\Stick\1 "FriendlyName" 2048
+RegQueryValueExA ...\Stick\1 "LocationInformation" 2048
+RegQueryValueExA ...\Stick\1 "HardwareID" 2048
+RegQueryValueExA ...\Stick\1 "Service" 2048
+RegCloseKey ...\Stick\1
+RegEnumKeyExA ...\Stick "1" 2048
+RegCloseKey ...\Stick
+RegEnumKeyExA ... "1" 2048
+RegCloseKey ...
+)";
+    rows.calls("calls", usbKey("\\Stick\\1") + allValues(),
+               journal.replace("...", "HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Enum\\USBSTOR"));
 }
 
-#ifdef SIMULATED_WINDOWS
-
-void DiskDevicesTest::devicesThatCannotBeOpened()
+void failureRows()
 {
-    // A name that is lost on the way: of the device, and of an instance.
-    const DescribedWindows windows(usbKey("\\Ger\xc3\xa4t\\1") + textValue("Class", "x") + usbKey("\\Stick\\\xc3\xa4")
-                                   + textValue("Class", "x"));
-    COMPARE_TEXT(usbDevices(), title + QString("Ger") + QChar(0xfffd) + "t\nStick\n\n");
-}
-
-void DiskDevicesTest::calls()
-{
-    const DescribedWindows windows(usbKey("\\Stick\\1") + allValues());
-    usbDevices();
-    COMPARE_TEXT(journalText(), R"(RegOpenKeyExA HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Enum\USBSTOR 0x20019
-RegEnumKeyExA HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Enum\USBSTOR "0" 2048
-RegOpenKeyExA HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Enum\USBSTOR\Stick 0x20019
-RegEnumKeyExA HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Enum\USBSTOR\Stick "0" 2048
-RegOpenKeyExA HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Enum\USBSTOR\Stick\1 0x20019
-RegQueryValueExA HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Enum\USBSTOR\Stick\1 "Class" 2048
-RegQueryValueExA HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Enum\USBSTOR\Stick\1 "DeviceDesc" 2048
-RegQueryValueExA HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Enum\USBSTOR\Stick\1 "FriendlyName" 2048
-RegQueryValueExA HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Enum\USBSTOR\Stick\1 "LocationInformation" 2048
-RegQueryValueExA HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Enum\USBSTOR\Stick\1 "HardwareID" 2048
-RegQueryValueExA HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Enum\USBSTOR\Stick\1 "Service" 2048
-RegCloseKey HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Enum\USBSTOR\Stick\1
-RegEnumKeyExA HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Enum\USBSTOR\Stick "1" 2048
-RegCloseKey HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Enum\USBSTOR\Stick
-RegEnumKeyExA HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Enum\USBSTOR "1" 2048
-RegCloseKey HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Enum\USBSTOR
-)");
-    QCOMPARE(handleProblems(), QString());
-}
-
-namespace {
-
-/// Two devices, the first of two instances.
-machine::Machine fullMachine()
-{
-    return DescribedWindows::parse(usbKey("\\A\\1") + allValues() + usbKey("\\A\\2") + textValue("Service", "two")
-                                       + usbKey("\\B\\1") + textValue("Service", "three"),
-                                   "{}");
-}
-
-const char secondInstance[] = "   Service:             two\n\n";
-const char secondDevice[] = "B\n   Service:             three\n\n\n";
-
-} // namespace
-
-void DiskDevicesTest::failingCalls_data()
-{
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("lines");
-    const auto row = [](const char *what, const char *call, int number, const QString &lines) {
-        QTest::newRow(what) << QByteArray(call) << number << lines;
+    // Two devices, the first of two instances.
+    const Described machine = usbKey("\\A\\1") + allValues() + usbKey("\\A\\2") + textValue("Service", "two") + usbKey("\\B\\1")
+        + textValue("Service", "three");
+    const auto row = [&](const char *name, const char *call, int number, const QString &lines) {
+        rows.failure(name, machine, call, number, lines);
     };
-    const QString firstInstance = QString(allLines) + '\n';
+    const QString secondInstance = "   Service:             two\n\n";
+    const QString secondDevice = "B\n   Service:             three\n\n\n";
+    const QString firstInstance = allLines.join(QString()) + '\n';
     const QString full = "A\n" + firstInstance + secondInstance + '\n' + secondDevice;
-    const auto withoutLine = [&](const char *line) { return QString(full).remove(QString(line) + '\n'); };
     row("the enumerator does not open: the heading alone", "RegOpenKeyExA", 0, "");
     row("a device does not open: its name, then the next one", "RegOpenKeyExA", 1, QString("A\n") + secondDevice);
     row("an instance does not open: nothing for it", "RegOpenKeyExA", 2,
@@ -273,30 +168,28 @@ void DiskDevicesTest::failingCalls_data()
         "A\n" + firstInstance + '\n' + secondDevice);
     row("the walk over devices fails behind the first", "RegEnumKeyExA", 4,
         "A\n" + firstInstance + secondInstance + '\n');
-    row("no class", "RegQueryValueExA", 0, withoutLine("   Class:               DiskDrive"));
-    row("no description", "RegQueryValueExA", 1, withoutLine("   Device Description:  Disk drive"));
-    row("no friendly name", "RegQueryValueExA", 2, withoutLine("   Friendly Name:       Acme Stick USB Device"));
-    row("no location", "RegQueryValueExA", 3, withoutLine("   LocationInformation: Bus 0"));
-    row("no hardware ID", "RegQueryValueExA", 4, withoutLine("   Hardware ID:         USBSTOR\\DiskAcme"));
-    row("no service", "RegQueryValueExA", 5, withoutLine("   Service:             disk"));
+    rows.failures(machine, "RegQueryValueExA", 0, allLines,
+                  {"no class", "no description", "no friendly name", "no location", "no hardware ID", "no service"}, "A\n",
+                  '\n' + secondInstance + '\n' + secondDevice);
     row("an instance does not close: nothing shows", "RegCloseKey", 0, full);
     row("a device does not close: nothing shows", "RegCloseKey", 2, full);
+    rows.anyFailure("any call fails", machine);
 }
 
-void DiskDevicesTest::failingCalls()
+void addRows()
 {
-    QFETCH(QByteArray, call);
-    QFETCH(int, number);
-    QFETCH(QString, lines);
-    COMPARE_TEXT(textWithFailingCall(fullMachine(), call, number, usbDevices), title + lines);
+    enumeratorRows();
+    walkRows();
+    valueRows();
+    deniedRows();
+    if (windowsIsSimulated)
+        rows.text("a device and an instance whose names the code page lacks do not open",
+                  usbKey("\\Ger\xc3\xa4t\\1") + textValue("Class", "x") + usbKey("\\Stick\\\xc3\xa4") + textValue("Class", "x"),
+                  QString("Ger") + QChar(0xfffd) + "t\nStick\n\n");
+    callRows();
+    failureRows();
 }
 
-void DiskDevicesTest::anyFailingCall()
-{
-    QCOMPARE(problemOfAnyFailingCall(fullMachine(), title, usbDevices), QString());
-}
+} // namespace
 
-#endif
-
-TEST_WITH_CORE_APPLICATION(DiskDevicesTest);
-#include "tst_disk_devices.moc"
+TEST_WITH_CORE_APPLICATION(SectionTest(addRows));

@@ -1,57 +1,14 @@
-// diskInformation(): texts and calls.
+// diskInformation()
 
-#include "described_windows.h"
-#include "section_calls.h"
-#include "test_main.h"
-#include "texts.h"
+#include "section_rows.h"
 #include "win/windows_sections.h"
 
-#include <windows.h>
-
 using namespace velkor::SystemInfo::WinSysInfo;
-
-class DiskInformationTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void errorModeIsTheDefault();
-#ifdef SIMULATED_WINDOWS
-    void drives_data();
-    void drives();
-    void fields_data();
-    void fields();
-    void calls();
-    void callsWithoutDrives();
-    void failingCalls_data();
-    void failingCalls();
-    void anyFailingCall();
-#else
-    void drivesOfThisSystem();
-#endif
-};
 
 namespace {
 
 const char title[] = "Disk information: \n";
-
-} // namespace
-
-void DiskInformationTest::errorModeIsTheDefault()
-{
-    SetErrorMode(2);
-    diskInformation();
-    QCOMPARE(SetErrorMode(0), 0u); // what it was: not the 2
-}
-
-#ifdef SIMULATED_WINDOWS
-
-namespace {
-
-machine::Machine machineOf(const QByteArray &systemFile)
-{
-    return DescribedWindows::parse("", systemFile);
-}
+const SectionRows rows(diskInformation, title);
 
 const char fullSystem[] = R"({
     "GetLogicalDrives": 13,
@@ -74,14 +31,10 @@ const char driveA[] = "A:\\ removable media      \n";
 const char driveC[] = "C:\\ fixed drive          NTFS  Windows  Free: 1.4 GByte Total: 256.0 GByte \n";
 const char driveD[] = "D:\\ CD/DVD drive         UDF  DVD  Free: 0 Byte Total: 1.5 KByte \n";
 
-} // namespace
-
-void DiskInformationTest::drives_data()
+void driveRows()
 {
-    QTest::addColumn<QByteArray>("system");
-    QTest::addColumn<QString>("lines");
-    const auto row = [](const char *what, const QByteArray &system, const QString &lines) {
-        QTest::newRow(what) << system << lines;
+    const auto row = [](const char *name, const QByteArray &system, const QString &lines) {
+        rows.text(name, {"", system}, lines);
     };
     row("A, C and D: three lines in the order of letters", fullSystem, QString(driveA) + driveC + driveD);
     row("nothing known: the failure, without a line end", "{}", "Failed GetLogicalDrives(), error = 0");
@@ -96,20 +49,11 @@ void DiskInformationTest::drives_data()
     row("drives without a bit are not shown", R"({"GetLogicalDrives": 4, "drives": {"D:\\": {"GetDriveType": 3}}})", "C:\\ \n");
 }
 
-void DiskInformationTest::drives()
+void fieldRows()
 {
-    QFETCH(QByteArray, system);
-    QFETCH(QString, lines);
-    const DescribedWindows windows(machineOf(system));
-    COMPARE_TEXT(diskInformation(), title + lines);
-}
-
-void DiskInformationTest::fields_data()
-{
-    QTest::addColumn<QByteArray>("drive");
-    QTest::addColumn<QString>("text"); // behind root and blank
-    const auto row
-        = [](const char *what, const QByteArray &drive, const QString &text) { QTest::newRow(what) << drive << text; };
+    const auto row = [](const char *name, const QByteArray &drive, const QString &text) {
+        rows.text(name, {"", R"({"GetLogicalDrives": 8, "drives": {"D:\\": {)" + drive + "}}}"}, "D:\\ " + text + '\n');
+    };
     const QByteArray volume(R"("GetVolumeInformation": {"volumeName": "Data", "fileSystemName": "FAT32"})");
     const QByteArray space(R"("GetDiskFreeSpaceEx": {"freeBytesAvailableToCaller": 1048576, "totalNumberOfBytes": 2097152})");
     row("type 0: the volume directly behind the blank", R"("GetDriveType": 0, )" + volume, "FAT32  Data  ");
@@ -141,48 +85,28 @@ void DiskInformationTest::fields_data()
         "Free: 0 Byte Total: 0 Byte ");
 }
 
-void DiskInformationTest::fields()
+void callRows()
 {
-    QFETCH(QByteArray, drive);
-    QFETCH(QString, text);
-    const DescribedWindows windows(machineOf(R"({"GetLogicalDrives": 8, "drives": {"D:\\": {)" + drive + "}}}"));
-    COMPARE_TEXT(diskInformation(), title + QStringLiteral("D:\\ ") + text + '\n');
-}
-
-void DiskInformationTest::calls()
-{
-    const DescribedWindows windows(machineOf(fullSystem));
-    diskInformation();
-    COMPARE_TEXT(journalText().remove(QRegularExpression("wsprintfW.*\n", QRegularExpression::InvertedGreedinessOption)),
-                 R"(SetErrorMode "1"
+    const Described full {"", fullSystem};
+    rows.calls("calls", full, R"(SetErrorMode "1"
 GetLogicalDrives
+wsprintfW "A:\"
 GetDriveTypeW A:\
 GetVolumeInformationW A:\ "260" 260
 GetDiskFreeSpaceExW A:\
+wsprintfW "C:\"
 GetDriveTypeW C:\
 GetVolumeInformationW C:\ "260" 260
 GetDiskFreeSpaceExW C:\
+wsprintfW "D:\"
 GetDriveTypeW D:\
 GetVolumeInformationW D:\ "260" 260
 GetDiskFreeSpaceExW D:\
 SetErrorMode "0"
 )");
-}
-
-void DiskInformationTest::callsWithoutDrives()
-{
-    const DescribedWindows windows(machineOf("{}"));
-    diskInformation();
-    COMPARE_TEXT(journalText(), QStringLiteral("SetErrorMode \"1\"\nGetLogicalDrives\nSetErrorMode \"0\"\n"));
-}
-
-void DiskInformationTest::failingCalls_data()
-{
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("lines");
-    const auto row = [](const char *what, const char *call, int number, const QString &lines) {
-        QTest::newRow(what) << QByteArray(call) << number << lines;
+    rows.calls("calls without drives", "", "SetErrorMode \"1\"\nGetLogicalDrives\nSetErrorMode \"0\"\n");
+    const auto row = [&](const char *name, const char *call, int number, const QString &lines) {
+        rows.failure(name, full, call, number, lines);
     };
     row("the drives: the failure alone", "GetLogicalDrives", 0, "Failed GetLogicalDrives(), error = 5");
     row("a drive's type", "GetDriveTypeW", 1,
@@ -193,24 +117,17 @@ void DiskInformationTest::failingCalls_data()
         QString(driveA) + driveC + "D:\\ CD/DVD drive         Free: 0 Byte Total: 1.5 KByte \n");
     row("a drive's space", "GetDiskFreeSpaceExW", 1,
         QString(driveA) + "C:\\ fixed drive          NTFS  Windows  \n" + driveD);
+    rows.anyFailure("any call fails", full);
 }
 
-void DiskInformationTest::failingCalls()
+void errorModeIsTheDefault()
 {
-    QFETCH(QByteArray, call);
-    QFETCH(int, number);
-    QFETCH(QString, lines);
-    COMPARE_TEXT(textWithFailingCall(machineOf(fullSystem), call, number, diskInformation), title + lines);
+    SetErrorMode(SEM_NOGPFAULTERRORBOX);
+    diskInformation();
+    QCOMPARE(SetErrorMode(0), 0u); // the mode before
 }
 
-void DiskInformationTest::anyFailingCall()
-{
-    QCOMPARE(problemOfAnyFailingCall(machineOf(fullSystem), title, diskInformation), QString());
-}
-
-#else
-
-void DiskInformationTest::drivesOfThisSystem()
+void drivesOfThisSystem()
 {
     QStringList roots;
     for (const QString &line : diskInformation().mid(QLatin1String(title).size()).split('\n', Qt::SkipEmptyParts))
@@ -225,7 +142,16 @@ void DiskInformationTest::drivesOfThisSystem()
     QVERIFY(diskInformation().contains("\nC:\\ fixed drive          "));
 }
 
-#endif
+void addRows()
+{
+    SectionRows::row("the error mode is the default afterwards", errorModeIsTheDefault);
+    if (!windowsIsSimulated)
+        return SectionRows::row("drives of this system", drivesOfThisSystem);
+    driveRows();
+    fieldRows();
+    callRows();
+}
 
-TEST_WITH_CORE_APPLICATION(DiskInformationTest);
-#include "tst_disk_information.moc"
+} // namespace
+
+TEST_WITH_CORE_APPLICATION(SectionTest(addRows));

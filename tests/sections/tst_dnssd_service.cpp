@@ -1,42 +1,17 @@
-// The checks of both DNS-SD client libraries: results, texts and calls. On Windows they
-// meet the libraries of tests/dnssd_libraries.
+// The checks of both DNS-SD client libraries. On Windows they meet the libraries of
+// tests/dnssd_libraries.
 
-#include "described_windows.h"
-#include "section_calls.h"
-#include "test_main.h"
-#include "texts.h"
+#include "section_rows.h"
 #include "vkSystemInfo.h"
+#include "wide_text.h"
 #include "win/dnssd_service.h"
 #include "win/windows_sections.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QMap>
-#include <windows.h>
 
 using namespace velkor::SystemInfo::WinSysInfo;
-
-class DnssdServiceTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void checks_data();
-    void checks();
-    void statusOfBoth_data();
-    void statusOfBoth();
-    void formatting_data();
-    void formatting();
-#ifdef SIMULATED_WINDOWS
-    void versions_data();
-    void versions();
-    void nullLibrary();
-    void calls_data();
-    void calls();
-    void failingCalls_data();
-    void failingCalls();
-#endif
-};
 
 namespace {
 
@@ -44,31 +19,32 @@ constexpr int serviceNotRunning = -65563;
 
 #ifdef SIMULATED_WINDOWS
 
+Described described(const QString &state)
+{
+    const QByteArray standard(R"("dnssd.dll": {"DNSServiceGetProperty": {"error": 0, "DaemonVersion": 3210000}})");
+    const QByteArray velkor(R"("vkdnssd.dll": {"DNSServiceGetProperty": {"error": 0, "DaemonVersion": 1300005}})");
+    const auto both = [](const QByteArray &library) { return "\"dnssd.dll\": " + library + ", \"vkdnssd.dll\": " + library; };
+    const QMap<QString, QByteArray> libraries {
+        {"running", standard + ", " + velkor},
+        {"version_0", both(R"({"DNSServiceGetProperty": {"error": 0, "DaemonVersion": 0}})")},
+        {"stopped", both(R"({"DNSServiceGetProperty": {"error": -65563, "DaemonVersion": 3210000}})")},
+        {"failing", both(R"({"DNSServiceGetProperty": {"error": -65537, "DaemonVersion": 3210000}})")},
+        {"without_function", both("{}")},
+        {"standard_alone", standard},
+        {"velkor_alone", velkor},
+        {"missing", ""}};
+    return {"", "{\"libraries\": {" + libraries.value(state) + "}}"};
+}
+
 /// The libraries in a state, for as long as it lives.
 class Libraries
 {
 public:
-    explicit Libraries(const QString &state) : m_windows("", "{\"libraries\": {" + descriptions().value(state) + "}}") { }
+    explicit Libraries(const QString &state) : m_windows(described(state).machine) { }
 
     QString leftLoaded() const { return handleProblems(); }
 
 private:
-    static QMap<QString, QByteArray> descriptions()
-    {
-        const QByteArray standard(R"("dnssd.dll": {"DNSServiceGetProperty": {"error": 0, "DaemonVersion": 3210000}})");
-        const QByteArray velkor(R"("vkdnssd.dll": {"DNSServiceGetProperty": {"error": 0, "DaemonVersion": 1300005}})");
-        const auto both = [](const QByteArray &library) { return "\"dnssd.dll\": " + library + ", \"vkdnssd.dll\": "
-                                                              + library; };
-        return {{"running", standard + ", " + velkor},
-                {"version_0", both(R"({"DNSServiceGetProperty": {"error": 0, "DaemonVersion": 0}})")},
-                {"stopped", both(R"({"DNSServiceGetProperty": {"error": -65563, "DaemonVersion": 3210000}})")},
-                {"failing", both(R"({"DNSServiceGetProperty": {"error": -65537, "DaemonVersion": 3210000}})")},
-                {"without_function", both("{}")},
-                {"standard_alone", standard},
-                {"velkor_alone", velkor},
-                {"missing", ""}};
-    }
-
     const DescribedWindows m_windows;
 };
 
@@ -83,7 +59,8 @@ public:
                                                         + state);
         if (state != "missing" && !QDir(folder).exists())
             qFatal("no folder %s", qPrintable(folder));
-        SetDllDirectoryW(state == "missing" ? nullptr : reinterpret_cast<const wchar_t *>(folder.utf16()));
+        SetDllDirectoryW(state == "missing" ? nullptr : wide(folder));
+        ;
     }
     ~Libraries() { SetDllDirectoryW(nullptr); }
 
@@ -97,110 +74,78 @@ public:
 
 #endif
 
-} // namespace
+using Check = bool (*)(int &, QString &);
 
-void DnssdServiceTest::checks_data()
+/// What a check returns and stores.
+QString resultOf(Check check)
 {
-    QTest::addColumn<QString>("state");
-    QTest::addColumn<bool>("standard"); // else the maker's own library
-    QTest::addColumn<bool>("installed");
-    QTest::addColumn<int>("error");
-    QTest::addColumn<QString>("version");
-    const auto row = [](const char *what, const char *state, bool standard, bool installed, int error,
-                        const char *version) {
-        QTest::newRow(what) << QString(state) << standard << installed << error << QString(version);
+    int error = 4711;
+    QString version("as it was");
+    const bool installed = check(error, version);
+    return QString("%1, %2, %3").arg(installed ? "installed" : "not installed").arg(error).arg(version);
+}
+
+void checkRows()
+{
+    const auto row = [](const char *name, const char *state, bool standard, const QString &expected) {
+        SectionRows::row(name, [=] {
+            const Libraries libraries(state);
+            const Check check = standard ? checkStandardBonjour : checkVelkorBonjour;
+            for (int time = 0; time < 2; ++time) {
+                QCOMPARE(resultOf(check), expected);
+                QCOMPARE(libraries.leftLoaded(), QString());
+            }
+            const Check library = standard
+                ? Check([](int &error, QString &version) { return checkDnssdLibrary(L"dnssd.dll", error, version); })
+                : Check([](int &error, QString &version) { return checkDnssdLibrary(L"vkdnssd.dll", error, version); });
+            QCOMPARE(resultOf(library), expected);
+        });
     };
-    const char *const untouched = "as it was";
-    row("standard: running", "running", true, true, 0, "321.0.0");
-    row("velkor: running", "running", false, true, 0, "130.0.5");
-    row("standard: version 0", "version_0", true, true, 0, "0.0.0");
-    row("velkor: version 0", "version_0", false, true, 0, "0.0.0");
-    row("standard: daemon stopped", "stopped", true, true, serviceNotRunning, untouched);
-    row("velkor: daemon stopped", "stopped", false, true, serviceNotRunning, untouched);
-    row("standard: another error", "failing", true, true, -65537, untouched);
-    row("velkor: another error", "failing", false, true, -65537, untouched);
-    row("standard: a library without the function", "without_function", true, true, 0, untouched);
-    row("velkor: a library without the function", "without_function", false, true, 0, untouched);
-    row("standard: neither library", "missing", true, false, 0, untouched);
-    row("velkor: neither library", "missing", false, false, 0, untouched);
-    row("standard: only the other library", "velkor_alone", true, false, 0, untouched);
-    row("velkor: only the other library", "standard_alone", false, false, 0, untouched);
+    row("standard: running", "running", true, "installed, 0, 321.0.0");
+    row("velkor: running", "running", false, "installed, 0, 130.0.5");
+    row("standard: version 0", "version_0", true, "installed, 0, 0.0.0");
+    row("velkor: version 0", "version_0", false, "installed, 0, 0.0.0");
+    row("standard: daemon stopped", "stopped", true, "installed, -65563, as it was");
+    row("velkor: daemon stopped", "stopped", false, "installed, -65563, as it was");
+    row("standard: another error", "failing", true, "installed, -65537, as it was");
+    row("velkor: another error", "failing", false, "installed, -65537, as it was");
+    row("standard: a library without the function", "without_function", true, "installed, 0, as it was");
+    row("velkor: a library without the function", "without_function", false, "installed, 0, as it was");
+    row("standard: neither library", "missing", true, "not installed, 0, as it was");
+    row("velkor: neither library", "missing", false, "not installed, 0, as it was");
+    row("standard: only the other library", "velkor_alone", true, "not installed, 0, as it was");
+    row("velkor: only the other library", "standard_alone", false, "not installed, 0, as it was");
 }
 
-void DnssdServiceTest::checks()
+void statusRows()
 {
-    QFETCH(QString, state);
-    QFETCH(bool, standard);
-    QFETCH(bool, installed);
-    QFETCH(int, error);
-    QFETCH(QString, version);
-    const Libraries libraries(state);
-    const auto check = standard ? checkStandardBonjour : checkVelkorBonjour;
-    for (int time = 0; time < 2; ++time) {
-        int seenError = 4711;
-        QString seenVersion("as it was");
-        QCOMPARE(check(seenError, seenVersion), installed);
-        QCOMPARE(seenError, error);
-        QCOMPARE(seenVersion, version);
-        QCOMPARE(libraries.leftLoaded(), QString());
-    }
-    int seenError = 4711;
-    QString seenVersion("as it was");
-    QCOMPARE(checkDnssdLibrary(standard ? L"dnssd.dll" : L"vkdnssd.dll", seenError, seenVersion), installed);
-    QCOMPARE(seenError, error);
-    QCOMPARE(seenVersion, version);
-}
-
-void DnssdServiceTest::statusOfBoth_data()
-{
-    QTest::addColumn<QString>("state");
-    QTest::addColumn<QString>("standard");
-    QTest::addColumn<QString>("velkor");
-    const auto row = [](const char *what, const char *state, const char *standard, const char *velkor) {
-        QTest::newRow(what) << QString(state) << QString(standard) << QString(velkor);
+    const auto row = [](const char *name, const char *state, const char *standard, const char *velkor) {
+        SectionRows::row(name, [=] {
+            const Libraries libraries(state);
+            COMPARE_TEXT(checkStandardBonjourText(), QString("Standard Bonjour: ") + standard);
+            COMPARE_TEXT(checkVelkorBonjourText(), QString("velkor DNS-SD: ") + velkor);
+            QCOMPARE(libraries.leftLoaded(), QString());
+        });
     };
-    row("running", "running", "Standard Bonjour: installed.\nDNS-SD version: 321.0.0\n",
-        "velkor DNS-SD: installed.\nDNS-SD version: 130.0.5\n");
-    row("version 0", "version_0", "Standard Bonjour: installed.\nDNS-SD version: 0.0.0\n",
-        "velkor DNS-SD: installed.\nDNS-SD version: 0.0.0\n");
-    row("daemon stopped: two blanks behind the colon", "stopped",
-        "Standard Bonjour: installed.\n"
-        "DNS-SD version:  failed to get version, error = -65563 (kDNSServiceErr_ServiceNotRunning)\n",
-        "velkor DNS-SD: installed.\n"
-        "DNS-SD version:  failed to get version, error = -65563 (kDNSServiceErr_ServiceNotRunning)\n");
-    row("another error: a bare number", "failing",
-        "Standard Bonjour: installed.\nDNS-SD version:  failed to get version, error = -65537\n",
-        "velkor DNS-SD: installed.\nDNS-SD version:  failed to get version, error = -65537\n");
-    row("a library without the function: nothing behind the blank", "without_function",
-        "Standard Bonjour: installed.\nDNS-SD version: \n", "velkor DNS-SD: installed.\nDNS-SD version: \n");
-    row("neither library", "missing", "Standard Bonjour: not installed.\n", "velkor DNS-SD: not installed.\n");
-    row("the standard library alone", "standard_alone", "Standard Bonjour: installed.\nDNS-SD version: 321.0.0\n",
-        "velkor DNS-SD: not installed.\n");
-    row("the maker's library alone", "velkor_alone", "Standard Bonjour: not installed.\n",
-        "velkor DNS-SD: installed.\nDNS-SD version: 130.0.5\n");
+    const char *const stopped = "installed.\n"
+                                "DNS-SD version:  failed to get version, error = -65563 (kDNSServiceErr_ServiceNotRunning)\n";
+    const char *const failing = "installed.\nDNS-SD version:  failed to get version, error = -65537\n";
+    row("running", "running", "installed.\nDNS-SD version: 321.0.0\n", "installed.\nDNS-SD version: 130.0.5\n");
+    row("version 0", "version_0", "installed.\nDNS-SD version: 0.0.0\n", "installed.\nDNS-SD version: 0.0.0\n");
+    row("daemon stopped: two blanks behind the colon", "stopped", stopped, stopped);
+    row("another error: a bare number", "failing", failing, failing);
+    row("a library without the function: nothing behind the blank", "without_function", "installed.\nDNS-SD version: \n",
+        "installed.\nDNS-SD version: \n");
+    row("neither library", "missing", "not installed.\n", "not installed.\n");
+    row("the standard library alone", "standard_alone", "installed.\nDNS-SD version: 321.0.0\n", "not installed.\n");
+    row("the maker's library alone", "velkor_alone", "not installed.\n", "installed.\nDNS-SD version: 130.0.5\n");
 }
 
-void DnssdServiceTest::statusOfBoth()
+void formatRows()
 {
-    QFETCH(QString, state);
-    QFETCH(QString, standard);
-    QFETCH(QString, velkor);
-    const Libraries libraries(state);
-    COMPARE_TEXT(checkStandardBonjourText(), standard);
-    COMPARE_TEXT(checkVelkorBonjourText(), velkor);
-    QCOMPARE(libraries.leftLoaded(), QString());
-}
-
-void DnssdServiceTest::formatting_data()
-{
-    QTest::addColumn<QString>("label");
-    QTest::addColumn<bool>("installed");
-    QTest::addColumn<int>("error");
-    QTest::addColumn<QString>("version");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *what, const char *label, bool installed, int error, const char *version,
+    const auto row = [](const char *name, const char *label, bool installed, int error, const char *version,
                         const char *expected) {
-        QTest::newRow(what) << QString(label) << installed << error << QString(version) << QString(expected);
+        SectionRows::row(name, [=] { COMPARE_TEXT(formatDnssdStatus(label, installed, error, version), QString(expected)); });
     };
     row("a version", "L: ", true, 0, "1.2.3", "L: installed.\nDNS-SD version: 1.2.3\n");
     row("no version", "L: ", true, 0, "", "L: installed.\nDNS-SD version: \n");
@@ -219,110 +164,66 @@ void DnssdServiceTest::formatting_data()
         "%1 installed.\nDNS-SD version:  failed to get version, error = -1\n");
 }
 
-void DnssdServiceTest::formatting()
-{
-    QFETCH(QString, label);
-    QFETCH(bool, installed);
-    QFETCH(int, error);
-    QFETCH(QString, version);
-    QFETCH(QString, expected);
-    COMPARE_TEXT(formatDnssdStatus(label, installed, error, version), expected);
-}
-
 #ifdef SIMULATED_WINDOWS
 
-void DnssdServiceTest::versions_data()
+void versionRows()
 {
-    QTest::addColumn<uint>("version");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("the last part at its highest") << 99u << "0.0.99";
-    QTest::newRow("the second part at its lowest") << 100u << "0.1.0";
-    QTest::newRow("both at their highest") << 9999u << "0.99.99";
-    QTest::newRow("the first part at its lowest") << 10000u << "1.0.0";
-    QTest::newRow("all parts, without padding") << 10203u << "1.2.3";
-    QTest::newRow("321.0.0") << 3210000u << "321.0.0";
-    QTest::newRow("130.0.5") << 1300005u << "130.0.5";
-    QTest::newRow("beyond 31 bits") << 0x80000000u << "214748.36.48";
-    QTest::newRow("the highest") << 0xffffffffu << "429496.72.95";
-}
-
-void DnssdServiceTest::versions()
-{
-    QFETCH(uint, version);
-    QFETCH(QString, text);
-    const DescribedWindows windows("",
-                                   R"({"libraries": {"dnssd.dll": {"DNSServiceGetProperty": {"DaemonVersion": )"
-                                       + QByteArray::number(version) + "}}}}");
-    int error = 4711;
-    QString seen;
-    QVERIFY(checkStandardBonjour(error, seen));
-    QCOMPARE(seen, text);
-    QCOMPARE(error, 0);
-}
-
-void DnssdServiceTest::nullLibrary()
-{
-    const DescribedWindows windows("", R"({"libraries": {"dnssd.dll": null}})");
-    COMPARE_TEXT(checkStandardBonjourText(), QStringLiteral("Standard Bonjour: not installed.\n"));
-}
-
-void DnssdServiceTest::calls_data()
-{
-    QTest::addColumn<QString>("state");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("running") << "running"
-                             << "LoadLibraryW vkdnssd.dll\n"
-                                "GetProcAddress vkdnssd.dll \"DNSServiceGetProperty\"\n"
-                                "DNSServiceGetProperty \"DaemonVersion\" 4\n"
-                                "FreeLibrary\n";
-    QTest::newRow("without the function") << "without_function"
-                                          << "LoadLibraryW vkdnssd.dll\n"
-                                             "GetProcAddress vkdnssd.dll \"DNSServiceGetProperty\"\n"
-                                             "FreeLibrary\n";
-    QTest::newRow("not installed") << "missing"
-                                   << "LoadLibraryW vkdnssd.dll\n";
-}
-
-void DnssdServiceTest::calls()
-{
-    QFETCH(QString, state);
-    QFETCH(QString, expected);
-    const Libraries libraries(state);
-    checkVelkorBonjourText();
-    COMPARE_TEXT(journalText(), expected);
-}
-
-void DnssdServiceTest::failingCalls_data()
-{
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<int>("error");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *what, const char *call, int error, const char *expected) {
-        QTest::newRow(what) << QByteArray(call) << error << QString(expected);
+    const SectionRows rows([] { return resultOf(checkStandardBonjour); }, "installed, 0, ");
+    const auto row = [&](const char *name, const QByteArray &version, const QString &text) {
+        rows.text(name,
+                  {"", R"({"libraries": {"dnssd.dll": {"DNSServiceGetProperty": {"DaemonVersion": )" + version + "}}}}"}, text);
     };
-    row("the library does not load", "LoadLibraryW", ERROR_ACCESS_DENIED, "Standard Bonjour: not installed.\n");
-    row("the function is not found", "GetProcAddress", ERROR_ACCESS_DENIED,
-        "Standard Bonjour: installed.\nDNS-SD version: \n");
-    row("the query fails", "DNSServiceGetProperty", serviceNotRunning,
-        "Standard Bonjour: installed.\n"
-        "DNS-SD version:  failed to get version, error = -65563 (kDNSServiceErr_ServiceNotRunning)\n");
-    row("the library is not freed: nothing shows", "FreeLibrary", ERROR_ACCESS_DENIED,
-        "Standard Bonjour: installed.\nDNS-SD version: 321.0.0\n");
+    row("the last part at its highest", "99", "0.0.99");
+    row("the second part at its lowest", "100", "0.1.0");
+    row("both at their highest", "9999", "0.99.99");
+    row("the first part at its lowest", "10000", "1.0.0");
+    row("all parts, without padding", "10203", "1.2.3");
+    row("321.0.0", "3210000", "321.0.0");
+    row("130.0.5", "1300005", "130.0.5");
+    row("beyond 31 bits", "2147483648", "214748.36.48");
+    row("the highest", "4294967295", "429496.72.95");
 }
 
-void DnssdServiceTest::failingCalls()
+void callRows()
 {
-    QFETCH(QByteArray, call);
-    QFETCH(int, error);
-    QFETCH(QString, expected);
-    const Libraries libraries("running");
-    const simulated::Fault fault = simulated::Fault::nthCall(call, 0, quint32(error));
-    COMPARE_TEXT(checkStandardBonjourText(), expected);
-    QCOMPARE(fault.hits(), std::size_t(1));
-    QCOMPARE(libraries.leftLoaded(), QString());
+    const SectionRows velkor(checkVelkorBonjourText, "velkor DNS-SD: ");
+    velkor.calls("calls: running", described("running"),
+                 "LoadLibraryW vkdnssd.dll\n"
+                 "GetProcAddress vkdnssd.dll \"DNSServiceGetProperty\"\n"
+                 "DNSServiceGetProperty \"DaemonVersion\" 4\n"
+                 "FreeLibrary\n");
+    velkor.calls("calls: without the function", described("without_function"),
+                 "LoadLibraryW vkdnssd.dll\n"
+                 "GetProcAddress vkdnssd.dll \"DNSServiceGetProperty\"\n"
+                 "FreeLibrary\n");
+    velkor.calls("calls: not installed", described("missing"), "LoadLibraryW vkdnssd.dll\n");
+
+    const SectionRows standard(checkStandardBonjourText, "Standard Bonjour: ");
+    const Described running = described("running");
+    standard.text("a null library", {"", R"({"libraries": {"dnssd.dll": null}})"}, "not installed.\n");
+    standard.failure("the library does not load", running, "LoadLibraryW", 0, "not installed.\n");
+    standard.failure("the function is not found", running, "GetProcAddress", 0, "installed.\nDNS-SD version: \n");
+    standard.failure("the query fails", running, "DNSServiceGetProperty", 0,
+                     "installed.\n"
+                     "DNS-SD version:  failed to get version, error = -65563 (kDNSServiceErr_ServiceNotRunning)\n",
+                     DWORD(serviceNotRunning));
+    standard.failure("the library is not freed: nothing shows", running, "FreeLibrary", 0,
+                     "installed.\nDNS-SD version: 321.0.0\n");
 }
 
 #endif
 
-TEST_WITH_CORE_APPLICATION(DnssdServiceTest);
-#include "tst_dnssd_service.moc"
+void addRows()
+{
+    checkRows();
+    statusRows();
+    formatRows();
+#ifdef SIMULATED_WINDOWS
+    versionRows();
+    callRows();
+#endif
+}
+
+} // namespace
+
+TEST_WITH_CORE_APPLICATION(SectionTest(addRows));

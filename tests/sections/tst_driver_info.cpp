@@ -1,48 +1,13 @@
-// driverInfoFromRegistry(): texts and calls.
+// driverInfoFromRegistry()
 
-#include "described_windows.h"
-#include "registry_values.h"
-#include "section_calls.h"
-#include "test_main.h"
-#include "texts.h"
+#include "section_rows.h"
 #include "win/windows_sections.h"
-
-#include <windows.h>
 
 using namespace velkor::SystemInfo::WinSysInfo;
 
-class DriverInfoTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void classes_data();
-    void classes();
-    void values_data();
-    void values();
-    void drivers_data();
-    void drivers();
-    void properties_data();
-    void properties();
-    void deniedKeys_data();
-    void deniedKeys();
-#ifdef SIMULATED_WINDOWS
-    void longNames_data();
-    void longNames();
-    void classesThatCannotBeOpened();
-    void calls();
-    void callsForProperties();
-    void failingCalls_data();
-    void failingCalls();
-    void failingCallsForProperties_data();
-    void failingCallsForProperties();
-    void anyFailingCall();
-#endif
-};
-
 namespace {
 
-const char title[] = ">>> Info about drivers from registry:\n\n";
+const SectionRows rows(driverInfoFromRegistry, ">>> Info about drivers from registry:\n\n");
 const char rule[] = "----------------------------\n";
 
 /// A key below that of all classes; its values may follow.
@@ -71,7 +36,7 @@ QByteArray driver(const QByteArray &name, const QByteArray &description)
 /// The class "Net" with those lines between its name and its rule.
 QString netBlock(const QString &lines)
 {
-    return title + (rule + ("Net:\n" + lines)) + rule;
+    return rule + ("Net:\n" + lines) + rule;
 }
 
 QByteArray allValues()
@@ -97,58 +62,47 @@ QString described(const char *description)
     return QStringLiteral("   Driver Description: ") + description + '\n';
 }
 
-} // namespace
-
-void DriverInfoTest::classes_data()
+void classRows()
 {
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QString>("blocks");
-    const auto row = [](const char *what, const QByteArray &registry, const QString &blocks) {
-        QTest::newRow(what) << registry << blocks;
-    };
     const QByteArray second = classKey("\\{2}") + textValue("Class", "Display");
-    row("no key: the heading and an empty line", "", "");
-    row("no class", classKey(), "");
-    row("a class without drivers: its name between two rules", netClass(), rule + QString("Net:\n") + rule);
-    row("two classes: one rule between them", second + netClass(), rule + QString("Net:\n") + rule + "Display:\n" + rule);
-    row("a class without a name at index 0: the opening rule alone", classKey("\\{1}"), rule);
-    row("a class without a name at index 0 before one with", classKey("\\{0}") + netClass(),
-        rule + QString("Net:\n") + rule);
-    row("a class without a name behind one with", netClass() + classKey("\\{2}"), rule + QString("Net:\n") + rule);
-    row("a class without a name between two with", netClass() + classKey("\\{1}a") + second,
-        rule + QString("Net:\n") + rule + "Display:\n" + rule);
-    row("drivers of a class without a name are not shown", classKey("\\{1}\\0000") + allValues(), rule);
-    row("a class without a name, but with a default value", classKey("\\{1}") + "@=\"Net\"\n", rule);
-    row("an empty name: the colon", classKey("\\{1}") + textValue("Class", ""), rule + QString(":\n") + rule);
-    row("a name of no bytes", classKey("\\{1}") + hexValue("Class", REG_SZ, ""), rule + QString(":\n") + rule);
-    row("a name of no bytes does not show the one before", netClass() + classKey("\\{2}") + hexValue("Class", REG_SZ, ""),
-        rule + QString("Net:\n") + rule + ":\n" + rule);
-    row("a name with placeholders", classKey("\\{1}") + textValue("Class", "%1 %2"), rule + QString("%1 %2:\n") + rule);
-    row("a name beyond the code page", classKey("\\{1}") + textValue("Class", QString(QChar(0x4e00))),
-        QString(rule) + QChar(0x4e00) + ":\n" + rule);
-    row("a name up to its null", classKey("\\{1}") + hexValue("Class", REG_SZ, utf16Data(QString("a") + QChar() + "b")),
-        rule + QString("a:\n") + rule);
-    row("a name of 1024 units without a terminator",
-        classKey("\\{1}") + binaryValue("Class", utf16Data(QString(1024, 'x'))),
-        rule + QString(1024, 'x') + ":\n" + rule);
-    row("a name that is too long for its buffer is none", classKey("\\{1}") + textValue("Class", QString(1024, 'x')),
-        rule);
+    rows.text("no key: the heading and an empty line", "", "");
+    rows.text("no class", classKey(), "");
+    rows.text("a class without drivers: its name between two rules", netClass(), rule + QString("Net:\n") + rule);
+    rows.text("two classes: one rule between them", second + netClass(), rule + QString("Net:\n") + rule + "Display:\n" + rule);
+    rows.text("a class without a name at index 0: the opening rule alone", classKey("\\{1}"), rule);
+    rows.text("a class without a name at index 0 before one with", classKey("\\{0}") + netClass(),
+              rule + QString("Net:\n") + rule);
+    rows.text("a class without a name behind one with", netClass() + classKey("\\{2}"), rule + QString("Net:\n") + rule);
+    rows.text("a class without a name between two with", netClass() + classKey("\\{1}a") + second,
+              rule + QString("Net:\n") + rule + "Display:\n" + rule);
+    rows.text("drivers of a class without a name are not shown", classKey("\\{1}\\0000") + allValues(), rule);
+    rows.text("a class without a name, but with a default value", classKey("\\{1}") + "@=\"Net\"\n", rule);
+    rows.text("an empty name: the colon", classKey("\\{1}") + textValue("Class", ""), rule + QString(":\n") + rule);
+    rows.text("a name of no bytes", classKey("\\{1}") + hexValue("Class", REG_SZ, ""), rule + QString(":\n") + rule);
+    rows.text("a name of no bytes does not show the one before", netClass() + classKey("\\{2}") + hexValue("Class", REG_SZ, ""),
+              rule + QString("Net:\n") + rule + ":\n" + rule);
+    rows.text("a name with placeholders", classKey("\\{1}") + textValue("Class", "%1 %2"), rule + QString("%1 %2:\n") + rule);
+    rows.text("a name beyond the code page", classKey("\\{1}") + textValue("Class", QString(QChar(0x4e00))),
+              QString(rule) + QChar(0x4e00) + ":\n" + rule);
+    rows.text("a name up to its null", classKey("\\{1}") + hexValue("Class", REG_SZ, utf16Data(QString("a") + QChar() + "b")),
+              rule + QString("a:\n") + rule);
+    rows.text("a name of 1024 units without a terminator",
+              classKey("\\{1}") + binaryValue("Class", utf16Data(QString(1024, 'x'))),
+              rule + QString(1024, 'x') + ":\n" + rule);
+    rows.text("a name that is too long for its buffer is none", classKey("\\{1}") + textValue("Class", QString(1024, 'x')),
+              rule);
 }
 
-void DriverInfoTest::classes()
+/// Drivers of the class "Net".
+void addDrivers(const char *name, const QByteArray &keys, const QString &lines)
 {
-    QFETCH(QByteArray, registry);
-    QFETCH(QString, blocks);
-    const DescribedWindows windows(registry);
-    COMPARE_TEXT(driverInfoFromRegistry(), title + blocks);
+    rows.text(name, netClass(keys), netBlock(lines));
 }
 
-void DriverInfoTest::values_data()
+void valueRows()
 {
-    QTest::addColumn<QByteArray>("values");
-    QTest::addColumn<QString>("lines");
-    const auto row = [](const char *what, const QByteArray &values, const QString &lines) {
-        QTest::newRow(what) << values << lines;
+    const auto row = [](const char *name, const QByteArray &values, const QString &lines) {
+        addDrivers(name, driverKey("0000") + values, lines);
     };
     row("all, in the order of the table", allValues(), allLines);
     row("none", "", "");
@@ -180,52 +134,29 @@ void DriverInfoTest::values_data()
     row("placeholders stay", textValue("DriverDesc", "%1 %2 %99 %L1"), "   Driver Description: %1 %2 %99 %L1\n");
 }
 
-void DriverInfoTest::values()
+void driverRows()
 {
-    QFETCH(QByteArray, values);
-    QFETCH(QString, lines);
-    const DescribedWindows windows(netClass(driverKey("0000") + values));
-    COMPARE_TEXT(driverInfoFromRegistry(), netBlock(lines));
+    addDrivers("two: an empty line between", driver("0001", "b") + driver("0000", "a"), described("a") + '\n' + described("b"));
+    addDrivers("three: an empty line between each two", driver("0000", "a") + driver("0001", "b") + driver("0002", "c"),
+               described("a") + '\n' + described("b") + '\n' + described("c"));
+    addDrivers("one without values first: no empty line", driverKey("0000") + driver("0001", "b"), described("b"));
+    addDrivers("one without values between: one empty line", driver("0000", "a") + driverKey("0001") + driver("0002", "c"),
+               described("a") + '\n' + described("c"));
+    addDrivers("two without values between: one empty line",
+               driver("0000", "a") + driverKey("0001") + driverKey("0002") + driver("0003", "d"),
+               described("a") + '\n' + described("d"));
+    addDrivers("one without values last: an empty line before the rule", driver("0000", "a") + driverKey("0001"),
+               described("a") + '\n');
+    addDrivers("only drivers without values: nothing", driverKey("0000") + driverKey("0001"), "");
+    addDrivers("a driver with an empty text wrote a line", driver("0000", "") + driver("0001", "b"),
+               described("") + '\n' + described("b"));
+    addDrivers("the flag is cleared between classes: no empty line at the start of the next",
+               driver("0000", "a") + classKey("\\{2}") + textValue("Class", "Display") + classKey("\\{2}\\0000")
+                   + textValue("DriverDesc", "b"),
+               described("a") + rule + "Display:\n" + described("b"));
+    addDrivers("keys below a driver are not read", driverKey("0000\\Ndi") + allValues(), "");
+    addDrivers("the name of a driver is not shown", driver("anything", "a"), described("a"));
 }
-
-void DriverInfoTest::drivers_data()
-{
-    QTest::addColumn<QByteArray>("keys");
-    QTest::addColumn<QString>("lines");
-    const auto row = [](const char *what, const QByteArray &keys, const QString &lines) {
-        QTest::newRow(what) << keys << lines;
-    };
-    row("two: an empty line between", driver("0001", "b") + driver("0000", "a"), described("a") + '\n' + described("b"));
-    row("three: an empty line between each two", driver("0000", "a") + driver("0001", "b") + driver("0002", "c"),
-        described("a") + '\n' + described("b") + '\n' + described("c"));
-    row("one without values first: no empty line", driverKey("0000") + driver("0001", "b"), described("b"));
-    row("one without values between: one empty line", driver("0000", "a") + driverKey("0001") + driver("0002", "c"),
-        described("a") + '\n' + described("c"));
-    row("two without values between: one empty line",
-        driver("0000", "a") + driverKey("0001") + driverKey("0002") + driver("0003", "d"),
-        described("a") + '\n' + described("d"));
-    row("one without values last: an empty line before the rule", driver("0000", "a") + driverKey("0001"),
-        described("a") + '\n');
-    row("only drivers without values: nothing", driverKey("0000") + driverKey("0001"), "");
-    row("a driver with an empty text wrote a line", driver("0000", "") + driver("0001", "b"),
-        described("") + '\n' + described("b"));
-    row("the flag is cleared between classes: no empty line at the start of the next",
-        driver("0000", "a") + classKey("\\{2}") + textValue("Class", "Display") + classKey("\\{2}\\0000")
-            + textValue("DriverDesc", "b"),
-        described("a") + rule + "Display:\n" + described("b"));
-    row("keys below a driver are not read", driverKey("0000\\Ndi") + allValues(), "");
-    row("the name of a driver is not shown", driver("anything", "a"), described("a"));
-}
-
-void DriverInfoTest::drivers()
-{
-    QFETCH(QByteArray, keys);
-    QFETCH(QString, lines);
-    const DescribedWindows windows(netClass(keys));
-    COMPARE_TEXT(driverInfoFromRegistry(), netBlock(lines));
-}
-
-namespace {
 
 // Names whose UTF-16 bytes read as a word in single bytes. What is then opened is the
 // name with a question mark for each of their characters.
@@ -253,105 +184,91 @@ QByteArray bothProperties()
 const char bothPropertyLines[] = "   Device Type:             42 = 0x2a\n"
                                  "   Device Characteristics:  256 = 0x100\n";
 
-} // namespace
-
-void DriverInfoTest::properties_data()
+void propertyRows()
 {
-    QTest::addColumn<QByteArray>("keys");
-    QTest::addColumn<QString>("lines");
-    const auto row = [](const char *what, const QByteArray &keys, const QString &lines) {
-        QTest::newRow(what) << keys << lines;
-    };
     const QString heading("   Properties\n");
     // "?????" enumerates before the other name and is a driver itself.
-    row("the key Properties is a driver: its properties are not shown", driverKey("Properties") + bothProperties(), "");
-    row("the key Properties is a driver: its driver values are shown", driver("Properties", "a") + bothProperties(),
-        described("a"));
-    row("the key Properties behind a driver: an empty line before the rule",
-        driver("0000", "a") + driverKey("Properties") + bothProperties(), described("a") + '\n');
-    row("a name whose bytes read Properties: both properties",
-        driverKey(opened) + bothProperties() + driverKey(bytesReadProperties), heading + bothPropertyLines);
-    row("a name whose bytes read PROPERTIES", driverKey(opened) + bothProperties() + driverKey(bytesReadUpperCase),
-        heading + bothPropertyLines);
-    row("a name whose bytes read a part of it is a driver",
-        driver("????", "a") + bothProperties() + driverKey(bytesReadLess), described("a") + '\n' + described("a"));
-    row("a name whose bytes read more is a driver", driver("??????", "a") + bothProperties() + driverKey(bytesReadMore),
-        described("a") + '\n' + described("a"));
-    row("a unit whose low byte is zero ends such a name",
-        driverKey("??????") + bothProperties() + driverKey(bytesReadProperties + unitOfLowZero), heading + bothPropertyLines);
-    row("what follows a unit whose low byte is zero does not count",
-        driverKey("??????x?") + bothProperties() + driverKey(bytesReadProperties + unitOfLowZero + "x" + bytesReadMore.left(3)),
-        heading + bothPropertyLines);
-    row("a name whose bytes read one letter more is a driver",
-        driver("?????x", "a") + bothProperties() + driverKey(bytesReadProperties + "x"),
-        described("a") + '\n' + described("a"));
-    row("a name whose bytes read one letter less is a driver",
-        driver("????e", "a") + bothProperties() + driverKey(bytesReadAllButTheLast), described("a") + '\n' + described("a"));
-    row("a unit whose low byte is zero within the word: a driver",
-        driver("??", "a") + bothProperties() + driverKey(bytesReadProperties.left(3) + unitOfLowZero),
-        described("a") + '\n' + described("a"));
-    row("a name that starts with a unit whose low byte is zero is a driver",
-        driver("??????", "a") + bothProperties() + driverKey(unitOfLowZero + bytesReadProperties),
-        described("a") + '\n' + described("a"));
-    row("low bytes that read Properties alone: a driver",
-        driver("??????????", "a") + bothProperties() + driverKey(lowBytesReadProperties), described("a") + '\n' + described("a"));
-    row("high bytes that read Properties alone: a driver",
-        driver("??????????", "a") + bothProperties() + driverKey(highBytesReadProperties), described("a") + '\n' + described("a"));
-    row("nothing to open behind such a name: nothing", driverKey(bytesReadProperties) + bothProperties(), "");
-    row("the device type alone",
-        driverKey(opened) + numberValue("DeviceType", 0xffffffff) + driverKey(bytesReadProperties),
-        heading + "   Device Type:             4294967295 = 0xffffffff\n");
-    row("the characteristics alone",
-        driverKey(opened) + numberValue("DeviceCharacteristics", 0) + driverKey(bytesReadProperties),
-        heading + "   Device Characteristics:  0 = 0x0\n");
-    row("numbers of more than four bytes have no line",
-        driverKey(opened) + binaryValue("DeviceType", QByteArray(5, '\1')) + numberValue("DeviceCharacteristics", 1)
-            + driverKey(bytesReadProperties),
-        heading + "   Device Characteristics:  1 = 0x1\n");
-    row("a number of two bytes",
-        driverKey(opened) + binaryValue("DeviceType", "\x01\x02") + driverKey(bytesReadProperties),
-        heading + "   Device Type:             513 = 0x201\n");
-    row("a short second number keeps bytes of the first",
-        driverKey(opened) + numberValue("DeviceType", 0x04030201) + binaryValue("DeviceCharacteristics", "\xff")
-            + driverKey(bytesReadProperties),
-        heading + "   Device Type:             67305985 = 0x4030201\n"
-            + "   Device Characteristics:  67306239 = 0x40302ff\n");
-    row("a second number of no bytes shows the first",
-        driverKey(opened) + numberValue("DeviceType", 42) + binaryValue("DeviceCharacteristics", "")
-            + driverKey(bytesReadProperties),
-        heading + "   Device Type:             42 = 0x2a\n" + "   Device Characteristics:  42 = 0x2a\n");
+    addDrivers("the key Properties is a driver: its properties are not shown", driverKey("Properties") + bothProperties(), "");
+    addDrivers("the key Properties is a driver: its driver values are shown", driver("Properties", "a") + bothProperties(),
+               described("a"));
+    addDrivers("the key Properties behind a driver: an empty line before the rule",
+               driver("0000", "a") + driverKey("Properties") + bothProperties(), described("a") + '\n');
+    addDrivers("a name whose bytes read Properties: both properties",
+               driverKey(opened) + bothProperties() + driverKey(bytesReadProperties), heading + bothPropertyLines);
+    addDrivers("a name whose bytes read PROPERTIES", driverKey(opened) + bothProperties() + driverKey(bytesReadUpperCase),
+               heading + bothPropertyLines);
+    addDrivers("a name whose bytes read a part of it is a driver",
+               driver("????", "a") + bothProperties() + driverKey(bytesReadLess), described("a") + '\n' + described("a"));
+    addDrivers("a name whose bytes read more is a driver", driver("??????", "a") + bothProperties() + driverKey(bytesReadMore),
+               described("a") + '\n' + described("a"));
+    addDrivers("a unit whose low byte is zero ends such a name",
+               driverKey("??????") + bothProperties() + driverKey(bytesReadProperties + unitOfLowZero), heading + bothPropertyLines);
+    addDrivers("what follows a unit whose low byte is zero does not count",
+               driverKey("??????x?") + bothProperties() + driverKey(bytesReadProperties + unitOfLowZero + "x" + bytesReadMore.left(3)),
+               heading + bothPropertyLines);
+    addDrivers("a name whose bytes read one letter more is a driver",
+               driver("?????x", "a") + bothProperties() + driverKey(bytesReadProperties + "x"),
+               described("a") + '\n' + described("a"));
+    addDrivers("a name whose bytes read one letter less is a driver",
+               driver("????e", "a") + bothProperties() + driverKey(bytesReadAllButTheLast), described("a") + '\n' + described("a"));
+    addDrivers("a unit whose low byte is zero within the word: a driver",
+               driver("??", "a") + bothProperties() + driverKey(bytesReadProperties.left(3) + unitOfLowZero),
+               described("a") + '\n' + described("a"));
+    addDrivers("a name that starts with a unit whose low byte is zero is a driver",
+               driver("??????", "a") + bothProperties() + driverKey(unitOfLowZero + bytesReadProperties),
+               described("a") + '\n' + described("a"));
+    addDrivers("low bytes that read Properties alone: a driver",
+               driver("??????????", "a") + bothProperties() + driverKey(lowBytesReadProperties), described("a") + '\n' + described("a"));
+    addDrivers("high bytes that read Properties alone: a driver",
+               driver("??????????", "a") + bothProperties() + driverKey(highBytesReadProperties), described("a") + '\n' + described("a"));
+    addDrivers("nothing to open behind such a name: nothing", driverKey(bytesReadProperties) + bothProperties(), "");
+    addDrivers("the device type alone",
+               driverKey(opened) + numberValue("DeviceType", 0xffffffff) + driverKey(bytesReadProperties),
+               heading + "   Device Type:             4294967295 = 0xffffffff\n");
+    addDrivers("the characteristics alone",
+               driverKey(opened) + numberValue("DeviceCharacteristics", 0) + driverKey(bytesReadProperties),
+               heading + "   Device Characteristics:  0 = 0x0\n");
+    addDrivers("numbers of more than four bytes have no line",
+               driverKey(opened) + binaryValue("DeviceType", QByteArray(5, '\1')) + numberValue("DeviceCharacteristics", 1)
+                   + driverKey(bytesReadProperties),
+               heading + "   Device Characteristics:  1 = 0x1\n");
+    addDrivers("a number of two bytes",
+               driverKey(opened) + binaryValue("DeviceType", "\x01\x02") + driverKey(bytesReadProperties),
+               heading + "   Device Type:             513 = 0x201\n");
+    addDrivers("a short second number keeps bytes of the first",
+               driverKey(opened) + numberValue("DeviceType", 0x04030201) + binaryValue("DeviceCharacteristics", "\xff")
+                   + driverKey(bytesReadProperties),
+               heading + "   Device Type:             67305985 = 0x4030201\n"
+                   + "   Device Characteristics:  67306239 = 0x40302ff\n");
+    addDrivers("a second number of no bytes shows the first",
+               driverKey(opened) + numberValue("DeviceType", 42) + binaryValue("DeviceCharacteristics", "")
+                   + driverKey(bytesReadProperties),
+               heading + "   Device Type:             42 = 0x2a\n" + "   Device Characteristics:  42 = 0x2a\n");
     const QString shortFirst = heading + "   Device Type:             7 = 0x7\n"
         + "   Device Characteristics:  67305985 = 0x4030201\n";
-    row("a short first number keeps nothing of the properties before",
-        driverKey(opened) + binaryValue("DeviceType", "\x07") + numberValue("DeviceCharacteristics", 0x04030201)
-            + driverKey(bytesReadProperties) + driverKey(bytesReadUpperCase),
-        shortFirst + '\n' + shortFirst);
-    row("driver values are not shown among properties",
-        driver(opened, "a") + bothProperties() + driverKey(bytesReadProperties),
-        described("a") + '\n' + heading + bothPropertyLines);
-    row("without properties the title stands alone", driverKey(opened) + driverKey(bytesReadProperties), heading);
-    row("properties behind and before a driver: an empty line each",
-        driver("?", "a") + driverKey(opened) + bothProperties() + driverKey(bytesReadProperties)
-            + driverKey(QString(QChar(0x8000)).toUtf8()),
-        described("a") + '\n' + heading + bothPropertyLines + '\n' + described("a"));
-    row("the title alone counts for no empty line",
-        driver("?", "a") + driverKey(opened) + driverKey(bytesReadProperties)
-            + driverKey(QString(QChar(0x8000)).toUtf8()),
-        described("a") + '\n' + heading + described("a"));
+    addDrivers("a short first number keeps nothing of the properties before",
+               driverKey(opened) + binaryValue("DeviceType", "\x07") + numberValue("DeviceCharacteristics", 0x04030201)
+                   + driverKey(bytesReadProperties) + driverKey(bytesReadUpperCase),
+               shortFirst + '\n' + shortFirst);
+    addDrivers("driver values are not shown among properties",
+               driver(opened, "a") + bothProperties() + driverKey(bytesReadProperties),
+               described("a") + '\n' + heading + bothPropertyLines);
+    addDrivers("without properties the title stands alone", driverKey(opened) + driverKey(bytesReadProperties), heading);
+    addDrivers("properties behind and before a driver: an empty line each",
+               driver("?", "a") + driverKey(opened) + bothProperties() + driverKey(bytesReadProperties)
+                   + driverKey(QString(QChar(0x8000)).toUtf8()),
+               described("a") + '\n' + heading + bothPropertyLines + '\n' + described("a"));
+    addDrivers("the title alone counts for no empty line",
+               driver("?", "a") + driverKey(opened) + driverKey(bytesReadProperties)
+                   + driverKey(QString(QChar(0x8000)).toUtf8()),
+               described("a") + '\n' + heading + described("a"));
 }
 
-void DriverInfoTest::properties()
+void deniedRows()
 {
-    drivers();
-}
-
-void DriverInfoTest::deniedKeys_data()
-{
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QByteArrayList>("denied"); // below the key of all classes
-    QTest::addColumn<QString>("blocks");
-    const auto row = [](const char *what, const QByteArray &registry, const QByteArrayList &denied, const QString &blocks) {
-        QTest::newRow(what) << registry << denied << blocks;
+    const auto row = [](const char *name, const QByteArray &registry, const QByteArrayList &denied, const QString &blocks) {
+        rows.text(name, {registry, deniedBelow("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Class", denied)},
+                  blocks);
     };
     const QByteArray drivers = netClass(driver("0000", "a") + driver("0001", "b") + driver("0002", "c"));
     const QString start = rule + QString("Net:\n");
@@ -372,47 +289,27 @@ void DriverInfoTest::deniedKeys_data()
     row("the key of all classes", classes, {""}, "");
 }
 
-void DriverInfoTest::deniedKeys()
+// Wine opens a key by a name that its code page lacks.
+void simulatedRows()
 {
-    QFETCH(QByteArray, registry);
-    QFETCH(QByteArrayList, denied);
-    QFETCH(QString, blocks);
-    const DescribedWindows windows(
-        registry, deniedBelow("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Class", denied));
-    COMPARE_TEXT(driverInfoFromRegistry(), title + blocks);
-}
-
-#ifdef SIMULATED_WINDOWS
-
-void DriverInfoTest::longNames_data()
-{
-    QTest::addColumn<QByteArray>("keys");
-    QTest::addColumn<QString>("lines");
     const QByteArray last = driver("z", "z");
-    QTest::newRow("1023 characters fit") << driver(QByteArray(1023, 'n'), "n") + last
-                                         << described("n") + '\n' + described("z");
-    QTest::newRow("1024 characters do not: the walk ends there")
-        << driver("a", "a") + driver(QByteArray(1024, 'n'), "n") + last << described("a");
+    addDrivers("1023 characters fit", driver(QByteArray(1023, 'n'), "n") + last, described("n") + '\n' + described("z"));
+    addDrivers("1024 characters do not: the walk ends there", driver("a", "a") + driver(QByteArray(1024, 'n'), "n") + last,
+               described("a"));
+    rows.text("a class whose name the code page lacks does not open",
+              netClass() + classKey("\\{\xc3\xa4}") + textValue("Class", "x"), netBlock(QString()));
 }
 
-void DriverInfoTest::longNames()
+/// With "..." for the key of all classes.
+void addCalls(const char *name, const QByteArray &registry, QString journal)
 {
-    drivers();
+    rows.calls(name, registry,
+               journal.replace("...", "HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Class"));
 }
 
-void DriverInfoTest::classesThatCannotBeOpened()
+void callRows()
 {
-    // A name that is lost on the way, behind one that is not.
-    const DescribedWindows windows(netClass() + classKey("\\{\xc3\xa4}") + textValue("Class", "x"));
-    COMPARE_TEXT(driverInfoFromRegistry(), netBlock(QString()));
-}
-
-void DriverInfoTest::calls()
-{
-    const DescribedWindows windows(netClass(driverKey("0000") + allValues()) + classKey("\\{2}"));
-    driverInfoFromRegistry();
-    COMPARE_TEXT(journalText().replace("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Class", "..."),
-                 R"(RegOpenKeyExA ... 0x20019
+    addCalls("calls", netClass(driverKey("0000") + allValues()) + classKey("\\{2}"), R"(RegOpenKeyExA ... 0x20019
 RegEnumKeyExA ... "0" 2048
 RegOpenKeyExA ...\{1} 0x20019
 RegQueryValueExW ...\{1} "Class" 2048
@@ -436,17 +333,23 @@ RegCloseKey ...\{2}
 RegEnumKeyExA ... "2" 2048
 RegCloseKey ...
 )");
-    QCOMPARE(handleProblems(), QString());
-}
-
-void DriverInfoTest::callsForProperties()
-{
-    const DescribedWindows windows(netClass(driverKey(opened) + driverKey(bytesReadProperties)));
-    driverInfoFromRegistry();
-    const QString text = journalText();
-    COMPARE_TEXT(text.mid(text.indexOf("RegEnumKeyExW", text.indexOf("InfSectionExt")))
-                     .replace("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Class", "..."),
-                 R"(RegEnumKeyExW ...\{1} "1" 1024
+    addCalls("calls for properties", netClass(driverKey(opened) + driverKey(bytesReadProperties)),
+             R"(RegOpenKeyExA ... 0x20019
+RegEnumKeyExA ... "0" 2048
+RegOpenKeyExA ...\{1} 0x20019
+RegQueryValueExW ...\{1} "Class" 2048
+RegEnumKeyExW ...\{1} "0" 1024
+RegOpenKeyExA ...\{1}\????? 0x20019
+RegQueryValueExW ...\{1}\????? "DriverDesc" 2048
+RegQueryValueExW ...\{1}\????? "DriverVersion" 2048
+RegQueryValueExW ...\{1}\????? "DriverDate" 2048
+RegQueryValueExW ...\{1}\????? "ProviderName" 2048
+RegQueryValueExW ...\{1}\????? "MatchingDeviceId" 2048
+RegQueryValueExW ...\{1}\????? "InfPath" 2048
+RegQueryValueExW ...\{1}\????? "InfSection" 2048
+RegQueryValueExW ...\{1}\????? "InfSectionExt" 2048
+RegCloseKey ...\{1}\?????
+RegEnumKeyExW ...\{1} "1" 1024
 RegOpenKeyExA ...\{1}\????? 0x20019
 RegQueryValueExA ...\{1}\????? "DeviceType" 4
 RegQueryValueExA ...\{1}\????? "DeviceCharacteristics" 4
@@ -456,37 +359,19 @@ RegCloseKey ...\{1}
 RegEnumKeyExA ... "1" 2048
 RegCloseKey ...
 )");
-    QCOMPARE(handleProblems(), QString());
 }
 
-namespace {
-
-/// Two classes, the first of two drivers.
-machine::Machine fullMachine()
+void failureRows()
 {
-    return DescribedWindows::parse(netClass(driverKey("0000") + allValues() + driver("0001", "b")) + classKey("\\{2}")
-                                       + textValue("Class", "Display"),
-                                   "{}");
-}
-
-machine::Machine machineWithProperties()
-{
-    return DescribedWindows::parse(netClass(driverKey(opened) + bothProperties() + driverKey(bytesReadProperties)), "{}");
-}
-
-} // namespace
-
-void DriverInfoTest::failingCalls_data()
-{
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("blocks");
-    const auto row = [](const char *what, const char *call, int number, const QString &blocks) {
-        QTest::newRow(what) << QByteArray(call) << number << blocks;
+    // Two classes, the first of two drivers.
+    const Described full = netClass(driverKey("0000") + allValues() + driver("0001", "b")) + classKey("\\{2}")
+        + textValue("Class", "Display");
+    const auto row = [&](const char *name, const char *call, int number, const QString &blocks) {
+        rows.failure(name, full, call, number, blocks);
     };
     const QString net = QString("Net:\n") + allLines + '\n' + described("b") + rule;
     const QString display = QString("Display:\n") + rule;
-    const QString full = rule + net + display;
+    const QString all = rule + net + display;
     row("the classes do not open: the heading alone", "RegOpenKeyExA", 0, "");
     row("the class at index 0 does not open: no opening rule at all", "RegOpenKeyExA", 1, display);
     row("a driver does not open: no empty line for it", "RegOpenKeyExA", 2,
@@ -501,51 +386,36 @@ void DriverInfoTest::failingCalls_data()
         rule + QString("Net:\n") + allLines + rule + display);
     row("the name of the class at index 0 cannot be read: the opening rule stands", "RegQueryValueExW", 0,
         rule + display);
-    const QStringList lines = QString(allLines).split('\n', Qt::SkipEmptyParts);
-    const char *const calls[] = {"no description", "no version", "no date", "no provider", "no device ID",
-                                 "no inf file", "no inf section", "no inf section's extension"};
-    for (int i = 0; i < 8; ++i)
-        row(calls[i], "RegQueryValueExW", 1 + i, QString(full).remove(lines.at(i) + '\n'));
-    row("a driver does not close: nothing shows", "RegCloseKey", 0, full);
-    row("a class does not close: nothing shows", "RegCloseKey", 2, full);
+    const QStringList lines = QString(allLines).split(QRegularExpression("(?<=\n)"), Qt::SkipEmptyParts);
+    rows.failures(full, "RegQueryValueExW", 1, lines,
+                  {"no description", "no version", "no date", "no provider", "no device ID", "no inf file", "no inf section",
+                   "no inf section's extension"},
+                  rule + QString("Net:\n"), '\n' + described("b") + rule + display);
+    row("a driver does not close: nothing shows", "RegCloseKey", 0, all);
+    row("a class does not close: nothing shows", "RegCloseKey", 2, all);
+    rows.anyFailure("any call fails", full);
+
+    const Described properties = netClass(driverKey(opened) + bothProperties() + driverKey(bytesReadProperties));
+    rows.failure("the properties do not open", properties, "RegOpenKeyExA", 3, netBlock(""));
+    rows.failures(properties, "RegQueryValueExA", 0,
+                  {"   Device Type:             42 = 0x2a\n", "   Device Characteristics:  256 = 0x100\n"},
+                  {"no device type", "no characteristics"}, rule + QString("Net:\n   Properties\n"), rule);
+    rows.anyFailure("any call for properties fails", properties);
 }
 
-void DriverInfoTest::failingCalls()
+void addRows()
 {
-    QFETCH(QByteArray, call);
-    QFETCH(int, number);
-    QFETCH(QString, blocks);
-    COMPARE_TEXT(textWithFailingCall(fullMachine(), call, number, driverInfoFromRegistry), title + blocks);
+    classRows();
+    valueRows();
+    driverRows();
+    propertyRows();
+    deniedRows();
+    if (windowsIsSimulated)
+        simulatedRows();
+    callRows();
+    failureRows();
 }
 
-void DriverInfoTest::failingCallsForProperties_data()
-{
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("lines");
-    const QString heading("   Properties\n");
-    QTest::newRow("the properties do not open") << QByteArray("RegOpenKeyExA") << 3 << QString();
-    QTest::newRow("no device type")
-        << QByteArray("RegQueryValueExA") << 0 << heading + "   Device Characteristics:  256 = 0x100\n";
-    QTest::newRow("no characteristics")
-        << QByteArray("RegQueryValueExA") << 1 << heading + "   Device Type:             42 = 0x2a\n";
-}
+} // namespace
 
-void DriverInfoTest::failingCallsForProperties()
-{
-    QFETCH(QByteArray, call);
-    QFETCH(int, number);
-    QFETCH(QString, lines);
-    COMPARE_TEXT(textWithFailingCall(machineWithProperties(), call, number, driverInfoFromRegistry), netBlock(lines));
-}
-
-void DriverInfoTest::anyFailingCall()
-{
-    QCOMPARE(problemOfAnyFailingCall(fullMachine(), title, driverInfoFromRegistry), QString());
-    QCOMPARE(problemOfAnyFailingCall(machineWithProperties(), title, driverInfoFromRegistry), QString());
-}
-
-#endif
-
-TEST_WITH_CORE_APPLICATION(DriverInfoTest);
-#include "tst_driver_info.moc"
+TEST_WITH_CORE_APPLICATION(SectionTest(addRows));

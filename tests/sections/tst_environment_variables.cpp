@@ -1,9 +1,7 @@
-// someEnvironmentVariables(): texts and calls.
+// someEnvironmentVariables()
 
-#include "described_windows.h"
-#include "section_calls.h"
-#include "test_main.h"
-#include "texts.h"
+#include "section_rows.h"
+#include "wide_text.h"
 #include "win/windows_sections.h"
 
 #ifdef SIMULATED_WINDOWS
@@ -11,35 +9,15 @@
 #endif
 
 #include <QtCore/QMap>
-#include <windows.h>
 
 using namespace velkor::SystemInfo::WinSysInfo;
 
-using Variables = QMap<QString, QString>;
-
-class EnvironmentVariablesTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void text_data();
-    void text();
-#ifdef SIMULATED_WINDOWS
-    void nothingKnown();
-    void namesWithoutRegardToCase();
-    void describedFailures_data();
-    void describedFailures();
-    void withoutTerminators();
-    void calls();
-    void failingCalls_data();
-    void failingCalls();
-    void noMemory();
-#endif
-};
-
 namespace {
 
+using Variables = QMap<QString, QString>;
+
 const char title[] = "Some environment variables:\n";
+const SectionRows rows(someEnvironmentVariables, title);
 
 const Variables allVariables {{"OS", "Windows_NT"},
                               {"PATH", "C:\\Windows;C:\\Tools"},
@@ -58,29 +36,37 @@ QString linesWith(int index, const QString &line)
     return lines.join(QString());
 }
 
+Variables with(const char *name, const QString &value)
+{
+    Variables variables = allVariables;
+    variables[name] = value;
+    return variables;
+}
+
+Variables without(const char *name)
+{
+    Variables variables = allVariables;
+    variables.remove(name);
+    return variables;
+}
+
 #ifdef SIMULATED_WINDOWS
 
-machine::Machine machineOf(const Variables &variables)
+Described machineOf(const Variables &variables)
 {
     machine::Machine machine;
     machine.system.environment = variables;
     return machine;
 }
 
-QString textOf(const Variables &variables)
+void addText(const char *name, const Variables &variables, const QString &lines)
 {
-    const DescribedWindows windows(machineOf(variables));
-    return someEnvironmentVariables();
+    rows.text(name, machineOf(variables), lines);
 }
 
 #else
 
-const wchar_t *wide(const QString &text)
-{
-    return reinterpret_cast<const wchar_t *>(text.utf16());
-}
-
-/// The section in an environment of which these are the variables that it shows.
+/// The text in an environment of which these are the variables that the section shows.
 QString textOf(const Variables &variables)
 {
     Variables before;
@@ -95,123 +81,66 @@ QString textOf(const Variables &variables)
     return text;
 }
 
-#endif
-
-} // namespace
-
-void EnvironmentVariablesTest::text_data()
+void addText(const char *name, const Variables &variables, const QString &lines)
 {
-    QTest::addColumn<Variables>("variables");
-    QTest::addColumn<QString>("lines");
-    const auto row = [](const char *what, const Variables &variables, const QString &lines) {
-        QTest::newRow(what) << variables << lines;
-    };
-    const auto with = [](const char *name, const QString &value) {
-        Variables variables = allVariables;
-        variables[name] = value;
-        return variables;
-    };
-    const auto without = [](const char *name) {
-        Variables variables = allVariables;
-        variables.remove(name);
-        return variables;
-    };
-    row("all", allVariables, allLines.join(QString()));
-    row("none: the templates as they stand", {},
-        "OS       = %OS%\nPATH     = %PATH%\nHOMEPATH = %HOMEPATH%\nTEMP     = %TEMP%\n"
-        "PROCESSOR_IDENTIFIER = %PROCESSOR_IDENTIFIER%\n");
-    row("OS is not set", without("OS"), linesWith(0, "OS       = %OS%\n"));
-    row("PATH is not set", without("PATH"), linesWith(1, "PATH     = %PATH%\n"));
-    row("HOMEPATH is not set", without("HOMEPATH"), linesWith(2, "HOMEPATH = %HOMEPATH%\n"));
-    row("TEMP is not set", without("TEMP"), linesWith(3, "TEMP     = %TEMP%\n"));
-    row("PROCESSOR_IDENTIFIER is not set", without("PROCESSOR_IDENTIFIER"),
-        linesWith(4, "PROCESSOR_IDENTIFIER = %PROCESSOR_IDENTIFIER%\n"));
-    row("a value is not expanded again", with("PATH", "%TEMP%;x"), linesWith(1, "PATH     = %TEMP%;x\n"));
-    row("placeholders stay", with("TEMP", "%1 %2 %99 %L1"), linesWith(3, "TEMP     = %1 %2 %99 %L1\n"));
-    row("characters beyond the code page", with("TEMP", QString(QChar(0x4e00))),
-        linesWith(3, QString("TEMP     = ") + QChar(0x4e00) + '\n'));
-    // The buffer holds 32768 units, the terminator among them.
-    row("32766 characters", with("PATH", QString(32755, 'p')), linesWith(1, "PATH     = " + QString(32755, 'p') + '\n'));
-#ifdef SIMULATED_WINDOWS // Wine drops the last one
-    row("32767 characters fit", with("PATH", QString(32756, 'p')),
-        linesWith(1, "PATH     = " + QString(32756, 'p') + '\n'));
-#endif
+    SectionRows::row(name, [=] { COMPARE_TEXT(textOf(variables), title + lines); });
 }
 
-void EnvironmentVariablesTest::text()
+#endif
+
+void textRows()
 {
-    QFETCH(Variables, variables);
-    QFETCH(QString, lines);
-    COMPARE_TEXT(textOf(variables), title + lines);
+    addText("all", allVariables, allLines.join(QString()));
+    addText("none: the templates as they stand", {},
+            "OS       = %OS%\nPATH     = %PATH%\nHOMEPATH = %HOMEPATH%\nTEMP     = %TEMP%\n"
+            "PROCESSOR_IDENTIFIER = %PROCESSOR_IDENTIFIER%\n");
+    addText("OS is not set", without("OS"), linesWith(0, "OS       = %OS%\n"));
+    addText("PATH is not set", without("PATH"), linesWith(1, "PATH     = %PATH%\n"));
+    addText("HOMEPATH is not set", without("HOMEPATH"), linesWith(2, "HOMEPATH = %HOMEPATH%\n"));
+    addText("TEMP is not set", without("TEMP"), linesWith(3, "TEMP     = %TEMP%\n"));
+    addText("PROCESSOR_IDENTIFIER is not set", without("PROCESSOR_IDENTIFIER"),
+            linesWith(4, "PROCESSOR_IDENTIFIER = %PROCESSOR_IDENTIFIER%\n"));
+    addText("a value is not expanded again", with("PATH", "%TEMP%;x"), linesWith(1, "PATH     = %TEMP%;x\n"));
+    addText("placeholders stay", with("TEMP", "%1 %2 %99 %L1"), linesWith(3, "TEMP     = %1 %2 %99 %L1\n"));
+    addText("characters beyond the code page", with("TEMP", QString(QChar(0x4e00))),
+            linesWith(3, QString("TEMP     = ") + QChar(0x4e00) + '\n'));
+    // The buffer holds 32768 units, the terminator among them.
+    addText("32766 characters", with("PATH", QString(32755, 'p')), linesWith(1, "PATH     = " + QString(32755, 'p') + '\n'));
+    if (windowsIsSimulated) // Wine drops the last one
+        addText("32767 characters fit", with("PATH", QString(32756, 'p')),
+                linesWith(1, "PATH     = " + QString(32756, 'p') + '\n'));
 }
 
 #ifdef SIMULATED_WINDOWS
 
-void EnvironmentVariablesTest::nothingKnown()
+void simulatedRows()
 {
-    simulated::installNothing();
-    COMPARE_TEXT(someEnvironmentVariables(),
-                 title + QStringLiteral("Expand env var 0 failed!\nExpand env var 1 failed!\nExpand env var 2 failed!\n"
-                                        "Expand env var 3 failed!\nExpand env var 4 failed!\n"));
-}
-
-void EnvironmentVariablesTest::namesWithoutRegardToCase()
-{
-    const DescribedWindows windows("", R"({"environment": {"os": "a", "Path": "b", "homePath": "c", "Temp": "d",
-                                          "Processor_Identifier": "e", "OTHER": "f"}})");
-    COMPARE_TEXT(someEnvironmentVariables(),
-                 title + QStringLiteral("OS       = a\nPATH     = b\nHOMEPATH = c\nTEMP     = d\nPROCESSOR_IDENTIFIER = e\n"));
-}
-
-void EnvironmentVariablesTest::describedFailures_data()
-{
-    QTest::addColumn<QByteArray>("system");
-    QTest::addColumn<QString>("lines");
-    const QByteArray start(R"({"environment": {"OS": "a", "PATH": "b", "HOMEPATH": "c", "TEMP": "d", "PROCESSOR_IDENTIFIER": "e")");
-    const QStringList lines {"OS       = a\n", "PATH     = b\n", "HOMEPATH = c\n", "TEMP     = d\n",
-                             "PROCESSOR_IDENTIFIER = e\n"};
+    const Described all = machineOf(allVariables);
+    QStringList failed;
+    for (int i = 0; i < 5; ++i)
+        failed += QString("Expand env var %1 failed!\n").arg(i);
+    rows.withoutMachine(failed.join(QString()));
+    rows.text("names without regard to case",
+              {"", R"({"environment": {"os": "a", "Path": "b", "homePath": "c", "Temp": "d", "Processor_Identifier": "e",
+                                       "OTHER": "f"}})"},
+              "OS       = a\nPATH     = b\nHOMEPATH = c\nTEMP     = d\nPROCESSOR_IDENTIFIER = e\n");
     for (int i = 0; i < 5; ++i) {
-        QStringList expected = lines;
-        expected[i] = QStringLiteral("Expand env var %1 failed!\n").arg(i);
-        QTest::newRow(qPrintable(QStringLiteral("template %1 fails: its number alone names it").arg(i)))
-            << start + R"(}, "ExpandEnvironmentStrings": {")" + QByteArray::number(i) + R"(": {"error": 8}}})"
-            << expected.join(QString());
+        machine::Machine machine = all.machine;
+        machine.system.ExpandEnvironmentStrings[i] = ERROR_NOT_ENOUGH_MEMORY;
+        rows.text(QString("template %1 fails: its number alone names it").arg(i), machine, linesWith(i, failed.at(i)));
+        rows.failure(QString("call %1 fails").arg(i), all, "ExpandEnvironmentStringsW", i, linesWith(i, failed.at(i)));
     }
-    const auto longValue = [&](const char *what, const QByteArray &name, int index, int length, const QString &line) {
-        QStringList expected = lines;
-        expected[index] = line;
-        QTest::newRow(what) << QByteArray(start).replace("\"" + name + "\": \"" + QByteArray(1, char('a' + index)),
-                                                         "\"" + name + "\": \"" + QByteArray(length, 'x'))
-                + "}}"
-                            << expected.join(QString());
-    };
-    longValue("32768 characters do not fit", "PATH", 1, 32757,
-              "Expand env var 1, buffer too small, would need 32769\n");
-    longValue("a far longer one", "PROCESSOR_IDENTIFIER", 4, 99977,
-              "Expand env var 4, buffer too small, would need 100001\n");
-}
-
-void EnvironmentVariablesTest::describedFailures()
-{
-    QFETCH(QByteArray, system);
-    QFETCH(QString, lines);
-    const DescribedWindows windows("", system);
-    COMPARE_TEXT(someEnvironmentVariables(), title + lines);
-}
-
-// The last unit goes only where it is a null.
-void EnvironmentVariablesTest::withoutTerminators()
-{
-    const DescribedWindows windows(machineOf(allVariables));
-    const simulated::UnterminatedTexts unterminated;
-    COMPARE_TEXT(someEnvironmentVariables(), title + allLines.join(QString()));
-}
-
-void EnvironmentVariablesTest::calls()
-{
-    const DescribedWindows windows(machineOf(allVariables));
-    someEnvironmentVariables();
-    COMPARE_TEXT(journalText(), R"(HeapAlloc 65536
+    addText("32768 characters do not fit", with("PATH", QString(32757, 'x')),
+            linesWith(1, "Expand env var 1, buffer too small, would need 32769\n"));
+    addText("a far longer one", with("PROCESSOR_IDENTIFIER", QString(99977, 'x')),
+            linesWith(4, "Expand env var 4, buffer too small, would need 100001\n"));
+    // Only a null is taken off the end.
+    SectionRows::row("without terminators", [] {
+        const DescribedWindows windows(machineOf(allVariables).machine);
+        const simulated::UnterminatedTexts unterminated;
+        COMPARE_TEXT(someEnvironmentVariables(), title + allLines.join(QString()));
+    });
+    rows.calls("calls", all, R"(HeapAlloc 65536
 ExpandEnvironmentStringsW "OS       = %OS%" 32768
 ExpandEnvironmentStringsW "PATH     = %PATH%" 32768
 ExpandEnvironmentStringsW "HOMEPATH = %HOMEPATH%" 32768
@@ -219,30 +148,20 @@ ExpandEnvironmentStringsW "TEMP     = %TEMP%" 32768
 ExpandEnvironmentStringsW "PROCESSOR_IDENTIFIER = %PROCESSOR_IDENTIFIER%" 32768
 HeapFree
 )");
-}
-
-void EnvironmentVariablesTest::failingCalls_data()
-{
-    QTest::addColumn<int>("number");
-    for (int i = 0; i < 5; ++i)
-        QTest::newRow(qPrintable(QStringLiteral("call %1 fails").arg(i))) << i;
-}
-
-void EnvironmentVariablesTest::failingCalls()
-{
-    QFETCH(int, number);
-    COMPARE_TEXT(textWithFailingCall(machineOf(allVariables), "ExpandEnvironmentStringsW", number,
-                                     someEnvironmentVariables),
-                 title + linesWith(number, QStringLiteral("Expand env var %1 failed!\n").arg(number)));
-}
-
-void EnvironmentVariablesTest::noMemory()
-{
-    // Not even the heading.
-    COMPARE_TEXT(textWithFailingCall(machineOf(allVariables), "HeapAlloc", 0, someEnvironmentVariables), QString());
+    const SectionRows withoutTitle(someEnvironmentVariables, "");
+    withoutTitle.failure("no memory: not even the heading", all, "HeapAlloc", 0, "");
 }
 
 #endif
 
-TEST_WITH_CORE_APPLICATION(EnvironmentVariablesTest);
-#include "tst_environment_variables.moc"
+void addRows()
+{
+    textRows();
+#ifdef SIMULATED_WINDOWS
+    simulatedRows();
+#endif
+}
+
+} // namespace
+
+TEST_WITH_CORE_APPLICATION(SectionTest(addRows));

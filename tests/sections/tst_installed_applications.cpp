@@ -1,52 +1,16 @@
-// installedApplicationsFromRegistry() and installedVisualBasicApplications(): texts and calls.
+// installedApplicationsFromRegistry() and installedVisualBasicApplications()
 
-#include "described_windows.h"
-#include "registry_values.h"
-#include "section_calls.h"
-#include "test_main.h"
-#include "texts.h"
+#include "section_rows.h"
 #include "win/windows_sections.h"
-
-#include <windows.h>
 
 using namespace velkor::SystemInfo::WinSysInfo;
 
-class InstalledApplicationsTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void recognisedNames_data();
-    void recognisedNames();
-    void productValues_data();
-    void productValues();
-    void associations_data();
-    void associations();
-    void walk_data();
-    void walk();
-    void userTools_data();
-    void userTools();
-    void deniedKeys_data();
-    void deniedKeys();
-    void deniedUserTools_data();
-    void deniedUserTools();
-#ifdef SIMULATED_WINDOWS
-    void walkOfASimulatedMachine_data();
-    void walkOfASimulatedMachine();
-    void callsOfAFullMachine();
-    void callsForTheUser();
-    void failingCalls_data();
-    void failingCalls();
-    void failingCallsForTheUser_data();
-    void failingCallsForTheUser();
-    void anyFailingCall();
-#endif
-};
-
 namespace {
 
-const char title[] = ">>> Info about installed Velkor applications from registry:\n\n";
-const char userTitle[] = ">>> Info about installed Velkor Visual Basic applications from registry:\n\n";
+const SectionRows rows(installedApplicationsFromRegistry,
+                       ">>> Info about installed Velkor applications from registry:\n\n");
+const SectionRows userRows(installedVisualBasicApplications,
+                           ">>> Info about installed Velkor Visual Basic applications from registry:\n\n");
 
 /// A product of the machine; its values may follow.
 QByteArray product(const QByteArray &name, const QByteArray &key = "A1")
@@ -86,26 +50,34 @@ const char allValues[] = R"("AdvertiseFlags"=dword:00000184
 "PackageCode"="8F2A0C"
 "Version"=dword:0a02012c
 )";
+const QStringList allValueLines = {"Version: 10.2.300 (raw value 0xa02012c)\n",
+                                   "AdvertiseFlags: 0x184\n",
+                                   "Assignment: 0x1\n",
+                                   "DeploymentFlags: 0x3\n",
+                                   "InstanceType: 0x0\n",
+                                   "Language: 0x407\n",
+                                   "PackageCode: 8F2A0C\n"};
 
-const char allValueLines[] = "Version: 10.2.300 (raw value 0xa02012c)\n"
-                             "AdvertiseFlags: 0x184\n"
-                             "Assignment: 0x1\n"
-                             "DeploymentFlags: 0x3\n"
-                             "InstanceType: 0x0\n"
-                             "Language: 0x407\n"
-                             "PackageCode: 8F2A0C\n";
-
-} // namespace
-
-void InstalledApplicationsTest::recognisedNames_data()
+/// The block of a product of that name.
+QString block(const QString &name, const QString &lines = QString())
 {
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<QStringList>("extensions");
-    QTest::addColumn<QString>("projectType"); // empty: the product is not shown
+    return "ProductName: " + name + '\n' + lines + '\n';
+}
+
+QString extensionLine(const QString &extension, const QString &type)
+{
+    return "File extension '" + extension + "' registered with application project type '" + type + "'\n";
+}
+
+void nameRows()
+{
     const auto shown = [](const char *what, const char *name, const QStringList &extensions, const char *type) {
-        QTest::newRow(what) << QByteArray(name) << extensions << QString::fromLatin1(type);
+        QString lines;
+        for (const QString &extension : extensions)
+            lines += extensionLine(extension, "some class");
+        rows.text(what, product(name) + allAssociations(), block(name, lines + "Open command for '" + type + "':\nopen.exe\n"));
     };
-    const auto hidden = [&](const char *what, const char *name) { shown(what, name, {}, ""); };
+    const auto hidden = [](const char *what, const char *name) { rows.text(what, product(name) + allAssociations(), ""); };
 
     const QStringList plain {".lmdl", ".lmdl2"};
     const QStringList withProject {".lmdl", ".lmdl2", ".vkpj"};
@@ -161,86 +133,57 @@ void InstalledApplicationsTest::recognisedNames_data()
     hidden("a tool of the user section", "Device Flasher");
 }
 
-void InstalledApplicationsTest::recognisedNames()
+/// Of both sections.
+void addValues(const QString &name, const QByteArray &values, const QString &lines)
 {
-    QFETCH(QByteArray, name);
-    QFETCH(QStringList, extensions);
-    QFETCH(QString, projectType);
-    QString expected = QString::fromLatin1(title);
-    if (!projectType.isEmpty()) {
-        expected += "ProductName: " + QString::fromLatin1(name) + '\n';
-        for (const QString &extension : qAsConst(extensions))
-            expected += "File extension '" + extension + "' registered with application project type 'some class'\n";
-        expected += "Open command for '" + projectType + "':\nopen.exe\n\n";
-    }
-    const DescribedWindows windows(product(name) + allAssociations());
-    COMPARE_TEXT(installedApplicationsFromRegistry(), expected);
+    rows.text(name, product("Q9") + values, block("Q9", lines));
+    userRows.text("of the user: " + name, userProduct("Device Flasher") + values, block("Device Flasher", lines));
 }
 
-void InstalledApplicationsTest::productValues_data()
+void valueRows()
 {
-    QTest::addColumn<QByteArray>("values");
-    QTest::addColumn<QString>("lines"); // behind that of the name
-    const auto row = [](const char *what, const QByteArray &values, const QString &lines) {
-        QTest::newRow(what) << values << lines;
-    };
-    row("all values: lines in the table's order", allValues, allValueLines);
-    row("none: the name and an empty line", "", "");
-    row("a version alone", "\"Version\"=dword:0a02012c\n", "Version: 10.2.300 (raw value 0xa02012c)\n");
-    row("a version of 0", "\"Version\"=dword:0\n", "Version: 0.0.0 (raw value 0x0)\n");
-    row("the highest version", "\"Version\"=dword:ffffffff\n", "Version: 255.255.65535 (raw value 0xffffffff)\n");
-    row("a version of three bytes: the low ones", hexValue("Version", REG_DWORD, "\x2c\x01\x02"),
-        "Version: 0.2.300 (raw value 0x2012c)\n");
-    row("a version of no bytes: 0", hexValue("Version", REG_DWORD, ""), "Version: 0.0.0 (raw value 0x0)\n");
-    row("a version of five bytes: no line", hexValue("Version", REG_BINARY, "\x01\x02\x03\x04\x05"), "");
-    row("a version of another type is a number all the same", hexValue("Version", REG_BINARY, "\x2c\x01\x02\x0a"),
-        "Version: 10.2.300 (raw value 0xa02012c)\n");
-    row("a version that is a text: its bytes", "\"Version\"=\"1\"\n", "Version: 0.0.49 (raw value 0x31)\n");
-    row("a version that is a longer text: no line", "\"Version\"=\"10.2\"\n", "");
-    row("advertise flags alone", "\"AdvertiseFlags\"=dword:184\n", "AdvertiseFlags: 0x184\n");
-    row("assignment alone", "\"Assignment\"=dword:ab\n", "Assignment: 0xab\n");
-    row("deployment flags alone", "\"DeploymentFlags\"=dword:0000000f\n", "DeploymentFlags: 0xf\n");
-    row("instance type alone", "\"InstanceType\"=dword:ffffffff\n", "InstanceType: 0xffffffff\n");
-    row("language alone", "\"Language\"=dword:409\n", "Language: 0x409\n");
-    row("a number of eight bytes: no line", hexValue("Language", 11, QByteArray(8, '\x01')), "");
-    row("a short number starts from 0, not from the one before",
-        "\"DeploymentFlags\"=dword:ffffffff\n" + hexValue("InstanceType", REG_DWORD, "\x07"),
-        "DeploymentFlags: 0xffffffff\nInstanceType: 0x7\n");
-    row("package code alone", "\"PackageCode\"=\"8F2A0C\"\n", "PackageCode: 8F2A0C\n");
-    row("an empty package code", "\"PackageCode\"=\"\"\n", "PackageCode: \n");
-    row("a package code of no bytes does not show the name", hexValue("PackageCode", REG_SZ, ""), "PackageCode: \n");
-    row("a package code with placeholders", "\"PackageCode\"=\"%1%2%99%L1\"\n", "PackageCode: %1%2%99%L1\n");
-    row("a package code up to its first null", hexValue("PackageCode", REG_BINARY, QByteArray("ab\0cd", 5)),
-        "PackageCode: ab\n");
-    row("a package code without a terminator", hexValue("PackageCode", REG_SZ, utf16Data("abc")), "PackageCode: abc\n");
-    row("a package code of 2047 characters fits", textValue("PackageCode", QString(2047, 'x')),
-        "PackageCode: " + QString(2047, 'x') + '\n');
-    row("a package code of 2048 bytes without a terminator is text as a whole",
-        hexValue("PackageCode", REG_BINARY, QByteArray(2048, 'x')), "PackageCode: " + QString(2048, 'x') + '\n');
-    row("a package code of 2049 bytes: no line", textValue("PackageCode", QString(2048, 'x')), "");
-    row("other values print nothing", "\"Publisher\"=\"x\"\n\"version2\"=dword:1\n", "");
-    row("value names without regard to case", "\"LANGUAGE\"=dword:409\n", "Language: 0x409\n");
+    addValues("all values: lines in the table's order", allValues, allValueLines.join(QString()));
+    addValues("none: the name and an empty line", "", "");
+    addValues("a version alone", "\"Version\"=dword:0a02012c\n", "Version: 10.2.300 (raw value 0xa02012c)\n");
+    addValues("a version of 0", "\"Version\"=dword:0\n", "Version: 0.0.0 (raw value 0x0)\n");
+    addValues("the highest version", "\"Version\"=dword:ffffffff\n", "Version: 255.255.65535 (raw value 0xffffffff)\n");
+    addValues("a version of three bytes: the low ones", hexValue("Version", REG_DWORD, "\x2c\x01\x02"),
+              "Version: 0.2.300 (raw value 0x2012c)\n");
+    addValues("a version of no bytes: 0", hexValue("Version", REG_DWORD, ""), "Version: 0.0.0 (raw value 0x0)\n");
+    addValues("a version of five bytes: no line", hexValue("Version", REG_BINARY, "\x01\x02\x03\x04\x05"), "");
+    addValues("a version of another type is a number all the same", hexValue("Version", REG_BINARY, "\x2c\x01\x02\x0a"),
+              "Version: 10.2.300 (raw value 0xa02012c)\n");
+    addValues("a version that is a text: its bytes", "\"Version\"=\"1\"\n", "Version: 0.0.49 (raw value 0x31)\n");
+    addValues("a version that is a longer text: no line", "\"Version\"=\"10.2\"\n", "");
+    addValues("advertise flags alone", "\"AdvertiseFlags\"=dword:184\n", "AdvertiseFlags: 0x184\n");
+    addValues("assignment alone", "\"Assignment\"=dword:ab\n", "Assignment: 0xab\n");
+    addValues("deployment flags alone", "\"DeploymentFlags\"=dword:0000000f\n", "DeploymentFlags: 0xf\n");
+    addValues("instance type alone", "\"InstanceType\"=dword:ffffffff\n", "InstanceType: 0xffffffff\n");
+    addValues("language alone", "\"Language\"=dword:409\n", "Language: 0x409\n");
+    addValues("a number of eight bytes: no line", hexValue("Language", 11, QByteArray(8, '\x01')), "");
+    addValues("a short number starts from 0, not from the one before",
+              "\"DeploymentFlags\"=dword:ffffffff\n" + hexValue("InstanceType", REG_DWORD, "\x07"),
+              "DeploymentFlags: 0xffffffff\nInstanceType: 0x7\n");
+    addValues("package code alone", "\"PackageCode\"=\"8F2A0C\"\n", "PackageCode: 8F2A0C\n");
+    addValues("an empty package code", "\"PackageCode\"=\"\"\n", "PackageCode: \n");
+    addValues("a package code of no bytes does not show the name", hexValue("PackageCode", REG_SZ, ""), "PackageCode: \n");
+    addValues("a package code with placeholders", "\"PackageCode\"=\"%1%2%99%L1\"\n", "PackageCode: %1%2%99%L1\n");
+    addValues("a package code up to its first null", hexValue("PackageCode", REG_BINARY, QByteArray("ab\0cd", 5)),
+              "PackageCode: ab\n");
+    addValues("a package code without a terminator", hexValue("PackageCode", REG_SZ, utf16Data("abc")), "PackageCode: abc\n");
+    addValues("a package code of 2047 characters fits", textValue("PackageCode", QString(2047, 'x')),
+              "PackageCode: " + QString(2047, 'x') + '\n');
+    addValues("a package code of 2048 bytes without a terminator is text as a whole",
+              hexValue("PackageCode", REG_BINARY, QByteArray(2048, 'x')), "PackageCode: " + QString(2048, 'x') + '\n');
+    addValues("a package code of 2049 bytes: no line", textValue("PackageCode", QString(2048, 'x')), "");
+    addValues("other values print nothing", "\"Publisher\"=\"x\"\n\"version2\"=dword:1\n", "");
+    addValues("value names without regard to case", "\"LANGUAGE\"=dword:409\n", "Language: 0x409\n");
 }
 
-void InstalledApplicationsTest::productValues()
+void associationRows()
 {
-    QFETCH(QByteArray, values);
-    QFETCH(QString, lines);
-    {
-        const DescribedWindows windows(product("Q9") + values);
-        COMPARE_TEXT(installedApplicationsFromRegistry(), title + QStringLiteral("ProductName: Q9\n") + lines + '\n');
-    }
-    const DescribedWindows windows(userProduct("Device Flasher") + values);
-    COMPARE_TEXT(installedVisualBasicApplications(),
-                 userTitle + QStringLiteral("ProductName: Device Flasher\n") + lines + '\n');
-}
-
-void InstalledApplicationsTest::associations_data()
-{
-    QTest::addColumn<QByteArray>("classes");
-    QTest::addColumn<QString>("lines"); // behind that of the name
-    const auto row = [](const char *what, const QByteArray &classes, const QString &lines) {
-        QTest::newRow(what) << classes << lines;
+    const auto row = [](const char *name, const QByteArray &classes, const QString &lines) {
+        rows.text(name, product("Q9 V2") + classes, block("Q9 V2", lines));
     };
     const QByteArray command("Q9 V2 Project\\shell\\open\\command");
     row("nothing registered: a single empty line", "", "");
@@ -266,64 +209,45 @@ void InstalledApplicationsTest::associations_data()
         "File extension '.q90' registered with application project type 'c'\nOpen command for 'Q9 V2 Project':\nrun\n");
 }
 
-void InstalledApplicationsTest::associations()
+void walkRows()
 {
-    QFETCH(QByteArray, classes);
-    QFETCH(QString, lines);
-    const DescribedWindows windows(product("Q9 V2") + classes);
-    COMPARE_TEXT(installedApplicationsFromRegistry(), title + QStringLiteral("ProductName: Q9 V2\n") + lines + '\n');
-}
-
-void InstalledApplicationsTest::walk_data()
-{
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QString>("blocks");
-    const auto row = [](const char *what, const QByteArray &registry, const QString &blocks) {
-        QTest::newRow(what) << registry << blocks;
-    };
     const QByteArray products("[HKEY_CLASSES_ROOT\\Installer\\Products]\n");
-    row("no products key: the heading and an empty line", "", "");
-    row("no product", products, "");
-    row("no matching product", product("Paint Shop") + product("q9", "A2"), "");
-    row("in the order of their keys", product("Q90", "B2") + product("Q9", "B1"),
-        "ProductName: Q9\n\nProductName: Q90\n\n");
-    row("the same product twice", product("Q9", "B2") + product("Q9", "B1"), "ProductName: Q9\n\nProductName: Q9\n\n");
-    row("others between print nothing",
-        product("Q9", "B1") + product("Other", "B2") + product("Q90", "B3"), "ProductName: Q9\n\nProductName: Q90\n\n");
-    row("a product without a name is skipped",
-        "[HKEY_CLASSES_ROOT\\Installer\\Products\\A0]\n\"Version\"=dword:1\n" + product("Q9"), "ProductName: Q9\n\n");
-    row("a name that is too long for its buffer is none",
-        "[HKEY_CLASSES_ROOT\\Installer\\Products\\A0]\n"
-            + textValue("ProductName", "Linemodel" + QString(2040, 'x')) + product("Q9"),
-        "ProductName: Q9\n\n");
-    row("a name without a terminator",
-        "[HKEY_CLASSES_ROOT\\Installer\\Products\\A0]\n" + hexValue("ProductName", REG_SZ, utf16Data("Q9")),
-        "ProductName: Q9\n\n");
-    row("a name ends at its first null",
-        "[HKEY_CLASSES_ROOT\\Installer\\Products\\A0]\n" + hexValue("ProductName", REG_BINARY, QByteArray("Q9\0x", 4)),
-        "ProductName: Q9\n\n");
-    row("a number whose bytes read as a name",
-        "[HKEY_CLASSES_ROOT\\Installer\\Products\\A0]\n\"ProductName\"=dword:00003951\n", "ProductName: Q9\n\n");
-    row("products of the user are not the machine's", userProduct("Q9"), "");
-    row("values and keys below a product",
-        product("Q9") + "[HKEY_CLASSES_ROOT\\Installer\\Products\\A1\\SourceList]\n\"ProductName\"=\"Q90\"\n",
-        "ProductName: Q9\n\n");
+    rows.text("no products key: the heading and an empty line", "", "");
+    rows.text("no product", products, "");
+    rows.text("no matching product", product("Paint Shop") + product("q9", "A2"), "");
+    rows.text("in the order of their keys", product("Q90", "B2") + product("Q9", "B1"),
+              "ProductName: Q9\n\nProductName: Q90\n\n");
+    rows.text("the same product twice", product("Q9", "B2") + product("Q9", "B1"), "ProductName: Q9\n\nProductName: Q9\n\n");
+    rows.text("others between print nothing",
+              product("Q9", "B1") + product("Other", "B2") + product("Q90", "B3"), "ProductName: Q9\n\nProductName: Q90\n\n");
+    rows.text("a product without a name is skipped",
+              "[HKEY_CLASSES_ROOT\\Installer\\Products\\A0]\n\"Version\"=dword:1\n" + product("Q9"), "ProductName: Q9\n\n");
+    rows.text("a name that is too long for its buffer is none",
+              "[HKEY_CLASSES_ROOT\\Installer\\Products\\A0]\n"
+                  + textValue("ProductName", "Linemodel" + QString(2040, 'x')) + product("Q9"),
+              "ProductName: Q9\n\n");
+    rows.text("a name without a terminator",
+              "[HKEY_CLASSES_ROOT\\Installer\\Products\\A0]\n" + hexValue("ProductName", REG_SZ, utf16Data("Q9")),
+              "ProductName: Q9\n\n");
+    rows.text("a name ends at its first null",
+              "[HKEY_CLASSES_ROOT\\Installer\\Products\\A0]\n" + hexValue("ProductName", REG_BINARY, QByteArray("Q9\0x", 4)),
+              "ProductName: Q9\n\n");
+    rows.text("a number whose bytes read as a name",
+              "[HKEY_CLASSES_ROOT\\Installer\\Products\\A0]\n\"ProductName\"=dword:00003951\n", "ProductName: Q9\n\n");
+    rows.text("products of the user are not the machine's", userProduct("Q9"), "");
+    rows.text("values and keys below a product",
+              product("Q9") + "[HKEY_CLASSES_ROOT\\Installer\\Products\\A1\\SourceList]\n\"ProductName\"=\"Q90\"\n",
+              "ProductName: Q9\n\n");
 }
 
-void InstalledApplicationsTest::walk()
+void deniedRows()
 {
-    QFETCH(QByteArray, registry);
-    QFETCH(QString, blocks);
-    const DescribedWindows windows(registry);
-    COMPARE_TEXT(installedApplicationsFromRegistry(), title + blocks);
-}
-
-void InstalledApplicationsTest::deniedKeys_data()
-{
-    QTest::addColumn<QByteArrayList>("denied"); // below HKEY_CLASSES_ROOT
-    QTest::addColumn<QString>("blocks");
-    const auto row = [](const char *what, const QByteArrayList &denied, const QString &blocks) {
-        QTest::newRow(what) << denied << blocks;
+    const auto row = [](const QString &name, const QByteArrayList &denied, const QString &blocks) {
+        rows.text("denied: " + name,
+                  {product("Q9", "A1") + product("Q90", "A2") + product("Linemodel", "A3") + classDefault(".q90", "c")
+                       + classDefault("Q90 Project\\shell\\open\\command", "run"),
+                   deniedBelow("HKEY_CLASSES_ROOT", denied)},
+                  blocks);
     };
     const QString first("ProductName: Q9\n\n");
     const QString middle("ProductName: Q90\nFile extension '.q90' registered with application project type 'c'\n"
@@ -340,48 +264,23 @@ void InstalledApplicationsTest::deniedKeys_data()
         first + "ProductName: Q90\nFile extension '.q90' registered with application project type 'c'\n\n" + last);
     row("a project type: its open command neither", {"Q90 Project"},
         first + "ProductName: Q90\nFile extension '.q90' registered with application project type 'c'\n\n" + last);
+    const auto userRow = [](const QString &name, const QByteArray &denied, const QString &blocks) {
+        userRows.text("denied to the user: " + name,
+                      {userProduct("Device Flasher", "B1") + userProduct("M4-M8-vkUpdate", "B2")
+                           + userProduct("T-BOX-vkUpdate", "B3"),
+                       deniedBelow("HKEY_CURRENT_USER\\Software\\Microsoft\\Installer\\Products", {denied})},
+                      blocks);
+    };
+    userRow("the first product", "B1", block("M4-M8-vkUpdate") + block("T-BOX-vkUpdate"));
+    userRow("a product in the middle", "B2", block("Device Flasher") + block("T-BOX-vkUpdate"));
+    userRow("the last product", "B3", block("Device Flasher") + block("M4-M8-vkUpdate"));
+    userRow("the key of all products", "", "");
 }
 
-void InstalledApplicationsTest::deniedKeys()
+void userToolRows()
 {
-    QFETCH(QByteArrayList, denied);
-    QFETCH(QString, blocks);
-    const DescribedWindows windows(product("Q9", "A1") + product("Q90", "A2") + product("Linemodel", "A3")
-                                       + classDefault(".q90", "c")
-                                       + classDefault("Q90 Project\\shell\\open\\command", "run"),
-                                   deniedBelow("HKEY_CLASSES_ROOT", denied));
-    COMPARE_TEXT(installedApplicationsFromRegistry(), title + blocks);
-}
-
-void InstalledApplicationsTest::deniedUserTools_data()
-{
-    QTest::addColumn<QByteArrayList>("denied"); // below the key of the user's products
-    QTest::addColumn<QString>("blocks");
-    const QString flasher("ProductName: Device Flasher\n\n");
-    const QString m4("ProductName: M4-M8-vkUpdate\n\n");
-    const QString tBox("ProductName: T-BOX-vkUpdate\n\n");
-    QTest::newRow("the first product") << QByteArrayList {"B1"} << m4 + tBox;
-    QTest::newRow("a product in the middle") << QByteArrayList {"B2"} << flasher + tBox;
-    QTest::newRow("the last product") << QByteArrayList {"B3"} << flasher + m4;
-    QTest::newRow("the key of all products") << QByteArrayList {""} << QString();
-}
-
-void InstalledApplicationsTest::deniedUserTools()
-{
-    QFETCH(QByteArrayList, denied);
-    QFETCH(QString, blocks);
-    const DescribedWindows windows(
-        userProduct("Device Flasher", "B1") + userProduct("M4-M8-vkUpdate", "B2") + userProduct("T-BOX-vkUpdate", "B3"),
-        deniedBelow("HKEY_CURRENT_USER\\Software\\Microsoft\\Installer\\Products", denied));
-    COMPARE_TEXT(installedVisualBasicApplications(), userTitle + blocks);
-}
-
-void InstalledApplicationsTest::userTools_data()
-{
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QString>("blocks");
-    const auto row = [](const char *what, const QByteArray &registry, const QString &blocks) {
-        QTest::newRow(what) << registry << blocks;
+    const auto row = [](const QString &name, const QByteArray &registry, const QString &blocks) {
+        userRows.text("of the user: " + name, registry, blocks);
     };
     row("no products key: the heading and an empty line", "", "");
     row("no product", "[HKEY_CURRENT_USER\\Software\\Microsoft\\Installer\\Products]\n", "");
@@ -392,7 +291,7 @@ void InstalledApplicationsTest::userTools_data()
         userProduct("T-BOX-vkUpdate", "B3") + userProduct("Device Flasher", "B1") + userProduct("M4-M8-vkUpdate", "B2"),
         "ProductName: Device Flasher\n\nProductName: M4-M8-vkUpdate\n\nProductName: T-BOX-vkUpdate\n\n");
     row("all values", userProduct("T-BOX-vkUpdate") + allValues,
-        QStringLiteral("ProductName: T-BOX-vkUpdate\n") + allValueLines + '\n');
+        block("T-BOX-vkUpdate", allValueLines.join(QString())));
     row("other case: none", userProduct("m4-m8-vkupdate") + userProduct("DEVICE FLASHER", "A2"), "");
     row("more behind: none", userProduct("Device Flasher 2") + userProduct("T-BOX-vkUpdate ", "A2"), "");
     row("less: none", userProduct("M4-M8") + userProduct("Device", "A2"), "");
@@ -405,194 +304,118 @@ void InstalledApplicationsTest::userTools_data()
     row("products of the machine are not the user's", product("Device Flasher"), "");
 }
 
-void InstalledApplicationsTest::userTools()
+// On Windows the system's own ANSI code page decides.
+void codePageRows()
 {
-    QFETCH(QByteArray, registry);
-    QFETCH(QString, blocks);
-    const DescribedWindows windows(registry);
-    COMPARE_TEXT(installedVisualBasicApplications(), userTitle + blocks);
+    rows.text("a key whose name is lost on the way cannot be opened and is skipped",
+              product("Q9", "\xc3\xa9") + product("Q90", "\xc3\xbf") + product("Linemodel"), block("Linemodel"));
+    rows.text("a name beyond ASCII is recognised by its bytes", product("Linemodel f\xc3\xbcr alle"),
+              block(QString::fromUtf8("Linemodel f\xef\xbf\xbdr alle")));
 }
 
-#ifdef SIMULATED_WINDOWS
-
-void InstalledApplicationsTest::walkOfASimulatedMachine_data()
+/// The calls for the key of a product: the name, which is read again when it is one, and
+/// the other values, before \a more.
+QString productCalls(const QString &key, bool shown, const QString &more = QString())
 {
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QString>("blocks");
-    QTest::newRow("a key whose name is lost on the way cannot be opened and is skipped")
-        << product("Q9", "\xc3\xa9") + product("Q90", "\xc3\xbf") + product("Linemodel") << "ProductName: Linemodel\n\n";
-    QTest::newRow("a name beyond ASCII is recognised by its bytes")
-        << product("Linemodel f\xc3\xbcr alle") << QString::fromUtf8("ProductName: Linemodel f\xef\xbf\xbdr alle\n\n");
+    QStringList queries {"ProductName 2048"};
+    if (shown)
+        queries += {"ProductName 2048", "Version 4", "AdvertiseFlags 4", "Assignment 4", "DeploymentFlags 4",
+                    "InstanceType 4", "Language 4", "PackageCode 2048"};
+    QString calls = keyCalls(key, queries);
+    return calls.insert(calls.lastIndexOf("RegCloseKey"), more);
 }
 
-void InstalledApplicationsTest::walkOfASimulatedMachine()
+/// The calls of a walk over two keys below \a key.
+QString walkCalls(const QString &key, const QString &first, const QString &second)
 {
-    walk();
+    const auto enumeration = [&](int index) { return QString("RegEnumKeyExA %1 \"%2\" 2048\n").arg(key).arg(index); };
+    return openCall(key) + enumeration(0) + first + enumeration(1) + second + enumeration(2) + "RegCloseKey " + key + '\n';
 }
 
-void InstalledApplicationsTest::callsOfAFullMachine()
+void callRows()
 {
-    const DescribedWindows windows(product("Q9", "B1") + allValues + product("Other", "B2") + allAssociations());
-    installedApplicationsFromRegistry();
-    COMPARE_TEXT(journalText(), R"(RegOpenKeyExA HKEY_CLASSES_ROOT\Installer\Products 0x20019
-RegEnumKeyExA HKEY_CLASSES_ROOT\Installer\Products "0" 2048
-RegOpenKeyExA HKEY_CLASSES_ROOT\Installer\Products\B1 0x20019
-RegQueryValueExA HKEY_CLASSES_ROOT\Installer\Products\B1 "ProductName" 2048
-RegQueryValueExA HKEY_CLASSES_ROOT\Installer\Products\B1 "ProductName" 2048
-RegQueryValueExA HKEY_CLASSES_ROOT\Installer\Products\B1 "Version" 4
-RegQueryValueExA HKEY_CLASSES_ROOT\Installer\Products\B1 "AdvertiseFlags" 4
-RegQueryValueExA HKEY_CLASSES_ROOT\Installer\Products\B1 "Assignment" 4
-RegQueryValueExA HKEY_CLASSES_ROOT\Installer\Products\B1 "DeploymentFlags" 4
-RegQueryValueExA HKEY_CLASSES_ROOT\Installer\Products\B1 "InstanceType" 4
-RegQueryValueExA HKEY_CLASSES_ROOT\Installer\Products\B1 "Language" 4
-RegQueryValueExA HKEY_CLASSES_ROOT\Installer\Products\B1 "PackageCode" 2048
-RegOpenKeyExA HKEY_CLASSES_ROOT\.wvp 0x20019
-RegQueryValueExA HKEY_CLASSES_ROOT\.wvp "" 2048
-RegCloseKey HKEY_CLASSES_ROOT\.wvp
-RegOpenKeyExA HKEY_CLASSES_ROOT\Q9 Project\shell\open\command 0x20019
-RegQueryValueExA HKEY_CLASSES_ROOT\Q9 Project\shell\open\command "" 2048
-RegCloseKey HKEY_CLASSES_ROOT\Q9 Project\shell\open\command
-RegCloseKey HKEY_CLASSES_ROOT\Installer\Products\B1
-RegEnumKeyExA HKEY_CLASSES_ROOT\Installer\Products "1" 2048
-RegOpenKeyExA HKEY_CLASSES_ROOT\Installer\Products\B2 0x20019
-RegQueryValueExA HKEY_CLASSES_ROOT\Installer\Products\B2 "ProductName" 2048
-RegCloseKey HKEY_CLASSES_ROOT\Installer\Products\B2
-RegEnumKeyExA HKEY_CLASSES_ROOT\Installer\Products "2" 2048
-RegCloseKey HKEY_CLASSES_ROOT\Installer\Products
-)");
-    QCOMPARE(handleProblems(), QString());
+    const QString classes = "HKEY_CLASSES_ROOT\\";
+    const QString products = classes + "Installer\\Products";
+    rows.calls("calls of a full machine", product("Q9", "B1") + allValues + product("Other", "B2") + allAssociations(),
+               walkCalls(products,
+                         productCalls(products + "\\B1", true,
+                                      keyCalls(classes + ".wvp", {" 2048"})
+                                          + keyCalls(classes + "Q9 Project\\shell\\open\\command", {" 2048"})),
+                         productCalls(products + "\\B2", false)));
+    const QString userProducts = "HKEY_CURRENT_USER\\Software\\Microsoft\\Installer\\Products";
+    userRows.calls("calls for the user", userProduct("Device Flasher") + userProduct("Other", "A2"),
+                   walkCalls(userProducts, productCalls(userProducts + "\\A1", true),
+                             productCalls(userProducts + "\\A2", false)));
 }
 
-void InstalledApplicationsTest::callsForTheUser()
-{
-    const DescribedWindows windows(userProduct("Device Flasher") + userProduct("Other", "A2"));
-    installedVisualBasicApplications();
-    COMPARE_TEXT(journalText(), R"(RegOpenKeyExA HKEY_CURRENT_USER\Software\Microsoft\Installer\Products 0x20019
-RegEnumKeyExA HKEY_CURRENT_USER\Software\Microsoft\Installer\Products "0" 2048
-RegOpenKeyExA HKEY_CURRENT_USER\Software\Microsoft\Installer\Products\A1 0x20019
-RegQueryValueExA HKEY_CURRENT_USER\Software\Microsoft\Installer\Products\A1 "ProductName" 2048
-RegQueryValueExA HKEY_CURRENT_USER\Software\Microsoft\Installer\Products\A1 "ProductName" 2048
-RegQueryValueExA HKEY_CURRENT_USER\Software\Microsoft\Installer\Products\A1 "Version" 4
-RegQueryValueExA HKEY_CURRENT_USER\Software\Microsoft\Installer\Products\A1 "AdvertiseFlags" 4
-RegQueryValueExA HKEY_CURRENT_USER\Software\Microsoft\Installer\Products\A1 "Assignment" 4
-RegQueryValueExA HKEY_CURRENT_USER\Software\Microsoft\Installer\Products\A1 "DeploymentFlags" 4
-RegQueryValueExA HKEY_CURRENT_USER\Software\Microsoft\Installer\Products\A1 "InstanceType" 4
-RegQueryValueExA HKEY_CURRENT_USER\Software\Microsoft\Installer\Products\A1 "Language" 4
-RegQueryValueExA HKEY_CURRENT_USER\Software\Microsoft\Installer\Products\A1 "PackageCode" 2048
-RegCloseKey HKEY_CURRENT_USER\Software\Microsoft\Installer\Products\A1
-RegEnumKeyExA HKEY_CURRENT_USER\Software\Microsoft\Installer\Products "1" 2048
-RegOpenKeyExA HKEY_CURRENT_USER\Software\Microsoft\Installer\Products\A2 0x20019
-RegQueryValueExA HKEY_CURRENT_USER\Software\Microsoft\Installer\Products\A2 "ProductName" 2048
-RegCloseKey HKEY_CURRENT_USER\Software\Microsoft\Installer\Products\A2
-RegEnumKeyExA HKEY_CURRENT_USER\Software\Microsoft\Installer\Products "2" 2048
-RegCloseKey HKEY_CURRENT_USER\Software\Microsoft\Installer\Products
-)");
-    QCOMPARE(handleProblems(), QString());
-}
+const QStringList noValue = {"no version", "no advertise flags", "no assignment", "no deployment flags", "no instance type",
+                             "no language", "no package code"};
 
-namespace {
-
-/// Two products; the first with everything.
-machine::Machine fullMachine()
+void failureRows()
 {
-    const QByteArray associations = classDefault(".wvp", "Q9 Project")
+    const Described full = product("Q9", "B1") + allValues + product("Q90", "B2") + classDefault(".wvp", "Q9 Project")
         + classDefault("Q9 Project\\shell\\open\\command", "q9.exe %1");
-    return DescribedWindows::parse(product("Q9", "B1") + allValues + product("Q90", "B2") + associations, "{}");
+    const auto row = [&](const char *name, const char *call, int number, const QString &blocks) {
+        rows.failure(name, full, call, number, blocks);
+    };
+    const QString nameLine = "ProductName: Q9\n";
+    const QString values = allValueLines.join(QString());
+    const QString extension = extensionLine(".wvp", "Q9 Project");
+    const QString command = "Open command for 'Q9 Project':\nq9.exe %1\n";
+    const QString first = nameLine + values + extension + command + '\n';
+    const QString second = block("Q90");
+    row("the products do not open: the heading alone", "RegOpenKeyExA", 0, "");
+    row("a product does not open: the next one follows", "RegOpenKeyExA", 1, second);
+    row("an extension does not open", "RegOpenKeyExA", 2, nameLine + values + command + '\n' + second);
+    row("the open command does not open", "RegOpenKeyExA", 3, nameLine + values + extension + '\n' + second);
+    row("the walk fails at its start", "RegEnumKeyExA", 0, "");
+    row("the walk fails: products behind are not shown", "RegEnumKeyExA", 1, first);
+    row("the name cannot be read: the next one follows", "RegQueryValueExA", 0, second);
+    row("the name cannot be read again: its line is missing", "RegQueryValueExA", 1,
+        values + extension + command + '\n' + second);
+    rows.failures(full, "RegQueryValueExA", 2, allValueLines + QStringList {extension, command},
+                  noValue + QStringList {"the extension's class cannot be read", "the open command cannot be read"}, nameLine,
+                  '\n' + second);
+    row("an extension does not close: nothing shows", "RegCloseKey", 0, first + second);
+    row("the open command does not close: nothing shows", "RegCloseKey", 1, first + second);
+    row("a product does not close: nothing shows", "RegCloseKey", 2, first + second);
+    rows.anyFailure("any call fails", full);
 }
 
-machine::Machine fullUser()
+void userFailureRows()
 {
-    return DescribedWindows::parse(
-        userProduct("Device Flasher", "B1") + allValues + userProduct("T-BOX-vkUpdate", "B2"), "{}");
+    const Described full = userProduct("Device Flasher", "B1") + allValues + userProduct("T-BOX-vkUpdate", "B2");
+    const auto row = [&](const QString &name, const char *call, int number, const QString &blocks) {
+        userRows.failure("of the user: " + name, full, call, number, blocks);
+    };
+    const QString first = block("Device Flasher", allValueLines.join(QString()));
+    const QString second = block("T-BOX-vkUpdate");
+    row("the products do not open: the heading alone", "RegOpenKeyExA", 0, "");
+    row("a product does not open: the next one follows", "RegOpenKeyExA", 1, second);
+    row("the walk fails at its start", "RegEnumKeyExA", 0, "");
+    row("the walk fails: products behind are not shown", "RegEnumKeyExA", 1, first);
+    row("the name cannot be read: the next one follows", "RegQueryValueExA", 0, second);
+    row("the package code cannot be read", "RegQueryValueExA", 8,
+        block("Device Flasher", allValueLines.mid(0, 6).join(QString())) + second);
+    row("a product does not close: nothing shows", "RegCloseKey", 0, first + second);
+    userRows.anyFailure("any call for the user fails", full);
 }
 
-const char nameLine[] = "ProductName: Q9\n";
-const char extensionLine[] = "File extension '.wvp' registered with application project type 'Q9 Project'\n";
-const char commandLines[] = "Open command for 'Q9 Project':\nq9.exe %1\n";
-const char secondBlock[] = "ProductName: Q90\n\n";
-
-/// The text without one of its parts.
-QString without(QString text, const char *part)
+void addRows()
 {
-    return text.remove(QString::fromLatin1(part));
+    nameRows();
+    valueRows();
+    associationRows();
+    walkRows();
+    deniedRows();
+    userToolRows();
+    if (windowsIsSimulated)
+        codePageRows();
+    callRows();
+    failureRows();
+    userFailureRows();
 }
 
 } // namespace
 
-void InstalledApplicationsTest::failingCalls_data()
-{
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("expected");
-    const QString full = QString(title) + nameLine + allValueLines + extensionLine + commandLines + '\n' + secondBlock;
-    const auto row = [](const char *what, const char *call, int number, const QString &expected) {
-        QTest::newRow(what) << QByteArray(call) << number << expected;
-    };
-    row("the products do not open: the heading alone", "RegOpenKeyExA", 0, title);
-    row("a product does not open: the next one follows", "RegOpenKeyExA", 1, QString(title) + secondBlock);
-    row("an extension does not open", "RegOpenKeyExA", 2, without(full, extensionLine));
-    row("the open command does not open", "RegOpenKeyExA", 3, without(full, commandLines));
-    row("the walk fails at its start", "RegEnumKeyExA", 0, title);
-    row("the walk fails: products behind are not shown", "RegEnumKeyExA", 1, without(full, secondBlock));
-    row("the name cannot be read: the next one follows", "RegQueryValueExA", 0, QString(title) + secondBlock);
-    row("the name cannot be read again: its line is missing", "RegQueryValueExA", 1, without(full, nameLine));
-    row("no version", "RegQueryValueExA", 2, without(full, "Version: 10.2.300 (raw value 0xa02012c)\n"));
-    row("no advertise flags", "RegQueryValueExA", 3, without(full, "AdvertiseFlags: 0x184\n"));
-    row("no assignment", "RegQueryValueExA", 4, without(full, "Assignment: 0x1\n"));
-    row("no deployment flags", "RegQueryValueExA", 5, without(full, "DeploymentFlags: 0x3\n"));
-    row("no instance type", "RegQueryValueExA", 6, without(full, "InstanceType: 0x0\n"));
-    row("no language", "RegQueryValueExA", 7, without(full, "Language: 0x407\n"));
-    row("no package code", "RegQueryValueExA", 8, without(full, "PackageCode: 8F2A0C\n"));
-    row("the extension's class cannot be read", "RegQueryValueExA", 9, without(full, extensionLine));
-    row("the open command cannot be read", "RegQueryValueExA", 10, without(full, commandLines));
-    row("an extension does not close: nothing shows", "RegCloseKey", 0, full);
-    row("the open command does not close: nothing shows", "RegCloseKey", 1, full);
-    row("a product does not close: nothing shows", "RegCloseKey", 2, full);
-}
-
-void InstalledApplicationsTest::failingCalls()
-{
-    QFETCH(QByteArray, call);
-    QFETCH(int, number);
-    QFETCH(QString, expected);
-    COMPARE_TEXT(textWithFailingCall(fullMachine(), call, number, installedApplicationsFromRegistry), expected);
-}
-
-void InstalledApplicationsTest::failingCallsForTheUser_data()
-{
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("expected");
-    const QString first = QStringLiteral("ProductName: Device Flasher\n") + allValueLines + '\n';
-    const QString second("ProductName: T-BOX-vkUpdate\n\n");
-    const auto row = [](const char *what, const char *call, int number, const QString &expected) {
-        QTest::newRow(what) << QByteArray(call) << number << expected;
-    };
-    row("the products do not open: the heading alone", "RegOpenKeyExA", 0, userTitle);
-    row("a product does not open: the next one follows", "RegOpenKeyExA", 1, userTitle + second);
-    row("the walk fails at its start", "RegEnumKeyExA", 0, userTitle);
-    row("the walk fails: products behind are not shown", "RegEnumKeyExA", 1, userTitle + first);
-    row("the name cannot be read: the next one follows", "RegQueryValueExA", 0, userTitle + second);
-    row("the package code cannot be read", "RegQueryValueExA", 8,
-        userTitle + without(first, "PackageCode: 8F2A0C\n") + second);
-    row("a product does not close: nothing shows", "RegCloseKey", 0, userTitle + first + second);
-}
-
-void InstalledApplicationsTest::failingCallsForTheUser()
-{
-    QFETCH(QByteArray, call);
-    QFETCH(int, number);
-    QFETCH(QString, expected);
-    COMPARE_TEXT(textWithFailingCall(fullUser(), call, number, installedVisualBasicApplications), expected);
-}
-
-void InstalledApplicationsTest::anyFailingCall()
-{
-    QCOMPARE(problemOfAnyFailingCall(fullMachine(), title, installedApplicationsFromRegistry), QString());
-    QCOMPARE(problemOfAnyFailingCall(fullUser(), userTitle, installedVisualBasicApplications), QString());
-}
-
-#endif
-
-TEST_WITH_CORE_APPLICATION(InstalledApplicationsTest);
-#include "tst_installed_applications.moc"
+TEST_WITH_CORE_APPLICATION(SectionTest(addRows));

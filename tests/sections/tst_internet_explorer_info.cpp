@@ -1,38 +1,14 @@
-// internetExplorerInfo(): texts and calls.
+// internetExplorerInfo()
 
-#include "described_windows.h"
-#include "registry_values.h"
-#include "test_main.h"
-#include "texts.h"
+#include "section_rows.h"
 #include "win/windows_sections.h"
-
-#ifdef SIMULATED_WINDOWS
-#  include "journal_lines.h"
-#  include <windows.h>
-#endif
 
 using namespace velkor::SystemInfo::WinSysInfo;
 
-class InternetExplorerInfoTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void text_data();
-    void text();
-#ifdef SIMULATED_WINDOWS
-    void workstation();
-    void ansiText();
-    void calls_data();
-    void calls();
-    void failingCalls_data();
-    void failingCalls();
-#endif
-};
-
 namespace {
 
-const QString title = "Internet Explorer information from Registry\n";
+const SectionRows rows(internetExplorerInfo, "Internet Explorer information from Registry\n");
+
 const QString noKey = "<failed to open registry key '%1'";
 const QString noVersion = "<could neither read 'Version' nor 'IVer' for Explorer>";
 const QString noBuild = "<could not read build number>";
@@ -49,7 +25,7 @@ QString versionLine(const QString &version)
 
 void addRow(const char *name, const QByteArray &values, const QString &version, const QString &otherLines = QString())
 {
-    QTest::newRow(name) << key() + values << title + versionLine(version) + otherLines;
+    rows.text(name, key() + values, versionLine(version) + otherLines);
 }
 
 const QString updateLine = "Update Version:    11.0.1000\n";
@@ -114,7 +90,7 @@ void textRows()
            "11.789.19041.0", updateLine + w2kLine);
 }
 
-// The first buffer is one for all values but "Build", and is never cleared.
+// Quirk: one buffer, never cleared, for all values but "Build".
 void bufferRows()
 {
     addRow("a service version without terminator goes on in the version",
@@ -172,7 +148,7 @@ void comparisonRows()
 {
     addRow("an empty IVer", textValue("IVer", ""), "IVer =  unknwon");
     addRelease("an empty IVer with an empty Build", "", "", "IVer =  unknwon Build = %1");
-    addRow("an IVer of zero bytes", hexValue("IVer", 1, ""), "IVer =  unknwon");
+    addRow("an IVer of zero bytes", hexValue("IVer", REG_SZ, ""), "IVer =  unknwon");
     addRow("the start of a known IVer", textValue("IVer", "10"), "IVer = 10 unknwon");
     addRow("more than a known IVer", textValue("IVer", "1030"), "IVer = 1030 unknwon");
     addRow("a known IVer and a blank", textValue("IVer", "103 "), "IVer = 103  unknwon");
@@ -194,23 +170,23 @@ void comparisonRows()
            "1.0 (Plus! for Windows 95)");
 }
 
-// "Build" is queried with the size that "IVer" had.
+// Quirk: "Build" is queried with the size that "IVer" had.
 void sizeRows()
 {
     addRow("103, 1155: five bytes do not fit in four", textValue("IVer", "103") + textValue("Build", "1155"),
            "3." + noBuild);
     addRow("103, 1155 without terminator: four bytes fit",
-           textValue("IVer", "103") + hexValue("Build", 1, utf16Data("1155")),
+           textValue("IVer", "103") + hexValue("Build", REG_SZ, utf16Data("1155")),
            "3.0 (Build: 1155)");
     addRow("103 without terminator, 1155 without terminator: four bytes do not fit in three",
-           hexValue("IVer", 1, utf16Data("103")) + hexValue("Build", 1, utf16Data("1155")), "3." + noBuild);
+           hexValue("IVer", REG_SZ, utf16Data("103")) + hexValue("Build", REG_SZ, utf16Data("1155")), "3." + noBuild);
     addRow("102, 520: four bytes fit", textValue("IVer", "102") + textValue("Build", "520"), "2.0 (Build 520) Windows 95");
     addRow("102, 5200: five bytes do not fit", textValue("IVer", "102") + textValue("Build", "5200"), "2.0" + noBuild);
     addRow("102 without terminator, 520: four bytes do not fit in three",
-           hexValue("IVer", 1, utf16Data("102")) + textValue("Build", "520"), "2.0" + noBuild);
+           hexValue("IVer", REG_SZ, utf16Data("102")) + textValue("Build", "520"), "2.0" + noBuild);
     addRow("999, a Build that does not fit", textValue("IVer", "999") + textValue("Build", "5200"), "IVer = 999 unknwon");
-    addRow("an IVer of zero bytes leaves no room", hexValue("IVer", 1, "") + textValue("Build", ""), "IVer =  unknwon");
-    addRow("an IVer of zero bytes, a Build of zero bytes", hexValue("IVer", 1, "") + hexValue("Build", 1, ""),
+    addRow("an IVer of zero bytes leaves no room", hexValue("IVer", REG_SZ, "") + textValue("Build", ""), "IVer =  unknwon");
+    addRow("an IVer of zero bytes, a Build of zero bytes", hexValue("IVer", REG_SZ, "") + hexValue("Build", REG_SZ, ""),
            "IVer =  unknwon Build = %1");
     addRow("the largest IVer", binaryValue("IVer", QByteArray(2048, 'x')) + binaryValue("Build", QByteArray(2048, 'y')),
            "IVer = " + QString(2048, 'x') + " unknwon Build = %1");
@@ -223,64 +199,13 @@ void sizeRows()
            binaryValue("Version", QByteArray(4096, 'x')) + binaryValue("IVer", QByteArray(3000, 'x')), noVersion);
 }
 
-} // namespace
-
-void InternetExplorerInfoTest::text_data()
+void callRows()
 {
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("no key: a line that is not ended") << QByteArray() << title + noKey;
-    QTest::newRow("everything") << key() + versions() + textValue("IVer", "102") + textValue("Build", "520")
-            + serviceValues()
-                                << title + versionLine("11.789.19041.0") + updateLine + kbLine + w2kLine;
-    versionRows();
-    textRows();
-    bufferRows();
-    releaseRows();
-    comparisonRows();
-    sizeRows();
-}
-
-void InternetExplorerInfoTest::text()
-{
-    QFETCH(QByteArray, registry);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(registry);
-    COMPARE_TEXT(internetExplorerInfo(), expected);
-}
-
-#ifdef SIMULATED_WINDOWS
-
-namespace {
-
-const QString openLine = "RegOpenKeyExA HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Internet Explorer 0x20019";
-
-} // namespace
-
-void InternetExplorerInfoTest::workstation()
-{
-    const DescribedWindows windows(DescribedWindows::load("workstation"));
-    COMPARE_TEXT(internetExplorerInfo(), title + versionLine("11.789.19041.0") + updateLine + kbLine + w2kLine);
-}
-
-// What a text becomes on its way depends on the machine's ANSI code page.
-void InternetExplorerInfoTest::ansiText()
-{
-    const DescribedWindows windows(key() + textValue("Version", QString("9") + QChar(0xe9)));
-    COMPARE_TEXT(internetExplorerInfo(), title + versionLine(QString("9") + QChar(0xfffd)));
-}
-
-void InternetExplorerInfoTest::calls_data()
-{
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QStringList>("expected");
-    const auto row = [](const char *name, const QByteArray &values, const QStringList &queries) {
-        QStringList lines(openLine);
-        for (const QString &query : queries)
-            lines += "RegQueryValueExA " + query;
-        QTest::newRow(name) << key() + values << lines + QStringList("RegCloseKey");
+    const QString path = "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Internet Explorer";
+    const auto row = [&](const char *name, const QByteArray &values, const QStringList &queries) {
+        rows.calls(QString("calls: ") + name, key() + values, keyCalls(path, queries));
     };
-    QTest::newRow("no key") << QByteArray() << QStringList(openLine);
+    rows.calls("calls: no key", "", openCall(path));
     row("service version: five sizes of 2048", versions() + serviceValues(),
         {"Version 2048", "svcVersion 2048", "svcUpdateVersion 2048", "svcKBNumber 2048", "W2kVersion 2048"});
     row("service version without service values", versions(),
@@ -294,26 +219,10 @@ void InternetExplorerInfoTest::calls_data()
     row("Build is asked for where it is not looked at", textValue("IVer", "100"),
         {"Version 2048", "IVer 2048", "Build 4"});
 }
-
-void InternetExplorerInfoTest::calls()
+void failureRows()
 {
-    QFETCH(QByteArray, registry);
-    QFETCH(QStringList, expected);
-    const DescribedWindows windows(registry);
-    internetExplorerInfo();
-    QCOMPARE(journalLines(), expected);
-    QCOMPARE(simulated::openHandles(), QStringList());
-    QCOMPARE(simulated::handleMisuses(), QStringList());
-}
-
-void InternetExplorerInfoTest::failingCalls_data()
-{
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *name, const QByteArray &values, const char *call, int number, const QString &text) {
-        QTest::newRow(name) << key() + values << QByteArray(call) << number << title + text;
+    const auto row = [](const char *name, const QByteArray &values, const char *call, int number, const QString &lines) {
+        rows.failure(name, key() + values, call, number, lines);
     };
     const QByteArray full = versions() + serviceValues();
     const QByteArray old = textValue("IVer", "102") + textValue("Build", "520");
@@ -329,21 +238,24 @@ void InternetExplorerInfoTest::failingCalls_data()
     row("Build cannot be read", old, "RegQueryValueExA", 2, versionLine("2.0" + noBuild));
     row("the key does not close: nothing shows", full, "RegCloseKey", 0, all);
 }
-
-void InternetExplorerInfoTest::failingCalls()
+void addRows()
 {
-    QFETCH(QByteArray, registry);
-    QFETCH(QByteArray, call);
-    QFETCH(int, number);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(registry);
-    const simulated::Fault fault = simulated::Fault::nthCall(call, std::size_t(number), ERROR_ACCESS_DENIED);
-    COMPARE_TEXT(internetExplorerInfo(), expected);
-    QCOMPARE(fault.hits(), std::size_t(1));
-    QCOMPARE(simulated::openHandles(), QStringList());
+    rows.text("no key: a line that is not ended", "", noKey);
+    rows.text("everything",
+              key() + versions() + textValue("IVer", "102") + textValue("Build", "520") + serviceValues(),
+              versionLine("11.789.19041.0") + updateLine + kbLine + w2kLine);
+    versionRows();
+    textRows();
+    bufferRows();
+    releaseRows();
+    comparisonRows();
+    sizeRows();
+    callRows();
+    failureRows();
+    if (windowsIsSimulated) // elsewhere the system's own ANSI code page decides
+        addRow("a character of the ANSI code page", textValue("Version", QString("9") + QChar(0xe9)), QString("9") + QChar(0xfffd));
 }
 
-#endif
+} // namespace
 
-TEST_WITH_CORE_APPLICATION(InternetExplorerInfoTest);
-#include "tst_internet_explorer_info.moc"
+TEST_WITH_CORE_APPLICATION(SectionTest(addRows));

@@ -1,66 +1,35 @@
-// loadedModules() and its lines: texts and calls.
+// loadedModules() and its lines of the report
 
-#include "described_windows.h"
-#include "section_calls.h"
-#include "test_main.h"
-#include "texts.h"
+#include "section_rows.h"
 #include "win/windows_sections.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
+#include <QtCore/QRegularExpression>
 
 using namespace velkor::SystemInfo::WinSysInfo;
-
-class LoadedModulesTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-#ifdef SIMULATED_WINDOWS
-    void names_data();
-    void names();
-    void noList();
-    void manyModules_data();
-    void manyModules();
-    void unreadableAmongMany();
-    void calls();
-    void callsForMany_data();
-    void callsForMany();
-    void failingCalls_data();
-    void failingCalls();
-#else
-    void modulesOfThisProcess();
-#endif
-};
 
 namespace {
 
 const char title[] = "Loaded modules/DLLs:\n";
 
-} // namespace
+/// A line for each module.
+QString lines(const QStringList &modules)
+{
+    return modules.join('\n') + (modules.isEmpty() ? "" : "\n");
+}
 
-#ifdef SIMULATED_WINDOWS
+const SectionRows section(loadedModulesText, title);
+const SectionRows list([] { return lines(loadedModules()); }, "");
 
-namespace {
-
-using Modules = std::vector<std::optional<QString>>;
-
-machine::Machine machineOf(const Modules &modules)
+Described machineOf(const QStringList &names)
 {
     machine::Machine machine;
-    machine.system.EnumProcessModules.value = modules;
+    machine.system.EnumProcessModules.value.emplace(names.begin(), names.end());
     return machine;
 }
 
-const QStringList fiveNames {"C:\\Host\\host.exe", "C:\\Windows\\ntdll.dll", "C:\\Windows\\kernel32.dll",
-                             "C:\\Host\\a.dll",
-                             "C:\\Host\\B.dll"};
-
-Modules fiveModules()
-{
-    return Modules(fiveNames.begin(), fiveNames.end());
-}
-
+/// "0", "1" and so on.
 /// "0", "1" and so on.
 QStringList numbered(int count)
 {
@@ -69,15 +38,12 @@ QStringList numbered(int count)
         names += QString::number(i);
     return names;
 }
-
-} // namespace
-
-void LoadedModulesTest::names_data()
+void nameRows()
 {
-    QTest::addColumn<QByteArray>("list");
-    QTest::addColumn<QStringList>("expected");
-    const auto row = [](const char *what, const QByteArray &list, const QStringList &expected) {
-        QTest::newRow(what) << list << expected;
+    const auto row = [](const char *name, const QByteArray &modules, const QStringList &expected) {
+        const Described machine("", "{\"EnumProcessModules\": " + modules + "}");
+        list.text(name, machine, lines(expected));
+        section.text(QString("lines: ") + name, machine, lines(expected));
     };
     row("five modules, the program's own file first", R"(["h.exe", "ntdll.dll", "kernel32.dll", "a.dll", "B.dll"])",
         {"h.exe", "ntdll.dll", "kernel32.dll", "a.dll", "B.dll"});
@@ -92,128 +58,65 @@ void LoadedModulesTest::names_data()
     row("259 characters", "[\"" + QByteArray(259, 'm') + "\"]", {QString(259, 'm')});
     row("260 characters: as many as the buffer holds", "[\"" + QByteArray(260, 'm') + "\", \"b\"]",
         {QString(259, 'm'), "b"});
+    list.text("no list", "", "");
+    section.text("lines: no list", "", "");
+    list.text("1023: all", machineOf(numbered(1023)), lines(numbered(1023)));
+    list.text("1024: all", machineOf(numbered(1024)), lines(numbered(1024)));
+    list.text("1025: the first 1024", machineOf(numbered(1025)), lines(numbered(1024)));
+    list.text("5000: the first 1024", machineOf(numbered(5000)), lines(numbered(1024)));
+    Described unreadable = machineOf(numbered(1030));
+    unreadable.machine.system.EnumProcessModules.value->front().reset();
+    list.text("one that cannot be named makes no room for another", unreadable, lines(numbered(1024).mid(1)));
 }
 
-void LoadedModulesTest::names()
+/// The calls that name so many modules, and none more.
+QString callsFor(int modules)
 {
-    QFETCH(QByteArray, list);
-    QFETCH(QStringList, expected);
-    const DescribedWindows windows("", "{\"EnumProcessModules\": " + list + "}");
-    QCOMPARE(loadedModules(), expected);
-    COMPARE_TEXT(loadedModulesText(), title + expected.join('\n') + (expected.isEmpty() ? "" : "\n"));
+    QString calls = "EnumProcessModules 8192\n";
+    for (int i = 0; i < modules; ++i)
+        calls += QString("GetModuleFileNameExW \"%1\" 260\n").arg(i);
+    return calls;
 }
 
-void LoadedModulesTest::noList()
+void callRows()
 {
-    const DescribedWindows windows("", "{}");
-    QCOMPARE(loadedModules(), QStringList());
-    COMPARE_TEXT(loadedModulesText(), QString(title));
-}
-
-void LoadedModulesTest::manyModules_data()
-{
-    QTest::addColumn<int>("count");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("1023: all") << 1023 << 1023;
-    QTest::newRow("1024: all") << 1024 << 1024;
-    QTest::newRow("1025: the first 1024") << 1025 << 1024;
-    QTest::newRow("5000: the first 1024") << 5000 << 1024;
-}
-
-void LoadedModulesTest::manyModules()
-{
-    QFETCH(int, count);
-    QFETCH(int, expected);
-    const QStringList names = numbered(count);
-    const DescribedWindows windows(machineOf(Modules(names.begin(), names.end())));
-    QCOMPARE(loadedModules(), numbered(expected));
-}
-
-void LoadedModulesTest::unreadableAmongMany()
-{
-    // A module that cannot be named makes no room for one beyond the array.
-    const QStringList names = numbered(1030);
-    Modules modules(names.begin(), names.end());
-    modules[0].reset();
-    const DescribedWindows windows(machineOf(modules));
-    QCOMPARE(loadedModules(), numbered(1024).mid(1));
-}
-
-void LoadedModulesTest::calls()
-{
-    const DescribedWindows windows("", R"({"EnumProcessModules": ["a", null, "c"]})");
-    loadedModules();
-    COMPARE_TEXT(journalText(), R"(EnumProcessModules 8192
-GetModuleFileNameExW "0" 260
-GetModuleFileNameExW "1" 260
-GetModuleFileNameExW "2" 260
-)");
-}
-
-// One for each module that Windows lists and none more: no module is the program itself.
-void LoadedModulesTest::callsForMany_data()
-{
-    QTest::addColumn<int>("count");
-    QTest::addColumn<int>("named");
-    for (const int count : {1, 2, 7, 8, 9, 100, 1023, 1024})
-        QTest::addRow("%d", count) << count << count;
-    QTest::newRow("1025") << 1025 << 1024;
-}
-
-void LoadedModulesTest::callsForMany()
-{
-    QFETCH(int, count);
-    QFETCH(int, named);
-    const DescribedWindows windows(machineOf(Modules(std::size_t(count), QString("m"))));
-    loadedModules();
-    QCOMPARE(simulated::journal().size(), std::size_t(1 + named));
-    QCOMPARE(simulated::journal().back().value, QString::number(named - 1));
-}
-
-void LoadedModulesTest::failingCalls_data()
-{
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QStringList>("expected");
-    const auto without = [](int index) {
-        QStringList names = fiveNames;
-        names.removeAt(index);
-        return names;
+    list.calls("calls", {"", R"({"EnumProcessModules": ["a", null, "c"]})"}, callsFor(3));
+    for (const int count : {1, 2, 7, 8, 9, 100, 1023, 1024, 1025})
+        list.calls(QString("calls for %1").arg(count), machineOf(numbered(count)), callsFor(std::min(count, 1024)));
+    const QStringList names {"C:\\Host\\host.exe", "C:\\Windows\\ntdll.dll", "C:\\Windows\\kernel32.dll", "C:\\Host\\a.dll",
+                             "C:\\Host\\B.dll"};
+    const auto withoutName = [&](const char *name, int index) {
+        QStringList others = names;
+        others.removeAt(index);
+        list.failure(name, machineOf(names), "GetModuleFileNameExW", index, lines(others));
     };
-    QTest::newRow("the list") << QByteArray("EnumProcessModules") << 0 << QStringList();
-    QTest::newRow("the first name") << QByteArray("GetModuleFileNameExW") << 0 << without(0);
-    QTest::newRow("a name between") << QByteArray("GetModuleFileNameExW") << 2 << without(2);
-    QTest::newRow("the last name") << QByteArray("GetModuleFileNameExW") << 4 << without(4);
+    list.failure("the list", machineOf(names), "EnumProcessModules", 0, "");
+    withoutName("the first name", 0);
+    withoutName("a name between", 2);
+    withoutName("the last name", 4);
 }
 
-void LoadedModulesTest::failingCalls()
-{
-    QFETCH(QByteArray, call);
-    QFETCH(int, number);
-    QFETCH(QStringList, expected);
-    const auto section = [] { return loadedModules().join('\n'); };
-    COMPARE_TEXT(textWithFailingCall(machineOf(fiveModules()), call, number, section), expected.join('\n'));
-}
-
-#else
-
-void LoadedModulesTest::modulesOfThisProcess()
+void modulesOfThisProcess()
 {
     const QStringList modules = loadedModules();
+    const auto named = [&](const char *pattern) {
+        return modules.filter(QRegularExpression(pattern, QRegularExpression::CaseInsensitiveOption)).size();
+    };
     QVERIFY(modules.size() > 5);
     QCOMPARE(modules.first().toLower(), QDir::toNativeSeparators(QCoreApplication::applicationFilePath()).toLower());
-    QCOMPARE(modules.filter(QRegularExpression("\\\\Qt5Core\\.dll$",
-                                               QRegularExpression::CaseInsensitiveOption))
-                 .size(),
-             1);
-    QCOMPARE(modules.filter(QRegularExpression("\\\\kernel32\\.dll$",
-                                               QRegularExpression::CaseInsensitiveOption))
-                 .size(),
-             1);
-    COMPARE_TEXT(loadedModulesText(), title + modules.join('\n') + '\n');
+    QCOMPARE(named("\\\\Qt5Core\\.dll$"), 1);
+    QCOMPARE(named("\\\\kernel32\\.dll$"), 1);
+    COMPARE_TEXT(loadedModulesText(), title + lines(modules));
 }
 
-#endif
+void addRows()
+{
+    if (!windowsIsSimulated)
+        return SectionRows::row("modules of this process", modulesOfThisProcess);
+    nameRows();
+    callRows();
+}
 
-TEST_WITH_CORE_APPLICATION(LoadedModulesTest);
-#include "tst_loaded_modules.moc"
+} // namespace
+
+TEST_WITH_CORE_APPLICATION(SectionTest(addRows));

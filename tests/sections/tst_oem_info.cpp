@@ -1,44 +1,15 @@
-// oemInfoFromRegistry(): texts and calls.
+// oemInfoFromRegistry()
 
-#include "described_windows.h"
-#include "registry_values.h"
-#include "test_main.h"
-#include "texts.h"
+#include "section_rows.h"
 #include "win/windows_sections.h"
-
-#ifdef SIMULATED_WINDOWS
-#  include "journal_lines.h"
-#  include <windows.h>
-#endif
 
 using namespace velkor::SystemInfo::WinSysInfo;
 
-class OemInfoTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void text_data();
-    void text();
-#ifdef SIMULATED_WINDOWS
-    void version_data();
-    void version();
-    void workstation();
-    void ansiText();
-    void callsOfAFullMachine();
-    void callsWithoutTheKey();
-    void callsOfAnOldWindows();
-    void theKeyStaysOpen();
-    void failingCalls_data();
-    void failingCalls();
-#endif
-};
-
 namespace {
 
-const QString title = "OEM Information from Registry\n";
+const SectionRows rows(oemInfoFromRegistry, "OEM Information from Registry\n");
 
-// The first that has the key; a real Windows that runs these tests is not older.
+// The first Windows that has the key; a real one that runs these tests is not older.
 const QByteArray windows6 = R"({"GetVersionEx": {"dwMajorVersion": 6}})";
 
 QByteArray key()
@@ -53,10 +24,13 @@ QByteArray fullKey()
 
 const QString maker = "Manufacturer:     Example Inc.\n";
 const QString model = "Model:     Example 500\n";
+const QString keyPath = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\OEMInformation";
+// Quirk: the key is never closed.
+const QString stillOpen = windowsIsSimulated ? "still open: " + keyPath : QString();
 
 void addRow(const char *name, const QByteArray &values, const QString &lines)
 {
-    QTest::newRow(name) << key() + values << title + lines;
+    rows.text(name, {key() + values, windows6}, lines + stillOpen);
 }
 
 void valueRows()
@@ -83,7 +57,7 @@ void bufferRows()
     addRow("a model without terminator goes on in the maker",
            textValue("Manufacturer", "Example Inc.") + binaryValue("Model", "AB"), maker + "Model:     ABample Inc.\n");
     addRow("a model of zero bytes shows the maker",
-           textValue("Manufacturer", "Example Inc.") + hexValue("Model", 1, ""), maker + "Model:     Example Inc.\n");
+           textValue("Manufacturer", "Example Inc.") + hexValue("Model", REG_SZ, ""), maker + "Model:     Example Inc.\n");
     addRow("a maker without terminator stands in an empty buffer", binaryValue("Manufacturer", "AB"),
            "Manufacturer:     AB\n");
     addRow("a maker of 2048 bytes without terminator is shown whole",
@@ -94,139 +68,55 @@ void bufferRows()
            binaryValue("Manufacturer", QByteArray(2049, 'x')) + binaryValue("Model", "AB"), "Model:     AB\n");
 }
 
-} // namespace
-
-void OemInfoTest::text_data()
+void versionRows()
 {
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("no key: the title alone") << QByteArray() << title;
-    QTest::newRow("an empty key: the title alone") << key() << title;
-    QTest::newRow("everything, in the order of the report") << fullKey() << title + maker + model;
-    valueRows();
-    bufferRows();
-}
-
-void OemInfoTest::text()
-{
-    QFETCH(QByteArray, registry);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(registry, windows6);
-    COMPARE_TEXT(oemInfoFromRegistry(), expected);
-}
-
-#ifdef SIMULATED_WINDOWS
-
-namespace {
-
-const QString keyPath = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\OEMInformation";
-const QString openLine = "RegOpenKeyExA " + keyPath + " 0x20119";
-
-} // namespace
-
-void OemInfoTest::version_data()
-{
-    QTest::addColumn<QByteArray>("system");
-    QTest::addColumn<QString>("expected");
     const auto row = [](const char *name, const char *version, const QString &lines) {
-        QTest::newRow(name) << QByteArray("{\"GetVersionEx\": ") + version + "}" << title + lines;
+        rows.text(name, {fullKey(), QByteArray("{\"GetVersionEx\": ") + version + "}"}, lines);
     };
     row("no version: the only failure text", "null", "GetVersionExA(&osver) failed!\n");
     row("the version fails with an error", R"({"error": 5})", "GetVersionExA(&osver) failed!\n");
     row("major version 0: the title alone", "{}", "");
     row("major version 4: the title alone", R"({"dwMajorVersion": 4, "dwMinorVersion": 90})", "");
     row("major version 5: the title alone", R"({"dwMajorVersion": 5, "dwMinorVersion": 2})", "");
-    row("major version 6", R"({"dwMajorVersion": 6})", maker + model);
-    row("major version 10", R"({"dwMajorVersion": 10})", maker + model);
-    row("the major version is unsigned", R"({"dwMajorVersion": "0x80000000"})", maker + model);
+    row("major version 6", R"({"dwMajorVersion": 6})", maker + model + stillOpen);
+    row("major version 10", R"({"dwMajorVersion": 10})", maker + model + stillOpen);
+    row("the major version is unsigned", R"({"dwMajorVersion": "0x80000000"})", maker + model + stillOpen);
 }
 
-void OemInfoTest::version()
+void callRows()
 {
-    QFETCH(QByteArray, system);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(fullKey(), system);
-    COMPARE_TEXT(oemInfoFromRegistry(), expected);
+    const Described full {fullKey(), windows6};
+    const REGSAM access = KEY_READ | KEY_WOW64_64KEY;
+    const QString version = "GetVersionExA 148\n";
+    QString calls = keyCalls(keyPath, {"Manufacturer 2048", "Model 2048"}, access);
+    calls.truncate(calls.indexOf("RegCloseKey"));
+    rows.calls("calls of a full machine", full, version + calls + stillOpen);
+    rows.calls("calls without the key", {"", windows6}, version + openCall(keyPath, access));
+    rows.calls("calls of an old Windows", {fullKey(), R"({"GetVersionEx": {"dwMajorVersion": 5}})"}, version);
+    rows.failure("the version is not told", full, "GetVersionExA", 0, "GetVersionExA(&osver) failed!\n");
+    rows.failure("the key does not open", full, "RegOpenKeyExA", 0, "");
+    rows.failure("the maker cannot be read", full, "RegQueryValueExA", 0, model + stillOpen);
+    rows.failure("the model cannot be read", full, "RegQueryValueExA", 1, maker + stillOpen);
+    const SectionRows twice([] { return oemInfoFromRegistry() + oemInfoFromRegistry(); }, "");
+    twice.calls("every time another key stays open", full, version + calls + version + calls + stillOpen + '\n' + stillOpen);
 }
 
-void OemInfoTest::workstation()
+void addRows()
 {
-    const DescribedWindows windows(DescribedWindows::load("workstation"));
-    COMPARE_TEXT(oemInfoFromRegistry(), title + "Manufacturer:     Fujitsu\nModel:     ESPRIMO P757\n");
+    rows.text("no key: the title alone", {"", windows6}, "");
+    addRow("an empty key: the title alone", "", "");
+    rows.text("everything, in the order of the report", {fullKey(), windows6}, maker + model + stillOpen);
+    valueRows();
+    bufferRows();
+    if (!windowsIsSimulated)
+        return;
+    versionRows();
+    callRows();
+    // elsewhere the system's own ANSI code page decides
+    addRow("a character of the ANSI code page", textValue("Manufacturer", QString("B") + QChar(0xfc) + "ro"),
+           QString("Manufacturer:     B") + QChar(0xfffd) + "ro\n");
 }
 
-// What a text becomes on its way depends on the machine's ANSI code page.
-void OemInfoTest::ansiText()
-{
-    const DescribedWindows windows(key() + textValue("Manufacturer", QString("B") + QChar(0xfc) + "ro"), windows6);
-    COMPARE_TEXT(oemInfoFromRegistry(), title + "Manufacturer:     B" + QChar(0xfffd) + "ro\n");
-}
+} // namespace
 
-void OemInfoTest::callsOfAFullMachine()
-{
-    const DescribedWindows windows(fullKey(), windows6);
-    oemInfoFromRegistry();
-    QCOMPARE(journalLines(),
-             QStringList(
-                 {"GetVersionExA 148", openLine, "RegQueryValueExA Manufacturer 2048", "RegQueryValueExA Model 2048"}));
-    QCOMPARE(simulated::handleMisuses(), QStringList());
-}
-
-void OemInfoTest::callsWithoutTheKey()
-{
-    const DescribedWindows windows("", windows6);
-    oemInfoFromRegistry();
-    QCOMPARE(journalLines(), QStringList({"GetVersionExA 148", openLine}));
-    QCOMPARE(simulated::openHandles(), QStringList());
-}
-
-void OemInfoTest::callsOfAnOldWindows()
-{
-    const DescribedWindows windows(fullKey(), R"({"GetVersionEx": {"dwMajorVersion": 5}})");
-    oemInfoFromRegistry();
-    QCOMPARE(journalLines(), QStringList("GetVersionExA 148"));
-    QCOMPARE(simulated::openHandles(), QStringList());
-}
-
-void OemInfoTest::theKeyStaysOpen()
-{
-    const DescribedWindows windows(fullKey(), windows6);
-    oemInfoFromRegistry();
-    QCOMPARE(simulated::openHandles(), QStringList(keyPath));
-    oemInfoFromRegistry();
-    QCOMPARE(simulated::openHandles(), QStringList({keyPath, keyPath}));
-}
-
-void OemInfoTest::failingCalls_data()
-{
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("expected");
-    QTest::addColumn<QStringList>("open");
-    QTest::newRow("the version is not told")
-        << QByteArray("GetVersionExA") << 0 << title + "GetVersionExA(&osver) failed!\n"
-        << QStringList();
-    QTest::newRow("the key does not open") << QByteArray("RegOpenKeyExA") << 0 << title << QStringList();
-    QTest::newRow("the maker cannot be read")
-        << QByteArray("RegQueryValueExA") << 0 << title + model << QStringList(keyPath);
-    QTest::newRow("the model cannot be read")
-        << QByteArray("RegQueryValueExA") << 1 << title + maker << QStringList(keyPath);
-}
-
-void OemInfoTest::failingCalls()
-{
-    QFETCH(QByteArray, call);
-    QFETCH(int, number);
-    QFETCH(QString, expected);
-    QFETCH(QStringList, open);
-    const DescribedWindows windows(fullKey(), windows6);
-    const simulated::Fault fault = simulated::Fault::nthCall(call, std::size_t(number), ERROR_ACCESS_DENIED);
-    COMPARE_TEXT(oemInfoFromRegistry(), expected);
-    QCOMPARE(fault.hits(), std::size_t(1));
-    QCOMPARE(simulated::openHandles(), open);
-}
-
-#endif
-
-TEST_WITH_CORE_APPLICATION(OemInfoTest);
-#include "tst_oem_info.moc"
+TEST_WITH_CORE_APPLICATION(SectionTest(addRows));

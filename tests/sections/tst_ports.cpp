@@ -1,83 +1,39 @@
-// portsFromRegistry(): texts and calls.
+// portsFromRegistry()
 
-#include "described_windows.h"
-#include "registry_values.h"
-#include "section_calls.h"
-#include "test_main.h"
-#include "texts.h"
+#include "section_rows.h"
 #include "win/windows_sections.h"
-
-#include <windows.h>
 
 using namespace velkor::SystemInfo::WinSysInfo;
 
-class PortsTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void headings_data();
-    void headings();
-    void text_data();
-    void text();
-#ifdef SIMULATED_WINDOWS
-    void orderOfTheDescription();
-    void calls();
-    void failingCalls_data();
-    void failingCalls();
-    void anyFailingCall();
-#endif
-};
-
 namespace {
 
-const char title[] = ">> Info about 'SERIALCOMM' ports from registry:\n";
+const SectionRows rows([] { return portsFromRegistry("SERIALCOMM"); }, ">> Info about 'SERIALCOMM' ports from registry:\n");
 
 QByteArray serialMap()
 {
     return machineKey("HARDWARE\\DEVICEMAP\\SERIALCOMM");
 }
 
-QString serialPorts()
+void mapRows()
 {
-    return portsFromRegistry(QStringLiteral("SERIALCOMM"));
-}
-
-} // namespace
-
-void PortsTest::headings_data()
-{
-    QTest::addColumn<QString>("map");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("no parallel ports: the heading alone")
-        << "PARALLEL PORTS"
-        << ">> Info about 'PARALLEL PORTS' ports from registry:\n";
-    QTest::newRow("serial ports: the heading, the listing and an empty line")
-        << "SERIALCOMM"
-        << ">> Info about 'SERIALCOMM' ports from registry:\nA   COM1\n\n";
-    QTest::newRow("the map without regard to case, the heading as asked")
-        << "SerialComm"
-        << ">> Info about 'SerialComm' ports from registry:\nA   COM1\n\n";
-    QTest::newRow("a placeholder in the map's name stays") << "%1"
-                                                           << ">> Info about '%1' ports from registry:\n";
-}
-
-void PortsTest::headings()
-{
-    QFETCH(QString, map);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(serialMap() + textValue("A", "COM1"));
-    COMPARE_TEXT(portsFromRegistry(map), expected);
-}
-
-void PortsTest::text_data()
-{
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QString>("lines");
-    const auto row = [](const char *what, const QByteArray &values, const QString &lines) {
-        QTest::newRow(what) << serialMap() + values << lines;
+    const auto row = [](const char *name, const char *map, const char *text) {
+        const SectionRows rowsOfMap([=] { return portsFromRegistry(map); }, "");
+        rowsOfMap.text(name, serialMap() + textValue("A", "COM1"), text);
     };
-    QTest::newRow("no map: the heading alone") << QByteArray() << QString();
+    row("no parallel ports: the heading alone", "PARALLEL PORTS", ">> Info about 'PARALLEL PORTS' ports from registry:\n");
+    row("serial ports: the heading, the listing and an empty line", "SERIALCOMM",
+        ">> Info about 'SERIALCOMM' ports from registry:\nA   COM1\n\n");
+    row("the map without regard to case, the heading as asked", "SerialComm",
+        ">> Info about 'SerialComm' ports from registry:\nA   COM1\n\n");
+    row("a placeholder in the map's name stays", "%1", ">> Info about '%1' ports from registry:\n");
+}
+
+void valueRows()
+{
+    const auto row = [](const char *name, const QByteArray &values, const QString &lines) {
+        rows.text(name, serialMap() + values, lines);
+    };
+    rows.text("no map: the heading alone", "", "");
     row("an empty map: an empty line", "", "\n");
     row("two values",
         "\"\\\\Device\\\\Serial0\"=\"COM1\"\n\"\\\\Device\\\\Serial1\"=\"COM2\"\n",
@@ -110,71 +66,32 @@ void PortsTest::text_data()
         textValue("A", "COM1") + textValue(QByteArray(2048, 'n'), "COM2") + textValue("z", "COM3"), "A   COM1\n\n");
 }
 
-void PortsTest::text()
+void callRows()
 {
-    QFETCH(QByteArray, registry);
-    QFETCH(QString, lines);
-    const DescribedWindows windows(registry);
-    COMPARE_TEXT(serialPorts(), title + lines);
-}
-
-#ifdef SIMULATED_WINDOWS
-
-namespace {
-
-machine::Machine fullMachine()
-{
-    return DescribedWindows::parse(serialMap() + textValue("A", "COM1") + textValue("B", "COM2"), "{}");
-}
-
-} // namespace
-
-void PortsTest::orderOfTheDescription()
-{
-    const DescribedWindows windows(serialMap() + textValue("Z", "COM1") + textValue("A", "COM2"));
-    COMPARE_TEXT(serialPorts(), title + QStringLiteral("Z   COM1\nA   COM2\n\n"));
-}
-
-void PortsTest::calls()
-{
-    const DescribedWindows windows(fullMachine());
-    serialPorts();
-    COMPARE_TEXT(journalText(), R"(RegOpenKeyExA HKEY_LOCAL_MACHINE\HARDWARE\DEVICEMAP\SERIALCOMM 0x20019
+    const Described two = serialMap() + textValue("A", "COM1") + textValue("B", "COM2");
+    rows.calls("calls", two, R"(RegOpenKeyExA HKEY_LOCAL_MACHINE\HARDWARE\DEVICEMAP\SERIALCOMM 0x20019
 RegEnumValueA HKEY_LOCAL_MACHINE\HARDWARE\DEVICEMAP\SERIALCOMM "0" 2048
 RegEnumValueA HKEY_LOCAL_MACHINE\HARDWARE\DEVICEMAP\SERIALCOMM "1" 2048
 RegEnumValueA HKEY_LOCAL_MACHINE\HARDWARE\DEVICEMAP\SERIALCOMM "2" 2048
 RegCloseKey HKEY_LOCAL_MACHINE\HARDWARE\DEVICEMAP\SERIALCOMM
 )");
-    QCOMPARE(handleProblems(), QString());
+    rows.failure("the map does not open: the heading alone", two, "RegOpenKeyExA", 0, "");
+    rows.failure("the first value cannot be read: an empty line", two, "RegEnumValueA", 0, "\n");
+    rows.failure("the second value cannot be read: the listing ends", two, "RegEnumValueA", 1, "A   COM1\n\n");
+    rows.failure("the map does not close: nothing shows", two, "RegCloseKey", 0, "A   COM1\nB   COM2\n\n");
+    rows.anyFailure("any call fails", two);
 }
 
-void PortsTest::failingCalls_data()
+void addRows()
 {
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("lines");
-    QTest::newRow("the map does not open: the heading alone") << QByteArray("RegOpenKeyExA") << 0 << "";
-    QTest::newRow("the first value cannot be read: an empty line") << QByteArray("RegEnumValueA") << 0 << "\n";
-    QTest::newRow("the second value cannot be read: the listing ends")
-        << QByteArray("RegEnumValueA") << 1 << "A   COM1\n\n";
-    QTest::newRow("the map does not close: nothing shows")
-        << QByteArray("RegCloseKey") << 0 << "A   COM1\nB   COM2\n\n";
+    mapRows();
+    valueRows();
+    callRows();
+    if (windowsIsSimulated)
+        rows.text("values in the order of the description", serialMap() + textValue("Z", "COM1") + textValue("A", "COM2"),
+                  "Z   COM1\nA   COM2\n\n");
 }
 
-void PortsTest::failingCalls()
-{
-    QFETCH(QByteArray, call);
-    QFETCH(int, number);
-    QFETCH(QString, lines);
-    COMPARE_TEXT(textWithFailingCall(fullMachine(), call, number, serialPorts), title + lines);
-}
+} // namespace
 
-void PortsTest::anyFailingCall()
-{
-    QCOMPARE(problemOfAnyFailingCall(fullMachine(), title, serialPorts), QString());
-}
-
-#endif
-
-TEST_WITH_CORE_APPLICATION(PortsTest);
-#include "tst_ports.moc"
+TEST_WITH_CORE_APPLICATION(SectionTest(addRows));

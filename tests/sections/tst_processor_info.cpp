@@ -1,32 +1,9 @@
-// processorInfo(): texts and calls.
+// processorInfo()
 
-#include "described_windows.h"
-#include "test_main.h"
-#include "texts.h"
+#include "section_rows.h"
 #include "win/windows_sections.h"
 
-#ifdef SIMULATED_WINDOWS
-#  include "journal_lines.h"
-#endif
-#include <windows.h>
-
 using namespace velkor::SystemInfo::WinSysInfo;
-
-class ProcessorInfoTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-#ifdef SIMULATED_WINDOWS
-    void text_data();
-    void text();
-    void workstation();
-    void withoutAMachine();
-    void calls();
-#else
-    void whatWindowsAnswers();
-#endif
-};
 
 namespace {
 
@@ -45,36 +22,36 @@ struct Answers
     QString granularity;
 };
 
+/// The section, after its title.
 QString section(const Answers &answers)
 {
-    return "Processor information: \n"
-           "Processor architecture:       "
-        + answers.architecture + "\n"
-                                 "Number of processors:       "
-        + answers.number + "\n"
-                           "Active processors:          "
-        + answers.active
-        + "Processor type:             " + answers.type + "\n"
-                                                          "Processor revision:         "
-        + answers.revision + "\n"
-                             "Processor level:            "
-        + answers.level + "\n"
-                          "Page size:                  "
-        + answers.pageSize + "\n"
-                             "Minimum Application Address 0x"
-        + answers.minimum + "\n"
-                            "Maximum Application Address 0x"
-        + answers.maximum + "\n"
-                            "Allocation Granularity:     "
-        + answers.granularity + "\n";
+    return "Processor architecture:       " + answers.architecture
+        + "\nNumber of processors:       " + answers.number
+        + "\nActive processors:          " + answers.active
+        + "Processor type:             " + answers.type
+        + "\nProcessor revision:         " + answers.revision
+        + "\nProcessor level:            " + answers.level
+        + "\nPage size:                  " + answers.pageSize
+        + "\nMinimum Application Address 0x" + answers.minimum
+        + "\nMaximum Application Address 0x" + answers.maximum
+        + "\nAllocation Granularity:     " + answers.granularity + "\n";
 }
+
+const SectionRows rows(processorInfo, "Processor information: \n");
 
 QString continuation(int processor)
 {
     return "                            Processor #" + QString::number(processor) + "\n";
 }
 
-#ifdef SIMULATED_WINDOWS
+/// The processors 0 to \a count - 1.
+QString processors(int count)
+{
+    QString text = "Processor #0\n";
+    for (int processor = 1; processor < count; ++processor)
+        text += continuation(processor);
+    return text;
+}
 
 /// Where GetSystemInfo() gives zeros.
 Answers zeros()
@@ -83,30 +60,25 @@ Answers zeros()
             "0000000000000000", "0000000000000000", "0 = 0x00000000"};
 }
 
-void addRow(const char *name, const QByteArray &fields, const Answers &answers)
-{
-    QTest::newRow(name) << "{\"GetSystemInfo\": {" + fields + "}}" << section(answers);
-}
-
 /// A row about one field, the others being zero.
-void addRow(const char *name, const char *field, const char *value, QString Answers::*answer, const QString &expected)
+void addRow(const char *name, const char *field, const QByteArray &value, QString Answers::*answer, const QString &expected)
 {
     Answers answers = zeros();
     answers.*answer = expected;
-    addRow(name, QByteArray("\"") + field + "\": " + value, answers);
+    rows.text(name, {"", QByteArray("{\"GetSystemInfo\": {\"") + field + "\": " + value + "}}"}, section(answers));
 }
 
 void nameRows()
 {
-    const auto architecture = [](const char *name, const char *value, const QString &expected) {
-        addRow(name, "wProcessorArchitecture", value, &Answers::architecture, expected);
+    const auto architecture = [](const char *name, int value, const QString &expected) {
+        addRow(name, "wProcessorArchitecture", QByteArray::number(value), &Answers::architecture, expected);
     };
-    architecture("architecture 0", "0", "x86 (32/64bit)");
-    architecture("architecture 6", "6", "IA64 (64bit)");
-    architecture("architecture 9", "9", "x64 (64bit)");
-    architecture("architecture 5 has no name", "5", "unknown");
-    architecture("architecture 12 has no name", "12", "unknown");
-    architecture("architecture 65535 has no name", "65535", "unknown");
+    architecture("architecture 0", PROCESSOR_ARCHITECTURE_INTEL, "x86 (32/64bit)");
+    architecture("architecture 6", PROCESSOR_ARCHITECTURE_IA64, "IA64 (64bit)");
+    architecture("architecture 9", PROCESSOR_ARCHITECTURE_AMD64, "x64 (64bit)");
+    architecture("architecture 5 has no name", PROCESSOR_ARCHITECTURE_ARM, "unknown");
+    architecture("architecture 12 has no name", PROCESSOR_ARCHITECTURE_ARM64, "unknown");
+    architecture("architecture 65535 has no name", PROCESSOR_ARCHITECTURE_UNKNOWN, "unknown");
 
     const auto type = [](const char *name, const char *value, const QString &expected) {
         addRow(name, "dwProcessorType", value, &Answers::type, expected);
@@ -119,7 +91,6 @@ void nameRows()
     type("type 686 has no name", "686", "unknown");
     type("type 4294967295 has no name", "4294967295", "unknown");
 }
-
 void maskRows()
 {
     const auto mask = [](const char *name, const char *value, const QString &expected) {
@@ -137,10 +108,7 @@ void maskRows()
     mask("processor 32 is not", "\"0x100000000\"", "\n");
     mask("processor 63 is not", "\"0x8000000000000000\"", "\n");
     mask("processors 0 and 32 to 63", "\"0xffffffff00000001\"", "Processor #0\n");
-    QString all = "Processor #0\n";
-    for (int processor = 1; processor < 32; ++processor)
-        all += continuation(processor);
-    mask("64 processors: 32 lines", "\"0xffffffffffffffff\"", all);
+    mask("64 processors: 32 lines", "\"0xffffffffffffffff\"", processors(32));
     mask("no processor: a line end", "0", "\n");
 }
 
@@ -168,66 +136,9 @@ void numberRows()
            "4294967295 = 0xffffffff");
 }
 
-#else
-
-QString hex(quint64 number, int digits)
+void whatWindowsAnswers()
 {
-    return QString::number(number, 16).rightJustified(digits, '0');
-}
-
-#endif
-
-} // namespace
-
-#ifdef SIMULATED_WINDOWS
-
-void ProcessorInfoTest::text_data()
-{
-    QTest::addColumn<QByteArray>("system");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("an empty machine") << QByteArray("{}") << section(zeros());
-    nameRows();
-    maskRows();
-    numberRows();
-}
-
-void ProcessorInfoTest::text()
-{
-    QFETCH(QByteArray, system);
-    QFETCH(QString, expected);
-    const DescribedWindows windows("", system);
-    COMPARE_TEXT(processorInfo(), expected);
-}
-
-void ProcessorInfoTest::workstation()
-{
-    const DescribedWindows windows(DescribedWindows::load("workstation"));
-    QString active = "Processor #0\n";
-    for (int processor = 1; processor < 8; ++processor)
-        active += continuation(processor);
-    COMPARE_TEXT(processorInfo(),
-                 section({"x64 (64bit)", "8", active, "AMD64", "40457 = 0x9e09", "6", "4096", "0000000000010000",
-                          "00007ffffffeffff", "65536 = 0x00010000"}));
-}
-
-void ProcessorInfoTest::withoutAMachine()
-{
-    simulated::installNothing();
-    COMPARE_TEXT(processorInfo(), section(zeros()));
-}
-
-void ProcessorInfoTest::calls()
-{
-    const DescribedWindows windows(DescribedWindows::load("workstation"));
-    processorInfo();
-    QCOMPARE(journalLines(), QStringList("GetSystemInfo"));
-}
-
-#else
-
-// Windows for this processor, whatever it runs on.
-void ProcessorInfoTest::whatWindowsAnswers()
-{
+    const auto hex = [](quint64 number, int digits) { return QString::number(number, 16).rightJustified(digits, '0'); };
     SYSTEM_INFO info = {};
     GetSystemInfo(&info);
     QString active = "Processor #0\n";
@@ -237,13 +148,25 @@ void ProcessorInfoTest::whatWindowsAnswers()
     }
     const QString revision = QString::number(info.wProcessorRevision);
     COMPARE_TEXT(processorInfo(),
-                 section({"x64 (64bit)", QString::number(info.dwNumberOfProcessors), active, "AMD64",
-                          revision + " = 0x" + hex(info.wProcessorRevision, 4), QString::number(info.wProcessorLevel),
-                          "4096", hex(quintptr(info.lpMinimumApplicationAddress), 16),
-                          hex(quintptr(info.lpMaximumApplicationAddress), 16), "65536 = 0x00010000"}));
+                 "Processor information: \n"
+                     + section({"x64 (64bit)", QString::number(info.dwNumberOfProcessors), active, "AMD64",
+                                revision + " = 0x" + hex(info.wProcessorRevision, 4), QString::number(info.wProcessorLevel),
+                                "4096", hex(quintptr(info.lpMinimumApplicationAddress), 16),
+                                hex(quintptr(info.lpMaximumApplicationAddress), 16), "65536 = 0x00010000"}));
 }
 
-#endif
+void addRows()
+{
+    if (!windowsIsSimulated)
+        return SectionRows::row("what Windows answers", whatWindowsAnswers);
+    rows.text("an empty machine", "", section(zeros()));
+    rows.withoutMachine(section(zeros()));
+    nameRows();
+    maskRows();
+    numberRows();
+    rows.calls("calls", "", "GetSystemInfo\n");
+}
 
-TEST_WITH_CORE_APPLICATION(ProcessorInfoTest);
-#include "tst_processor_info.moc"
+} // namespace
+
+TEST_WITH_CORE_APPLICATION(SectionTest(addRows));

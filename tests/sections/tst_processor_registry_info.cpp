@@ -1,41 +1,13 @@
-// processorRegistryInfo(): texts and calls.
+// processorRegistryInfo()
 
-#include "described_windows.h"
-#include "registry_values.h"
-#include "test_main.h"
-#include "texts.h"
+#include "section_rows.h"
 #include "win/windows_sections.h"
-
-#ifdef SIMULATED_WINDOWS
-#  include "journal_lines.h"
-#  include <windows.h>
-#endif
 
 using namespace velkor::SystemInfo::WinSysInfo;
 
-class ProcessorRegistryInfoTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void text_data();
-    void text();
-    void numberOfProcessors_data();
-    void numberOfProcessors();
-    void workstation();
-#ifdef SIMULATED_WINDOWS
-    void ansiText();
-    void callsOfAFullMachine();
-    void callsOf257Processors();
-    void callsWithoutAProcessor();
-    void failingCalls_data();
-    void failingCalls();
-#endif
-};
-
 namespace {
 
-const QString title = "Central Processor information from Registry\n";
+const SectionRows rows(processorRegistryInfo, "Central Processor information from Registry\n");
 
 QByteArray processorKey(int index)
 {
@@ -69,7 +41,7 @@ QString fullBlock(int index)
 /// One processor with these values.
 void addRow(const char *name, const QByteArray &values, const QString &lines)
 {
-    QTest::newRow(name) << processorKey(0) + values << title + processorLine(0) + lines;
+    rows.text(name, processorKey(0) + values, processorLine(0) + lines);
 }
 
 void singleValueRows()
@@ -125,11 +97,11 @@ void textRows()
            "Identifier:           x86\n");
     addRow("every text starts from an empty buffer",
            textValue("ProcessorNameString", "ABCDEFGH") + binaryValue("VendorIdentifier", "XY")
-               + hexValue("Identifier", 1, ""),
+               + hexValue("Identifier", REG_SZ, ""),
            "ProcessorNameString:  ABCDEFGH\nVendorIdentifier:     XY\nIdentifier:           \n");
     addRow("a text stored as a number: its bytes", numberValue("Identifier", 0x34333231),
            "Identifier:           1234\n");
-    addRow("variables are not expanded", hexValue("Identifier", 2, utf16Data(QString("%OS%") + QChar())),
+    addRow("variables are not expanded", hexValue("Identifier", REG_EXPAND_SZ, utf16Data(QString("%OS%") + QChar())),
            "Identifier:           %OS%\n");
     addRow("UTF-8 bytes become their character", binaryValue("Identifier", "\xc2\xae"),
            QString("Identifier:           ") + QChar(0xae) + "\n");
@@ -165,158 +137,64 @@ QString emptyBlocks(int count)
     return text;
 }
 
-} // namespace
-
-void ProcessorRegistryInfoTest::text_data()
+void processorRows()
 {
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("no key: the title alone") << QByteArray() << title;
-    QTest::newRow("no processor: the title alone")
-        << machineKey("Hardware\\Description\\System\\CentralProcessor") << title;
-    QTest::newRow("a processor without values") << processorKey(0) << title + processorLine(0);
-    QTest::newRow("a full processor") << fullKey(0) << title + fullBlock(0);
-    QTest::newRow("two full processors") << fullKey(0) + fullKey(1) << title + fullBlock(0) + fullBlock(1);
-    QTest::newRow("processor 0 is missing: the title alone") << fullKey(1) + fullKey(2) << title;
-    QTest::newRow("a gap ends the section") << fullKey(0) + fullKey(2) << title + fullBlock(0);
-    QTest::newRow("numbers are not filled with zeros")
-        << machineKey("Hardware\\Description\\System\\CentralProcessor\\00") << title;
+    rows.text("no key: the title alone", "", "");
+    rows.text("no processor: the title alone", machineKey("Hardware\\Description\\System\\CentralProcessor"), "");
+    rows.text("a processor without values", processorKey(0), processorLine(0));
+    rows.text("a full processor", fullKey(0), fullBlock(0));
+    rows.text("two full processors", fullKey(0) + fullKey(1), fullBlock(0) + fullBlock(1));
+    rows.text("processor 0 is missing: the title alone", fullKey(1) + fullKey(2), "");
+    rows.text("a gap ends the section", fullKey(0) + fullKey(2), fullBlock(0));
+    rows.text("numbers are not filled with zeros", machineKey("Hardware\\Description\\System\\CentralProcessor\\00"), "");
+    rows.text("11: in the order of numbers", emptyKeys(11), emptyBlocks(11));
+    rows.text("255", emptyKeys(255), emptyBlocks(255));
+    rows.text("256: number 255 is the last", emptyKeys(256), emptyBlocks(256));
+    rows.text("257: number 256 is not looked at", emptyKeys(257), emptyBlocks(256));
+    rows.workstation("processor_registry_info.txt");
+}
+
+QString pathOf(int index)
+{
+    return "HKEY_LOCAL_MACHINE\\Hardware\\Description\\System\\CentralProcessor\\" + QString::number(index);
+}
+
+void callRows()
+{
+    const QStringList queries = {"ProcessorNameString 2048", "VendorIdentifier 2048", "Identifier 2048",
+                                 "MMXIdentifier 2048", "~MHZ 4", "FeatureSet 4"};
+    const QByteArray two = fullKey(0) + fullKey(1);
+    rows.calls("calls of a full machine", two,
+               keyCalls(pathOf(0), queries) + keyCalls(pathOf(1), queries) + openCall(pathOf(2)));
+    QString callsOf256;
+    for (int i = 0; i < 256; ++i)
+        callsOf256 += keyCalls(pathOf(i), queries);
+    rows.calls("calls of 257 processors", emptyKeys(257), callsOf256);
+    rows.calls("calls without a processor", "", openCall(pathOf(0)));
+    rows.failure("the first key does not open", two, "RegOpenKeyExA", 0, "");
+    rows.failure("the second key does not open", two, "RegOpenKeyExA", 1, fullBlock(0));
+    rows.failures(two, "RegQueryValueExA", 0, {nameLine, vendorLine, identifierLine, mmxLine, frequencyLine, featureLine},
+                  {"the name cannot be read", "the vendor cannot be read", "the identifier cannot be read",
+                   "the MMX identifier cannot be read", "the frequency cannot be read", "the features cannot be read"},
+                  processorLine(0), fullBlock(1));
+    rows.failure("a key does not close: nothing shows", two, "RegCloseKey", 0, fullBlock(0) + fullBlock(1));
+}
+
+void addRows()
+{
+    processorRows();
     singleValueRows();
     frequencyRows();
     numberRows();
     textRows();
     sizeRows();
+    callRows();
+    if (windowsIsSimulated) // elsewhere the system's own ANSI code page decides
+        addRow("a character of the ANSI code page",
+               textValue("ProcessorNameString", QString("Example") + QChar(0xae) + " CPU"),
+               QString("ProcessorNameString:  Example") + QChar(0xfffd) + " CPU\n");
 }
-
-void ProcessorRegistryInfoTest::text()
-{
-    QFETCH(QByteArray, registry);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(registry);
-    COMPARE_TEXT(processorRegistryInfo(), expected);
-}
-
-void ProcessorRegistryInfoTest::numberOfProcessors_data()
-{
-    QTest::addColumn<int>("keys");
-    QTest::addColumn<int>("blocks");
-    QTest::newRow("11: in the order of numbers") << 11 << 11;
-    QTest::newRow("255") << 255 << 255;
-    QTest::newRow("256: number 255 is the last") << 256 << 256;
-    QTest::newRow("257: number 256 is not looked at") << 257 << 256;
-}
-
-void ProcessorRegistryInfoTest::numberOfProcessors()
-{
-    QFETCH(int, keys);
-    QFETCH(int, blocks);
-    const DescribedWindows windows(emptyKeys(keys));
-    COMPARE_TEXT(processorRegistryInfo(), title + emptyBlocks(blocks));
-}
-
-void ProcessorRegistryInfoTest::workstation()
-{
-    const DescribedWindows windows(DescribedWindows::load("workstation"));
-    QString expected = title;
-    for (int i = 0; i < 8; ++i) {
-        expected += processorLine(i)
-            + "ProcessorNameString:  Intel(R) Core(TM) i7-7700 CPU @ 3.60GHz\n"
-              "VendorIdentifier:     GenuineIntel\n"
-              "Identifier:           Intel64 Family 6 Model 158 Stepping 9\n"
-              "MHZ:                  3600 MHz = 3.600 GHz\n"
-              "FeatureSet:           0x3d1b3fff\n";
-    }
-    COMPARE_TEXT(processorRegistryInfo(), expected);
-}
-
-#ifdef SIMULATED_WINDOWS
-
-namespace {
-
-const QString parentPath = "HKEY_LOCAL_MACHINE\\Hardware\\Description\\System\\CentralProcessor\\";
-
-QString openLine(int index)
-{
-    return "RegOpenKeyExA " + parentPath + QString::number(index) + " 0x20019";
-}
-
-const QStringList linesOfOneProcessor = {
-    "RegQueryValueExA ProcessorNameString 2048", "RegQueryValueExA VendorIdentifier 2048",
-    "RegQueryValueExA Identifier 2048", "RegQueryValueExA MMXIdentifier 2048",
-    "RegQueryValueExA ~MHZ 4", "RegQueryValueExA FeatureSet 4",
-    "RegCloseKey"};
 
 } // namespace
 
-// What a text becomes on its way depends on the machine's ANSI code page.
-void ProcessorRegistryInfoTest::ansiText()
-{
-    const DescribedWindows windows(processorKey(0)
-                                   + textValue("ProcessorNameString", QString("Example") + QChar(0xae) + " CPU"));
-    COMPARE_TEXT(processorRegistryInfo(),
-                 title + processorLine(0) + "ProcessorNameString:  Example" + QChar(0xfffd) + " CPU\n");
-}
-
-void ProcessorRegistryInfoTest::callsOfAFullMachine()
-{
-    const DescribedWindows windows(fullKey(0) + fullKey(1));
-    processorRegistryInfo();
-    QCOMPARE(journalLines(),
-             QStringList(openLine(0)) + linesOfOneProcessor + QStringList(openLine(1)) + linesOfOneProcessor
-                 + QStringList(openLine(2)));
-    QCOMPARE(simulated::openHandles(), QStringList());
-    QCOMPARE(simulated::handleMisuses(), QStringList());
-}
-
-void ProcessorRegistryInfoTest::callsOf257Processors()
-{
-    const DescribedWindows windows(emptyKeys(257));
-    processorRegistryInfo();
-    const QStringList opened = journalLines().filter("RegOpenKeyExA");
-    QCOMPARE(opened.size(), 256);
-    QCOMPARE(opened.last(), openLine(255));
-    QCOMPARE(simulated::openHandles(), QStringList());
-}
-
-void ProcessorRegistryInfoTest::callsWithoutAProcessor()
-{
-    const DescribedWindows windows("");
-    processorRegistryInfo();
-    QCOMPARE(journalLines(), QStringList(openLine(0)));
-}
-
-void ProcessorRegistryInfoTest::failingCalls_data()
-{
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("expected");
-    const QString all = title + fullBlock(0) + fullBlock(1);
-    QTest::newRow("the first key does not open") << QByteArray("RegOpenKeyExA") << 0 << title;
-    QTest::newRow("the second key does not open") << QByteArray("RegOpenKeyExA") << 1 << title + fullBlock(0);
-    const QStringList lines = {nameLine, vendorLine, identifierLine, mmxLine, frequencyLine, featureLine};
-    const char *const names[] = {"the name", "the vendor", "the identifier", "the MMX identifier", "the frequency",
-                                 "the features"};
-    for (int i = 0; i < lines.size(); ++i) {
-        QString block = fullBlock(0);
-        block.remove(lines.at(i));
-        QTest::addRow("%s cannot be read", names[i]) << QByteArray("RegQueryValueExA") << i << title + block + fullBlock(1);
-    }
-    QTest::newRow("a key does not close: nothing shows") << QByteArray("RegCloseKey") << 0 << all;
-}
-
-void ProcessorRegistryInfoTest::failingCalls()
-{
-    QFETCH(QByteArray, call);
-    QFETCH(int, number);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(fullKey(0) + fullKey(1));
-    const simulated::Fault fault = simulated::Fault::nthCall(call, std::size_t(number), ERROR_ACCESS_DENIED);
-    COMPARE_TEXT(processorRegistryInfo(), expected);
-    QCOMPARE(fault.hits(), std::size_t(1));
-    QCOMPARE(simulated::openHandles(), QStringList());
-}
-
-#endif
-
-TEST_WITH_CORE_APPLICATION(ProcessorRegistryInfoTest);
-#include "tst_processor_registry_info.moc"
+TEST_WITH_CORE_APPLICATION(SectionTest(addRows));

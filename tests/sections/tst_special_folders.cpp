@@ -1,32 +1,13 @@
-// specialFolders(): texts and calls.
+// specialFolders()
 
-#include "described_windows.h"
-#include "section_calls.h"
-#include "test_main.h"
-#include "texts.h"
+#include "section_rows.h"
 #include "win/windows_sections.h"
 
 using namespace velkor::SystemInfo::WinSysInfo;
 
-class SpecialFoldersTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-#ifdef SIMULATED_WINDOWS
-    void text_data();
-    void text();
-    void calls();
-    void failingCalls_data();
-    void failingCalls();
-#else
-    void foldersOfThisSystem();
-#endif
-};
-
 namespace {
 
-const char title[] = "Special Folders: \n";
+const SectionRows rows(specialFolders, "Special Folders: \n");
 
 /// The five lines with their folders.
 QString lines(const QStringList &folders)
@@ -39,12 +20,6 @@ QString lines(const QStringList &folders)
     return text;
 }
 
-} // namespace
-
-#ifdef SIMULATED_WINDOWS
-
-namespace {
-
 const char fullSystem[] = R"({"SHGetSpecialFolderPath": {
     "2": "C:\\Users\\anna\\Programs", "5": "C:\\Users\\anna\\Documents", "26": "C:\\Users\\anna\\Roaming",
     "28": "C:\\Users\\anna\\Local", "38": "C:\\Program Files", "40": "C:\\Users\\anna"}})";
@@ -55,18 +30,14 @@ const QString programFiles("C:\\Program Files");
 const QString localData("C:\\Users\\anna\\Local");
 const QString roamingData("C:\\Users\\anna\\Roaming");
 
-} // namespace
-
-void SpecialFoldersTest::text_data()
+void textRows()
 {
-    QTest::addColumn<QByteArray>("system");
-    QTest::addColumn<QStringList>("folders");
-    const auto row = [](const char *what, const QByteArray &folders, const QStringList &expected) {
-        QTest::newRow(what) << "{\"SHGetSpecialFolderPath\": {" + folders + "}}" << expected;
+    const auto row = [](const char *name, const QByteArray &folders, const QStringList &expected) {
+        rows.text(name, {"", "{\"SHGetSpecialFolderPath\": {" + folders + "}}"}, lines(expected));
     };
-    QTest::newRow("all, in the order of the table")
-        << QByteArray(fullSystem) << QStringList {personal, programs, programFiles, localData, roamingData};
-    QTest::newRow("none: nothing behind the names") << QByteArray("{}") << QStringList {"", "", "", "", ""};
+    rows.text("all, in the order of the table", {"", fullSystem},
+              lines({personal, programs, programFiles, localData, roamingData}));
+    rows.text("none: nothing behind the names", "", lines({"", "", "", "", ""}));
     row("the first alone: all repeat it", R"("5": "a")", {"a", "a", "a", "a", "a"});
     row("the third alone: the two behind it repeat it", R"("38": "c")", {"", "", "c", "c", "c"});
     row("the last alone", R"("26": "e")", {"", "", "", "", "e"});
@@ -82,70 +53,49 @@ void SpecialFoldersTest::text_data()
         {QString(259, 'f'), "b", "b", "b", "b"});
 }
 
-void SpecialFoldersTest::text()
+void callRows()
 {
-    QFETCH(QByteArray, system);
-    QFETCH(QStringList, folders);
-    const DescribedWindows windows("", system);
-    COMPARE_TEXT(specialFolders(), title + lines(folders));
+    const Described full {"", fullSystem};
+    // Without an owner window; no flags: a folder that is missing is never created.
+    rows.calls("calls", full,
+               "SHGetSpecialFolderPathW \"5\"\n"
+               "SHGetSpecialFolderPathW \"2\"\n"
+               "SHGetSpecialFolderPathW \"38\"\n"
+               "SHGetSpecialFolderPathW \"28\"\n"
+               "SHGetSpecialFolderPathW \"26\"\n");
+    const auto row = [&](const char *name, int number, const QStringList &folders) {
+        rows.failure(name, full, "SHGetSpecialFolderPathW", number, lines(folders));
+    };
+    row("the first: nothing behind its name", 0, {"", programs, programFiles, localData, roamingData});
+    row("the second repeats the first", 1, {personal, personal, programFiles, localData, roamingData});
+    row("the third repeats the second", 2, {personal, programs, programs, localData, roamingData});
+    row("the fourth repeats the third", 3, {personal, programs, programFiles, programFiles, roamingData});
+    row("the fifth repeats the fourth", 4, {personal, programs, programFiles, localData, localData});
 }
 
-// In this order, without an owner window; 0: a folder that is missing is never created.
-void SpecialFoldersTest::calls()
-{
-    const DescribedWindows windows("", fullSystem);
-    specialFolders();
-    QStringList folders;
-    for (const simulated::Call &call : simulated::journal()) {
-        if (call.name == "SHGetSpecialFolderPathW")
-            folders += QStringLiteral("%1 %2").arg(call.value).arg(call.access) + call.given.join(' ');
-    }
-    QCOMPARE(folders, QStringList({"5 0", "2 0", "38 0", "28 0", "26 0"}));
-}
-
-void SpecialFoldersTest::failingCalls_data()
-{
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QStringList>("folders");
-    QTest::newRow("the first: nothing behind its name")
-        << 0 << QStringList {"", programs, programFiles, localData, roamingData};
-    QTest::newRow("the second repeats the first")
-        << 1 << QStringList {personal, personal, programFiles, localData, roamingData};
-    QTest::newRow("the third repeats the second")
-        << 2 << QStringList {personal, programs, programs, localData, roamingData};
-    QTest::newRow("the fourth repeats the third")
-        << 3 << QStringList {personal, programs, programFiles, programFiles, roamingData};
-    QTest::newRow("the fifth repeats the fourth")
-        << 4 << QStringList {personal, programs, programFiles, localData, localData};
-}
-
-void SpecialFoldersTest::failingCalls()
-{
-    QFETCH(int, number);
-    QFETCH(QStringList, folders);
-    const machine::Machine machine = DescribedWindows::parse("", fullSystem);
-    COMPARE_TEXT(textWithFailingCall(machine, "SHGetSpecialFolderPathW", number, specialFolders), title + lines(folders));
-}
-
-#else
-
-void SpecialFoldersTest::foldersOfThisSystem()
+void foldersOfThisSystem()
 {
     const QStringList labelled = specialFolders().split('\n');
     QCOMPARE(labelled.size(), 7);
     QStringList folders;
     for (const QString &line : labelled.mid(1, 5))
         folders += line.section("    ", 1);
-    // What the environment tells of the same folders.
     QCOMPARE(folders.at(2), qEnvironmentVariable("ProgramFiles"));
     QCOMPARE(folders.at(3), qEnvironmentVariable("LOCALAPPDATA"));
     QCOMPARE(folders.at(4), qEnvironmentVariable("APPDATA"));
     QVERIFY(!folders.at(0).isEmpty());
     QVERIFY(!folders.at(1).isEmpty());
-    COMPARE_TEXT(specialFolders(), title + lines(folders));
+    COMPARE_TEXT(specialFolders(), "Special Folders: \n" + lines(folders));
 }
 
-#endif
+void addRows()
+{
+    if (!windowsIsSimulated)
+        return SectionRows::row("folders of this system", foldersOfThisSystem);
+    textRows();
+    callRows();
+}
 
-TEST_WITH_CORE_APPLICATION(SpecialFoldersTest);
-#include "tst_special_folders.moc"
+} // namespace
+
+TEST_WITH_CORE_APPLICATION(SectionTest(addRows));

@@ -1,41 +1,16 @@
-// windowsSystemDirectories(): texts and calls.
+// windowsSystemDirectories()
 
-#include "described_windows.h"
-#include "section_calls.h"
-#include "test_main.h"
-#include "texts.h"
+#include "section_rows.h"
 #include "win/windows_sections.h"
 
-#include <windows.h>
-
 using namespace velkor::SystemInfo::WinSysInfo;
-
-class SystemDirectoriesTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-#ifdef SIMULATED_WINDOWS
-    void text_data();
-    void text();
-    void calls();
-    void failingCalls_data();
-    void failingCalls();
-#else
-    void directoriesOfThisSystem();
-#endif
-};
 
 namespace {
 
 const char title[] = "Windows system directories\n";
+const SectionRows rows(windowsSystemDirectories, title);
 
-} // namespace
-
-#ifdef SIMULATED_WINDOWS
-
-namespace {
-
+/// A null QString: there is no such directory.
 machine::Machine machineOf(const QString &windowsDirectory, const QString &wow64Directory)
 {
     machine::Machine machine;
@@ -51,16 +26,11 @@ const QString wow64Directory("C:\\Windows\\SysWOW64");
 const QString windowsLine("System directory:      C:\\Windows\n");
 const QString wow64Line("System Wow64 directory:  C:\\Windows\\SysWOW64\n");
 
-} // namespace
-
-void SystemDirectoriesTest::text_data()
+void textRows()
 {
-    QTest::addColumn<QString>("windowsDirectory");
-    QTest::addColumn<QString>("wow64Directory");
-    QTest::addColumn<QString>("lines");
-    const auto row = [](const char *what, const QString &windowsDirectory, const QString &wow64Directory,
+    const auto row = [](const char *name, const QString &windowsDirectory, const QString &wow64Directory,
                         const QString &lines) {
-        QTest::newRow(what) << windowsDirectory << wow64Directory << lines;
+        rows.text(name, machineOf(windowsDirectory, wow64Directory), lines);
     };
     const QString longest(1023, 'w');
     const QString tooLong(1024, 'w');
@@ -90,41 +60,15 @@ void SystemDirectoriesTest::text_data()
         QString("System directory:      ") + QChar(0x4e00) + "\nSystem Wow64 directory:  " + QChar(0xfeff) + "x\n");
 }
 
-void SystemDirectoriesTest::text()
+void callRows()
 {
-    QFETCH(QString, windowsDirectory);
-    QFETCH(QString, wow64Directory);
-    QFETCH(QString, lines);
-    const DescribedWindows windows(machineOf(windowsDirectory, wow64Directory));
-    COMPARE_TEXT(windowsSystemDirectories(), title + lines);
+    const Described both = machineOf(windowsDirectory, wow64Directory);
+    rows.calls("calls", both, "GetSystemWindowsDirectoryW 1024\nGetSystemWow64DirectoryW 1024\n");
+    rows.failure("the Windows directory", both, "GetSystemWindowsDirectoryW", 0, wow64Line);
+    rows.failure("the Wow64 directory", both, "GetSystemWow64DirectoryW", 0, windowsLine);
 }
 
-void SystemDirectoriesTest::calls()
-{
-    const DescribedWindows windows(machineOf(windowsDirectory, wow64Directory));
-    windowsSystemDirectories();
-    COMPARE_TEXT(journalText(), QStringLiteral("GetSystemWindowsDirectoryW 1024\nGetSystemWow64DirectoryW 1024\n"));
-}
-
-void SystemDirectoriesTest::failingCalls_data()
-{
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<QString>("lines");
-    QTest::newRow("the Windows directory") << QByteArray("GetSystemWindowsDirectoryW") << wow64Line;
-    QTest::newRow("the Wow64 directory") << QByteArray("GetSystemWow64DirectoryW") << windowsLine;
-}
-
-void SystemDirectoriesTest::failingCalls()
-{
-    QFETCH(QByteArray, call);
-    QFETCH(QString, lines);
-    const machine::Machine machine = machineOf(windowsDirectory, wow64Directory);
-    COMPARE_TEXT(textWithFailingCall(machine, call, 0, windowsSystemDirectories), title + lines);
-}
-
-#else
-
-void SystemDirectoriesTest::directoriesOfThisSystem()
+void directoriesOfThisSystem()
 {
     const QString windowsDirectory = qEnvironmentVariable("SystemRoot");
     QVERIFY(!windowsDirectory.isEmpty());
@@ -132,8 +76,14 @@ void SystemDirectoriesTest::directoriesOfThisSystem()
         + "\nSystem Wow64 directory:  " + windowsDirectory + "\\syswow64\n";
     COMPARE_TEXT(windowsSystemDirectories().toLower(), expected.toLower());
 }
+void addRows()
+{
+    if (!windowsIsSimulated)
+        return SectionRows::row("directories of this system", directoriesOfThisSystem);
+    textRows();
+    callRows();
+}
 
-#endif
+} // namespace
 
-TEST_WITH_CORE_APPLICATION(SystemDirectoriesTest);
-#include "tst_system_directories.moc"
+TEST_WITH_CORE_APPLICATION(SectionTest(addRows));

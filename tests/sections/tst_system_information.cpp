@@ -1,47 +1,19 @@
-// systemInformationFromRegistry(): texts and calls.
+// systemInformationFromRegistry()
 
-#include "described_windows.h"
-#include "registry_values.h"
-#include "test_main.h"
-#include "texts.h"
+#include "section_rows.h"
 #include "win/windows_sections.h"
-
-#ifdef SIMULATED_WINDOWS
-#  include "journal_lines.h"
-#  include <windows.h>
-#endif
 
 using namespace velkor::SystemInfo::WinSysInfo;
 
-class SystemInformationTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void text_data();
-    void text();
-    void workstation();
-#ifdef SIMULATED_WINDOWS
-    void ansiText();
-    void callsOfAFullMachine();
-    void callsWithoutTheKey();
-    void failingCalls_data();
-    void failingCalls();
-#endif
-};
-
 namespace {
 
-const QString title = "SystemInformation from Registry\n";
+const SectionRows rows(systemInformationFromRegistry, "SystemInformation from Registry\n");
 
-QByteArray key()
-{
-    return machineKey("SYSTEM\\CurrentControlSet\\Control\\SystemInformation");
-}
+const char path[] = "HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\SystemInformation";
 
-QByteArray fullKey()
+QByteArray allValues()
 {
-    return key() + numberValue("InformationSource", 1) + textValue("SystemProductName", "Example 500")
+    return numberValue("InformationSource", 1) + textValue("SystemProductName", "Example 500")
         + textValue("SystemManufacturer", "Example Inc.") + textValue("BIOSVersion", "V5.0")
         + textValue("BIOSReleaseDate", "07/19/2021");
 }
@@ -56,7 +28,7 @@ const QStringList allLines = {
 
 void addRow(const char *name, const QByteArray &values, const QString &lines)
 {
-    QTest::newRow(name) << key() + values << title + lines;
+    rows.text(name, QByteArray("[") + path + "]\n" + values, lines);
 }
 
 void singleValueRows()
@@ -99,7 +71,7 @@ void textRows()
            "SystemManufacturer:  Example Inc.\n");
 }
 
-// One buffer for the texts, never cleared.
+// Quirk: one buffer for the texts, never cleared.
 void bufferRows()
 {
     addRow("a text without terminator goes on in the one before it",
@@ -112,110 +84,29 @@ void bufferRows()
            textValue("BIOSReleaseDate", "07/19/2021") + binaryValue("SystemProductName", "P"),
            "BIOSReleaseDate:     07/19/2021\nSystemProductName:   P7/19/2021\n");
     addRow("REG_SZ without terminator gets one",
-           textValue("BIOSReleaseDate", "07/19/2021") + hexValue("BIOSVersion", 1, utf16Data("V5")),
+           textValue("BIOSReleaseDate", "07/19/2021") + hexValue("BIOSVersion", REG_SZ, utf16Data("V5")),
            "BIOSReleaseDate:     07/19/2021\nBIOSVersion:         V5\n");
     addRow("the source has a variable of its own",
            textValue("SystemProductName", "Example 500") + binaryValue("InformationSource", ""),
            "SystemProductName:   Example 500\nInformationSource:   0 \n");
 }
 
-} // namespace
-
-void SystemInformationTest::text_data()
+void addRows()
 {
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("no key: the title alone") << QByteArray() << title;
-    QTest::newRow("an empty key: the title alone") << key() << title;
-    QTest::newRow("everything, in the order of the report") << fullKey() << title + allLines.join(QString());
+    rows.valuesOfKey(path, allValues(),
+                     {"BIOSReleaseDate 2048", "BIOSVersion 2048", "SystemManufacturer 2048", "SystemProductName 2048",
+                      "InformationSource 4"},
+                     allLines);
+    rows.workstation("system_information.txt");
     singleValueRows();
     numberRows();
     textRows();
     bufferRows();
+    if (windowsIsSimulated) // elsewhere the system's own ANSI code page decides
+        addRow("a character of the ANSI code page", textValue("SystemManufacturer", QString("B") + QChar(0xfc) + "ro"),
+               QString("SystemManufacturer:  B") + QChar(0xfffd) + "ro\n");
 }
-
-void SystemInformationTest::text()
-{
-    QFETCH(QByteArray, registry);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(registry);
-    COMPARE_TEXT(systemInformationFromRegistry(), expected);
-}
-
-void SystemInformationTest::workstation()
-{
-    const DescribedWindows windows(DescribedWindows::load("workstation"));
-    COMPARE_TEXT(systemInformationFromRegistry(), title + "BIOSReleaseDate:     07/19/2021\n"
-                                                          "BIOSVersion:         V5.0.0.12 R1.31.0 for D3601-A1x\n"
-                                                          "SystemManufacturer:  FUJITSU\n"
-                                                          "SystemProductName:   ESPRIMO P757\n"
-                                                          "InformationSource:   1 \n");
-}
-
-#ifdef SIMULATED_WINDOWS
-
-namespace {
-
-const QString openLine
-    = "RegOpenKeyExA HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\SystemInformation 0x20019";
 
 } // namespace
 
-// What a text becomes on its way depends on the machine's ANSI code page.
-void SystemInformationTest::ansiText()
-{
-    const DescribedWindows windows(key() + textValue("SystemManufacturer", QString("B") + QChar(0xfc) + "ro"));
-    COMPARE_TEXT(systemInformationFromRegistry(), title + "SystemManufacturer:  B" + QChar(0xfffd) + "ro\n");
-}
-
-void SystemInformationTest::callsOfAFullMachine()
-{
-    const DescribedWindows windows(fullKey());
-    systemInformationFromRegistry();
-    QCOMPARE(journalLines(),
-             QStringList({openLine, "RegQueryValueExA BIOSReleaseDate 2048", "RegQueryValueExA BIOSVersion 2048",
-                          "RegQueryValueExA SystemManufacturer 2048", "RegQueryValueExA SystemProductName 2048",
-                          "RegQueryValueExA InformationSource 4", "RegCloseKey"}));
-    QCOMPARE(simulated::openHandles(), QStringList());
-    QCOMPARE(simulated::handleMisuses(), QStringList());
-}
-
-void SystemInformationTest::callsWithoutTheKey()
-{
-    const DescribedWindows windows("");
-    systemInformationFromRegistry();
-    QCOMPARE(journalLines(), QStringList(openLine));
-}
-
-void SystemInformationTest::failingCalls_data()
-{
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("the key does not open") << QByteArray("RegOpenKeyExA") << 0 << title;
-    for (int i = 0; i < allLines.size(); ++i) {
-        QStringList lines = allLines;
-        lines.removeAt(i);
-        QTest::addRow("query %d fails: its line alone is missing", i)
-            << QByteArray("RegQueryValueExA") << i << title + lines.join(QString());
-    }
-    QTest::newRow("the key does not close: nothing shows")
-        << QByteArray("RegCloseKey") << 0 << title + allLines.join(QString());
-}
-
-void SystemInformationTest::failingCalls()
-{
-    QFETCH(QByteArray, call);
-    QFETCH(int, number);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(fullKey());
-    const simulated::Fault fault = simulated::Fault::nthCall(call, std::size_t(number), ERROR_ACCESS_DENIED);
-    COMPARE_TEXT(systemInformationFromRegistry(), expected);
-    QCOMPARE(fault.hits(), std::size_t(1));
-    QCOMPARE(simulated::openHandles(), QStringList());
-}
-
-#endif
-
-TEST_WITH_CORE_APPLICATION(SystemInformationTest);
-#include "tst_system_information.moc"
+TEST_WITH_CORE_APPLICATION(SectionTest(addRows));

@@ -1,48 +1,20 @@
-// timeZoneInfoFromRegistry(): texts and calls.
+// timeZoneInfoFromRegistry()
 
-#include "described_windows.h"
-#include "registry_values.h"
-#include "test_main.h"
-#include "texts.h"
+#include "section_rows.h"
 #include "win/windows_sections.h"
-
-#ifdef SIMULATED_WINDOWS
-#  include "journal_lines.h"
-#  include <windows.h>
-#endif
 
 using namespace velkor::SystemInfo::WinSysInfo;
 
-class TimeZoneInfoTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void text_data();
-    void text();
-    void workstation();
-#ifdef SIMULATED_WINDOWS
-    void ansiText();
-    void callsOfAFullMachine();
-    void callsWithoutTheKey();
-    void failingCalls_data();
-    void failingCalls();
-#endif
-};
-
 namespace {
 
-const QString title = "Time Zone information from Registry\n";
+const SectionRows rows(timeZoneInfoFromRegistry, "Time Zone information from Registry\n");
 
-QByteArray key()
-{
-    return machineKey("SYSTEM\\CurrentControlSet\\Control\\TimeZoneInformation");
-}
+const char path[] = "HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\TimeZoneInformation";
 
-QByteArray fullKey()
+QByteArray allValues()
 {
-    return key() + textValue("StandardName", "Winter") + textValue("DaylightName", "Summer")
-        + numberValue("StandardBias", 0) + numberValue("DaylightBias", 0xffffffc4) + numberValue("Bias", 0xffffffc4)
+    return textValue("StandardName", "Winter") + textValue("DaylightName", "Summer") + numberValue("StandardBias", 0)
+        + numberValue("DaylightBias", 0xffffffc4) + numberValue("Bias", 0xffffffc4)
         + numberValue("ActiveTimeBias", 0xffffff88);
 }
 
@@ -57,7 +29,7 @@ const QStringList allLines = {
 
 void addRow(const char *name, const QByteArray &values, const QString &lines)
 {
-    QTest::newRow(name) << key() + values << title + lines;
+    rows.text(name, QByteArray("[") + path + "]\n" + values, lines);
 }
 
 QString biasLine(const char *shown)
@@ -95,7 +67,7 @@ void biasRows()
     addRow("a bias stored as text: its bytes", textValue("Bias", "60"), biasLine("12342"));
 }
 
-// One variable for all numbers, never cleared.
+// Quirk: one variable for all numbers, never cleared.
 void numberBufferRows()
 {
     addRow("a bias of one byte keeps the others of the one before it",
@@ -127,7 +99,7 @@ void nameRows()
            textValue("DaylightName", "Summer") + binaryValue("StandardName", "Wi"),
            "DaylightName:   Summer\nStandardName:   Wimmer\n");
     addRow("a name of zero bytes shows the one before it",
-           textValue("DaylightName", "Summer") + hexValue("StandardName", 1, ""),
+           textValue("DaylightName", "Summer") + hexValue("StandardName", REG_SZ, ""),
            "DaylightName:   Summer\nStandardName:   Summer\n");
     addRow("a name of 2048 bytes without terminator is shown whole",
            binaryValue("StandardName", QByteArray(2048, 'x')), "StandardName:   " + QString(2048, 'x') + "\n");
@@ -136,105 +108,22 @@ void nameRows()
            "StandardName:   Winter\n");
 }
 
-} // namespace
-
-void TimeZoneInfoTest::text_data()
+void addRows()
 {
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("no key: the title alone") << QByteArray() << title;
-    QTest::newRow("an empty key: the title alone") << key() << title;
-    QTest::newRow("everything, in the order of the report") << fullKey() << title + allLines.join(QString());
+    rows.valuesOfKey(path, allValues(),
+                     {"ActiveTimeBias 4", "Bias 4", "DaylightBias 4", "StandardBias 4", "DaylightName 2048",
+                      "StandardName 2048"},
+                     allLines);
+    rows.workstation("time_zone_info.txt");
     singleValueRows();
     biasRows();
     numberBufferRows();
     nameRows();
+    if (windowsIsSimulated) // elsewhere the system's own ANSI code page decides
+        addRow("a character of the ANSI code page", textValue("StandardName", QString("Mitteleurop") + QChar(0xe4) + "ische Zeit"),
+               QString("StandardName:   Mitteleurop") + QChar(0xfffd) + "ische Zeit\n");
 }
-
-void TimeZoneInfoTest::text()
-{
-    QFETCH(QByteArray, registry);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(registry);
-    COMPARE_TEXT(timeZoneInfoFromRegistry(), expected);
-}
-
-void TimeZoneInfoTest::workstation()
-{
-    const DescribedWindows windows(DescribedWindows::load("workstation"));
-    COMPARE_TEXT(timeZoneInfoFromRegistry(),
-                 title + "ActiveTimeBias: -60 min (offset to UTC)\n"
-                         "Bias:           -60 min (offset to UTC)\n"
-                         "DaylightBias:   -60 min (additional offset if daylight saving is active)\n"
-                         "StandardBias:   0 min (additional offset if no daylight saving is active)\n"
-                         "DaylightName:   @tzres.dll,-321\n"
-                         "StandardName:   @tzres.dll,-322\n");
-}
-
-#ifdef SIMULATED_WINDOWS
-
-namespace {
-
-const QString openLine
-    = "RegOpenKeyExA HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\TimeZoneInformation 0x20019";
 
 } // namespace
 
-// What a text becomes on its way depends on the machine's ANSI code page.
-void TimeZoneInfoTest::ansiText()
-{
-    const DescribedWindows windows(key() + textValue("StandardName", QString("Mitteleurop") + QChar(0xe4) + "ische Zeit"));
-    COMPARE_TEXT(timeZoneInfoFromRegistry(), title + "StandardName:   Mitteleurop" + QChar(0xfffd) + "ische Zeit\n");
-}
-
-void TimeZoneInfoTest::callsOfAFullMachine()
-{
-    const DescribedWindows windows(fullKey());
-    timeZoneInfoFromRegistry();
-    QCOMPARE(journalLines(),
-             QStringList({openLine, "RegQueryValueExA ActiveTimeBias 4", "RegQueryValueExA Bias 4",
-                          "RegQueryValueExA DaylightBias 4", "RegQueryValueExA StandardBias 4",
-                          "RegQueryValueExA DaylightName 2048", "RegQueryValueExA StandardName 2048", "RegCloseKey"}));
-    QCOMPARE(simulated::openHandles(), QStringList());
-    QCOMPARE(simulated::handleMisuses(), QStringList());
-}
-
-void TimeZoneInfoTest::callsWithoutTheKey()
-{
-    const DescribedWindows windows("");
-    timeZoneInfoFromRegistry();
-    QCOMPARE(journalLines(), QStringList(openLine));
-}
-
-void TimeZoneInfoTest::failingCalls_data()
-{
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("the key does not open") << QByteArray("RegOpenKeyExA") << 0 << title;
-    for (int i = 0; i < allLines.size(); ++i) {
-        QStringList lines = allLines;
-        lines.removeAt(i);
-        QTest::addRow("query %d fails: its line alone is missing", i)
-            << QByteArray("RegQueryValueExA") << i << title + lines.join(QString());
-    }
-    QTest::newRow("the key does not close: nothing shows")
-        << QByteArray("RegCloseKey") << 0 << title + allLines.join(QString());
-}
-
-void TimeZoneInfoTest::failingCalls()
-{
-    QFETCH(QByteArray, call);
-    QFETCH(int, number);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(fullKey());
-    const simulated::Fault fault = simulated::Fault::nthCall(call, std::size_t(number), ERROR_ACCESS_DENIED);
-    COMPARE_TEXT(timeZoneInfoFromRegistry(), expected);
-    QCOMPARE(fault.hits(), std::size_t(1));
-    QCOMPARE(simulated::openHandles(), QStringList());
-}
-
-#endif
-
-TEST_WITH_CORE_APPLICATION(TimeZoneInfoTest);
-#include "tst_time_zone_info.moc"
+TEST_WITH_CORE_APPLICATION(SectionTest(addRows));

@@ -1,51 +1,13 @@
-// videoInfoFromRegistry(): texts and calls.
+// videoInfoFromRegistry()
 
-#include "described_windows.h"
-#include "registry_values.h"
-#include "section_calls.h"
-#include "test_main.h"
-#include "texts.h"
-#include "win/multi_string.h"
+#include "section_rows.h"
 #include "win/windows_sections.h"
-
-#include <windows.h>
 
 using namespace velkor::SystemInfo::WinSysInfo;
 
-class VideoInfoTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void walk_data();
-    void walk();
-    void deniedKeys_data();
-    void deniedKeys();
-    void values_data();
-    void values();
-    void binaryOrText_data();
-    void binaryOrText();
-    void lists_data();
-    void lists();
-    void memory_data();
-    void memory();
-    void numbers_data();
-    void numbers();
-    void splitting_data();
-    void splitting();
-    void splittingOfNothing();
-#ifdef SIMULATED_WINDOWS
-    void keysThatCannotBeOpened();
-    void calls();
-    void failingCalls_data();
-    void failingCalls();
-    void anyFailingCall();
-#endif
-};
-
 namespace {
 
-const char title[] = ">>> Info about video from registry:\n\n";
+const SectionRows rows(videoInfoFromRegistry, ">>> Info about video from registry:\n\n");
 
 /// A key below that of all adapters; its values may follow.
 QByteArray videoKey(const QByteArray &path = QByteArray())
@@ -58,12 +20,6 @@ QByteArray configuration(const QByteArray &values)
 {
     return videoKey("\\{A}\\Video") + videoKey("\\{A}\\0000") + values;
 }
-
-QString expectedOf(const QString &lines)
-{
-    return title + QStringLiteral("0000\n") + lines;
-}
-
 QByteArray allValues()
 {
     return numberValue("OpenGLFlagsWoW", 3) + numberValue("OpenGLFlags", 16) + numberValue("OpenGLVersionWoW", 2)
@@ -79,86 +35,69 @@ QByteArray allValues()
         + listValue("InstalledDisplayDrivers", {"a", "b"}) + textValue("Device Description", "Acme Graphics 9");
 }
 
-const char allLines[] = "   Device Description: Acme Graphics 9\n"
-                        "   Installed Display Drivers: a b\n"
-                        "   AdapterString: Acme Nine\n"
-                        "   BiosString: 1.0.5\n"
-                        "   ChipType:  Nine\n"
-                        "   DacType:  Internal\n"
-                        "   Video Memory: 1.0 GByte\n"
-                        "   Driver Description: Acme 9\n"
-                        "   Driver Version: 27.20\n"
-                        "   Driver Date: 7-1-2021\n"
-                        "   Provider Name: Acme\n"
-                        "   Release Version: 20.1\n"
-                        "   OpenGL Driver Name: g64.dll\n"
-                        "   OpenGL Driver Name WoW: g32.dll h32.dll\n"
-                        "   OpenGL Version: 1 = 0x1\n"
-                        "   OpenGL Version WoW: 2 = 0x2\n"
-                        "   OpenGL Flags: 16 = 0x10\n"
-                        "   OpenGL Flags WoW: 3 = 0x3\n";
+const QStringList allLines = {"   Device Description: Acme Graphics 9\n",
+                              "   Installed Display Drivers: a b\n",
+                              "   AdapterString: Acme Nine\n",
+                              "   BiosString: 1.0.5\n",
+                              "   ChipType:  Nine\n",
+                              "   DacType:  Internal\n",
+                              "   Video Memory: 1.0 GByte\n",
+                              "   Driver Description: Acme 9\n",
+                              "   Driver Version: 27.20\n",
+                              "   Driver Date: 7-1-2021\n",
+                              "   Provider Name: Acme\n",
+                              "   Release Version: 20.1\n",
+                              "   OpenGL Driver Name: g64.dll\n",
+                              "   OpenGL Driver Name WoW: g32.dll h32.dll\n",
+                              "   OpenGL Version: 1 = 0x1\n",
+                              "   OpenGL Version WoW: 2 = 0x2\n",
+                              "   OpenGL Flags: 16 = 0x10\n",
+                              "   OpenGL Flags WoW: 3 = 0x3\n"};
 
-} // namespace
-
-void VideoInfoTest::walk_data()
+void walkRows()
 {
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QString>("blocks");
-    const auto row = [](const char *what, const QByteArray &registry, const QString &blocks) {
-        QTest::newRow(what) << registry << blocks;
-    };
     const QByteArray service = videoKey("\\{A}\\Video") + textValue("Service", "acmegfx");
-    row("no key: the heading and an empty line", "", "");
-    row("no adapter", videoKey(), "");
-    row("an adapter without keys", videoKey("\\{A}"), "");
-    row("0000 and Video: the service, and the block once",
-        videoKey("\\{A}\\0000") + textValue("DriverDate", "1") + service,
-        "### Service: acmegfx\n0000\n   Driver Date: 1\n");
-    row("only 0000: no service, and the block twice", videoKey("\\{A}\\0000") + textValue("DriverDate", "1"),
-        "0000\n   Driver Date: 1\n0000\n   Driver Date: 1\n");
-    row("0000 and 0001: the last block twice",
-        videoKey("\\{A}\\0001") + textValue("DriverDate", "b") + videoKey("\\{A}\\0000"),
-        "0000\n0001\n   Driver Date: b\n0001\n   Driver Date: b\n");
-    row("0000, 0001 and Video: each block once",
-        videoKey("\\{A}\\0000") + videoKey("\\{A}\\0001") + videoKey("\\{A}\\Video"), "0000\n0001\n");
-    row("Video alone: the service alone", service, "### Service: acmegfx\n");
-    row("Video without a service", videoKey("\\{A}\\Video") + textValue("Device Description", "x"), "");
-    row("Video in another case",
-        videoKey("\\{A}\\VIDEO") + textValue("Service", "s") + textValue("DriverDate", "1") + videoKey("\\{A}\\0000"),
-        "### Service: s\n0000\n");
-    row("Video in lower case", videoKey("\\{A}\\video") + textValue("Service", "s"), "### Service: s\n");
-    row("a key behind Video: its block twice",
-        service + videoKey("\\{A}\\Volatile") + textValue("DriverDate", "1") + videoKey("\\{A}\\0000"),
-        "### Service: acmegfx\n0000\nVolatile\n   Driver Date: 1\nVolatile\n   Driver Date: 1\n");
-    row("a key whose name only starts as Video", videoKey("\\{A}\\Video0"), "Video0\nVideo0\n");
-    row("two adapters, in the order of their names",
-        videoKey("\\{B}\\Video") + textValue("Service", "b") + videoKey("\\{B}\\0000") + videoKey("\\{A}\\0000"),
-        "0000\n0000\n### Service: b\n0000\n");
-    row("the last name of one adapter is not taken for the next",
-        videoKey("\\{A}\\0000") + videoKey("\\{B}"), "0000\n0000\n");
-    row("a service of no bytes", videoKey("\\{A}\\Video") + hexValue("Service", REG_SZ, ""), "### Service: \n");
-    row("a service with a placeholder", videoKey("\\{A}\\Video") + textValue("Service", "%1"), "### Service: %1\n");
-    row("a service up to its null",
-        videoKey("\\{A}\\Video") + hexValue("Service", REG_SZ, utf16Data(QString("ab") + QChar() + "cd")),
-        "### Service: ab\n");
-    row("a name with a placeholder", configuration("") + videoKey("\\{A}\\%1"), "%1\n0000\n");
+    rows.text("no key: the heading and an empty line", "", "");
+    rows.text("no adapter", videoKey(), "");
+    rows.text("an adapter without keys", videoKey("\\{A}"), "");
+    rows.text("0000 and Video: the service, and the block once",
+              videoKey("\\{A}\\0000") + textValue("DriverDate", "1") + service,
+              "### Service: acmegfx\n0000\n   Driver Date: 1\n");
+    rows.text("only 0000: no service, and the block twice", videoKey("\\{A}\\0000") + textValue("DriverDate", "1"),
+              "0000\n   Driver Date: 1\n0000\n   Driver Date: 1\n");
+    rows.text("0000 and 0001: the last block twice",
+              videoKey("\\{A}\\0001") + textValue("DriverDate", "b") + videoKey("\\{A}\\0000"),
+              "0000\n0001\n   Driver Date: b\n0001\n   Driver Date: b\n");
+    rows.text("0000, 0001 and Video: each block once",
+              videoKey("\\{A}\\0000") + videoKey("\\{A}\\0001") + videoKey("\\{A}\\Video"), "0000\n0001\n");
+    rows.text("Video alone: the service alone", service, "### Service: acmegfx\n");
+    rows.text("Video without a service", videoKey("\\{A}\\Video") + textValue("Device Description", "x"), "");
+    rows.text("Video in another case",
+              videoKey("\\{A}\\VIDEO") + textValue("Service", "s") + textValue("DriverDate", "1") + videoKey("\\{A}\\0000"),
+              "### Service: s\n0000\n");
+    rows.text("Video in lower case", videoKey("\\{A}\\video") + textValue("Service", "s"), "### Service: s\n");
+    rows.text("a key behind Video: its block twice",
+              service + videoKey("\\{A}\\Volatile") + textValue("DriverDate", "1") + videoKey("\\{A}\\0000"),
+              "### Service: acmegfx\n0000\nVolatile\n   Driver Date: 1\nVolatile\n   Driver Date: 1\n");
+    rows.text("a key whose name only starts as Video", videoKey("\\{A}\\Video0"), "Video0\nVideo0\n");
+    rows.text("two adapters, in the order of their names",
+              videoKey("\\{B}\\Video") + textValue("Service", "b") + videoKey("\\{B}\\0000") + videoKey("\\{A}\\0000"),
+              "0000\n0000\n### Service: b\n0000\n");
+    rows.text("the last name of one adapter is not taken for the next",
+              videoKey("\\{A}\\0000") + videoKey("\\{B}"), "0000\n0000\n");
+    rows.text("a service of no bytes", videoKey("\\{A}\\Video") + hexValue("Service", REG_SZ, ""), "### Service: \n");
+    rows.text("a service with a placeholder", videoKey("\\{A}\\Video") + textValue("Service", "%1"), "### Service: %1\n");
+    rows.text("a service up to its null",
+              videoKey("\\{A}\\Video") + hexValue("Service", REG_SZ, utf16Data(QString("ab") + QChar() + "cd")),
+              "### Service: ab\n");
+    rows.text("a name with a placeholder", configuration("") + videoKey("\\{A}\\%1"), "%1\n0000\n");
 }
 
-void VideoInfoTest::walk()
+void deniedRows()
 {
-    QFETCH(QByteArray, registry);
-    QFETCH(QString, blocks);
-    const DescribedWindows windows(registry);
-    COMPARE_TEXT(videoInfoFromRegistry(), title + blocks);
-}
-
-void VideoInfoTest::deniedKeys_data()
-{
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QByteArrayList>("denied"); // below the key of all adapters
-    QTest::addColumn<QString>("blocks");
-    const auto row = [](const char *what, const QByteArray &registry, const QByteArrayList &denied, const QString &blocks) {
-        QTest::newRow(what) << registry << denied << blocks;
+    const auto row = [](const char *name, const QByteArray &registry, const QByteArrayList &denied, const QString &blocks) {
+        rows.text(name, {registry, deniedBelow("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Video", denied)},
+                  blocks);
     };
     const auto key = [](const QByteArray &path, const char *date) { return videoKey(path) + textValue("DriverDate", date); };
     const auto block = [](const char *name, const char *date) {
@@ -181,71 +120,57 @@ void VideoInfoTest::deniedKeys_data()
     row("the key of all adapters", adapters, {""}, "");
 }
 
-void VideoInfoTest::deniedKeys()
+/// Values of the only configuration.
+void addValues(const QString &name, const QByteArray &values, const QString &lines)
 {
-    QFETCH(QByteArray, registry);
-    QFETCH(QByteArrayList, denied);
-    QFETCH(QString, blocks);
-    const DescribedWindows windows(
-        registry, deniedBelow("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Video", denied));
-    COMPARE_TEXT(videoInfoFromRegistry(), title + blocks);
+    rows.text(name, configuration(values), "0000\n" + lines);
 }
 
-void VideoInfoTest::values_data()
+void valueRows()
 {
-    QTest::addColumn<QByteArray>("values");
-    QTest::addColumn<QString>("lines");
-    const auto row = [](const char *what, const QByteArray &values, const QString &lines) {
-        QTest::newRow(what) << values << lines;
-    };
-    row("all, in the order of the table", allValues(), allLines);
-    row("none", "", "");
-    row("device description alone", textValue("Device Description", "x"), "   Device Description: x\n");
-    row("driver description alone", textValue("DriverDesc", "x"), "   Driver Description: x\n");
-    row("driver version alone", textValue("DriverVersion", "x"), "   Driver Version: x\n");
-    row("driver date alone", textValue("DriverDate", "x"), "   Driver Date: x\n");
-    row("provider alone", textValue("ProviderName", "x"), "   Provider Name: x\n");
-    row("release version alone", textValue("ReleaseVersion", "x"), "   Release Version: x\n");
-    row("a character beyond the code page", textValue("DriverDesc", QString(QChar(0x4e00))),
-        QString("   Driver Description: ") + QChar(0x4e00) + '\n');
-    row("a byte-order mark is a character", textValue("DriverDesc", QChar(0xfeff) + QString("x")),
-        "   Driver Description: " + QString(QChar(0xfeff)) + "x\n");
-    row("a swapped byte-order mark is a character", textValue("DriverDesc", QChar(0xfffe) + QString("x")),
-        "   Driver Description: " + QString(QChar(0xfffe)) + "x\n");
-    row("a text up to its null", hexValue("DriverDesc", REG_SZ, utf16Data(QString("ab") + QChar() + "cd")),
-        "   Driver Description: ab\n");
-    row("a text without a terminator", hexValue("DriverDesc", REG_SZ, utf16Data("abc")), "   Driver Description: abc\n");
-    row("a text of an odd count of bytes", hexValue("DriverDesc", REG_SZ, QByteArray("a\0b\0", 4) + "c"),
-        "   Driver Description: abc\n");
-    row("binary data is read as text", binaryValue("DriverDesc", utf16Data("ab")), "   Driver Description: ab\n");
-    row("a text of no bytes does not show the one before",
-        textValue("DriverDesc", "x") + hexValue("DriverVersion", REG_SZ, ""),
-        "   Driver Description: x\n   Driver Version: \n");
-    row("a short text does not show the one before",
-        textValue("DriverDesc", "long") + binaryValue("DriverVersion", utf16Data("s")),
-        "   Driver Description: long\n   Driver Version: s\n");
-    row("1024 units without a terminator are text as a whole", binaryValue("DriverDesc", utf16Data(QString(1024, 'x'))),
-        "   Driver Description: " + QString(1024, 'x') + '\n');
-    row("2049 bytes have no line", binaryValue("DriverDesc", utf16Data(QString(1024, 'x')) + 'x'), "");
-    row("placeholders stay", textValue("DriverDesc", "%1 %2 %99 %L1"), "   Driver Description: %1 %2 %99 %L1\n");
-    row("value names without regard to case", textValue("driverdesc", "x"), "   Driver Description: x\n");
+    addValues("all, in the order of the table", allValues(), allLines.join(QString()));
+    addValues("none", "", "");
+    addValues("device description alone", textValue("Device Description", "x"), "   Device Description: x\n");
+    addValues("driver description alone", textValue("DriverDesc", "x"), "   Driver Description: x\n");
+    addValues("driver version alone", textValue("DriverVersion", "x"), "   Driver Version: x\n");
+    addValues("driver date alone", textValue("DriverDate", "x"), "   Driver Date: x\n");
+    addValues("provider alone", textValue("ProviderName", "x"), "   Provider Name: x\n");
+    addValues("release version alone", textValue("ReleaseVersion", "x"), "   Release Version: x\n");
+    addValues("a character beyond the code page", textValue("DriverDesc", QString(QChar(0x4e00))),
+              QString("   Driver Description: ") + QChar(0x4e00) + '\n');
+    addValues("a byte-order mark is a character", textValue("DriverDesc", QChar(0xfeff) + QString("x")),
+              "   Driver Description: " + QString(QChar(0xfeff)) + "x\n");
+    addValues("a swapped byte-order mark is a character", textValue("DriverDesc", QChar(0xfffe) + QString("x")),
+              "   Driver Description: " + QString(QChar(0xfffe)) + "x\n");
+    addValues("a text up to its null", hexValue("DriverDesc", REG_SZ, utf16Data(QString("ab") + QChar() + "cd")),
+              "   Driver Description: ab\n");
+    addValues("a text without a terminator", hexValue("DriverDesc", REG_SZ, utf16Data("abc")), "   Driver Description: abc\n");
+    addValues("a text of an odd count of bytes", hexValue("DriverDesc", REG_SZ, QByteArray("a\0b\0", 4) + "c"),
+              "   Driver Description: abc\n");
+    addValues("binary data is read as text", binaryValue("DriverDesc", utf16Data("ab")), "   Driver Description: ab\n");
+    addValues("a text of no bytes does not show the one before",
+              textValue("DriverDesc", "x") + hexValue("DriverVersion", REG_SZ, ""),
+              "   Driver Description: x\n   Driver Version: \n");
+    addValues("a short text does not show the one before",
+              textValue("DriverDesc", "long") + binaryValue("DriverVersion", utf16Data("s")),
+              "   Driver Description: long\n   Driver Version: s\n");
+    addValues("1024 units without a terminator are text as a whole", binaryValue("DriverDesc", utf16Data(QString(1024, 'x'))),
+              "   Driver Description: " + QString(1024, 'x') + '\n');
+    addValues("2049 bytes have no line", binaryValue("DriverDesc", utf16Data(QString(1024, 'x')) + 'x'), "");
+    addValues("placeholders stay", textValue("DriverDesc", "%1 %2 %99 %L1"), "   Driver Description: %1 %2 %99 %L1\n");
+    addValues("value names without regard to case", textValue("driverdesc", "x"), "   Driver Description: x\n");
 }
 
-void VideoInfoTest::values()
+// The four values that are text unless they are REG_BINARY.
+void binaryOrTextRows()
 {
-    QFETCH(QByteArray, values);
-    QFETCH(QString, lines);
-    const DescribedWindows windows(configuration(values));
-    COMPARE_TEXT(videoInfoFromRegistry(), expectedOf(lines));
-}
-
-void VideoInfoTest::binaryOrText_data()
-{
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QByteArray>("data");
-    QTest::addColumn<QString>("text");
-    const auto row = [](const char *what, int type, const QByteArray &data, const QString &text) {
-        QTest::newRow(what) << type << data << text;
+    const auto row = [](const char *name, DWORD type, const QByteArray &data, const QString &text) {
+        QByteArray values;
+        for (const char *value : {"AdapterString", "BiosString", "ChipType", "DacType"})
+            values += hexValue(QByteArray("HardwareInformation.") + value, type, data);
+        addValues(name, values,
+                  "   AdapterString: " + text + "\n   BiosString: " + text + "\n   ChipType:  " + text + "\n   DacType:  " + text
+                      + '\n');
     };
     const QChar null;
     row("binary, 10 bytes without a null: 5 characters", REG_BINARY, utf16Data("abcde"), "abcde");
@@ -277,27 +202,21 @@ void VideoInfoTest::binaryOrText_data()
     row("a number with a null inside: up to it", REG_QWORD, utf16Data(QString("ab") + null + "c"), "ab");
 }
 
-void VideoInfoTest::binaryOrText()
+/// The three values that are lists.
+void addLists(const QString &name, DWORD type, const QByteArray &data, const QString &text)
 {
-    QFETCH(int, type);
-    QFETCH(QByteArray, data);
-    QFETCH(QString, text);
     QByteArray values;
-    for (const char *name : {"AdapterString", "BiosString", "ChipType", "DacType"})
-        values += hexValue(QByteArray("HardwareInformation.") + name, quint32(type), data);
-    const DescribedWindows windows(configuration(values));
-    COMPARE_TEXT(videoInfoFromRegistry(),
-                 expectedOf("   AdapterString: " + text + "\n   BiosString: " + text + "\n   ChipType:  " + text
-                            + "\n   DacType:  " + text + '\n'));
+    for (const char *value : {"InstalledDisplayDrivers", "OpenGLDriverName", "OpenGLDriverNameWow"})
+        values += hexValue(value, type, data);
+    addValues("list: " + name, values,
+              "   Installed Display Drivers: " + text + "\n   OpenGL Driver Name: " + text + "\n   OpenGL Driver Name WoW: "
+                  + text + '\n');
 }
 
-void VideoInfoTest::lists_data()
+void listRows()
 {
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QByteArray>("data");
-    QTest::addColumn<QString>("text");
-    const auto row = [](const char *what, int type, const QString &data, const QString &text) {
-        QTest::newRow(what) << type << utf16Data(data) << text;
+    const auto row = [](const QString &name, DWORD type, const QString &data, const QString &text) {
+        addLists(name, type, utf16Data(data), text);
     };
     const QChar null;
     row("two strings with one blank between", REG_MULTI_SZ, QString("a") + null + "b" + null + null, "a b");
@@ -315,145 +234,58 @@ void VideoInfoTest::lists_data()
     row("1024 units of strings without a last null", REG_BINARY, QString(1022, 'x') + null + 'y',
         QString(1022, 'x') + " y");
     row("placeholders", REG_MULTI_SZ, QString("%1") + null + "%2" + null + null, "%1 %2");
-    QTest::newRow("an odd last byte") << int(REG_BINARY) << utf16Data("ab") + 'c' << "abc";
+    addLists("an odd last byte", REG_BINARY, utf16Data("ab") + 'c', "abc");
 }
 
-void VideoInfoTest::lists()
+void memoryRows()
 {
-    QFETCH(int, type);
-    QFETCH(QByteArray, data);
-    QFETCH(QString, text);
-    QByteArray values;
-    for (const char *name : {"InstalledDisplayDrivers", "OpenGLDriverName", "OpenGLDriverNameWow"})
-        values += hexValue(name, quint32(type), data);
-    const DescribedWindows windows(configuration(values));
-    COMPARE_TEXT(videoInfoFromRegistry(),
-                 expectedOf("   Installed Display Drivers: " + text + "\n   OpenGL Driver Name: " + text
-                            + "\n   OpenGL Driver Name WoW: " + text + '\n'));
-}
-
-void VideoInfoTest::memory_data()
-{
-    QTest::addColumn<QByteArray>("values");
-    QTest::addColumn<QString>("lines");
-    const auto row = [](const char *what, const QByteArray &values, const QString &lines) {
-        QTest::newRow(what) << values << lines;
+    const auto wide = [](const QByteArray &bytes) {
+        return hexValue("HardwareInformation.qwMemorySize", REG_QWORD, bytes);
     };
-    const auto wide = [](const QByteArray &bytes) { return hexValue("HardwareInformation.qwMemorySize", REG_QWORD,
-                                                                    bytes); };
     const QByteArray eightGigabytes = wide(QByteArray("\0\0\0\0\2\0\0\0", 8));
     const QByteArray oneGigabyte = numberValue("HardwareInformation.MemorySize", 0x40000000);
-    row("neither: no line", "", "");
-    row("64 bits alone", eightGigabytes, "   Video Memory: 8.0 GByte\n");
-    row("32 bits alone", oneGigabyte, "   Video Memory: 1.0 GByte\n");
-    row("both: the 64-bit one", oneGigabyte + eightGigabytes, "   Video Memory: 8.0 GByte\n");
-    row("a 64-bit 0 goes before the 32-bit one", wide(QByteArray(8, '\0')) + oneGigabyte, "   Video Memory: 0 Byte\n");
-    row("64 bits, the highest", wide(QByteArray(8, '\xff')), "   Video Memory: 17179869183.9 GByte\n");
-    row("64 bits of four bytes only", wide(QByteArray("\0\0\0\x40", 4)), "   Video Memory: 1.0 GByte\n");
-    row("64 bits of no bytes", wide(""), "   Video Memory: 0 Byte\n");
-    row("64 bits of nine bytes: the 32-bit one", wide(QByteArray(9, '\1')) + oneGigabyte, "   Video Memory: 1.0 GByte\n");
-    row("64 bits of nine bytes alone: no line", wide(QByteArray(9, '\1')), "");
-    row("32 bits are unsigned", numberValue("HardwareInformation.MemorySize", 0xffffffff),
-        "   Video Memory: 3.9 GByte\n");
-    row("32 bits of binary type", binaryValue("HardwareInformation.MemorySize", QByteArray("\0\0\x60\0", 4)),
-        "   Video Memory: 6.0 MByte\n");
-    row("32 bits of two bytes", binaryValue("HardwareInformation.MemorySize", QByteArray("\0\6", 2)),
-        "   Video Memory: 1.5 KByte\n");
-    row("32 bits of eight bytes: no line", binaryValue("HardwareInformation.MemorySize", QByteArray(8, '\1')), "");
+    addValues("neither: no line", "", "");
+    addValues("64 bits alone", eightGigabytes, "   Video Memory: 8.0 GByte\n");
+    addValues("32 bits alone", oneGigabyte, "   Video Memory: 1.0 GByte\n");
+    addValues("both: the 64-bit one", oneGigabyte + eightGigabytes, "   Video Memory: 8.0 GByte\n");
+    addValues("a 64-bit 0 goes before the 32-bit one", wide(QByteArray(8, '\0')) + oneGigabyte, "   Video Memory: 0 Byte\n");
+    addValues("64 bits, the highest", wide(QByteArray(8, '\xff')), "   Video Memory: 17179869183.9 GByte\n");
+    addValues("64 bits of four bytes only", wide(QByteArray("\0\0\0\x40", 4)), "   Video Memory: 1.0 GByte\n");
+    addValues("64 bits of no bytes", wide(""), "   Video Memory: 0 Byte\n");
+    addValues("64 bits of nine bytes: the 32-bit one", wide(QByteArray(9, '\1')) + oneGigabyte, "   Video Memory: 1.0 GByte\n");
+    addValues("64 bits of nine bytes alone: no line", wide(QByteArray(9, '\1')), "");
+    addValues("32 bits are unsigned", numberValue("HardwareInformation.MemorySize", 0xffffffff),
+              "   Video Memory: 3.9 GByte\n");
+    addValues("32 bits of binary type", binaryValue("HardwareInformation.MemorySize", QByteArray("\0\0\x60\0", 4)),
+              "   Video Memory: 6.0 MByte\n");
+    addValues("32 bits of two bytes", binaryValue("HardwareInformation.MemorySize", QByteArray("\0\6", 2)),
+              "   Video Memory: 1.5 KByte\n");
+    addValues("32 bits of eight bytes: no line", binaryValue("HardwareInformation.MemorySize", QByteArray(8, '\1')), "");
 }
 
-void VideoInfoTest::memory()
+void numberRows()
 {
-    values();
+    addValues("OpenGL version alone", numberValue("OpenGLVersion", 16), "   OpenGL Version: 16 = 0x10\n");
+    addValues("OpenGL version of WoW alone", numberValue("OpenGLVersionWoW", 16), "   OpenGL Version WoW: 16 = 0x10\n");
+    addValues("OpenGL flags alone", numberValue("OpenGLFlags", 16), "   OpenGL Flags: 16 = 0x10\n");
+    addValues("OpenGL flags of WoW alone", numberValue("OpenGLFlagsWoW", 16), "   OpenGL Flags WoW: 16 = 0x10\n");
+    addValues("0", numberValue("OpenGLFlags", 0), "   OpenGL Flags: 0 = 0x0\n");
+    addValues("the highest, unsigned and in lower case", numberValue("OpenGLFlags", 0xffffffff),
+              "   OpenGL Flags: 4294967295 = 0xffffffff\n");
+    addValues("two bytes: the low ones", binaryValue("OpenGLFlags", "\x01\x02"), "   OpenGL Flags: 513 = 0x201\n");
+    addValues("no bytes: 0, not the number before", numberValue("OpenGLVersion", 7) + hexValue("OpenGLFlags", REG_DWORD, ""),
+              "   OpenGL Version: 7 = 0x7\n   OpenGL Flags: 0 = 0x0\n");
+    addValues("a short number does not show the one before",
+              numberValue("OpenGLFlags", 0xffffffff) + binaryValue("OpenGLFlagsWoW", "\x05"),
+              "   OpenGL Flags: 4294967295 = 0xffffffff\n   OpenGL Flags WoW: 5 = 0x5\n");
+    addValues("five bytes: no line", binaryValue("OpenGLFlags", QByteArray(5, '\1')), "");
+    addValues("a text of one character: its bytes", textValue("OpenGLFlags", "1"), "   OpenGL Flags: 49 = 0x31\n");
+    addValues("a longer text: no line", textValue("OpenGLFlags", "12"), "");
 }
 
-void VideoInfoTest::numbers_data()
+void callRows()
 {
-    QTest::addColumn<QByteArray>("values");
-    QTest::addColumn<QString>("lines");
-    const auto row = [](const char *what, const QByteArray &values, const QString &lines) {
-        QTest::newRow(what) << values << lines;
-    };
-    row("OpenGL version alone", numberValue("OpenGLVersion", 16), "   OpenGL Version: 16 = 0x10\n");
-    row("OpenGL version of WoW alone", numberValue("OpenGLVersionWoW", 16), "   OpenGL Version WoW: 16 = 0x10\n");
-    row("OpenGL flags alone", numberValue("OpenGLFlags", 16), "   OpenGL Flags: 16 = 0x10\n");
-    row("OpenGL flags of WoW alone", numberValue("OpenGLFlagsWoW", 16), "   OpenGL Flags WoW: 16 = 0x10\n");
-    row("0", numberValue("OpenGLFlags", 0), "   OpenGL Flags: 0 = 0x0\n");
-    row("the highest, unsigned and in lower case", numberValue("OpenGLFlags", 0xffffffff),
-        "   OpenGL Flags: 4294967295 = 0xffffffff\n");
-    row("two bytes: the low ones", binaryValue("OpenGLFlags", "\x01\x02"), "   OpenGL Flags: 513 = 0x201\n");
-    row("no bytes: 0, not the number before", numberValue("OpenGLVersion", 7) + hexValue("OpenGLFlags", REG_DWORD, ""),
-        "   OpenGL Version: 7 = 0x7\n   OpenGL Flags: 0 = 0x0\n");
-    row("a short number does not show the one before",
-        numberValue("OpenGLFlags", 0xffffffff) + binaryValue("OpenGLFlagsWoW", "\x05"),
-        "   OpenGL Flags: 4294967295 = 0xffffffff\n   OpenGL Flags WoW: 5 = 0x5\n");
-    row("five bytes: no line", binaryValue("OpenGLFlags", QByteArray(5, '\1')), "");
-    row("a text of one character: its bytes", textValue("OpenGLFlags", "1"), "   OpenGL Flags: 49 = 0x31\n");
-    row("a longer text: no line", textValue("OpenGLFlags", "12"), "");
-}
-
-void VideoInfoTest::numbers()
-{
-    values();
-}
-
-void VideoInfoTest::splitting_data()
-{
-    QTest::addColumn<int>("count");
-    QTest::addColumn<QStringList>("strings");
-    // "a", "b" and "c" at the units 0, 2 and 4
-    QTest::newRow("0: nothing") << 0 << QStringList();
-    QTest::newRow("1: the first string, whole") << 1 << QStringList {"a"};
-    QTest::newRow("2: the second string does not start below it") << 2 << QStringList {"a"};
-    QTest::newRow("3: the second string") << 3 << QStringList {"a", "b"};
-    QTest::newRow("5: all strings") << 5 << QStringList {"a", "b", "c"};
-    QTest::newRow("7: the empty string ends the list") << 7 << QStringList {"a", "b", "c"};
-    QTest::newRow("beyond the empty string: it ends the list") << 14 << QStringList {"a", "b", "c"};
-}
-
-void VideoInfoTest::splitting()
-{
-    QFETCH(int, count);
-    QFETCH(QStringList, strings);
-    const wchar_t buffer[] = L"a\0b\0c\0\0xxxxxxx";
-    QCOMPARE(registryWideMultiStringToList(buffer, unsigned(count)), strings);
-}
-
-void VideoInfoTest::splittingOfNothing()
-{
-    QCOMPARE(registryWideMultiStringToList(nullptr, 0), QStringList());
-}
-
-#ifdef SIMULATED_WINDOWS
-
-void VideoInfoTest::keysThatCannotBeOpened()
-{
-    // Names that are lost on the way: of an adapter, and of the last key of another.
-    const DescribedWindows windows(videoKey("\\\xc3\xa4\\0000") + videoKey("\\{A}\\0000") + videoKey("\\{A}\\\xc3\xa4"));
-    COMPARE_TEXT(videoInfoFromRegistry(), title + QStringLiteral("0000\n"));
-}
-
-namespace {
-
-/// One adapter as most are, and one that has no "Video".
-machine::Machine fullMachine()
-{
-    return DescribedWindows::parse(configuration(allValues()) + videoKey("\\{A}\\Video") + textValue("Service", "acmegfx")
-                                       + videoKey("\\{B}\\0000"),
-                                   "{}");
-}
-
-const char serviceLine[] = "### Service: acmegfx\n";
-const char secondAdapter[] = "0000\n0000\n";
-
-} // namespace
-
-void VideoInfoTest::calls()
-{
-    const DescribedWindows windows(configuration(allValues()));
-    videoInfoFromRegistry();
-    COMPARE_TEXT(journalText().replace("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Video", "..."),
-                 R"(RegOpenKeyExA ... 0x20019
+    QString journal = R"(RegOpenKeyExA ... 0x20019
 RegEnumKeyExA ... "0" 2048
 RegOpenKeyExA ...\{A} 0x20019
 RegOpenKeyExA ...\{A}\Video 0x20019
@@ -490,59 +322,67 @@ RegCloseKey ...\{A}\Video
 RegCloseKey ...\{A}
 RegEnumKeyExA ... "1" 2048
 RegCloseKey ...
-)");
-    QCOMPARE(handleProblems(), QString());
+)";
+    rows.calls("calls", configuration(allValues()),
+               journal.replace("...", "HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Video"));
 }
 
-void VideoInfoTest::failingCalls_data()
+void failureRows()
 {
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("blocks");
-    const auto row = [](const char *what, const char *call, int number, const QString &blocks) {
-        QTest::newRow(what) << QByteArray(call) << number << blocks;
+    // An adapter as most are, and one that has no "Video".
+    const Described machine = configuration(allValues()) + videoKey("\\{A}\\Video") + textValue("Service", "acmegfx")
+        + videoKey("\\{B}\\0000");
+    const auto row = [&](const char *name, const char *call, int number, const QString &blocks) {
+        rows.failure(name, machine, call, number, blocks);
     };
-    const QString full = QString(serviceLine) + "0000\n" + allLines + secondAdapter;
-    const auto without = [&](const char *part) { return QString(full).remove(QString(part)); };
+    const QString service = "### Service: acmegfx\n";
+    const QString first = "0000\n" + allLines.join(QString());
+    const QString second = "0000\n0000\n";
+    const QString full = service + first + second;
     row("the adapters do not open: the heading alone", "RegOpenKeyExA", 0, "");
-    row("an adapter does not open: the next one follows", "RegOpenKeyExA", 1, secondAdapter);
-    row("Video does not open for its service", "RegOpenKeyExA", 2, without(serviceLine));
-    row("a configuration does not open", "RegOpenKeyExA", 3, QString(serviceLine) + secondAdapter);
+    row("an adapter does not open: the next one follows", "RegOpenKeyExA", 1, second);
+    row("Video does not open for its service", "RegOpenKeyExA", 2, first + second);
+    row("a configuration does not open", "RegOpenKeyExA", 3, service + second);
     row("the walk over adapters fails at its start", "RegEnumKeyExA", 0, "");
-    row("the walk over configurations fails at its start", "RegEnumKeyExA", 1, QString(serviceLine) + secondAdapter);
+    row("the walk over configurations fails at its start", "RegEnumKeyExA", 1, service + second);
     row("the walk over configurations fails behind the first: it is written again", "RegEnumKeyExA", 2,
-        QString(serviceLine) + "0000\n" + allLines + "0000\n" + allLines + secondAdapter);
-    row("the walk over adapters fails behind the first", "RegEnumKeyExA", 4, without(secondAdapter));
-    row("no service", "RegQueryValueExW", 0, without(serviceLine));
-    const QStringList lines = QString(allLines).split('\n', Qt::SkipEmptyParts);
-    const char *const calls[] = {"no device description", "no display drivers", "no adapter string", "no BIOS string",
-                                 "no chip", "no DAC", "no memory", "no driver description", "no driver version",
-                                 "no driver date", "no provider", "no release version", "no OpenGL driver",
-                                 "no OpenGL driver of WoW", "no OpenGL version", "no OpenGL version of WoW",
-                                 "no OpenGL flags", "no OpenGL flags of WoW"};
-    for (int i = 0; i < 6; ++i)
-        row(calls[i], "RegQueryValueExW", 1 + i, without((lines.at(i) + '\n').toLatin1().constData()));
+        service + first + first + second);
+    row("the walk over adapters fails behind the first", "RegEnumKeyExA", 4, service + first);
+    row("no service", "RegQueryValueExW", 0, first + second);
+    const QString start = service + "0000\n";
+    const QString memory = allLines.at(6);
+    const QStringList behind = allLines.mid(7);
+    rows.failures(machine, "RegQueryValueExW", 1, allLines.mid(0, 6),
+                  {"no device description", "no display drivers", "no adapter string", "no BIOS string", "no chip", "no DAC"},
+                  start, memory + behind.join(QString()) + second);
     row("no 64-bit memory: the 32-bit one", "RegQueryValueExA", 0, full);
-    row(calls[6], "RegQueryValueExA", 1, without("   Video Memory: 1.0 GByte\n"));
-    for (int i = 7; i < 18; ++i)
-        row(calls[i], "RegQueryValueExW", i, without((lines.at(i) + '\n').toLatin1().constData()));
+    rows.failures(machine, "RegQueryValueExA", 1, {memory}, {"no memory"}, start + QStringList(allLines.mid(0, 6)).join(QString()),
+                  behind.join(QString()) + second);
+    rows.failures(machine, "RegQueryValueExW", 7, behind,
+                  {"no driver description", "no driver version", "no driver date", "no provider", "no release version",
+                   "no OpenGL driver", "no OpenGL driver of WoW", "no OpenGL version", "no OpenGL version of WoW",
+                   "no OpenGL flags", "no OpenGL flags of WoW"},
+                  start + QStringList(allLines.mid(0, 7)).join(QString()), second);
     row("a configuration does not close: nothing shows", "RegCloseKey", 1, full);
+    rows.anyFailure("any call fails", machine);
 }
 
-void VideoInfoTest::failingCalls()
+void addRows()
 {
-    QFETCH(QByteArray, call);
-    QFETCH(int, number);
-    QFETCH(QString, blocks);
-    COMPARE_TEXT(textWithFailingCall(fullMachine(), call, number, videoInfoFromRegistry), title + blocks);
+    walkRows();
+    deniedRows();
+    valueRows();
+    binaryOrTextRows();
+    listRows();
+    memoryRows();
+    numberRows();
+    if (windowsIsSimulated)
+        rows.text("an adapter and a configuration whose names the code page lacks do not open",
+                  videoKey("\\\xc3\xa4\\0000") + videoKey("\\{A}\\0000") + videoKey("\\{A}\\\xc3\xa4"), "0000\n");
+    callRows();
+    failureRows();
 }
 
-void VideoInfoTest::anyFailingCall()
-{
-    QCOMPARE(problemOfAnyFailingCall(fullMachine(), title, videoInfoFromRegistry), QString());
-}
+} // namespace
 
-#endif
-
-TEST_WITH_CORE_APPLICATION(VideoInfoTest);
-#include "tst_video_info.moc"
+TEST_WITH_CORE_APPLICATION(SectionTest(addRows));

@@ -1,38 +1,17 @@
-// windowsVersionFromRegistry(): texts and calls.
+// windowsVersionFromRegistry()
 
-#include "described_windows.h"
-#include "registry_values.h"
-#include "test_main.h"
-#include "texts.h"
+#include "section_rows.h"
 #include "win/windows_sections.h"
 
 #ifdef SIMULATED_WINDOWS
-#  include "journal_lines.h"
-#  include <windows.h>
+#  include "simulated_windows.h"
 #endif
 
 using namespace velkor::SystemInfo::WinSysInfo;
 
-class WindowsVersionRegistryTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void text_data();
-    void text();
-#ifdef SIMULATED_WINDOWS
-    void workstation();
-    void callsOfAFullMachine();
-    void callsWithoutTheKey();
-    void keysOfTheReportWithThe64BitView();
-    void failingCalls_data();
-    void failingCalls();
-#endif
-};
-
 namespace {
 
-const QString title = "Windows version information from Registry\n";
+const SectionRows rows(windowsVersionFromRegistry, "Windows version information from Registry\n");
 
 struct Value
 {
@@ -55,45 +34,29 @@ const Value values[] = {
     {"CSDBuildNumber", "CSDBuildNumber:         ", "1130"},
 };
 
-QByteArray key()
+const char path[] = "HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion";
+
+void addRow(const QByteArray &name, const QByteArray &registryValues, const QString &lines)
 {
-    return machineKey("Software\\Microsoft\\Windows NT\\CurrentVersion");
+    rows.text(name, QByteArray("[") + path + "]\n" + registryValues, lines);
 }
 
-QString line(const Value &value)
+void valueRows()
 {
-    return QString(value.label) + value.text + "\n";
-}
-
-/// Every value, the last of the report first.
-QByteArray fullKey()
-{
-    QByteArray registry;
-    for (const Value &value : values)
-        registry.prepend(textValue(value.name, value.text));
-    return key() + registry;
-}
-
-QStringList allLines()
-{
+    QByteArray allValues; // the last of the report first
+    QStringList queries;
     QStringList lines;
-    for (const Value &value : values)
-        lines += line(value);
-    return lines;
-}
-
-void addRow(const char *name, const QByteArray &registryValues, const QString &lines)
-{
-    QTest::newRow(name) << key() + registryValues << title + lines;
-}
-
-void singleValueRows()
-{
+    QStringList failureNames;
     for (const Value &value : values) {
-        QTest::addRow("%s alone", value.name) << key() + textValue(value.name, value.text) << title + line(value);
-        QTest::addRow("%s empty: its label and blanks", value.name)
-            << key() + textValue(value.name, "") << title + value.label + "\n";
+        const QString line = QString(value.label) + value.text + "\n";
+        addRow(value.name + QByteArray(" alone"), textValue(value.name, value.text), line);
+        addRow(value.name + QByteArray(" empty: its label and blanks"), textValue(value.name, ""), value.label + QString("\n"));
+        allValues.prepend(textValue(value.name, value.text));
+        queries += value.name + QString(" 2048");
+        lines += line;
+        failureNames += value.name + QString(" cannot be read");
     }
+    rows.valuesOfKey(path, allValues, queries, lines, failureNames, KEY_READ | KEY_WOW64_64KEY);
 }
 
 void textRows()
@@ -108,7 +71,7 @@ void textRows()
     addRow("a number of four bytes that are no zero stands in an empty buffer", numberValue("ProductId", 0x34333231),
            "ProductId:              1234\n");
     addRow("a number 0 is an empty text", numberValue("ReleaseId", 0), "ReleaseId:              \n");
-    addRow("variables are not expanded", hexValue("PathName", 2, utf16Data(QString("%SystemRoot%") + QChar())),
+    addRow("variables are not expanded", hexValue("PathName", REG_EXPAND_SZ, utf16Data(QString("%SystemRoot%") + QChar())),
            "PathName:               %SystemRoot%\n");
     addRow("the first string of a list", listValue("ProductName", {"one", "two"}), "ProductName:            one\n");
     addRow("UTF-8 bytes become their character", binaryValue("RegisteredOwner", "J\xc3\xb6rn"),
@@ -118,7 +81,7 @@ void textRows()
     addRow("names without regard to case", textValue("PRODUCTNAME", "Windows"), "ProductName:            Windows\n");
 }
 
-// One buffer for all values, never cleared.
+// Quirk: one buffer for all values, never cleared.
 void bufferRows()
 {
     addRow("a text without terminator goes on in the one before it",
@@ -128,13 +91,13 @@ void bufferRows()
            textValue("ProductId", "00330-50000") + numberValue("CSDBuildNumber", 0x34333231),
            "ProductId:              00330-50000\nCSDBuildNumber:         12340-50000\n");
     addRow("a text of zero bytes shows the one before it",
-           textValue("RegisteredOwner", "A. Example") + hexValue("RegisteredOrganization", 1, ""),
+           textValue("RegisteredOwner", "A. Example") + hexValue("RegisteredOrganization", REG_SZ, ""),
            "RegisteredOwner:        A. Example\nRegisteredOrganization: A. Example\n");
     addRow("an empty text ends the buffer for the next one",
-           textValue("ProductId", "00330-50000") + textValue("EditionID", "") + hexValue("ReleaseId", 1, ""),
+           textValue("ProductId", "00330-50000") + textValue("EditionID", "") + hexValue("ReleaseId", REG_SZ, ""),
            "ProductId:              00330-50000\nEditionID:              \nReleaseId:              \n");
     addRow("REG_SZ without terminator gets one",
-           textValue("ProductId", "00330-50000") + hexValue("EditionID", 1, utf16Data("Pro")),
+           textValue("ProductId", "00330-50000") + hexValue("EditionID", REG_SZ, utf16Data("Pro")),
            "ProductId:              00330-50000\nEditionID:              Pro\n");
 }
 
@@ -149,75 +112,10 @@ void sizeRows()
            "CSDBuildNumber:         1130\n");
 }
 
-} // namespace
-
-void WindowsVersionRegistryTest::text_data()
-{
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("no key: the title alone") << QByteArray() << title;
-    QTest::newRow("an empty key: the title alone") << key() << title;
-    QTest::newRow("everything, in the order of the report") << fullKey() << title + allLines().join(QString());
-    singleValueRows();
-    textRows();
-    bufferRows();
-    sizeRows();
-}
-
-void WindowsVersionRegistryTest::text()
-{
-    QFETCH(QByteArray, registry);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(registry);
-    COMPARE_TEXT(windowsVersionFromRegistry(), expected);
-}
-
 #ifdef SIMULATED_WINDOWS
 
-namespace {
-
-const QString openLine = "RegOpenKeyExA HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion 0x20119";
-
-} // namespace
-
-// The owner's name has a character that the ANSI code page holds and UTF-8 does not.
-void WindowsVersionRegistryTest::workstation()
-{
-    const DescribedWindows windows(DescribedWindows::load("workstation"));
-    COMPARE_TEXT(windowsVersionFromRegistry(),
-                 title + "ProductId:              00330-50000-00000-AAOEM\n"
-                         "EditionID:              Professional\n"
-                         "ReleaseId:              2009\n"
-                         "DisplayVersion:         22H2\n"
-                         "PathName:               C:\\Windows\n"
-                         "ProductName:            Windows 10 Pro\n"
-                         "RegisteredOwner:        J"
-                     + QChar(0xfffd) + "rn Lindmoor\n"
-                                       "RegisteredOrganization: Birkental Anlagenbau GmbH\n");
-}
-
-void WindowsVersionRegistryTest::callsOfAFullMachine()
-{
-    const DescribedWindows windows(fullKey());
-    windowsVersionFromRegistry();
-    QStringList expected(openLine);
-    for (const Value &value : values)
-        expected += QString("RegQueryValueExA ") + value.name + " 2048";
-    expected += "RegCloseKey";
-    QCOMPARE(journalLines(), expected);
-    QCOMPARE(simulated::openHandles(), QStringList());
-    QCOMPARE(simulated::handleMisuses(), QStringList());
-}
-
-void WindowsVersionRegistryTest::callsWithoutTheKey()
-{
-    const DescribedWindows windows("");
-    windowsVersionFromRegistry();
-    QCOMPARE(journalLines(), QStringList(openLine));
-}
-
 // Three keys of the whole Windows half; every other one is opened without the flag.
-void WindowsVersionRegistryTest::keysOfTheReportWithThe64BitView()
+void keysWithThe64BitView()
 {
     const DescribedWindows windows(DescribedWindows::load("workstation"));
     allWinInfos();
@@ -226,10 +124,10 @@ void WindowsVersionRegistryTest::keysOfTheReportWithThe64BitView()
     for (const simulated::Call &call : simulated::journal()) {
         if (!call.name.startsWith("RegOpenKey"))
             continue;
-        if (call.access == 0x20119) {
+        if (call.access == (KEY_READ | KEY_WOW64_64KEY)) {
             with64BitView += call.key;
         } else {
-            QCOMPARE(call.access, 0x20019u);
+            QCOMPARE(call.access, DWORD(KEY_READ));
             ++others;
         }
     }
@@ -240,37 +138,19 @@ void WindowsVersionRegistryTest::keysOfTheReportWithThe64BitView()
     QVERIFY(others > 0);
 }
 
-void WindowsVersionRegistryTest::failingCalls_data()
-{
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("the key does not open") << QByteArray("RegOpenKeyExA") << 0 << title;
-    int number = 0;
-    for (const Value &value : values) {
-        QStringList lines = allLines();
-        lines.removeAt(number);
-        QTest::addRow("%s cannot be read", value.name)
-            << QByteArray("RegQueryValueExA") << number << title + lines.join(QString());
-        ++number;
-    }
-    QTest::newRow("the key does not close: nothing shows")
-        << QByteArray("RegCloseKey") << 0 << title + allLines().join(QString());
-}
-
-void WindowsVersionRegistryTest::failingCalls()
-{
-    QFETCH(QByteArray, call);
-    QFETCH(int, number);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(fullKey());
-    const simulated::Fault fault = simulated::Fault::nthCall(call, std::size_t(number), ERROR_ACCESS_DENIED);
-    COMPARE_TEXT(windowsVersionFromRegistry(), expected);
-    QCOMPARE(fault.hits(), std::size_t(1));
-    QCOMPARE(simulated::openHandles(), QStringList());
-}
-
 #endif
 
-TEST_WITH_CORE_APPLICATION(WindowsVersionRegistryTest);
-#include "tst_windows_version_registry.moc"
+void addRows()
+{
+    valueRows();
+    textRows();
+    bufferRows();
+    sizeRows();
+#ifdef SIMULATED_WINDOWS
+    SectionRows::row("keys of the report with the 64-bit view", keysWithThe64BitView);
+#endif
+}
+
+} // namespace
+
+TEST_WITH_CORE_APPLICATION(SectionTest(addRows));

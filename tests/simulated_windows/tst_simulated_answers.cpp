@@ -5,6 +5,7 @@
 #include "simulated_windows.h"
 #include "test_main.h"
 #include "unterminated_texts.h"
+#include "wide_text.h"
 
 #include <QtTest/QtTest>
 #include <cstring>

@@ -4,6 +4,7 @@
 #include "poisoned_buffer.h"
 #include "simulated_windows.h"
 #include "test_main.h"
+#include "wide_text.h"
 
 #include <QtTest/QtTest>
 #include <psapi.h>

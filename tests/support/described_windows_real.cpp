@@ -1,17 +1,11 @@
 #include "described_windows.h"
-
-#include <windows.h>
+#include "wide_text.h"
 
 namespace {
 
 using machine::RegistryKey;
 using machine::RegistryRoot;
 using machine::RegistryValue;
-
-const wchar_t *wide(const QString &text)
-{
-    return reinterpret_cast<const wchar_t *>(text.utf16());
-}
 
 void check(LSTATUS status, const char *what)
 {

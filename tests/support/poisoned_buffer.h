@@ -39,9 +39,3 @@ private:
     static constexpr int margin = 64;
     QByteArray m_bytes;
 };
-
-/// The code units of a text, for the wide calls.
-inline const WCHAR *wide(const QString &text)
-{
-    return reinterpret_cast<const WCHAR *>(text.utf16());
-}

@@ -5,6 +5,7 @@
 #include <QtCore/QByteArrayList>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
+#include <windows.h>
 
 /// A key below HKEY_LOCAL_MACHINE; its values follow.
 inline QByteArray machineKey(const QByteArray &path)
@@ -27,13 +28,13 @@ inline QByteArray hexValue(const QByteArray &name, quint32 type, const QByteArra
 /// REG_SZ with its terminator.
 inline QByteArray textValue(const QByteArray &name, const QString &text)
 {
-    return hexValue(name, 1, utf16Data(text + QChar()));
+    return hexValue(name, REG_SZ, utf16Data(text + QChar()));
 }
 
 /// REG_BINARY.
 inline QByteArray binaryValue(const QByteArray &name, const QByteArray &data)
 {
-    return hexValue(name, 3, data);
+    return hexValue(name, REG_BINARY, data);
 }
 
 /// REG_DWORD.
@@ -48,7 +49,7 @@ inline QByteArray listValue(const QByteArray &name, const QStringList &strings)
     QString data;
     for (const QString &string : strings)
         data += string + QChar();
-    return hexValue(name, 7, utf16Data(data + QChar()));
+    return hexValue(name, REG_MULTI_SZ, utf16Data(data + QChar()));
 }
 
 /// system.json that denies these keys below \a parent; an empty name is the parent itself.

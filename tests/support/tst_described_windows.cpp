@@ -2,6 +2,7 @@
 // it changes nothing of the registry itself.
 
 #include "described_windows.h"
+#include "open_key.h"
 #include "test_main.h"
 
 #include <QtTest/QtTest>
@@ -22,39 +23,13 @@ private Q_SLOTS:
 
 namespace {
 
-const wchar_t *wide(const QString &text)
+/// HKEY_CURRENT_USER itself; opening the root by name returns its name.
+HKEY currentUser()
 {
-    return reinterpret_cast<const wchar_t *>(text.utf16());
+    HKEY key = nullptr;
+    RegOpenCurrentUser(KEY_READ, &key);
+    return key;
 }
-
-/// A key that keeps its meaning when its root is replaced.
-class OpenKey
-{
-public:
-    OpenKey(HKEY root, const QString &path, REGSAM access = KEY_READ)
-    {
-        if (RegOpenKeyExW(root, wide(path), 0, access, &m_key) != ERROR_SUCCESS)
-            m_key = nullptr;
-    }
-    /// HKEY_CURRENT_USER itself.
-    OpenKey()
-    {
-        if (RegOpenCurrentUser(KEY_READ, &m_key) != ERROR_SUCCESS)
-            m_key = nullptr;
-    }
-    ~OpenKey()
-    {
-        if (m_key)
-            RegCloseKey(m_key);
-    }
-    OpenKey(const OpenKey &) = delete;
-    OpenKey &operator=(const OpenKey &) = delete;
-
-    HKEY handle() const { return m_key; }
-
-private:
-    HKEY m_key = nullptr;
-};
 
 QStringList subKeys(HKEY key)
 {
@@ -120,7 +95,7 @@ void DescribedWindowsTest::registryItselfStaysAsItIs()
 {
     const OpenKey machine(HKEY_LOCAL_MACHINE, "Software");
     const OpenKey machineClasses(HKEY_LOCAL_MACHINE, "Software\\Classes");
-    const OpenKey user; // opening the root by name returns its name
+    const OpenKey user = OpenKey::owning(currentUser());
     const OpenKey software(HKEY_CURRENT_USER, "Software");
     const QStringList machineBefore = subKeys(machine.handle());
     const QStringList machineClassesBefore = subKeys(machineClasses.handle());

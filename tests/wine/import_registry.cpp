@@ -8,6 +8,7 @@
 
 #include "registry_file.h"
 #include "throw_away_windows.h"
+#include "wide_text.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
@@ -20,11 +21,6 @@
 namespace {
 
 using machine::RegistryKey;
-
-const wchar_t *wide(const QString &text)
-{
-    return reinterpret_cast<const wchar_t *>(text.utf16());
-}
 
 /// \a key and all below it, at \a path; false as soon as Windows refuses.
 bool import(const RegistryKey &key, const QString &path)

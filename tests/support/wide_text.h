@@ -1,0 +1,10 @@
+// The code units of a text, for the wide calls of Windows.
+#pragma once
+
+#include <QtCore/QString>
+#include <windows.h>
+
+inline const WCHAR *wide(const QString &text)
+{
+    return reinterpret_cast<const WCHAR *>(text.utf16());
+}
