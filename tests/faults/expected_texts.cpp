@@ -115,11 +115,11 @@ QString edition(DescribedCalls &calls)
 {
     const machine::SystemAnswers &system = calls.machine.system;
     if (calls.fails("GetModuleHandleW", q("kernel32.dll"))
-        || calls.fails("GetProcAddress", QString(), q("GetProductInfo")) || !system.exportsGetProductInfo)
+        || calls.fails("GetProcAddress", QString(), q("GetProductInfo")) || !system.GetProductInfo)
         return QString();
     quint32 code = 0;
-    if (calls.writes("GetProductInfo", QString(), q("6.2.0.0")) && system.GetProductInfo)
-        code = *system.GetProductInfo;
+    if (calls.writes("GetProductInfo", QString(), q("6.2.0.0")) && system.GetProductInfo && *system.GetProductInfo)
+        code = (*system.GetProductInfo)->dwReturnedProductType;
     return code == 48 ? q("Professional Edition") : q("0x") + QString::number(code, 16);
 }
 
@@ -298,7 +298,7 @@ QString driveLine(DescribedCalls &calls, char letter)
     calls.begin("wsprintfW", QString(), root);
     QString text = root + q(" ");
     if (!calls.fails("GetDriveTypeW", root))
-        text += types.value(int(drive().GetDriveType));
+        text += types.value(int(drive().GetDriveType.value.value_or(0)));
     if (!calls.fails("GetVolumeInformationW", root, q("260"))) { // room for the name of the file system
         if (const auto volume = drive().GetVolumeInformation)
             text += volume->fileSystemName + q("  ") + volume->volumeName + q("  ");
