@@ -198,9 +198,10 @@ void folders(SystemAnswers &system)
     }
     if (!system.GetSystemWindowsDirectory)
         return;
-    const QDir winSxS(*system.GetSystemWindowsDirectory + QStringLiteral("\\WinSxS"));
+    const QString path = *system.GetSystemWindowsDirectory + QStringLiteral("\\WinSxS");
+    const QDir winSxS(path);
     if (winSxS.exists())
-        system.WinSxS = winSxS.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+        system.folders[path].directories = winSxS.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
 }
 
 /// Those of this program: they differ from those of the host that makes a report.

@@ -26,6 +26,20 @@ struct CodePage
     operator int() const { return number; }
 };
 
+/// The names of what is in a folder. The format describes no files.
+struct FolderRecord
+{
+    QStringList directories;
+    QStringList files;
+
+    template <typename Visit>
+    static void fields(Visit visit)
+    {
+        visit("directories", &FolderRecord::directories);
+        visit("files", &FolderRecord::files);
+    }
+};
+
 /// The members are named after the calls. An answer that is not given makes its call fail.
 struct SystemAnswers
 {
@@ -49,9 +63,9 @@ struct SystemAnswers
     Answer<std::vector<AdapterRecord>> GetAdaptersInfo;
     qint32 timeZone = 0; // minutes
 
-    // In system.json these two have a form of their own.
-    QMap<int, quint32> ExpandEnvironmentStrings; // errors by template index
-    std::optional<QStringList> WinSxS;
+    // Not fields, since system.json has a form of its own for them.
+    QMap<QString, quint32> expansionErrors; // of ExpandEnvironmentStrings, by an upper-cased variable in the text
+    QMap<QString, FolderRecord> folders;    // by path
 
     template <typename Visit>
     static void fields(Visit visit)

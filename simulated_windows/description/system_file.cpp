@@ -1,5 +1,7 @@
 #include "system_file.h"
 
+#include "format_limits.h"
+
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -19,17 +21,19 @@ public:
 
     void readFile(const QJsonObject &object, Machine &machine)
     {
-        read(object, machine.system);
+        SystemAnswers &system = machine.system;
+        read(object, system);
         QMap<int, Answer<Anything>> expansions;
         readMember(object, "ExpandEnvironmentStrings", expansions);
-        for (auto it = expansions.begin(); it != expansions.end(); ++it) {
-            if (!*it)
-                machine.system.ExpandEnvironmentStrings[it.key()] = it->error;
+        for (int i = 0; i < int(std::size(numberedVariables)); ++i) {
+            const auto failure = expansions.constFind(i);
+            if (failure != expansions.constEnd() && !*failure)
+                system.expansionErrors[QLatin1String(numberedVariables[i])] = failure->error;
         }
-        Answer<std::vector<QString>> folders;
-        readMember(object, "WinSxS", folders);
-        if (folders)
-            machine.system.WinSxS = QStringList(folders->begin(), folders->end());
+        Answer<std::vector<QString>> names;
+        readMember(object, "WinSxS", names);
+        if (const auto path = winSxSPath(system); path && names)
+            system.folders[*path].directories = QStringList(names->begin(), names->end());
         readMember(object, "deniedKeys", machine.registry);
     }
 

@@ -1,5 +1,7 @@
 #include "system_file.h"
 
+#include "format_limits.h"
+
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -107,11 +109,15 @@ QByteArray writeSystemFile(const Machine &machine)
     const SystemAnswers &system = machine.system;
     QJsonObject object = Json::of(system).toObject();
     QMap<int, Answer<QString>> expansions;
-    for (auto it = system.ExpandEnvironmentStrings.begin(); it != system.ExpandEnvironmentStrings.end(); ++it)
-        expansions[it.key()].error = *it;
+    for (int i = 0; i < int(std::size(numberedVariables)); ++i) {
+        const auto error = system.expansionErrors.constFind(QLatin1String(numberedVariables[i]));
+        if (error != system.expansionErrors.constEnd())
+            expansions[i].error = *error;
+    }
     if (!expansions.isEmpty())
         object.insert(QStringLiteral("ExpandEnvironmentStrings"), Json::of(expansions));
-    Json::add(object, QStringLiteral("WinSxS"), Json::of(system.WinSxS));
+    if (const auto path = winSxSPath(system); path && system.folders.contains(*path))
+        object.insert(QStringLiteral("WinSxS"), Json::of(system.folders.value(*path).directories));
     const QStringList denied = deniedKeys(machine.registry);
     if (!denied.isEmpty())
         object.insert(QStringLiteral("deniedKeys"), Json::of(denied));

@@ -245,12 +245,12 @@ QString winSxS(DescribedCalls &calls)
         return text;
     if (length > 1024)
         text += line("buffer for sysDir too small, need %1", QString::number(length));
-    const bool exists = system.WinSxS && system.GetSystemWindowsDirectory.value == directory;
-    if (!exists)
+    const QString folder = directory + q("\\WinSxS");
+    if (!system.folders.contains(folder))
         return text + q("Directory '") + directory.replace(QLatin1Char('\\'), QLatin1Char('/')) + q("/WinSxS' does not exist.");
     // "*Microsoft.VC*CRT*", in any case of letters
     const QRegularExpression wanted(q("microsoft\\.vc.*crt"), QRegularExpression::CaseInsensitiveOption);
-    QStringList names = system.WinSxS->filter(wanted);
+    QStringList names = system.folders.value(folder).directories.filter(wanted);
     std::sort(names.begin(), names.end());
     for (const QString &name : names)
         text += name + end;
@@ -278,7 +278,7 @@ QString environmentVariables(DescribedCalls &calls)
         const bool failed = calls.fails("ExpandEnvironmentStringsW", QString(), q(rows[i].label) + variable);
         const machine::SystemAnswers &system = calls.machine.system;
         const QString expanded = q(rows[i].label) + system.environment.value(q(rows[i].variable), variable);
-        if (failed || system.ExpandEnvironmentStrings.contains(i))
+        if (failed || system.expansionErrors.contains(q(rows[i].variable)))
             text += line("Expand env var %1 failed!", QString::number(i));
         else if (expanded.size() + 1 > 32768)
             text += q("Expand env var %1, buffer too small, would need %2\n").arg(i).arg(expanded.size() + 1);

@@ -83,9 +83,9 @@ QByteArray differenceOf(const machine::SystemAnswers &left, const machine::Syste
         if (difference.isEmpty() && !(left.*member == right.*member))
             difference = name;
     });
-    if (difference.isEmpty() && left.ExpandEnvironmentStrings != right.ExpandEnvironmentStrings)
-        difference = "ExpandEnvironmentStrings";
-    if (difference.isEmpty() && left.WinSxS != right.WinSxS)
-        difference = "WinSxS";
+    if (difference.isEmpty() && left.expansionErrors != right.expansionErrors)
+        difference = "expansionErrors";
+    if (difference.isEmpty() && !(left.folders == right.folders))
+        difference = "folders";
     return difference;
 }

@@ -1,6 +1,7 @@
 #include "hostile_machine.h"
 
 #include "byte_stream.h"
+#include "format_limits.h"
 #include "known_names.h"
 
 #include <QtCore/QtEndian>
@@ -318,11 +319,13 @@ private:
         const int wanted = m_stream.index(firstFieldAnswer + fieldCount);
         if (wanted == expansionErrorAnswer) {
             const int index = m_stream.index(5);
-            system.ExpandEnvironmentStrings[index] = error();
+            system.expansionErrors[QString::fromLatin1(environmentNames[index])] = error();
         } else if (wanted == winSxSAnswer) {
-            system.WinSxS = QStringList();
+            QStringList names;
             for (int count = m_stream.byte(); count > 0 && !m_stream.atEnd(); --count)
-                *system.WinSxS += text().left(longestKeyName);
+                names += text().left(longestKeyName);
+            if (const auto path = machine::winSxSPath(system))
+                system.folders[*path].directories = names;
         }
         int number = firstFieldAnswer;
         machine::SystemAnswers::fields([&](const char *, auto member) {

@@ -1,6 +1,7 @@
 #include "seeds.h"
 
 #include "byte_stream.h"
+#include "format_limits.h"
 #include "hostile_machine.h"
 #include "known_names.h"
 
@@ -315,20 +316,21 @@ void addSystem(const machine::SystemAnswers &system, QMap<QString, QByteArray> &
             seeds[QStringLiteral("system-") + QString::fromLatin1(name).toLower()] = writer.bytes();
     });
     StepWriter expansions;
-    for (auto it = system.ExpandEnvironmentStrings.begin(); it != system.ExpandEnvironmentStrings.end(); ++it) {
+    for (auto it = system.expansionErrors.begin(); it != system.expansionErrors.end(); ++it) {
         expansions.answer(expansionErrorAnswer);
-        expansions.byte(quint8(it.key()));
+        expansions.byte(quint8(placeOf(it.key(), environmentNames)));
         expansions.byte(quint8(std::min(*it, 249u)));
     }
     if (!expansions.bytes().isEmpty())
-        seeds[QStringLiteral("system-expandenvironmentstrings")] = expansions.bytes();
-    if (system.WinSxS) {
+        seeds[QStringLiteral("system-expansionerrors")] = expansions.bytes();
+    if (const auto path = machine::winSxSPath(system); path && system.folders.contains(*path)) {
+        const QStringList names = system.folders.value(*path).directories;
         StepWriter folder;
         folder.answer(winSxSAnswer);
-        folder.byte(quint8(system.WinSxS->size()));
-        for (const QString &name : *system.WinSxS)
+        folder.byte(quint8(names.size()));
+        for (const QString &name : names)
             folder.text(name);
-        seeds[QStringLiteral("system-winsxs")] = folder.bytes();
+        seeds[QStringLiteral("system-getsystemwindowsdirectory")] += folder.bytes(); // where it is
     }
 }
 

@@ -54,7 +54,7 @@ machine::Machine machineOf(const QString &windowsDirectory, const QStringList &n
 {
     machine::Machine machine;
     machine.system.GetSystemWindowsDirectory.value = windowsDirectory;
-    machine.system.WinSxS = names;
+    machine.system.folders[windowsDirectory + "\\WinSxS"].directories = names;
     return machine;
 }
 
@@ -106,8 +106,10 @@ void WinSxSEntriesTest::names()
 
 void WinSxSEntriesTest::filesAreNotListed()
 {
-    const DescribedWindows windows(machineOf("C:\\Windows", {"b_microsoft.vc90.crt", "d_microsoft.vc90.crt"}));
-    const simulated::WinSxSFiles files({"a_microsoft.vc90.crt", "Microsoft.VCCRT", "c_microsoft.vc90.crt.manifest"});
+    machine::Machine machine = machineOf("C:\\Windows", {"b_microsoft.vc90.crt", "d_microsoft.vc90.crt"});
+    machine.system.folders["C:\\Windows\\WinSxS"].files
+        = QStringList {"a_microsoft.vc90.crt", "Microsoft.VCCRT", "c_microsoft.vc90.crt.manifest"};
+    const DescribedWindows windows(machine);
     COMPARE_TEXT(winSxSDirectoryEntries(), title + QString("b_microsoft.vc90.crt\nd_microsoft.vc90.crt\n"));
 }
 

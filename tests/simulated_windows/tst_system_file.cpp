@@ -456,9 +456,12 @@ void SystemFileTest::environmentOfAVariableNamedError()
 
 void SystemFileTest::expansionFailures()
 {
-    const SystemAnswers answers = readMember("ExpandEnvironmentStrings",
-                                             "{\"0\": {\"error\": 8}, \"4\": {\"error\": 0}, \"1\": null, \"2\": {}}");
-    QCOMPARE(answers.ExpandEnvironmentStrings, (QMap<int, quint32> {{0, 8}, {4, 0}}));
+    const Machine machine = readMachine(R"({"ExpandEnvironmentStrings": {
+        "0": {"error": 8}, "4": {"error": 0}, "1": null, "2": {}, "5": {"error": 1}, "0x3": {"error": 7}}})");
+    const QMap<QString, quint32> expected {
+        {QStringLiteral("OS"), 8}, {QStringLiteral("PROCESSOR_IDENTIFIER"), 0}, {QStringLiteral("TEMP"), 7}};
+    QCOMPARE(machine.system.expansionErrors, expected);
+    QCOMPARE(read(writeSystemFile(machine)).expansionErrors, expected);
 }
 
 void SystemFileTest::specialFolders()
@@ -484,23 +487,27 @@ void SystemFileTest::modules()
 
 void SystemFileTest::winSxS_data()
 {
-    QTest::addColumn<QByteArray>("json");
+    QTest::addColumn<QByteArray>("member");
     QTest::addColumn<bool>("exists");
     QTest::addColumn<QStringList>("names");
-    QTest::newRow("absent: no such folder") << QByteArray("{}") << false << QStringList();
-    QTest::newRow("null: no such folder") << QByteArray("{\"WinSxS\": null}") << false << QStringList();
-    QTest::newRow("an error: no such folder") << QByteArray("{\"WinSxS\": {\"error\": 3}}") << false << QStringList();
-    QTest::newRow("an empty list: an empty folder") << QByteArray("{\"WinSxS\": []}") << true << QStringList();
-    QTest::newRow("names") << QByteArray("{\"WinSxS\": [\"b\", \"a\"]}") << true
+    QTest::newRow("absent: no such folder") << QByteArray() << false << QStringList();
+    QTest::newRow("null: no such folder") << QByteArray(", \"WinSxS\": null") << false << QStringList();
+    QTest::newRow("an error: no such folder") << QByteArray(", \"WinSxS\": {\"error\": 3}") << false << QStringList();
+    QTest::newRow("an empty list: an empty folder") << QByteArray(", \"WinSxS\": []") << true << QStringList();
+    QTest::newRow("names") << QByteArray(", \"WinSxS\": [\"b\", \"a\"]") << true
                            << QStringList({QStringLiteral("b"), QStringLiteral("a")});
 }
 
 void SystemFileTest::winSxS()
 {
-    QFETCH(QByteArray, json);
-    const SystemAnswers answers = read(json);
-    QTEST(answers.WinSxS.has_value(), "exists");
-    QTEST(answers.WinSxS.value_or(QStringList()), "names");
+    QFETCH(QByteArray, member);
+    const QString path = QStringLiteral("C:\\W\\WinSxS");
+    const Machine machine = readMachine("{\"GetSystemWindowsDirectory\": \"C:\\\\W\"" + member + '}');
+    for (const SystemAnswers &answers : {machine.system, read(writeSystemFile(machine))}) {
+        QTEST(answers.folders.contains(path), "exists");
+        QTEST(answers.folders.value(path).directories, "names");
+    }
+    QVERIFY2(read("{\"timeZone\": 0" + member + '}').folders.isEmpty(), "without a Windows directory it is nowhere");
 }
 
 void SystemFileTest::libraries()
