@@ -67,14 +67,16 @@ void productInfo(SystemAnswers &system)
     using Function = BOOL(WINAPI *)(DWORD, DWORD, DWORD, DWORD, PDWORD);
     const auto getProductInfo = reinterpret_cast<Function>(
         reinterpret_cast<void *>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "GetProductInfo")));
-    system.exportsGetProductInfo = getProductInfo != nullptr;
-    if (!getProductInfo || !system.GetVersionEx)
+    if (!getProductInfo)
+        return;
+    system.GetProductInfo.emplace();
+    if (!system.GetVersionEx)
         return;
     DWORD type = 0; // asked as the report asks
     if (getProductInfo(system.GetVersionEx->dwMajorVersion, system.GetVersionEx->dwMinorVersion, 0, 0, &type))
-        system.GetProductInfo = given(quint32(type));
+        system.GetProductInfo = given(ProductInfoRecord {quint32(type)});
     else
-        system.GetProductInfo = failed<quint32>();
+        system.GetProductInfo = failed<ProductInfoRecord>();
 }
 
 SystemInfoRecord systemInfo()
@@ -167,7 +169,7 @@ void drives(SystemAnswers &system)
             continue;
         const QString root = QChar('A' + i) + QStringLiteral(":\\");
         DriveRecord record;
-        record.GetDriveType = GetDriveTypeW(wide(root));
+        record.GetDriveType = given(quint32(GetDriveTypeW(wide(root))));
         record.GetVolumeInformation = volume(wide(root));
         record.GetDiskFreeSpaceEx = freeSpace(wide(root));
         system.drives.insert(root, record);
@@ -196,9 +198,10 @@ void folders(SystemAnswers &system)
     }
     if (!system.GetSystemWindowsDirectory)
         return;
-    const QDir winSxS(*system.GetSystemWindowsDirectory + QStringLiteral("\\WinSxS"));
+    const QString path = *system.GetSystemWindowsDirectory + QStringLiteral("\\WinSxS");
+    const QDir winSxS(path);
     if (winSxS.exists())
-        system.WinSxS = winSxS.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+        system.folders[path].directories = winSxS.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
 }
 
 /// Those of this program: they differ from those of the host that makes a report.

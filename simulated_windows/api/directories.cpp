@@ -23,33 +23,26 @@ UINT copyDirectory(const char *callName, const machine::Answer<QString> &path, L
     return scope.success(length);
 }
 
-/// \a source with its variables replaced; one that is not set stays as %NAME%.
-QString expanded(const QString &source)
+/// \a source with its variables replaced; one that is not set stays as %NAME%. An error
+/// where the description has one for a variable.
+machine::Answer<QString> expanded(const QString &source)
 {
-    const auto &environment = machineInUse().system.environment;
+    const machine::SystemAnswers &system = machineInUse().system;
     QString result;
     int position = 0;
     for (;;) {
         const int open = source.indexOf(QLatin1Char('%'), position);
         const int close = open < 0 ? -1 : source.indexOf(QLatin1Char('%'), open + 1);
         if (close < 0)
-            return result + source.mid(position);
+            return {result + source.mid(position)};
         const QString name = source.mid(open + 1, close - open - 1);
+        const QString key = machine::upperCased(name);
+        if (system.expansionErrors.contains(key))
+            return {std::nullopt, system.expansionErrors.value(key)};
         result += source.mid(position, open - position);
-        result += environment.value(machine::upperCased(name), QLatin1Char('%') + name + QLatin1Char('%'));
+        result += system.environment.value(key, QLatin1Char('%') + name + QLatin1Char('%'));
         position = close + 1;
     }
-}
-
-/// The index under which a description makes the expansion of \a source fail.
-int templateIndex(const QString &source)
-{
-    const char *const variables[] = {"%OS%", "%PATH%", "%HOMEPATH%", "%TEMP%", "%PROCESSOR_IDENTIFIER%"};
-    for (int i = 0; i < 5; ++i) {
-        if (source.endsWith(QLatin1String(variables[i])))
-            return i;
-    }
-    return -1;
 }
 
 } // namespace
@@ -74,14 +67,14 @@ DWORD ExpandEnvironmentStringsW(LPCWSTR source, LPWSTR buffer, DWORD size)
     scope.call.sizeIn = scope.call.sizeOut = size;
     if (scope.fault())
         return DWORD(scope.failure(*scope.fault()));
-    const auto &failures = machineInUse().system.ExpandEnvironmentStrings;
-    const auto failure = failures.constFind(templateIndex(scope.call.value));
-    if (!knowsMachine() || failure != failures.constEnd())
-        return DWORD(scope.failure(failure != failures.constEnd() ? *failure : DWORD(ERROR_SUCCESS)));
-    const QString text = expanded(scope.call.value);
-    const DWORD needed = countedUnits(text);
+    if (!knowsMachine())
+        return DWORD(scope.failure(ERROR_SUCCESS));
+    const auto text = expanded(scope.call.value);
+    if (!text)
+        return DWORD(scope.failure(text.error));
+    const DWORD needed = countedUnits(*text);
     if (needed <= size)
-        copyCounted(text, buffer);
+        copyCounted(*text, buffer);
     return scope.success(needed);
 }
 

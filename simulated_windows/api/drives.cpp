@@ -48,7 +48,7 @@ UINT GetDriveTypeW(LPCWSTR root)
     scope.call.key = fromWide(root);
     if (scope.fault())
         return DRIVE_UNKNOWN;
-    return scope.success(drive(scope.call.key).GetDriveType);
+    return scope.success(drive(scope.call.key).GetDriveType.value.value_or(DRIVE_UNKNOWN));
 }
 
 BOOL GetVolumeInformationW(LPCWSTR root, LPWSTR volumeName, DWORD volumeNameSize, LPDWORD serialNumber,

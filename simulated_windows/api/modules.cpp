@@ -28,9 +28,9 @@ BOOL WINAPI getProductInfo(DWORD major, DWORD minor, DWORD servicePackMajor, DWO
     const auto &product = machineInUse().system.GetProductInfo;
     if (scope.fault())
         return scope.failure(*scope.fault());
-    if (!product)
-        return scope.failure(product.error);
-    *type = *product;
+    if (!product || !*product)
+        return scope.failure(product ? product->error : DWORD(ERROR_SUCCESS));
+    *type = (*product)->dwReturnedProductType;
     return scope.success(TRUE);
 }
 
@@ -171,7 +171,7 @@ FARPROC GetProcAddress(HMODULE module, LPCSTR name)
     const quintptr number = reinterpret_cast<quintptr>(module);
     FARPROC function = nullptr;
     if (module == kernel32) {
-        if (scope.call.value == QLatin1String("GetProductInfo") && system.exportsGetProductInfo)
+        if (scope.call.value == QLatin1String("GetProductInfo") && system.GetProductInfo)
             function = asFunction(&getProductInfo);
     } else if (const Handle *library = handles().find(number, HandleKind::Library, "GetProcAddress")) {
         scope.call.key = library->openedFor;

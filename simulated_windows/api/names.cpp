@@ -11,10 +11,10 @@ BOOL GetComputerNameExW(COMPUTER_NAME_FORMAT format, LPWSTR buffer, LPDWORD size
     scope.call.sizeIn = scope.call.sizeOut = *size;
     if (scope.fault())
         return scope.failure(*scope.fault());
-    const machine::SystemAnswers &system = machineInUse().system;
-    const auto name = system.GetComputerNameEx.value(int(format));
+    const machine::NumberedAnswers &names = machineInUse().system.GetComputerNameEx;
+    const auto name = names.value(int(format));
     if (!name)
-        return scope.failure(name.error ? name.error : system.computerNamesError);
+        return scope.failure(name.error ? name.error : names.error);
     const DWORD length = DWORD(name->size());
     const DWORD room = *size;
     *size = room > length ? length : length + 1;

@@ -3,6 +3,7 @@
 #include "simulated_windows.h"
 
 #include <QtCore/QDir>
+#include <algorithm>
 #include <private/qabstractfileengine_p.h>
 
 namespace simulated {
@@ -15,15 +16,24 @@ QString qtPath(const QString &path)
     return result.replace(QLatin1Char('\\'), QLatin1Char('/'));
 }
 
-/// A backslash is a plain letter of a file name away from Windows, so a path that
-/// the sections make is told by it.
+/// Away from Windows hardly a file of the process has a backslash in its name.
 bool isWindowsPath(const QString &path)
 {
-    return path.contains(QLatin1String("\\WinSxS"), Qt::CaseInsensitive);
+    return path.contains(QLatin1Char('\\'));
 }
 
-/// The section lists the WinSxS folder of the Windows directory and nothing else.
-/// A name below it is one that the listing gave.
+/// The described folder at \a path, in any case of letters, or null.
+const machine::FolderRecord *folderAt(const QString &path)
+{
+    const auto normal = [](const QString &path) { return QDir::cleanPath(qtPath(path)); };
+    const auto &folders = machineInUse().system.folders;
+    const auto found = std::find_if(folders.keyBegin(), folders.keyEnd(), [&](const QString &folder) {
+        return normal(folder).compare(normal(path), Qt::CaseInsensitive) == 0;
+    });
+    return found == folders.keyEnd() ? nullptr : &*found.base();
+}
+
+/// A described folder, or what is in one.
 class WindowsFileEngine : public QAbstractFileEngine
 {
 public:
@@ -32,9 +42,12 @@ public:
     FileFlags fileFlags(FileFlags type) const override
     {
         const FileFlags all = ExistsFlag | FileFlags(0x7777);
-        if (isFolder(m_path) || isEntry())
+        const machine::FolderRecord *parent = folderAt(fileName(PathName));
+        const QString name = fileName(BaseName);
+        const bool isEntry = parent && (parent->directories.contains(name) || name == QLatin1String(".."));
+        if (isEntry || folderAt(m_path))
             return type & (all | DirectoryType);
-        return isFile() ? type & (all | FileType) : FileFlags();
+        return parent && parent->files.contains(name) ? type & (all | FileType) : FileFlags();
     }
 
     QString fileName(FileName file) const override
@@ -51,9 +64,8 @@ public:
     Iterator *beginEntryList(QDir::Filters filters, const QStringList &filterNames) override
     {
         QStringList names;
-        if (isFolder(m_path))
-            names = QStringList({QStringLiteral("."), QStringLiteral("..")}) + *machineInUse().system.WinSxS
-                + WinSxSFiles::names();
+        if (const machine::FolderRecord *folder = folderAt(m_path))
+            names = QStringList({QStringLiteral("."), QStringLiteral("..")}) + folder->directories + folder->files;
         return new NameIterator(filters, filterNames, names);
     }
 
@@ -76,24 +88,6 @@ private:
         const QStringList m_names;
         int m_index = -1;
     };
-
-    static bool isFolder(const QString &path)
-    {
-        const auto &directory = machineInUse().system.GetSystemWindowsDirectory;
-        if (!directory || !machineInUse().system.WinSxS)
-            return false;
-        const QString folder = QDir::cleanPath(qtPath(*directory) + QStringLiteral("/WinSxS"));
-        return QDir::cleanPath(path).compare(folder, Qt::CaseInsensitive) == 0;
-    }
-
-    bool isEntry() const
-    {
-        const QString name = fileName(BaseName);
-        return isFolder(fileName(PathName))
-            && (machineInUse().system.WinSxS->contains(name) || name == QLatin1String(".."));
-    }
-
-    bool isFile() const { return isFolder(fileName(PathName)) && WinSxSFiles::names().contains(fileName(BaseName)); }
 
     const QString m_path;
 };

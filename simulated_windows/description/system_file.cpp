@@ -1,56 +1,207 @@
 #include "system_file.h"
 
+#include "format_limits.h"
+
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
+#include <QtCore/QRegularExpression>
+#include <algorithm>
 #include <cmath>
-#include <cstring>
-#include <functional>
 
 namespace machine {
 namespace {
 
-/// Reads members of one JSON object; remembers the first one that has another form.
+/// Reads JSON values into fields, each by the type of the field; remembers the first value
+/// that has another form.
 class Reader
 {
 public:
-    Reader(const QJsonObject &object, const QString &where, QString &error)
-        : m_object(object), m_where(where), m_error(error)
-    { }
+    QString error;
 
-    QJsonValue value(const char *name) const { return m_object.value(QLatin1String(name)); }
-    bool has(const char *name) const { return !value(name).isNull() && !value(name).isUndefined(); }
-    const QJsonObject &object() const { return m_object; }
-    QString path(const QString &name) const { return m_where.isEmpty() ? name : m_where + QLatin1Char('.') + name; }
-
-    Reader inner(const char *name) const
+    void readFile(const QJsonObject &object, Machine &machine)
     {
-        if (has(name) && !value(name).isObject())
-            expected(QLatin1String(name), "an object");
-        return Reader(value(name).toObject(), path(QLatin1String(name)), m_error);
+        SystemAnswers &system = machine.system;
+        read(object, system);
+        QMap<int, Answer<Anything>> expansions;
+        readMember(object, "ExpandEnvironmentStrings", expansions);
+        for (int i = 0; i < int(std::size(numberedVariables)); ++i) {
+            const auto failure = expansions.constFind(i);
+            if (failure != expansions.constEnd() && !*failure)
+                system.expansionErrors[QLatin1String(numberedVariables[i])] = failure->error;
+        }
+        Answer<std::vector<QString>> names;
+        readMember(object, "WinSxS", names);
+        if (const auto path = winSxSPath(system); path && names)
+            system.folders[*path].directories = QStringList(names->begin(), names->end());
+        readMember(object, "deniedKeys", machine.registry);
     }
-    Reader inner(const QString &name, const QJsonValue &value) const
+
+private:
+    /// A value of any form, which is not looked at.
+    struct Anything
+    {
+    };
+
+    template <typename T>
+    void readMember(const QJsonObject &object, const char *name, T &field)
+    {
+        readMember(QLatin1String(name), object.value(QLatin1String(name)), field);
+    }
+
+    /// Leaves \a field as it is when \a value is null or absent.
+    template <typename T>
+    void readMember(const QString &name, const QJsonValue &value, T &field)
+    {
+        if (value.isNull() || value.isUndefined())
+            return;
+        m_path.append(name);
+        read(value, field);
+        m_path.removeLast();
+    }
+
+    /// A number, which is cut to the field, or a record.
+    template <typename T>
+    void read(const QJsonValue &value, T &field)
+    {
+        if constexpr (std::is_integral_v<T>) {
+            field = static_cast<T>(toNumber(value));
+        } else {
+            const QJsonObject object = toObject(value);
+            T::fields([&](const char *name, auto member) { readMember(object, name, field.*member); });
+        }
+    }
+
+    void read(const QJsonValue &, Anything &) { }
+
+    void read(const QJsonValue &value, QString &field)
+    {
+        if (!value.isString())
+            expected("a text");
+        field = value.toString();
+    }
+
+    void read(const QJsonValue &value, CodePage &codePage)
+    {
+        read(value, codePage.number);
+        const int known[] = {1252, 1250, 1251, 932, 65001};
+        if (std::find(std::begin(known), std::end(known), codePage) == std::end(known))
+            expected("1252, 1250, 1251, 932 or 65001");
+    }
+
+    void read(const QJsonValue &value, AddressRecord &record)
+    {
+        const QJsonArray pair = toList(value);
+        if (pair.size() > 0)
+            read(pair.at(0), record.address);
+        if (pair.size() > 1)
+            read(pair.at(1), record.mask);
+    }
+
+    void read(const QJsonValue &value, Registry &registry)
+    {
+        std::vector<QString> deniedKeys;
+        read(value, deniedKeys);
+        for (const QString &name : deniedKeys) {
+            if (const auto key = createKey(registry, name))
+                key->setDenied(true);
+            else
+                expected("a list of whole key names");
+        }
+    }
+
+    template <typename T>
+    void read(const QJsonValue &value, Answer<T> &answer)
+    {
+        if (!isFailure(value, answer.error))
+            read(value, answer.value.emplace());
+    }
+
+    template <typename T>
+    void read(const QJsonValue &value, std::optional<T> &field)
+    {
+        if (!value.isNull()) // of a list
+            read(value, field.emplace());
+    }
+
+    /// An empty list leaves what a record has by default.
+    template <typename T>
+    void read(const QJsonValue &value, std::vector<T> &list)
+    {
+        const QJsonArray array = toList(value);
+        if (!array.isEmpty())
+            list.clear();
+        for (const QJsonValue &element : array)
+            read(element, list.emplace_back());
+    }
+
+    /// By number; members that are named otherwise are ignored.
+    template <typename T>
+    void read(const QJsonValue &value, QMap<int, T> &map)
+    {
+        readEntries(value, map, [](const QString &name) {
+            bool valid = false;
+            const int number = name.startsWith(QLatin1String("0x")) ? name.toInt(&valid, 16) : name.toInt(&valid);
+            return valid ? std::make_optional(number) : std::nullopt;
+        });
+    }
+
+    void read(const QJsonValue &value, NumberedAnswers &answers)
+    {
+        if (!isFailure(value, answers.error))
+            read(value, static_cast<QMap<int, Answer<QString>> &>(answers));
+    }
+
+    void read(const QJsonValue &value, QMap<QString, DriveRecord> &drives)
+    {
+        readEntries(value, drives, [](const QString &root) { return std::make_optional(upperCased(root)); });
+    }
+
+    void read(const QJsonValue &value, QMap<QString, LibraryRecord> &libraries)
+    {
+        readEntries(value, libraries, [](const QString &name) { return std::make_optional(name.toLower()); });
+    }
+
+    /// No call of its own, so that "error" is a variable like any other.
+    void read(const QJsonValue &value, QMap<QString, QString> &environment)
+    {
+        const QJsonObject object = toObject(value);
+        for (auto it = object.begin(); it != object.end(); ++it) {
+            if (!it.value().isNull())
+                readMember(it.key(), it.value(), environment[upperCased(it.key())]);
+        }
+    }
+
+    template <typename Map, typename KeyOf>
+    void readEntries(const QJsonValue &value, Map &map, KeyOf keyOf)
+    {
+        quint32 ignored = 0;
+        if (isFailure(value, ignored))
+            return;
+        const QJsonObject object = toObject(value);
+        for (auto it = object.begin(); it != object.end(); ++it) {
+            const auto key = keyOf(it.key());
+            if (key && !it.value().isNull())
+                readMember(it.key(), it.value(), map[*key] = {});
+        }
+    }
+
+    QJsonObject toObject(const QJsonValue &value)
     {
         if (!value.isObject() && !value.isNull())
-            expected(name, "an object");
-        return Reader(value.toObject(), path(name), m_error);
+            expected("an object");
+        return value.toObject();
     }
 
-    /// An integer, or a text such as "0x8000000000000000"; cut to the field.
-    template <typename T>
-    void number(const char *name, T &field) const
+    QJsonArray toList(const QJsonValue &value)
     {
-        if (has(name))
-            field = static_cast<T>(toNumber(QLatin1String(name), value(name)));
+        if (!value.isArray())
+            expected("a list");
+        return value.toArray();
     }
 
-    void text(const char *name, QString &field) const
-    {
-        if (has(name))
-            field = toText(QLatin1String(name), value(name));
-    }
-
-    quint64 toNumber(const QString &name, const QJsonValue &value) const
+    /// An integer, or a text such as "0x8000000000000000"; cut to 64 bits.
+    quint64 toNumber(const QJsonValue &value)
     {
         quint64 number = 0;
         if (value.isString() && parseNumber(value.toString(), number))
@@ -62,56 +213,21 @@ public:
                 return real < 0 ? 0 - cut : cut;
             }
         }
-        expected(name, "an integer or a text \"0x...\"");
+        expected("an integer or a text \"0x...\"");
         return 0;
     }
 
-    QString toText(const QString &name, const QJsonValue &value) const
-    {
-        if (!value.isString())
-            expected(name, "a text");
-        return value.toString();
-    }
-
-    QJsonArray toList(const QString &name, const QJsonValue &value) const
-    {
-        if (!value.isArray())
-            expected(name, "a list");
-        return value.toArray();
-    }
-
-    /// The error of {"error": N}.
-    bool failure(const QString &name, const QJsonValue &value, quint32 &error) const
+    /// Whether \a value is {"error": N}, and the number.
+    bool isFailure(const QJsonValue &value, quint32 &number)
     {
         const QJsonValue member = value.toObject().value(QLatin1String("error"));
         quint64 ignored = 0;
         if (!member.isDouble() && !(member.isString() && parseNumber(member.toString(), ignored)))
             return false;
-        error = quint32(toNumber(path(name), value.toObject().value(QLatin1String("error"))));
+        number = quint32(toNumber(member));
         return true;
     }
 
-    /// Sets \a answer from \a value by \a read, unless it is null or a failure.
-    template <typename T, typename Read>
-    void answer(const QString &name, const QJsonValue &value, Answer<T> &answer, Read read) const
-    {
-        if (value.isNull() || value.isUndefined() || failure(name, value, answer.error))
-            return;
-        answer.value = read(value);
-    }
-    template <typename T, typename Read>
-    void answer(const char *name, Answer<T> &field, Read read) const
-    {
-        answer(QLatin1String(name), value(name), field, read);
-    }
-
-    void expected(const QString &name, const char *what) const
-    {
-        if (m_error.isEmpty())
-            m_error = QStringLiteral("'%1' is not %2").arg(path(name), QLatin1String(what));
-    }
-
-private:
     /// "0x..." or decimal digits, with a sign; cut to 64 bits.
     static bool parseNumber(const QString &text, quint64 &number)
     {
@@ -122,336 +238,32 @@ private:
             digits.remove(0, 2);
         number = 0;
         for (const QChar digit : qAsConst(digits)) {
-            const int worth = QByteArray("0123456789abcdef").indexOf(char(digit.toLower().toLatin1()));
-            if (digit.unicode() > 0x7f || worth < 0 || (worth > 9 && !hexadecimal))
+            const int value = QByteArray("0123456789abcdef").indexOf(char(digit.toLower().toLatin1()));
+            if (digit.unicode() > 0x7f || value < 0 || (value > 9 && !hexadecimal))
                 return false;
-            number = number * (hexadecimal ? 16 : 10) + quint64(worth);
+            number = number * (hexadecimal ? 16 : 10) + quint64(value);
         }
         number = negative ? 0 - number : number;
         return !digits.isEmpty();
     }
 
-    const QJsonObject m_object;
-    const QString m_where;
-    QString &m_error;
+    void expected(const char *what)
+    {
+        if (error.isEmpty())
+            error = QStringLiteral("'%1' is not %2").arg(m_path.join(QLatin1Char('.')), QLatin1String(what));
+    }
+
+    QStringList m_path; // the names of the members that are being read
 };
 
-VersionRecord readVersion(const Reader &reader)
-{
-    VersionRecord record;
-    reader.number("dwMajorVersion", record.dwMajorVersion);
-    reader.number("dwMinorVersion", record.dwMinorVersion);
-    reader.number("dwBuildNumber", record.dwBuildNumber);
-    reader.number("dwPlatformId", record.dwPlatformId);
-    reader.text("szCSDVersion", record.szCSDVersion);
-    reader.number("wServicePackMajor", record.wServicePackMajor);
-    reader.number("wServicePackMinor", record.wServicePackMinor);
-    reader.number("wSuiteMask", record.wSuiteMask);
-    reader.number("wProductType", record.wProductType);
-    return record;
-}
-
-void readSystemInfo(const Reader &reader, SystemInfoRecord &record)
-{
-    reader.number("wProcessorArchitecture", record.wProcessorArchitecture);
-    reader.number("dwPageSize", record.dwPageSize);
-    reader.number("lpMinimumApplicationAddress", record.lpMinimumApplicationAddress);
-    reader.number("lpMaximumApplicationAddress", record.lpMaximumApplicationAddress);
-    reader.number("dwActiveProcessorMask", record.dwActiveProcessorMask);
-    reader.number("dwNumberOfProcessors", record.dwNumberOfProcessors);
-    reader.number("dwProcessorType", record.dwProcessorType);
-    reader.number("dwAllocationGranularity", record.dwAllocationGranularity);
-    reader.number("wProcessorLevel", record.wProcessorLevel);
-    reader.number("wProcessorRevision", record.wProcessorRevision);
-}
-
-MemoryRecord readMemory(const Reader &reader)
-{
-    MemoryRecord record;
-    reader.number("dwMemoryLoad", record.dwMemoryLoad);
-    reader.number("ullTotalPhys", record.ullTotalPhys);
-    reader.number("ullAvailPhys", record.ullAvailPhys);
-    reader.number("ullTotalPageFile", record.ullTotalPageFile);
-    reader.number("ullAvailPageFile", record.ullAvailPageFile);
-    reader.number("ullTotalVirtual", record.ullTotalVirtual);
-    reader.number("ullAvailVirtual", record.ullAvailVirtual);
-    return record;
-}
-
-QuotaRecord readQuota(const Reader &reader)
-{
-    QuotaRecord record;
-    reader.number("allowed", record.allowed);
-    reader.number("used", record.used);
-    return record;
-}
-
-DriveRecord readDrive(const Reader &reader)
-{
-    DriveRecord record;
-    quint32 error = 0;
-    if (!reader.failure(QStringLiteral("GetDriveType"), reader.value("GetDriveType"), error))
-        reader.number("GetDriveType", record.GetDriveType);
-    reader.answer("GetVolumeInformation", record.GetVolumeInformation, [&](const QJsonValue &) {
-        const Reader inner = reader.inner("GetVolumeInformation");
-        VolumeRecord volume;
-        inner.text("volumeName", volume.volumeName);
-        inner.text("fileSystemName", volume.fileSystemName);
-        return volume;
-    });
-    reader.answer("GetDiskFreeSpaceEx", record.GetDiskFreeSpaceEx, [&](const QJsonValue &) {
-        const Reader inner = reader.inner("GetDiskFreeSpaceEx");
-        FreeSpaceRecord space;
-        inner.number("freeBytesAvailableToCaller", space.freeBytesAvailableToCaller);
-        inner.number("totalNumberOfBytes", space.totalNumberOfBytes);
-        return space;
-    });
-    return record;
-}
-
-LibraryRecord readLibrary(const Reader &reader)
-{
-    LibraryRecord record;
-    if (!reader.has("DNSServiceGetProperty"))
-        return record;
-    const Reader inner = reader.inner("DNSServiceGetProperty");
-    DnsServiceRecord service;
-    inner.number("error", service.error);
-    inner.number("DaemonVersion", service.DaemonVersion);
-    record.DNSServiceGetProperty = service;
-    return record;
-}
-
-AddressRecord readAddress(const Reader &reader, const QString &name, const QJsonValue &value)
-{
-    const QJsonArray pair = reader.toList(name, value);
-    AddressRecord record;
-    if (pair.size() > 0)
-        record.address = reader.toText(name, pair.at(0));
-    if (pair.size() > 1)
-        record.mask = reader.toText(name, pair.at(1));
-    return record;
-}
-
-void readAddresses(const Reader &reader, const char *name, std::vector<AddressRecord> &addresses)
-{
-    if (reader.has(name)) {
-        const QJsonArray list = reader.toList(QLatin1String(name), reader.value(name));
-        for (const QJsonValue &value : list)
-            addresses.push_back(readAddress(reader, QLatin1String(name), value));
-    }
-    if (addresses.empty())
-        addresses.emplace_back();
-}
-
-AdapterRecord readAdapter(const Reader &reader)
-{
-    AdapterRecord record;
-    reader.number("Index", record.Index);
-    reader.text("AdapterName", record.AdapterName);
-    reader.text("Description", record.Description);
-    reader.number("DhcpEnabled", record.DhcpEnabled);
-    readAddresses(reader, "GatewayList", record.GatewayList);
-    readAddresses(reader, "DhcpServer", record.DhcpServer);
-    reader.number("HaveWins", record.HaveWins);
-    for (auto member : {&AdapterRecord::PrimaryWinsServer, &AdapterRecord::SecondaryWinsServer}) {
-        const char *name = member == &AdapterRecord::PrimaryWinsServer ? "PrimaryWinsServer" : "SecondaryWinsServer";
-        if (reader.has(name))
-            record.*member = readAddress(reader, QLatin1String(name), reader.value(name));
-    }
-    reader.number("LeaseObtained", record.LeaseObtained);
-    reader.number("LeaseExpires", record.LeaseExpires);
-    return record;
-}
-
-/// Calls \a each with every member of the object \a name, unless the whole of it is
-/// a failure, whose error it returns.
-quint32 eachMember(const Reader &reader, const char *name,
-                   const std::function<void(const Reader &, const QString &, const QJsonValue &)> &each)
-{
-    quint32 error = 0;
-    if (!reader.has(name) || reader.failure(QLatin1String(name), reader.value(name), error))
-        return error;
-    const Reader inner = reader.inner(name);
-    for (auto it = inner.object().begin(); it != inner.object().end(); ++it)
-        each(inner, it.key(), it.value());
-    return error;
-}
-
-/// The same for an object whose members are named by numbers; others are ignored.
-quint32 eachIndex(const Reader &reader, const char *name,
-                  const std::function<void(const Reader &, int, const QString &, const QJsonValue &)> &each)
-{
-    return eachMember(reader, name, [&](const Reader &inner, const QString &member, const QJsonValue &value) {
-        bool valid = false;
-        const int index = member.startsWith(QLatin1String("0x")) ? member.toInt(&valid, 16) : member.toInt(&valid);
-        if (valid)
-            each(inner, index, member, value);
-    });
-}
-
-void readNames(const Reader &reader, SystemAnswers &system)
-{
-    system.computerNamesError = eachIndex(reader, "GetComputerNameEx",
-                                          [&](const Reader &inner, int index, const QString &name, const QJsonValue &value) {
-        inner.answer(name, value, system.GetComputerNameEx[index],
-                     [&](const QJsonValue &text) { return inner.toText(name, text); });
-    });
-    reader.answer("GetUserName", system.GetUserName,
-                  [&](const QJsonValue &value) { return reader.toText(QStringLiteral("GetUserName"), value); });
-}
-
-/// No call of its own, so that "error" is a variable like any other.
-void readEnvironment(const Reader &reader, QMap<QString, QString> &environment)
-{
-    for (auto it = reader.object().begin(); it != reader.object().end(); ++it) {
-        if (!it.value().isNull())
-            environment[upperCased(it.key())] = reader.toText(it.key(), it.value());
-    }
-}
-
-void readDirectories(const Reader &reader, SystemAnswers &system)
-{
-    reader.answer("GetSystemWindowsDirectory", system.GetSystemWindowsDirectory, [&](const QJsonValue &value) {
-        return reader.toText(QStringLiteral("GetSystemWindowsDirectory"), value);
-    });
-    reader.answer("GetSystemWow64Directory", system.GetSystemWow64Directory, [&](const QJsonValue &value) {
-        return reader.toText(QStringLiteral("GetSystemWow64Directory"), value);
-    });
-    readEnvironment(reader.inner("environment"), system.environment);
-    eachIndex(reader, "ExpandEnvironmentStrings",
-              [&](const Reader &inner, int index, const QString &name, const QJsonValue &value) {
-        quint32 error = 0;
-        if (inner.failure(name, value, error))
-            system.ExpandEnvironmentStrings[index] = error;
-    });
-    eachIndex(reader, "SHGetSpecialFolderPath",
-              [&](const Reader &inner, int index, const QString &name, const QJsonValue &value) {
-        inner.answer(name, value, system.SHGetSpecialFolderPath[index],
-                     [&](const QJsonValue &text) { return inner.toText(name, text); });
-    });
-    if (reader.value("WinSxS").isArray()) {
-        system.WinSxS = QStringList();
-        const QJsonArray names = reader.value("WinSxS").toArray();
-        for (const QJsonValue &name : names)
-            system.WinSxS->append(reader.toText(QStringLiteral("WinSxS"), name));
-    } else if (quint32 ignored = 0;
-               reader.has("WinSxS") && !reader.failure(QStringLiteral("WinSxS"), reader.value("WinSxS"), ignored)) {
-        reader.expected(QStringLiteral("WinSxS"), "a list");
-    }
-}
-
-void readDrives(const Reader &reader, SystemAnswers &system)
-{
-    reader.answer("GetLogicalDrives", system.GetLogicalDrives, [&](const QJsonValue &value) {
-        return quint32(reader.toNumber(QStringLiteral("GetLogicalDrives"), value));
-    });
-    eachMember(reader, "drives", [&](const Reader &inner, const QString &name, const QJsonValue &value) {
-        if (!value.isNull())
-            system.drives[upperCased(name)] = readDrive(inner.inner(name, value));
-    });
-}
-
-void readModules(const Reader &reader, SystemAnswers &system)
-{
-    reader.answer("EnumProcessModules", system.EnumProcessModules, [&](const QJsonValue &value) {
-        std::vector<std::optional<QString>> names;
-        const QJsonArray list = reader.toList(QStringLiteral("EnumProcessModules"), value);
-        for (const QJsonValue &name : list) {
-            names.push_back(name.isNull() ? std::nullopt
-                                          : std::make_optional(reader.toText(QStringLiteral("EnumProcessModules"), name)));
-        }
-        return names;
-    });
-    eachMember(reader, "libraries", [&](const Reader &inner, const QString &name, const QJsonValue &value) {
-        if (!value.isNull())
-            system.libraries[name.toLower()] = readLibrary(inner.inner(name, value));
-    });
-}
-
-void readVersions(const Reader &reader, SystemAnswers &system)
-{
-    reader.number("ansiCodePage", system.ansiCodePage);
-    const int known[] = {1252, 1250, 1251, 932, 65001};
-    if (std::find(std::begin(known), std::end(known), system.ansiCodePage) == std::end(known))
-        reader.expected(QStringLiteral("ansiCodePage"), "1252, 1250, 1251, 932 or 65001");
-    reader.answer("GetVersionEx", system.GetVersionEx,
-                  [&](const QJsonValue &) { return readVersion(reader.inner("GetVersionEx")); });
-    system.exportsGetProductInfo = reader.has("GetProductInfo");
-    reader.answer("GetProductInfo", system.GetProductInfo, [&](const QJsonValue &) {
-        quint32 type = 0;
-        reader.inner("GetProductInfo").number("dwReturnedProductType", type);
-        return type;
-    });
-    eachIndex(reader, "GetSystemMetrics",
-              [&](const Reader &inner, int index, const QString &name, const QJsonValue &value) {
-        if (!value.isNull())
-            system.GetSystemMetrics[index] = qint32(inner.toNumber(name, value));
-    });
-    readSystemInfo(reader.inner("GetSystemInfo"), system.GetSystemInfo);
-    reader.answer("GlobalMemoryStatusEx", system.GlobalMemoryStatusEx,
-                  [&](const QJsonValue &) { return readMemory(reader.inner("GlobalMemoryStatusEx")); });
-    reader.answer("GetSystemRegistryQuota", system.GetSystemRegistryQuota,
-                  [&](const QJsonValue &) { return readQuota(reader.inner("GetSystemRegistryQuota")); });
-}
-
-void readAdapters(const Reader &reader, SystemAnswers &system)
-{
-    reader.answer("GetAdaptersInfo", system.GetAdaptersInfo, [&](const QJsonValue &value) {
-        std::vector<AdapterRecord> adapters;
-        const QJsonArray list = reader.toList(QStringLiteral("GetAdaptersInfo"), value);
-        for (const QJsonValue &adapter : list)
-            adapters.push_back(readAdapter(reader.inner(QStringLiteral("GetAdaptersInfo"), adapter)));
-        return adapters;
-    });
-    reader.number("timeZone", system.timeZone);
-}
-
-void readDeniedKeys(const Reader &reader, const Registry &registry)
-{
-    const QString member = QStringLiteral("deniedKeys");
-    if (!reader.has("deniedKeys"))
-        return;
-    const QJsonArray list = reader.toList(member, reader.value("deniedKeys"));
-    for (const QJsonValue &value : list) {
-        if (const auto key = createKey(registry, reader.toText(member, value)))
-            key->setDenied(true);
-        else
-            reader.expected(member, "a list of whole key names");
-    }
-}
-
-bool isIn(const char *characters, char c)
-{
-    return c != 0 && std::strchr(characters, c);
-}
-
-/// The end of the JSON text in quotation marks that begins at \a position.
-int endOfText(const QByteArray &json, int position)
-{
-    for (++position; position < json.size() && json.at(position) != '"'; ++position) {
-        if (json.at(position) == '\\')
-            ++position;
-    }
-    return position + 1;
-}
-
-/// Integers that a double may not hold, which is all that QJsonValue knows, as texts.
+/// Integers of so many digits that QJsonValue, which holds doubles, would round them become
+/// texts. The expression skips what is in quotation marks, and fractions.
 QByteArray withLongIntegersAsTexts(const QByteArray &json)
 {
-    constexpr int exactDigits = 15;
-    QByteArray result;
-    for (int from = 0, to = 0; from < json.size(); from = to) {
-        to = json.at(from) == '"' ? endOfText(json, from) : from + 1;
-        const bool isNumber = isIn("-123456789", json.at(from));
-        while (isNumber && to < json.size() && isIn("0123456789.eE+-", json.at(to)))
-            ++to;
-        const QByteArray token = json.mid(from, to - from);
-        const bool isLong = isNumber && token.size() > exactDigits && token.count('.') == 0
-            && token.toLower().count('e') == 0;
-        result += isLong ? '"' + token + '"' : token;
-    }
-    return result;
+    static const QRegularExpression longInteger(
+        QStringLiteral(R"("(?:[^"\\]++|\\.)*+"(*SKIP)(*FAIL)|(?<![\d.eE+-])(-?[1-9]\d{15,}+)(?![.eE]))"));
+    QString text = QString::fromLatin1(json.constData(), json.size()); // nulls included
+    return text.replace(longInteger, QStringLiteral("\"\\1\"")).toLatin1();
 }
 
 } // namespace
@@ -471,21 +283,15 @@ bool readSystemFile(const QByteArray &contents, Machine &machine, QString &error
         errorLine = text.left(parseError.offset).count('\n') + 1;
         return false;
     }
-    errorLine = 0;
     if (!document.isObject()) {
         error = QStringLiteral("not a JSON object");
         errorLine = 1;
         return false;
     }
-    error.clear();
-    const Reader reader(document.object(), QString(), error);
-    readVersions(reader, machine.system);
-    readNames(reader, machine.system);
-    readDirectories(reader, machine.system);
-    readDrives(reader, machine.system);
-    readModules(reader, machine.system);
-    readAdapters(reader, machine.system);
-    readDeniedKeys(reader, machine.registry);
+    Reader reader;
+    reader.readFile(document.object(), machine);
+    error = reader.error;
+    errorLine = 0;
     return error.isEmpty();
 }
 

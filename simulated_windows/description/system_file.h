@@ -1,5 +1,10 @@
 // Reads and writes system.json: the answers of every Windows call that is not a registry
 // read, and the registry keys that cannot be opened.
+//
+// The format knows two things only by the report's own terms: the failures of
+// ExpandEnvironmentStrings have the numbers of five variables, and "WinSxS" is the one
+// folder, below the Windows directory. Here both become what the calls can be answered
+// from: failures by variable, folders by path.
 #pragma once
 
 #include "machine.h"

@@ -2,6 +2,28 @@
 #pragma once
 
 #include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+/// The units of \a text, little endian.
+inline QByteArray utf16Bytes(const QString &text)
+{
+    QByteArray bytes;
+    bytes.reserve(2 * text.size());
+    for (const QChar unit : text) {
+        bytes += char(unit.cell());
+        bytes += char(unit.row());
+    }
+    return bytes;
+}
+
+/// The text of these units; an odd last byte is dropped.
+inline QString utf16Text(const QByteArray &bytes)
+{
+    QString text;
+    for (int i = 0; i + 1 < bytes.size(); i += 2)
+        text += QChar(uchar(bytes.at(i)), uchar(bytes.at(i + 1)));
+    return text;
+}
 
 /// Takes numbers from the front of some bytes; little endian, and 0 behind their end.
 class ByteStream
@@ -13,7 +35,14 @@ public:
     quint8 byte() { return atEnd() ? 0 : quint8(m_bytes.at(m_position++)); }
     quint16 word() { return quint16(number(2)); }
     quint32 number32() { return quint32(number(4)); }
-    quint64 number64() { return number(8); }
+    /// Of \a size bytes.
+    quint64 number(int size)
+    {
+        quint64 result = 0;
+        for (int i = 0; i < size; ++i)
+            result |= quint64(byte()) << (8 * i);
+        return result;
+    }
     /// Something below \a count.
     int index(int count) { return byte() % count; }
     /// Up to \a size bytes, fewer at the end.
@@ -25,14 +54,6 @@ public:
     }
 
 private:
-    quint64 number(int size)
-    {
-        quint64 result = 0;
-        for (int i = 0; i < size; ++i)
-            result |= quint64(byte()) << (8 * i);
-        return result;
-    }
-
     const QByteArray m_bytes;
     int m_position = 0;
 };
@@ -46,15 +67,13 @@ public:
     void byte(quint8 value) { m_bytes += char(value); }
     void word(quint16 value) { number(value, 2); }
     void number32(quint32 value) { number(value, 4); }
-    void number64(quint64 value) { number(value, 8); }
-    void append(const QByteArray &bytes) { m_bytes += bytes; }
-
-private:
     void number(quint64 value, int size)
     {
         for (int i = 0; i < size; ++i)
             m_bytes += char(value >> (8 * i));
     }
+    void append(const QByteArray &bytes) { m_bytes += bytes; }
 
+private:
     QByteArray m_bytes;
 };

@@ -1,59 +1,39 @@
 #include "comparison.h"
 
 #include <algorithm>
-#include <tuple>
 
 namespace machine {
 namespace {
 
-// Each record as a tuple of all its fields.
-
-auto fields(const VersionRecord &r)
+struct AnyVisitor
 {
-    return std::tie(r.dwMajorVersion, r.dwMinorVersion, r.dwBuildNumber, r.dwPlatformId, r.szCSDVersion,
-                    r.wServicePackMajor, r.wServicePackMinor, r.wSuiteMask, r.wProductType);
-}
-
-auto fields(const SystemInfoRecord &r)
-{
-    return std::tie(r.wProcessorArchitecture, r.dwPageSize, r.lpMinimumApplicationAddress,
-                    r.lpMaximumApplicationAddress, r.dwActiveProcessorMask, r.dwNumberOfProcessors, r.dwProcessorType,
-                    r.dwAllocationGranularity, r.wProcessorLevel, r.wProcessorRevision);
-}
-
-auto fields(const MemoryRecord &r)
-{
-    return std::tie(r.dwMemoryLoad, r.ullTotalPhys, r.ullAvailPhys, r.ullTotalPageFile, r.ullAvailPageFile,
-                    r.ullTotalVirtual, r.ullAvailVirtual);
-}
-
-auto fields(const QuotaRecord &r) { return std::tie(r.allowed, r.used); }
-auto fields(const VolumeRecord &r) { return std::tie(r.volumeName, r.fileSystemName); }
-auto fields(const FreeSpaceRecord &r) { return std::tie(r.freeBytesAvailableToCaller, r.totalNumberOfBytes); }
-auto fields(const DriveRecord &r) { return std::tie(r.GetDriveType, r.GetVolumeInformation, r.GetDiskFreeSpaceEx); }
-auto fields(const DnsServiceRecord &r) { return std::tie(r.error, r.DaemonVersion); }
-auto fields(const LibraryRecord &r) { return std::tie(r.DNSServiceGetProperty); }
-auto fields(const AddressRecord &r) { return std::tie(r.address, r.mask); }
-
-auto fields(const AdapterRecord &r)
-{
-    return std::tie(r.Index, r.AdapterName, r.Description, r.DhcpEnabled, r.GatewayList, r.DhcpServer, r.HaveWins,
-                    r.PrimaryWinsServer, r.SecondaryWinsServer, r.LeaseObtained, r.LeaseExpires);
-}
+    template <typename Member>
+    void operator()(const char *, Member) const
+    { }
+};
 
 } // namespace
 
-// In the records' namespace, where the containers' own comparisons find it.
-template <typename T>
-auto operator==(const T &left, const T &right) -> decltype(fields(left) == fields(right))
+// In the records' namespace, where the containers' own comparisons find them.
+
+template <typename Record, typename = decltype(Record::fields(AnyVisitor()))>
+bool operator==(const Record &left, const Record &right)
 {
-    return fields(left) == fields(right);
+    bool same = true;
+    Record::fields([&](const char *, auto member) { same = same && left.*member == right.*member; });
+    return same;
 }
 
 template <typename T>
 bool operator==(const Answer<T> &left, const Answer<T> &right)
 {
     return left.value == right.value && (left.value || left.error == right.error);
+}
+
+bool operator==(const NumberedAnswers &left, const NumberedAnswers &right)
+{
+    using Answers = QMap<int, Answer<QString>>;
+    return static_cast<const Answers &>(left) == static_cast<const Answers &>(right) && left.error == right.error;
 }
 
 } // namespace machine
@@ -98,34 +78,14 @@ bool isSame(const machine::Registry &left, const machine::Registry &right)
 QByteArray differenceOf(const machine::SystemAnswers &left, const machine::SystemAnswers &right)
 {
     using machine::operator==;
-    const std::pair<const char *, bool> members[] = {
-        {"ansiCodePage", left.ansiCodePage == right.ansiCodePage},
-        {"GetVersionEx", left.GetVersionEx == right.GetVersionEx},
-        {"exportsGetProductInfo", left.exportsGetProductInfo == right.exportsGetProductInfo},
-        {"GetProductInfo", left.GetProductInfo == right.GetProductInfo},
-        {"GetSystemMetrics", left.GetSystemMetrics == right.GetSystemMetrics},
-        {"GetSystemInfo", left.GetSystemInfo == right.GetSystemInfo},
-        {"GlobalMemoryStatusEx", left.GlobalMemoryStatusEx == right.GlobalMemoryStatusEx},
-        {"GetComputerNameEx", left.GetComputerNameEx == right.GetComputerNameEx},
-        {"computerNamesError", left.computerNamesError == right.computerNamesError},
-        {"GetUserName", left.GetUserName == right.GetUserName},
-        {"GetSystemRegistryQuota", left.GetSystemRegistryQuota == right.GetSystemRegistryQuota},
-        {"GetLogicalDrives", left.GetLogicalDrives == right.GetLogicalDrives},
-        {"drives", left.drives == right.drives},
-        {"GetSystemWindowsDirectory", left.GetSystemWindowsDirectory == right.GetSystemWindowsDirectory},
-        {"GetSystemWow64Directory", left.GetSystemWow64Directory == right.GetSystemWow64Directory},
-        {"environment", left.environment == right.environment},
-        {"ExpandEnvironmentStrings", left.ExpandEnvironmentStrings == right.ExpandEnvironmentStrings},
-        {"SHGetSpecialFolderPath", left.SHGetSpecialFolderPath == right.SHGetSpecialFolderPath},
-        {"EnumProcessModules", left.EnumProcessModules == right.EnumProcessModules},
-        {"WinSxS", left.WinSxS == right.WinSxS},
-        {"libraries", left.libraries == right.libraries},
-        {"GetAdaptersInfo", left.GetAdaptersInfo == right.GetAdaptersInfo},
-        {"timeZone", left.timeZone == right.timeZone},
-    };
-    for (const auto &member : members) {
-        if (!member.second)
-            return member.first;
-    }
-    return QByteArray();
+    QByteArray difference;
+    machine::SystemAnswers::fields([&](const char *name, auto member) {
+        if (difference.isEmpty() && !(left.*member == right.*member))
+            difference = name;
+    });
+    if (difference.isEmpty() && left.expansionErrors != right.expansionErrors)
+        difference = "expansionErrors";
+    if (difference.isEmpty() && !(left.folders == right.folders))
+        difference = "folders";
+    return difference;
 }

@@ -1,5 +1,6 @@
 #include "file_seeds.h"
 
+#include "byte_stream.h"
 #include "registry_file.h"
 #include "system_file.h"
 
@@ -9,24 +10,6 @@
 namespace {
 
 constexpr int longestPiece = 1500; // in characters
-
-QString textOf(const QByteArray &utf16File)
-{
-    QString text;
-    for (int i = 2; i + 1 < utf16File.size(); i += 2) // behind the byte-order mark
-        text += QChar(uchar(utf16File.at(i)) | uchar(utf16File.at(i + 1)) << 8);
-    return text;
-}
-
-QByteArray withByteOrderMark(const QString &text)
-{
-    QByteArray contents("\xff\xfe");
-    for (const QChar unit : text) {
-        contents += char(unit.cell());
-        contents += char(unit.row());
-    }
-    return contents;
-}
 
 /// The keys of \a text, each from its bracket to the next.
 QStringList blocks(const QString &text)
@@ -51,10 +34,10 @@ QMap<QString, QByteArray> registryFileSeeds(const machine::Registry &registry)
         const int number = seeds.size();
         const QString contents = firstLine + piece;
         seeds[QStringLiteral("registry-%1").arg(number, 2, 10, QLatin1Char('0'))]
-            = number % 4 == 3 ? withByteOrderMark(contents) : contents.toUtf8();
+            = number % 4 == 3 ? "\xff\xfe" + utf16Bytes(contents) : contents.toUtf8();
         piece.clear();
     };
-    const QStringList keys = blocks(textOf(machine::writeRegistryFile(registry)));
+    const QStringList keys = blocks(utf16Text(machine::writeRegistryFile(registry)));
     for (const QString &key : keys) {
         if (piece.size() + key.size() > longestPiece && !piece.isEmpty())
             end();

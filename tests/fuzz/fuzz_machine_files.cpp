@@ -1,6 +1,7 @@
 // The readers of a machine's files over hostile contents. What is read and written is
 // read again as the same, and the two encodings of registry.reg are the same file.
 
+#include "byte_stream.h"
 #include "comparison.h"
 #include "fuzz_target.h"
 
@@ -47,24 +48,13 @@ bool read(const QByteArray &contents, machine::Registry &registry)
     return done;
 }
 
-QByteArray asUtf16File(const QByteArray &utf8)
-{
-    QByteArray contents("\xff\xfe");
-    const QString text = QString::fromUtf8(utf8.constData(), utf8.size());
-    for (const QChar unit : text) {
-        contents += char(unit.cell());
-        contents += char(unit.row());
-    }
-    return contents;
-}
-
 void readRegistry(const QByteArray &contents)
 {
     machine::Registry registry;
     const bool done = read(contents, registry);
     if (!contents.startsWith("\xff\xfe") && done) {
         machine::Registry same;
-        require(read(asUtf16File(contents), same), "a registry file can be read in both encodings");
+        require(read("\xff\xfe" + utf16Bytes(QString::fromUtf8(contents.constData(), contents.size())), same), "a registry file can be read in both encodings");
         require(isSame(registry, same), "a registry file says the same in both encodings");
     }
     if (!done)
@@ -73,7 +63,7 @@ void readRegistry(const QByteArray &contents)
     machine::Registry again;
     require(read(written, again), "a registry file that was written can be read");
     require(isSame(registry, again), "a registry is read as it was written",
-            QString::fromUtf16(reinterpret_cast<const ushort *>(written.constData()), written.size() / 2).toUtf8());
+            utf16Text(written).toUtf8());
 }
 
 bool read(const QByteArray &contents, machine::Machine &machine)

@@ -205,8 +205,8 @@ void checkCalls()
 std::size_t lengthOfNames(const machine::SystemAnswers &system)
 {
     std::size_t length = 0;
-    if (system.WinSxS) {
-        for (const QString &name : *system.WinSxS)
+    for (const machine::FolderRecord &folder : system.folders) {
+        for (const QString &name : folder.directories)
             length += std::size_t(name.size()) + 1;
     }
     return length;

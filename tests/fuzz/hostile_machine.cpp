@@ -1,6 +1,7 @@
 #include "hostile_machine.h"
 
 #include "byte_stream.h"
+#include "format_limits.h"
 #include "known_names.h"
 
 #include <QtCore/QtEndian>
@@ -17,7 +18,7 @@ using KeyPointer = std::shared_ptr<RegistryKey>;
 constexpr int longestKeyName = 255;
 constexpr int longestValueName = 4096;
 constexpr int longestText = 40000;
-constexpr int longestAdapterText = 300; // the fields have 16 to 260 bytes
+constexpr int longestFieldText = 300; // the fields of records have 16 to 261 characters
 constexpr int largestData = 8192;
 constexpr int deepestKey = 8;
 constexpr std::size_t mostFaults = 8;
@@ -88,7 +89,7 @@ private:
             key().removeValue(knownValue());
             break;
         case Step::Answer:
-            answer(Asked(m_stream.index(int(Asked::Count))));
+            answer();
             break;
         case Step::Fail:
             fail();
@@ -167,7 +168,7 @@ private:
         case TextForm::Latin1:
             return latin1(m_stream.bytes(m_stream.byte()));
         case TextForm::Utf16:
-            return utf16(m_stream.bytes(2 * m_stream.byte()));
+            return utf16Text(m_stream.bytes(2 * m_stream.byte()));
         case TextForm::Known:
             return knownTexts().at(m_stream.index(knownTexts().size()));
         case TextForm::Repeated: {
@@ -189,7 +190,7 @@ private:
         case TextForm::Filled: {
             const int length = m_stream.word() % longestText;
             const QString part = depth > 3 ? QString() : text(depth + 1);
-            return part.isEmpty() ? part : part.repeated(length / part.size() + 1).left(length);
+            return filled(part, length);
         }
         case TextForm::Edge: {
             const int length = edges[m_stream.index(edgeCount)];
@@ -204,23 +205,11 @@ private:
     // Nulls included, which Qt ends a QByteArray at.
     static QString latin1(const QByteArray &bytes) { return QString::fromLatin1(bytes.constData(), bytes.size()); }
 
-    static QString utf16(const QByteArray &bytes)
+    /// \a part again and again up to \a size; it may be empty.
+    template <typename Text>
+    static Text filled(const Text &part, int size)
     {
-        QString text;
-        for (int i = 0; i + 1 < bytes.size(); i += 2)
-            text += QChar(qFromLittleEndian<quint16>(bytes.constData() + i));
-        return text;
-    }
-
-    static QByteArray bytesOf(const QString &text)
-    {
-        QByteArray bytes;
-        bytes.reserve(2 * text.size());
-        for (const QChar unit : text) {
-            bytes += char(unit.cell());
-            bytes += char(unit.row());
-        }
-        return bytes;
+        return part.isEmpty() ? part : part.repeated(size / part.size() + 1).left(size);
     }
 
     RegistryValue value(const QString &name)
@@ -258,9 +247,9 @@ private:
     {
         switch (form) {
         case DataForm::Text:
-            return bytesOf(text()) + QByteArray(2, '\0');
+            return utf16Bytes(text()) + QByteArray(2, '\0');
         case DataForm::Unterminated:
-            return bytesOf(text());
+            return utf16Bytes(text());
         case DataForm::List:
             return list() + QByteArray(2, '\0');
         case DataForm::BrokenList:
@@ -279,14 +268,13 @@ private:
             return QByteArray(size, char(m_stream.byte()));
         }
         case DataForm::Odd: {
-            QByteArray bytes = bytesOf(text());
+            QByteArray bytes = utf16Bytes(text());
             bytes.chop(1);
             return bytes;
         }
         case DataForm::Filled: {
             const int size = m_stream.word() % largestData;
-            const QByteArray part = bytesOf(text());
-            return part.isEmpty() ? part : part.repeated(size / part.size() + 1).left(size);
+            return filled(utf16Bytes(text()), size);
         }
         case DataForm::Edge: {
             const int size = edges[m_stream.index(edgeCount)];
@@ -294,8 +282,7 @@ private:
         }
         case DataForm::EdgeText: {
             const int size = edges[m_stream.index(edgeCount)];
-            const QByteArray part = bytesOf(text());
-            return part.isEmpty() ? part : part.repeated(size / part.size() + 1).left(size);
+            return filled(utf16Bytes(text()), size);
         }
         case DataForm::Count:
             break;
@@ -307,7 +294,7 @@ private:
     {
         QByteArray bytes;
         for (int count = m_stream.index(32); count > 0; --count)
-            bytes += bytesOf(text()) + QByteArray(2, '\0');
+            bytes += utf16Bytes(text()) + QByteArray(2, '\0');
         return bytes;
     }
 
@@ -324,248 +311,117 @@ private:
         return number < 192 ? number : (number - 192) << 8 | m_stream.byte();
     }
 
+    void answer()
+    {
+        machine::SystemAnswers &system = m_machine.system;
+        int fieldCount = 0;
+        machine::SystemAnswers::fields([&](const char *, auto) { ++fieldCount; });
+        const int wanted = m_stream.index(firstFieldAnswer + fieldCount);
+        if (wanted == expansionErrorAnswer) {
+            const int index = m_stream.index(5);
+            system.expansionErrors[QString::fromLatin1(environmentNames[index])] = error();
+        } else if (wanted == winSxSAnswer) {
+            QStringList names;
+            for (int count = m_stream.byte(); count > 0 && !m_stream.atEnd(); --count)
+                names += text().left(longestKeyName);
+            if (const auto path = machine::winSxSPath(system))
+                system.folders[*path].directories = names;
+        }
+        int number = firstFieldAnswer;
+        machine::SystemAnswers::fields([&](const char *, auto member) {
+            if (number++ == wanted)
+                read(system.*member);
+        });
+    }
+
+    // An answer, or a part of it, by its type. StepWriter of seeds.cpp is the other direction.
+
+    template <typename T>
+    void read(T &field)
+    {
+        if constexpr (std::is_integral_v<T>)
+            field = T(m_stream.number(sizeof field));
+        else
+            T::fields([&](const char *, auto member) { readField(field.*member); });
+    }
+
+    template <typename T>
+    void readField(T &field)
+    {
+        read(field);
+    }
+    void readField(QString &field) { field = text().left(longestFieldText); }
+
+    void read(QString &field) { field = text(); }
+    void read(machine::CodePage &codePage) { codePage = codePages[m_stream.index(5)]; }
+
     /// A failure for every fourth first byte.
-    template <typename T, typename Read>
-    void answer(machine::Answer<T> &answer, Read read)
+    template <typename T>
+    void read(machine::Answer<T> &answer)
     {
         answer = {};
         if (m_stream.byte() % 4 == 0)
             answer.error = error();
         else
-            answer.value = read();
+            read(answer.value.emplace());
     }
 
-    void answerText(machine::Answer<QString> &field)
+    template <typename T>
+    void read(std::optional<T> &field)
     {
-        answer(field, [&] { return text(); });
+        field.reset();
+        if (m_stream.byte() % 4 != 0)
+            read(field.emplace());
     }
 
-    void answer(Asked asked)
+    template <typename T>
+    void read(std::vector<T> &list)
     {
-        machine::SystemAnswers &system = m_machine.system;
-        switch (asked) {
-        case Asked::CodePage:
-            system.ansiCodePage = codePages[m_stream.index(5)];
-            break;
-        case Asked::Version:
-            answer(system.GetVersionEx, [&] { return version(); });
-            break;
-        case Asked::ProductInfo:
-            system.exportsGetProductInfo = m_stream.byte() % 4 != 0;
-            answer(system.GetProductInfo, [&] { return m_stream.number32(); });
-            break;
-        case Asked::Metric: {
-            const int index = m_stream.byte();
-            system.GetSystemMetrics[index] = qint32(m_stream.number32());
-            break;
-        }
-        case Asked::SystemInfo:
-            system.GetSystemInfo = systemInfo();
-            break;
-        case Asked::Memory:
-            answer(system.GlobalMemoryStatusEx, [&] { return memory(); });
-            break;
-        case Asked::ComputerName:
-            answerText(system.GetComputerNameEx[m_stream.index(8)]);
-            break;
-        case Asked::UserName:
-            answerText(system.GetUserName);
-            break;
-        case Asked::RegistryQuota:
-            answer(system.GetSystemRegistryQuota, [&] {
-                machine::QuotaRecord record;
-                record.allowed = m_stream.number32();
-                record.used = m_stream.number32();
-                return record;
-            });
-            break;
-        case Asked::LogicalDrives:
-            answer(system.GetLogicalDrives, [&] { return m_stream.number32(); });
-            break;
-        case Asked::Drive: {
-            const QString root = QString(QChar('A' + m_stream.index(32))) + QStringLiteral(":\\");
-            system.drives[machine::upperCased(root)] = drive();
-            break;
-        }
-        case Asked::WindowsDirectory:
-            answerText(system.GetSystemWindowsDirectory);
-            break;
-        case Asked::Wow64Directory:
-            answerText(system.GetSystemWow64Directory);
-            break;
-        case Asked::Environment: {
-            const QString name = QString::fromLatin1(environmentNames[m_stream.index(5)]);
-            system.environment[name] = text();
-            break;
-        }
-        case Asked::ExpansionError: {
-            const int index = m_stream.index(5);
-            system.ExpandEnvironmentStrings[index] = error();
-            break;
-        }
-        case Asked::SpecialFolder:
-            answerText(system.SHGetSpecialFolderPath[specialFolderNumbers[m_stream.index(5)]]);
-            break;
-        case Asked::Modules:
-            answer(system.EnumProcessModules, [&] { return modules(); });
-            break;
-        case Asked::WinSxS:
-            system.WinSxS = QStringList();
-            for (int count = m_stream.byte(); count > 0 && !m_stream.atEnd(); --count)
-                *system.WinSxS += text().left(longestKeyName);
-            break;
-        case Asked::Library: {
-            const QString name = QString::fromLatin1(libraryNames[m_stream.index(2)]);
-            system.libraries[name] = library();
-            break;
-        }
-        case Asked::Adapters:
-            answer(system.GetAdaptersInfo, [&] { return adapters(); });
-            break;
-        case Asked::TimeZone:
-            system.timeZone = qint32(m_stream.number32());
-            break;
-        case Asked::ComputerNamesError:
-            system.computerNamesError = error();
-            break;
-        case Asked::Count:
-            break;
-        }
-    }
-
-    machine::VersionRecord version()
-    {
-        machine::VersionRecord record;
-        record.dwMajorVersion = small(m_stream.byte());
-        record.dwMinorVersion = small(m_stream.byte());
-        record.dwBuildNumber = m_stream.number32();
-        record.dwPlatformId = small(m_stream.byte());
-        record.szCSDVersion = text();
-        record.wServicePackMajor = m_stream.byte();
-        record.wServicePackMinor = m_stream.byte();
-        record.wSuiteMask = m_stream.word();
-        record.wProductType = m_stream.byte();
-        return record;
-    }
-
-    /// Large numbers where a small one would not do.
-    static quint32 small(quint8 byte) { return byte < 255 ? byte : 0xffffffff; }
-
-    machine::SystemInfoRecord systemInfo()
-    {
-        machine::SystemInfoRecord record;
-        record.wProcessorArchitecture = m_stream.byte();
-        record.dwPageSize = m_stream.number32();
-        record.lpMinimumApplicationAddress = m_stream.number64();
-        record.lpMaximumApplicationAddress = m_stream.number64();
-        record.dwActiveProcessorMask = m_stream.number64();
-        record.dwNumberOfProcessors = m_stream.number32();
-        record.dwProcessorType = m_stream.number32();
-        record.dwAllocationGranularity = m_stream.number32();
-        record.wProcessorLevel = m_stream.word();
-        record.wProcessorRevision = m_stream.word();
-        return record;
-    }
-
-    machine::MemoryRecord memory()
-    {
-        machine::MemoryRecord record;
-        record.dwMemoryLoad = m_stream.number32();
-        for (auto field : {&machine::MemoryRecord::ullTotalPhys, &machine::MemoryRecord::ullAvailPhys,
-                           &machine::MemoryRecord::ullTotalPageFile, &machine::MemoryRecord::ullAvailPageFile,
-                           &machine::MemoryRecord::ullTotalVirtual, &machine::MemoryRecord::ullAvailVirtual})
-            record.*field = m_stream.number64();
-        return record;
-    }
-
-    machine::DriveRecord drive()
-    {
-        machine::DriveRecord record;
-        record.GetDriveType = small(m_stream.byte());
-        answer(record.GetVolumeInformation, [&] {
-            machine::VolumeRecord volume;
-            volume.volumeName = text();
-            volume.fileSystemName = text();
-            return volume;
-        });
-        answer(record.GetDiskFreeSpaceEx, [&] {
-            machine::FreeSpaceRecord space;
-            space.freeBytesAvailableToCaller = m_stream.number64();
-            space.totalNumberOfBytes = m_stream.number64();
-            return space;
-        });
-        return record;
+        list.clear();
+        for (int count = m_stream.index(64); count > 0 && !m_stream.atEnd(); --count)
+            read(list.emplace_back());
     }
 
     /// Some names, and as many more of the last as make up a long list.
-    std::vector<std::optional<QString>> modules()
+    void read(std::vector<std::optional<QString>> &names)
     {
-        std::vector<std::optional<QString>> names;
-        for (int count = m_stream.byte(); count > 0 && !m_stream.atEnd(); --count) {
-            if (m_stream.byte() % 8 == 0)
-                names.emplace_back(std::nullopt);
-            else
-                names.emplace_back(text());
-        }
+        names.clear();
+        for (int count = m_stream.byte(); count > 0 && !m_stream.atEnd(); --count)
+            read(names.emplace_back());
         const auto more = std::size_t(bulk());
         if (!names.empty()) {
             const std::optional<QString> last = names.back();
             names.insert(names.end(), more, last);
         }
-        return names;
     }
 
-    machine::LibraryRecord library()
+    // One entry of a map.
+
+    void read(QMap<int, qint32> &numbers) { read(numbers[m_stream.byte()]); }
+
+    void read(machine::NumberedAnswers &answers)
     {
-        machine::LibraryRecord record;
-        if (m_stream.byte() % 4 == 0)
-            return record;
-        machine::DnsServiceRecord service;
-        service.error = qint32(m_stream.number32());
-        service.DaemonVersion = m_stream.number32();
-        record.DNSServiceGetProperty = service;
-        return record;
+        const int keyCount = int(numberedKeys().size());
+        const int index = m_stream.index(keyCount + 1);
+        if (index < keyCount)
+            read(answers[numberedKeys()[std::size_t(index)]]);
+        else
+            answers.error = error();
     }
 
-    machine::AddressRecord address()
+    void read(QMap<QString, QString> &environment)
     {
-        machine::AddressRecord record;
-        record.address = text().left(longestAdapterText);
-        record.mask = text().left(longestAdapterText);
-        return record;
+        read(environment[QString::fromLatin1(environmentNames[m_stream.index(5)])]);
     }
 
-    std::vector<machine::AddressRecord> addresses()
+    void read(QMap<QString, machine::DriveRecord> &drives)
     {
-        std::vector<machine::AddressRecord> list;
-        for (int count = m_stream.index(64); count > 0; --count)
-            list.push_back(address());
-        return list;
+        read(drives[machine::upperCased(QChar('A' + m_stream.index(32)) + QStringLiteral(":\\"))]);
     }
 
-    machine::AdapterRecord adapter()
+    void read(QMap<QString, machine::LibraryRecord> &libraries)
     {
-        machine::AdapterRecord record;
-        record.Index = small(m_stream.byte());
-        record.AdapterName = text().left(longestAdapterText);
-        record.Description = text().left(longestAdapterText);
-        record.DhcpEnabled = m_stream.byte();
-        record.GatewayList = addresses();
-        record.DhcpServer = addresses();
-        record.HaveWins = qint8(m_stream.byte());
-        record.PrimaryWinsServer = address();
-        record.SecondaryWinsServer = address();
-        record.LeaseObtained = qint64(m_stream.number64());
-        record.LeaseExpires = qint64(m_stream.number64());
-        return record;
-    }
-
-    std::vector<machine::AdapterRecord> adapters()
-    {
-        std::vector<machine::AdapterRecord> list;
-        for (int count = m_stream.index(64); count > 0 && !m_stream.atEnd(); --count)
-            list.push_back(adapter());
-        return list;
+        read(libraries[QString::fromLatin1(libraryNames[m_stream.index(2)])]);
     }
 
     void fail()
@@ -602,6 +458,16 @@ private:
 };
 
 } // namespace
+
+const std::vector<int> &numberedKeys()
+{
+    static const std::vector<int> keys = [] {
+        std::vector<int> result {0, 1, 2, 3, 4, 5, 6, 7};
+        result.insert(result.end(), std::begin(specialFolderNumbers), std::end(specialFolderNumbers));
+        return result;
+    }();
+    return keys;
+}
 
 HostileMachine hostileMachine(const QByteArray &bytes)
 {

@@ -19,7 +19,7 @@ enum class Step : quint8 {
     AddSubKeys,    // how many, byte: kind of name, number of a known value, data
     RemoveSubKey,  // text
     RemoveValue,   // number of a known value
-    Answer,        // an Asked, what it is answered
+    Answer,        // number of an answer, what it is
     Fail,          // byte: which calls, their number, an error
     Change,        // number of a call, byte: a size, so many bytes of steps taken before it
     RunTwice,
@@ -28,31 +28,14 @@ enum class Step : quint8 {
     DenyKey = 255 // no operand; a byte of its own, so that the committed inputs stay what they are
 };
 
-enum class Asked : quint8 {
-    CodePage,
-    Version,
-    ProductInfo,
-    Metric,
-    SystemInfo,
-    Memory,
-    ComputerName,
-    UserName,
-    RegistryQuota,
-    LogicalDrives,
-    Drive,
-    WindowsDirectory,
-    Wow64Directory,
-    Environment,
-    ExpansionError,
-    SpecialFolder,
-    Modules,
-    WinSxS,
-    Library,
-    Adapters,
-    TimeZone,
-    ComputerNamesError,
-    Count
-};
+// What Step::Answer sets, by number: these, and then the fields of SystemAnswers in their
+// order.
+constexpr quint8 expansionErrorAnswer = 0;
+constexpr quint8 winSxSAnswer = 1;
+constexpr quint8 firstFieldAnswer = 2;
+
+/// The keys of NumberedAnswers: the formats of computer names and the special folders.
+const std::vector<int> &numberedKeys();
 
 enum class TextForm : quint8 {
     Latin1,     // byte: length, characters

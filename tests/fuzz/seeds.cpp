@@ -1,6 +1,7 @@
 #include "seeds.h"
 
 #include "byte_stream.h"
+#include "format_limits.h"
 #include "hostile_machine.h"
 #include "known_names.h"
 
@@ -14,14 +15,22 @@ using machine::RegistryValue;
 
 constexpr int longestPiece = 2048;
 
+/// The place of \a key among \a keys, or -1.
+template <typename Key, typename Keys>
+int placeOf(const Key &key, const Keys &keys)
+{
+    const auto found = std::find(std::begin(keys), std::end(keys), key);
+    return found == std::end(keys) ? -1 : int(found - std::begin(keys));
+}
+
 class StepWriter : public ByteWriter
 {
 public:
     void step(Step step) { byte(quint8(step)); }
-    void asked(Asked asked)
+    void answer(int number)
     {
         step(Step::Answer);
-        byte(quint8(asked));
+        byte(quint8(number));
     }
     void form(TextForm form) { byte(quint8(form)); }
     void form(DataForm form) { byte(quint8(form)); }
@@ -44,7 +53,7 @@ public:
         } else if (text.size() < 256) {
             form(TextForm::Utf16);
             byte(quint8(text.size()));
-            units(text);
+            append(utf16Bytes(text));
         } else {
             form(TextForm::Pair);
             this->text(text.left(text.size() / 2));
@@ -70,8 +79,26 @@ public:
         }
     }
 
-    template <typename T, typename Write>
-    void answer(const machine::Answer<T> &answer, Write write)
+    // An answer, or a part of it, by its type. Steps of hostile_machine.cpp is the other
+    // direction.
+
+    template <typename T>
+    void write(const T &field)
+    {
+        if constexpr (std::is_integral_v<T>)
+            number(quint64(field), sizeof field);
+        else
+            T::fields([&](const char *, auto member) { write(field.*member); });
+    }
+
+    void write(const QString &field) { text(field); }
+    void write(const machine::CodePage &codePage)
+    {
+        byte(quint8(placeOf(codePage.number, codePages)));
+    }
+
+    template <typename T>
+    void write(const machine::Answer<T> &answer)
     {
         byte(answer ? 1 : 0);
         if (answer)
@@ -80,24 +107,35 @@ public:
             byte(quint8(answer.error < 250 ? answer.error : 0));
     }
 
-    void answerText(const machine::Answer<QString> &field)
+    template <typename T>
+    void write(const std::optional<T> &field)
     {
-        answer(field, [&](const QString &value) { text(value); });
+        byte(field ? 1 : 0);
+        if (field)
+            write(*field);
+    }
+
+    template <typename T>
+    void write(const std::vector<T> &list)
+    {
+        byte(quint8(list.size()));
+        for (const T &element : list)
+            write(element);
+    }
+
+    void write(const std::vector<std::optional<QString>> &names)
+    {
+        byte(quint8(names.size()));
+        for (const auto &name : names)
+            write(name);
+        byte(0); // no more of the last
     }
 
 private:
-    void units(const QString &text)
-    {
-        for (const QChar unit : text)
-            word(unit.unicode());
-    }
-
     void data(const RegistryValue &value)
     {
         const QByteArray &bytes = value.data;
-        QString text;
-        for (int i = 0; i + 1 < bytes.size(); i += 2)
-            text += QChar(qFromLittleEndian<quint16>(bytes.constData() + i));
+        QString text = utf16Text(bytes);
         const bool isText = bytes.size() % 2 == 0 && (value.type == 1 || value.type == 2)
             && text.endsWith(QChar(QChar::Null));
         if (value.type == 4 && bytes.size() == 4) {
@@ -218,212 +256,83 @@ void addRegistry(const machine::Registry &registry, QMap<QString, QByteArray> &s
     }
 }
 
-// The other answers.
+// The other answers: a step each, and for each entry of a map.
 
-quint8 small(quint32 number)
+template <typename T>
+void addAnswer(StepWriter &writer, int number, const T &field)
 {
-    return quint8(std::min(number, 255u));
+    writer.answer(number);
+    writer.write(field);
 }
 
-void writeVersions(StepWriter &writer, const machine::SystemAnswers &system)
+/// Nothing for a \a key below 0, which the report does not ask for.
+template <typename T>
+void addEntry(StepWriter &writer, int number, int key, const T &entry)
 {
-    writer.asked(Asked::CodePage);
-    writer.byte(quint8(std::find(std::begin(codePages), std::end(codePages), system.ansiCodePage) - std::begin(codePages)));
-    writer.asked(Asked::Version);
-    writer.answer(system.GetVersionEx, [&](const machine::VersionRecord &record) {
-        writer.byte(small(record.dwMajorVersion));
-        writer.byte(small(record.dwMinorVersion));
-        writer.number32(record.dwBuildNumber);
-        writer.byte(small(record.dwPlatformId));
-        writer.text(record.szCSDVersion);
-        writer.byte(small(record.wServicePackMajor));
-        writer.byte(small(record.wServicePackMinor));
-        writer.word(record.wSuiteMask);
-        writer.byte(record.wProductType);
-    });
-    writer.asked(Asked::ProductInfo);
-    writer.byte(system.exportsGetProductInfo ? 1 : 0);
-    writer.answer(system.GetProductInfo, [&](quint32 type) { writer.number32(type); });
-    for (auto it = system.GetSystemMetrics.begin(); it != system.GetSystemMetrics.end(); ++it) {
-        writer.asked(Asked::Metric);
-        writer.byte(quint8(it.key()));
-        writer.number32(quint32(it.value()));
-    }
-}
-
-void writeHardware(StepWriter &writer, const machine::SystemAnswers &system)
-{
-    const machine::SystemInfoRecord &info = system.GetSystemInfo;
-    writer.asked(Asked::SystemInfo);
-    writer.byte(small(info.wProcessorArchitecture));
-    writer.number32(info.dwPageSize);
-    writer.number64(info.lpMinimumApplicationAddress);
-    writer.number64(info.lpMaximumApplicationAddress);
-    writer.number64(info.dwActiveProcessorMask);
-    writer.number32(info.dwNumberOfProcessors);
-    writer.number32(info.dwProcessorType);
-    writer.number32(info.dwAllocationGranularity);
-    writer.word(info.wProcessorLevel);
-    writer.word(info.wProcessorRevision);
-    writer.asked(Asked::Memory);
-    writer.answer(system.GlobalMemoryStatusEx, [&](const machine::MemoryRecord &record) {
-        writer.number32(record.dwMemoryLoad);
-        for (const quint64 number : {record.ullTotalPhys, record.ullAvailPhys, record.ullTotalPageFile,
-                                     record.ullAvailPageFile, record.ullTotalVirtual, record.ullAvailVirtual})
-            writer.number64(number);
-    });
-    writer.asked(Asked::RegistryQuota);
-    writer.answer(system.GetSystemRegistryQuota, [&](const machine::QuotaRecord &record) {
-        writer.number32(record.allowed);
-        writer.number32(record.used);
-    });
-}
-
-void writeNames(StepWriter &writer, const machine::SystemAnswers &system)
-{
-    for (auto it = system.GetComputerNameEx.begin(); it != system.GetComputerNameEx.end(); ++it) {
-        writer.asked(Asked::ComputerName);
-        writer.byte(quint8(it.key()));
-        writer.answerText(it.value());
-    }
-    writer.asked(Asked::UserName);
-    writer.answerText(system.GetUserName);
-}
-
-void writeDrives(StepWriter &writer, const machine::SystemAnswers &system)
-{
-    writer.asked(Asked::LogicalDrives);
-    writer.answer(system.GetLogicalDrives, [&](quint32 mask) { writer.number32(mask); });
-    for (auto it = system.drives.begin(); it != system.drives.end(); ++it) {
-        writer.asked(Asked::Drive);
-        writer.byte(quint8(it.key().at(0).unicode() - 'A'));
-        writer.byte(small(it->GetDriveType));
-        writer.answer(it->GetVolumeInformation, [&](const machine::VolumeRecord &volume) {
-            writer.text(volume.volumeName);
-            writer.text(volume.fileSystemName);
-        });
-        writer.answer(it->GetDiskFreeSpaceEx, [&](const machine::FreeSpaceRecord &space) {
-            writer.number64(space.freeBytesAvailableToCaller);
-            writer.number64(space.totalNumberOfBytes);
-        });
-    }
-}
-
-void writeDirectories(StepWriter &writer, const machine::SystemAnswers &system)
-{
-    writer.asked(Asked::WindowsDirectory);
-    writer.answerText(system.GetSystemWindowsDirectory);
-    writer.asked(Asked::Wow64Directory);
-    writer.answerText(system.GetSystemWow64Directory);
-    for (int i = 0; i < 5; ++i) {
-        writer.asked(Asked::SpecialFolder);
-        writer.byte(quint8(i));
-        writer.answerText(system.SHGetSpecialFolderPath.value(specialFolderNumbers[i]));
-    }
-    for (int i = 0; i < 5; ++i) {
-        const auto variable = system.environment.constFind(QString::fromLatin1(environmentNames[i]));
-        if (variable == system.environment.constEnd())
-            continue;
-        writer.asked(Asked::Environment);
-        writer.byte(quint8(i));
-        writer.text(*variable);
-    }
-    for (auto it = system.ExpandEnvironmentStrings.begin(); it != system.ExpandEnvironmentStrings.end(); ++it) {
-        writer.asked(Asked::ExpansionError);
-        writer.byte(quint8(it.key()));
-        writer.byte(quint8(std::min(*it, 249u)));
-    }
-}
-
-/// The folder is told by the name of another one.
-void writeWinSxS(StepWriter &writer, const machine::SystemAnswers &system)
-{
-    writer.asked(Asked::WindowsDirectory);
-    writer.answerText(system.GetSystemWindowsDirectory);
-    if (!system.WinSxS)
+    if (key < 0)
         return;
-    writer.asked(Asked::WinSxS);
-    writer.byte(quint8(system.WinSxS->size()));
-    for (const QString &name : *system.WinSxS)
-        writer.text(name);
+    writer.answer(number);
+    writer.byte(quint8(key));
+    writer.write(entry);
 }
 
-void writeModules(StepWriter &writer, const machine::SystemAnswers &system)
+void addAnswer(StepWriter &writer, int number, const QMap<int, qint32> &numbers)
 {
-    writer.asked(Asked::Modules);
-    writer.answer(system.EnumProcessModules, [&](const std::vector<std::optional<QString>> &names) {
-        writer.byte(quint8(names.size()));
-        for (const auto &name : names) {
-            writer.byte(name ? 1 : 0);
-            if (name)
-                writer.text(*name);
-        }
-        writer.byte(0); // no more of the last
+    for (auto it = numbers.begin(); it != numbers.end(); ++it)
+        addEntry(writer, number, it.key(), *it);
+}
+
+void addAnswer(StepWriter &writer, int number, const machine::NumberedAnswers &answers)
+{
+    for (auto it = answers.begin(); it != answers.end(); ++it)
+        addEntry(writer, number, placeOf(it.key(), numberedKeys()), *it);
+}
+
+void addAnswer(StepWriter &writer, int number, const QMap<QString, machine::DriveRecord> &drives)
+{
+    for (auto it = drives.begin(); it != drives.end(); ++it)
+        addEntry(writer, number, it.key().at(0).unicode() - 'A', *it);
+}
+
+void addAnswer(StepWriter &writer, int number, const QMap<QString, QString> &environment)
+{
+    for (auto it = environment.begin(); it != environment.end(); ++it)
+        addEntry(writer, number, placeOf(it.key(), environmentNames), *it);
+}
+
+void addAnswer(StepWriter &writer, int number, const QMap<QString, machine::LibraryRecord> &libraries)
+{
+    for (auto it = libraries.begin(); it != libraries.end(); ++it)
+        addEntry(writer, number, placeOf(it.key(), libraryNames), *it);
+}
+
+void addSystem(const machine::SystemAnswers &system, QMap<QString, QByteArray> &seeds)
+{
+    int number = firstFieldAnswer;
+    machine::SystemAnswers::fields([&](const char *name, auto member) {
+        StepWriter writer;
+        addAnswer(writer, number++, system.*member);
+        if (!writer.bytes().isEmpty())
+            seeds[QStringLiteral("system-") + QString::fromLatin1(name).toLower()] = writer.bytes();
     });
-    for (int i = 0; i < 2; ++i) {
-        const auto library = system.libraries.constFind(QString::fromLatin1(libraryNames[i]));
-        if (library == system.libraries.constEnd())
-            continue;
-        writer.asked(Asked::Library);
-        writer.byte(quint8(i));
-        writer.byte(library->DNSServiceGetProperty ? 1 : 0);
-        if (library->DNSServiceGetProperty) {
-            writer.number32(quint32(library->DNSServiceGetProperty->error));
-            writer.number32(library->DNSServiceGetProperty->DaemonVersion);
-        }
+    StepWriter expansions;
+    for (auto it = system.expansionErrors.begin(); it != system.expansionErrors.end(); ++it) {
+        expansions.answer(expansionErrorAnswer);
+        expansions.byte(quint8(placeOf(it.key(), environmentNames)));
+        expansions.byte(quint8(std::min(*it, 249u)));
+    }
+    if (!expansions.bytes().isEmpty())
+        seeds[QStringLiteral("system-expansionerrors")] = expansions.bytes();
+    if (const auto path = machine::winSxSPath(system); path && system.folders.contains(*path)) {
+        const QStringList names = system.folders.value(*path).directories;
+        StepWriter folder;
+        folder.answer(winSxSAnswer);
+        folder.byte(quint8(names.size()));
+        for (const QString &name : names)
+            folder.text(name);
+        seeds[QStringLiteral("system-getsystemwindowsdirectory")] += folder.bytes(); // where it is
     }
 }
-
-void writeAddresses(StepWriter &writer, const std::vector<machine::AddressRecord> &list)
-{
-    writer.byte(quint8(list.size()));
-    for (const machine::AddressRecord &record : list) {
-        writer.text(record.address);
-        writer.text(record.mask);
-    }
-}
-
-void writeAdapters(StepWriter &writer, const machine::SystemAnswers &system)
-{
-    writer.asked(Asked::TimeZone);
-    writer.number32(quint32(system.timeZone));
-    writer.asked(Asked::Adapters);
-    writer.answer(system.GetAdaptersInfo, [&](const std::vector<machine::AdapterRecord> &adapters) {
-        writer.byte(quint8(adapters.size()));
-        for (const machine::AdapterRecord &record : adapters) {
-            writer.byte(small(record.Index));
-            writer.text(record.AdapterName);
-            writer.text(record.Description);
-            writer.byte(small(record.DhcpEnabled));
-            writeAddresses(writer, record.GatewayList);
-            writeAddresses(writer, record.DhcpServer);
-            writer.byte(quint8(record.HaveWins));
-            for (const machine::AddressRecord &address : {record.PrimaryWinsServer, record.SecondaryWinsServer}) {
-                writer.text(address.address);
-                writer.text(address.mask);
-            }
-            writer.number64(quint64(record.LeaseObtained));
-            writer.number64(quint64(record.LeaseExpires));
-        }
-    });
-}
-
-struct Piece
-{
-    const char *name;
-    void (*write)(StepWriter &, const machine::SystemAnswers &);
-};
-
-constexpr Piece pieces[] = {
-    {"system-versions", writeVersions},
-    {"system-hardware", writeHardware},
-    {"system-names", writeNames},
-    {"system-drives", writeDrives},
-    {"system-directories", writeDirectories},
-    {"system-winsxs", writeWinSxS},
-    {"system-modules", writeModules},
-    {"system-adapters", writeAdapters},
-};
 
 } // namespace
 
@@ -431,10 +340,6 @@ QMap<QString, QByteArray> seedsOf(const machine::Machine &machine)
 {
     QMap<QString, QByteArray> seeds;
     addRegistry(machine.registry, seeds);
-    for (const Piece &piece : pieces) {
-        StepWriter writer;
-        piece.write(writer, machine.system);
-        seeds[QString::fromLatin1(piece.name)] = writer.bytes();
-    }
+    addSystem(machine.system, seeds);
     return seeds;
 }

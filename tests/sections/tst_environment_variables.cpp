@@ -116,6 +116,7 @@ void textRows()
 void simulatedRows()
 {
     const Described all = machineOf(allVariables);
+    const QStringList names = {"OS", "PATH", "HOMEPATH", "TEMP", "PROCESSOR_IDENTIFIER"};
     QStringList failed;
     for (int i = 0; i < 5; ++i)
         failed += QString("Expand env var %1 failed!\n").arg(i);
@@ -126,7 +127,7 @@ void simulatedRows()
               "OS       = a\nPATH     = b\nHOMEPATH = c\nTEMP     = d\nPROCESSOR_IDENTIFIER = e\n");
     for (int i = 0; i < 5; ++i) {
         machine::Machine machine = all.machine;
-        machine.system.ExpandEnvironmentStrings[i] = ERROR_NOT_ENOUGH_MEMORY;
+        machine.system.expansionErrors[names.at(i)] = ERROR_NOT_ENOUGH_MEMORY;
         rows.text(QString("template %1 fails: its number alone names it").arg(i), machine, linesWith(i, failed.at(i)));
         rows.failure(QString("call %1 fails").arg(i), all, "ExpandEnvironmentStringsW", i, linesWith(i, failed.at(i)));
     }

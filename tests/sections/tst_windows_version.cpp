@@ -70,8 +70,8 @@ machine::Machine machineOf(const ReleaseFacts &facts)
     machine.system.GetVersionEx.value = version;
     machine.system.GetSystemInfo.wProcessorArchitecture = facts.architecture;
     machine.system.GetSystemMetrics.insert(SM_SERVERR2, facts.isServerR2);
-    machine.system.exportsGetProductInfo = facts.editionCode.has_value();
-    machine.system.GetProductInfo.value = facts.editionCode;
+    if (facts.editionCode)
+        machine.system.GetProductInfo.emplace().value = {*facts.editionCode};
     return machine;
 }
 

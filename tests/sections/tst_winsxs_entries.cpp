@@ -25,7 +25,7 @@ Described machineOf(const QStringList &names)
 {
     machine::Machine machine;
     machine.system.GetSystemWindowsDirectory.value = "C:\\Windows";
-    machine.system.WinSxS = names;
+    machine.system.folders["C:\\Windows\\WinSxS"].directories = names;
     return machine;
 }
 
@@ -51,12 +51,10 @@ void nameRows()
         {"a_microsoft.vc90.crt", "c_microsoft.vc90.crt"});
     row("placeholders stay", {"%1_microsoft.vc90.crt_%2"}, {"%1_microsoft.vc90.crt_%2"});
     row("a name that starts with a dot", {".microsoft.vc90.crt"}, {".microsoft.vc90.crt"});
-    const Described two = machineOf({"b_microsoft.vc90.crt", "d_microsoft.vc90.crt"});
-    SectionRows::row("files are not listed", [=] {
-        const DescribedWindows windows(two.machine);
-        const simulated::WinSxSFiles files({"a_microsoft.vc90.crt", "Microsoft.VCCRT", "c_microsoft.vc90.crt.manifest"});
-        COMPARE_TEXT(winSxSDirectoryEntries(), title + QString("b_microsoft.vc90.crt\nd_microsoft.vc90.crt\n"));
-    });
+    Described withFiles = machineOf({"b_microsoft.vc90.crt", "d_microsoft.vc90.crt"});
+    withFiles.machine.system.folders["C:\\Windows\\WinSxS"].files
+        = QStringList {"a_microsoft.vc90.crt", "Microsoft.VCCRT", "c_microsoft.vc90.crt.manifest"};
+    rows.text("files are not listed", withFiles, "b_microsoft.vc90.crt\nd_microsoft.vc90.crt\n");
 }
 
 void orderRows()

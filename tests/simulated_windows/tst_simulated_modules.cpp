@@ -219,7 +219,7 @@ void SimulatedModulesTest::kernelKnowsOneFunction()
     const HMODULE kernel = GetModuleHandleW(L"kernel32.dll");
     QVERIFY(GetProcAddress(kernel, "GetProductInfo"));
     QVERIFY(!GetProcAddress(kernel, "DNSServiceGetProperty"));
-    simulated::machineInUse().system.exportsGetProductInfo = false;
+    simulated::machineInUse().system.GetProductInfo.reset();
     QVERIFY(!GetProcAddress(kernel, "GetProductInfo"));
     QCOMPARE(simulated::handleMisuses(), QStringList());
 }

@@ -33,6 +33,7 @@ private Q_SLOTS:
     void computerNames();
     void texts_data();
     void texts();
+    void membersGivenTwice();
     void drives();
     void environment();
     void environmentOfAVariableNamedError();
@@ -120,7 +121,7 @@ State state(const SystemAnswers &answers, const QByteArray &name)
 {
     const QHash<QByteArray, State> states {
         {"GetVersionEx", stateOf(answers.GetVersionEx)},
-        {"GetProductInfo", stateOf(answers.GetProductInfo)},
+        {"GetProductInfo", stateOf(answers.GetProductInfo.value_or(Answer<ProductInfoRecord>()))},
         {"GlobalMemoryStatusEx", stateOf(answers.GlobalMemoryStatusEx)},
         {"GetUserName", stateOf(answers.GetUserName)},
         {"GetSystemRegistryQuota", stateOf(answers.GetSystemRegistryQuota)},
@@ -129,7 +130,7 @@ State state(const SystemAnswers &answers, const QByteArray &name)
         {"GetSystemWow64Directory", stateOf(answers.GetSystemWow64Directory)},
         {"EnumProcessModules", stateOf(answers.EnumProcessModules)},
         {"GetAdaptersInfo", stateOf(answers.GetAdaptersInfo)},
-        {"GetComputerNameEx", {!answers.GetComputerNameEx.isEmpty(), answers.computerNamesError}},
+        {"GetComputerNameEx", {!answers.GetComputerNameEx.isEmpty(), answers.GetComputerNameEx.error}},
     };
     return states.value(name);
 }
@@ -166,7 +167,7 @@ void SystemFileTest::nothingGiven()
     const SystemAnswers answers = read(json);
     QVERIFY(!state(answers, name).given);
     QCOMPARE(state(answers, name).error, quint32(0));
-    QVERIFY(!answers.exportsGetProductInfo);
+    QVERIFY(!answers.GetProductInfo);
 }
 
 void SystemFileTest::failures_data()
@@ -242,9 +243,10 @@ void SystemFileTest::productInfo()
 {
     QFETCH(QByteArray, json);
     const SystemAnswers answers = read(json);
-    QTEST(answers.exportsGetProductInfo, "exported");
-    QTEST(bool(answers.GetProductInfo), "given");
-    QTEST(answers.GetProductInfo.value.value_or(0), "type");
+    QTEST(answers.GetProductInfo.has_value(), "exported");
+    const auto product = answers.GetProductInfo.value_or(Answer<ProductInfoRecord>());
+    QTEST(bool(product), "given");
+    QTEST(product.value.value_or(ProductInfoRecord()).dwReturnedProductType, "type");
 }
 
 void SystemFileTest::systemInfo()
@@ -304,6 +306,8 @@ void SystemFileTest::numbers_data()
     QTest::newRow("with a fraction of nothing") << QByteArray("5.0") << quint64(5);
     QTest::newRow("the first integer that a double lacks") << QByteArray("9007199254740993") << quint64(9007199254740993);
     QTest::newRow("the largest signed one") << QByteArray("9223372036854775807") << quint64(9223372036854775807);
+    QTest::newRow("long, with a fraction of nothing: the next double")
+        << QByteArray("12345678901234567890.0") << quint64(12345678901234567168u);
     QTest::newRow("negative") << QByteArray("-1") << ~quint64(0);
     QTest::newRow("2^63") << QByteArray("9223372036854775808") << (quint64(1) << 63);
     QTest::newRow("the largest one") << QByteArray("18446744073709551615") << ~quint64(0);
@@ -364,7 +368,7 @@ void SystemFileTest::computerNames()
     QCOMPARE(answers.GetComputerNameEx.value(3).error, 0u);
     QVERIFY(!answers.GetComputerNameEx.value(4));
     QCOMPARE(answers.GetComputerNameEx.value(4).error, 87u);
-    QCOMPARE(answers.computerNamesError, 0u);
+    QCOMPARE(answers.GetComputerNameEx.error, 0u);
 }
 
 void SystemFileTest::texts_data()
@@ -380,6 +384,8 @@ void SystemFileTest::texts_data()
                                                       << QStringLiteral("\ufeffA");
     QTest::newRow("a byte-order mark as escape") << QByteArray("\"\\ufeffA\"") << QStringLiteral("\ufeffA");
     QTest::newRow("a lone surrogate") << QByteArray("\"A\\ud800\"") << QString(QStringLiteral("A") + QChar(0xd800));
+    QTest::newRow("a null as it is") << QByteArray("\"A\0B\"", 5)
+                                     << QString(QStringLiteral("A") + QChar(0) + QStringLiteral("B"));
     QTest::newRow("a null") << QByteArray("\"A\\u0000B\"") << QString(QStringLiteral("A") + QChar(0) + QStringLiteral("B"));
 }
 
@@ -390,6 +396,15 @@ void SystemFileTest::texts()
     QCOMPARE(*readMember("GetUserName", json).GetUserName, expected);
     QCOMPARE(*readMember("GetSystemWindowsDirectory", json).GetSystemWindowsDirectory, expected);
     QCOMPARE(*readMember("GetSystemWow64Directory", json).GetSystemWow64Directory, expected);
+}
+
+void SystemFileTest::membersGivenTwice()
+{
+    QCOMPARE(*read(R"({"GetUserName": "A", "GetUserName": "B"})").GetUserName, QStringLiteral("B"));
+    const SystemAnswers answers = readMember("environment", R"({"path": "A", "Path": "B", "PATH": "C"})");
+    QCOMPARE(answers.environment.value(QStringLiteral("PATH")), QStringLiteral("A")); // the last by code units
+    const QByteArray value = "{\"ullTotalPhys\": {}, \"ullTotalPhys\": 18446744073709551615}";
+    QCOMPARE(readMember("GlobalMemoryStatusEx", value).GlobalMemoryStatusEx->ullTotalPhys, ~quint64(0));
 }
 
 void SystemFileTest::drives()
@@ -405,23 +420,23 @@ void SystemFileTest::drives()
         answers.drives.keys(),
         QStringList({QStringLiteral("C:\\"), QStringLiteral("D:\\"), QStringLiteral("E:\\"), QStringLiteral("F:\\")}));
     const DriveRecord c = answers.drives.value(QStringLiteral("C:\\"));
-    QCOMPARE(c.GetDriveType, 3u);
+    QCOMPARE(*c.GetDriveType, 3u);
     QCOMPARE(c.GetVolumeInformation->volumeName, QStringLiteral("System"));
     QCOMPARE(c.GetVolumeInformation->fileSystemName, QStringLiteral("NTFS"));
     QCOMPARE(c.GetDiskFreeSpaceEx->freeBytesAvailableToCaller, quint64(1) << 32);
     QCOMPARE(c.GetDiskFreeSpaceEx->totalNumberOfBytes, quint64(5000000000));
     const DriveRecord d = answers.drives.value(QStringLiteral("D:\\"));
-    QCOMPARE(d.GetDriveType, 5u);
+    QCOMPARE(*d.GetDriveType, 5u);
     QVERIFY(!d.GetVolumeInformation);
     QVERIFY(!d.GetDiskFreeSpaceEx);
     QCOMPARE(d.GetDiskFreeSpaceEx.error, 21u);
     const DriveRecord e = answers.drives.value(QStringLiteral("E:\\"));
-    QCOMPARE(e.GetDriveType, 0u);
+    QVERIFY(!e.GetDriveType);
+    QCOMPARE(e.GetDriveType.error, 3u);
     QVERIFY(bool(e.GetVolumeInformation));
     QCOMPARE(e.GetVolumeInformation->volumeName, QString());
     const DriveRecord f = answers.drives.value(QStringLiteral("F:\\"));
-    QCOMPARE(f.GetDriveType, 0u);
-    QVERIFY(!f.GetVolumeInformation && !f.GetDiskFreeSpaceEx);
+    QVERIFY(!f.GetDriveType && !f.GetVolumeInformation && !f.GetDiskFreeSpaceEx);
 }
 
 void SystemFileTest::environment()
@@ -441,9 +456,12 @@ void SystemFileTest::environmentOfAVariableNamedError()
 
 void SystemFileTest::expansionFailures()
 {
-    const SystemAnswers answers = readMember("ExpandEnvironmentStrings",
-                                             "{\"0\": {\"error\": 8}, \"4\": {\"error\": 0}, \"1\": null, \"2\": {}}");
-    QCOMPARE(answers.ExpandEnvironmentStrings, (QMap<int, quint32> {{0, 8}, {4, 0}}));
+    const Machine machine = readMachine(R"({"ExpandEnvironmentStrings": {
+        "0": {"error": 8}, "4": {"error": 0}, "1": null, "2": {}, "5": {"error": 1}, "0x3": {"error": 7}}})");
+    const QMap<QString, quint32> expected {
+        {QStringLiteral("OS"), 8}, {QStringLiteral("PROCESSOR_IDENTIFIER"), 0}, {QStringLiteral("TEMP"), 7}};
+    QCOMPARE(machine.system.expansionErrors, expected);
+    QCOMPARE(read(writeSystemFile(machine)).expansionErrors, expected);
 }
 
 void SystemFileTest::specialFolders()
@@ -469,23 +487,27 @@ void SystemFileTest::modules()
 
 void SystemFileTest::winSxS_data()
 {
-    QTest::addColumn<QByteArray>("json");
+    QTest::addColumn<QByteArray>("member");
     QTest::addColumn<bool>("exists");
     QTest::addColumn<QStringList>("names");
-    QTest::newRow("absent: no such folder") << QByteArray("{}") << false << QStringList();
-    QTest::newRow("null: no such folder") << QByteArray("{\"WinSxS\": null}") << false << QStringList();
-    QTest::newRow("an error: no such folder") << QByteArray("{\"WinSxS\": {\"error\": 3}}") << false << QStringList();
-    QTest::newRow("an empty list: an empty folder") << QByteArray("{\"WinSxS\": []}") << true << QStringList();
-    QTest::newRow("names") << QByteArray("{\"WinSxS\": [\"b\", \"a\"]}") << true
+    QTest::newRow("absent: no such folder") << QByteArray() << false << QStringList();
+    QTest::newRow("null: no such folder") << QByteArray(", \"WinSxS\": null") << false << QStringList();
+    QTest::newRow("an error: no such folder") << QByteArray(", \"WinSxS\": {\"error\": 3}") << false << QStringList();
+    QTest::newRow("an empty list: an empty folder") << QByteArray(", \"WinSxS\": []") << true << QStringList();
+    QTest::newRow("names") << QByteArray(", \"WinSxS\": [\"b\", \"a\"]") << true
                            << QStringList({QStringLiteral("b"), QStringLiteral("a")});
 }
 
 void SystemFileTest::winSxS()
 {
-    QFETCH(QByteArray, json);
-    const SystemAnswers answers = read(json);
-    QTEST(answers.WinSxS.has_value(), "exists");
-    QTEST(answers.WinSxS.value_or(QStringList()), "names");
+    QFETCH(QByteArray, member);
+    const QString path = QStringLiteral("C:\\W\\WinSxS");
+    const Machine machine = readMachine("{\"GetSystemWindowsDirectory\": \"C:\\\\W\"" + member + '}');
+    for (const SystemAnswers &answers : {machine.system, read(writeSystemFile(machine))}) {
+        QTEST(answers.folders.contains(path), "exists");
+        QTEST(answers.folders.value(path).directories, "names");
+    }
+    QVERIFY2(read("{\"timeZone\": 0" + member + '}').folders.isEmpty(), "without a Windows directory it is nowhere");
 }
 
 void SystemFileTest::libraries()
@@ -573,7 +595,7 @@ void SystemFileTest::ansiCodePage_data()
 void SystemFileTest::ansiCodePage()
 {
     QFETCH(QByteArray, json);
-    QTEST(read(json).ansiCodePage, "number");
+    QTEST(read(json).ansiCodePage.number, "number");
 }
 
 void SystemFileTest::unknownMembersAreIgnored_data()
@@ -675,6 +697,9 @@ void SystemFileTest::syntaxErrors_data()
     QTest::newRow("a text that does not end") << QByteArray("{\n\"GetUserName\": \"A}") << 2;
     QTest::newRow("an object that does not end") << QByteArray("{\n\"timeZone\": 0") << 2;
     QTest::newRow("something behind the object") << QByteArray("{\n}\nmore") << 3;
+    QTest::newRow("a byte that is no UTF-8") << QByteArray("{\n\"GetUserName\": \"A\xff\"\n}\n") << 2;
+    QTest::newRow("objects in objects without end") << "{\n" + QByteArray("{\"a\":").repeated(1000000).mid(1) << 2;
+    QTest::newRow("lists in lists without end") << "{\"a\":\n" + QByteArray(1000000, '[') << 2;
     QTest::newRow("carriage returns") << QByteArray("{\r\n\"timeZone\": zero\r\n}\r\n") << 2;
 }
 
@@ -693,8 +718,8 @@ void SystemFileTest::syntaxErrors()
 void SystemFileTest::failureOfAllComputerNamesIsWritten()
 {
     const Machine machine = readMachine("{\"GetComputerNameEx\": {\"error\": 5}}");
-    QCOMPARE(machine.system.computerNamesError, 5u);
-    QCOMPARE(read(writeSystemFile(machine)).computerNamesError, 5u);
+    QCOMPARE(machine.system.GetComputerNameEx.error, 5u);
+    QCOMPARE(read(writeSystemFile(machine)).GetComputerNameEx.error, 5u);
 }
 
 void SystemFileTest::leaseTimesAreWritten_data()

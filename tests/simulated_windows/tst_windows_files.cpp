@@ -1,4 +1,4 @@
-// QDir over the WinSxS folder of the described machine.
+// QDir over folders of the described machine.
 
 #include "described_windows.h"
 #include "simulated_windows.h"
@@ -18,6 +18,7 @@ private Q_SLOTS:
     void names_data();
     void names();
     void filesBesideDirectories();
+    void anyFolder();
     void otherFilesAreTheProcess();
     void followsTheMachine();
 };
@@ -120,14 +121,31 @@ void WindowsFilesTest::filesBesideDirectories()
 {
     const DescribedWindows windows(QByteArray(), system("\"C:\\\\Windows\"", "[\"a\", \"c\"]"));
     {
-        const simulated::WinSxSFiles files({QStringLiteral("b"), QStringLiteral("d")});
+        QStringList &files = simulated::machineInUse().system.folders[QStringLiteral("C:\\Windows\\WinSxS")].files;
+        files = QStringList {"b", "d"};
         const QStringList any(QStringLiteral("?"));
         QCOMPARE(winSxS().entryList(any, QDir::Files, QDir::Name), QStringList({"b", "d"}));
         QCOMPARE(winSxS().entryList(any, QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name), QStringList({"a", "c"}));
         QCOMPARE(winSxS().entryList(any, QDir::Dirs | QDir::Files | QDir::NoDotAndDotDot, QDir::Name),
                  QStringList({"a", "b", "c", "d"}));
+        files.clear();
     }
     QCOMPARE(winSxS().entryList(QDir::Files), QStringList());
+}
+
+void WindowsFilesTest::anyFolder()
+{
+    machine::Machine machine;
+    machine.system.folders[QStringLiteral("D:\\Data")].directories = QStringList {"b", "a"};
+    machine.system.folders[QStringLiteral("\\\\srv\\share\\")].directories = QStringList {"c"};
+    const DescribedWindows windows(machine);
+    simulated::knowsMachine();
+    const QDir::Filters directories = QDir::Dirs | QDir::NoDotAndDotDot;
+    QCOMPARE(QDir(QStringLiteral("d:\\data")).entryList(directories), QStringList({"a", "b"}));
+    QCOMPARE(QDir(QStringLiteral("\\\\srv\\share")).entryList(directories), QStringList({"c"}));
+    QVERIFY(QDir(QStringLiteral("D:\\Data\\a")).exists());
+    QVERIFY(!QDir(QStringLiteral("D:\\Data\\c")).exists());
+    QVERIFY(!QDir(QStringLiteral("D:\\")).exists());
 }
 
 void WindowsFilesTest::otherFilesAreTheProcess()
