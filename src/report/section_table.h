@@ -23,8 +23,11 @@ enum class Followed {
 /// report, vkreplay, vkcapture, the benchmark, and the tests.
 struct Section
 {
-    /// Base name of its source file, of its test and of its golden text.
+    /// Base name of its source file and of its test.
     const char *file;
+    /// Tells sections of one file apart; null for a file with one section. The golden text of
+    /// a section is FILE.txt or FILE_VARIANT.txt.
+    const char *variant;
     /// Name of its function, as the user of a program writes it. Where the function takes
     /// an argument it follows after a colon: "portsFromRegistry:SERIALCOMM".
     const char *name;

@@ -1,6 +1,8 @@
 #include "win/dnssd_service.h"
 
 #include "report/text.h"
+#include "vkSystemInfo.h"
+#include "win/windows_sections.h"
 
 #include <utility>
 #include <windows.h>
@@ -13,6 +15,9 @@ namespace {
 constexpr int serviceNotRunning = -65563; // kDNSServiceErr_ServiceNotRunning of dns_sd.h
 
 using GetPropertyFunction = qint32(WINAPI *)(const char *property, void *result, DWORD *size);
+
+constexpr const wchar_t *standardLibrary = L"dnssd.dll";
+constexpr const wchar_t *velkorLibrary = L"vkdnssd.dll";
 
 /// Owns a library that is loaded at run time.
 class Library
@@ -38,6 +43,14 @@ private:
 QString versionText(quint32 version)
 {
     return QStringLiteral("%1.%2.%3").arg(version / 10000).arg(version / 100 % 100).arg(version % 100);
+}
+
+QString status(const char *label, const wchar_t *libraryFileName)
+{
+    int errorCode = 0;
+    QString version;
+    const bool installed = checkDnssdLibrary(libraryFileName, errorCode, version);
+    return formatDnssdStatus(QString::fromLatin1(label), installed, errorCode, version);
 }
 
 } // namespace
@@ -79,12 +92,24 @@ QString formatDnssdStatus(QString label, bool installed, int errorCode, const QS
     return text;
 }
 
-QString dnssdStatus(const char *label, const wchar_t *libraryFileName)
+bool checkStandardBonjour(int &errorCode, QString &version)
 {
-    int errorCode = 0;
-    QString version;
-    const bool installed = checkDnssdLibrary(libraryFileName, errorCode, version);
-    return formatDnssdStatus(QString::fromLatin1(label), installed, errorCode, version);
+    return checkDnssdLibrary(standardLibrary, errorCode, version);
+}
+
+bool checkVelkorBonjour(int &errorCode, QString &version)
+{
+    return checkDnssdLibrary(velkorLibrary, errorCode, version);
+}
+
+QString checkStandardBonjourText()
+{
+    return status("Standard Bonjour: ", standardLibrary);
+}
+
+QString checkVelkorBonjourText()
+{
+    return status("velkor DNS-SD: ", velkorLibrary);
 }
 
 } // namespace WinSysInfo

@@ -14,9 +14,6 @@ bool checkDnssdLibrary(const wchar_t *libraryFileName, int &errorCode, QString &
 /// The lines of a check, after \a label.
 QString formatDnssdStatus(QString label, bool installed, int errorCode, const QString &version);
 
-/// Checks the library \a libraryFileName and returns the lines.
-QString dnssdStatus(const char *label, const wchar_t *libraryFileName);
-
 } // namespace WinSysInfo
 } // namespace SystemInfo
 } // namespace velkor

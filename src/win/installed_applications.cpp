@@ -3,7 +3,9 @@
 #include "win/windows_sections.h"
 
 #include <QtCore/QStringList>
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 
 namespace velkor {
 namespace SystemInfo {
@@ -73,9 +75,14 @@ const KnownApplication *knownApplication(const char *productName)
     return nullptr;
 }
 
-QString productsPath()
+QString machineProductsPath()
 {
     return QStringLiteral("Installer\\Products");
+}
+
+QString userProductsPath()
+{
+    return QStringLiteral("Software\\Microsoft\\Installer\\Products");
 }
 
 QString openCommandPath(const QString &projectType)
@@ -122,12 +129,20 @@ void appendApplicationBlock(QString &text, HKEY productKey, const KnownApplicati
     appendLine(text, QString());
 }
 
+constexpr const char *tools[] = {"M4-M8-vkUpdate", "Device Flasher", "T-BOX-vkUpdate"};
+
+bool isTool(const char *productName)
+{
+    return std::any_of(std::begin(tools), std::end(tools),
+                       [=](const char *tool) { return std::strcmp(productName, tool) == 0; });
+}
+
 } // namespace
 
 RegistryReads applicationReads()
 {
     const QStringList defaultValue(QStringLiteral(""));
-    RegistryReads reads = productReads(HKEY_CLASSES_ROOT, productsPath());
+    RegistryReads reads = productReads(HKEY_CLASSES_ROOT, machineProductsPath());
     for (const KnownApplication &application : knownApplications) {
         for (const char *extension : application.extensions) {
             if (extension)
@@ -143,9 +158,28 @@ QString installedApplicationsFromRegistry()
     QString text;
     appendLine(text, QStringLiteral(">>> Info about installed Velkor applications from registry:"));
     appendLine(text, QString());
-    forEachProduct(HKEY_CLASSES_ROOT, productsPath(), [&](HKEY key, const TextBuffer &name) {
+    forEachProduct(HKEY_CLASSES_ROOT, machineProductsPath(), [&](HKEY key, const TextBuffer &name) {
         if (const KnownApplication *application = knownApplication(name.data()))
             appendApplicationBlock(text, key, *application);
+    });
+    return text;
+}
+
+RegistryReads visualBasicApplicationReads()
+{
+    return productReads(HKEY_CURRENT_USER, userProductsPath());
+}
+
+QString installedVisualBasicApplications()
+{
+    QString text;
+    appendLine(text, QStringLiteral(">>> Info about installed Velkor Visual Basic applications from registry:"));
+    appendLine(text, QString());
+    forEachProduct(HKEY_CURRENT_USER, userProductsPath(), [&](HKEY key, const TextBuffer &name) {
+        if (!isTool(name.data()))
+            return;
+        installerProductValues(key, text);
+        appendLine(text, QString());
     });
     return text;
 }

@@ -52,14 +52,10 @@ QString openGLDrivers()
     return text;
 }
 
-/// Such as "video_info.txt", or "disk_devices_usbstor.txt" for a function with an argument.
 QString goldenFile(const Section &section)
 {
-    const QString argument = QString::fromLatin1(section.name).section(QLatin1Char(':'), 1);
-    QString name = QLatin1String(section.file);
-    if (!argument.isEmpty())
-        name += QLatin1Char('_') + argument.toLower().replace(QLatin1Char(' '), QLatin1Char('_'));
-    return name + QStringLiteral(".txt");
+    const QString variant = section.variant ? QLatin1Char('_') + QString::fromLatin1(section.variant) : QString();
+    return QLatin1String(section.file) + variant + QStringLiteral(".txt");
 }
 
 std::vector<GoldenText> goldenTexts()
