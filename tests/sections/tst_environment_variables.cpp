@@ -83,7 +83,7 @@ QString textOf(const Variables &variables)
 
 void addText(const char *name, const Variables &variables, const QString &lines)
 {
-    SectionRows::row(name, [=] { COMPARE_TEXT(textOf(variables), title + lines); });
+    addTestRow(name, [=] { COMPARE_TEXT(textOf(variables), title + lines); });
 }
 
 #endif
@@ -135,7 +135,7 @@ void simulatedRows()
     addText("a far longer one", with("PROCESSOR_IDENTIFIER", QString(99977, 'x')),
             linesWith(4, "Expand env var 4, buffer too small, would need 100001\n"));
     // Only a null is taken off the end.
-    SectionRows::row("without terminators", [] {
+    addTestRow("without terminators", [] {
         const DescribedWindows windows(machineOf(allVariables).machine);
         const simulated::UnterminatedTexts unterminated;
         COMPARE_TEXT(someEnvironmentVariables(), title + allLines.join(QString()));
@@ -164,4 +164,4 @@ void addRows()
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

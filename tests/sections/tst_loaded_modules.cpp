@@ -112,11 +112,11 @@ void modulesOfThisProcess()
 void addRows()
 {
     if (!windowsIsSimulated)
-        return SectionRows::row("modules of this process", modulesOfThisProcess);
+        return addTestRow("modules of this process", modulesOfThisProcess);
     nameRows();
     callRows();
 }
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

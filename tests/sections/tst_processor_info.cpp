@@ -158,7 +158,7 @@ void whatWindowsAnswers()
 void addRows()
 {
     if (!windowsIsSimulated)
-        return SectionRows::row("what Windows answers", whatWindowsAnswers);
+        return addTestRow("what Windows answers", whatWindowsAnswers);
     rows.text("an empty machine", "", section(zeros()));
     rows.withoutMachine(section(zeros()));
     nameRows();
@@ -169,4 +169,4 @@ void addRows()
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

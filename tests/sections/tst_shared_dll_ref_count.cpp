@@ -125,8 +125,6 @@ void valueNameRows()
         "C:\\?\\system32\\a.dll");
 }
 
-#endif
-
 const QString warning = "warning: velkor::SystemInfo::WinSysInfo::refCountSharedDll ";
 
 // The registry is not queried.
@@ -161,6 +159,8 @@ void callRows()
     lines.failure("the list does not close: nothing shows", three, "RegCloseKey", 0, "3\n");
 }
 
+#endif
+
 void addRows()
 {
     countRows();
@@ -173,4 +173,4 @@ void addRows()
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

@@ -91,11 +91,11 @@ void foldersOfThisSystem()
 void addRows()
 {
     if (!windowsIsSimulated)
-        return SectionRows::row("folders of this system", foldersOfThisSystem);
+        return addTestRow("folders of this system", foldersOfThisSystem);
     textRows();
     callRows();
 }
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

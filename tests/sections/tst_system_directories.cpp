@@ -79,11 +79,11 @@ void directoriesOfThisSystem()
 void addRows()
 {
     if (!windowsIsSimulated)
-        return SectionRows::row("directories of this system", directoriesOfThisSystem);
+        return addTestRow("directories of this system", directoriesOfThisSystem);
     textRows();
     callRows();
 }
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

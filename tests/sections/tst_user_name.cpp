@@ -63,7 +63,7 @@ void whatWindowsAnswers()
 void addRows()
 {
     if (!windowsIsSimulated)
-        return SectionRows::row("what Windows answers", whatWindowsAnswers);
+        return addTestRow("what Windows answers", whatWindowsAnswers);
     nameRows();
 #ifdef SIMULATED_WINDOWS
     unterminatedRows();
@@ -75,4 +75,4 @@ void addRows()
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

@@ -102,7 +102,7 @@ void addText(const QString &name, const Described &machine, const QString &detai
 /// The release of these facts, and of a machine that has them.
 void addRow(const QString &name, const ReleaseFacts &facts, const QString &release)
 {
-    SectionRows::row(name, [=] { COMPARE_TEXT(releaseName(facts), release); });
+    addTestRow(name, [=] { COMPARE_TEXT(releaseName(facts), release); });
     if (!windowsIsSimulated)
         return;
     const auto number = [](quint32 major, quint32 minor, quint32 build) {
@@ -322,7 +322,7 @@ void unknownRows()
 void editionRows()
 {
     const auto row = [](quint32 code, const char *expected) {
-        SectionRows::row(QString("edition %1").arg(code), [=] { QCOMPARE(productTypeName(code), QString(expected)); });
+        addTestRow(QString("edition %1").arg(code), [=] { QCOMPARE(productTypeName(code), QString(expected)); });
     };
     row(PRODUCT_ULTIMATE, "Ultimate Edition");
     row(PRODUCT_HOME_BASIC, "Home Basic Edition");
@@ -723,4 +723,4 @@ void addRows()
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

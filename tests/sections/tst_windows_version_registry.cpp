@@ -147,10 +147,10 @@ void addRows()
     bufferRows();
     sizeRows();
 #ifdef SIMULATED_WINDOWS
-    SectionRows::row("keys of the report with the 64-bit view", keysWithThe64BitView);
+    addTestRow("keys of the report with the 64-bit view", keysWithThe64BitView);
 #endif
 }
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

@@ -52,7 +52,7 @@ void nameRows()
     row("placeholders stay", {"%1_microsoft.vc90.crt_%2"}, {"%1_microsoft.vc90.crt_%2"});
     row("a name that starts with a dot", {".microsoft.vc90.crt"}, {".microsoft.vc90.crt"});
     const Described two = machineOf({"b_microsoft.vc90.crt", "d_microsoft.vc90.crt"});
-    SectionRows::row("files are not listed", [=] {
+    addTestRow("files are not listed", [=] {
         const DescribedWindows windows(two.machine);
         const simulated::WinSxSFiles files({"a_microsoft.vc90.crt", "Microsoft.VCCRT", "c_microsoft.vc90.crt.manifest"});
         COMPARE_TEXT(winSxSDirectoryEntries(), title + QString("b_microsoft.vc90.crt\nd_microsoft.vc90.crt\n"));
@@ -173,12 +173,12 @@ void addedFolders()
 }
 void addRows()
 {
-    SectionRows::row("same as Windows", sameAsWindows);
-    SectionRows::row("added folders", addedFolders);
+    addTestRow("same as Windows", sameAsWindows);
+    addTestRow("added folders", addedFolders);
 }
 
 #endif
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));
