@@ -6,13 +6,14 @@
 // simulated Windows and are not added elsewhere.
 #pragma once
 
+#include <windows.h> // before machine.h, whose members have names of its macros
+
 #include "described_windows.h"
 #include "registry_values.h"
 #include "rows.h"
 #include "texts.h"
 
 #include <functional>
-#include <windows.h>
 
 #ifdef SIMULATED_WINDOWS
 constexpr bool windowsIsSimulated = true;
