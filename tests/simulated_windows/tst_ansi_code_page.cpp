@@ -44,7 +44,7 @@ void thereAndBack()
     row("the holes", 932, "\u0080\uf8f0\uf8f1\uf8f2\uf8f3", "\x80\xa0\xfd\xfe\xff");
     row("two, three and four bytes", 65001, "\u00e9\u20ac\U0001f600",
         "\xc3\xa9\xe2\x82\xac\xf0\x9f\x98\x80");
-    row("a byte-order mark is a character", 65001, "\ufeffA", "\xef\xbb\xbf"
+    row("a byte-order mark is a character", 65001, QStringLiteral("\ufeffA"), "\xef\xbb\xbf"
                                                               "A");
 }
 
