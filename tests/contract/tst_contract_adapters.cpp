@@ -14,7 +14,7 @@ ULONG neededSize()
     return size;
 }
 
-/// A machine without any adapter, as a real one may be.
+/// A machine without any adapter; a real one may have none.
 bool saysThatThereAreNone()
 {
     ULONG size = poison;

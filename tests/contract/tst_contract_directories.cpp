@@ -1,4 +1,4 @@
-// System directories, the environment and special folders: how long, how much room.
+// System directories, environment strings and special folders: lengths and buffer sizes.
 
 #include "answering_windows.h"
 #include "rows.h"
@@ -20,7 +20,6 @@ TextAnswer expandedInto(const QString &source, DWORD room)
     return textAnswer(
         room, [&](WCHAR *buffer, DWORD *size) { return ExpandEnvironmentStringsW(wide(source), buffer, *size); });
 }
-
 
 void directory()
 {
@@ -143,13 +142,13 @@ void characterIntoText()
     QCOMPARE(buffer.written(), QStringLiteral("5a003a005c000000"));
 }
 
-// Not a call of Windows: what Qt makes of a path that one of them gives.
+// Not a call of Windows: how Qt converts a path that Windows returns.
 void pathInQtsForm()
 {
     const auto row = [](const char *name, const QString &path, const QString &expected) {
         addTestRow(name, [=] {
             const AnsweringWindows windows;
-            GetLogicalDrives(); // Windows is asked before files are
+            GetLogicalDrives(); // sections call Windows before they look for files
             QCOMPARE(QDir(path).absolutePath(), expected);
         });
     };

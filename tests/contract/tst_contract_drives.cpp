@@ -6,7 +6,7 @@
 namespace {
 
 const WCHAR systemDrive[] = L"C:\\";
-const WCHAR missingDrive[] = L"B:\\"; // on neither system
+const WCHAR missingDrive[] = L"B:\\"; // absent on both systems
 
 struct Volume
 {

@@ -101,7 +101,7 @@ void unknownModuleHasNoName()
     QVERIFY(answer.untouched);
 }
 
-// Null is no process, not the caller's own.
+// A null handle is not the caller's process.
 void noProcess()
 {
     const AnsweringWindows windows;

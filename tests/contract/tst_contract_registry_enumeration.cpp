@@ -1,4 +1,4 @@
-// RegEnumKeyEx, RegEnumKey and RegEnumValue, both forms: order, room, the end.
+// RegEnumKeyEx, RegEnumKey and RegEnumValue, both forms: order, buffer sizes, the end.
 
 #include "contract.h"
 #include "rows.h"
@@ -181,7 +181,7 @@ void values()
         "0, name 4: 4e0061006d0065000000, type 1, data 4: 410042000000");
     row("W: unterminated text fits exactly", Wide, 1, 5, 4, "0, name 4: 4e0061006d0065000000, type 1, data 4: 41004200");
     row("W: every code unit of a name is kept", Wide, 2, 3, 3, "0, name 2: d60016040000, type 3, data 3: 010203");
-    // What a failing call leaves in the numbers is not the same everywhere.
+    // Systems differ in what a failing call stores in the numbers.
     row("A: no room for the name's terminator: both buffers untouched", Ansi, 1, 4, 16, "234: ",
         "writes the data and what fits of the name");
     row("A: no room for an empty name: both buffers untouched", Ansi, 0, 0, 16, "234: ", "writes the data");

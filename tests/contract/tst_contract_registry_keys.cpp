@@ -1,11 +1,11 @@
-// RegOpenKeyEx, both forms, and RegCloseKey: which paths lead where.
+// RegOpenKeyEx, both forms, and RegCloseKey: which key a path opens.
 
 #include "contract.h"
 #include "rows.h"
 
 namespace {
 
-// Each key says where it is.
+// The value "Where" of each key names the key.
 QByteArray registry()
 {
     return "[HKEY_LOCAL_MACHINE]\n\"Where\"=\"root\"\n"
@@ -23,7 +23,7 @@ HKEY poisonedKey()
     return reinterpret_cast<HKEY>(quintptr(poison));
 }
 
-/// What the key says, closed afterwards; or how opening it failed.
+/// The value "Where" of the key, which is then closed; or the error of opening it.
 QString whereIs(LSTATUS status, HKEY key)
 {
     if (status != LSTATUS(ERROR_SUCCESS))

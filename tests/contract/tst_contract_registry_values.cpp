@@ -1,4 +1,4 @@
-// RegQueryValueEx, both forms: sizes, room, terminators, what is left untouched.
+// RegQueryValueEx, both forms: sizes, terminators, and what it does not write.
 
 #include "contract.h"
 #include "rows.h"
@@ -27,7 +27,6 @@ QString answer(Form form, const QByteArray &definition, DWORD room)
     const LSTATUS status = query(form, key.handle(), QStringLiteral("Value"), nullptr, buffer.bytes(), &size);
     return QStringLiteral("%1, size %2: %3").arg(status).arg(size).arg(buffer.written());
 }
-
 
 void data()
 {

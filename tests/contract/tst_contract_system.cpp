@@ -8,7 +8,7 @@
 
 namespace {
 
-/// A record full of poison, its size set, and as much poison behind it.
+/// A poisoned record whose size is set.
 template <typename Record>
 struct Poisoned
 {
@@ -107,7 +107,7 @@ void systemInfo()
     const AnsweringWindows windows;
     Poisoned<SYSTEM_INFO> record(poison);
     GetSystemInfo(record.as<SYSTEM_INFO>());
-    QCOMPARE(record->wProcessorArchitecture, WORD(9)); // 64 bits
+    QCOMPARE(record->wProcessorArchitecture, WORD(PROCESSOR_ARCHITECTURE_AMD64));
     QCOMPARE(record->dwPageSize, DWORD(4096));
     QCOMPARE(record->dwAllocationGranularity, DWORD(65536));
     QCOMPARE(record->lpMinimumApplicationAddress, LPVOID(0x10000));

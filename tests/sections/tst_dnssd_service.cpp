@@ -1,4 +1,4 @@
-// The checks of both DNS-SD client libraries. On Windows they meet the libraries of
+// The checks of both DNS-SD client libraries. On Windows they load those of
 // tests/dnssd_libraries.
 
 #include "section_rows.h"
@@ -36,7 +36,7 @@ Described described(const QString &state)
     return {"", "{\"libraries\": {" + libraries.value(state) + "}}"};
 }
 
-/// The libraries in a state, for as long as it lives.
+/// The libraries in a state, while the object exists.
 class Libraries
 {
 public:

@@ -30,7 +30,6 @@ Described machineOf(const QStringList &names)
 }
 
 /// "0", "1" and so on.
-/// "0", "1" and so on.
 QStringList numbered(int count)
 {
     QStringList names;
@@ -69,7 +68,7 @@ void nameRows()
     list.text("one that cannot be named makes no room for another", unreadable, lines(numbered(1024).mid(1)));
 }
 
-/// The calls that name so many modules, and none more.
+/// The calls for a process of that many modules.
 QString callsFor(int modules)
 {
     QString calls = "EnumProcessModules 8192\n";

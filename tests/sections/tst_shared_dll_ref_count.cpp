@@ -12,7 +12,7 @@ using namespace velkor::SystemInfo::WinSysInfo;
 
 namespace {
 
-/// What goes through Qt's warning channel while it lives.
+/// Collects Qt's messages while the object exists.
 class Messages
 {
 public:
@@ -23,7 +23,7 @@ public:
     }
     ~Messages() { qInstallMessageHandler(m_previous); }
 
-    /// Each with its kind and with what it says of its place in the source.
+    /// "something else: " starts those that are no warnings or name a place in the source.
     static QStringList &texts()
     {
         static QStringList theTexts;

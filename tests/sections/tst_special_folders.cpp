@@ -56,7 +56,7 @@ void textRows()
 void callRows()
 {
     const Described full {"", fullSystem};
-    // Without an owner window; no flags: a folder that is missing is never created.
+    // No owner window, and no flag: the call never creates a missing folder.
     rows.calls("calls", full,
                "SHGetSpecialFolderPathW \"5\"\n"
                "SHGetSpecialFolderPathW \"2\"\n"

@@ -10,7 +10,7 @@ namespace {
 const char title[] = "Windows system directories\n";
 const SectionRows rows(windowsSystemDirectories, title);
 
-/// A null QString: there is no such directory.
+/// A null QString: the call fails.
 machine::Machine machineOf(const QString &windowsDirectory, const QString &wow64Directory)
 {
     machine::Machine machine;

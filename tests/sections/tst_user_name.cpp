@@ -37,7 +37,7 @@ void nameRows()
 
 #ifdef SIMULATED_WINDOWS
 
-// Only a null is taken off the end.
+// The section removes the last unit only when it is a null.
 void unterminatedRows()
 {
     const auto withoutTerminator = [] {

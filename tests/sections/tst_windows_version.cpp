@@ -1,4 +1,4 @@
-// windowsVersion(), platformName() and what they are decided from
+// windowsVersion(), platformName() and the facts that decide their text
 
 #include "section_rows.h"
 #include "vkSystemInfo.h"
@@ -79,7 +79,7 @@ QString failedText()
     return "Windows version: \nGetVersionExA(&osver) failed!\n";
 }
 
-/// The block; without \a registry it has no line for that.
+/// The block; an empty \a registry gives no line.
 QString detailedText(const QString &version, const QString &registry, const QString &release,
                      const QString &servicePack = QString())
 {
@@ -178,7 +178,7 @@ ReleaseFacts serverR2(quint8 productType, quint16 suiteMask = 0)
     return result;
 }
 
-// The first rule that holds.
+// The first rule that holds decides.
 void rowsOfReleasesOf52()
 {
     add64Bit("5.2 R2", serverR2(server), "Server 2003 R2 Standard Edition");
@@ -350,7 +350,7 @@ void editionRows()
     row(PRODUCT_CORE, "Home/Core Edition");
     row(PRODUCT_EDUCATION, "Education Edition");
     row(PRODUCT_EDUCATION_N, "Education Edition");
-    // Beside those that have a name
+    // Codes next to known ones
     row(0, "0x0");
     row(19, "0x13");
     row(24, "0x18");
@@ -369,10 +369,10 @@ void editionRows()
     row(largest, "0xffffffff");
 }
 
-// What readRegistryVersion() finds in its variables when nothing is stored there.
+// The value of the variables before readRegistryVersion().
 constexpr quint32 untouched = 7777;
 
-/// Its result as "MAJOR.MINOR.BUILD.REVISION", with "-" for what it left alone.
+/// Its result as "MAJOR.MINOR.BUILD.REVISION", with "-" for a variable that it did not write.
 QString registryVersion()
 {
     quint32 major = untouched;

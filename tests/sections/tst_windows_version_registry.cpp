@@ -114,7 +114,7 @@ void sizeRows()
 
 #ifdef SIMULATED_WINDOWS
 
-// Three keys of the whole Windows half; every other one is opened without the flag.
+// The Windows half opens three keys with KEY_WOW64_64KEY and every other one without.
 void keysWithThe64BitView()
 {
     const DescribedWindows windows(DescribedWindows::load("workstation"));

@@ -1,4 +1,4 @@
-// AnsiCodePage: what each code page has, lacks, and leaves as a hole.
+// AnsiCodePage: characters that a code page has and lacks, and bytes without a character.
 
 #include "ansi_code_page.h"
 #include "described_windows.h"
@@ -45,7 +45,7 @@ void thereAndBack()
     row("two, three and four bytes", 65001, "\u00e9\u20ac\U0001f600",
         "\xc3\xa9\xe2\x82\xac\xf0\x9f\x98\x80");
     row("a byte-order mark is a character", 65001, QStringLiteral("\ufeffA"), "\xef\xbb\xbf"
-                                                              "A");
+                                                                              "A");
 }
 
 void lacking()

@@ -15,7 +15,7 @@ namespace {
 const QByteArray registryFile = "Windows Registry Editor Version 5.00\n[HKEY_LOCAL_MACHINE\\A]\n@=\"B\"\n";
 const QByteArray systemFile = "{\"GetUserName\": \"Jim\"}";
 
-/// A machine folder of its own; no file is written for a null text.
+/// A temporary machine folder; a null text writes no file.
 class Folder
 {
 public:

@@ -1,4 +1,4 @@
-// Which machine answers a process that was not told of one: that of the environment.
+// Without install() the machine of VKSYSTEMINFO_MACHINE answers.
 
 #include "rows.h"
 #include "simulated_windows.h"

@@ -1,4 +1,4 @@
-// readRegistryFile(): what a file says, byte for byte, and what is wrong with it.
+// readRegistryFile(): keys and values byte for byte, and messages.
 
 #include "registry_file.h"
 #include "rows.h"

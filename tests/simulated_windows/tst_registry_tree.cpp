@@ -1,4 +1,4 @@
-// The registry in memory: names, order, and what changes while it is read.
+// The registry in memory: names, order, and changes during an enumeration.
 
 #include "registry_tree.h"
 #include "rows.h"

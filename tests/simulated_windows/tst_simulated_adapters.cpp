@@ -1,4 +1,4 @@
-// GetAdaptersInfo: where records and further addresses lie, and how texts are cut.
+// GetAdaptersInfo: the layout of the list, and texts that are too long.
 
 #include "described_windows.h"
 #include "poisoned_buffer.h"

@@ -1,4 +1,4 @@
-// What the calls answer from system.json: given, failing with an error, or absent.
+// What the calls return for a member of system.json: a value, an error, or no member.
 
 #include "calls.h"
 #include "described_windows.h"
@@ -246,7 +246,7 @@ void expansionFailures()
 void unterminatedTexts()
 {
     const DescribedWindows windows(QByteArray(), R"({"GetUserName": "anna", "environment": {"A": "b"}})");
-    for (const bool terminated : {false, true}) { // the second time: as ever
+    for (const bool terminated : {false, true}) {
         const auto unterminated = terminated ? nullptr : std::make_unique<simulated::UnterminatedTexts>();
         PoisonedBuffer name(64);
         DWORD size = 32;
@@ -270,7 +270,7 @@ void specialFolders()
     QVERIFY(programs.isUntouchedFrom(2 * 5));
     PoisonedBuffer longPath(2 * MAX_PATH);
     QVERIFY(SHGetSpecialFolderPathW(nullptr, longPath.wide(), CSIDL_PERSONAL, FALSE));
-    QCOMPARE(longPath.wideText(), QString(259, QLatin1Char('x'))); // never beyond what a caller must have
+    QCOMPARE(longPath.wideText(), QString(259, QLatin1Char('x'))); // fills MAX_PATH, the least that a caller provides
     QVERIFY(longPath.isUntouchedFrom(2 * MAX_PATH));
 }
 

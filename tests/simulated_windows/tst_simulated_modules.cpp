@@ -18,7 +18,7 @@ GetProperty propertyOf(HMODULE library)
     return reinterpret_cast<GetProperty>(reinterpret_cast<void *>(GetProcAddress(library, "DNSServiceGetProperty")));
 }
 
-/// "error, version, size", the last two as the call leaves them.
+/// "error, version, size"; the call stores the last two.
 QString answerOf(GetProperty property)
 {
     DWORD version = poison;
@@ -154,7 +154,7 @@ void eightLibrariesAtOnce()
 void placesAreFreeAgainAfterReset()
 {
     for (int round = 0; round < 20; ++round) {
-        const DescribedWindows windows = tenLibraries(); // forgets what was left open
+        const DescribedWindows windows = tenLibraries(); // closes every handle
         QVERIFY2(load(round % 10), qPrintable(QString::number(round)));
     }
 }

@@ -19,7 +19,7 @@ QByteArray queryResult(const char *name = "V")
     return QByteArray::number(RegQueryValueExA(HKEY_LOCAL_MACHINE, name, nullptr, nullptr, nullptr, &size));
 }
 
-/// The statuses of so many queries, one after the other.
+/// The statuses of \a count queries.
 QByteArray queryResults(int count)
 {
     QByteArray result;
@@ -100,7 +100,7 @@ void faultFailsTheCall()
             }
             if (call.failure == FailingCall::LastError)
                 QCOMPARE(GetLastError(), DWORD(1234));
-            QVERIFY2(buffer.isUntouchedFrom(4), "what is behind a record's size"); // the caller's own
+            QVERIFY2(buffer.isUntouchedFrom(4), "after the size, which the caller sets");
             QCOMPARE(lastOf(call.name).result, failedResult(call.failure, 1234));
             QVERIFY(call.make(untouched) != failedResult(call.failure, 1234));
         });
@@ -159,7 +159,7 @@ void withoutMachineEveryCallFails()
             QVERIFY(!simulated::knowsMachine());
             PoisonedBuffer buffer(512);
             QCOMPARE(call.make(buffer) == 0, call.failure != FailingCall::Status);
-            QVERIFY2(buffer.isUntouchedFrom(4), "what is behind a record's size"); // the caller's own
+            QVERIFY2(buffer.isUntouchedFrom(4), "after the size, which the caller sets");
         });
     };
     for (const FailingCall &call : failingCalls()) {

@@ -1,4 +1,4 @@
-// Lines of registry.reg for the values that rows are made of.
+// Lines of registry.reg.
 #pragma once
 
 #include <QtCore/QByteArray>

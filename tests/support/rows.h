@@ -8,7 +8,7 @@
 /// A row of the test that is about to run. \a check compares as a QtTest function does.
 void addTestRow(const QString &name, const std::function<void()> &check);
 
-/// The rows that a function adds, their names behind "GROUP: ".
+/// The rows that a function adds; "GROUP: " starts their names.
 void addTestRows(const QString &group, void (*rows)());
 
 /// The rows that a function adds, as a test class.
