@@ -9,7 +9,7 @@
 #  include "simulated_windows.h"
 #endif
 
-/// In place for as long as it lives.
+/// The system answers while the object exists.
 class [[maybe_unused]] AnsweringWindows
 {
 public:
@@ -32,18 +32,18 @@ private:
 #endif
 };
 
-/// The form that calls take which write a text into a buffer of so many units.
+/// The answer of a call that writes a text into a buffer of a given size.
 struct TextAnswer
 {
     QString text;
     DWORD result;
     DWORD size;
     bool untouched;  // nothing was written
-    bool withinRoom; // nothing was written behind text and terminator
+    bool withinRoom; // nothing was written after the terminator
 };
 
-/// Calls \a get with a buffer of \a room units, which it may change through its last
-/// argument as the call leaves it.
+/// Calls \a get with a buffer of \a room units; \a get may store the size that the call
+/// returns in its last argument.
 template <typename Get>
 TextAnswer textAnswer(DWORD room, Get get)
 {

@@ -9,7 +9,7 @@
 #include <QtTest/QtTest>
 #include <windows.h>
 
-/// The key of a description that most contract tests open, and its heading there.
+/// The key that most contract tests open, and its heading in registry.reg.
 constexpr char contractPath[] = "Software\\Contract";
 
 inline QByteArray contractKey()
@@ -26,8 +26,8 @@ inline bool runsUnderWine()
 #endif
 }
 
-/// Names how Wine's answer to the next comparison differs from that of Windows NT;
-/// empty: not at all. The test fails on the day Wine answers as Windows NT does.
+/// States how Wine's answer to the next comparison differs from Windows NT's; empty when
+/// it does not. The test fails when a later Wine answers as Windows NT does.
 #define WINE_DEVIATES(how)                                     \
   do {                                                         \
     const QByteArray deviationOfWine = (how);                  \

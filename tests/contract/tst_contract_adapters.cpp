@@ -1,19 +1,9 @@
 // GetAdaptersInfo: sizes, room and the shape of the list.
 
 #include "answering_windows.h"
-#include "test_main.h"
+#include "rows.h"
 
 #include <iphlpapi.h>
-
-class ContractAdaptersTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void sizeNeeded_data();
-    void sizeNeeded();
-    void listIsWithinItsSize();
-};
 
 namespace {
 
@@ -24,7 +14,7 @@ ULONG neededSize()
     return size;
 }
 
-/// A machine without any adapter, as a real one may be.
+/// A machine without any adapter; a real one may have none.
 bool saysThatThereAreNone()
 {
     ULONG size = poison;
@@ -38,34 +28,30 @@ bool isWithin(const void *start, ULONG size, const void *entry, std::size_t leng
     return offset >= 0 && std::size_t(offset) + length <= size;
 }
 
-} // namespace
-
-void ContractAdaptersTest::sizeNeeded_data()
+void sizeNeeded()
 {
-    QTest::addColumn<int>("missing"); // bytes less than needed; -1: all of them
-    QTest::newRow("no room at all") << -1;
-    QTest::newRow("one byte short") << 1;
-    QTest::newRow("one record short") << 704;
+    const auto row = [](const QString &name, int missing) {
+        addTestRow(name, [=] {
+            const AnsweringWindows windows;
+            const ULONG needed = neededSize();
+            if (needed == 0) {
+                QVERIFY(saysThatThereAreNone());
+                return;
+            }
+            QVERIFY(needed >= 704);
+            ULONG size = missing < 0 ? 0 : needed - ULONG(missing);
+            PoisonedBuffer buffer(needed);
+            QCOMPARE(GetAdaptersInfo(reinterpret_cast<PIP_ADAPTER_INFO>(buffer.bytes()), &size), DWORD(ERROR_BUFFER_OVERFLOW));
+            QCOMPARE(size, needed);
+            QVERIFY(buffer.isUntouched());
+        });
+    };
+    row("no room at all", -1);
+    row("one byte short", 1);
+    row("one record short", 704);
 }
 
-void ContractAdaptersTest::sizeNeeded()
-{
-    QFETCH(int, missing);
-    const AnsweringWindows windows;
-    const ULONG needed = neededSize();
-    if (needed == 0) {
-        QVERIFY(saysThatThereAreNone());
-        return;
-    }
-    QVERIFY(needed >= 704);
-    ULONG size = missing < 0 ? 0 : needed - ULONG(missing);
-    PoisonedBuffer buffer(needed);
-    QCOMPARE(GetAdaptersInfo(reinterpret_cast<PIP_ADAPTER_INFO>(buffer.bytes()), &size), DWORD(ERROR_BUFFER_OVERFLOW));
-    QCOMPARE(size, needed);
-    QVERIFY(buffer.isUntouched());
-}
-
-void ContractAdaptersTest::listIsWithinItsSize()
+void listIsWithinItsSize()
 {
     const AnsweringWindows windows;
     const ULONG needed = neededSize();
@@ -89,5 +75,12 @@ void ContractAdaptersTest::listIsWithinItsSize()
     QVERIFY(ULONG(count) * 704 <= needed);
 }
 
-TEST_WITH_CORE_APPLICATION(ContractAdaptersTest);
-#include "tst_contract_adapters.moc"
+void addTests()
+{
+    addTestRows("sizeNeeded", sizeNeeded);
+    addTestRow("listIsWithinItsSize", listIsWithinItsSize);
+}
+
+} // namespace
+
+TEST_WITH_CORE_APPLICATION(RowTest(addTests));

@@ -1,30 +1,10 @@
-// System directories, the environment and special folders: how long, how much room.
+// System directories, environment strings and special folders: lengths and buffer sizes.
 
 #include "answering_windows.h"
-#include "test_main.h"
+#include "rows.h"
 
 #include <QtCore/QDir>
 #include <shlobj.h>
-
-class ContractDirectoriesTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void directory_data();
-    void directory();
-    void directoryTooLong_data();
-    void directoryTooLong();
-    void expansion_data();
-    void expansion();
-    void expansionTooLong();
-    void specialFolder_data();
-    void specialFolder();
-    void unknownFolderLeavesTheBuffer();
-    void characterIntoText();
-    void pathInQtsForm_data();
-    void pathInQtsForm();
-};
 
 namespace {
 
@@ -41,55 +21,61 @@ TextAnswer expandedInto(const QString &source, DWORD room)
         room, [&](WCHAR *buffer, DWORD *size) { return ExpandEnvironmentStringsW(wide(source), buffer, *size); });
 }
 
-} // namespace
-
-Q_DECLARE_METATYPE(Directory)
-
-void ContractDirectoriesTest::directory_data()
+void directory()
 {
-    QTest::addColumn<Directory>("call");
-    QTest::newRow("Windows") << Directory(GetSystemWindowsDirectoryW);
-    QTest::newRow("Wow64") << Directory(GetSystemWow64DirectoryW);
+    const auto row = [](const QString &name, Directory call) {
+        addTestRow(name, [=] {
+            const AnsweringWindows windows;
+            const TextAnswer roomy = directoryInto(call, 1024);
+            QVERIFY(roomy.text.startsWith(QLatin1String("C:\\Windows"), Qt::CaseInsensitive));
+            QCOMPARE(roomy.result, DWORD(roomy.text.size())); // without its terminator
+            QVERIFY(roomy.withinRoom);
+
+            const TextAnswer exact = directoryInto(call, roomy.result + 1);
+            QCOMPARE(exact.text, roomy.text);
+            QCOMPARE(exact.result, roomy.result);
+            QVERIFY(exact.withinRoom);
+        });
+    };
+    row("Windows", Directory(GetSystemWindowsDirectoryW));
+    row("Wow64", Directory(GetSystemWow64DirectoryW));
 }
 
-void ContractDirectoriesTest::directory()
+void directoryTooLong()
 {
-    QFETCH(Directory, call);
-    const AnsweringWindows windows;
-    const TextAnswer roomy = directoryInto(call, 1024);
-    QVERIFY(roomy.text.startsWith(QLatin1String("C:\\Windows"), Qt::CaseInsensitive));
-    QCOMPARE(roomy.result, DWORD(roomy.text.size())); // without its terminator
-    QVERIFY(roomy.withinRoom);
-
-    const TextAnswer exact = directoryInto(call, roomy.result + 1);
-    QCOMPARE(exact.text, roomy.text);
-    QCOMPARE(exact.result, roomy.result);
-    QVERIFY(exact.withinRoom);
+    const auto row = [](const QString &name, Directory call) {
+        addTestRow(name, [=] {
+            const AnsweringWindows windows;
+            const DWORD length = directoryInto(call, 1024).result;
+            for (const DWORD room : {length, DWORD(1), DWORD(0)}) {
+                const TextAnswer answer = directoryInto(call, room);
+                QCOMPARE(answer.result, length + 1); // with its terminator
+                QVERIFY(answer.untouched);
+            }
+        });
+    };
+    row("Windows", Directory(GetSystemWindowsDirectoryW));
+    row("Wow64", Directory(GetSystemWow64DirectoryW));
 }
 
-void ContractDirectoriesTest::directoryTooLong_data()
+void expansion()
 {
-    directory_data();
-}
+    const auto row = [](const char *name, const QString &source, const QString &expected) {
+        addTestRow(name, [=] {
+            AnsweringWindows windows;
+            windows.setVariable(QStringLiteral("VKT_A"), QStringLiteral("first"));
+            windows.setVariable(QStringLiteral("VKT_B"), QStringLiteral("%VKT_A%"));
+            windows.setVariable(QStringLiteral("VKT_C"), QStringLiteral("\u00e4\u0416"));
+            const TextAnswer roomy = expandedInto(source, 128);
+            QCOMPARE(roomy.text, expected);
+            QCOMPARE(roomy.result, DWORD(expected.size() + 1)); // with its terminator
+            QVERIFY(roomy.withinRoom);
 
-void ContractDirectoriesTest::directoryTooLong()
-{
-    QFETCH(Directory, call);
-    const AnsweringWindows windows;
-    const DWORD length = directoryInto(call, 1024).result;
-    for (const DWORD room : {length, DWORD(1), DWORD(0)}) {
-        const TextAnswer answer = directoryInto(call, room);
-        QCOMPARE(answer.result, length + 1); // with its terminator
-        QVERIFY(answer.untouched);
-    }
-}
-
-void ContractDirectoriesTest::expansion_data()
-{
-    QTest::addColumn<QString>("source");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *name, const char *source, const char *expected) {
-        QTest::newRow(name) << QString::fromUtf8(source) << QString::fromUtf8(expected);
+            const TextAnswer exact = expandedInto(source, roomy.result);
+            QCOMPARE(exact.text, expected);
+            QCOMPARE(exact.result, roomy.result);
+            QVERIFY(exact.withinRoom);
+        });
     };
     row("no variable", "plain", "plain");
     row("empty", "", "");
@@ -107,26 +93,7 @@ void ContractDirectoriesTest::expansion_data()
     row("two percent signs stay", "%%", "%%");
 }
 
-void ContractDirectoriesTest::expansion()
-{
-    QFETCH(QString, source);
-    QFETCH(QString, expected);
-    AnsweringWindows windows;
-    windows.setVariable(QStringLiteral("VKT_A"), QStringLiteral("first"));
-    windows.setVariable(QStringLiteral("VKT_B"), QStringLiteral("%VKT_A%"));
-    windows.setVariable(QStringLiteral("VKT_C"), QStringLiteral("\u00e4\u0416"));
-    const TextAnswer roomy = expandedInto(source, 128);
-    QCOMPARE(roomy.text, expected);
-    QCOMPARE(roomy.result, DWORD(expected.size() + 1)); // with its terminator
-    QVERIFY(roomy.withinRoom);
-
-    const TextAnswer exact = expandedInto(source, roomy.result);
-    QCOMPARE(exact.text, expected);
-    QCOMPARE(exact.result, roomy.result);
-    QVERIFY(exact.withinRoom);
-}
-
-void ContractDirectoriesTest::expansionTooLong()
+void expansionTooLong()
 {
     AnsweringWindows windows;
     windows.setVariable(QStringLiteral("VKT_A"), QStringLiteral("first"));
@@ -138,29 +105,27 @@ void ContractDirectoriesTest::expansionTooLong()
     }
 }
 
-void ContractDirectoriesTest::specialFolder_data()
+void specialFolder()
 {
-    QTest::addColumn<int>("folder");
-    QTest::newRow("programs in the start menu") << CSIDL_PROGRAMS;
-    QTest::newRow("documents") << CSIDL_PERSONAL;
-    QTest::newRow("application data") << CSIDL_APPDATA;
-    QTest::newRow("local application data") << CSIDL_LOCAL_APPDATA;
-    QTest::newRow("programs") << CSIDL_PROGRAM_FILES;
+    const auto row = [](const QString &name, int folder) {
+        addTestRow(name, [=] {
+            const AnsweringWindows windows;
+            PoisonedBuffer buffer(2 * MAX_PATH);
+            QVERIFY(SHGetSpecialFolderPathW(nullptr, buffer.wide(), folder, FALSE));
+            const QString path = buffer.wideText();
+            QVERIFY2(path.startsWith(QLatin1String("C:\\")), qPrintable(path));
+            QVERIFY(!path.endsWith(QLatin1Char('\\')));
+            QVERIFY(buffer.isUntouchedFrom(2 * MAX_PATH));
+        });
+    };
+    row("programs in the start menu", CSIDL_PROGRAMS);
+    row("documents", CSIDL_PERSONAL);
+    row("application data", CSIDL_APPDATA);
+    row("local application data", CSIDL_LOCAL_APPDATA);
+    row("programs", CSIDL_PROGRAM_FILES);
 }
 
-void ContractDirectoriesTest::specialFolder()
-{
-    QFETCH(int, folder);
-    const AnsweringWindows windows;
-    PoisonedBuffer buffer(2 * MAX_PATH);
-    QVERIFY(SHGetSpecialFolderPathW(nullptr, buffer.wide(), folder, FALSE));
-    const QString path = buffer.wideText();
-    QVERIFY2(path.startsWith(QLatin1String("C:\\")), qPrintable(path));
-    QVERIFY(!path.endsWith(QLatin1Char('\\')));
-    QVERIFY(buffer.isUntouchedFrom(2 * MAX_PATH));
-}
-
-void ContractDirectoriesTest::unknownFolderLeavesTheBuffer()
+void unknownFolderLeavesTheBuffer()
 {
     const AnsweringWindows windows;
     PoisonedBuffer buffer(2 * MAX_PATH);
@@ -169,7 +134,7 @@ void ContractDirectoriesTest::unknownFolderLeavesTheBuffer()
     QVERIFY(buffer.isUntouched());
 }
 
-void ContractDirectoriesTest::characterIntoText()
+void characterIntoText()
 {
     const AnsweringWindows windows;
     PoisonedBuffer buffer(16);
@@ -177,12 +142,15 @@ void ContractDirectoriesTest::characterIntoText()
     QCOMPARE(buffer.written(), QStringLiteral("5a003a005c000000"));
 }
 
-void ContractDirectoriesTest::pathInQtsForm_data()
+// Not a call of Windows: how Qt converts a path that Windows returns.
+void pathInQtsForm()
 {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *name, const char *path, const char *expected) {
-        QTest::newRow(name) << QString::fromLatin1(path) << QString::fromLatin1(expected);
+    const auto row = [](const char *name, const QString &path, const QString &expected) {
+        addTestRow(name, [=] {
+            const AnsweringWindows windows;
+            GetLogicalDrives(); // sections call Windows before they look for files
+            QCOMPARE(QDir(path).absolutePath(), expected);
+        });
     };
     row("on a drive", "C:\\Windows\\WinSxS", "C:/Windows/WinSxS");
     row("with a doubled backslash", "C:\\\\WinSxS", "C:/WinSxS");
@@ -190,15 +158,18 @@ void ContractDirectoriesTest::pathInQtsForm_data()
     row("on a share, with a doubled backslash", "\\\\srv\\share\\\\WinSxS", "//srv/share/WinSxS");
 }
 
-// Not a call of Windows: what Qt makes of a path that one of them gives.
-void ContractDirectoriesTest::pathInQtsForm()
+void addTests()
 {
-    QFETCH(QString, path);
-    QFETCH(QString, expected);
-    const AnsweringWindows windows;
-    GetLogicalDrives(); // Windows is asked before files are
-    QCOMPARE(QDir(path).absolutePath(), expected);
+    addTestRows("directory", directory);
+    addTestRows("directoryTooLong", directoryTooLong);
+    addTestRows("expansion", expansion);
+    addTestRow("expansionTooLong", expansionTooLong);
+    addTestRows("specialFolder", specialFolder);
+    addTestRow("unknownFolderLeavesTheBuffer", unknownFolderLeavesTheBuffer);
+    addTestRow("characterIntoText", characterIntoText);
+    addTestRows("pathInQtsForm", pathInQtsForm);
 }
 
-TEST_WITH_CORE_APPLICATION(ContractDirectoriesTest);
-#include "tst_contract_directories.moc"
+} // namespace
+
+TEST_WITH_CORE_APPLICATION(RowTest(addTests));

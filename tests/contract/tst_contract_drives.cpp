@@ -1,28 +1,12 @@
 // Error mode, drives, volumes and free space.
 
 #include "answering_windows.h"
-#include "test_main.h"
-
-class ContractDrivesTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void errorModeReturnsThePreviousOne();
-    void drivesOfTheMask();
-    void volumeInformation();
-    void volumeNamesThatJustFit();
-    void volumeNamesThatDoNotFit_data();
-    void volumeNamesThatDoNotFit();
-    void missingVolumeLeavesTheBuffers();
-    void freeSpace();
-    void missingDriveLeavesTheNumbers();
-};
+#include "rows.h"
 
 namespace {
 
 const WCHAR systemDrive[] = L"C:\\";
-const WCHAR missingDrive[] = L"B:\\"; // on neither system
+const WCHAR missingDrive[] = L"B:\\"; // absent on both systems
 
 struct Volume
 {
@@ -37,9 +21,7 @@ struct Volume
     BOOL result;
 };
 
-} // namespace
-
-void ContractDrivesTest::errorModeReturnsThePreviousOne()
+void errorModeReturnsThePreviousOne()
 {
     const AnsweringWindows windows;
     const UINT before = SetErrorMode(SEM_FAILCRITICALERRORS);
@@ -48,7 +30,7 @@ void ContractDrivesTest::errorModeReturnsThePreviousOne()
     QCOMPARE(SetErrorMode(before), before);
 }
 
-void ContractDrivesTest::drivesOfTheMask()
+void drivesOfTheMask()
 {
     const AnsweringWindows windows;
     const DWORD mask = GetLogicalDrives();
@@ -67,7 +49,7 @@ void ContractDrivesTest::drivesOfTheMask()
     QVERIFY(GetDriveTypeW(missingDrive) <= DRIVE_NO_ROOT_DIR);
 }
 
-void ContractDrivesTest::volumeInformation()
+void volumeInformation()
 {
     const AnsweringWindows windows;
     Volume volume(systemDrive, MAX_PATH, MAX_PATH);
@@ -77,7 +59,7 @@ void ContractDrivesTest::volumeInformation()
     QVERIFY(volume.name.isUntouchedFrom(2 * MAX_PATH) && volume.fileSystem.isUntouchedFrom(2 * MAX_PATH));
 }
 
-void ContractDrivesTest::volumeNamesThatJustFit()
+void volumeNamesThatJustFit()
 {
     const AnsweringWindows windows;
     const QString name = Volume(systemDrive, MAX_PATH, MAX_PATH).name.wideText();
@@ -88,23 +70,21 @@ void ContractDrivesTest::volumeNamesThatJustFit()
     QVERIFY(volume.name.isUntouchedFrom(2 * (name.size() + 1)) && volume.fileSystem.isUntouchedFrom(2 * 5));
 }
 
-void ContractDrivesTest::volumeNamesThatDoNotFit_data()
+void volumeNamesThatDoNotFit()
 {
-    QTest::addColumn<DWORD>("room");
-    QTest::newRow("no room for the terminator") << DWORD(4);
-    QTest::newRow("one letter") << DWORD(1);
+    const auto row = [](const QString &name, DWORD room) {
+        addTestRow(name, [=] {
+            const AnsweringWindows windows;
+            Volume volume(systemDrive, MAX_PATH, room);
+            QVERIFY(!volume.result);
+            QVERIFY(volume.fileSystem.isUntouchedFrom(2 * int(room)));
+        });
+    };
+    row("no room for the terminator", DWORD(4));
+    row("one letter", DWORD(1));
 }
 
-void ContractDrivesTest::volumeNamesThatDoNotFit()
-{
-    QFETCH(DWORD, room);
-    const AnsweringWindows windows;
-    Volume volume(systemDrive, MAX_PATH, room);
-    QVERIFY(!volume.result);
-    QVERIFY(volume.fileSystem.isUntouchedFrom(2 * int(room)));
-}
-
-void ContractDrivesTest::missingVolumeLeavesTheBuffers()
+void missingVolumeLeavesTheBuffers()
 {
     const AnsweringWindows windows;
     Volume volume(missingDrive, MAX_PATH, MAX_PATH);
@@ -112,7 +92,7 @@ void ContractDrivesTest::missingVolumeLeavesTheBuffers()
     QVERIFY(volume.name.isUntouched() && volume.fileSystem.isUntouched());
 }
 
-void ContractDrivesTest::freeSpace()
+void freeSpace()
 {
     const AnsweringWindows windows;
     ULARGE_INTEGER free;
@@ -123,7 +103,7 @@ void ContractDrivesTest::freeSpace()
     QVERIFY(free.QuadPart != poison && free.QuadPart <= total.QuadPart);
 }
 
-void ContractDrivesTest::missingDriveLeavesTheNumbers()
+void missingDriveLeavesTheNumbers()
 {
     const AnsweringWindows windows;
     ULARGE_INTEGER free;
@@ -134,5 +114,18 @@ void ContractDrivesTest::missingDriveLeavesTheNumbers()
     QCOMPARE(total.QuadPart, ULONGLONG(poison));
 }
 
-TEST_WITH_CORE_APPLICATION(ContractDrivesTest);
-#include "tst_contract_drives.moc"
+void addTests()
+{
+    addTestRow("errorModeReturnsThePreviousOne", errorModeReturnsThePreviousOne);
+    addTestRow("drivesOfTheMask", drivesOfTheMask);
+    addTestRow("volumeInformation", volumeInformation);
+    addTestRow("volumeNamesThatJustFit", volumeNamesThatJustFit);
+    addTestRows("volumeNamesThatDoNotFit", volumeNamesThatDoNotFit);
+    addTestRow("missingVolumeLeavesTheBuffers", missingVolumeLeavesTheBuffers);
+    addTestRow("freeSpace", freeSpace);
+    addTestRow("missingDriveLeavesTheNumbers", missingDriveLeavesTheNumbers);
+}
+
+} // namespace
+
+TEST_WITH_CORE_APPLICATION(RowTest(addTests));

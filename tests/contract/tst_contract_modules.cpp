@@ -1,29 +1,9 @@
 // The process's modules and libraries that are loaded at run time.
 
 #include "answering_windows.h"
-#include "test_main.h"
+#include "rows.h"
 
 #include <psapi.h>
-
-class ContractModulesTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void modulesOfTheProcess();
-    void lessRoomThanModules_data();
-    void lessRoomThanModules();
-    void moduleName();
-    void moduleNameIsCut();
-    void unknownModuleHasNoName();
-    void noProcess();
-    void kernelIsLoadedAlready_data();
-    void kernelIsLoadedAlready();
-    void unknownModuleIsNotLoaded();
-    void libraryAndFunction();
-    void unknownLibrary();
-    void freedTwice();
-};
 
 namespace {
 
@@ -55,9 +35,7 @@ TextAnswer nameInto(HMODULE module, DWORD room)
     });
 }
 
-} // namespace
-
-void ContractModulesTest::modulesOfTheProcess()
+void modulesOfTheProcess()
 {
     const AnsweringWindows windows;
     QVector<HMODULE> all = modules();
@@ -67,32 +45,28 @@ void ContractModulesTest::modulesOfTheProcess()
     QVERIFY2(std::adjacent_find(all.begin(), all.end()) == all.end(), "each module is listed once");
 }
 
-void ContractModulesTest::lessRoomThanModules_data()
+void lessRoomThanModules()
 {
-    QTest::addColumn<DWORD>("bytes");
-    QTest::addColumn<int>("written");
-    QTest::newRow("room for two") << DWORD(16) << 2;
-    QTest::newRow("room for two and a half") << DWORD(20) << 2;
-    QTest::newRow("no room") << DWORD(0) << 0;
+    const auto row = [](const QString &name, DWORD bytes, int written) {
+        addTestRow(name, [=] {
+            const AnsweringWindows windows;
+            const QVector<HMODULE> all = modules();
+            PoisonedBuffer buffer(bytes);
+            auto *some = reinterpret_cast<HMODULE *>(buffer.bytes());
+            DWORD needed = poison;
+            QVERIFY(EnumProcessModules(GetCurrentProcess(), some, bytes, &needed));
+            QCOMPARE(needed, DWORD(all.size() * int(sizeof(HMODULE)))); // for all of them
+            for (int i = 0; i < written; ++i)
+                QCOMPARE(some[i], all.at(i));
+            QVERIFY(buffer.isUntouchedFrom(8 * written));
+        });
+    };
+    row("room for two", DWORD(16), 2);
+    row("room for two and a half", DWORD(20), 2);
+    row("no room", DWORD(0), 0);
 }
 
-void ContractModulesTest::lessRoomThanModules()
-{
-    QFETCH(DWORD, bytes);
-    QFETCH(int, written);
-    const AnsweringWindows windows;
-    const QVector<HMODULE> all = modules();
-    PoisonedBuffer buffer(bytes);
-    auto *some = reinterpret_cast<HMODULE *>(buffer.bytes());
-    DWORD needed = poison;
-    QVERIFY(EnumProcessModules(GetCurrentProcess(), some, bytes, &needed));
-    QCOMPARE(needed, DWORD(all.size() * int(sizeof(HMODULE)))); // for all of them
-    for (int i = 0; i < written; ++i)
-        QCOMPARE(some[i], all.at(i));
-    QVERIFY(buffer.isUntouchedFrom(8 * written));
-}
-
-void ContractModulesTest::moduleName()
+void moduleName()
 {
     const AnsweringWindows windows;
     const HMODULE first = modules().value(0); // the program
@@ -105,7 +79,7 @@ void ContractModulesTest::moduleName()
     QCOMPARE(exact.result, roomy.result);
 }
 
-void ContractModulesTest::moduleNameIsCut()
+void moduleNameIsCut()
 {
     const AnsweringWindows windows;
     const HMODULE first = modules().value(0);
@@ -119,7 +93,7 @@ void ContractModulesTest::moduleNameIsCut()
     }
 }
 
-void ContractModulesTest::unknownModuleHasNoName()
+void unknownModuleHasNoName()
 {
     const AnsweringWindows windows;
     const TextAnswer answer = nameInto(noModule, 64);
@@ -127,8 +101,8 @@ void ContractModulesTest::unknownModuleHasNoName()
     QVERIFY(answer.untouched);
 }
 
-// Null is no process, not the caller's own.
-void ContractModulesTest::noProcess()
+// A null handle is not the caller's process.
+void noProcess()
 {
     const AnsweringWindows windows;
     const HMODULE first = modules().value(0);
@@ -144,26 +118,24 @@ void ContractModulesTest::noProcess()
     QCOMPARE(GetLastError(), DWORD(ERROR_INVALID_HANDLE));
 }
 
-void ContractModulesTest::kernelIsLoadedAlready_data()
+void kernelIsLoadedAlready()
 {
-    QTest::addColumn<QString>("name");
-    QTest::newRow("lower case") << QStringLiteral("kernel32.dll");
-    QTest::newRow("upper case") << QStringLiteral("KERNEL32.DLL");
+    const auto row = [](const QString &title, const QString &name) {
+        addTestRow(title, [=] {
+            const AnsweringWindows windows;
+            const HMODULE kernel = GetModuleHandleW(wide(name));
+            QVERIFY(kernel);
+            QVERIFY(GetProcAddress(kernel, "GetProductInfo"));
+            SetLastError(poison);
+            QVERIFY(!GetProcAddress(kernel, "getproductinfo")); // unlike the module's name
+            QCOMPARE(GetLastError(), DWORD(ERROR_PROC_NOT_FOUND));
+        });
+    };
+    row("lower case", "kernel32.dll");
+    row("upper case", "KERNEL32.DLL");
 }
 
-void ContractModulesTest::kernelIsLoadedAlready()
-{
-    QFETCH(QString, name);
-    const AnsweringWindows windows;
-    const HMODULE kernel = GetModuleHandleW(wide(name));
-    QVERIFY(kernel);
-    QVERIFY(GetProcAddress(kernel, "GetProductInfo"));
-    SetLastError(poison);
-    QVERIFY(!GetProcAddress(kernel, "getproductinfo")); // unlike the module's name
-    QCOMPARE(GetLastError(), DWORD(ERROR_PROC_NOT_FOUND));
-}
-
-void ContractModulesTest::unknownModuleIsNotLoaded()
+void unknownModuleIsNotLoaded()
 {
     const AnsweringWindows windows;
     SetLastError(poison);
@@ -171,7 +143,7 @@ void ContractModulesTest::unknownModuleIsNotLoaded()
     QCOMPARE(GetLastError(), DWORD(ERROR_MOD_NOT_FOUND));
 }
 
-void ContractModulesTest::libraryAndFunction()
+void libraryAndFunction()
 {
     const AnsweringWindows windows;
     const HMODULE library = LoadLibraryW(libraryName);
@@ -188,7 +160,7 @@ void ContractModulesTest::libraryAndFunction()
     QVERIFY(FreeLibrary(again));
 }
 
-void ContractModulesTest::unknownLibrary()
+void unknownLibrary()
 {
     const AnsweringWindows windows;
     SetLastError(poison);
@@ -196,7 +168,7 @@ void ContractModulesTest::unknownLibrary()
     QCOMPARE(GetLastError(), DWORD(ERROR_MOD_NOT_FOUND));
 }
 
-void ContractModulesTest::freedTwice()
+void freedTwice()
 {
     const AnsweringWindows windows;
     SetLastError(poison);
@@ -205,5 +177,21 @@ void ContractModulesTest::freedTwice()
     QVERIFY(!FreeLibrary(nullptr));
 }
 
-TEST_WITH_CORE_APPLICATION(ContractModulesTest);
-#include "tst_contract_modules.moc"
+void addTests()
+{
+    addTestRow("modulesOfTheProcess", modulesOfTheProcess);
+    addTestRows("lessRoomThanModules", lessRoomThanModules);
+    addTestRow("moduleName", moduleName);
+    addTestRow("moduleNameIsCut", moduleNameIsCut);
+    addTestRow("unknownModuleHasNoName", unknownModuleHasNoName);
+    addTestRow("noProcess", noProcess);
+    addTestRows("kernelIsLoadedAlready", kernelIsLoadedAlready);
+    addTestRow("unknownModuleIsNotLoaded", unknownModuleIsNotLoaded);
+    addTestRow("libraryAndFunction", libraryAndFunction);
+    addTestRow("unknownLibrary", unknownLibrary);
+    addTestRow("freedTwice", freedTwice);
+}
+
+} // namespace
+
+TEST_WITH_CORE_APPLICATION(RowTest(addTests));

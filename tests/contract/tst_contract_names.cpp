@@ -1,22 +1,7 @@
 // GetUserNameW and GetComputerNameExW: sizes with and without the terminator.
 
 #include "answering_windows.h"
-#include "test_main.h"
-
-class ContractNamesTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void userName();
-    void userNameTooLong_data();
-    void userNameTooLong();
-    void computerName_data();
-    void computerName();
-    void computerNameTooLong_data();
-    void computerNameTooLong();
-    void unknownFormatFails();
-};
+#include "rows.h"
 
 namespace {
 
@@ -34,22 +19,18 @@ TextAnswer computerNameInto(int format, DWORD room)
     });
 }
 
-void addFormats()
-{
-    QTest::addColumn<int>("format");
-    QTest::newRow("NetBIOS") << 0;
-    QTest::newRow("DNS host") << 1;
-    QTest::newRow("DNS domain") << 2;
-    QTest::newRow("DNS fully qualified") << 3;
-    QTest::newRow("physical NetBIOS") << 4;
-    QTest::newRow("physical DNS host") << 5;
-    QTest::newRow("physical DNS domain") << 6;
-    QTest::newRow("physical DNS fully qualified") << 7;
-}
+const std::pair<const char *, int> formats[] = {
+    {"NetBIOS", ComputerNameNetBIOS},
+    {"DNS host", ComputerNameDnsHostname},
+    {"DNS domain", ComputerNameDnsDomain},
+    {"DNS fully qualified", ComputerNameDnsFullyQualified},
+    {"physical NetBIOS", ComputerNamePhysicalNetBIOS},
+    {"physical DNS host", ComputerNamePhysicalDnsHostname},
+    {"physical DNS domain", ComputerNamePhysicalDnsDomain},
+    {"physical DNS fully qualified", ComputerNamePhysicalDnsFullyQualified},
+};
 
-} // namespace
-
-void ContractNamesTest::userName()
+void userName()
 {
     const AnsweringWindows windows;
     const TextAnswer roomy = userNameInto(257);
@@ -65,67 +46,65 @@ void ContractNamesTest::userName()
     QVERIFY(exact.withinRoom);
 }
 
-void ContractNamesTest::userNameTooLong_data()
+void userNameTooLong()
 {
-    QTest::addColumn<int>("missing"); // units less than needed; 0: all of them
-    QTest::newRow("no room for the terminator") << 1;
-    QTest::newRow("no room at all") << 0;
+    const auto row = [](const QString &name, int missing) {
+        addTestRow(name, [=] {
+            const AnsweringWindows windows;
+            const DWORD needed = userNameInto(257).size;
+            const TextAnswer answer = userNameInto(missing ? needed - DWORD(missing) : 0);
+            QCOMPARE(GetLastError(), DWORD(ERROR_INSUFFICIENT_BUFFER));
+            QCOMPARE(answer.result, DWORD(FALSE));
+            QVERIFY(answer.untouched);
+            QCOMPARE(answer.size, needed);
+        });
+    };
+    row("no room for the terminator", 1);
+    row("no room at all", 0);
 }
 
-void ContractNamesTest::userNameTooLong()
+void computerName()
 {
-    QFETCH(int, missing);
-    const AnsweringWindows windows;
-    const DWORD needed = userNameInto(257).size;
-    const TextAnswer answer = userNameInto(missing ? needed - DWORD(missing) : 0);
-    QCOMPARE(GetLastError(), DWORD(ERROR_INSUFFICIENT_BUFFER));
-    QCOMPARE(answer.result, DWORD(FALSE));
-    QVERIFY(answer.untouched);
-    QCOMPARE(answer.size, needed);
+    const auto row = [](const QString &name, int format) {
+        addTestRow(name, [=] {
+            const AnsweringWindows windows;
+            const TextAnswer roomy = computerNameInto(format, 1024);
+            QCOMPARE(roomy.result, DWORD(TRUE));
+            QCOMPARE(roomy.size, DWORD(roomy.text.size())); // without its terminator
+            QVERIFY(!roomy.untouched);
+            QVERIFY(roomy.withinRoom);
+
+            const TextAnswer exact = computerNameInto(format, roomy.size + 1);
+            QCOMPARE(exact.result, DWORD(TRUE));
+            QCOMPARE(exact.text, roomy.text);
+            QCOMPARE(exact.size, roomy.size);
+            QVERIFY(exact.withinRoom);
+        });
+    };
+    for (const auto &named : formats)
+        row(named.first, named.second);
 }
 
-void ContractNamesTest::computerName_data()
+void computerNameTooLong()
 {
-    addFormats();
+    const auto row = [](const QString &name, int format) {
+        addTestRow(name, [=] {
+            const AnsweringWindows windows;
+            const DWORD length = computerNameInto(format, 1024).size;
+            for (const DWORD room : {length, DWORD(0)}) { // as long as the name; nothing
+                const TextAnswer answer = computerNameInto(format, room);
+                QCOMPARE(GetLastError(), DWORD(ERROR_MORE_DATA));
+                QCOMPARE(answer.result, DWORD(FALSE));
+                QVERIFY(answer.untouched);
+                QCOMPARE(answer.size, length + 1);
+            }
+        });
+    };
+    for (const auto &named : formats)
+        row(named.first, named.second);
 }
 
-void ContractNamesTest::computerName()
-{
-    QFETCH(int, format);
-    const AnsweringWindows windows;
-    const TextAnswer roomy = computerNameInto(format, 1024);
-    QCOMPARE(roomy.result, DWORD(TRUE));
-    QCOMPARE(roomy.size, DWORD(roomy.text.size())); // without its terminator
-    QVERIFY(!roomy.untouched);
-    QVERIFY(roomy.withinRoom);
-
-    const TextAnswer exact = computerNameInto(format, roomy.size + 1);
-    QCOMPARE(exact.result, DWORD(TRUE));
-    QCOMPARE(exact.text, roomy.text);
-    QCOMPARE(exact.size, roomy.size);
-    QVERIFY(exact.withinRoom);
-}
-
-void ContractNamesTest::computerNameTooLong_data()
-{
-    addFormats();
-}
-
-void ContractNamesTest::computerNameTooLong()
-{
-    QFETCH(int, format);
-    const AnsweringWindows windows;
-    const DWORD length = computerNameInto(format, 1024).size;
-    for (const DWORD room : {length, DWORD(0)}) { // as long as the name; nothing
-        const TextAnswer answer = computerNameInto(format, room);
-        QCOMPARE(GetLastError(), DWORD(ERROR_MORE_DATA));
-        QCOMPARE(answer.result, DWORD(FALSE));
-        QVERIFY(answer.untouched);
-        QCOMPARE(answer.size, length + 1);
-    }
-}
-
-void ContractNamesTest::unknownFormatFails()
+void unknownFormatFails()
 {
     const AnsweringWindows windows;
     const TextAnswer answer = computerNameInto(8, 64);
@@ -134,5 +113,15 @@ void ContractNamesTest::unknownFormatFails()
     QCOMPARE(answer.size, DWORD(64));
 }
 
-TEST_WITH_CORE_APPLICATION(ContractNamesTest);
-#include "tst_contract_names.moc"
+void addTests()
+{
+    addTestRow("userName", userName);
+    addTestRows("userNameTooLong", userNameTooLong);
+    addTestRows("computerName", computerName);
+    addTestRows("computerNameTooLong", computerNameTooLong);
+    addTestRow("unknownFormatFails", unknownFormatFails);
+}
+
+} // namespace
+
+TEST_WITH_CORE_APPLICATION(RowTest(addTests));

@@ -1,28 +1,7 @@
-// RegEnumKeyEx, RegEnumKey and RegEnumValue, both forms: order, room, the end.
+// RegEnumKeyEx, RegEnumKey and RegEnumValue, both forms: order, buffer sizes, the end.
 
 #include "contract.h"
-#include "test_main.h"
-
-class ContractRegistryEnumerationTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void subKeyNames_data();
-    void subKeyNames();
-    void subKeyNamesWithoutSize_data();
-    void subKeyNamesWithoutSize();
-    void orderOfSubKeys_data();
-    void orderOfSubKeys();
-    void values_data();
-    void values();
-    void valuesWithoutData_data();
-    void valuesWithoutData();
-    void orderOfValues_data();
-    void orderOfValues();
-    void invalidCalls_data();
-    void invalidCalls();
-};
+#include "rows.h"
 
 namespace {
 
@@ -86,18 +65,17 @@ QStringList names(Enumerate enumerate)
     }
 }
 
-} // namespace
-
-Q_DECLARE_METATYPE(Form)
-
-void ContractRegistryEnumerationTest::subKeyNames_data()
+void subKeyNames()
 {
-    QTest::addColumn<Form>("form");
-    QTest::addColumn<DWORD>("index");
-    QTest::addColumn<DWORD>("room");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *name, Form form, DWORD index, DWORD room, const char *expected) {
-        QTest::newRow(name) << form << index << room << QString::fromLatin1(expected);
+    const auto row = [](const char *name, Form form, DWORD index, DWORD room, const QString &expected) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(threeKeys());
+            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            PoisonedBuffer name(room * unitSize(form));
+            DWORD size = room;
+            const LSTATUS status = enumKeyEx(form, key.handle(), index, name, &size);
+            QCOMPARE(QStringLiteral("%1, size %2: %3").arg(status).arg(size).arg(name.written()), expected);
+        });
     };
     row("A: the first", Ansi, 0, 32, "0, size 5: 416c70686100");
     row("A: the second", Ansi, 1, 32, "0, size 4: 4265746100");
@@ -119,28 +97,16 @@ void ContractRegistryEnumerationTest::subKeyNames_data()
     row("W: past the end", Wide, 3, 32, "259, size 32: ");
 }
 
-void ContractRegistryEnumerationTest::subKeyNames()
+void subKeyNamesWithoutSize()
 {
-    QFETCH(Form, form);
-    QFETCH(DWORD, index);
-    QFETCH(DWORD, room);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(threeKeys());
-    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
-    PoisonedBuffer name(room * unitSize(form));
-    DWORD size = room;
-    const LSTATUS status = enumKeyEx(form, key.handle(), index, name, &size);
-    QCOMPARE(QStringLiteral("%1, size %2: %3").arg(status).arg(size).arg(name.written()), expected);
-}
-
-void ContractRegistryEnumerationTest::subKeyNamesWithoutSize_data()
-{
-    QTest::addColumn<Form>("form");
-    QTest::addColumn<DWORD>("index");
-    QTest::addColumn<DWORD>("room");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *name, Form form, DWORD index, DWORD room, const char *expected) {
-        QTest::newRow(name) << form << index << room << QString::fromLatin1(expected);
+    const auto row = [](const char *name, Form form, DWORD index, DWORD room, const QString &expected) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(threeKeys());
+            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            PoisonedBuffer name(room * unitSize(form));
+            const LSTATUS status = enumKey(form, key.handle(), index, name, room);
+            QCOMPARE(QStringLiteral("%1: %2").arg(status).arg(name.written()), expected);
+        });
     };
     row("A: the first", Ansi, 0, 32, "0: 416c70686100");
     row("A: fits exactly, with its terminator", Ansi, 1, 5, "0: 4265746100");
@@ -153,27 +119,18 @@ void ContractRegistryEnumerationTest::subKeyNamesWithoutSize_data()
     row("W: past the end", Wide, 3, 32, "259: ");
 }
 
-void ContractRegistryEnumerationTest::subKeyNamesWithoutSize()
+void orderOfSubKeys()
 {
-    QFETCH(Form, form);
-    QFETCH(DWORD, index);
-    QFETCH(DWORD, room);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(threeKeys());
-    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
-    PoisonedBuffer name(room * unitSize(form));
-    const LSTATUS status = enumKey(form, key.handle(), index, name, room);
-    QCOMPARE(QStringLiteral("%1: %2").arg(status).arg(name.written()), expected);
-}
-
-void ContractRegistryEnumerationTest::orderOfSubKeys_data()
-{
-    QTest::addColumn<QStringList>("given");
-    QTest::addColumn<QStringList>("expected");
-    QTest::addColumn<QByteArray>("wineDeviation");
-    const auto row = [](const char *name, const char *given, const char *expected, const char *wineDeviation = "") {
-        QTest::newRow(name) << QString::fromUtf8(given).split(QLatin1Char('|'))
-                            << QString::fromUtf8(expected).split(QLatin1Char('|')) << QByteArray(wineDeviation);
+    const auto row = [](const char *name, const char *given, const char *expected, const QByteArray &wineDeviation = "") {
+        const auto list = [](const char *text) { return QString::fromUtf8(text).split('|'); };
+        addTestRow(name, [=, given = list(given), expected = list(expected)] {
+            const DescribedWindows windows(subKeys(given));
+            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            const QStringList actual
+                = names([&](DWORD index, PoisonedBuffer &name) { return enumKey(Wide, key.handle(), index, name, 64); });
+            WINE_DEVIATES(wineDeviation);
+            QCOMPARE(actual, expected);
+        });
     };
     row("by name, not as they were given", "c|a|b", "a|b|c");
     row("letters of either case are one", "b|A|a1|B1|C", "A|a1|b|B1|C");
@@ -188,31 +145,30 @@ void ContractRegistryEnumerationTest::orderOfSubKeys_data()
     row("the same name in other letters is the same key", "Abc|abd|ABC", "Abc|abd");
 }
 
-void ContractRegistryEnumerationTest::orderOfSubKeys()
+void values()
 {
-    QFETCH(QStringList, given);
-    QFETCH(QStringList, expected);
-    QFETCH(QByteArray, wineDeviation);
-    const DescribedWindows windows(subKeys(given));
-    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
-    const QStringList actual
-        = names([&](DWORD index, PoisonedBuffer &name) { return enumKey(Wide, key.handle(), index, name, 64); });
-    WINE_DEVIATES(wineDeviation);
-    QCOMPARE(actual, expected);
-}
-
-void ContractRegistryEnumerationTest::values_data()
-{
-    QTest::addColumn<Form>("form");
-    QTest::addColumn<DWORD>("index");
-    QTest::addColumn<DWORD>("nameRoom");
-    QTest::addColumn<DWORD>("room");
-    QTest::addColumn<QString>("expected");
-    QTest::addColumn<QByteArray>("wineDeviation");
-    const auto row = [](const char *name, Form form, DWORD index, DWORD nameRoom, DWORD room, const char *expected,
-                        const char *wineDeviation = "") {
-        QTest::newRow(name) << form << index << nameRoom << room << QString::fromLatin1(expected)
-                            << QByteArray(wineDeviation);
+    const auto row = [](const char *name, Form form, DWORD index, DWORD nameRoom, DWORD room, const QString &expected,
+                        const QByteArray &wineDeviation = "") {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(threeValues());
+            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            PoisonedBuffer name(nameRoom * unitSize(form));
+            PoisonedBuffer data(room);
+            DWORD nameSize = nameRoom;
+            DWORD size = room;
+            DWORD type = poison;
+            const LSTATUS status = enumValue(form, key.handle(), index, name, &nameSize, &type, data.bytes(), &size);
+            const QString actual = status == LSTATUS(ERROR_SUCCESS)
+                ? QStringLiteral("0, name %1: %2, type %3, data %4: %5")
+                      .arg(nameSize)
+                      .arg(name.written())
+                      .arg(type)
+                      .arg(size)
+                      .arg(data.written())
+                : QStringLiteral("%1: %2%3").arg(status).arg(name.written(), data.written());
+            WINE_DEVIATES(wineDeviation);
+            QCOMPARE(actual, expected);
+        });
     };
     row("A: the default value has an empty name", Ansi, 0, 32, 16, "0, name 0: 00, type 1, data 3: 414200");
     row("A: unterminated text is terminated", Ansi, 1, 32, 16, "0, name 4: 4e616d6500, type 1, data 2: 414200");
@@ -225,7 +181,7 @@ void ContractRegistryEnumerationTest::values_data()
         "0, name 4: 4e0061006d0065000000, type 1, data 4: 410042000000");
     row("W: unterminated text fits exactly", Wide, 1, 5, 4, "0, name 4: 4e0061006d0065000000, type 1, data 4: 41004200");
     row("W: every code unit of a name is kept", Wide, 2, 3, 3, "0, name 2: d60016040000, type 3, data 3: 010203");
-    // What a failing call leaves in the numbers is not the same everywhere.
+    // Systems differ in what a failing call stores in the numbers.
     row("A: no room for the name's terminator: both buffers untouched", Ansi, 1, 4, 16, "234: ",
         "writes the data and what fits of the name");
     row("A: no room for an empty name: both buffers untouched", Ansi, 0, 0, 16, "234: ", "writes the data");
@@ -237,121 +193,85 @@ void ContractRegistryEnumerationTest::values_data()
     row("W: past the end: both buffers untouched", Wide, 3, 32, 16, "259: ");
 }
 
-void ContractRegistryEnumerationTest::values()
+void valuesWithoutData()
 {
-    QFETCH(Form, form);
-    QFETCH(DWORD, index);
-    QFETCH(DWORD, nameRoom);
-    QFETCH(DWORD, room);
-    QFETCH(QString, expected);
-    QFETCH(QByteArray, wineDeviation);
-    const DescribedWindows windows(threeValues());
-    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
-    PoisonedBuffer name(nameRoom * unitSize(form));
-    PoisonedBuffer data(room);
-    DWORD nameSize = nameRoom;
-    DWORD size = room;
-    DWORD type = poison;
-    const LSTATUS status = enumValue(form, key.handle(), index, name, &nameSize, &type, data.bytes(), &size);
-    const QString actual = status == LSTATUS(ERROR_SUCCESS)
-        ? QStringLiteral("0, name %1: %2, type %3, data %4: %5")
-              .arg(nameSize)
-              .arg(name.written())
-              .arg(type)
-              .arg(size)
-              .arg(data.written())
-        : QStringLiteral("%1: %2%3").arg(status).arg(name.written(), data.written());
-    WINE_DEVIATES(wineDeviation);
-    QCOMPARE(actual, expected);
+    const auto row = [](const QString &name, Form form, DWORD size) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(threeValues());
+            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            PoisonedBuffer name(64);
+            DWORD nameSize = 32;
+            DWORD actual = poison;
+            QCOMPARE(enumValue(form, key.handle(), 1, name, &nameSize, nullptr, nullptr, &actual), LSTATUS(ERROR_SUCCESS));
+            QCOMPARE(nameSize, DWORD(4));
+            QCOMPARE(actual, size);
+            nameSize = 32;
+            QCOMPARE(enumValue(form, key.handle(), 1, name, &nameSize, nullptr, nullptr, nullptr), LSTATUS(ERROR_SUCCESS));
+            QCOMPARE(nameSize, DWORD(4));
+        });
+    };
+    row("A: the size as converted", Ansi, DWORD(2));
+    row("W: the size as stored", Wide, DWORD(4));
 }
 
-void ContractRegistryEnumerationTest::valuesWithoutData_data()
+void orderOfValues()
 {
-    QTest::addColumn<Form>("form");
-    QTest::addColumn<DWORD>("size");
-    QTest::newRow("A: the size as converted") << Ansi << DWORD(2);
-    QTest::newRow("W: the size as stored") << Wide << DWORD(4);
+    const auto row = [](const QString &name, const QByteArray &given, const QStringList &expected, const QByteArray &wineDeviation) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(contractKey() + given);
+            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            const QStringList actual = names([&](DWORD index, PoisonedBuffer &name) {
+                DWORD size = 64;
+                return enumValue(Wide, key.handle(), index, name, &size, nullptr, nullptr, nullptr);
+            });
+            WINE_DEVIATES(wineDeviation);
+            QCOMPARE(actual, expected);
+        });
+    };
+    row("as they were given: in order of name", QByteArray("\"a\"=\"1\"\n\"b\"=\"2\"\n"), QStringList({QStringLiteral("a"), QStringLiteral("b")}), QByteArray());
+    row("as they were given: not by name", QByteArray("\"b\"=\"1\"\n\"c\"=\"2\"\n\"a\"=\"3\"\n"), QStringList({QStringLiteral("b"), "c", QStringLiteral("a")}), QByteArray("enumerates values by name"));
+    row("given twice: the first place", QByteArray("\"b\"=\"1\"\n\"a\"=\"2\"\n\"B\"=\"3\"\n"), QStringList({QStringLiteral("b"), QStringLiteral("a")}), QByteArray("enumerates values by name"));
+    row("the default value where it was given", QByteArray("\"a\"=\"1\"\n@=\"2\"\n"), QStringList({QStringLiteral("a"), QString()}), QByteArray("enumerates values by name"));
 }
 
-void ContractRegistryEnumerationTest::valuesWithoutData()
+void invalidCalls()
 {
-    QFETCH(Form, form);
-    QFETCH(DWORD, size);
-    const DescribedWindows windows(threeValues());
-    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
-    PoisonedBuffer name(64);
-    DWORD nameSize = 32;
-    DWORD actual = poison;
-    QCOMPARE(enumValue(form, key.handle(), 1, name, &nameSize, nullptr, nullptr, &actual), LSTATUS(ERROR_SUCCESS));
-    QCOMPARE(nameSize, DWORD(4));
-    QCOMPARE(actual, size);
-    nameSize = 32;
-    QCOMPARE(enumValue(form, key.handle(), 1, name, &nameSize, nullptr, nullptr, nullptr), LSTATUS(ERROR_SUCCESS));
-    QCOMPARE(nameSize, DWORD(4));
+    const auto row = [](const QString &name, Form form) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(threeValues());
+            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            PoisonedBuffer name(64);
+            PoisonedBuffer data(16);
+            DWORD nameSize = 32;
+            DWORD size = 16;
+            QCOMPARE(enumKeyEx(form, nullptr, 0, name, &nameSize), LSTATUS(ERROR_INVALID_HANDLE));
+            QCOMPARE(enumKey(form, nullptr, 0, name, 32), LSTATUS(ERROR_INVALID_HANDLE));
+            QCOMPARE(enumValue(form, nullptr, 0, name, &nameSize, nullptr, data.bytes(), &size), LSTATUS(ERROR_INVALID_HANDLE));
+            QCOMPARE(enumValue(form, key.handle(), 0, name, nullptr, nullptr, data.bytes(), &size),
+                     LSTATUS(ERROR_INVALID_PARAMETER));
+            QCOMPARE(enumValue(form, key.handle(), 0, name, &nameSize, nullptr, data.bytes(), nullptr),
+                     LSTATUS(ERROR_INVALID_PARAMETER));
+            QVERIFY(name.isUntouched());
+            QVERIFY(data.isUntouched());
+            QCOMPARE(nameSize, DWORD(32));
+            QCOMPARE(size, DWORD(16));
+        });
+    };
+    row("A", Ansi);
+    row("W", Wide);
 }
 
-void ContractRegistryEnumerationTest::orderOfValues_data()
+void addTests()
 {
-    QTest::addColumn<QByteArray>("given");
-    QTest::addColumn<QStringList>("expected");
-    QTest::addColumn<QByteArray>("wineDeviation");
-    QTest::newRow("as they were given: in order of name")
-        << QByteArray("\"a\"=\"1\"\n\"b\"=\"2\"\n") << QStringList({QStringLiteral("a"), QStringLiteral("b")}) << QByteArray();
-    QTest::newRow("as they were given: not by name")
-        << QByteArray("\"b\"=\"1\"\n\"c\"=\"2\"\n\"a\"=\"3\"\n")
-        << QStringList({QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("a")})
-        << QByteArray("enumerates values by name");
-    QTest::newRow("given twice: the first place")
-        << QByteArray("\"b\"=\"1\"\n\"a\"=\"2\"\n\"B\"=\"3\"\n")
-        << QStringList({QStringLiteral("b"), QStringLiteral("a")}) << QByteArray("enumerates values by name");
-    QTest::newRow("the default value where it was given")
-        << QByteArray("\"a\"=\"1\"\n@=\"2\"\n") << QStringList({QStringLiteral("a"), QString()})
-        << QByteArray("enumerates values by name");
+    addTestRows("subKeyNames", subKeyNames);
+    addTestRows("subKeyNamesWithoutSize", subKeyNamesWithoutSize);
+    addTestRows("orderOfSubKeys", orderOfSubKeys);
+    addTestRows("values", values);
+    addTestRows("valuesWithoutData", valuesWithoutData);
+    addTestRows("orderOfValues", orderOfValues);
+    addTestRows("invalidCalls", invalidCalls);
 }
 
-void ContractRegistryEnumerationTest::orderOfValues()
-{
-    QFETCH(QByteArray, given);
-    QFETCH(QStringList, expected);
-    QFETCH(QByteArray, wineDeviation);
-    const DescribedWindows windows(contractKey() + given);
-    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
-    const QStringList actual = names([&](DWORD index, PoisonedBuffer &name) {
-        DWORD size = 64;
-        return enumValue(Wide, key.handle(), index, name, &size, nullptr, nullptr, nullptr);
-    });
-    WINE_DEVIATES(wineDeviation);
-    QCOMPARE(actual, expected);
-}
+} // namespace
 
-void ContractRegistryEnumerationTest::invalidCalls_data()
-{
-    QTest::addColumn<Form>("form");
-    QTest::newRow("A") << Ansi;
-    QTest::newRow("W") << Wide;
-}
-
-void ContractRegistryEnumerationTest::invalidCalls()
-{
-    QFETCH(Form, form);
-    const DescribedWindows windows(threeValues());
-    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
-    PoisonedBuffer name(64);
-    PoisonedBuffer data(16);
-    DWORD nameSize = 32;
-    DWORD size = 16;
-    QCOMPARE(enumKeyEx(form, nullptr, 0, name, &nameSize), LSTATUS(ERROR_INVALID_HANDLE));
-    QCOMPARE(enumKey(form, nullptr, 0, name, 32), LSTATUS(ERROR_INVALID_HANDLE));
-    QCOMPARE(enumValue(form, nullptr, 0, name, &nameSize, nullptr, data.bytes(), &size), LSTATUS(ERROR_INVALID_HANDLE));
-    QCOMPARE(enumValue(form, key.handle(), 0, name, nullptr, nullptr, data.bytes(), &size),
-             LSTATUS(ERROR_INVALID_PARAMETER));
-    QCOMPARE(enumValue(form, key.handle(), 0, name, &nameSize, nullptr, data.bytes(), nullptr),
-             LSTATUS(ERROR_INVALID_PARAMETER));
-    QVERIFY(name.isUntouched());
-    QVERIFY(data.isUntouched());
-    QCOMPARE(nameSize, DWORD(32));
-    QCOMPARE(size, DWORD(16));
-}
-
-TEST_WITH_CORE_APPLICATION(ContractRegistryEnumerationTest);
-#include "tst_contract_registry_enumeration.moc"
+TEST_WITH_CORE_APPLICATION(RowTest(addTests));

@@ -1,36 +1,11 @@
-// RegOpenKeyEx, both forms, and RegCloseKey: which paths lead where.
+// RegOpenKeyEx, both forms, and RegCloseKey: which key a path opens.
 
 #include "contract.h"
-#include "test_main.h"
-
-class ContractRegistryKeysTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void paths_data();
-    void paths();
-    void lettersOfEitherCase_data();
-    void lettersOfEitherCase();
-    void belowAnOpenKey_data();
-    void belowAnOpenKey();
-    void narrowPathIsReadInTheCodePage_data();
-    void narrowPathIsReadInTheCodePage();
-    void access_data();
-    void access();
-    void roots_data();
-    void roots();
-    void noPathOpensTheKeyItself();
-    void deniedKeys_data();
-    void deniedKeys();
-    void deniedKeysAreEnumerated();
-    void invalidCalls();
-    void closing();
-};
+#include "rows.h"
 
 namespace {
 
-// Each key says where it is.
+// The value "Where" of each key names the key.
 QByteArray registry()
 {
     return "[HKEY_LOCAL_MACHINE]\n\"Where\"=\"root\"\n"
@@ -48,7 +23,7 @@ HKEY poisonedKey()
     return reinterpret_cast<HKEY>(quintptr(poison));
 }
 
-/// What the key says, closed afterwards; or how opening it failed.
+/// The value "Where" of the key, which is then closed; or the error of opening it.
 QString whereIs(LSTATUS status, HKEY key)
 {
     if (status != LSTATUS(ERROR_SUCCESS))
@@ -74,14 +49,14 @@ QString openWide(HKEY root, const QString &path, REGSAM mask = KEY_READ)
     return whereIs(status, key);
 }
 
-} // namespace
-
-void ContractRegistryKeysTest::paths_data()
+void paths()
 {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *name, const char *path, const char *expected) {
-        QTest::newRow(name) << QString::fromLatin1(path) << QString::fromLatin1(expected);
+    const auto row = [](const char *name, const QString &path, const QString &expected) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(registry());
+            QCOMPARE(openNarrow(HKEY_LOCAL_MACHINE, path.toLatin1()), expected);
+            QCOMPARE(openWide(HKEY_LOCAL_MACHINE, path), expected);
+        });
     };
     row("one name", "Alpha", "Alpha");
     row("two names", "Alpha\\Beta", "Alpha, Beta");
@@ -104,23 +79,14 @@ void ContractRegistryKeysTest::paths_data()
     row("a value is no key", "Alpha\\Where", "2");
 }
 
-void ContractRegistryKeysTest::paths()
+void lettersOfEitherCase()
 {
-    QFETCH(QString, path);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(registry());
-    QCOMPARE(openNarrow(HKEY_LOCAL_MACHINE, path.toLatin1()), expected);
-    QCOMPARE(openWide(HKEY_LOCAL_MACHINE, path), expected);
-}
-
-void ContractRegistryKeysTest::lettersOfEitherCase_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("asked");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *name, const char *key, const char *asked, bool same) {
-        QTest::newRow(name) << QString::fromUtf8(key) << QString::fromUtf8(asked)
-                            << (same ? QStringLiteral("here") : QStringLiteral("2"));
+    const auto row = [](const QString &title, const QString &name, const QString &asked, bool same) {
+        addTestRow(title, [=] {
+            const DescribedWindows windows("[HKEY_LOCAL_MACHINE\\" + name.toUtf8() + "]\n\"Where\"=\"here\"\n");
+            QCOMPARE(openWide(HKEY_LOCAL_MACHINE, asked), QString(same ? "here" : "2"));
+            QCOMPARE(openWide(HKEY_LOCAL_MACHINE, name), QString("here"));
+        });
     };
     row("Latin letters with marks", "\u00e9\u0159", "\u00c9\u0158", true);
     row("Greek letters", "\u03b1\u03c9", "\u0391\u03a9", true);
@@ -135,102 +101,74 @@ void ContractRegistryKeysTest::lettersOfEitherCase_data()
     row("letters beyond 16 bits have no case", "\U00010428", "\U00010400", false);
 }
 
-void ContractRegistryKeysTest::lettersOfEitherCase()
+void belowAnOpenKey()
 {
-    QFETCH(QString, name);
-    QFETCH(QString, asked);
-    QFETCH(QString, expected);
-    const DescribedWindows windows("[HKEY_LOCAL_MACHINE\\" + name.toUtf8() + "]\n\"Where\"=\"here\"\n");
-    QCOMPARE(openWide(HKEY_LOCAL_MACHINE, asked), expected);
-    QCOMPARE(openWide(HKEY_LOCAL_MACHINE, name), QStringLiteral("here"));
+    const auto row = [](const QString &name, const QString &path, const QString &expected) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(registry());
+            const OpenKey alpha(HKEY_LOCAL_MACHINE, "Alpha");
+            QCOMPARE(openNarrow(alpha.handle(), path.toLatin1()), expected);
+            QCOMPARE(openWide(alpha.handle(), path), expected);
+        });
+    };
+    row("a sub-key", "Beta", "Alpha, Beta");
+    row("empty: the key itself", QString(), "Alpha");
+    row("a trailing backslash", "Beta\\", "Alpha, Beta");
+    row("a missing key: no handle", "Alpha", "2");
+    row("a leading backslash", "\\Beta", "161");
 }
 
-void ContractRegistryKeysTest::belowAnOpenKey_data()
+void narrowPathIsReadInTheCodePage()
 {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("a sub-key") << QStringLiteral("Beta") << QStringLiteral("Alpha, Beta");
-    QTest::newRow("empty: the key itself") << QString() << QStringLiteral("Alpha");
-    QTest::newRow("a trailing backslash") << QStringLiteral("Beta\\") << QStringLiteral("Alpha, Beta");
-    QTest::newRow("a missing key: no handle") << QStringLiteral("Alpha") << QStringLiteral("2");
-    QTest::newRow("a leading backslash") << QStringLiteral("\\Beta") << QStringLiteral("161");
+    const auto row = [](const QString &name, const QByteArray &path, const QString &expected) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(registry());
+            QCOMPARE(openNarrow(HKEY_LOCAL_MACHINE, path), expected);
+            QCOMPARE(openWide(HKEY_LOCAL_MACHINE, QStringLiteral("\u0416")), QStringLiteral("zhe"));
+            QCOMPARE(openWide(HKEY_LOCAL_MACHINE, QStringLiteral("\u0436")), QStringLiteral("zhe"));
+        });
+    };
+    row("letters of the code page", QByteArray("Gr\xf6\xdf"
+                                               "e"),
+        QStringLiteral("size"));
+    row("letters in upper case; sharp s has none", QByteArray("GR\xd6\xdf"
+                                                              "E"),
+        QStringLiteral("size"));
+    row("the same in UTF-8 is another name", QByteArray("Gr\u00f6\u00dfe"), "2");
+    row("a letter that the code page lacks cannot be named", QByteArray("?"), "2");
 }
 
-void ContractRegistryKeysTest::belowAnOpenKey()
+void access()
 {
-    QFETCH(QString, path);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(registry());
-    const OpenKey alpha(HKEY_LOCAL_MACHINE, "Alpha");
-    QCOMPARE(openNarrow(alpha.handle(), path.toLatin1()), expected);
-    QCOMPARE(openWide(alpha.handle(), path), expected);
+    const auto row = [](const QString &name, const REGSAM &mask) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(registry());
+            QCOMPARE(openNarrow(HKEY_LOCAL_MACHINE, "Alpha\\Beta", mask), QStringLiteral("Alpha, Beta"));
+            QCOMPARE(openWide(HKEY_LOCAL_MACHINE, QStringLiteral("Alpha\\Beta"), mask), QStringLiteral("Alpha, Beta"));
+            QCOMPARE(openNarrow(HKEY_LOCAL_MACHINE, "Missing", mask), QStringLiteral("2"));
+        });
+    };
+    row("read", REGSAM(0x20019));
+    row("read, 64-bit view: the same key", REGSAM(0x20119));
 }
 
-void ContractRegistryKeysTest::narrowPathIsReadInTheCodePage_data()
+void roots()
 {
-    QTest::addColumn<QByteArray>("path");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("letters of the code page") << QByteArray("Gr\xf6\xdf"
-                                                            "e")
-                                              << QStringLiteral("size");
-    QTest::newRow("letters in upper case; sharp s has none") << QByteArray("GR\xd6\xdf"
-                                                                           "E")
-                                                             << QStringLiteral("size");
-    QTest::newRow("the same in UTF-8 is another name") << QByteArray("Gr\u00f6\u00dfe") << QStringLiteral("2");
-    QTest::newRow("a letter that the code page lacks cannot be named") << QByteArray("?") << QStringLiteral("2");
-}
-
-void ContractRegistryKeysTest::narrowPathIsReadInTheCodePage()
-{
-    QFETCH(QByteArray, path);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(registry());
-    QCOMPARE(openNarrow(HKEY_LOCAL_MACHINE, path), expected);
-    QCOMPARE(openWide(HKEY_LOCAL_MACHINE, QStringLiteral("\u0416")), QStringLiteral("zhe"));
-    QCOMPARE(openWide(HKEY_LOCAL_MACHINE, QStringLiteral("\u0436")), QStringLiteral("zhe"));
-}
-
-void ContractRegistryKeysTest::access_data()
-{
-    QTest::addColumn<REGSAM>("mask");
-    QTest::newRow("read") << REGSAM(0x20019);
-    QTest::newRow("read, 64-bit view: the same key") << REGSAM(0x20119);
-}
-
-void ContractRegistryKeysTest::access()
-{
-    QFETCH(REGSAM, mask);
-    const DescribedWindows windows(registry());
-    QCOMPARE(openNarrow(HKEY_LOCAL_MACHINE, "Alpha\\Beta", mask), QStringLiteral("Alpha, Beta"));
-    QCOMPARE(openWide(HKEY_LOCAL_MACHINE, QStringLiteral("Alpha\\Beta"), mask), QStringLiteral("Alpha, Beta"));
-    QCOMPARE(openNarrow(HKEY_LOCAL_MACHINE, "Missing", mask), QStringLiteral("2"));
-}
-
-void ContractRegistryKeysTest::roots_data()
-{
-    QTest::addColumn<quintptr>("root");
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("expected");
+    const auto row = [](const QString &name, const quintptr &root, const QString &path, const QString &expected) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(registry());
+            QCOMPARE(openNarrow(reinterpret_cast<HKEY>(root), path.toLatin1()), expected);
+            QCOMPARE(openWide(reinterpret_cast<HKEY>(root), path), expected);
+        });
+    };
     const auto number = [](HKEY root) { return reinterpret_cast<quintptr>(root); };
-    QTest::newRow("the machine") << number(HKEY_LOCAL_MACHINE) << QStringLiteral("Alpha") << QStringLiteral("Alpha");
-    QTest::newRow("the user") << number(HKEY_CURRENT_USER) << QStringLiteral("Alpha") << QStringLiteral("user");
-    QTest::newRow("the classes") << number(HKEY_CLASSES_ROOT) << QStringLiteral("vkSystemInfoContract")
-                                 << QStringLiteral("classes");
-    QTest::newRow("all users: not the current one")
-        << number(HKEY_USERS) << QStringLiteral("Alpha") << QStringLiteral("2");
+    row("the machine", number(HKEY_LOCAL_MACHINE), "Alpha", "Alpha");
+    row("the user", number(HKEY_CURRENT_USER), "Alpha", "user");
+    row("the classes", number(HKEY_CLASSES_ROOT), "vkSystemInfoContract", "classes");
+    row("all users: not the current one", number(HKEY_USERS), "Alpha", "2");
 }
 
-void ContractRegistryKeysTest::roots()
-{
-    QFETCH(quintptr, root);
-    QFETCH(QString, path);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(registry());
-    QCOMPARE(openNarrow(reinterpret_cast<HKEY>(root), path.toLatin1()), expected);
-    QCOMPARE(openWide(reinterpret_cast<HKEY>(root), path), expected);
-}
-
-void ContractRegistryKeysTest::noPathOpensTheKeyItself()
+void noPathOpensTheKeyItself()
 {
     const DescribedWindows windows(registry());
     const OpenKey alpha(HKEY_LOCAL_MACHINE, "Alpha");
@@ -241,12 +179,19 @@ void ContractRegistryKeysTest::noPathOpensTheKeyItself()
     QCOMPARE(whereIs(status, key), QStringLiteral("Alpha"));
 }
 
-void ContractRegistryKeysTest::deniedKeys_data()
+void deniedKeys()
 {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *name, const char *path, const char *expected) {
-        QTest::newRow(name) << QString::fromLatin1(path) << QString::fromLatin1(expected);
+    const auto row = [](const char *name, const QString &path, const QString &expected) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(registry() + "[HKEY_LOCAL_MACHINE\\Alpha\\Beta\\Delta]\n\"Where\"=\"below\"\n",
+                                           R"({"deniedKeys": ["HKEY_LOCAL_MACHINE\\Alpha\\Beta", "HKEY_LOCAL_MACHINE\\New\\Denied"]})");
+            QCOMPARE(openNarrow(HKEY_LOCAL_MACHINE, path.toLatin1()), expected);
+            QCOMPARE(openWide(HKEY_LOCAL_MACHINE, path), expected);
+            if (path.startsWith(QLatin1String("Alpha\\"))) {
+                const OpenKey alpha(HKEY_LOCAL_MACHINE, "Alpha");
+                QCOMPARE(openNarrow(alpha.handle(), path.mid(6).toLatin1()), expected);
+            }
+        });
     };
     row("the key itself: no handle", "Alpha\\Beta", "5");
     row("in other letters", "ALPHA\\beta", "5");
@@ -258,21 +203,7 @@ void ContractRegistryKeysTest::deniedKeys_data()
     row("the parent of that one has no value", "New", "");
 }
 
-void ContractRegistryKeysTest::deniedKeys()
-{
-    QFETCH(QString, path);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(registry() + "[HKEY_LOCAL_MACHINE\\Alpha\\Beta\\Delta]\n\"Where\"=\"below\"\n",
-                                   R"({"deniedKeys": ["HKEY_LOCAL_MACHINE\\Alpha\\Beta", "HKEY_LOCAL_MACHINE\\New\\Denied"]})");
-    QCOMPARE(openNarrow(HKEY_LOCAL_MACHINE, path.toLatin1()), expected);
-    QCOMPARE(openWide(HKEY_LOCAL_MACHINE, path), expected);
-    if (path.startsWith(QLatin1String("Alpha\\"))) {
-        const OpenKey alpha(HKEY_LOCAL_MACHINE, "Alpha");
-        QCOMPARE(openNarrow(alpha.handle(), path.mid(6).toLatin1()), expected);
-    }
-}
-
-void ContractRegistryKeysTest::deniedKeysAreEnumerated()
+void deniedKeysAreEnumerated()
 {
     const DescribedWindows windows(registry(), R"({"deniedKeys": ["HKEY_LOCAL_MACHINE\\Alpha\\Beta"]})");
     const OpenKey alpha(HKEY_LOCAL_MACHINE, "Alpha");
@@ -283,7 +214,7 @@ void ContractRegistryKeysTest::deniedKeysAreEnumerated()
     QCOMPARE(QByteArray(name), QByteArray("Beta Gamma"));
 }
 
-void ContractRegistryKeysTest::invalidCalls()
+void invalidCalls()
 {
     const DescribedWindows windows(registry());
     HKEY key = nullptr;
@@ -291,7 +222,7 @@ void ContractRegistryKeysTest::invalidCalls()
     QCOMPARE(RegOpenKeyExW(nullptr, L"Alpha", 0, KEY_READ, &key), LSTATUS(ERROR_INVALID_HANDLE));
 }
 
-void ContractRegistryKeysTest::closing()
+void closing()
 {
     const DescribedWindows windows(registry());
     HKEY first = nullptr;
@@ -307,5 +238,21 @@ void ContractRegistryKeysTest::closing()
     QCOMPARE(openNarrow(HKEY_CLASSES_ROOT, "vkSystemInfoContract"), QStringLiteral("classes"));
 }
 
-TEST_WITH_CORE_APPLICATION(ContractRegistryKeysTest);
-#include "tst_contract_registry_keys.moc"
+void addTests()
+{
+    addTestRows("paths", paths);
+    addTestRows("lettersOfEitherCase", lettersOfEitherCase);
+    addTestRows("belowAnOpenKey", belowAnOpenKey);
+    addTestRows("narrowPathIsReadInTheCodePage", narrowPathIsReadInTheCodePage);
+    addTestRows("access", access);
+    addTestRows("roots", roots);
+    addTestRow("noPathOpensTheKeyItself", noPathOpensTheKeyItself);
+    addTestRows("deniedKeys", deniedKeys);
+    addTestRow("deniedKeysAreEnumerated", deniedKeysAreEnumerated);
+    addTestRow("invalidCalls", invalidCalls);
+    addTestRow("closing", closing);
+}
+
+} // namespace
+
+TEST_WITH_CORE_APPLICATION(RowTest(addTests));

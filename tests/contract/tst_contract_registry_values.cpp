@@ -1,28 +1,7 @@
-// RegQueryValueEx, both forms: sizes, room, terminators, what is left untouched.
+// RegQueryValueEx, both forms: sizes, terminators, and what it does not write.
 
 #include "contract.h"
-#include "test_main.h"
-
-class ContractRegistryValuesTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void data_data();
-    void data();
-    void typesAreAnsweredAsTheyAre_data();
-    void typesAreAnsweredAsTheyAre();
-    void sizeAlone_data();
-    void sizeAlone();
-    void names_data();
-    void names();
-    void missingValue_data();
-    void missingValue();
-    void missingValueWithoutBuffer_data();
-    void missingValueWithoutBuffer();
-    void invalidCalls_data();
-    void invalidCalls();
-};
+#include "rows.h"
 
 namespace {
 
@@ -49,18 +28,12 @@ QString answer(Form form, const QByteArray &definition, DWORD room)
     return QStringLiteral("%1, size %2: %3").arg(status).arg(size).arg(buffer.written());
 }
 
-} // namespace
-
-Q_DECLARE_METATYPE(Form)
-
-void ContractRegistryValuesTest::data_data()
+void data()
 {
-    QTest::addColumn<Form>("form");
-    QTest::addColumn<QByteArray>("definition");
-    QTest::addColumn<DWORD>("room");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *name, Form form, const char *definition, DWORD room, const char *expected) {
-        QTest::newRow(name) << form << QByteArray(definition) << room << QString::fromLatin1(expected);
+    const auto row = [](const char *name, Form form, const QByteArray &definition, DWORD room, const QString &expected) {
+        addTestRow(name, [=] {
+            QCOMPARE(answer(form, definition, room), expected);
+        });
     };
 
     // REG_SZ "AB" with and without a terminator
@@ -140,20 +113,21 @@ void ContractRegistryValuesTest::data_data()
     }
 }
 
-void ContractRegistryValuesTest::data()
+void typesAreAnsweredAsTheyAre()
 {
-    QFETCH(Form, form);
-    QFETCH(QByteArray, definition);
-    QFETCH(DWORD, room);
-    QFETCH(QString, expected);
-    QCOMPARE(answer(form, definition, room), expected);
-}
-
-void ContractRegistryValuesTest::typesAreAnsweredAsTheyAre_data()
-{
-    QTest::addColumn<QByteArray>("definition");
-    QTest::addColumn<DWORD>("room");
-    QTest::addColumn<DWORD>("expected");
+    const auto row = [](const QString &name, const QByteArray &definition, DWORD room, DWORD expected) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(contractKey() + "\"Value\"=" + definition + '\n');
+            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            for (const Form form : {Ansi, Wide}) {
+                PoisonedBuffer buffer(room);
+                DWORD size = room;
+                DWORD type = poison;
+                query(form, key.handle(), QStringLiteral("Value"), &type, buffer.bytes(), &size);
+                QCOMPARE(type, expected);
+            }
+        });
+    };
     const struct
     {
         const char *name;
@@ -176,146 +150,128 @@ void ContractRegistryValuesTest::typesAreAnsweredAsTheyAre_data()
         {"of empty data", "hex(7):", 7},
     };
     for (const auto &type : types) {
-        QTest::newRow(type.name) << QByteArray(type.definition) << DWORD(16) << type.type;
-        QTest::addRow("%s, buffer too small", type.name) << QByteArray(type.definition) << DWORD(0) << type.type;
+        row(type.name, QByteArray(type.definition), DWORD(16), type.type);
+        row(QString::asprintf("%s, buffer too small", type.name), QByteArray(type.definition), DWORD(0), type.type);
     }
 }
 
-void ContractRegistryValuesTest::typesAreAnsweredAsTheyAre()
+void sizeAlone()
 {
-    QFETCH(QByteArray, definition);
-    QFETCH(DWORD, room);
-    QFETCH(DWORD, expected);
-    const DescribedWindows windows(contractKey() + "\"Value\"=" + definition + '\n');
-    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
-    for (const Form form : {Ansi, Wide}) {
-        PoisonedBuffer buffer(room);
-        DWORD size = room;
-        DWORD type = poison;
-        query(form, key.handle(), QStringLiteral("Value"), &type, buffer.bytes(), &size);
-        QCOMPARE(type, expected);
-    }
+    const auto row = [](const QString &name, const QByteArray &definition, DWORD narrow, DWORD wide) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(contractKey() + "\"Value\"=" + definition + '\n');
+            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            for (const Form form : {Ansi, Wide}) {
+                DWORD size = poison;
+                QCOMPARE(query(form, key.handle(), QStringLiteral("Value"), nullptr, nullptr, &size), LSTATUS(ERROR_SUCCESS));
+                QCOMPARE(size, form == Ansi ? narrow : wide);
+            }
+        });
+    };
+    row("terminated text", QByteArray("\"ABC\""), DWORD(4), DWORD(8));
+    row("unterminated text: as stored", QByteArray("hex(1):41,00,42,00"), DWORD(2), DWORD(4));
+    row("text of an odd size", QByteArray("hex(1):41,00,42"), DWORD(1), DWORD(3));
+    row("empty text", QByteArray("hex(1):"), DWORD(0), DWORD(0));
+    row("binary data", QByteArray("hex:01,02,03"), DWORD(3), DWORD(3));
 }
 
-void ContractRegistryValuesTest::sizeAlone_data()
+void names()
 {
-    QTest::addColumn<QByteArray>("definition");
-    QTest::addColumn<DWORD>("narrow");
-    QTest::addColumn<DWORD>("wide");
-    QTest::newRow("terminated text") << QByteArray("\"ABC\"") << DWORD(4) << DWORD(8);
-    QTest::newRow("unterminated text: as stored") << QByteArray("hex(1):41,00,42,00") << DWORD(2) << DWORD(4);
-    QTest::newRow("text of an odd size") << QByteArray("hex(1):41,00,42") << DWORD(1) << DWORD(3);
-    QTest::newRow("empty text") << QByteArray("hex(1):") << DWORD(0) << DWORD(0);
-    QTest::newRow("binary data") << QByteArray("hex:01,02,03") << DWORD(3) << DWORD(3);
+    const auto row = [](const QString &title, const QString &name, LSTATUS status, DWORD number) {
+        addTestRow(title, [=] {
+            const DescribedWindows windows(contractKey()
+                                           + "\"Value\"=dword:1\n@=dword:2\n\"a\\\\b\"=dword:3\n\"Gr\u00f6\u00dfe\"=dword:4\n"
+                                             "[HKEY_LOCAL_MACHINE\\Software\\Contract\\Sub]\n");
+            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            for (const Form form : {Ansi, Wide}) {
+                DWORD actual = poison;
+                DWORD size = sizeof actual;
+                QCOMPARE(query(form, key.handle(), name, nullptr, reinterpret_cast<LPBYTE>(&actual), &size), status);
+                QCOMPARE(actual, number);
+            }
+        });
+    };
+    row("as it is written", QStringLiteral("Value"), LSTATUS(ERROR_SUCCESS), DWORD(1));
+    row("in other letters", QStringLiteral("vALUE"), LSTATUS(ERROR_SUCCESS), DWORD(1));
+    row("empty: the default value", QString(), LSTATUS(ERROR_SUCCESS), DWORD(2));
+    row("with a backslash", QStringLiteral("a\\b"), LSTATUS(ERROR_SUCCESS), DWORD(3));
+    row("a letter of the code page", QStringLiteral("Gr\u00f6\u00dfe"), LSTATUS(ERROR_SUCCESS), DWORD(4));
+    row("that letter in upper case", QStringLiteral("GR\u00d6\u00dfE"), LSTATUS(ERROR_SUCCESS), DWORD(4));
+    row("a longer one", QStringLiteral("Values"), LSTATUS(ERROR_FILE_NOT_FOUND), poison);
+    row("a shorter one", QStringLiteral("Valu"), LSTATUS(ERROR_FILE_NOT_FOUND), poison);
+    row("trailing blank", QStringLiteral("Value "), LSTATUS(ERROR_FILE_NOT_FOUND), poison);
+    row("the name of a sub-key", QStringLiteral("Sub"), LSTATUS(ERROR_FILE_NOT_FOUND), poison);
 }
 
-void ContractRegistryValuesTest::sizeAlone()
+void missingValue()
 {
-    QFETCH(QByteArray, definition);
-    QFETCH(DWORD, narrow);
-    QFETCH(DWORD, wide);
-    const DescribedWindows windows(contractKey() + "\"Value\"=" + definition + '\n');
-    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
-    for (const Form form : {Ansi, Wide}) {
-        DWORD size = poison;
-        QCOMPARE(query(form, key.handle(), QStringLiteral("Value"), nullptr, nullptr, &size), LSTATUS(ERROR_SUCCESS));
-        QCOMPARE(size, form == Ansi ? narrow : wide);
-    }
+    const auto row = [](const QString &name, Form form) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(contractKey());
+            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            PoisonedBuffer buffer(16);
+            DWORD size = 16;
+            QCOMPARE(query(form, key.handle(), QStringLiteral("Missing"), nullptr, buffer.bytes(), &size),
+                     LSTATUS(ERROR_FILE_NOT_FOUND));
+            QVERIFY(buffer.isUntouched());
+            QCOMPARE(size, DWORD(16));
+        });
+    };
+    row("A", Ansi);
+    row("W", Wide);
 }
 
-void ContractRegistryValuesTest::names_data()
+void missingValueWithoutBuffer()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<LSTATUS>("status");
-    QTest::addColumn<DWORD>("number");
-    QTest::newRow("as it is written") << QStringLiteral("Value") << LSTATUS(ERROR_SUCCESS) << DWORD(1);
-    QTest::newRow("in other letters") << QStringLiteral("vALUE") << LSTATUS(ERROR_SUCCESS) << DWORD(1);
-    QTest::newRow("empty: the default value") << QString() << LSTATUS(ERROR_SUCCESS) << DWORD(2);
-    QTest::newRow("with a backslash") << QStringLiteral("a\\b") << LSTATUS(ERROR_SUCCESS) << DWORD(3);
-    QTest::newRow("a letter of the code page") << QStringLiteral("Gr\u00f6\u00dfe") << LSTATUS(ERROR_SUCCESS) << DWORD(4);
-    QTest::newRow("that letter in upper case") << QStringLiteral("GR\u00d6\u00dfE") << LSTATUS(ERROR_SUCCESS) << DWORD(4);
-    QTest::newRow("a longer one") << QStringLiteral("Values") << LSTATUS(ERROR_FILE_NOT_FOUND) << poison;
-    QTest::newRow("a shorter one") << QStringLiteral("Valu") << LSTATUS(ERROR_FILE_NOT_FOUND) << poison;
-    QTest::newRow("trailing blank") << QStringLiteral("Value ") << LSTATUS(ERROR_FILE_NOT_FOUND) << poison;
-    QTest::newRow("the name of a sub-key") << QStringLiteral("Sub") << LSTATUS(ERROR_FILE_NOT_FOUND) << poison;
+    const auto row = [](const QString &name, Form form) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(contractKey());
+            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            DWORD size = poison;
+            QCOMPARE(query(form, key.handle(), QStringLiteral("Missing"), nullptr, nullptr, &size),
+                     LSTATUS(ERROR_FILE_NOT_FOUND));
+            QCOMPARE(size, DWORD(0));
+        });
+    };
+    row("A", Ansi);
+    row("W", Wide);
 }
 
-void ContractRegistryValuesTest::names()
+void invalidCalls()
 {
-    QFETCH(QString, name);
-    QFETCH(LSTATUS, status);
-    QFETCH(DWORD, number);
-    const DescribedWindows windows(contractKey()
-                                   + "\"Value\"=dword:1\n@=dword:2\n\"a\\\\b\"=dword:3\n\"Gr\u00f6\u00dfe\"=dword:4\n"
-                                     "[HKEY_LOCAL_MACHINE\\Software\\Contract\\Sub]\n");
-    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
-    for (const Form form : {Ansi, Wide}) {
-        DWORD actual = poison;
-        DWORD size = sizeof actual;
-        QCOMPARE(query(form, key.handle(), name, nullptr, reinterpret_cast<LPBYTE>(&actual), &size), status);
-        QCOMPARE(actual, number);
-    }
+    const auto row = [](const QString &name, Form form) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(contractKey() + "\"Value\"=\"A\"\n");
+            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            const QString name = QStringLiteral("Value");
+            PoisonedBuffer buffer(16);
+            DWORD size = 16;
+            DWORD type = poison;
+
+            QCOMPARE(query(form, nullptr, name, nullptr, buffer.bytes(), &size), LSTATUS(ERROR_INVALID_HANDLE));
+            QVERIFY2(buffer.isUntouched(), "no handle");
+            QCOMPARE(size, DWORD(16));
+            QCOMPARE(query(form, key.handle(), name, nullptr, buffer.bytes(), nullptr), LSTATUS(ERROR_INVALID_PARAMETER));
+            QVERIFY2(buffer.isUntouched(), "a buffer of no size");
+            QCOMPARE(query(form, key.handle(), name, &type, nullptr, nullptr), LSTATUS(ERROR_SUCCESS));
+            QCOMPARE(type, DWORD(REG_SZ));
+        });
+    };
+    row("A", Ansi);
+    row("W", Wide);
 }
 
-void ContractRegistryValuesTest::missingValue_data()
+void addTests()
 {
-    QTest::addColumn<Form>("form");
-    QTest::newRow("A") << Ansi;
-    QTest::newRow("W") << Wide;
+    addTestRows("data", data);
+    addTestRows("typesAreAnsweredAsTheyAre", typesAreAnsweredAsTheyAre);
+    addTestRows("sizeAlone", sizeAlone);
+    addTestRows("names", names);
+    addTestRows("missingValue", missingValue);
+    addTestRows("missingValueWithoutBuffer", missingValueWithoutBuffer);
+    addTestRows("invalidCalls", invalidCalls);
 }
 
-void ContractRegistryValuesTest::missingValue()
-{
-    QFETCH(Form, form);
-    const DescribedWindows windows(contractKey());
-    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
-    PoisonedBuffer buffer(16);
-    DWORD size = 16;
-    QCOMPARE(query(form, key.handle(), QStringLiteral("Missing"), nullptr, buffer.bytes(), &size),
-             LSTATUS(ERROR_FILE_NOT_FOUND));
-    QVERIFY(buffer.isUntouched());
-    QCOMPARE(size, DWORD(16));
-}
+} // namespace
 
-void ContractRegistryValuesTest::missingValueWithoutBuffer_data()
-{
-    missingValue_data();
-}
-
-void ContractRegistryValuesTest::missingValueWithoutBuffer()
-{
-    QFETCH(Form, form);
-    const DescribedWindows windows(contractKey());
-    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
-    DWORD size = poison;
-    QCOMPARE(query(form, key.handle(), QStringLiteral("Missing"), nullptr, nullptr, &size),
-             LSTATUS(ERROR_FILE_NOT_FOUND));
-    QCOMPARE(size, DWORD(0));
-}
-
-void ContractRegistryValuesTest::invalidCalls_data()
-{
-    missingValue_data();
-}
-
-void ContractRegistryValuesTest::invalidCalls()
-{
-    QFETCH(Form, form);
-    const DescribedWindows windows(contractKey() + "\"Value\"=\"A\"\n");
-    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
-    const QString name = QStringLiteral("Value");
-    PoisonedBuffer buffer(16);
-    DWORD size = 16;
-    DWORD type = poison;
-
-    QCOMPARE(query(form, nullptr, name, nullptr, buffer.bytes(), &size), LSTATUS(ERROR_INVALID_HANDLE));
-    QVERIFY2(buffer.isUntouched(), "no handle");
-    QCOMPARE(size, DWORD(16));
-    QCOMPARE(query(form, key.handle(), name, nullptr, buffer.bytes(), nullptr), LSTATUS(ERROR_INVALID_PARAMETER));
-    QVERIFY2(buffer.isUntouched(), "a buffer of no size");
-    QCOMPARE(query(form, key.handle(), name, &type, nullptr, nullptr), LSTATUS(ERROR_SUCCESS));
-    QCOMPARE(type, DWORD(REG_SZ));
-}
-
-TEST_WITH_CORE_APPLICATION(ContractRegistryValuesTest);
-#include "tst_contract_registry_values.moc"
+TEST_WITH_CORE_APPLICATION(RowTest(addTests));

@@ -1,32 +1,14 @@
 // Version, processors, memory, metrics and registry quota.
 
 #include "answering_windows.h"
-#include "test_main.h"
+#include "rows.h"
 
 #include <algorithm>
 #include <cstring>
 
-class ContractSystemTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void shortVersionRecord();
-    void longVersionRecord();
-    void bothFormsGiveOneVersion();
-    void versionRecordOfAnotherSize_data();
-    void versionRecordOfAnotherSize();
-    void systemInfo();
-    void memoryStatus();
-    void memoryRecordOfAnotherSize_data();
-    void memoryRecordOfAnotherSize();
-    void unknownMetricIsZero();
-    void registryQuota();
-};
-
 namespace {
 
-/// A record full of poison, its size set, and as much poison behind it.
+/// A poisoned record whose size is set.
 template <typename Record>
 struct Poisoned
 {
@@ -48,9 +30,7 @@ bool isTerminated(const Char (&text)[128])
     return std::find(std::begin(text), std::end(text), Char(0)) != std::end(text);
 }
 
-} // namespace
-
-void ContractSystemTest::shortVersionRecord()
+void shortVersionRecord()
 {
     const AnsweringWindows windows;
     Poisoned<OSVERSIONINFOEXA> narrow(sizeof(OSVERSIONINFOA));
@@ -67,7 +47,7 @@ void ContractSystemTest::shortVersionRecord()
     QVERIFY2(wide.buffer.isUntouchedFrom(276), "what only the long record has");
 }
 
-void ContractSystemTest::longVersionRecord()
+void longVersionRecord()
 {
     const AnsweringWindows windows;
     Poisoned<OSVERSIONINFOEXA> narrow(sizeof(OSVERSIONINFOEXA));
@@ -84,7 +64,7 @@ void ContractSystemTest::longVersionRecord()
     QVERIFY(wide.buffer.isUntouchedFrom(284));
 }
 
-void ContractSystemTest::bothFormsGiveOneVersion()
+void bothFormsGiveOneVersion()
 {
     const AnsweringWindows windows;
     OSVERSIONINFOEXA narrow = {};
@@ -103,33 +83,31 @@ void ContractSystemTest::bothFormsGiveOneVersion()
     QCOMPARE(narrow.wProductType, wide.wProductType);
 }
 
-void ContractSystemTest::versionRecordOfAnotherSize_data()
+void versionRecordOfAnotherSize()
 {
-    QTest::addColumn<DWORD>("size");
-    QTest::newRow("none") << DWORD(0);
-    QTest::newRow("one byte less than the short one") << DWORD(147);
-    QTest::newRow("between the two") << DWORD(150);
-    QTest::newRow("one byte more than the long one") << DWORD(157);
+    const auto row = [](const QString &name, DWORD size) {
+        addTestRow(name, [=] {
+            const AnsweringWindows windows;
+            Poisoned<OSVERSIONINFOEXA> record(size);
+            SetLastError(poison);
+            QVERIFY(!GetVersionExA(record.as<OSVERSIONINFOA>()));
+            QCOMPARE(GetLastError(), DWORD(ERROR_INSUFFICIENT_BUFFER));
+            QCOMPARE(record->dwOSVersionInfoSize, size);
+            QVERIFY(record.buffer.isUntouchedFrom(sizeof size));
+        });
+    };
+    row("none", DWORD(0));
+    row("one byte less than the short one", DWORD(147));
+    row("between the two", DWORD(150));
+    row("one byte more than the long one", DWORD(157));
 }
 
-void ContractSystemTest::versionRecordOfAnotherSize()
-{
-    QFETCH(DWORD, size);
-    const AnsweringWindows windows;
-    Poisoned<OSVERSIONINFOEXA> record(size);
-    SetLastError(poison);
-    QVERIFY(!GetVersionExA(record.as<OSVERSIONINFOA>()));
-    QCOMPARE(GetLastError(), DWORD(ERROR_INSUFFICIENT_BUFFER));
-    QCOMPARE(record->dwOSVersionInfoSize, size);
-    QVERIFY(record.buffer.isUntouchedFrom(sizeof size));
-}
-
-void ContractSystemTest::systemInfo()
+void systemInfo()
 {
     const AnsweringWindows windows;
     Poisoned<SYSTEM_INFO> record(poison);
     GetSystemInfo(record.as<SYSTEM_INFO>());
-    QCOMPARE(record->wProcessorArchitecture, WORD(9)); // 64 bits
+    QCOMPARE(record->wProcessorArchitecture, WORD(PROCESSOR_ARCHITECTURE_AMD64));
     QCOMPARE(record->dwPageSize, DWORD(4096));
     QCOMPARE(record->dwAllocationGranularity, DWORD(65536));
     QCOMPARE(record->lpMinimumApplicationAddress, LPVOID(0x10000));
@@ -139,7 +117,7 @@ void ContractSystemTest::systemInfo()
     QVERIFY(record.buffer.isUntouchedFrom(sizeof(SYSTEM_INFO)));
 }
 
-void ContractSystemTest::memoryStatus()
+void memoryStatus()
 {
     const AnsweringWindows windows;
     Poisoned<MEMORYSTATUSEX> record(sizeof(MEMORYSTATUSEX));
@@ -153,33 +131,31 @@ void ContractSystemTest::memoryStatus()
     QVERIFY(record.buffer.isUntouchedFrom(sizeof(MEMORYSTATUSEX)));
 }
 
-void ContractSystemTest::memoryRecordOfAnotherSize_data()
+void memoryRecordOfAnotherSize()
 {
-    QTest::addColumn<DWORD>("size");
-    QTest::newRow("none") << DWORD(0);
-    QTest::newRow("too small") << DWORD(63);
-    QTest::newRow("too large") << DWORD(65);
+    const auto row = [](const QString &name, DWORD size) {
+        addTestRow(name, [=] {
+            const AnsweringWindows windows;
+            Poisoned<MEMORYSTATUSEX> record(size);
+            SetLastError(poison);
+            QVERIFY(!GlobalMemoryStatusEx(record.as<MEMORYSTATUSEX>()));
+            QCOMPARE(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+            QVERIFY(record.buffer.isUntouchedFrom(sizeof size));
+        });
+    };
+    row("none", DWORD(0));
+    row("too small", DWORD(63));
+    row("too large", DWORD(65));
 }
 
-void ContractSystemTest::memoryRecordOfAnotherSize()
-{
-    QFETCH(DWORD, size);
-    const AnsweringWindows windows;
-    Poisoned<MEMORYSTATUSEX> record(size);
-    SetLastError(poison);
-    QVERIFY(!GlobalMemoryStatusEx(record.as<MEMORYSTATUSEX>()));
-    QCOMPARE(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    QVERIFY(record.buffer.isUntouchedFrom(sizeof size));
-}
-
-void ContractSystemTest::unknownMetricIsZero()
+void unknownMetricIsZero()
 {
     const AnsweringWindows windows;
     QCOMPARE(GetSystemMetrics(9999), 0);
     QCOMPARE(GetSystemMetrics(SM_SERVERR2), 0);
 }
 
-void ContractSystemTest::registryQuota()
+void registryQuota()
 {
     const AnsweringWindows windows;
     DWORD allowed = poison;
@@ -189,5 +165,19 @@ void ContractSystemTest::registryQuota()
     QVERIFY(used <= allowed);
 }
 
-TEST_WITH_CORE_APPLICATION(ContractSystemTest);
-#include "tst_contract_system.moc"
+void addTests()
+{
+    addTestRow("shortVersionRecord", shortVersionRecord);
+    addTestRow("longVersionRecord", longVersionRecord);
+    addTestRow("bothFormsGiveOneVersion", bothFormsGiveOneVersion);
+    addTestRows("versionRecordOfAnotherSize", versionRecordOfAnotherSize);
+    addTestRow("systemInfo", systemInfo);
+    addTestRow("memoryStatus", memoryStatus);
+    addTestRows("memoryRecordOfAnotherSize", memoryRecordOfAnotherSize);
+    addTestRow("unknownMetricIsZero", unknownMetricIsZero);
+    addTestRow("registryQuota", registryQuota);
+}
+
+} // namespace
+
+TEST_WITH_CORE_APPLICATION(RowTest(addTests));

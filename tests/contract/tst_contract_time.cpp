@@ -1,28 +1,11 @@
 // _localtime32_s and asctime_s of the run-time library.
 
 #include "answering_windows.h"
+#include "rows.h"
 #include "run_time_form.h"
-#include "test_main.h"
 
 #include <cerrno>
 #include <time.h>
-
-class ContractTimeTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void negativeTime_data();
-    void negativeTime();
-    void localTimeIsOffByWholeMinutes();
-    void text_data();
-    void text();
-    void dayOfOneDigit();
-    void textTooLong_data();
-    void textTooLong();
-    void invalidTime_data();
-    void invalidTime();
-};
 
 namespace {
 
@@ -46,26 +29,22 @@ QVector<int> fields(const struct tm &time)
             time.tm_yday, time.tm_isdst};
 }
 
-} // namespace
-
-void ContractTimeTest::negativeTime_data()
+void negativeTime()
 {
-    QTest::addColumn<qint32>("seconds");
-    QTest::newRow("one second before 1970") << qint32(-1);
-    QTest::newRow("the smallest") << std::numeric_limits<qint32>::min();
+    const auto row = [](const QString &name, qint32 seconds) {
+        addTestRow(name, [=] {
+            const AnsweringWindows windows;
+            const __time32_t time = seconds;
+            struct tm local = someTime();
+            QCOMPARE(int(_localtime32_s(&local, &time)), EINVAL);
+            QCOMPARE(fields(local), QVector<int>(struct_tm_fields, -1));
+        });
+    };
+    row("one second before 1970", qint32(-1));
+    row("the smallest", std::numeric_limits<qint32>::min());
 }
 
-void ContractTimeTest::negativeTime()
-{
-    QFETCH(qint32, seconds);
-    const AnsweringWindows windows;
-    const __time32_t time = seconds;
-    struct tm local = someTime();
-    QCOMPARE(int(_localtime32_s(&local, &time)), EINVAL);
-    QCOMPARE(fields(local), QVector<int>(struct_tm_fields, -1));
-}
-
-void ContractTimeTest::localTimeIsOffByWholeMinutes()
+void localTimeIsOffByWholeMinutes()
 {
     const AnsweringWindows windows;
     const __time32_t time = 1701337145; // 30 November 2023, 09:39:05 UTC
@@ -77,43 +56,36 @@ void ContractTimeTest::localTimeIsOffByWholeMinutes()
     QVERIFY(local.tm_yday >= 332 && local.tm_yday <= 334);
 }
 
-void ContractTimeTest::text_data()
+void text()
 {
-    QTest::addColumn<QVector<int>>("time"); // year, month, day, weekday, hour, minute, second
-    QTest::addColumn<QByteArray>("expected");
-    QTest::newRow("the first day of two digits") << QVector<int> {70, 0, 10, 6, 0, 0, 0}
-                                                 << QByteArray("Sat Jan 10 00:00:00 1970\n");
-    QTest::newRow("the last second of the time") << QVector<int> {138, 0, 19, 2, 3, 14, 7}
-                                                 << QByteArray("Tue Jan 19 03:14:07 2038\n");
-    QTest::newRow("the end of a year") << QVector<int> {99, 11, 31, 5, 23, 59, 59}
-                                       << QByteArray("Fri Dec 31 23:59:59 1999\n");
-    QTest::newRow("a leap day") << QVector<int> {100, 1, 29, 2, 12, 30, 0} << QByteArray("Tue Feb 29 12:30:00 2000\n");
+    const auto row = [](const QString &name, const QVector<int> &time, const QByteArray &expected) {
+        addTestRow(name, [=] {
+            const AnsweringWindows windows;
+            struct tm record = {};
+            record.tm_year = time.at(0);
+            record.tm_mon = time.at(1);
+            record.tm_mday = time.at(2);
+            record.tm_wday = time.at(3);
+            record.tm_hour = time.at(4);
+            record.tm_min = time.at(5);
+            record.tm_sec = time.at(6);
+            PoisonedBuffer exact(26);
+            QCOMPARE(int(asctime_s(exact.narrow(), 26, &record)), 0);
+            QCOMPARE(QByteArray(exact.narrow()), expected);
+            QVERIFY(exact.isUntouchedFrom(26));
+            PoisonedBuffer roomy(64);
+            QCOMPARE(int(asctime_s(roomy.narrow(), 64, &record)), 0);
+            QCOMPARE(QByteArray(roomy.narrow()), expected);
+            QVERIFY(roomy.isUntouchedFrom(26));
+        });
+    };
+    row("the first day of two digits", QVector<int> {70, 0, 10, 6, 0, 0, 0}, QByteArray("Sat Jan 10 00:00:00 1970\n"));
+    row("the last second of the time", QVector<int> {138, 0, 19, 2, 3, 14, 7}, QByteArray("Tue Jan 19 03:14:07 2038\n"));
+    row("the end of a year", QVector<int> {99, 11, 31, 5, 23, 59, 59}, QByteArray("Fri Dec 31 23:59:59 1999\n"));
+    row("a leap day", QVector<int> {100, 1, 29, 2, 12, 30, 0}, QByteArray("Tue Feb 29 12:30:00 2000\n"));
 }
 
-void ContractTimeTest::text()
-{
-    QFETCH(QVector<int>, time);
-    QFETCH(QByteArray, expected);
-    const AnsweringWindows windows;
-    struct tm record = {};
-    record.tm_year = time.at(0);
-    record.tm_mon = time.at(1);
-    record.tm_mday = time.at(2);
-    record.tm_wday = time.at(3);
-    record.tm_hour = time.at(4);
-    record.tm_min = time.at(5);
-    record.tm_sec = time.at(6);
-    PoisonedBuffer exact(26);
-    QCOMPARE(int(asctime_s(exact.narrow(), 26, &record)), 0);
-    QCOMPARE(QByteArray(exact.narrow()), expected);
-    QVERIFY(exact.isUntouchedFrom(26));
-    PoisonedBuffer roomy(64);
-    QCOMPARE(int(asctime_s(roomy.narrow(), 64, &record)), 0);
-    QCOMPARE(QByteArray(roomy.narrow()), expected);
-    QVERIFY(roomy.isUntouchedFrom(26));
-}
-
-void ContractTimeTest::dayOfOneDigit()
+void dayOfOneDigit()
 {
     const AnsweringWindows windows;
     const struct tm time = someTime();
@@ -128,48 +100,51 @@ void ContractTimeTest::dayOfOneDigit()
 #endif
 }
 
-void ContractTimeTest::textTooLong_data()
+void textTooLong()
 {
-    QTest::addColumn<int>("room");
-    QTest::addColumn<QString>("written");
-    QTest::newRow("no room for the terminator: an empty text") << 25 << QStringLiteral("00");
-    QTest::newRow("one byte: an empty text") << 1 << QStringLiteral("00");
-    QTest::newRow("no room at all: nothing") << 0 << QString();
+    const auto row = [](const QString &name, int room, const QString &written) {
+        addTestRow(name, [=] {
+            const AnsweringWindows windows;
+            const struct tm time = someTime();
+            PoisonedBuffer buffer(32);
+            QCOMPARE(int(asctime_s(buffer.narrow(), std::size_t(room), &time)), EINVAL);
+            QCOMPARE(buffer.written(), written);
+        });
+    };
+    row("no room for the terminator: an empty text", 25, "00");
+    row("one byte: an empty text", 1, "00");
+    row("no room at all: nothing", 0, QString());
 }
 
-void ContractTimeTest::textTooLong()
+void invalidTime()
 {
-    QFETCH(int, room);
-    QFETCH(QString, written);
-    const AnsweringWindows windows;
-    const struct tm time = someTime();
-    PoisonedBuffer buffer(32);
-    QCOMPARE(int(asctime_s(buffer.narrow(), std::size_t(room), &time)), EINVAL);
-    QCOMPARE(buffer.written(), written);
+    const auto row = [](const QString &name, int month, int weekday) {
+        addTestRow(name, [=] {
+            const AnsweringWindows windows;
+            struct tm time = someTime();
+            time.tm_mon = month;
+            time.tm_wday = weekday;
+            PoisonedBuffer buffer(32);
+            QCOMPARE(int(asctime_s(buffer.narrow(), 32, &time)), EINVAL);
+            QCOMPARE(buffer.written(), QStringLiteral("00"));
+        });
+    };
+    row("a 13th month", 12, 0);
+    row("a month before January", -1, 0);
+    row("an eighth day of the week", 0, 7);
+    row("a day before Sunday", 0, -1);
 }
 
-void ContractTimeTest::invalidTime_data()
+void addTests()
 {
-    QTest::addColumn<int>("month");
-    QTest::addColumn<int>("weekday");
-    QTest::newRow("a 13th month") << 12 << 0;
-    QTest::newRow("a month before January") << -1 << 0;
-    QTest::newRow("an eighth day of the week") << 0 << 7;
-    QTest::newRow("a day before Sunday") << 0 << -1;
+    addTestRows("negativeTime", negativeTime);
+    addTestRow("localTimeIsOffByWholeMinutes", localTimeIsOffByWholeMinutes);
+    addTestRows("text", text);
+    addTestRow("dayOfOneDigit", dayOfOneDigit);
+    addTestRows("textTooLong", textTooLong);
+    addTestRows("invalidTime", invalidTime);
 }
 
-void ContractTimeTest::invalidTime()
-{
-    QFETCH(int, month);
-    QFETCH(int, weekday);
-    const AnsweringWindows windows;
-    struct tm time = someTime();
-    time.tm_mon = month;
-    time.tm_wday = weekday;
-    PoisonedBuffer buffer(32);
-    QCOMPARE(int(asctime_s(buffer.narrow(), 32, &time)), EINVAL);
-    QCOMPARE(buffer.written(), QStringLiteral("00"));
-}
+} // namespace
 
-TEST_WITH_CORE_APPLICATION(ContractTimeTest);
-#include "tst_contract_time.moc"
+TEST_WITH_CORE_APPLICATION(RowTest(addTests));

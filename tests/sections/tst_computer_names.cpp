@@ -119,7 +119,7 @@ void whatWindowsAnswers()
 void addRows()
 {
     if (!windowsIsSimulated)
-        return SectionRows::row("what Windows answers", whatWindowsAnswers);
+        return addTestRow("what Windows answers", whatWindowsAnswers);
     rows.withoutMachine("");
     formatRows();
     nameRows();
@@ -128,4 +128,4 @@ void addRows()
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

@@ -192,4 +192,4 @@ void addRows()
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

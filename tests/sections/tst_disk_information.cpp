@@ -144,9 +144,9 @@ void drivesOfThisSystem()
 
 void addRows()
 {
-    SectionRows::row("the error mode is the default afterwards", errorModeIsTheDefault);
+    addTestRow("the error mode is the default afterwards", errorModeIsTheDefault);
     if (!windowsIsSimulated)
-        return SectionRows::row("drives of this system", drivesOfThisSystem);
+        return addTestRow("drives of this system", drivesOfThisSystem);
     driveRows();
     fieldRows();
     callRows();
@@ -154,4 +154,4 @@ void addRows()
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

@@ -1,4 +1,4 @@
-// The checks of both DNS-SD client libraries. On Windows they meet the libraries of
+// The checks of both DNS-SD client libraries. On Windows they load those of
 // tests/dnssd_libraries.
 
 #include "section_rows.h"
@@ -36,7 +36,7 @@ Described described(const QString &state)
     return {"", "{\"libraries\": {" + libraries.value(state) + "}}"};
 }
 
-/// The libraries in a state, for as long as it lives.
+/// The libraries in a state, while the object exists.
 class Libraries
 {
 public:
@@ -88,7 +88,7 @@ QString resultOf(Check check)
 void checkRows()
 {
     const auto row = [](const char *name, const char *state, bool standard, const QString &expected) {
-        SectionRows::row(name, [=] {
+        addTestRow(name, [=] {
             const Libraries libraries(state);
             const Check check = standard ? checkStandardBonjour : checkVelkorBonjour;
             for (int time = 0; time < 2; ++time) {
@@ -120,7 +120,7 @@ void checkRows()
 void statusRows()
 {
     const auto row = [](const char *name, const char *state, const char *standard, const char *velkor) {
-        SectionRows::row(name, [=] {
+        addTestRow(name, [=] {
             const Libraries libraries(state);
             COMPARE_TEXT(checkStandardBonjourText(), QString("Standard Bonjour: ") + standard);
             COMPARE_TEXT(checkVelkorBonjourText(), QString("velkor DNS-SD: ") + velkor);
@@ -145,7 +145,7 @@ void formatRows()
 {
     const auto row = [](const char *name, const char *label, bool installed, int error, const char *version,
                         const char *expected) {
-        SectionRows::row(name, [=] { COMPARE_TEXT(formatDnssdStatus(label, installed, error, version), QString(expected)); });
+        addTestRow(name, [=] { COMPARE_TEXT(formatDnssdStatus(label, installed, error, version), QString(expected)); });
     };
     row("a version", "L: ", true, 0, "1.2.3", "L: installed.\nDNS-SD version: 1.2.3\n");
     row("no version", "L: ", true, 0, "", "L: installed.\nDNS-SD version: \n");
@@ -226,4 +226,4 @@ void addRows()
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

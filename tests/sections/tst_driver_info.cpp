@@ -16,7 +16,7 @@ QByteArray classKey(const QByteArray &path = QByteArray())
     return machineKey("SYSTEM\\CurrentControlSet\\Control\\Class" + path);
 }
 
-/// A class "Net" with what stands in \a drivers, each with a key of its own.
+/// The class "Net" with the keys of its drivers.
 QByteArray netClass(const QByteArray &drivers = QByteArray())
 {
     return classKey("\\{1}") + textValue("Class", "Net") + drivers;
@@ -158,22 +158,22 @@ void driverRows()
     addDrivers("the name of a driver is not shown", driver("anything", "a"), described("a"));
 }
 
-// Names whose UTF-16 bytes read as a word in single bytes. What is then opened is the
-// name with a question mark for each of their characters.
+// Names whose UTF-16 bytes, read as single bytes, are a word. The section then opens the
+// name that has a question mark for each character.
 const QByteArray bytesReadProperties = QString::fromUtf16(u"\u7250\u706f\u7265\u6974\u7365").toUtf8();
 const QByteArray bytesReadUpperCase = QString::fromUtf16(u"\u5250\u504f\u5245\u4954\u5345").toUtf8();
 const QByteArray bytesReadLess = QString::fromUtf16(u"\u7250\u706f\u7265\u6974").toUtf8();
 const QByteArray bytesReadMore = QString::fromUtf16(u"\u7250\u706f\u7265\u6974\u7365\u7365").toUtf8();
 const char opened[] = "?????";
 
-// A unit whose bytes are 0x00 and 0x01: it ends the single bytes.
+// A unit of the bytes 0x00 and 0x01, which ends the word.
 const QByteArray unitOfLowZero = QString(QChar(0x0100)).toUtf8();
-// Names that hold each letter of the word in the low or in the high byte of a unit.
+// Each unit has a letter of the word in its low byte, or in its high byte.
 const QByteArray lowBytesReadProperties
     = QString::fromUtf16(u"\u0150\u0172\u016f\u0170\u0165\u0172\u0174\u0169\u0165\u0173").toUtf8();
 const QByteArray highBytesReadProperties
     = QString::fromUtf16(u"\u5000\u7200\u6f00\u7000\u6500\u7200\u7400\u6900\u6500\u7300").toUtf8();
-// Its bytes read "Propertie", and a byte of zero follows.
+// The bytes "Propertie" and a zero.
 const QByteArray bytesReadAllButTheLast = QString::fromUtf16(u"\u7250\u706f\u7265\u6974\u0065").toUtf8();
 
 QByteArray bothProperties()
@@ -187,7 +187,7 @@ const char bothPropertyLines[] = "   Device Type:             42 = 0x2a\n"
 void propertyRows()
 {
     const QString heading("   Properties\n");
-    // "?????" enumerates before the other name and is a driver itself.
+    // "?????" sorts before the other name and is a driver itself.
     addDrivers("the key Properties is a driver: its properties are not shown", driverKey("Properties") + bothProperties(), "");
     addDrivers("the key Properties is a driver: its driver values are shown", driver("Properties", "a") + bothProperties(),
                described("a"));
@@ -300,7 +300,7 @@ void simulatedRows()
               netClass() + classKey("\\{\xc3\xa4}") + textValue("Class", "x"), netBlock(QString()));
 }
 
-/// With "..." for the key of all classes.
+/// In \a journal "..." is the key of all classes.
 void addCalls(const char *name, const QByteArray &registry, QString journal)
 {
     rows.calls(name, registry,
@@ -418,4 +418,4 @@ void addRows()
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

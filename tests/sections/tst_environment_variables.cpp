@@ -28,7 +28,7 @@ const Variables allVariables {{"OS", "Windows_NT"},
 const QStringList allLines {"OS       = Windows_NT\n", "PATH     = C:\\Windows;C:\\Tools\n", "HOMEPATH = \\Users\\anna\n",
                             "TEMP     = C:\\Temp\n", "PROCESSOR_IDENTIFIER = Intel64 Family 6\n"};
 
-/// All lines, one of them another.
+/// All lines, one of them replaced.
 QString linesWith(int index, const QString &line)
 {
     QStringList lines = allLines;
@@ -66,7 +66,7 @@ void addText(const char *name, const Variables &variables, const QString &lines)
 
 #else
 
-/// The text in an environment of which these are the variables that the section shows.
+/// The text when exactly these variables are set.
 QString textOf(const Variables &variables)
 {
     Variables before;
@@ -83,7 +83,7 @@ QString textOf(const Variables &variables)
 
 void addText(const char *name, const Variables &variables, const QString &lines)
 {
-    SectionRows::row(name, [=] { COMPARE_TEXT(textOf(variables), title + lines); });
+    addTestRow(name, [=] { COMPARE_TEXT(textOf(variables), title + lines); });
 }
 
 #endif
@@ -135,8 +135,8 @@ void simulatedRows()
             linesWith(1, "Expand env var 1, buffer too small, would need 32769\n"));
     addText("a far longer one", with("PROCESSOR_IDENTIFIER", QString(99977, 'x')),
             linesWith(4, "Expand env var 4, buffer too small, would need 100001\n"));
-    // Only a null is taken off the end.
-    SectionRows::row("without terminators", [] {
+    // The section removes the last unit only when it is a null.
+    addTestRow("without terminators", [] {
         const DescribedWindows windows(machineOf(allVariables).machine);
         const simulated::UnterminatedTexts unterminated;
         COMPARE_TEXT(someEnvironmentVariables(), title + allLines.join(QString()));
@@ -165,4 +165,4 @@ void addRows()
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

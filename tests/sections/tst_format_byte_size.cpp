@@ -1,29 +1,20 @@
 // formatByteSize(): the boundaries of its units and of its digit.
 
-#include "test_main.h"
+#include "rows.h"
 #include "win/format_byte_size.h"
 
 #include <QtTest/QtTest>
 
 using namespace velkor::SystemInfo::WinSysInfo;
 
-class FormatByteSizeTest : public QObject
-{
-    Q_OBJECT
+namespace {
 
-private Q_SLOTS:
-    void text_data();
-    void text();
-    void digitIsCut_data();
-    void digitIsCut();
-};
-
-void FormatByteSizeTest::text_data()
+void text()
 {
-    QTest::addColumn<quint64>("bytes");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *name, quint64 bytes, const char *expected) {
-        QTest::newRow(name) << bytes << QString(expected);
+    const auto row = [](const char *name, quint64 bytes, const QString &expected) {
+        addTestRow(name, [=] {
+            QCOMPARE(formatByteSize(bytes), expected);
+        });
     };
     row("nothing", 0, "0 Byte");
     row("one byte", 1, "1 Byte");
@@ -53,40 +44,36 @@ void FormatByteSizeTest::text_data()
     row("largest size", 18446744073709551615u, "17179869183.9 GByte");
 }
 
-void FormatByteSizeTest::text()
-{
-    QFETCH(quint64, bytes);
-    QFETCH(QString, expected);
-    QCOMPARE(formatByteSize(bytes), expected);
-}
-
 // The digit counts tenths of 1024 units of the next smaller kind, and becomes another
 // one at these.
-void FormatByteSizeTest::digitIsCut_data()
+void digitIsCut()
 {
-    QTest::addColumn<quint64>("remainder");
-    QTest::addColumn<int>("digit");
+    const auto row = [](const QString &name, quint64 remainder, int digit) {
+        addTestRow(name, [=] {
+            const quint64 bytes = 7 * 1024 + remainder;
+            const QString number = QString("7.") + QString::number(digit);
+            QCOMPARE(formatByteSize(bytes), number + " KByte");
+            QCOMPARE(formatByteSize(bytes * 1024), number + " MByte");
+            QCOMPARE(formatByteSize(bytes * 1024 + 1023), number + " MByte");
+            QCOMPARE(formatByteSize(bytes * 1048576), number + " GByte");
+            QCOMPARE(formatByteSize(bytes * 1048576 + 1048575), number + " GByte");
+        });
+    };
     const quint64 firstWithDigit[] = {0, 103, 205, 308, 410, 512, 615, 717, 820, 922};
     for (int digit = 0; digit < 10; ++digit) {
         const quint64 first = firstWithDigit[digit];
         const quint64 last = digit < 9 ? firstWithDigit[digit + 1] - 1 : 1023;
-        QTest::addRow("first with .%d", digit) << first << digit;
-        QTest::addRow("last with .%d", digit) << last << digit;
+        row(QString::asprintf("first with .%d", digit), first, digit);
+        row(QString::asprintf("last with .%d", digit), last, digit);
     }
 }
 
-void FormatByteSizeTest::digitIsCut()
+void addTests()
 {
-    QFETCH(quint64, remainder);
-    QFETCH(int, digit);
-    const quint64 bytes = 7 * 1024 + remainder;
-    const QString number = QString("7.") + QString::number(digit);
-    QCOMPARE(formatByteSize(bytes), number + " KByte");
-    QCOMPARE(formatByteSize(bytes * 1024), number + " MByte");
-    QCOMPARE(formatByteSize(bytes * 1024 + 1023), number + " MByte");
-    QCOMPARE(formatByteSize(bytes * 1048576), number + " GByte");
-    QCOMPARE(formatByteSize(bytes * 1048576 + 1048575), number + " GByte");
+    addTestRows("text", text);
+    addTestRows("digitIsCut", digitIsCut);
 }
 
-TEST_WITH_CORE_APPLICATION(FormatByteSizeTest);
-#include "tst_format_byte_size.moc"
+} // namespace
+
+TEST_WITH_CORE_APPLICATION(RowTest(addTests));

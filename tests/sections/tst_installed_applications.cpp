@@ -313,8 +313,8 @@ void codePageRows()
               block(QString::fromUtf8("Linemodel f\xef\xbf\xbdr alle")));
 }
 
-/// The calls for the key of a product: the name, which is read again when it is one, and
-/// the other values, before \a more.
+/// The calls for the key of a product. Quirk: the name of a product that is shown is
+/// queried twice.
 QString productCalls(const QString &key, bool shown, const QString &more = QString())
 {
     QStringList queries {"ProductName 2048"};
@@ -418,4 +418,4 @@ void addRows()
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

@@ -30,7 +30,6 @@ Described machineOf(const QStringList &names)
 }
 
 /// "0", "1" and so on.
-/// "0", "1" and so on.
 QStringList numbered(int count)
 {
     QStringList names;
@@ -69,7 +68,7 @@ void nameRows()
     list.text("one that cannot be named makes no room for another", unreadable, lines(numbered(1024).mid(1)));
 }
 
-/// The calls that name so many modules, and none more.
+/// The calls for a process of that many modules.
 QString callsFor(int modules)
 {
     QString calls = "EnumProcessModules 8192\n";
@@ -112,11 +111,11 @@ void modulesOfThisProcess()
 void addRows()
 {
     if (!windowsIsSimulated)
-        return SectionRows::row("modules of this process", modulesOfThisProcess);
+        return addTestRow("modules of this process", modulesOfThisProcess);
     nameRows();
     callRows();
 }
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

@@ -78,9 +78,9 @@ void addRows()
     if (windowsIsSimulated)
         simulatedRows();
     else
-        SectionRows::row("what Windows answers", whatWindowsAnswers);
+        addTestRow("what Windows answers", whatWindowsAnswers);
 }
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

@@ -7,12 +7,12 @@ using namespace velkor::SystemInfo::WinSysInfo;
 
 namespace {
 
-/// What stands behind each label.
+/// The text after each label.
 struct Answers
 {
     QString architecture;
     QString number;
-    QString active; // with the ends of its lines
+    QString active; // with line ends
     QString type;
     QString revision;
     QString level;
@@ -53,7 +53,7 @@ QString processors(int count)
     return text;
 }
 
-/// Where GetSystemInfo() gives zeros.
+/// For a GetSystemInfo() of zeros.
 Answers zeros()
 {
     return {"x86 (32/64bit)", "0", "\n", "unknown", "0 = 0x0000", "0", "0",
@@ -158,7 +158,7 @@ void whatWindowsAnswers()
 void addRows()
 {
     if (!windowsIsSimulated)
-        return SectionRows::row("what Windows answers", whatWindowsAnswers);
+        return addTestRow("what Windows answers", whatWindowsAnswers);
     rows.text("an empty machine", "", section(zeros()));
     rows.withoutMachine(section(zeros()));
     nameRows();
@@ -169,4 +169,4 @@ void addRows()
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

@@ -12,7 +12,7 @@ using namespace velkor::SystemInfo::WinSysInfo;
 
 namespace {
 
-/// What goes through Qt's warning channel while it lives.
+/// Collects Qt's messages while the object exists.
 class Messages
 {
 public:
@@ -23,7 +23,7 @@ public:
     }
     ~Messages() { qInstallMessageHandler(m_previous); }
 
-    /// Each with its kind and with what it says of its place in the source.
+    /// "something else: " starts those that are no warnings or name a place in the source.
     static QStringList &texts()
     {
         static QStringList theTexts;
@@ -125,8 +125,6 @@ void valueNameRows()
         "C:\\?\\system32\\a.dll");
 }
 
-#endif
-
 const QString warning = "warning: velkor::SystemInfo::WinSysInfo::refCountSharedDll ";
 
 // The registry is not queried.
@@ -161,6 +159,8 @@ void callRows()
     lines.failure("the list does not close: nothing shows", three, "RegCloseKey", 0, "3\n");
 }
 
+#endif
+
 void addRows()
 {
     countRows();
@@ -173,4 +173,4 @@ void addRows()
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

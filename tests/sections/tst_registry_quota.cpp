@@ -29,7 +29,7 @@ void whatWindowsAnswers()
 void addRows()
 {
     if (!windowsIsSimulated)
-        return SectionRows::row("what Windows answers", whatWindowsAnswers);
+        return addTestRow("what Windows answers", whatWindowsAnswers);
     const Described full = quota("\"allowed\": 200, \"used\": 100");
     rows.text("used comes first", full, "Used [bytes]:           100\nAllowed [bytes]:        200\n");
     rows.text("more used than allowed", quota("\"allowed\": 1, \"used\": 1234567890"),
@@ -47,4 +47,4 @@ void addRows()
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

@@ -56,7 +56,7 @@ void textRows()
 void callRows()
 {
     const Described full {"", fullSystem};
-    // Without an owner window; no flags: a folder that is missing is never created.
+    // No owner window, and no flag: the call never creates a missing folder.
     rows.calls("calls", full,
                "SHGetSpecialFolderPathW \"5\"\n"
                "SHGetSpecialFolderPathW \"2\"\n"
@@ -91,11 +91,11 @@ void foldersOfThisSystem()
 void addRows()
 {
     if (!windowsIsSimulated)
-        return SectionRows::row("folders of this system", foldersOfThisSystem);
+        return addTestRow("folders of this system", foldersOfThisSystem);
     textRows();
     callRows();
 }
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

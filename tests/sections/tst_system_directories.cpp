@@ -10,7 +10,7 @@ namespace {
 const char title[] = "Windows system directories\n";
 const SectionRows rows(windowsSystemDirectories, title);
 
-/// A null QString: there is no such directory.
+/// A null QString: the call fails.
 machine::Machine machineOf(const QString &windowsDirectory, const QString &wow64Directory)
 {
     machine::Machine machine;
@@ -79,11 +79,11 @@ void directoriesOfThisSystem()
 void addRows()
 {
     if (!windowsIsSimulated)
-        return SectionRows::row("directories of this system", directoriesOfThisSystem);
+        return addTestRow("directories of this system", directoriesOfThisSystem);
     textRows();
     callRows();
 }
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

@@ -37,7 +37,7 @@ void nameRows()
 
 #ifdef SIMULATED_WINDOWS
 
-// Only a null is taken off the end.
+// The section removes the last unit only when it is a null.
 void unterminatedRows()
 {
     const auto withoutTerminator = [] {
@@ -63,7 +63,7 @@ void whatWindowsAnswers()
 void addRows()
 {
     if (!windowsIsSimulated)
-        return SectionRows::row("what Windows answers", whatWindowsAnswers);
+        return addTestRow("what Windows answers", whatWindowsAnswers);
     nameRows();
 #ifdef SIMULATED_WINDOWS
     unterminatedRows();
@@ -75,4 +75,4 @@ void addRows()
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

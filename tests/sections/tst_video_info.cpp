@@ -15,7 +15,7 @@ QByteArray videoKey(const QByteArray &path = QByteArray())
     return machineKey("SYSTEM\\CurrentControlSet\\Control\\Video" + path);
 }
 
-/// The only configuration of the only adapter, written once because "Video" follows.
+/// The only configuration of the only adapter. Because of "Video" it is shown once.
 QByteArray configuration(const QByteArray &values)
 {
     return videoKey("\\{A}\\Video") + videoKey("\\{A}\\0000") + values;
@@ -385,4 +385,4 @@ void addRows()
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

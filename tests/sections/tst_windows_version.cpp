@@ -1,4 +1,4 @@
-// windowsVersion(), platformName() and what they are decided from
+// windowsVersion(), platformName() and the facts that decide their text
 
 #include "section_rows.h"
 #include "vkSystemInfo.h"
@@ -80,7 +80,7 @@ QString failedText()
     return "Windows version: \nGetVersionExA(&osver) failed!\n";
 }
 
-/// The block; without \a registry it has no line for that.
+/// The block; an empty \a registry gives no line.
 QString detailedText(const QString &version, const QString &registry, const QString &release,
                      const QString &servicePack = QString())
 {
@@ -103,7 +103,7 @@ void addText(const QString &name, const Described &machine, const QString &detai
 /// The release of these facts, and of a machine that has them.
 void addRow(const QString &name, const ReleaseFacts &facts, const QString &release)
 {
-    SectionRows::row(name, [=] { COMPARE_TEXT(releaseName(facts), release); });
+    addTestRow(name, [=] { COMPARE_TEXT(releaseName(facts), release); });
     if (!windowsIsSimulated)
         return;
     const auto number = [](quint32 major, quint32 minor, quint32 build) {
@@ -179,7 +179,7 @@ ReleaseFacts serverR2(quint8 productType, quint16 suiteMask = 0)
     return result;
 }
 
-// The first rule that holds.
+// The first rule that holds decides.
 void rowsOfReleasesOf52()
 {
     add64Bit("5.2 R2", serverR2(server), "Server 2003 R2 Standard Edition");
@@ -323,7 +323,7 @@ void unknownRows()
 void editionRows()
 {
     const auto row = [](quint32 code, const char *expected) {
-        SectionRows::row(QString("edition %1").arg(code), [=] { QCOMPARE(productTypeName(code), QString(expected)); });
+        addTestRow(QString("edition %1").arg(code), [=] { QCOMPARE(productTypeName(code), QString(expected)); });
     };
     row(PRODUCT_ULTIMATE, "Ultimate Edition");
     row(PRODUCT_HOME_BASIC, "Home Basic Edition");
@@ -351,7 +351,7 @@ void editionRows()
     row(PRODUCT_CORE, "Home/Core Edition");
     row(PRODUCT_EDUCATION, "Education Edition");
     row(PRODUCT_EDUCATION_N, "Education Edition");
-    // Beside those that have a name
+    // Codes next to known ones
     row(0, "0x0");
     row(19, "0x13");
     row(24, "0x18");
@@ -370,10 +370,10 @@ void editionRows()
     row(largest, "0xffffffff");
 }
 
-// What readRegistryVersion() finds in its variables when nothing is stored there.
+// The value of the variables before readRegistryVersion().
 constexpr quint32 untouched = 7777;
 
-/// Its result as "MAJOR.MINOR.BUILD.REVISION", with "-" for what it left alone.
+/// Its result as "MAJOR.MINOR.BUILD.REVISION", with "-" for a variable that it did not write.
 QString registryVersion()
 {
     quint32 major = untouched;
@@ -724,4 +724,4 @@ void addRows()
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

@@ -114,7 +114,7 @@ void sizeRows()
 
 #ifdef SIMULATED_WINDOWS
 
-// Three keys of the whole Windows half; every other one is opened without the flag.
+// The Windows half opens three keys with KEY_WOW64_64KEY and every other one without.
 void keysWithThe64BitView()
 {
     const DescribedWindows windows(DescribedWindows::load("workstation"));
@@ -147,10 +147,10 @@ void addRows()
     bufferRows();
     sizeRows();
 #ifdef SIMULATED_WINDOWS
-    SectionRows::row("keys of the report with the 64-bit view", keysWithThe64BitView);
+    addTestRow("keys of the report with the 64-bit view", keysWithThe64BitView);
 #endif
 }
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));

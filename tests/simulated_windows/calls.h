@@ -1,4 +1,4 @@
-// Every simulated call that can fail, made once with poisoned memory.
+// One call of every simulated function that can fail, with poisoned memory.
 #pragma once
 
 #include "poisoned_buffer.h"
@@ -11,8 +11,8 @@
 /// One call and what it returns when it fails with an error.
 struct FailingCall
 {
-    /// What a failing call returns: its error, zero with the error as last error,
-    /// zero alone, or the C library's EINVAL.
+    /// What a failing call returns: its error, zero and GetLastError(), zero alone, or
+    /// EINVAL.
     enum Failure {
         Status,
         LastError,
@@ -21,10 +21,10 @@ struct FailingCall
     };
 
     QByteArray name;
-    /// Makes the call, which may write its answer to the buffer; the result.
+    /// Makes the call, which may write to the buffer, and returns its result.
     std::function<qint64(PoisonedBuffer &)> make;
     Failure failure;
-    bool needsMachine = true; // made alone, it fails when no machine is described
+    bool needsMachine = true; // fails when no machine is described
 };
 Q_DECLARE_METATYPE(FailingCall)
 

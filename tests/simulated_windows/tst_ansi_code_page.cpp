@@ -1,97 +1,68 @@
-// AnsiCodePage: what each code page has, lacks, and leaves as a hole.
+// AnsiCodePage: characters that a code page has and lacks, and bytes without a character.
 
 #include "ansi_code_page.h"
 #include "described_windows.h"
-#include "test_main.h"
+#include "rows.h"
 
 #include <QtTest/QtTest>
 #include <windows.h>
 
 using simulated::AnsiCodePage;
 
-class AnsiCodePageTest : public QObject
-{
-    Q_OBJECT
+namespace {
 
-private Q_SLOTS:
-    void thereAndBack_data();
-    void thereAndBack();
-    void lacking_data();
-    void lacking();
-    void bestFit_data();
-    void bestFit();
-    void onlyRead_data();
-    void onlyRead();
-    void everyByteAloneIsItself_data();
-    void everyByteAloneIsItself();
-    void valueInTheCodePageOfTheMachine_data();
-    void valueInTheCodePageOfTheMachine();
-    void keyPathInTheCodePageOfTheMachine_data();
-    void keyPathInTheCodePageOfTheMachine();
-};
-
-void AnsiCodePageTest::thereAndBack_data()
+void thereAndBack()
 {
-    QTest::addColumn<int>("codePage");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QByteArray>("bytes");
     const auto row = [](const char *name, int codePage, const QString &text, const QByteArray &bytes) {
-        QTest::addRow("%d: %s", codePage, name) << codePage << text << bytes;
+        addTestRow(QString::asprintf("%d: %s", codePage, name), [=] {
+            QCOMPARE(AnsiCodePage(codePage).fromUtf16(text), bytes);
+            QCOMPARE(AnsiCodePage(codePage).toUtf16(bytes), text);
+        });
     };
     for (const int codePage : {1252, 1250, 1251, 932, 65001}) {
-        row("ASCII", codePage, QStringLiteral("AZaz09\\~\x7f\n"), "AZaz09\\~\x7f\n");
+        row("ASCII", codePage, "AZaz09\\~\x7f\n", "AZaz09\\~\x7f\n");
         row("a null", codePage, QString(QChar(0)), QByteArray(1, '\0'));
         row("empty", codePage, QString(), QByteArray());
     }
-    row("the euro sign", 1252, QStringLiteral("\u20ac"), "\x80");
-    row("letters with marks", 1252, QStringLiteral("\u00e4\u00df\u00ff"), "\xe4\xdf\xff");
-    row("the holes are controls", 1252, QStringLiteral("\u0081\u008d\u008f\u0090\u009d"), "\x81\x8d\x8f\x90\x9d");
-    row("the blank that does not break", 1252, QStringLiteral("\u00a0"), "\xa0");
-    row("letters with marks", 1250, QStringLiteral("\u0159\u0151\u0141"), "\xf8\xf5\xa3");
-    row("the holes are controls", 1250, QStringLiteral("\u0081\u0083\u0088\u0090\u0098"), "\x81\x83\x88\x90\x98");
-    row("Cyrillic letters", 1251, QStringLiteral("\u0416\u044f\u0402"), "\xc6\xff\x80");
-    row("the hole is a control", 1251, QStringLiteral("\u0098"), "\x98");
-    row("a pair whose second byte is a backslash", 932, QStringLiteral("\u8868"), "\x95\x5c");
-    row("pairs between letters", 932, QStringLiteral("A\u65e5\u672c\\"), "A\x93\xfa\x96\x7b\\");
-    row("half-width letters are one byte", 932, QStringLiteral("\uff71\uff9f"), "\xb1\xdf");
-    row("the wave is the full-width tilde", 932, QStringLiteral("\uff5e"), "\x81\x60");
-    row("the minus is the full-width one", 932, QStringLiteral("\uff0d"), "\x81\x7c");
-    row("of two pairs the JIS one", 932, QStringLiteral("\u2252\uffe2\u2235"), "\x81\xe0\x81\xca\x81\xe6");
-    row("of two pairs the one of the NEC row", 932, QStringLiteral("\u2160\u3231"), "\x87\x54\x87\x8a");
-    row("of two pairs the IBM one at the end", 932, QStringLiteral("\u2170\u7e8a"), "\xfa\x40\xfa\x5c");
-    row("private characters", 932, QStringLiteral("\ue000\ue757"), "\xf0\x40\xf9\xfc");
-    row("the holes", 932, QStringLiteral("\u0080\uf8f0\uf8f1\uf8f2\uf8f3"), "\x80\xa0\xfd\xfe\xff");
-    row("two, three and four bytes", 65001, QStringLiteral("\u00e9\u20ac\U0001f600"),
+    row("the euro sign", 1252, "\u20ac", "\x80");
+    row("letters with marks", 1252, "\u00e4\u00df\u00ff", "\xe4\xdf\xff");
+    row("the holes are controls", 1252, "\u0081\u008d\u008f\u0090\u009d", "\x81\x8d\x8f\x90\x9d");
+    row("the blank that does not break", 1252, "\u00a0", "\xa0");
+    row("letters with marks", 1250, "\u0159\u0151\u0141", "\xf8\xf5\xa3");
+    row("the holes are controls", 1250, "\u0081\u0083\u0088\u0090\u0098", "\x81\x83\x88\x90\x98");
+    row("Cyrillic letters", 1251, "\u0416\u044f\u0402", "\xc6\xff\x80");
+    row("the hole is a control", 1251, "\u0098", "\x98");
+    row("a pair whose second byte is a backslash", 932, "\u8868", "\x95\x5c");
+    row("pairs between letters", 932, "A\u65e5\u672c\\", "A\x93\xfa\x96\x7b\\");
+    row("half-width letters are one byte", 932, "\uff71\uff9f", "\xb1\xdf");
+    row("the wave is the full-width tilde", 932, "\uff5e", "\x81\x60");
+    row("the minus is the full-width one", 932, "\uff0d", "\x81\x7c");
+    row("of two pairs the JIS one", 932, "\u2252\uffe2\u2235", "\x81\xe0\x81\xca\x81\xe6");
+    row("of two pairs the one of the NEC row", 932, "\u2160\u3231", "\x87\x54\x87\x8a");
+    row("of two pairs the IBM one at the end", 932, "\u2170\u7e8a", "\xfa\x40\xfa\x5c");
+    row("private characters", 932, "\ue000\ue757", "\xf0\x40\xf9\xfc");
+    row("the holes", 932, "\u0080\uf8f0\uf8f1\uf8f2\uf8f3", "\x80\xa0\xfd\xfe\xff");
+    row("two, three and four bytes", 65001, "\u00e9\u20ac\U0001f600",
         "\xc3\xa9\xe2\x82\xac\xf0\x9f\x98\x80");
     row("a byte-order mark is a character", 65001, QStringLiteral("\ufeffA"), "\xef\xbb\xbf"
                                                                               "A");
 }
 
-void AnsiCodePageTest::thereAndBack()
+void lacking()
 {
-    QFETCH(int, codePage);
-    QFETCH(QString, text);
-    QFETCH(QByteArray, bytes);
-    QCOMPARE(AnsiCodePage(codePage).fromUtf16(text), bytes);
-    QCOMPARE(AnsiCodePage(codePage).toUtf16(bytes), text);
-}
-
-void AnsiCodePageTest::lacking_data()
-{
-    QTest::addColumn<int>("codePage");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QByteArray>("bytes");
-    const auto row = [](const char *name, int codePage, const QString &text, const char *bytes) {
-        QTest::addRow("%d: %s", codePage, name) << codePage << text << QByteArray(bytes);
+    const auto row = [](const char *name, int codePage, const QString &text, const QByteArray &bytes) {
+        addTestRow(QString::asprintf("%d: %s", codePage, name), [=] {
+            QCOMPARE(AnsiCodePage(codePage).fromUtf16(text), bytes);
+        });
     };
-    row("another alphabet", 1252, QStringLiteral("A\u0416B"), "A?B");
-    row("the control whose place a character has", 1252, QStringLiteral("\u0080"), "?");
-    row("a surrogate pair: one for each unit", 1252, QStringLiteral("\U0001f600"), "??");
-    row("a letter of another alphabet", 1250, QStringLiteral("\u0416\u05d0"), "??");
-    row("a letter of another alphabet", 1251, QStringLiteral("\u05d0\uff71"), "??");
-    row("the blank that does not break", 932, QStringLiteral("\u00a0"), "?");
-    row("the other wave", 932, QStringLiteral("\u301c"), "?");
-    row("a surrogate pair: one for each unit", 932, QStringLiteral("\U0002000b"), "??");
+    row("another alphabet", 1252, "A\u0416B", "A?B");
+    row("the control whose place a character has", 1252, "\u0080", "?");
+    row("a surrogate pair: one for each unit", 1252, "\U0001f600", "??");
+    row("a letter of another alphabet", 1250, "\u0416\u05d0", "??");
+    row("a letter of another alphabet", 1251, "\u05d0\uff71", "??");
+    row("the blank that does not break", 932, "\u00a0", "?");
+    row("the other wave", 932, "\u301c", "?");
+    row("a surrogate pair: one for each unit", 932, "\U0002000b", "??");
     row("a lone surrogate", 65001, QString(QChar(0xd83d)) + QLatin1Char('A'), "\xef\xbf\xbd"
                                                                               "A");
     row("a lone second surrogate", 65001, QString(QChar(0xde00)), "\xef\xbf\xbd");
@@ -101,133 +72,109 @@ void AnsiCodePageTest::lacking_data()
     row("a lone surrogate", 1252, QString(QChar(0xd83d)), "?");
 }
 
-void AnsiCodePageTest::lacking()
+void bestFit()
 {
-    QFETCH(int, codePage);
-    QFETCH(QString, text);
-    QFETCH(QByteArray, bytes);
-    QCOMPARE(AnsiCodePage(codePage).fromUtf16(text), bytes);
-}
-
-void AnsiCodePageTest::bestFit_data()
-{
-    QTest::addColumn<int>("codePage");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QByteArray>("bytes");
-    const auto row = [](const char *name, int codePage, const QString &text, const char *bytes) {
-        QTest::addRow("%d: %s", codePage, name) << codePage << text << QByteArray(bytes);
+    const auto row = [](const char *name, int codePage, const QString &text, const QByteArray &bytes) {
+        addTestRow(QString::asprintf("%d: %s", codePage, name), [=] {
+            QCOMPARE(AnsiCodePage(codePage).fromUtf16(text), bytes);
+        });
     };
-    row("letters without their marks", 1252, QStringLiteral("\u0100\u0101\u0141\u017a"), "AaLz");
-    row("full-width letters", 1252, QStringLiteral("\uff21\uff5e"), "A~");
-    row("a byte beyond ASCII", 1252, QStringLiteral("\u0192\u0191\u0110"), "\x83\x83\xd0");
-    row("what the code page has stays itself", 1252, QStringLiteral("\u017d\u20ac\u00c4"), "\x8e\x80\xc4");
-    row("letters without their marks", 1250, QStringLiteral("\u00f1\u00e3\u0100"), "naA");
-    row("letters without their marks", 1251, QStringLiteral("\u00e4\u00c9\u0159"), "aEr");
-    row("letters without their marks", 932, QStringLiteral("\u00e4\u00fd"), "ay");
-    row("the yen sign is a backslash", 932, QStringLiteral("\u00a5"), "\\");
+    row("letters without their marks", 1252, "\u0100\u0101\u0141\u017a", "AaLz");
+    row("full-width letters", 1252, "\uff21\uff5e", "A~");
+    row("a byte beyond ASCII", 1252, "\u0192\u0191\u0110", "\x83\x83\xd0");
+    row("what the code page has stays itself", 1252, "\u017d\u20ac\u00c4", "\x8e\x80\xc4");
+    row("letters without their marks", 1250, "\u00f1\u00e3\u0100", "naA");
+    row("letters without their marks", 1251, "\u00e4\u00c9\u0159", "aEr");
+    row("letters without their marks", 932, "\u00e4\u00fd", "ay");
+    row("the yen sign is a backslash", 932, "\u00a5", "\\");
 }
 
-void AnsiCodePageTest::bestFit()
+void onlyRead()
 {
-    lacking();
+    const auto row = [](const QString &name, int codePage, const QByteArray &bytes, const QString &text) {
+        addTestRow(name, [=] {
+            QCOMPARE(AnsiCodePage(codePage).toUtf16(bytes), text);
+        });
+    };
+    row("932: the NEC copy of an IBM character", 932, QByteArray("\xee\xef"), "\u2170");
+    row("932: the IBM copy of a character of the NEC row", 932, QByteArray("\xfa\x4a"), "\u2160");
+    row("932: a pair that stands for nothing", 932, QByteArray("\x81\xad"
+                                                               "A"),
+        QStringLiteral("\u30fbA"));
+    row("932: half a pair at the end", 932, QByteArray("A\x95"), "A\u30fb");
+    row("65001: a byte that stands for nothing", 65001, QByteArray("A\xff"
+                                                                   "B"),
+        QStringLiteral("A\ufffdB"));
 }
 
-void AnsiCodePageTest::onlyRead_data()
+void everyByteAloneIsItself()
 {
-    QTest::addColumn<int>("codePage");
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("932: the NEC copy of an IBM character") << 932 << QByteArray("\xee\xef") << QStringLiteral("\u2170");
-    QTest::newRow("932: the IBM copy of a character of the NEC row")
-        << 932 << QByteArray("\xfa\x4a") << QStringLiteral("\u2160");
-    QTest::newRow("932: a pair that stands for nothing")
-        << 932 << QByteArray("\x81\xad"
-                             "A")
-        << QStringLiteral("\u30fbA");
-    QTest::newRow("932: half a pair at the end") << 932 << QByteArray("A\x95") << QStringLiteral("A\u30fb");
-    QTest::newRow("65001: a byte that stands for nothing")
-        << 65001 << QByteArray("A\xff"
-                               "B")
-        << QStringLiteral("A\ufffdB");
-}
-
-void AnsiCodePageTest::onlyRead()
-{
-    QFETCH(int, codePage);
-    QFETCH(QByteArray, bytes);
-    QFETCH(QString, text);
-    QCOMPARE(AnsiCodePage(codePage).toUtf16(bytes), text);
-}
-
-void AnsiCodePageTest::everyByteAloneIsItself_data()
-{
-    QTest::addColumn<int>("codePage");
+    const auto row = [](const QString &name, int codePage) {
+        addTestRow(name, [=] {
+            for (int byte = 0; byte < 256; ++byte) {
+                const QByteArray bytes(1, char(byte));
+                const QString text = AnsiCodePage(codePage).toUtf16(bytes);
+                QCOMPARE(text.size(), 1);
+                QCOMPARE(AnsiCodePage(codePage).fromUtf16(text), bytes);
+            }
+        });
+    };
     for (const int codePage : {1252, 1250, 1251})
-        QTest::addRow("%d", codePage) << codePage;
+        row(QString::asprintf("%d", codePage), codePage);
 }
 
-void AnsiCodePageTest::everyByteAloneIsItself()
+void valueInTheCodePageOfTheMachine()
 {
-    QFETCH(int, codePage);
-    for (int byte = 0; byte < 256; ++byte) {
-        const QByteArray bytes(1, char(byte));
-        const QString text = AnsiCodePage(codePage).toUtf16(bytes);
-        QCOMPARE(text.size(), 1);
-        QCOMPARE(AnsiCodePage(codePage).fromUtf16(text), bytes);
-    }
+    const auto row = [](const QString &name, const QByteArray &system, const QByteArray &expected) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows("[HKEY_LOCAL_MACHINE]\n\"V\"=\"\u00e4\u8868\u0416\"\n", system);
+            char buffer[32] = {};
+            DWORD size = sizeof buffer;
+            QCOMPARE(RegQueryValueExA(HKEY_LOCAL_MACHINE, "V", nullptr, nullptr, reinterpret_cast<LPBYTE>(buffer), &size),
+                     LSTATUS(ERROR_SUCCESS));
+            QCOMPARE(QByteArray(buffer), expected);
+            QCOMPARE(size, DWORD(expected.size() + 1));
+        });
+    };
+    row("none given: 1252", QByteArray("{}"), QByteArray("\xe4??"));
+    row("1250", QByteArray("{\"ansiCodePage\": 1250}"), QByteArray("\xe4??"));
+    row("1251", QByteArray("{\"ansiCodePage\": 1251}"), QByteArray("a?\xc6"));
+    row("932: a pair counts two bytes", QByteArray("{\"ansiCodePage\": 932}"), QByteArray("a\x95\x5c\x84\x47"));
+    row("65001", QByteArray("{\"ansiCodePage\": 65001}"), QByteArray("\xc3\xa4\xe8\xa1\xa8\xd0\x96"));
 }
 
-void AnsiCodePageTest::valueInTheCodePageOfTheMachine_data()
+void keyPathInTheCodePageOfTheMachine()
 {
-    QTest::addColumn<QByteArray>("system");
-    QTest::addColumn<QByteArray>("expected"); // of "ä表Ж"
-    QTest::newRow("none given: 1252") << QByteArray("{}") << QByteArray("\xe4??");
-    QTest::newRow("1250") << QByteArray("{\"ansiCodePage\": 1250}") << QByteArray("\xe4??");
-    QTest::newRow("1251") << QByteArray("{\"ansiCodePage\": 1251}") << QByteArray("a?\xc6");
-    QTest::newRow("932: a pair counts two bytes")
-        << QByteArray("{\"ansiCodePage\": 932}") << QByteArray("a\x95\x5c\x84\x47");
-    QTest::newRow("65001") << QByteArray("{\"ansiCodePage\": 65001}") << QByteArray("\xc3\xa4\xe8\xa1\xa8\xd0\x96");
-}
-
-void AnsiCodePageTest::valueInTheCodePageOfTheMachine()
-{
-    QFETCH(QByteArray, system);
-    QFETCH(QByteArray, expected);
-    const DescribedWindows windows("[HKEY_LOCAL_MACHINE]\n\"V\"=\"\u00e4\u8868\u0416\"\n", system);
-    char buffer[32] = {};
-    DWORD size = sizeof buffer;
-    QCOMPARE(RegQueryValueExA(HKEY_LOCAL_MACHINE, "V", nullptr, nullptr, reinterpret_cast<LPBYTE>(buffer), &size),
-             LSTATUS(ERROR_SUCCESS));
-    QCOMPARE(QByteArray(buffer), expected);
-    QCOMPARE(size, DWORD(expected.size() + 1));
-}
-
-void AnsiCodePageTest::keyPathInTheCodePageOfTheMachine_data()
-{
-    QTest::addColumn<int>("codePage");
-    QTest::addColumn<QByteArray>("path");
-    QTest::addColumn<LSTATUS>("status");
+    const auto row = [](const QString &name, int codePage, const QByteArray &path, const LSTATUS &status) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows("[HKEY_LOCAL_MACHINE\\\u8868\\A]\n[HKEY_LOCAL_MACHINE\\\u00c4]\n",
+                                           "{\"ansiCodePage\": " + QByteArray::number(codePage) + '}');
+            HKEY key = nullptr;
+            QCOMPARE(RegOpenKeyExA(HKEY_LOCAL_MACHINE, path.constData(), 0, KEY_READ, &key), status);
+            QCOMPARE(key != nullptr, status == LSTATUS(ERROR_SUCCESS));
+        });
+    };
     const LSTATUS found = ERROR_SUCCESS;
     const LSTATUS notFound = ERROR_FILE_NOT_FOUND;
-    QTest::newRow("932: a backslash inside a pair divides nothing") << 932 << QByteArray("\x95\x5c\\A") << found;
-    QTest::newRow("1252: it does") << 1252 << QByteArray("\x95\x5c\\A") << notFound;
-    QTest::newRow("65001: the same key") << 65001 << QByteArray("\xe8\xa1\xa8\\A") << found;
-    QTest::newRow("1252: a question mark is no other character") << 1252 << QByteArray("?\\A") << notFound;
-    QTest::newRow("1252: a letter of it") << 1252 << QByteArray("\xe4") << found;
-    QTest::newRow("1251: the same byte is another letter") << 1251 << QByteArray("\xe4") << notFound;
+    row("932: a backslash inside a pair divides nothing", 932, QByteArray("\x95\x5c\\A"), found);
+    row("1252: it does", 1252, QByteArray("\x95\x5c\\A"), notFound);
+    row("65001: the same key", 65001, QByteArray("\xe8\xa1\xa8\\A"), found);
+    row("1252: a question mark is no other character", 1252, QByteArray("?\\A"), notFound);
+    row("1252: a letter of it", 1252, QByteArray("\xe4"), found);
+    row("1251: the same byte is another letter", 1251, QByteArray("\xe4"), notFound);
 }
 
-void AnsiCodePageTest::keyPathInTheCodePageOfTheMachine()
+void addTests()
 {
-    QFETCH(int, codePage);
-    QFETCH(QByteArray, path);
-    QFETCH(LSTATUS, status);
-    const DescribedWindows windows("[HKEY_LOCAL_MACHINE\\\u8868\\A]\n[HKEY_LOCAL_MACHINE\\\u00c4]\n",
-                                   "{\"ansiCodePage\": " + QByteArray::number(codePage) + '}');
-    HKEY key = nullptr;
-    QCOMPARE(RegOpenKeyExA(HKEY_LOCAL_MACHINE, path.constData(), 0, KEY_READ, &key), status);
-    QCOMPARE(key != nullptr, status == LSTATUS(ERROR_SUCCESS));
+    addTestRows("thereAndBack", thereAndBack);
+    addTestRows("lacking", lacking);
+    addTestRows("bestFit", bestFit);
+    addTestRows("onlyRead", onlyRead);
+    addTestRows("everyByteAloneIsItself", everyByteAloneIsItself);
+    addTestRows("valueInTheCodePageOfTheMachine", valueInTheCodePageOfTheMachine);
+    addTestRows("keyPathInTheCodePageOfTheMachine", keyPathInTheCodePageOfTheMachine);
 }
 
-TEST_WITHOUT_APPLICATION(AnsiCodePageTest);
-#include "tst_ansi_code_page.moc"
+} // namespace
+
+TEST_WITHOUT_APPLICATION(RowTest(addTests));

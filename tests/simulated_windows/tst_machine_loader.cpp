@@ -1,7 +1,7 @@
 // loadMachine(): a folder's two files, and messages that name file and line.
 
 #include "machine_loader.h"
-#include "test_main.h"
+#include "rows.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -10,29 +10,12 @@
 
 using namespace machine;
 
-class MachineLoaderTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void bothFiles();
-    void missingFilesKnowNothing_data();
-    void missingFilesKnowNothing();
-    void missingFolder_data();
-    void missingFolder();
-    void malformedFile_data();
-    void malformedFile();
-    void fileThatCannotBeRead_data();
-    void fileThatCannotBeRead();
-    void exampleMachine();
-};
-
 namespace {
 
 const QByteArray registryFile = "Windows Registry Editor Version 5.00\n[HKEY_LOCAL_MACHINE\\A]\n@=\"B\"\n";
 const QByteArray systemFile = "{\"GetUserName\": \"Jim\"}";
 
-/// A machine folder of its own; no file is written for a null text.
+/// A temporary machine folder; a null text writes no file.
 class Folder
 {
 public:
@@ -55,9 +38,7 @@ private:
     QTemporaryDir m_directory;
 };
 
-} // namespace
-
-void MachineLoaderTest::bothFiles()
+void bothFiles()
 {
     const Folder folder(registryFile, systemFile);
     QString error;
@@ -67,97 +48,70 @@ void MachineLoaderTest::bothFiles()
     QCOMPARE(*machine->system.GetUserName, QStringLiteral("Jim"));
 }
 
-void MachineLoaderTest::missingFilesKnowNothing_data()
+void missingFilesKnowNothing()
 {
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QByteArray>("system");
-    QTest::newRow("no registry") << QByteArray() << systemFile;
-    QTest::newRow("no system") << registryFile << QByteArray();
-    QTest::newRow("neither") << QByteArray() << QByteArray();
+    const auto row = [](const QString &name, const QByteArray &registry, const QByteArray &system) {
+        addTestRow(name, [=] {
+            const Folder folder(registry, system);
+            QString error;
+            const auto machine = loadMachine(folder.path(), error);
+            QVERIFY2(machine, qPrintable(error));
+            QCOMPARE(machine->registry.root(RegistryRoot::LocalMachine)->subKeyCount(), std::size_t(registry.isNull() ? 0 : 1));
+            QCOMPARE(bool(machine->system.GetUserName), !system.isNull());
+        });
+    };
+    row("no registry", QByteArray(), systemFile);
+    row("no system", registryFile, QByteArray());
+    row("neither", QByteArray(), QByteArray());
 }
 
-void MachineLoaderTest::missingFilesKnowNothing()
+void missingFolder()
 {
-    QFETCH(QByteArray, registry);
-    QFETCH(QByteArray, system);
-    const Folder folder(registry, system);
-    QString error;
-    const auto machine = loadMachine(folder.path(), error);
-    QVERIFY2(machine, qPrintable(error));
-    QCOMPARE(machine->registry.root(RegistryRoot::LocalMachine)->subKeyCount(), std::size_t(registry.isNull() ? 0 : 1));
-    QCOMPARE(bool(machine->system.GetUserName), !system.isNull());
+    const auto row = [](const QString &name, const QString &folder, const QString &expected) {
+        addTestRow(name, [=] {
+            QString error;
+            QVERIFY(!loadMachine(folder, error));
+            QCOMPARE(error, expected);
+        });
+    };
+    row("no such folder", "no/such/machine", "no/such/machine: no such machine folder");
+    row("no name", QString(), ": no such machine folder");
 }
 
-void MachineLoaderTest::missingFolder_data()
+void malformedFile()
 {
-    QTest::addColumn<QString>("folder");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("no such folder") << QStringLiteral("no/such/machine")
-                                    << QStringLiteral("no/such/machine: no such machine folder");
-    QTest::newRow("no name") << QString() << QStringLiteral(": no such machine folder");
+    const auto row = [](const QString &name, const QByteArray &registry, const QByteArray &system, const QString &expected) {
+        addTestRow(name, [=] {
+            const Folder folder(registry, system);
+            QString error;
+            QVERIFY(!loadMachine(folder.path(), error));
+            QCOMPARE(error, folder.path() + expected);
+        });
+    };
+    row("a line of the registry", registryFile + "hello\n", systemFile, "/registry.reg:4: neither a key, a value nor a comment");
+    row("an empty registry file", QByteArray(""), systemFile, "/registry.reg:1: the first line is not \"Windows Registry Editor Version 5.00\"");
+    row("a line of the system file", registryFile, QByteArray("{\n  \"timeZone\": none\n}"), "/system.json:2: illegal value");
+    row("a member of the system file", registryFile, QByteArray("{\n  \"GetUserName\": 5\n}"), "/system.json: 'GetUserName' is not a text");
+    row("both: the registry is told", QByteArray("REGEDIT4\n"), QByteArray("{"), "/registry.reg:1: the first line is not \"Windows Registry Editor Version 5.00\"");
 }
 
-void MachineLoaderTest::missingFolder()
+void fileThatCannotBeRead()
 {
-    QFETCH(QString, folder);
-    QFETCH(QString, expected);
-    QString error;
-    QVERIFY(!loadMachine(folder, error));
-    QCOMPARE(error, expected);
+    const auto row = [](const QString &title, const QString &name) {
+        addTestRow(title, [=] {
+            const Folder folder {QByteArray(), QByteArray()};
+            QVERIFY(QDir(folder.path()).mkdir(name)); // a folder of that name
+            QString error;
+            QVERIFY(!loadMachine(folder.path(), error));
+            const QString start = folder.path() + QLatin1Char('/') + name + QStringLiteral(": ");
+            QVERIFY2(error.startsWith(start) && error.size() > start.size(), qPrintable(error));
+        });
+    };
+    row("registry", "registry.reg");
+    row("system", "system.json");
 }
 
-void MachineLoaderTest::malformedFile_data()
-{
-    QTest::addColumn<QByteArray>("registry");
-    QTest::addColumn<QByteArray>("system");
-    QTest::addColumn<QString>("expected"); // behind the folder's path
-    QTest::newRow("a line of the registry")
-        << registryFile + "hello\n"
-        << systemFile
-        << QStringLiteral("/registry.reg:4: neither a key, a value nor a comment");
-    QTest::newRow("an empty registry file")
-        << QByteArray("") << systemFile
-        << QStringLiteral("/registry.reg:1: the first line is not \"Windows Registry Editor Version 5.00\"");
-    QTest::newRow("a line of the system file")
-        << registryFile << QByteArray("{\n  \"timeZone\": none\n}") << QStringLiteral("/system.json:2: illegal value");
-    QTest::newRow("a member of the system file")
-        << registryFile << QByteArray("{\n  \"GetUserName\": 5\n}")
-        << QStringLiteral("/system.json: 'GetUserName' is not a text");
-    QTest::newRow("both: the registry is told")
-        << QByteArray("REGEDIT4\n") << QByteArray("{")
-        << QStringLiteral("/registry.reg:1: the first line is not \"Windows Registry Editor Version 5.00\"");
-}
-
-void MachineLoaderTest::malformedFile()
-{
-    QFETCH(QByteArray, registry);
-    QFETCH(QByteArray, system);
-    QFETCH(QString, expected);
-    const Folder folder(registry, system);
-    QString error;
-    QVERIFY(!loadMachine(folder.path(), error));
-    QCOMPARE(error, folder.path() + expected);
-}
-
-void MachineLoaderTest::fileThatCannotBeRead_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("registry") << QStringLiteral("registry.reg");
-    QTest::newRow("system") << QStringLiteral("system.json");
-}
-
-void MachineLoaderTest::fileThatCannotBeRead()
-{
-    QFETCH(QString, name);
-    const Folder folder {QByteArray(), QByteArray()};
-    QVERIFY(QDir(folder.path()).mkdir(name)); // a folder of that name
-    QString error;
-    QVERIFY(!loadMachine(folder.path(), error));
-    const QString start = folder.path() + QLatin1Char('/') + name + QStringLiteral(": ");
-    QVERIFY2(error.startsWith(start) && error.size() > start.size(), qPrintable(error));
-}
-
-void MachineLoaderTest::exampleMachine()
+void exampleMachine()
 {
     QString error;
     const auto machine = loadMachine(QStringLiteral(MACHINES_DIR "/workstation"), error);
@@ -166,5 +120,16 @@ void MachineLoaderTest::exampleMachine()
     QCOMPARE(machine->system.GetVersionEx->dwBuildNumber, 9200u);
 }
 
-TEST_WITHOUT_APPLICATION(MachineLoaderTest);
-#include "tst_machine_loader.moc"
+void addTests()
+{
+    addTestRow("bothFiles", bothFiles);
+    addTestRows("missingFilesKnowNothing", missingFilesKnowNothing);
+    addTestRows("missingFolder", missingFolder);
+    addTestRows("malformedFile", malformedFile);
+    addTestRows("fileThatCannotBeRead", fileThatCannotBeRead);
+    addTestRow("exampleMachine", exampleMachine);
+}
+
+} // namespace
+
+TEST_WITHOUT_APPLICATION(RowTest(addTests));

@@ -1,29 +1,12 @@
-// readRegistryFile(): what a file says, byte for byte, and what is wrong with it.
+// readRegistryFile(): keys and values byte for byte, and messages.
 
 #include "registry_file.h"
-#include "test_main.h"
+#include "rows.h"
 
 #include <QtCore/QtEndian>
 #include <QtTest/QtTest>
 
 using namespace machine;
-
-class RegistryFileTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void encodings_data();
-    void encodings();
-    void data_data();
-    void data();
-    void keys_data();
-    void keys();
-    void malformed_data();
-    void malformed();
-    void malformedEncodings_data();
-    void malformedEncodings();
-};
 
 namespace {
 
@@ -82,35 +65,32 @@ QByteArray asUtf16(const QString &text)
     return result;
 }
 
-} // namespace
-
-void RegistryFileTest::encodings_data()
+void encodings()
 {
-    QTest::addColumn<QByteArray>("file");
+    const auto row = [](const QString &name, const QByteArray &file) {
+        addTestRow(name, [=] {
+            QCOMPARE(read(file), QStringList(QStringLiteral("HKLM\\\u00c4\u0416\U0001f600 \"\u00f6\" 1:fc000000")));
+        });
+    };
     const QString text = QLatin1String(firstLine) + QStringLiteral("\n[HKEY_LOCAL_MACHINE\\\u00c4\u0416\U0001f600]\n\"\u00f6\"=\"\u00fc\"\n");
     QString windowsLines = text;
     windowsLines.replace(QLatin1Char('\n'), QLatin1String("\r\n"));
-    QTest::newRow("UTF-8, line feeds") << text.toUtf8();
-    QTest::newRow("UTF-8, carriage returns") << windowsLines.toUtf8();
-    QTest::newRow("UTF-8 with a byte-order mark, line feeds") << "\xef\xbb\xbf" + text.toUtf8();
-    QTest::newRow("UTF-8 with a byte-order mark, carriage returns") << "\xef\xbb\xbf" + windowsLines.toUtf8();
-    QTest::newRow("UTF-16, line feeds") << asUtf16(text);
-    QTest::newRow("UTF-16, carriage returns") << asUtf16(windowsLines);
-    QTest::newRow("no line end at the end") << text.toUtf8().trimmed();
+    row("UTF-8, line feeds", text.toUtf8());
+    row("UTF-8, carriage returns", windowsLines.toUtf8());
+    row("UTF-8 with a byte-order mark, line feeds", "\xef\xbb\xbf" + text.toUtf8());
+    row("UTF-8 with a byte-order mark, carriage returns", "\xef\xbb\xbf" + windowsLines.toUtf8());
+    row("UTF-16, line feeds", asUtf16(text));
+    row("UTF-16, carriage returns", asUtf16(windowsLines));
+    row("no line end at the end", text.toUtf8().trimmed());
 }
 
-void RegistryFileTest::encodings()
+void data()
 {
-    QFETCH(QByteArray, file);
-    QCOMPARE(read(file), QStringList(QStringLiteral("HKLM\\\u00c4\u0416\U0001f600 \"\u00f6\" 1:fc000000")));
-}
-
-void RegistryFileTest::data_data()
-{
-    QTest::addColumn<QByteArray>("line");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *name, const char *line, const char *expected) {
-        QTest::newRow(name) << QByteArray(line) << QString::fromUtf8(expected);
+    const auto row = [](const char *name, const QByteArray &line, const QString &expected) {
+        addTestRow(name, [=] {
+            QCOMPARE(read(QByteArray(firstLine) + "[HKEY_LOCAL_MACHINE\\K]\n" + line),
+                     QStringList(QStringLiteral("HKLM\\K ") + expected));
+        });
     };
     row("a text gets its terminator", "\"n\"=\"AB\"", "\"n\" 1:410042000000");
     row("an empty text is a terminator", "\"n\"=\"\"", "\"n\" 1:0000");
@@ -160,20 +140,12 @@ void RegistryFileTest::data_data()
     row("comments and empty lines around", "; first\n\n\"n\"=hex:01\n\n  ; last\n", "\"n\" 3:01");
 }
 
-void RegistryFileTest::data()
+void keys()
 {
-    QFETCH(QByteArray, line);
-    QFETCH(QString, expected);
-    QCOMPARE(read(QByteArray(firstLine) + "[HKEY_LOCAL_MACHINE\\K]\n" + line),
-             QStringList(QStringLiteral("HKLM\\K ") + expected));
-}
-
-void RegistryFileTest::keys_data()
-{
-    QTest::addColumn<QByteArray>("lines");
-    QTest::addColumn<QStringList>("expected");
-    const auto row = [](const char *name, const char *lines, const QStringList &expected) {
-        QTest::newRow(name) << QByteArray(lines) << expected;
+    const auto row = [](const char *name, const QByteArray &lines, const QStringList &expected) {
+        addTestRow(name, [=] {
+            QCOMPARE(read(firstLine + lines), expected);
+        });
     };
     row("nothing but the first line", "", {});
     row("a key without values", "[HKEY_LOCAL_MACHINE\\A]\n", {QStringLiteral("HKLM\\A")});
@@ -203,19 +175,12 @@ void RegistryFileTest::keys_data()
         {QStringLiteral("HKLM\\A \"x\" 4:02000000"), QStringLiteral("HKLM\\A \"y\" 3:01")});
 }
 
-void RegistryFileTest::keys()
+void malformed()
 {
-    QFETCH(QByteArray, lines);
-    QFETCH(QStringList, expected);
-    QCOMPARE(read(firstLine + lines), expected);
-}
-
-void RegistryFileTest::malformed_data()
-{
-    QTest::addColumn<QByteArray>("lines"); // behind the first line and that of a key
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *name, const char *lines, const char *expected) {
-        QTest::newRow(name) << QByteArray(lines) << QString::fromLatin1(expected);
+    const auto row = [](const char *name, const QByteArray &lines, const QString &expected) {
+        addTestRow(name, [=] {
+            QCOMPARE(read(QByteArray(firstLine) + "[HKEY_LOCAL_MACHINE\\K]\n" + lines), QStringList(expected));
+        });
     };
     const char noData[] = "3: data that is neither a text, dword: nor hex:";
     const char badBytes[] = "3: hex: takes bytes of two hexadecimal digits with commas between them";
@@ -263,41 +228,38 @@ void RegistryFileTest::malformed_data()
         "7: neither a key, a value nor a comment");
 }
 
-void RegistryFileTest::malformed()
+void malformedEncodings()
 {
-    QFETCH(QByteArray, lines);
-    QFETCH(QString, expected);
-    QCOMPARE(read(QByteArray(firstLine) + "[HKEY_LOCAL_MACHINE\\K]\n" + lines), QStringList(expected));
-}
-
-void RegistryFileTest::malformedEncodings_data()
-{
-    QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<QString>("expected");
+    const auto row = [](const QString &name, const QByteArray &file, const QString &expected) {
+        addTestRow(name, [=] {
+            QCOMPARE(read(file), QStringList(expected));
+        });
+    };
     const QString noFirstLine = QStringLiteral("1: the first line is not \"Windows Registry Editor Version 5.00\"");
     const QString noEncoding = QStringLiteral("1: neither UTF-16LE with a byte-order mark nor UTF-8");
     const QByteArray utf16 = asUtf16(QLatin1String(firstLine));
-    QTest::newRow("nothing at all") << QByteArray() << noFirstLine;
-    QTest::newRow("the first line of an older format") << QByteArray("REGEDIT4\n") << noFirstLine;
-    QTest::newRow("an empty line first") << "\n" + QByteArray(firstLine) << noFirstLine;
-    QTest::newRow("a value before the first key")
-        << firstLine + QByteArray("\n\"n\"=dword:1\n") << QStringLiteral("3: a value before the first key");
-    QTest::newRow("UTF-16 without a byte-order mark") << utf16.mid(2) << noFirstLine;
-    QTest::newRow("UTF-16 of an odd size") << utf16 + "\n"
-                                           << noEncoding;
-    QTest::newRow("UTF-16 in the other byte order") << QByteArray("\xfe\xff\0W", 4) << noEncoding;
-    QTest::newRow("letters of an 8-bit code page") << firstLine + QByteArray("; Gr\xf6\xdf"
-                                                                             "e\n")
-                                                   << noEncoding;
-    QTest::newRow("UTF-8 that is cut off") << firstLine + QByteArray("; \xc3") << noEncoding;
+    row("nothing at all", QByteArray(), noFirstLine);
+    row("the first line of an older format", QByteArray("REGEDIT4\n"), noFirstLine);
+    row("an empty line first", "\n" + QByteArray(firstLine), noFirstLine);
+    row("a value before the first key", firstLine + QByteArray("\n\"n\"=dword:1\n"), "3: a value before the first key");
+    row("UTF-16 without a byte-order mark", utf16.mid(2), noFirstLine);
+    row("UTF-16 of an odd size", utf16 + "\n", noEncoding);
+    row("UTF-16 in the other byte order", QByteArray("\xfe\xff\0W", 4), noEncoding);
+    row("letters of an 8-bit code page", firstLine + QByteArray("; Gr\xf6\xdf"
+                                                                "e\n"),
+        noEncoding);
+    row("UTF-8 that is cut off", firstLine + QByteArray("; \xc3"), noEncoding);
 }
 
-void RegistryFileTest::malformedEncodings()
+void addTests()
 {
-    QFETCH(QByteArray, file);
-    QFETCH(QString, expected);
-    QCOMPARE(read(file), QStringList(expected));
+    addTestRows("encodings", encodings);
+    addTestRows("data", data);
+    addTestRows("keys", keys);
+    addTestRows("malformed", malformed);
+    addTestRows("malformedEncodings", malformedEncodings);
 }
 
-TEST_WITHOUT_APPLICATION(RegistryFileTest);
-#include "tst_registry_file.moc"
+} // namespace
+
+TEST_WITHOUT_APPLICATION(RowTest(addTests));

@@ -1,30 +1,11 @@
-// The registry in memory: names, order, and what changes while it is read.
+// The registry in memory: names, order, and changes during an enumeration.
 
 #include "registry_tree.h"
-#include "test_main.h"
+#include "rows.h"
 
 #include <QtTest/QtTest>
 
 using namespace machine;
-
-class RegistryTreeTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void upperCase_data();
-    void upperCase();
-    void subKeysKeepTheirOrderWhenTheyChange();
-    void valuesKeepTheirPlaceWhenTheyChange();
-    void removedKeyLivesOnForItsHolder();
-    void paths_data();
-    void paths();
-    void rootsHaveTheirNames();
-    void wholePaths_data();
-    void wholePaths();
-    void deniedKeys_data();
-    void deniedKeys();
-};
 
 namespace {
 
@@ -49,14 +30,15 @@ QStringList words(const char *text)
     return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
-} // namespace
-
-void RegistryTreeTest::upperCase_data()
+void upperCase()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *name, const char *text, const char *expected) {
-        QTest::newRow(name) << QString::fromUtf8(text) << QString::fromUtf8(expected);
+    const auto add = [](const QString &title, const QString &name, const QString &expected) {
+        addTestRow(title, [=] {
+            QCOMPARE(upperCased(name), expected);
+        });
+    };
+    const auto row = [&](const char *name, const char *text, const char *expected) {
+        add(name, QString::fromUtf8(text), QString::fromUtf8(expected));
     };
     row("Latin letters", "az_AZ09", "AZ_AZ09");
     row("letters with marks", "\u00e4\u00e9\u00ff", "\u00c4\u00c9\u0178");
@@ -69,17 +51,10 @@ void RegistryTreeTest::upperCase_data()
     row("the final sigma stays", "\u03c2", "\u03c2");
     row("a ligature stays", "\ufb01", "\ufb01");
     row("letters beyond 16 bits stay", "\U00010428", "\U00010428");
-    QTest::newRow("a lone surrogate stays") << QString(QChar(0xd801)) << QString(QChar(0xd801));
+    add("a lone surrogate stays", QString(QChar(0xd801)), QString(QChar(0xd801)));
 }
 
-void RegistryTreeTest::upperCase()
-{
-    QFETCH(QString, name);
-    QFETCH(QString, expected);
-    QCOMPARE(upperCased(name), expected);
-}
-
-void RegistryTreeTest::subKeysKeepTheirOrderWhenTheyChange()
+void subKeysKeepTheirOrderWhenTheyChange()
 {
     RegistryKey key(QStringLiteral("K"));
     for (const QString &name : words("c A b"))
@@ -97,7 +72,7 @@ void RegistryTreeTest::subKeysKeepTheirOrderWhenTheyChange()
     QVERIFY(!key.subKeyAt(3));
 }
 
-void RegistryTreeTest::valuesKeepTheirPlaceWhenTheyChange()
+void valuesKeepTheirPlaceWhenTheyChange()
 {
     RegistryKey key(QStringLiteral("K"));
     key.setValue({QStringLiteral("b"), 1, "1"});
@@ -112,7 +87,7 @@ void RegistryTreeTest::valuesKeepTheirPlaceWhenTheyChange()
     QVERIFY(!key.findValue(QStringLiteral("a")));
 }
 
-void RegistryTreeTest::removedKeyLivesOnForItsHolder()
+void removedKeyLivesOnForItsHolder()
 {
     RegistryKey key(QStringLiteral("K"));
     const auto held = key.createSubKey(QStringLiteral("a"));
@@ -122,31 +97,27 @@ void RegistryTreeTest::removedKeyLivesOnForItsHolder()
     QVERIFY(!key.subKeyAt(0));
 }
 
-void RegistryTreeTest::paths_data()
+void paths()
 {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("name"); // empty: there is no such key
-    QTest::newRow("one name") << QStringLiteral("A") << QStringLiteral("A");
-    QTest::newRow("letters of either case") << QStringLiteral("a\\b") << QStringLiteral("B");
-    QTest::newRow("empty: the key itself") << QString() << QStringLiteral("HKEY_LOCAL_MACHINE");
-    QTest::newRow("doubled and trailing backslashes") << QStringLiteral("A\\\\B\\\\") << QStringLiteral("B");
-    QTest::newRow("missing") << QStringLiteral("A\\C") << QString();
-    QTest::newRow("below a missing one") << QStringLiteral("C\\B") << QString();
+    const auto row = [](const QString &title, const QString &path, const QString &name) {
+        addTestRow(title, [=] {
+            const Registry registry;
+            const auto root = registry.root(RegistryRoot::LocalMachine);
+            createKey(root, QStringLiteral("A\\B"));
+            const auto found = findKey(root, path);
+            QCOMPARE(found ? found->name() : QString(), name);
+            QVERIFY2(root->subKeyCount() == 1, "looking makes no keys");
+        });
+    };
+    row("one name", "A", "A");
+    row("letters of either case", "a\\b", "B");
+    row("empty: the key itself", QString(), "HKEY_LOCAL_MACHINE");
+    row("doubled and trailing backslashes", "A\\\\B\\\\", "B");
+    row("missing", "A\\C", QString());
+    row("below a missing one", "C\\B", QString());
 }
 
-void RegistryTreeTest::paths()
-{
-    QFETCH(QString, path);
-    QFETCH(QString, name);
-    const Registry registry;
-    const auto root = registry.root(RegistryRoot::LocalMachine);
-    createKey(root, QStringLiteral("A\\B"));
-    const auto found = findKey(root, path);
-    QCOMPARE(found ? found->name() : QString(), name);
-    QVERIFY2(root->subKeyCount() == 1, "looking makes no keys");
-}
-
-void RegistryTreeTest::rootsHaveTheirNames()
+void rootsHaveTheirNames()
 {
     const Registry registry;
     QCOMPARE(registry.root(RegistryRoot::ClassesRoot)->name(), QStringLiteral("HKEY_CLASSES_ROOT"));
@@ -155,53 +126,58 @@ void RegistryTreeTest::rootsHaveTheirNames()
     QCOMPARE(registry.root(RegistryRoot::Users)->name(), QStringLiteral("HKEY_USERS"));
 }
 
-void RegistryTreeTest::wholePaths_data()
+void wholePaths()
 {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("name"); // empty: there is no such root
-    QTest::newRow("a key of a root") << QStringLiteral("HKEY_USERS\\A\\B") << QStringLiteral("B");
-    QTest::newRow("a root in other letters") << QStringLiteral("hkey_Users\\A") << QStringLiteral("A");
-    QTest::newRow("a root") << QStringLiteral("HKEY_CURRENT_USER") << QStringLiteral("HKEY_CURRENT_USER");
-    QTest::newRow("a root's short name") << QStringLiteral("HKLM\\A") << QString();
-    QTest::newRow("empty") << QString() << QString();
+    const auto row = [](const QString &title, const QString &path, const QString &name) {
+        addTestRow(title, [=] {
+            const Registry registry;
+            const auto key = createKey(registry, path);
+            QCOMPARE(key ? key->name() : QString(), name);
+        });
+    };
+    row("a key of a root", "HKEY_USERS\\A\\B", "B");
+    row("a root in other letters", "hkey_Users\\A", "A");
+    row("a root", "HKEY_CURRENT_USER", "HKEY_CURRENT_USER");
+    row("a root's short name", "HKLM\\A", QString());
+    row("empty", QString(), QString());
 }
 
-void RegistryTreeTest::wholePaths()
+void deniedKeys()
 {
-    QFETCH(QString, path);
-    QFETCH(QString, name);
-    const Registry registry;
-    const auto key = createKey(registry, path);
-    QCOMPARE(key ? key->name() : QString(), name);
+    const auto row = [](const QString &name, const QString &path, bool denied) {
+        addTestRow(name, [=] {
+            const Registry registry;
+            const auto root = registry.root(RegistryRoot::LocalMachine);
+            createKey(root, QStringLiteral("A\\B\\C"));
+            createKey(root, QStringLiteral("A\\BB"));
+            findKey(root, QStringLiteral("A\\B"))->setDenied(true);
+            QCOMPARE(isDenied(root, path), denied);
+            QVERIFY2(isDenied(findKey(root, QStringLiteral("A\\B")), QStringLiteral("C")), "from the key on");
+            QVERIFY2(!isDenied(findKey(root, QStringLiteral("A\\B\\C")), QString()), "what is above the start does not count");
+        });
+    };
+    row("the key", "A\\B", true);
+    row("in other letters", "a\\b\\", true);
+    row("below it", "A\\B\\C", true);
+    row("missing below it", "A\\B\\None", true);
+    row("above it", "A", false);
+    row("beside it", "A\\BB", false);
+    row("missing", "A\\None", false);
+    row("the start itself", QString(), false);
 }
 
-void RegistryTreeTest::deniedKeys_data()
+void addTests()
 {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<bool>("denied");
-    QTest::newRow("the key") << QStringLiteral("A\\B") << true;
-    QTest::newRow("in other letters") << QStringLiteral("a\\b\\") << true;
-    QTest::newRow("below it") << QStringLiteral("A\\B\\C") << true;
-    QTest::newRow("missing below it") << QStringLiteral("A\\B\\None") << true;
-    QTest::newRow("above it") << QStringLiteral("A") << false;
-    QTest::newRow("beside it") << QStringLiteral("A\\BB") << false;
-    QTest::newRow("missing") << QStringLiteral("A\\None") << false;
-    QTest::newRow("the start itself") << QString() << false;
+    addTestRows("upperCase", upperCase);
+    addTestRow("subKeysKeepTheirOrderWhenTheyChange", subKeysKeepTheirOrderWhenTheyChange);
+    addTestRow("valuesKeepTheirPlaceWhenTheyChange", valuesKeepTheirPlaceWhenTheyChange);
+    addTestRow("removedKeyLivesOnForItsHolder", removedKeyLivesOnForItsHolder);
+    addTestRows("paths", paths);
+    addTestRow("rootsHaveTheirNames", rootsHaveTheirNames);
+    addTestRows("wholePaths", wholePaths);
+    addTestRows("deniedKeys", deniedKeys);
 }
 
-void RegistryTreeTest::deniedKeys()
-{
-    QFETCH(QString, path);
-    QFETCH(bool, denied);
-    const Registry registry;
-    const auto root = registry.root(RegistryRoot::LocalMachine);
-    createKey(root, QStringLiteral("A\\B\\C"));
-    createKey(root, QStringLiteral("A\\BB"));
-    findKey(root, QStringLiteral("A\\B"))->setDenied(true);
-    QCOMPARE(isDenied(root, path), denied);
-    QVERIFY2(isDenied(findKey(root, QStringLiteral("A\\B")), QStringLiteral("C")), "from the key on");
-    QVERIFY2(!isDenied(findKey(root, QStringLiteral("A\\B\\C")), QString()), "what is above the start does not count");
-}
+} // namespace
 
-TEST_WITHOUT_APPLICATION(RegistryTreeTest);
-#include "tst_registry_tree.moc"
+TEST_WITHOUT_APPLICATION(RowTest(addTests));

@@ -1,26 +1,11 @@
-// GetAdaptersInfo: where records and further addresses lie, and how texts are cut.
+// GetAdaptersInfo: the layout of the list, and texts that are too long.
 
 #include "described_windows.h"
 #include "poisoned_buffer.h"
-#include "test_main.h"
+#include "rows.h"
 
 #include <QtTest/QtTest>
 #include <iphlpapi.h>
-
-class SimulatedAdaptersTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void failures_data();
-    void failures();
-    void sizeNeeded_data();
-    void sizeNeeded();
-    void furtherAddressesLieBehindAllRecords();
-    void allFields();
-    void textsAreCutToTheirFields();
-    void adapterMadeWithoutLists();
-};
 
 namespace {
 
@@ -42,70 +27,57 @@ QStringList addresses(const IP_ADDR_STRING &first)
     return result;
 }
 
-} // namespace
-
-void SimulatedAdaptersTest::failures_data()
+void failures()
 {
-    QTest::addColumn<QByteArray>("system");
-    QTest::addColumn<DWORD>("error");
-    QTest::newRow("absent") << QByteArray("{}") << DWORD(ERROR_INVALID_PARAMETER);
-    QTest::newRow("null") << adapters("null") << DWORD(ERROR_INVALID_PARAMETER);
-    QTest::newRow("an error") << adapters("{\"error\": 50}") << DWORD(50);
-    QTest::newRow("an empty list") << adapters("[]") << DWORD(ERROR_NO_DATA);
+    const auto row = [](const QString &name, const QByteArray &system, DWORD error) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(QByteArray(), system);
+            PoisonedBuffer buffer(704);
+            ULONG size = 704;
+            QCOMPARE(GetAdaptersInfo(records(buffer), &size), error);
+            QCOMPARE(size, ULONG(704));
+            QVERIFY(buffer.isUntouched());
+        });
+    };
+    row("absent", QByteArray("{}"), DWORD(ERROR_INVALID_PARAMETER));
+    row("null", adapters("null"), DWORD(ERROR_INVALID_PARAMETER));
+    row("an error", adapters("{\"error\": 50}"), DWORD(50));
+    row("an empty list", adapters("[]"), DWORD(ERROR_NO_DATA));
 }
 
-void SimulatedAdaptersTest::failures()
+void sizeNeeded()
 {
-    QFETCH(QByteArray, system);
-    QFETCH(DWORD, error);
-    const DescribedWindows windows(QByteArray(), system);
-    PoisonedBuffer buffer(704);
-    ULONG size = 704;
-    QCOMPARE(GetAdaptersInfo(records(buffer), &size), error);
-    QCOMPARE(size, ULONG(704));
-    QVERIFY(buffer.isUntouched());
+    const auto row = [](const QString &name, const QByteArray &list, const ULONG &needed) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(QByteArray(), adapters(list));
+            PoisonedBuffer buffer(needed + 100);
+            for (const ULONG room : {ULONG(0), ULONG(1), needed - 1}) {
+                ULONG size = room;
+                QCOMPARE(GetAdaptersInfo(records(buffer), &size), DWORD(ERROR_BUFFER_OVERFLOW));
+                QCOMPARE(size, needed);
+                QVERIFY(buffer.isUntouched());
+            }
+            ULONG size = needed;
+            QCOMPARE(GetAdaptersInfo(nullptr, &size), DWORD(ERROR_BUFFER_OVERFLOW));
+            for (const ULONG room : {needed, needed + 100}) {
+                size = room;
+                QCOMPARE(GetAdaptersInfo(records(buffer), &size), DWORD(ERROR_SUCCESS));
+                QCOMPARE(size, needed);
+                QVERIFY(buffer.isUntouchedFrom(int(needed)));
+            }
+        });
+    };
+    row("one adapter", QByteArray("[{}]"), ULONG(704));
+    row("two adapters", QByteArray("[{}, {}]"), ULONG(1408));
+    row("one gateway stands in the record", QByteArray(R"([{"GatewayList": [["1", ""]]}])"), ULONG(704));
+    row("three gateways: two behind", QByteArray(R"([{"GatewayList": [["1", ""], ["2", ""], ["3", ""]]}])"), ULONG(704 + 2 * 48));
+    row("two DHCP servers: one behind", QByteArray(R"([{"DhcpServer": [["1", ""], ["2", ""]]}])"), ULONG(704 + 48));
+    row("of several adapters together", QByteArray(R"([{"GatewayList": [["1", ""], ["2", ""]]}, {"GatewayList": [["1", ""], ["2", ""]],
+                           "DhcpServer": [["1", ""], ["2", ""]]}])"),
+        ULONG(2 * 704 + 3 * 48));
 }
 
-void SimulatedAdaptersTest::sizeNeeded_data()
-{
-    QTest::addColumn<QByteArray>("list");
-    QTest::addColumn<ULONG>("needed");
-    QTest::newRow("one adapter") << QByteArray("[{}]") << ULONG(704);
-    QTest::newRow("two adapters") << QByteArray("[{}, {}]") << ULONG(1408);
-    QTest::newRow("one gateway stands in the record") << QByteArray(R"([{"GatewayList": [["1", ""]]}])") << ULONG(704);
-    QTest::newRow("three gateways: two behind") << QByteArray(R"([{"GatewayList": [["1", ""], ["2", ""], ["3", ""]]}])")
-                                                << ULONG(704 + 2 * 48);
-    QTest::newRow("two DHCP servers: one behind") << QByteArray(R"([{"DhcpServer": [["1", ""], ["2", ""]]}])")
-                                                  << ULONG(704 + 48);
-    QTest::newRow("of several adapters together")
-        << QByteArray(R"([{"GatewayList": [["1", ""], ["2", ""]]}, {"GatewayList": [["1", ""], ["2", ""]],
-                           "DhcpServer": [["1", ""], ["2", ""]]}])")
-        << ULONG(2 * 704 + 3 * 48);
-}
-
-void SimulatedAdaptersTest::sizeNeeded()
-{
-    QFETCH(QByteArray, list);
-    QFETCH(ULONG, needed);
-    const DescribedWindows windows(QByteArray(), adapters(list));
-    PoisonedBuffer buffer(needed + 100);
-    for (const ULONG room : {ULONG(0), ULONG(1), needed - 1}) {
-        ULONG size = room;
-        QCOMPARE(GetAdaptersInfo(records(buffer), &size), DWORD(ERROR_BUFFER_OVERFLOW));
-        QCOMPARE(size, needed);
-        QVERIFY(buffer.isUntouched());
-    }
-    ULONG size = needed;
-    QCOMPARE(GetAdaptersInfo(nullptr, &size), DWORD(ERROR_BUFFER_OVERFLOW));
-    for (const ULONG room : {needed, needed + 100}) {
-        size = room;
-        QCOMPARE(GetAdaptersInfo(records(buffer), &size), DWORD(ERROR_SUCCESS));
-        QCOMPARE(size, needed);
-        QVERIFY(buffer.isUntouchedFrom(int(needed)));
-    }
-}
-
-void SimulatedAdaptersTest::furtherAddressesLieBehindAllRecords()
+void furtherAddressesLieBehindAllRecords()
 {
     const DescribedWindows windows(QByteArray(), adapters(R"([
         {"Index": 1, "GatewayList": [["10.0.0.1", "255.0.0.0"], ["10.0.0.2", "255.0.0.0"], ["10.0.0.3", ""]]},
@@ -129,7 +101,7 @@ void SimulatedAdaptersTest::furtherAddressesLieBehindAllRecords()
     QCOMPARE(reinterpret_cast<const BYTE *>(second.DhcpServer.Next), behind + 2 * 48);
 }
 
-void SimulatedAdaptersTest::allFields()
+void allFields()
 {
     const DescribedWindows windows(QByteArray(), adapters(R"([{
         "Index": 17, "AdapterName": "{1}", "Description": "K\u00e4rtner \u0416", "DhcpEnabled": 1, "HaveWins": -1,
@@ -152,7 +124,7 @@ void SimulatedAdaptersTest::allFields()
     QVERIFY(!adapter.CurrentIpAddress && !adapter.Next);
 }
 
-void SimulatedAdaptersTest::textsAreCutToTheirFields()
+void textsAreCutToTheirFields()
 {
     const QByteArray longText(400, 'x');
     const DescribedWindows windows(QByteArray(),
@@ -168,7 +140,7 @@ void SimulatedAdaptersTest::textsAreCutToTheirFields()
     QCOMPARE(QByteArray(adapter.GatewayList.IpMask.String), QByteArray(15, 'x'));
 }
 
-void SimulatedAdaptersTest::adapterMadeWithoutLists()
+void adapterMadeWithoutLists()
 {
     machine::Machine machine;
     machine.system.GetAdaptersInfo.value.emplace(1);
@@ -179,5 +151,16 @@ void SimulatedAdaptersTest::adapterMadeWithoutLists()
     QCOMPARE(addresses(records(buffer)->GatewayList), QStringList(QStringLiteral("/")));
 }
 
-TEST_WITHOUT_APPLICATION(SimulatedAdaptersTest);
-#include "tst_simulated_adapters.moc"
+void addTests()
+{
+    addTestRows("failures", failures);
+    addTestRows("sizeNeeded", sizeNeeded);
+    addTestRow("furtherAddressesLieBehindAllRecords", furtherAddressesLieBehindAllRecords);
+    addTestRow("allFields", allFields);
+    addTestRow("textsAreCutToTheirFields", textsAreCutToTheirFields);
+    addTestRow("adapterMadeWithoutLists", adapterMadeWithoutLists);
+}
+
+} // namespace
+
+TEST_WITHOUT_APPLICATION(RowTest(addTests));

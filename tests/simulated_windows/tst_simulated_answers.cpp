@@ -1,9 +1,9 @@
-// What the calls answer from system.json: given, failing with an error, or absent.
+// What the calls return for a member of system.json: a value, an error, or no member.
 
 #include "calls.h"
 #include "described_windows.h"
+#include "rows.h"
 #include "simulated_windows.h"
-#include "test_main.h"
 #include "unterminated_texts.h"
 #include "wide_text.h"
 
@@ -12,34 +12,6 @@
 #include <iphlpapi.h>
 #include <memory>
 #include <shlobj.h>
-
-class SimulatedAnswersTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void init() { simulated::reset(); }
-    void errorsOfTheDescription_data();
-    void errorsOfTheDescription();
-    void version_data();
-    void version();
-    void productInfo_data();
-    void productInfo();
-    void processors();
-    void metrics();
-    void computerNames();
-    void drives_data();
-    void drives();
-    void driveOfEitherCase();
-    void logicalDrives_data();
-    void logicalDrives();
-    void longDirectory();
-    void expansionFailures_data();
-    void expansionFailures();
-    void unterminatedTexts();
-    void specialFolders();
-    void errorMode();
-};
 
 namespace {
 
@@ -57,17 +29,22 @@ FailingCall callNamed(const QByteArray &name)
     qFatal("no call %s", name.constData());
 }
 
-} // namespace
-
-void SimulatedAnswersTest::errorsOfTheDescription_data()
+void errorsOfTheDescription()
 {
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<QByteArray>("system");
-    QTest::addColumn<DWORD>("error");
-    const auto rows = [](const char *call, const char *name) {
-        QTest::addRow("%s with an error", call) << QByteArray(call) << member(name, "{\"error\": 1234}") << DWORD(1234);
-        QTest::addRow("%s null", call) << QByteArray(call) << member(name, "null") << DWORD(0);
-        QTest::addRow("%s absent", call) << QByteArray(call) << QByteArray("{}") << DWORD(0);
+    const auto row = [](const QString &name, const QByteArray &call, const QByteArray &system, DWORD error) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(QByteArray(), system);
+            PoisonedBuffer buffer(512);
+            SetLastError(poison);
+            QCOMPARE(callNamed(call).make(buffer), qint64(0));
+            QCOMPARE(GetLastError(), error);
+            QVERIFY(buffer.isUntouchedFrom(4));
+        });
+    };
+    const auto rows = [&](const QByteArray &call, const char *name) {
+        row(call + " with an error", call, member(name, "{\"error\": 1234}"), 1234);
+        row(call + " null", call, member(name, "null"), 0);
+        row(call + " absent", call, "{}", 0);
     };
     rows("GetVersionExA", "GetVersionEx");
     rows("GetVersionExW", "GetVersionEx");
@@ -79,9 +56,6 @@ void SimulatedAnswersTest::errorsOfTheDescription_data()
     rows("GetSystemWindowsDirectoryW", "GetSystemWindowsDirectory");
     rows("GetSystemWow64DirectoryW", "GetSystemWow64Directory");
     rows("EnumProcessModules", "EnumProcessModules");
-    const auto row = [](const char *name, const char *call, const QByteArray &system, DWORD error) {
-        QTest::newRow(name) << QByteArray(call) << system << error;
-    };
     row("one computer name with an error", "GetComputerNameExW", member("GetComputerNameEx", "{\"0\": {\"error\": 87}}"), 87);
     row("one computer name absent", "GetComputerNameExW", member("GetComputerNameEx", "{\"1\": \"A\"}"), 0);
     row("one folder with an error", "SHGetSpecialFolderPathW", member("SHGetSpecialFolderPath", "{\"5\": {\"error\": 2}}"), 2);
@@ -97,70 +71,46 @@ void SimulatedAnswersTest::errorsOfTheDescription_data()
     row("product information with an error", "GetProductInfo", member("GetProductInfo", "{\"error\": 1234}"), 1234);
 }
 
-void SimulatedAnswersTest::errorsOfTheDescription()
+void version()
 {
-    QFETCH(QByteArray, call);
-    QFETCH(QByteArray, system);
-    QFETCH(DWORD, error);
-    const DescribedWindows windows(QByteArray(), system);
-    PoisonedBuffer buffer(512);
-    SetLastError(poison);
-    QCOMPARE(callNamed(call).make(buffer), qint64(0));
-    QCOMPARE(GetLastError(), error);
-    QVERIFY(buffer.isUntouchedFrom(4));
+    const auto row = [](const QString &name, const QByteArray &servicePack, const QByteArray &narrow, const QString &wide) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(QByteArray(), member("GetVersionEx", "{\"dwMajorVersion\": 5, \"wProductType\": 3, \"szCSDVersion\": \"" + servicePack + "\"}"));
+            OSVERSIONINFOEXA shortText = {};
+            shortText.dwOSVersionInfoSize = sizeof shortText;
+            QVERIFY(GetVersionExA(reinterpret_cast<LPOSVERSIONINFOA>(&shortText)));
+            QCOMPARE(QByteArray(shortText.szCSDVersion), narrow);
+            OSVERSIONINFOEXW wideText = {};
+            wideText.dwOSVersionInfoSize = sizeof wideText;
+            QVERIFY(GetVersionExW(reinterpret_cast<LPOSVERSIONINFOW>(&wideText)));
+            QCOMPARE(QString::fromWCharArray(wideText.szCSDVersion), wide);
+            QCOMPARE(wideText.dwMajorVersion, DWORD(5));
+            QCOMPARE(int(wideText.wProductType), 3);
+        });
+    };
+    row("none", QByteArray(), QByteArray(), QString());
+    row("a text", QByteArray("Service Pack 1"), QByteArray("Service Pack 1"), QStringLiteral("Service Pack 1"));
+    row("in the code page", QByteArray("\u00e4\u0416"), QByteArray("\xe4?"), QStringLiteral("\u00e4\u0416"));
+    row("as long as the field", QByteArray(127, 'x'), QByteArray(127, 'x'), QString(127, QLatin1Char('x')));
+    row("longer than the field: cut", QByteArray(300, 'x'), QByteArray(127, 'x'), QString(127, QLatin1Char('x')));
 }
 
-void SimulatedAnswersTest::version_data()
+void productInfo()
 {
-    QTest::addColumn<QByteArray>("servicePack"); // as it stands in the file
-    QTest::addColumn<QByteArray>("narrow");
-    QTest::addColumn<QString>("wide");
-    QTest::newRow("none") << QByteArray() << QByteArray() << QString();
-    QTest::newRow("a text") << QByteArray("Service Pack 1") << QByteArray("Service Pack 1") << QStringLiteral("Service Pack 1");
-    QTest::newRow("in the code page") << QByteArray("\u00e4\u0416") << QByteArray("\xe4?") << QStringLiteral("\u00e4\u0416");
-    QTest::newRow("as long as the field") << QByteArray(127, 'x') << QByteArray(127, 'x') << QString(127, QLatin1Char('x'));
-    QTest::newRow("longer than the field: cut")
-        << QByteArray(300, 'x') << QByteArray(127, 'x') << QString(127, QLatin1Char('x'));
+    const auto row = [](const QString &name, const QByteArray &system, const QString &written) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(QByteArray(), system);
+            PoisonedBuffer buffer(16);
+            QCOMPARE(callNamed("GetProductInfo").make(buffer), qint64(written.isEmpty() ? FALSE : TRUE));
+            QCOMPARE(buffer.written(), written);
+        });
+    };
+    row("a type", member("GetProductInfo", "{\"dwReturnedProductType\": 48}"), QStringLiteral("30000000"));
+    row("no type: zero", member("GetProductInfo", "{}"), QStringLiteral("00000000"));
+    row("an error: nothing", member("GetProductInfo", "{\"error\": 87}"), QString());
 }
 
-void SimulatedAnswersTest::version()
-{
-    QFETCH(QByteArray, servicePack);
-    QFETCH(QByteArray, narrow);
-    QFETCH(QString, wide);
-    const DescribedWindows windows(QByteArray(), member("GetVersionEx", "{\"dwMajorVersion\": 5, \"wProductType\": 3, \"szCSDVersion\": \"" + servicePack + "\"}"));
-    OSVERSIONINFOEXA shortText = {};
-    shortText.dwOSVersionInfoSize = sizeof shortText;
-    QVERIFY(GetVersionExA(reinterpret_cast<LPOSVERSIONINFOA>(&shortText)));
-    QCOMPARE(QByteArray(shortText.szCSDVersion), narrow);
-    OSVERSIONINFOEXW wideText = {};
-    wideText.dwOSVersionInfoSize = sizeof wideText;
-    QVERIFY(GetVersionExW(reinterpret_cast<LPOSVERSIONINFOW>(&wideText)));
-    QCOMPARE(QString::fromWCharArray(wideText.szCSDVersion), wide);
-    QCOMPARE(wideText.dwMajorVersion, DWORD(5));
-    QCOMPARE(int(wideText.wProductType), 3);
-}
-
-void SimulatedAnswersTest::productInfo_data()
-{
-    QTest::addColumn<QByteArray>("system");
-    QTest::addColumn<QString>("written");
-    QTest::newRow("a type") << member("GetProductInfo", "{\"dwReturnedProductType\": 48}") << QStringLiteral("30000000");
-    QTest::newRow("no type: zero") << member("GetProductInfo", "{}") << QStringLiteral("00000000");
-    QTest::newRow("an error: nothing") << member("GetProductInfo", "{\"error\": 87}") << QString();
-}
-
-void SimulatedAnswersTest::productInfo()
-{
-    QFETCH(QByteArray, system);
-    QFETCH(QString, written);
-    const DescribedWindows windows(QByteArray(), system);
-    PoisonedBuffer buffer(16);
-    QCOMPARE(callNamed("GetProductInfo").make(buffer), qint64(written.isEmpty() ? FALSE : TRUE));
-    QCOMPARE(buffer.written(), written);
-}
-
-void SimulatedAnswersTest::processors()
+void processors()
 {
     const DescribedWindows windows(QByteArray(), member("GetSystemInfo", R"({
         "wProcessorArchitecture": 9, "lpMaximumApplicationAddress": "0x7ffffffeffff",
@@ -181,7 +131,7 @@ void SimulatedAnswersTest::processors()
     QCOMPARE(information.lpMaximumApplicationAddress, LPVOID(nullptr));
 }
 
-void SimulatedAnswersTest::metrics()
+void metrics()
 {
     const DescribedWindows windows(QByteArray(), member("GetSystemMetrics", "{\"89\": 7, \"0\": -1}"));
     QCOMPARE(GetSystemMetrics(SM_SERVERR2), 7);
@@ -189,7 +139,7 @@ void SimulatedAnswersTest::metrics()
     QCOMPARE(GetSystemMetrics(1), 0);
 }
 
-void SimulatedAnswersTest::computerNames()
+void computerNames()
 {
     const DescribedWindows windows(QByteArray(), member("GetComputerNameEx", "{\"0\": \"PC\", \"7\": \"pc.example\", \"2\": \"\"}"));
     const auto name = [](int format) {
@@ -204,43 +154,36 @@ void SimulatedAnswersTest::computerNames()
     QCOMPARE(name(1), QStringLiteral("0 32 u"));
 }
 
-void SimulatedAnswersTest::drives_data()
+void drives()
 {
-    QTest::addColumn<QByteArray>("drive");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("full")
-        << QByteArray(R"({"GetDriveType": 3, "GetVolumeInformation": {"volumeName": "V", "fileSystemName": "NTFS"},
-                          "GetDiskFreeSpaceEx": {"freeBytesAvailableToCaller": "0xffffffffffffffff", "totalNumberOfBytes": 2}})")
-        << QStringLiteral("3, V NTFS, 18446744073709551615 2");
-    QTest::newRow("nothing given") << QByteArray("{}") << QStringLiteral("0, -, -");
-    QTest::newRow("not listed") << QByteArray("null") << QStringLiteral("0, -, -");
-    QTest::newRow("names of nothing") << QByteArray("{\"GetVolumeInformation\": {}}") << QStringLiteral("0,  , -");
-    QTest::newRow("a name as long as the buffer: with its terminator it does not fit")
-        << QByteArray("{\"GetVolumeInformation\": {\"volumeName\": \"12345678\"}}") << QStringLiteral("0, -, -");
-    QTest::newRow("a name that fits exactly")
-        << QByteArray("{\"GetVolumeInformation\": {\"volumeName\": \"1234567\"}}") << QStringLiteral("0, 1234567 , -");
+    const auto row = [](const QString &name, const QByteArray &drive, const QString &expected) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(QByteArray(), member("drives", "{\"C:\\\\\": " + drive + '}'));
+            WCHAR name[8];
+            WCHAR fileSystem[8];
+            ULARGE_INTEGER free;
+            ULARGE_INTEGER total;
+            QString actual = QString::number(GetDriveTypeW(L"C:\\"));
+            actual += GetVolumeInformationW(L"C:\\", name, 8, nullptr, nullptr, nullptr, fileSystem, 8)
+                ? QStringLiteral(", %1 %2").arg(QString::fromWCharArray(name), QString::fromWCharArray(fileSystem))
+                : QStringLiteral(", -");
+            actual += GetDiskFreeSpaceExW(L"C:\\", &free, &total, nullptr)
+                ? QStringLiteral(", %1 %2").arg(free.QuadPart).arg(total.QuadPart)
+                : QStringLiteral(", -");
+            QCOMPARE(actual, expected);
+        });
+    };
+    row("full", QByteArray(R"({"GetDriveType": 3, "GetVolumeInformation": {"volumeName": "V", "fileSystemName": "NTFS"},
+                          "GetDiskFreeSpaceEx": {"freeBytesAvailableToCaller": "0xffffffffffffffff", "totalNumberOfBytes": 2}})"),
+        QStringLiteral("3, V NTFS, 18446744073709551615 2"));
+    row("nothing given", QByteArray("{}"), QStringLiteral("0, -, -"));
+    row("not listed", QByteArray("null"), QStringLiteral("0, -, -"));
+    row("names of nothing", QByteArray("{\"GetVolumeInformation\": {}}"), QStringLiteral("0,  , -"));
+    row("a name as long as the buffer: with its terminator it does not fit", QByteArray("{\"GetVolumeInformation\": {\"volumeName\": \"12345678\"}}"), QStringLiteral("0, -, -"));
+    row("a name that fits exactly", QByteArray("{\"GetVolumeInformation\": {\"volumeName\": \"1234567\"}}"), QStringLiteral("0, 1234567 , -"));
 }
 
-void SimulatedAnswersTest::drives()
-{
-    QFETCH(QByteArray, drive);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(QByteArray(), member("drives", "{\"C:\\\\\": " + drive + '}'));
-    WCHAR name[8];
-    WCHAR fileSystem[8];
-    ULARGE_INTEGER free;
-    ULARGE_INTEGER total;
-    QString actual = QString::number(GetDriveTypeW(L"C:\\"));
-    actual += GetVolumeInformationW(L"C:\\", name, 8, nullptr, nullptr, nullptr, fileSystem, 8)
-        ? QStringLiteral(", %1 %2").arg(QString::fromWCharArray(name), QString::fromWCharArray(fileSystem))
-        : QStringLiteral(", -");
-    actual += GetDiskFreeSpaceExW(L"C:\\", &free, &total, nullptr)
-        ? QStringLiteral(", %1 %2").arg(free.QuadPart).arg(total.QuadPart)
-        : QStringLiteral(", -");
-    QCOMPARE(actual, expected);
-}
-
-void SimulatedAnswersTest::driveOfEitherCase()
+void driveOfEitherCase()
 {
     const DescribedWindows windows(QByteArray(), member("drives", "{\"c:\\\\\": {\"GetDriveType\": 3}}"));
     QCOMPARE(GetDriveTypeW(L"C:\\"), UINT(DRIVE_FIXED));
@@ -248,30 +191,24 @@ void SimulatedAnswersTest::driveOfEitherCase()
     QCOMPARE(GetDriveTypeW(L"C:"), UINT(DRIVE_UNKNOWN));
 }
 
-void SimulatedAnswersTest::logicalDrives_data()
+void logicalDrives()
 {
-    QTest::addColumn<QByteArray>("system");
-    QTest::addColumn<DWORD>("mask");
-    QTest::addColumn<DWORD>("error");
-    QTest::newRow("some") << member("GetLogicalDrives", "5") << DWORD(5) << poison;
-    QTest::newRow("all bits") << member("GetLogicalDrives", "\"0xffffffff\"") << ~DWORD(0) << poison;
-    QTest::newRow("none") << member("GetLogicalDrives", "0") << DWORD(0) << DWORD(0);
-    QTest::newRow("absent") << QByteArray("{}") << DWORD(0) << DWORD(0);
-    QTest::newRow("an error") << member("GetLogicalDrives", "{\"error\": 5}") << DWORD(0) << DWORD(5);
+    const auto row = [](const QString &name, const QByteArray &system, DWORD mask, DWORD error) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(QByteArray(), system);
+            SetLastError(poison);
+            QCOMPARE(GetLogicalDrives(), mask);
+            QCOMPARE(GetLastError(), error);
+        });
+    };
+    row("some", member("GetLogicalDrives", "5"), DWORD(5), poison);
+    row("all bits", member("GetLogicalDrives", "\"0xffffffff\""), ~DWORD(0), poison);
+    row("none", member("GetLogicalDrives", "0"), DWORD(0), DWORD(0));
+    row("absent", QByteArray("{}"), DWORD(0), DWORD(0));
+    row("an error", member("GetLogicalDrives", "{\"error\": 5}"), DWORD(0), DWORD(5));
 }
 
-void SimulatedAnswersTest::logicalDrives()
-{
-    QFETCH(QByteArray, system);
-    QFETCH(DWORD, mask);
-    QFETCH(DWORD, error);
-    const DescribedWindows windows(QByteArray(), system);
-    SetLastError(poison);
-    QCOMPARE(GetLogicalDrives(), mask);
-    QCOMPARE(GetLastError(), error);
-}
-
-void SimulatedAnswersTest::longDirectory()
+void longDirectory()
 {
     const DescribedWindows windows(QByteArray(), member("GetSystemWindowsDirectory", '"' + QByteArray(1024, 'x') + '"'));
     PoisonedBuffer buffer(2048);
@@ -282,38 +219,34 @@ void SimulatedAnswersTest::longDirectory()
     QVERIFY(larger.isUntouchedFrom(2050));
 }
 
-void SimulatedAnswersTest::expansionFailures_data()
+void expansionFailures()
 {
-    QTest::addColumn<QByteArray>("index");
-    QTest::addColumn<QString>("source"); // fails, and no other one
-    QTest::newRow("the first") << QByteArray("0") << QStringLiteral("OS: %OS%");
-    QTest::newRow("the second") << QByteArray("1") << QStringLiteral("PATH: %PATH%");
-    QTest::newRow("the third") << QByteArray("2") << QStringLiteral("HOMEPATH: %HOMEPATH%");
-    QTest::newRow("the fourth") << QByteArray("3") << QStringLiteral("TEMP: %TEMP%");
-    QTest::newRow("the fifth") << QByteArray("4") << QStringLiteral("CPU: %PROCESSOR_IDENTIFIER%");
+    const auto row = [](const QString &name, const QByteArray &index, const QString &source) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(QByteArray(), member("ExpandEnvironmentStrings", "{\"" + index + "\": {\"error\": 8}}"));
+            const QStringList all {QStringLiteral("OS: %OS%"), QStringLiteral("PATH: %PATH%"), QStringLiteral("HOMEPATH: %HOMEPATH%"),
+                                   QStringLiteral("TEMP: %TEMP%"), QStringLiteral("CPU: %PROCESSOR_IDENTIFIER%"), QStringLiteral("%A%")};
+            for (const QString &text : all) {
+                PoisonedBuffer buffer(128);
+                SetLastError(poison);
+                const bool fails = text == source;
+                QCOMPARE(ExpandEnvironmentStringsW(wide(text), buffer.wide(), 64), DWORD(fails ? 0 : text.size() + 1));
+                QCOMPARE(GetLastError(), fails ? DWORD(8) : poison);
+                QCOMPARE(buffer.isUntouched(), fails);
+            }
+        });
+    };
+    row("the first", QByteArray("0"), QStringLiteral("OS: %OS%"));
+    row("the second", QByteArray("1"), QStringLiteral("PATH: %PATH%"));
+    row("the third", QByteArray("2"), QStringLiteral("HOMEPATH: %HOMEPATH%"));
+    row("the fourth", QByteArray("3"), QStringLiteral("TEMP: %TEMP%"));
+    row("the fifth", QByteArray("4"), QStringLiteral("CPU: %PROCESSOR_IDENTIFIER%"));
 }
 
-void SimulatedAnswersTest::expansionFailures()
-{
-    QFETCH(QByteArray, index);
-    QFETCH(QString, source);
-    const DescribedWindows windows(QByteArray(), member("ExpandEnvironmentStrings", "{\"" + index + "\": {\"error\": 8}}"));
-    const QStringList all {QStringLiteral("OS: %OS%"), QStringLiteral("PATH: %PATH%"), QStringLiteral("HOMEPATH: %HOMEPATH%"),
-                           QStringLiteral("TEMP: %TEMP%"), QStringLiteral("CPU: %PROCESSOR_IDENTIFIER%"), QStringLiteral("%A%")};
-    for (const QString &text : all) {
-        PoisonedBuffer buffer(128);
-        SetLastError(poison);
-        const bool fails = text == source;
-        QCOMPARE(ExpandEnvironmentStringsW(wide(text), buffer.wide(), 64), DWORD(fails ? 0 : text.size() + 1));
-        QCOMPARE(GetLastError(), fails ? DWORD(8) : poison);
-        QCOMPARE(buffer.isUntouched(), fails);
-    }
-}
-
-void SimulatedAnswersTest::unterminatedTexts()
+void unterminatedTexts()
 {
     const DescribedWindows windows(QByteArray(), R"({"GetUserName": "anna", "environment": {"A": "b"}})");
-    for (const bool terminated : {false, true}) { // the second time: as ever
+    for (const bool terminated : {false, true}) {
         const auto unterminated = terminated ? nullptr : std::make_unique<simulated::UnterminatedTexts>();
         PoisonedBuffer name(64);
         DWORD size = 32;
@@ -328,7 +261,7 @@ void SimulatedAnswersTest::unterminatedTexts()
     }
 }
 
-void SimulatedAnswersTest::specialFolders()
+void specialFolders()
 {
     const DescribedWindows windows(QByteArray(), member("SHGetSpecialFolderPath", "{\"2\": \"C:\\\\P\", \"5\": \"" + QByteArray(300, 'x') + "\"}"));
     PoisonedBuffer programs(2 * MAX_PATH);
@@ -337,16 +270,35 @@ void SimulatedAnswersTest::specialFolders()
     QVERIFY(programs.isUntouchedFrom(2 * 5));
     PoisonedBuffer longPath(2 * MAX_PATH);
     QVERIFY(SHGetSpecialFolderPathW(nullptr, longPath.wide(), CSIDL_PERSONAL, FALSE));
-    QCOMPARE(longPath.wideText(), QString(259, QLatin1Char('x'))); // never beyond what a caller must have
+    QCOMPARE(longPath.wideText(), QString(259, QLatin1Char('x'))); // fills MAX_PATH, the least that a caller provides
     QVERIFY(longPath.isUntouchedFrom(2 * MAX_PATH));
 }
 
-void SimulatedAnswersTest::errorMode()
+void errorMode()
 {
     QCOMPARE(SetErrorMode(1), UINT(0));
     QCOMPARE(SetErrorMode(0x8003), UINT(1));
     QCOMPARE(SetErrorMode(0), UINT(0x8003));
 }
 
-TEST_WITHOUT_APPLICATION(SimulatedAnswersTest);
-#include "tst_simulated_answers.moc"
+void addTests()
+{
+    addTestRows("errorsOfTheDescription", errorsOfTheDescription);
+    addTestRows("version", version);
+    addTestRows("productInfo", productInfo);
+    addTestRow("processors", processors);
+    addTestRow("metrics", metrics);
+    addTestRow("computerNames", computerNames);
+    addTestRows("drives", drives);
+    addTestRow("driveOfEitherCase", driveOfEitherCase);
+    addTestRows("logicalDrives", logicalDrives);
+    addTestRow("longDirectory", longDirectory);
+    addTestRows("expansionFailures", expansionFailures);
+    addTestRow("unterminatedTexts", unterminatedTexts);
+    addTestRow("specialFolders", specialFolders);
+    addTestRow("errorMode", errorMode);
+}
+
+} // namespace
+
+TEST_WITHOUT_APPLICATION(RowTest(addTests));

@@ -1,4 +1,4 @@
-// The live handle table: what is open, what is used without being open.
+// The handle table: open handles and misused ones.
 
 #include "described_windows.h"
 #include "simulated_windows.h"
@@ -37,7 +37,7 @@ HKEY openKey(const char *path = "A")
     return key;
 }
 
-/// A use of a handle, as it is noted.
+/// A use of a handle, by the name that handleMisuses() gives it.
 struct Misuse
 {
     QString name;
@@ -153,7 +153,7 @@ void SimulatedHandlesTest::misuses()
         expected += noted(misuse.name, handle);
     }
     QCOMPARE(simulated::handleMisuses(), expected);
-    QCOMPARE(simulated::openHandles().size(), 1); // that of another kind is open still
+    QCOMPARE(simulated::openHandles().size(), 1); // the handle of another kind
 }
 
 void SimulatedHandlesTest::failingCloseClosesAllTheSame()

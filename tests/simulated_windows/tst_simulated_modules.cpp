@@ -2,31 +2,12 @@
 
 #include "described_windows.h"
 #include "poisoned_buffer.h"
+#include "rows.h"
 #include "simulated_windows.h"
-#include "test_main.h"
 #include "wide_text.h"
 
 #include <QtTest/QtTest>
 #include <psapi.h>
-
-class SimulatedModulesTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void names_data();
-    void names();
-    void nameIntoNoRoom();
-    void manyModules();
-    void libraryAnswers_data();
-    void libraryAnswers();
-    void eachLibraryHasItsOwnFunction();
-    void eightLibrariesAtOnce();
-    void placesAreFreeAgainAfterReset();
-    void freedLibraryHasNoFunctions();
-    void libraryThatChangesWhileItIsLoaded();
-    void kernelKnowsOneFunction();
-};
 
 namespace {
 
@@ -37,7 +18,7 @@ GetProperty propertyOf(HMODULE library)
     return reinterpret_cast<GetProperty>(reinterpret_cast<void *>(GetProcAddress(library, "DNSServiceGetProperty")));
 }
 
-/// "error, version, size", the last two as the call leaves them.
+/// "error, version, size"; the call stores the last two.
 QString answerOf(GetProperty property)
 {
     DWORD version = poison;
@@ -62,44 +43,34 @@ HMODULE load(int number)
     return LoadLibraryW(wide(QString::number(number) + QStringLiteral(".dll")));
 }
 
-} // namespace
-
-void SimulatedModulesTest::names_data()
+void names()
 {
-    QTest::addColumn<int>("index");
-    QTest::addColumn<DWORD>("room");
-    QTest::addColumn<DWORD>("length");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("fits") << 0 << DWORD(64) << DWORD(8) << QStringLiteral("C:\\a.exe");
-    QTest::newRow("fits exactly") << 0 << DWORD(9) << DWORD(8) << QStringLiteral("C:\\a.exe");
-    QTest::newRow("is cut") << 0 << DWORD(8) << DWORD(8) << QStringLiteral("C:\\a.ex");
-    QTest::newRow("is cut to nothing") << 0 << DWORD(1) << DWORD(1) << QString();
-    QTest::newRow("cannot be read") << 1 << DWORD(64) << DWORD(0) << QString();
-    QTest::newRow("is empty") << 2 << DWORD(64) << DWORD(0) << QString();
-    QTest::newRow("of a module behind the last one") << 3 << DWORD(64) << DWORD(0) << QString();
+    const auto row = [](const QString &title, int index, DWORD room, DWORD length, const QString &name) {
+        addTestRow(title, [=] {
+            const DescribedWindows windows(QByteArray(), "{\"EnumProcessModules\": [\"C:\\\\a.exe\", null, \"\"]}");
+            HMODULE modules[4] = {};
+            DWORD needed = 0;
+            QVERIFY(EnumProcessModules(GetCurrentProcess(), modules, sizeof modules, &needed));
+            QCOMPARE(needed, DWORD(24));
+            PoisonedBuffer buffer(2 * room);
+            QCOMPARE(GetModuleFileNameExW(GetCurrentProcess(), modules[index], buffer.wide(), room), length);
+            const bool written = length > 0 || index == 2;
+            QCOMPARE(buffer.isUntouched(), !written);
+            if (written)
+                QCOMPARE(buffer.wideText(), name);
+            QVERIFY(buffer.isUntouchedFrom(2 * int(room)));
+        });
+    };
+    row("fits", 0, DWORD(64), DWORD(8), "C:\\a.exe");
+    row("fits exactly", 0, DWORD(9), DWORD(8), "C:\\a.exe");
+    row("is cut", 0, DWORD(8), DWORD(8), "C:\\a.ex");
+    row("is cut to nothing", 0, DWORD(1), DWORD(1), QString());
+    row("cannot be read", 1, DWORD(64), DWORD(0), QString());
+    row("is empty", 2, DWORD(64), DWORD(0), QString());
+    row("of a module behind the last one", 3, DWORD(64), DWORD(0), QString());
 }
 
-void SimulatedModulesTest::names()
-{
-    QFETCH(int, index);
-    QFETCH(DWORD, room);
-    QFETCH(DWORD, length);
-    QFETCH(QString, name);
-    const DescribedWindows windows(QByteArray(), "{\"EnumProcessModules\": [\"C:\\\\a.exe\", null, \"\"]}");
-    HMODULE modules[4] = {};
-    DWORD needed = 0;
-    QVERIFY(EnumProcessModules(GetCurrentProcess(), modules, sizeof modules, &needed));
-    QCOMPARE(needed, DWORD(24));
-    PoisonedBuffer buffer(2 * room);
-    QCOMPARE(GetModuleFileNameExW(GetCurrentProcess(), modules[index], buffer.wide(), room), length);
-    const bool written = length > 0 || index == 2;
-    QCOMPARE(buffer.isUntouched(), !written);
-    if (written)
-        QCOMPARE(buffer.wideText(), name);
-    QVERIFY(buffer.isUntouchedFrom(2 * int(room)));
-}
-
-void SimulatedModulesTest::nameIntoNoRoom()
+void nameIntoNoRoom()
 {
     const DescribedWindows windows(QByteArray(), "{\"EnumProcessModules\": [\"C:\\\\a.exe\"]}");
     HMODULE module = nullptr;
@@ -111,7 +82,7 @@ void SimulatedModulesTest::nameIntoNoRoom()
     QVERIFY(buffer.isUntouched());
 }
 
-void SimulatedModulesTest::manyModules()
+void manyModules()
 {
     machine::Machine machine;
     machine.system.EnumProcessModules.value.emplace(1500, QStringLiteral("a.dll"));
@@ -127,34 +98,27 @@ void SimulatedModulesTest::manyModules()
     QCOMPARE(QString::fromWCharArray(name), QStringLiteral("last.dll"));
 }
 
-void SimulatedModulesTest::libraryAnswers_data()
+void libraryAnswers()
 {
-    QTest::addColumn<QByteArray>("library");
-    QTest::addColumn<QString>("expected"); // empty: no such function
-    QTest::newRow("a version") << QByteArray("{\"DNSServiceGetProperty\": {\"error\": 0, \"DaemonVersion\": 3210000}}")
-                               << QStringLiteral("0, 3210000, 4");
-    QTest::newRow("an error: nothing else is written")
-        << QByteArray("{\"DNSServiceGetProperty\": {\"error\": -65563, \"DaemonVersion\": 1}}")
-        << QStringLiteral("-65563, 3735928559, 4");
-    QTest::newRow("nothing given: version 0") << QByteArray("{\"DNSServiceGetProperty\": {}}") << QStringLiteral("0, 0, 4");
-    QTest::newRow("a library without the function") << QByteArray("{}") << QString();
+    const auto row = [](const QString &name, const QByteArray &library, const QString &expected) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(QByteArray(), "{\"libraries\": {\"dnssd.dll\": " + library + "}}");
+            const HMODULE module = LoadLibraryW(L"DnsSd.DLL");
+            QVERIFY(module);
+            const GetProperty property = propertyOf(module);
+            QCOMPARE(property != nullptr, !expected.isEmpty());
+            if (property)
+                QCOMPARE(answerOf(property), expected);
+            QVERIFY(FreeLibrary(module));
+        });
+    };
+    row("a version", QByteArray("{\"DNSServiceGetProperty\": {\"error\": 0, \"DaemonVersion\": 3210000}}"), "0, 3210000, 4");
+    row("an error: nothing else is written", QByteArray("{\"DNSServiceGetProperty\": {\"error\": -65563, \"DaemonVersion\": 1}}"), "-65563, 3735928559, 4");
+    row("nothing given: version 0", QByteArray("{\"DNSServiceGetProperty\": {}}"), "0, 0, 4");
+    row("a library without the function", QByteArray("{}"), QString());
 }
 
-void SimulatedModulesTest::libraryAnswers()
-{
-    QFETCH(QByteArray, library);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(QByteArray(), "{\"libraries\": {\"dnssd.dll\": " + library + "}}");
-    const HMODULE module = LoadLibraryW(L"DnsSd.DLL");
-    QVERIFY(module);
-    const GetProperty property = propertyOf(module);
-    QCOMPARE(property != nullptr, !expected.isEmpty());
-    if (property)
-        QCOMPARE(answerOf(property), expected);
-    QVERIFY(FreeLibrary(module));
-}
-
-void SimulatedModulesTest::eachLibraryHasItsOwnFunction()
+void eachLibraryHasItsOwnFunction()
 {
     const DescribedWindows windows = tenLibraries();
     const HMODULE three = load(3);
@@ -170,7 +134,7 @@ void SimulatedModulesTest::eachLibraryHasItsOwnFunction()
     QCOMPARE(answerOf(ofFour), QStringLiteral("0, 4, 4"));
 }
 
-void SimulatedModulesTest::eightLibrariesAtOnce()
+void eightLibrariesAtOnce()
 {
     const DescribedWindows windows = tenLibraries();
     QVector<HMODULE> modules;
@@ -187,15 +151,15 @@ void SimulatedModulesTest::eightLibrariesAtOnce()
     QCOMPARE(answerOf(propertyOf(modules.at(3))), QStringLiteral("0, 3, 4"));
 }
 
-void SimulatedModulesTest::placesAreFreeAgainAfterReset()
+void placesAreFreeAgainAfterReset()
 {
     for (int round = 0; round < 20; ++round) {
-        const DescribedWindows windows = tenLibraries(); // forgets what was left open
+        const DescribedWindows windows = tenLibraries(); // closes every handle
         QVERIFY2(load(round % 10), qPrintable(QString::number(round)));
     }
 }
 
-void SimulatedModulesTest::freedLibraryHasNoFunctions()
+void freedLibraryHasNoFunctions()
 {
     const DescribedWindows windows = tenLibraries();
     const HMODULE library = load(1);
@@ -204,7 +168,7 @@ void SimulatedModulesTest::freedLibraryHasNoFunctions()
     QCOMPARE(simulated::handleMisuses().size(), 1);
 }
 
-void SimulatedModulesTest::libraryThatChangesWhileItIsLoaded()
+void libraryThatChangesWhileItIsLoaded()
 {
     const DescribedWindows windows = tenLibraries();
     const HMODULE library = load(1);
@@ -213,7 +177,7 @@ void SimulatedModulesTest::libraryThatChangesWhileItIsLoaded()
     QVERIFY(FreeLibrary(library));
 }
 
-void SimulatedModulesTest::kernelKnowsOneFunction()
+void kernelKnowsOneFunction()
 {
     const DescribedWindows windows(QByteArray(), "{\"GetProductInfo\": {}}");
     const HMODULE kernel = GetModuleHandleW(L"kernel32.dll");
@@ -224,5 +188,20 @@ void SimulatedModulesTest::kernelKnowsOneFunction()
     QCOMPARE(simulated::handleMisuses(), QStringList());
 }
 
-TEST_WITHOUT_APPLICATION(SimulatedModulesTest);
-#include "tst_simulated_modules.moc"
+void addTests()
+{
+    addTestRows("names", names);
+    addTestRow("nameIntoNoRoom", nameIntoNoRoom);
+    addTestRow("manyModules", manyModules);
+    addTestRows("libraryAnswers", libraryAnswers);
+    addTestRow("eachLibraryHasItsOwnFunction", eachLibraryHasItsOwnFunction);
+    addTestRow("eightLibrariesAtOnce", eightLibrariesAtOnce);
+    addTestRow("placesAreFreeAgainAfterReset", placesAreFreeAgainAfterReset);
+    addTestRow("freedLibraryHasNoFunctions", freedLibraryHasNoFunctions);
+    addTestRow("libraryThatChangesWhileItIsLoaded", libraryThatChangesWhileItIsLoaded);
+    addTestRow("kernelKnowsOneFunction", kernelKnowsOneFunction);
+}
+
+} // namespace
+
+TEST_WITHOUT_APPLICATION(RowTest(addTests));

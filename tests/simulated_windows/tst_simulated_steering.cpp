@@ -2,48 +2,14 @@
 
 #include "calls.h"
 #include "described_windows.h"
+#include "rows.h"
 #include "simulated_windows.h"
-#include "test_main.h"
 
 #include <QtTest/QtTest>
 #include <cerrno>
 #include <shlobj.h>
 
 using simulated::Fault;
-
-class SimulatedSteeringTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void callsSucceedAndAreRecorded_data();
-    void callsSucceedAndAreRecorded();
-    void faultFailsTheCall_data();
-    void faultFailsTheCall();
-    void faultFailsTheCallAfterItWroteItsResults_data();
-    void faultFailsTheCallAfterItWroteItsResults();
-    void failedOpenLeavesADeadHandle();
-    void withoutMachineEveryCallFails_data();
-    void withoutMachineEveryCallFails();
-    void journalOfRegistryCalls();
-    void journalOfFailingCalls();
-    void journalOfSystemCalls();
-    void journalOfOptionalArguments();
-    void everyCallFailsWhileTheFaultLives();
-    void numberedCallFails_data();
-    void numberedCallFails();
-    void numberedCallOfAllFails_data();
-    void numberedCallOfAllFails();
-    void callsAreCountedFromTheFaultOn();
-    void faultOfAnotherName();
-    void firstOfTwoFaultsWins();
-    void movedFaultGoesOn();
-    void hookIsToldOfEveryCall();
-    void hookChangesTheRegistryBetweenCalls();
-    void hookIsGoneAfterReset();
-    void resetForgets();
-    void lastErrorIsLeftBySuccess();
-};
 
 namespace {
 
@@ -53,7 +19,7 @@ QByteArray queryResult(const char *name = "V")
     return QByteArray::number(RegQueryValueExA(HKEY_LOCAL_MACHINE, name, nullptr, nullptr, nullptr, &size));
 }
 
-/// The statuses of so many queries, one after the other.
+/// The statuses of \a count queries.
 QByteArray queryResults(int count)
 {
     QByteArray result;
@@ -103,84 +69,73 @@ qint64 failedResult(FailingCall::Failure failure, quint32 error)
     return 0;
 }
 
-void addCalls()
+void callsSucceedAndAreRecorded()
 {
-    QTest::addColumn<FailingCall>("call");
+    const auto row = [](const QString &name, const FailingCall &call) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(answeringRegistry(), answeringSystem());
+            PoisonedBuffer buffer(512);
+            const qint64 result = call.make(buffer);
+            const bool returnsZero = call.failure == FailingCall::Status || call.failure == FailingCall::InvalidArgument;
+            QCOMPARE(result == 0, returnsZero);
+            QCOMPARE(lastOf(call.name).name, call.name);
+        });
+    };
     for (const FailingCall &call : failingCalls())
-        QTest::newRow(call.name.constData()) << call;
+        row(call.name.constData(), call);
 }
 
-} // namespace
-
-void SimulatedSteeringTest::callsSucceedAndAreRecorded_data()
+void faultFailsTheCall()
 {
-    addCalls();
+    const auto row = [](const QString &name, const FailingCall &call) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(answeringRegistry(), answeringSystem());
+            PoisonedBuffer untouched(512);
+            PoisonedBuffer buffer(512);
+            SetLastError(poison);
+            {
+                const Fault fault = Fault::everyCall(call.name, 1234);
+                QCOMPARE(call.make(buffer), failedResult(call.failure, 1234));
+                QCOMPARE(fault.hits(), std::size_t(1));
+            }
+            if (call.failure == FailingCall::LastError)
+                QCOMPARE(GetLastError(), DWORD(1234));
+            QVERIFY2(buffer.isUntouchedFrom(4), "after the size, which the caller sets");
+            QCOMPARE(lastOf(call.name).result, failedResult(call.failure, 1234));
+            QVERIFY(call.make(untouched) != failedResult(call.failure, 1234));
+        });
+    };
+    for (const FailingCall &call : failingCalls())
+        row(call.name.constData(), call);
 }
 
-void SimulatedSteeringTest::callsSucceedAndAreRecorded()
+void faultFailsTheCallAfterItWroteItsResults()
 {
-    QFETCH(FailingCall, call);
-    const DescribedWindows windows(answeringRegistry(), answeringSystem());
-    PoisonedBuffer buffer(512);
-    const qint64 result = call.make(buffer);
-    const bool returnsZero = call.failure == FailingCall::Status || call.failure == FailingCall::InvalidArgument;
-    QCOMPARE(result == 0, returnsZero);
-    QCOMPARE(lastOf(call.name).name, call.name);
-}
-
-void SimulatedSteeringTest::faultFailsTheCall_data()
-{
-    addCalls();
-}
-
-void SimulatedSteeringTest::faultFailsTheCall()
-{
-    QFETCH(FailingCall, call);
-    const DescribedWindows windows(answeringRegistry(), answeringSystem());
-    PoisonedBuffer untouched(512);
-    PoisonedBuffer buffer(512);
-    SetLastError(poison);
-    {
-        const Fault fault = Fault::everyCall(call.name, 1234);
-        QCOMPARE(call.make(buffer), failedResult(call.failure, 1234));
-        QCOMPARE(fault.hits(), std::size_t(1));
-    }
-    if (call.failure == FailingCall::LastError)
-        QCOMPARE(GetLastError(), DWORD(1234));
-    QVERIFY2(buffer.isUntouchedFrom(4), "what is behind a record's size"); // the caller's own
-    QCOMPARE(lastOf(call.name).result, failedResult(call.failure, 1234));
-    QVERIFY(call.make(untouched) != failedResult(call.failure, 1234));
-}
-
-void SimulatedSteeringTest::faultFailsTheCallAfterItWroteItsResults_data()
-{
-    QTest::addColumn<FailingCall>("call");
+    const auto row = [](const QString &name, const FailingCall &call) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(answeringRegistry(), answeringSystem());
+            PoisonedBuffer expected(512);
+            call.make(expected);
+            PoisonedBuffer buffer(512);
+            SetLastError(poison);
+            {
+                const Fault fault = Fault::everyCall(call.name, 1234, simulated::BeforeFailing::WritesResults);
+                QCOMPARE(call.make(buffer), failedResult(call.failure, 1234));
+                QCOMPARE(fault.hits(), std::size_t(1));
+            }
+            if (call.failure == FailingCall::LastError)
+                QCOMPARE(GetLastError(), DWORD(1234));
+            QCOMPARE(lastOf(call.name).result, failedResult(call.failure, 1234));
+            QCOMPARE(buffer.written(), expected.written());
+        });
+    };
     for (const FailingCall &call : failingCalls()) {
         if (call.name != "GetAdaptersInfo") // its buffer here is too small: it fails by itself
-            QTest::newRow(call.name.constData()) << call;
+            row(call.name.constData(), call);
     }
 }
 
-void SimulatedSteeringTest::faultFailsTheCallAfterItWroteItsResults()
-{
-    QFETCH(FailingCall, call);
-    const DescribedWindows windows(answeringRegistry(), answeringSystem());
-    PoisonedBuffer expected(512);
-    call.make(expected);
-    PoisonedBuffer buffer(512);
-    SetLastError(poison);
-    {
-        const Fault fault = Fault::everyCall(call.name, 1234, simulated::BeforeFailing::WritesResults);
-        QCOMPARE(call.make(buffer), failedResult(call.failure, 1234));
-        QCOMPARE(fault.hits(), std::size_t(1));
-    }
-    if (call.failure == FailingCall::LastError)
-        QCOMPARE(GetLastError(), DWORD(1234));
-    QCOMPARE(lastOf(call.name).result, failedResult(call.failure, 1234));
-    QCOMPARE(buffer.written(), expected.written());
-}
-
-void SimulatedSteeringTest::failedOpenLeavesADeadHandle()
+void failedOpenLeavesADeadHandle()
 {
     const DescribedWindows windows(answeringRegistry(), answeringSystem());
     const Fault fault = Fault::everyCall("RegOpenKeyExA", 5, simulated::BeforeFailing::WritesResults);
@@ -195,27 +150,25 @@ void SimulatedSteeringTest::failedOpenLeavesADeadHandle()
     QVERIFY2(key == nullptr, "a call that fails by itself stays what it is");
 }
 
-void SimulatedSteeringTest::withoutMachineEveryCallFails_data()
+void withoutMachineEveryCallFails()
 {
-    QTest::addColumn<FailingCall>("call");
+    const auto row = [](const QString &name, const FailingCall &call) {
+        addTestRow(name, [=] {
+            simulated::reset();
+            simulated::installNothing();
+            QVERIFY(!simulated::knowsMachine());
+            PoisonedBuffer buffer(512);
+            QCOMPARE(call.make(buffer) == 0, call.failure != FailingCall::Status);
+            QVERIFY2(buffer.isUntouchedFrom(4), "after the size, which the caller sets");
+        });
+    };
     for (const FailingCall &call : failingCalls()) {
         if (call.needsMachine)
-            QTest::newRow(call.name.constData()) << call;
+            row(call.name.constData(), call);
     }
 }
 
-void SimulatedSteeringTest::withoutMachineEveryCallFails()
-{
-    QFETCH(FailingCall, call);
-    simulated::reset();
-    simulated::installNothing();
-    QVERIFY(!simulated::knowsMachine());
-    PoisonedBuffer buffer(512);
-    QCOMPARE(call.make(buffer) == 0, call.failure != FailingCall::Status);
-    QVERIFY2(buffer.isUntouchedFrom(4), "what is behind a record's size"); // the caller's own
-}
-
-void SimulatedSteeringTest::journalOfRegistryCalls()
+void journalOfRegistryCalls()
 {
     const DescribedWindows windows("[HKEY_LOCAL_MACHINE\\A\\B]\n\"Name\"=\"AB\"\n[HKEY_LOCAL_MACHINE\\A\\B\\Sub]\n");
     HKEY a = nullptr;
@@ -237,19 +190,19 @@ void SimulatedSteeringTest::journalOfRegistryCalls()
     RegCloseKey(b);
     RegCloseKey(a);
     QCOMPARE(lines(), QStringList({
-                          QStringLiteral("RegOpenKeyExA [HKEY_LOCAL_MACHINE\\a] [] 20119 0->0 = 0"),
-                          QStringLiteral("RegOpenKeyExW [HKEY_LOCAL_MACHINE\\a\\B] [] 20019 0->0 = 0"),
-                          QStringLiteral("RegQueryValueExA [HKEY_LOCAL_MACHINE\\a\\B] [Name] 0 64->3 = 0"),
-                          QStringLiteral("RegQueryValueExW [HKEY_LOCAL_MACHINE\\a\\B] [NAME] 0 64->6 = 0"),
-                          QStringLiteral("RegEnumKeyExA [HKEY_LOCAL_MACHINE\\a\\B] [0] 0 64->3 = 0"),
-                          QStringLiteral("RegEnumKeyA [HKEY_LOCAL_MACHINE\\a\\B] [0] 0 32->32 = 0"),
-                          QStringLiteral("RegEnumValueA [HKEY_LOCAL_MACHINE\\a\\B] [0] 0 16->3 = 0"),
-                          QStringLiteral("RegCloseKey [HKEY_LOCAL_MACHINE\\a\\B] [] 0 0->0 = 0"),
-                          QStringLiteral("RegCloseKey [HKEY_LOCAL_MACHINE\\a] [] 0 0->0 = 0"),
+                          "RegOpenKeyExA [HKEY_LOCAL_MACHINE\\a] [] 20119 0->0 = 0",
+                          "RegOpenKeyExW [HKEY_LOCAL_MACHINE\\a\\B] [] 20019 0->0 = 0",
+                          "RegQueryValueExA [HKEY_LOCAL_MACHINE\\a\\B] [Name] 0 64->3 = 0",
+                          "RegQueryValueExW [HKEY_LOCAL_MACHINE\\a\\B] [NAME] 0 64->6 = 0",
+                          "RegEnumKeyExA [HKEY_LOCAL_MACHINE\\a\\B] [0] 0 64->3 = 0",
+                          "RegEnumKeyA [HKEY_LOCAL_MACHINE\\a\\B] [0] 0 32->32 = 0",
+                          "RegEnumValueA [HKEY_LOCAL_MACHINE\\a\\B] [0] 0 16->3 = 0",
+                          "RegCloseKey [HKEY_LOCAL_MACHINE\\a\\B] [] 0 0->0 = 0",
+                          "RegCloseKey [HKEY_LOCAL_MACHINE\\a] [] 0 0->0 = 0",
                       }));
 }
 
-void SimulatedSteeringTest::journalOfFailingCalls()
+void journalOfFailingCalls()
 {
     const DescribedWindows windows("[HKEY_LOCAL_MACHINE]\n\"V\"=\"AB\"\n");
     HKEY key = nullptr;
@@ -262,15 +215,15 @@ void SimulatedSteeringTest::journalOfFailingCalls()
     RegQueryValueExA(HKEY_LOCAL_MACHINE, "None", nullptr, nullptr, reinterpret_cast<LPBYTE>(text), &size);
     RegEnumKeyA(HKEY_LOCAL_MACHINE, 7, text, 2);
     QCOMPARE(lines(), QStringList({
-                          QStringLiteral("RegOpenKeyExA [HKEY_CURRENT_USER\\None] [] 20019 0->0 = 2"),
-                          QStringLiteral("RegOpenKeyExA [HKEY_CURRENT_USER\\None] [8] 20019 0->0 = 2"),
-                          QStringLiteral("RegQueryValueExA [HKEY_LOCAL_MACHINE] [V] 0 2->3 = 234"),
-                          QStringLiteral("RegQueryValueExA [HKEY_LOCAL_MACHINE] [None] 0 2->2 = 2"),
-                          QStringLiteral("RegEnumKeyA [HKEY_LOCAL_MACHINE] [7] 0 2->2 = 259"),
+                          "RegOpenKeyExA [HKEY_CURRENT_USER\\None] [] 20019 0->0 = 2",
+                          "RegOpenKeyExA [HKEY_CURRENT_USER\\None] [8] 20019 0->0 = 2",
+                          "RegQueryValueExA [HKEY_LOCAL_MACHINE] [V] 0 2->3 = 234",
+                          "RegQueryValueExA [HKEY_LOCAL_MACHINE] [None] 0 2->2 = 2",
+                          "RegEnumKeyA [HKEY_LOCAL_MACHINE] [7] 0 2->2 = 259",
                       }));
 }
 
-void SimulatedSteeringTest::journalOfSystemCalls()
+void journalOfSystemCalls()
 {
     const DescribedWindows windows(answeringRegistry(), answeringSystem());
     WCHAR text[64];
@@ -293,27 +246,27 @@ void SimulatedSteeringTest::journalOfSystemCalls()
     SHGetSpecialFolderPathW(nullptr, longPath, 99, FALSE);
     SHGetSpecialFolderPathW(nullptr, longPath, 99, TRUE);
     QCOMPARE(lines(), QStringList({
-                          QStringLiteral("GetComputerNameExW [] [0] 0 64->2 = 1"),
-                          QStringLiteral("GetUserNameW [] [] 0 64->4 = 1"),
-                          QStringLiteral("SetErrorMode [] [1] 0 0->0 = 0"),
-                          QStringLiteral("GetLogicalDrives [] [] 0 0->0 = 4"),
-                          QStringLiteral("GetDriveTypeW [C:\\] [] 0 0->0 = 3"),
-                          QStringLiteral("GetVolumeInformationW [C:\\] [31] 0 32->32 = 1"),
-                          QStringLiteral("GetSystemWindowsDirectoryW [] [] 0 64->64 = 10"),
-                          QStringLiteral("GetSystemWindowsDirectoryW [] [] 0 3->3 = 11"),
-                          QStringLiteral("ExpandEnvironmentStringsW [] [%A%b] 0 64->64 = 3"),
-                          QStringLiteral("wsprintfW [] [C:] 0 0->0 = 2"),
-                          QStringLiteral("LoadLibraryW [none.dll] [] 0 0->0 = 0"),
-                          QStringLiteral("HeapAlloc [] [] 0 704->704 = 1"),
-                          QStringLiteral("HeapFree [] [] 0 0->0 = 1"),
-                          QStringLiteral("HeapAlloc [] [] 8 704->704 = 1"),
-                          QStringLiteral("HeapFree [] [] 1 0->0 = 1"),
-                          QStringLiteral("SHGetSpecialFolderPathW [] [99] 0 0->0 = 0"),
-                          QStringLiteral("SHGetSpecialFolderPathW [] [99] 1 0->0 = 0"),
+                          "GetComputerNameExW [] [0] 0 64->2 = 1",
+                          "GetUserNameW [] [] 0 64->4 = 1",
+                          "SetErrorMode [] [1] 0 0->0 = 0",
+                          "GetLogicalDrives [] [] 0 0->0 = 4",
+                          "GetDriveTypeW [C:\\] [] 0 0->0 = 3",
+                          "GetVolumeInformationW [C:\\] [31] 0 32->32 = 1",
+                          "GetSystemWindowsDirectoryW [] [] 0 64->64 = 10",
+                          "GetSystemWindowsDirectoryW [] [] 0 3->3 = 11",
+                          "ExpandEnvironmentStringsW [] [%A%b] 0 64->64 = 3",
+                          "wsprintfW [] [C:] 0 0->0 = 2",
+                          "LoadLibraryW [none.dll] [] 0 0->0 = 0",
+                          "HeapAlloc [] [] 0 704->704 = 1",
+                          "HeapFree [] [] 0 0->0 = 1",
+                          "HeapAlloc [] [] 8 704->704 = 1",
+                          "HeapFree [] [] 1 0->0 = 1",
+                          "SHGetSpecialFolderPathW [] [99] 0 0->0 = 0",
+                          "SHGetSpecialFolderPathW [] [99] 1 0->0 = 0",
                       }));
 }
 
-void SimulatedSteeringTest::journalOfOptionalArguments()
+void journalOfOptionalArguments()
 {
     const DescribedWindows windows(answeringRegistry(), answeringSystem());
     WCHAR text[MAX_PATH] = {};
@@ -335,7 +288,7 @@ void SimulatedSteeringTest::journalOfOptionalArguments()
                           "owner", ""}));
 }
 
-void SimulatedSteeringTest::everyCallFailsWhileTheFaultLives()
+void everyCallFailsWhileTheFaultLives()
 {
     const DescribedWindows windows(answeringRegistry());
     QCOMPARE(queryResult(), QByteArray("0"));
@@ -347,57 +300,49 @@ void SimulatedSteeringTest::everyCallFailsWhileTheFaultLives()
     QCOMPARE(queryResult(), QByteArray("0"));
 }
 
-void SimulatedSteeringTest::numberedCallFails_data()
+void numberedCallFails()
 {
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QByteArray>("expected");
-    QTest::newRow("the first") << 0 << QByteArray("5 0 0");
-    QTest::newRow("the second") << 1 << QByteArray("0 5 0");
-    QTest::newRow("the third") << 2 << QByteArray("0 0 5");
-    QTest::newRow("one that is not made") << 3 << QByteArray("0 0 0");
+    const auto row = [](const QString &name, int number, const QByteArray &expected) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(answeringRegistry());
+            const Fault fault = Fault::nthCall("RegQueryValueExA", std::size_t(number), 5);
+            QByteArray results;
+            for (int i = 0; i < 3; ++i) {
+                results += queryResult() + ' ';
+                RegCloseKey(HKEY_LOCAL_MACHINE); // of another name: not counted
+            }
+            QCOMPARE(results.trimmed(), expected);
+            QCOMPARE(fault.hits(), std::size_t(number < 3 ? 1 : 0));
+        });
+    };
+    row("the first", 0, QByteArray("5 0 0"));
+    row("the second", 1, QByteArray("0 5 0"));
+    row("the third", 2, QByteArray("0 0 5"));
+    row("one that is not made", 3, QByteArray("0 0 0"));
 }
 
-void SimulatedSteeringTest::numberedCallFails()
+void numberedCallOfAllFails()
 {
-    QFETCH(int, number);
-    QFETCH(QByteArray, expected);
-    const DescribedWindows windows(answeringRegistry());
-    const Fault fault = Fault::nthCall("RegQueryValueExA", std::size_t(number), 5);
-    QByteArray results;
-    for (int i = 0; i < 3; ++i) {
-        results += queryResult() + ' ';
-        RegCloseKey(HKEY_LOCAL_MACHINE); // of another name: not counted
-    }
-    QCOMPARE(results.trimmed(), expected);
-    QCOMPARE(fault.hits(), std::size_t(number < 3 ? 1 : 0));
+    const auto row = [](const QString &name, int number, const QByteArray &expected) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(answeringRegistry());
+            const Fault fault = Fault::nthOfAll(std::size_t(number), 5);
+            QByteArray results;
+            for (int i = 0; i < 2; ++i) {
+                results += QByteArray::number(RegCloseKey(HKEY_LOCAL_MACHINE)) + ' ';
+                results += queryResult() + ' ';
+            }
+            QCOMPARE(results.trimmed(), expected);
+            QCOMPARE(fault.hits(), std::size_t(1));
+        });
+    };
+    row("the first, a close", 0, QByteArray("5 0 0 0"));
+    row("the second, a query", 1, QByteArray("0 5 0 0"));
+    row("the third, a close", 2, QByteArray("0 0 5 0"));
+    row("the fourth, a query", 3, QByteArray("0 0 0 5"));
 }
 
-void SimulatedSteeringTest::numberedCallOfAllFails_data()
-{
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QByteArray>("expected");
-    QTest::newRow("the first, a close") << 0 << QByteArray("5 0 0 0");
-    QTest::newRow("the second, a query") << 1 << QByteArray("0 5 0 0");
-    QTest::newRow("the third, a close") << 2 << QByteArray("0 0 5 0");
-    QTest::newRow("the fourth, a query") << 3 << QByteArray("0 0 0 5");
-}
-
-void SimulatedSteeringTest::numberedCallOfAllFails()
-{
-    QFETCH(int, number);
-    QFETCH(QByteArray, expected);
-    const DescribedWindows windows(answeringRegistry());
-    const Fault fault = Fault::nthOfAll(std::size_t(number), 5);
-    QByteArray results;
-    for (int i = 0; i < 2; ++i) {
-        results += QByteArray::number(RegCloseKey(HKEY_LOCAL_MACHINE)) + ' ';
-        results += queryResult() + ' ';
-    }
-    QCOMPARE(results.trimmed(), expected);
-    QCOMPARE(fault.hits(), std::size_t(1));
-}
-
-void SimulatedSteeringTest::callsAreCountedFromTheFaultOn()
+void callsAreCountedFromTheFaultOn()
 {
     const DescribedWindows windows(answeringRegistry());
     queryResults(5);
@@ -406,7 +351,7 @@ void SimulatedSteeringTest::callsAreCountedFromTheFaultOn()
     QCOMPARE(queryResults(4), QByteArray("0 5 8 0"));
 }
 
-void SimulatedSteeringTest::faultOfAnotherName()
+void faultOfAnotherName()
 {
     const DescribedWindows windows(answeringRegistry());
     const Fault fault = Fault::everyCall("RegQueryValueExW", 5);
@@ -414,7 +359,7 @@ void SimulatedSteeringTest::faultOfAnotherName()
     QCOMPARE(fault.hits(), std::size_t(0));
 }
 
-void SimulatedSteeringTest::firstOfTwoFaultsWins()
+void firstOfTwoFaultsWins()
 {
     const DescribedWindows windows(answeringRegistry());
     const Fault first = Fault::nthCall("RegQueryValueExA", 0, 5);
@@ -424,7 +369,7 @@ void SimulatedSteeringTest::firstOfTwoFaultsWins()
     QCOMPARE(second.hits(), std::size_t(1));
 }
 
-void SimulatedSteeringTest::movedFaultGoesOn()
+void movedFaultGoesOn()
 {
     const DescribedWindows windows(answeringRegistry());
     {
@@ -439,7 +384,7 @@ void SimulatedSteeringTest::movedFaultGoesOn()
     QCOMPARE(queryResult(), QByteArray("0"));
 }
 
-void SimulatedSteeringTest::hookIsToldOfEveryCall()
+void hookIsToldOfEveryCall()
 {
     const DescribedWindows windows(answeringRegistry());
     QStringList told;
@@ -458,7 +403,7 @@ void SimulatedSteeringTest::hookIsToldOfEveryCall()
     QCOMPARE(simulated::callCount(), std::size_t(4));
 }
 
-void SimulatedSteeringTest::hookChangesTheRegistryBetweenCalls()
+void hookChangesTheRegistryBetweenCalls()
 {
     const DescribedWindows windows(answeringRegistry());
     simulated::setBeforeCall([](std::size_t number, const QByteArray &) {
@@ -478,7 +423,7 @@ void SimulatedSteeringTest::hookChangesTheRegistryBetweenCalls()
     QCOMPARE(sizeOfValue(), DWORD(0)); // of a missing value
 }
 
-void SimulatedSteeringTest::hookIsGoneAfterReset()
+void hookIsGoneAfterReset()
 {
     int told = 0;
     simulated::setBeforeCall([&](std::size_t, const QByteArray &) { ++told; });
@@ -487,7 +432,7 @@ void SimulatedSteeringTest::hookIsGoneAfterReset()
     QCOMPARE(told, 0);
 }
 
-void SimulatedSteeringTest::resetForgets()
+void resetForgets()
 {
     const DescribedWindows windows(answeringRegistry());
     const Fault fault = Fault::everyCall("RegQueryValueExA", 5);
@@ -504,7 +449,7 @@ void SimulatedSteeringTest::resetForgets()
     QVERIFY2(simulated::knowsMachine(), "the machine stays");
 }
 
-void SimulatedSteeringTest::lastErrorIsLeftBySuccess()
+void lastErrorIsLeftBySuccess()
 {
     const DescribedWindows windows(answeringRegistry(), answeringSystem());
     SetLastError(poison);
@@ -513,5 +458,31 @@ void SimulatedSteeringTest::lastErrorIsLeftBySuccess()
     QCOMPARE(GetLastError(), poison);
 }
 
-TEST_WITHOUT_APPLICATION(SimulatedSteeringTest);
-#include "tst_simulated_steering.moc"
+void addTests()
+{
+    addTestRows("callsSucceedAndAreRecorded", callsSucceedAndAreRecorded);
+    addTestRows("faultFailsTheCall", faultFailsTheCall);
+    addTestRows("faultFailsTheCallAfterItWroteItsResults", faultFailsTheCallAfterItWroteItsResults);
+    addTestRow("failedOpenLeavesADeadHandle", failedOpenLeavesADeadHandle);
+    addTestRows("withoutMachineEveryCallFails", withoutMachineEveryCallFails);
+    addTestRow("journalOfRegistryCalls", journalOfRegistryCalls);
+    addTestRow("journalOfFailingCalls", journalOfFailingCalls);
+    addTestRow("journalOfSystemCalls", journalOfSystemCalls);
+    addTestRow("journalOfOptionalArguments", journalOfOptionalArguments);
+    addTestRow("everyCallFailsWhileTheFaultLives", everyCallFailsWhileTheFaultLives);
+    addTestRows("numberedCallFails", numberedCallFails);
+    addTestRows("numberedCallOfAllFails", numberedCallOfAllFails);
+    addTestRow("callsAreCountedFromTheFaultOn", callsAreCountedFromTheFaultOn);
+    addTestRow("faultOfAnotherName", faultOfAnotherName);
+    addTestRow("firstOfTwoFaultsWins", firstOfTwoFaultsWins);
+    addTestRow("movedFaultGoesOn", movedFaultGoesOn);
+    addTestRow("hookIsToldOfEveryCall", hookIsToldOfEveryCall);
+    addTestRow("hookChangesTheRegistryBetweenCalls", hookChangesTheRegistryBetweenCalls);
+    addTestRow("hookIsGoneAfterReset", hookIsGoneAfterReset);
+    addTestRow("resetForgets", resetForgets);
+    addTestRow("lastErrorIsLeftBySuccess", lastErrorIsLeftBySuccess);
+}
+
+} // namespace
+
+TEST_WITHOUT_APPLICATION(RowTest(addTests));

@@ -2,25 +2,13 @@
 
 #include "described_windows.h"
 #include "poisoned_buffer.h"
+#include "rows.h"
 #include "simulated_windows.h"
-#include "test_main.h"
 
 #include <QtTest/QtTest>
 #include <cerrno>
 #include <limits>
 #include <time.h>
-
-class SimulatedTimeTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void localTime_data();
-    void localTime();
-    void isIndependentOfTheProcess();
-    void negativeTimeFails_data();
-    void negativeTimeFails();
-};
 
 namespace {
 
@@ -34,15 +22,13 @@ QByteArray textOf(qint32 seconds)
     return text;
 }
 
-} // namespace
-
-void SimulatedTimeTest::localTime_data()
+void localTime()
 {
-    QTest::addColumn<qint32>("seconds");
-    QTest::addColumn<int>("timeZone");
-    QTest::addColumn<QByteArray>("expected");
-    const auto row = [](const char *name, qint32 seconds, int timeZone, const char *expected) {
-        QTest::newRow(name) << seconds << timeZone << QByteArray(expected);
+    const auto row = [](const char *name, qint32 seconds, int timeZone, const QByteArray &expected) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(QByteArray(), "{\"timeZone\": " + QByteArray::number(timeZone) + '}');
+            QCOMPARE(textOf(seconds), expected);
+        });
     };
     row("the beginning", 0, 0, "Thu Jan  1 00:00:00 1970\n");
     row("the first Sunday", 259200, 0, "Sun Jan  4 00:00:00 1970\n");
@@ -55,16 +41,7 @@ void SimulatedTimeTest::localTime_data()
     row("east of the end", std::numeric_limits<qint32>::max(), -840, "Tue Jan 19 17:14:07 2038\n");
 }
 
-void SimulatedTimeTest::localTime()
-{
-    QFETCH(qint32, seconds);
-    QFETCH(int, timeZone);
-    QFETCH(QByteArray, expected);
-    const DescribedWindows windows(QByteArray(), "{\"timeZone\": " + QByteArray::number(timeZone) + '}');
-    QCOMPARE(textOf(seconds), expected);
-}
-
-void SimulatedTimeTest::isIndependentOfTheProcess()
+void isIndependentOfTheProcess()
 {
     qputenv("TZ", "America/New_York");
     tzset();
@@ -72,26 +49,30 @@ void SimulatedTimeTest::isIndependentOfTheProcess()
     QCOMPARE(textOf(1701337145), QByteArray("Thu Nov 30 09:39:05 2023\n"));
 }
 
-void SimulatedTimeTest::negativeTimeFails_data()
+void negativeTimeFails()
 {
-    QTest::addColumn<qint32>("seconds");
-    QTest::addColumn<int>("timeZone");
-    QTest::newRow("one second before the beginning") << -1 << 0;
-    QTest::newRow("one second before, east") << -1 << -60;
-    QTest::newRow("the smallest") << std::numeric_limits<qint32>::min() << 0;
+    const auto row = [](const QString &name, qint32 seconds, int timeZone) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(QByteArray(), "{\"timeZone\": " + QByteArray::number(timeZone) + '}');
+            const __time32_t time = seconds;
+            struct tm local = {};
+            QCOMPARE(_localtime32_s(&local, &time), EINVAL);
+            QCOMPARE(simulated::journal().back().result, qint64(EINVAL));
+            QCOMPARE(simulated::journal().back().value, QString::number(seconds));
+        });
+    };
+    row("one second before the beginning", -1, 0);
+    row("one second before, east", -1, -60);
+    row("the smallest", std::numeric_limits<qint32>::min(), 0);
 }
 
-void SimulatedTimeTest::negativeTimeFails()
+void addTests()
 {
-    QFETCH(qint32, seconds);
-    QFETCH(int, timeZone);
-    const DescribedWindows windows(QByteArray(), "{\"timeZone\": " + QByteArray::number(timeZone) + '}');
-    const __time32_t time = seconds;
-    struct tm local = {};
-    QCOMPARE(_localtime32_s(&local, &time), EINVAL);
-    QCOMPARE(simulated::journal().back().result, qint64(EINVAL));
-    QCOMPARE(simulated::journal().back().value, QString::number(seconds));
+    addTestRows("localTime", localTime);
+    addTestRow("isIndependentOfTheProcess", isIndependentOfTheProcess);
+    addTestRows("negativeTimeFails", negativeTimeFails);
 }
 
-TEST_WITHOUT_APPLICATION(SimulatedTimeTest);
-#include "tst_simulated_time.moc"
+} // namespace
+
+TEST_WITHOUT_APPLICATION(RowTest(addTests));

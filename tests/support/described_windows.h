@@ -1,14 +1,13 @@
-// Puts a described machine where the sections look for Windows.
+// Makes a described machine answer the sections' calls.
 //
-// Away from Windows the whole machine answers. On Windows its registry does: it is
-// written below one key of the test's own in HKEY_CURRENT_USER, and for this process
-// RegOverridePredefKey() puts that in the place of HKEY_LOCAL_MACHINE,
-// HKEY_CURRENT_USER and HKEY_CLASSES_ROOT. Nothing else is written or deleted, no
-// elevation is needed, and the key is volatile: a crash leaves nothing that outlives
-// the user's session.
+// With the simulated Windows the whole machine answers. On Windows only its registry
+// does: the test writes it below one volatile key of its own in HKEY_CURRENT_USER, and
+// RegOverridePredefKey() replaces HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER and
+// HKEY_CLASSES_ROOT by it for this process. Nothing else is written or deleted, and no
+// elevation is needed. After a crash Windows deletes the key when the user logs off.
 //
-// Wine does not apply a replacement of HKEY_CLASSES_ROOT to calls that name the 32- or
-// 64-bit view (KEY_WOW64_*). No section names one there.
+// Wine ignores a replaced HKEY_CLASSES_ROOT in calls with KEY_WOW64_*. No section makes
+// such a call there.
 #pragma once
 
 #include "machine.h"
@@ -16,14 +15,13 @@
 #include <QtCore/QByteArray>
 #include <memory>
 
-/// In place for as long as it lives; one at a time.
+/// The machine answers while the object exists. One at a time.
 class DescribedWindows
 {
 public:
-    /// A machine that knows nothing but this registry. \a registryFile is what stands
-    /// in registry.reg behind its first line.
+    /// A machine with only a registry: registry.reg without its first line.
     explicit DescribedWindows(const QByteArray &registryFile);
-    /// A machine that knows nothing but these: registry.reg and system.json.
+    /// registry.reg without its first line, and system.json.
     DescribedWindows(const QByteArray &registryFile, const QByteArray &systemFile);
     explicit DescribedWindows(machine::Machine machine);
     ~DescribedWindows();

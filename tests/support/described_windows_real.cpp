@@ -13,7 +13,7 @@ void check(LSTATUS status, const char *what)
         qFatal("%s failed with %ld", what, long(status));
 }
 
-/// As stored: the bytes behind the data keep the call from adding a terminator.
+/// RegSetValueExW adds a terminator when the bytes after the data are zero; these are not.
 void writeValue(HKEY key, const RegistryValue &value)
 {
     const QByteArray data = value.data + QByteArray(4, '\xff');
@@ -22,7 +22,7 @@ void writeValue(HKEY key, const RegistryValue &value)
           "RegSetValueEx");
 }
 
-/// Lets everybody open \a key, or nobody.
+/// Grants everybody access to \a key, or nobody.
 void setAccess(HKEY key, bool granted)
 {
     ACL nobody;
@@ -34,7 +34,7 @@ void setAccess(HKEY key, bool granted)
           "RegSetKeySecurity");
 }
 
-/// Volatile: Windows deletes it when the user logs off, whatever becomes of this process.
+/// Volatile: Windows deletes it when the user logs off, even after a crash.
 HKEY createKey(HKEY parent, const QString &path)
 {
     HKEY key = nullptr;
@@ -43,7 +43,7 @@ HKEY createKey(HKEY parent, const QString &path)
     return key;
 }
 
-/// \a denied collects the keys that cannot be opened any more, open.
+/// Appends the denied keys, which stay open, to \a denied.
 void writeKey(HKEY key, const RegistryKey &description, std::vector<HKEY> &denied, bool belowDenied = false)
 {
     for (const RegistryValue &value : description.values())
@@ -62,7 +62,7 @@ void writeKey(HKEY key, const RegistryKey &description, std::vector<HKEY> &denie
     }
 }
 
-/// False where a key of it cannot be opened.
+/// False when a key in it does not open.
 bool removeTree(const QString &path)
 {
     const LSTATUS status = RegDeleteTreeW(HKEY_CURRENT_USER, wide(path));
@@ -73,7 +73,7 @@ bool removeTree(const QString &path)
 
 struct DescribedWindows::Private
 {
-    /// A root of the registry, what it is described as, and the key that takes its place.
+    /// A root of the registry, its description and the key that replaces it.
     struct Root
     {
         HKEY root;
@@ -82,7 +82,7 @@ struct DescribedWindows::Private
         HKEY replacement;
     };
 
-    /// Below HKEY_CURRENT_USER, which everybody may write to.
+    /// Below HKEY_CURRENT_USER.
     QString path = QStringLiteral("Software\\vkSystemInfo test %1").arg(GetCurrentProcessId());
     Root roots[3] = {{HKEY_LOCAL_MACHINE, RegistryRoot::LocalMachine, "machine", nullptr},
                      {HKEY_CURRENT_USER, RegistryRoot::CurrentUser, "user", nullptr},
@@ -93,7 +93,7 @@ struct DescribedWindows::Private
 DescribedWindows::DescribedWindows(machine::Machine machine)
     : d(std::make_unique<Private>())
 {
-    // A process of this number that crashed may have left its key, with denied keys below it.
+    // A crashed process with the same number may have left its key with denied keys in it.
     while (!removeTree(d->path))
         d->path += QStringLiteral(" again");
     const HKEY key = createKey(HKEY_CURRENT_USER, d->path);
@@ -109,7 +109,7 @@ DescribedWindows::DescribedWindows(machine::Machine machine)
 DescribedWindows::~DescribedWindows()
 {
     for (const Private::Root &root : d->roots) {
-        // With a root still replaced, its name would mean another key to all that follows.
+        // Later code must find the real root again.
         check(RegOverridePredefKey(root.root, nullptr), "RegOverridePredefKey");
         RegCloseKey(root.replacement);
     }

@@ -1,15 +1,14 @@
-// Memory that shows what a Windows call wrote to it, and what it left alone.
+// Memory that shows what a Windows call wrote to it.
 #pragma once
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 #include <windows.h>
 
-/// What a number is before a call that may leave it alone.
+/// The value of a number before a call that may not write it.
 constexpr DWORD poison = 0xdeadbeef;
 
-/// Room for a call to write to, filled with 0xCC and followed by as much again, so
-/// that what is left alone, inside and behind, can be told.
+/// A buffer filled with 0xCC, with a margin of the same after its end.
 class PoisonedBuffer
 {
 public:
@@ -20,9 +19,9 @@ public:
     WCHAR *wide() { return reinterpret_cast<WCHAR *>(m_bytes.data()); }
 
     bool isUntouched() const { return m_bytes.count(poisonByte) == m_bytes.size(); }
-    /// Whether everything from \a position on was left alone.
+    /// Whether nothing was written from \a position on.
     bool isUntouchedFrom(int position) const { return PoisonedBuffer(m_bytes.mid(position)).isUntouched(); }
-    /// In hexadecimal, up to the last byte that is not poison any more.
+    /// In hexadecimal, up to the last byte that was written.
     QString written() const
     {
         int end = m_bytes.size();

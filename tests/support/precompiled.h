@@ -1,4 +1,4 @@
-// What most tests include, compiled once. A test includes what it uses all the same.
+// What most tests include, compiled once. A test still includes what it uses.
 #pragma once
 
 #include <QtCore/QtCore>

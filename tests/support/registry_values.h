@@ -1,11 +1,10 @@
-// Lines of registry.reg for the values that rows are made of.
+// Lines of registry.reg.
 #pragma once
 
 #include <QtCore/QByteArray>
 #include <QtCore/QByteArrayList>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
-#include <windows.h>
 
 /// A key below HKEY_LOCAL_MACHINE; its values follow.
 inline QByteArray machineKey(const QByteArray &path)
@@ -19,7 +18,7 @@ inline QByteArray utf16Data(const QString &text)
     return QByteArray(reinterpret_cast<const char *>(text.utf16()), 2 * text.size());
 }
 
-/// A value of that type with exactly these bytes.
+/// A value with exactly these bytes. \a type is the number that stands in "hex(TYPE)".
 inline QByteArray hexValue(const QByteArray &name, quint32 type, const QByteArray &data)
 {
     return '"' + name + "\"=hex(" + QByteArray::number(type, 16) + "):" + data.toHex(',') + '\n';
@@ -28,13 +27,13 @@ inline QByteArray hexValue(const QByteArray &name, quint32 type, const QByteArra
 /// REG_SZ with its terminator.
 inline QByteArray textValue(const QByteArray &name, const QString &text)
 {
-    return hexValue(name, REG_SZ, utf16Data(text + QChar()));
+    return hexValue(name, 1, utf16Data(text + QChar()));
 }
 
 /// REG_BINARY.
 inline QByteArray binaryValue(const QByteArray &name, const QByteArray &data)
 {
-    return hexValue(name, REG_BINARY, data);
+    return hexValue(name, 3, data);
 }
 
 /// REG_DWORD.
@@ -49,7 +48,7 @@ inline QByteArray listValue(const QByteArray &name, const QStringList &strings)
     QString data;
     for (const QString &string : strings)
         data += string + QChar();
-    return hexValue(name, REG_MULTI_SZ, utf16Data(data + QChar()));
+    return hexValue(name, 7, utf16Data(data + QChar()));
 }
 
 /// system.json that denies these keys below \a parent; an empty name is the parent itself.

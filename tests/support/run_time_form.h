@@ -15,11 +15,11 @@ inline bool dayHasZero()
     return asctime_s(text, sizeof text, &time) == 0 && QByteArray(text).startsWith("Sun Jan 04");
 }
 
-/// A text of asctime_s in the form of the Universal C run-time library, in that of the
-/// one in use.
+/// Converts a text of the Universal C run-time library's asctime_s to the form of the
+/// library in use.
 inline QString inFormOfRunTime(QString text)
 {
-    constexpr int dayPosition = 8; // behind "Sun Jan "
+    constexpr int dayPosition = 8; // after "Sun Jan "
     if (text.size() > dayPosition && text.at(dayPosition) == QLatin1Char(' ') && dayHasZero())
         text[dayPosition] = QLatin1Char('0');
     return text;

@@ -6,8 +6,6 @@
 #  include "simulated_windows.h"
 #endif
 
-using Check = std::function<void()>;
-
 namespace {
 
 #ifdef SIMULATED_WINDOWS
@@ -53,14 +51,9 @@ QString handleProblems()
 
 } // namespace
 
-void SectionRows::row(const QString &name, const Check &check)
-{
-    QTest::newRow(qPrintable(name)) << check;
-}
-
 void SectionRows::text(const QString &name, const Described &described, const QString &lines) const
 {
-    row(name, [=, rows = *this] {
+    addTestRow(name, [=, rows = *this] {
         const DescribedWindows windows(described.machine);
         const QString text = rows.m_section();
         COMPARE_TEXT(text + handleProblems(), rows.m_title + lines);
@@ -69,7 +62,7 @@ void SectionRows::text(const QString &name, const Described &described, const QS
 
 void SectionRows::workstation(const QString &file) const
 {
-    row(QStringLiteral("workstation"), [=, section = m_section] {
+    addTestRow(QStringLiteral("workstation"), [=, section = m_section] {
         QFile golden(QStringLiteral(GOLDEN_DIR "/workstation/") + file);
         QVERIFY(golden.open(QIODevice::ReadOnly));
         const DescribedWindows windows(DescribedWindows::load(QStringLiteral("workstation")));
@@ -81,7 +74,7 @@ void SectionRows::workstation(const QString &file) const
 
 void SectionRows::withoutMachine(const QString &lines) const
 {
-    row(QStringLiteral("without a machine"), [=, rows = *this] {
+    addTestRow(QStringLiteral("without a machine"), [=, rows = *this] {
         simulated::installNothing();
         COMPARE_TEXT(rows.m_section(), rows.m_title + lines);
     });
@@ -89,7 +82,7 @@ void SectionRows::withoutMachine(const QString &lines) const
 
 void SectionRows::calls(const QString &name, const Described &described, const QString &journal) const
 {
-    row(name, [=, section = m_section] {
+    addTestRow(name, [=, section = m_section] {
         const DescribedWindows windows(described.machine);
         section();
         COMPARE_TEXT(journalText() + handleProblems(), journal);
@@ -99,7 +92,7 @@ void SectionRows::calls(const QString &name, const Described &described, const Q
 void SectionRows::failure(const QString &name, const Described &described, const QByteArray &call, int number,
                           const QString &lines, DWORD error) const
 {
-    row(name, [=, rows = *this] {
+    addTestRow(name, [=, rows = *this] {
         const DescribedWindows windows(described.machine);
         const simulated::Fault fault = simulated::Fault::nthCall(call, std::size_t(number), error);
         const QString text = rows.m_section();
@@ -110,7 +103,7 @@ void SectionRows::failure(const QString &name, const Described &described, const
 
 void SectionRows::anyFailure(const QString &name, const Described &described) const
 {
-    row(name, [=, rows = *this] {
+    addTestRow(name, [=, rows = *this] {
         QCOMPARE(problemOfAnyFailure(described.machine, rows.m_title, rows.m_section), QString());
     });
 }
@@ -186,16 +179,4 @@ QString keyCalls(const QString &key, const QStringList &queries, REGSAM access)
         text += QStringLiteral("RegQueryValueExA %1 \"%2\"%3\n").arg(key, query.left(blank), query.mid(blank));
     }
     return text + QStringLiteral("RegCloseKey %1\n").arg(key);
-}
-
-void SectionTest::row_data()
-{
-    QTest::addColumn<Check>("check");
-    m_addRows();
-}
-
-void SectionTest::row()
-{
-    QFETCH(Check, check);
-    check();
 }

@@ -6,13 +6,14 @@
 // simulated Windows and are not added elsewhere.
 #pragma once
 
+#include <windows.h> // before machine.h, whose members have names of its macros
+
 #include "described_windows.h"
 #include "registry_values.h"
-#include "test_main.h"
+#include "rows.h"
 #include "texts.h"
 
 #include <functional>
-#include <windows.h>
 
 #ifdef SIMULATED_WINDOWS
 constexpr bool windowsIsSimulated = true;
@@ -42,9 +43,6 @@ public:
     /// \a title starts each text of the section; rows state what follows it.
     SectionRows(Section section, const QString &title) : m_section(std::move(section)), m_title(title) { }
 
-    /// A row of any kind.
-    static void row(const QString &name, const std::function<void()> &check);
-
     void text(const QString &name, const Described &described, const QString &lines) const;
     /// The text of the folder machines/workstation, as tests/golden has it in \a file.
     void workstation(const QString &file) const;
@@ -71,24 +69,6 @@ private:
     Section m_section;
     QString m_title;
 };
-
-/// The rows that a function adds, as a test class.
-class SectionTest : public QObject
-{
-    Q_OBJECT
-
-public:
-    explicit SectionTest(void (*addRows)()) : m_addRows(addRows) { }
-
-private Q_SLOTS:
-    void row_data();
-    void row();
-
-private:
-    void (*m_addRows)();
-};
-
-Q_DECLARE_METATYPE(std::function<void()>)
 
 // Lines of a journal: opening \a key; also querying values and closing it. A query is
 // "NAME SIZE".

@@ -6,7 +6,7 @@
 #include <cstdio>
 
 /// True only under Wine, in a prefix that scripts/lib/common.sh has marked as made by this
-/// project; there is nothing in it that anybody would miss. False on every other Windows.
+/// project and that holds nothing of the user's. False on every other Windows.
 inline bool isThrowAwayWindows()
 {
     if (!GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version"))
@@ -19,7 +19,7 @@ inline bool isThrowAwayWindows()
     return GetFileAttributesW(mark) != INVALID_FILE_ATTRIBUTES;
 }
 
-/// isThrowAwayWindows(); when it is false, standard error says that \a program does nothing.
+/// isThrowAwayWindows(). When it is false, writes to standard error that \a program refuses.
 inline bool mayChangeWindows(const char *program)
 {
     if (isThrowAwayWindows())

@@ -1,5 +1,5 @@
-// DescribedWindows on a real Windows: what it puts in the place of the registry, and that
-// it changes nothing of the registry itself.
+// DescribedWindows on a real Windows: it replaces the roots and does not change the
+// registry.
 
 #include "described_windows.h"
 #include "open_key.h"
@@ -90,7 +90,7 @@ void DescribedWindowsTest::rootsAreReplaced()
     QVERIFY(before != expected);
 }
 
-// The keys are opened before the roots are replaced and go on to show the registry itself.
+// Keys that were opened before the roots are replaced still belong to the real registry.
 void DescribedWindowsTest::registryItselfStaysAsItIs()
 {
     const OpenKey machine(HKEY_LOCAL_MACHINE, "Software");
@@ -134,7 +134,7 @@ void DescribedWindowsTest::keysAreVolatile_data()
     row("a described key of the classes", HKEY_CLASSES_ROOT, "Installer\\Products\\A1\\Added");
 }
 
-// Nothing that lasts can be put below a volatile key.
+// Windows creates no permanent key below a volatile one.
 void DescribedWindowsTest::keysAreVolatile()
 {
     QFETCH(quintptr, root);
