@@ -171,12 +171,12 @@ void addedFolders()
 }
 void addRows()
 {
-    SectionRows::row("same as Windows", sameAsWindows);
-    SectionRows::row("added folders", addedFolders);
+    addTestRow("same as Windows", sameAsWindows);
+    addTestRow("added folders", addedFolders);
 }
 
 #endif
 
 } // namespace
 
-TEST_WITH_CORE_APPLICATION(SectionTest(addRows));
+TEST_WITH_CORE_APPLICATION(RowTest(addRows));
