@@ -29,7 +29,7 @@ enum class Step : quint8 {
 };
 
 // What Step::Answer sets, by number: these, and then the fields of SystemAnswers in their
-// order.
+// order, so a new one of these stands last.
 constexpr quint8 expansionErrorAnswer = 0;
 constexpr quint8 winSxSAnswer = 1;
 constexpr quint8 firstFieldAnswer = 2;
