@@ -319,7 +319,7 @@ private:
         const int wanted = m_stream.index(firstFieldAnswer + fieldCount);
         if (wanted == expansionErrorAnswer) {
             const int index = m_stream.index(5);
-            system.expansionErrors[QString::fromLatin1(environmentNames[index])] = error();
+            system.expansionErrors[QString::fromLatin1(machine::numberedVariables[index])] = error();
         } else if (wanted == winSxSAnswer) {
             QStringList names;
             for (int count = m_stream.byte(); count > 0 && !m_stream.atEnd(); --count)
@@ -411,7 +411,7 @@ private:
 
     void read(QMap<QString, QString> &environment)
     {
-        read(environment[QString::fromLatin1(environmentNames[m_stream.index(5)])]);
+        read(environment[QString::fromLatin1(machine::numberedVariables[m_stream.index(5)])]);
     }
 
     void read(QMap<QString, machine::DriveRecord> &drives)

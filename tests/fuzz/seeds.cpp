@@ -297,7 +297,7 @@ void addAnswer(StepWriter &writer, int number, const QMap<QString, machine::Driv
 void addAnswer(StepWriter &writer, int number, const QMap<QString, QString> &environment)
 {
     for (auto it = environment.begin(); it != environment.end(); ++it)
-        addEntry(writer, number, placeOf(it.key(), environmentNames), *it);
+        addEntry(writer, number, placeOf(it.key(), machine::numberedVariables), *it);
 }
 
 void addAnswer(StepWriter &writer, int number, const QMap<QString, machine::LibraryRecord> &libraries)
@@ -318,7 +318,7 @@ void addSystem(const machine::SystemAnswers &system, QMap<QString, QByteArray> &
     StepWriter expansions;
     for (auto it = system.expansionErrors.begin(); it != system.expansionErrors.end(); ++it) {
         expansions.answer(expansionErrorAnswer);
-        expansions.byte(quint8(placeOf(it.key(), environmentNames)));
+        expansions.byte(quint8(placeOf(it.key(), machine::numberedVariables)));
         expansions.byte(quint8(std::min(*it, 249u)));
     }
     if (!expansions.bytes().isEmpty())
