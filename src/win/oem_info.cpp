@@ -9,6 +9,7 @@ namespace {
 
 constexpr DWORD firstMajorWithOemKey = 6;
 
+// Quirk: the values do not line up.
 constexpr Value values[] = {
     {"Manufacturer", "Manufacturer:     %1"},
     {"Model", "Model:     %1"},
