@@ -3,7 +3,7 @@
 #include "report/text.h"
 #include "win/lease_time.h"
 
-// winsock2.h must precede windows.h, and iphlpapi.h must follow it
+// winsock2.h must precede windows.h, and windows.h must precede iphlpapi.h
 #include <winsock2.h>
 
 #include "win/heap_buffer.h"
@@ -15,7 +15,7 @@ namespace SystemInfo {
 namespace WinSysInfo {
 namespace {
 
-/// The adapters that Windows lists at the moment.
+/// The adapters that Windows lists when the object is constructed.
 class AdapterList
 {
 public:
@@ -72,7 +72,7 @@ void appendDhcpLines(QString &text, const IP_ADAPTER_INFO &adapter)
     if (!adapter.DhcpEnabled)
         return;
     appendAddressLines(text, QStringLiteral("DHCP server"), adapter.DhcpServer);
-    // A lease time ends its own line.
+    // formatLeaseTime() returns the line end too.
     append(text, QStringLiteral("Lease obtained: %1").arg(formatLeaseTime(adapter.LeaseObtained)));
     append(text, QStringLiteral("Lease expires:  %1").arg(formatLeaseTime(adapter.LeaseExpires)));
 }

@@ -117,7 +117,7 @@ QString driverInfoFromRegistry()
         const RegistryKey deviceClass = openKey(HKEY_LOCAL_MACHINE, classPath);
         if (!deviceClass)
             continue;
-        if (i == 0) // Quirk: if the first class cannot be opened, nothing opens the list.
+        if (i == 0) // Quirk: if the first class cannot be opened, no rule precedes the list.
             appendRule(text);
         appendClassBlock(text, deviceClass.get(), classPath);
     }

@@ -63,6 +63,7 @@ void appendAddress(QString &text, const char *format, const void *value)
 
 } // namespace
 
+// Quirk: the architecture does not line up with the other values.
 QString processorInfo()
 {
     QString text;

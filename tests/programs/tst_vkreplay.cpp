@@ -121,8 +121,8 @@ void VkReplayTest::wrongUsage_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QByteArray>("message");
-    QTest::newRow("no machine") << QStringList() << QByteArray("one machine folder is wanted");
-    QTest::newRow("two machines") << QStringList({workstation, workstation}) << QByteArray("one machine folder is wanted");
+    QTest::newRow("no machine") << QStringList() << QByteArray("exactly one machine folder is required");
+    QTest::newRow("two machines") << QStringList({workstation, workstation}) << QByteArray("exactly one machine folder is required");
     QTest::newRow("an unknown section lists the names")
         << QStringList({workstation, "--section", "bios"}) << QByteArray("biosInfoFromRegistry, ");
     QTest::newRow("a section that wants a name")

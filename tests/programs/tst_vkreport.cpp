@@ -153,7 +153,7 @@ void VkReportTest::wrongUsage_data()
         << QStringList({"--output"}) << QByteArray("vkreport: Missing value after '--output'.\n");
     QTest::newRow("timings of what is no section")
         << QStringList({"--timings", "--platform-name"})
-        << QByteArray("vkreport: --timings goes with the report or with --section\n");
+        << QByteArray("vkreport: --timings requires the whole report or --section\n");
     QTest::newRow("an argument too many") << QStringList({"report.txt"})
                                           << QByteArray("vkreport: unexpected argument 'report.txt'\n");
 }
@@ -212,8 +212,8 @@ void VkReportTest::timingsOfTheReport()
 
     const QList<Timing> timings = timingLines(run.errors);
     QStringList names = QString::fromUtf8(sectionNames()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    for (const char *name : {"Qt half, which is:", "Windows half and network interfaces", "the report once more, which is:",
-                             "the report as printed, the first of this process"})
+    for (const char *name : {"Qt half, of which:", "Windows half and network interfaces", "second report, of which:",
+                             "first report of this process, which was printed"})
         names.prepend(QString::fromLatin1(name));
     QCOMPARE(namesOf(timings), names);
     QVERIFY(timings.at(0).milliseconds > 0);
