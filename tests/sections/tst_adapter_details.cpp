@@ -17,6 +17,8 @@
 
 using namespace velkor::SystemInfo;
 
+namespace {
+
 void unknownIndex()
 {
     QCOMPARE(adapterDetails(0xfffffff0), QString());
@@ -48,8 +50,6 @@ void leaseTime()
 }
 
 #ifdef SIMULATED_WINDOWS
-
-namespace {
 
 // 0x65000000 and 0x66000000 seconds
 const char twoLeaseTimes[] = R"("LeaseObtained": 1694498816, "LeaseExpires": 1711276032)";
