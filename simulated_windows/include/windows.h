@@ -136,6 +136,7 @@ BOOL GetSystemRegistryQuota(PDWORD allowed, PDWORD used);
 
 // Version and system
 constexpr int SM_SERVERR2 = 89;
+constexpr DWORD VER_PLATFORM_WIN32_NT = 2;
 constexpr BYTE VER_NT_WORKSTATION = 1;
 constexpr BYTE VER_NT_DOMAIN_CONTROLLER = 2;
 constexpr BYTE VER_NT_SERVER = 3;

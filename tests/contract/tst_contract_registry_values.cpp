@@ -203,62 +203,56 @@ void names()
     row("the name of a sub-key", QStringLiteral("Sub"), LSTATUS(ERROR_FILE_NOT_FOUND), poison);
 }
 
+void eachForm(const std::function<void(Form)> &check)
+{
+    addTestRow("A", [=] { check(Ansi); });
+    addTestRow("W", [=] { check(Wide); });
+}
+
 void missingValue()
 {
-    const auto row = [](const QString &name, Form form) {
-        addTestRow(name, [=] {
-            const DescribedWindows windows(contractKey());
-            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
-            PoisonedBuffer buffer(16);
-            DWORD size = 16;
-            QCOMPARE(query(form, key.handle(), QStringLiteral("Missing"), nullptr, buffer.bytes(), &size),
-                     LSTATUS(ERROR_FILE_NOT_FOUND));
-            QVERIFY(buffer.isUntouched());
-            QCOMPARE(size, DWORD(16));
-        });
-    };
-    row("A", Ansi);
-    row("W", Wide);
+    eachForm([](Form form) {
+        const DescribedWindows windows(contractKey());
+        const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+        PoisonedBuffer buffer(16);
+        DWORD size = 16;
+        QCOMPARE(query(form, key.handle(), QStringLiteral("Missing"), nullptr, buffer.bytes(), &size),
+                 LSTATUS(ERROR_FILE_NOT_FOUND));
+        QVERIFY(buffer.isUntouched());
+        QCOMPARE(size, DWORD(16));
+    });
 }
 
 void missingValueWithoutBuffer()
 {
-    const auto row = [](const QString &name, Form form) {
-        addTestRow(name, [=] {
-            const DescribedWindows windows(contractKey());
-            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
-            DWORD size = poison;
-            QCOMPARE(query(form, key.handle(), QStringLiteral("Missing"), nullptr, nullptr, &size),
-                     LSTATUS(ERROR_FILE_NOT_FOUND));
-            QCOMPARE(size, DWORD(0));
-        });
-    };
-    row("A", Ansi);
-    row("W", Wide);
+    eachForm([](Form form) {
+        const DescribedWindows windows(contractKey());
+        const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+        DWORD size = poison;
+        QCOMPARE(query(form, key.handle(), QStringLiteral("Missing"), nullptr, nullptr, &size),
+                 LSTATUS(ERROR_FILE_NOT_FOUND));
+        QCOMPARE(size, DWORD(0));
+    });
 }
 
 void invalidCalls()
 {
-    const auto row = [](const QString &name, Form form) {
-        addTestRow(name, [=] {
-            const DescribedWindows windows(contractKey() + "\"Value\"=\"A\"\n");
-            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
-            const QString name = QStringLiteral("Value");
-            PoisonedBuffer buffer(16);
-            DWORD size = 16;
-            DWORD type = poison;
+    eachForm([](Form form) {
+        const DescribedWindows windows(contractKey() + "\"Value\"=\"A\"\n");
+        const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+        const QString name = QStringLiteral("Value");
+        PoisonedBuffer buffer(16);
+        DWORD size = 16;
+        DWORD type = poison;
 
-            QCOMPARE(query(form, nullptr, name, nullptr, buffer.bytes(), &size), LSTATUS(ERROR_INVALID_HANDLE));
-            QVERIFY2(buffer.isUntouched(), "no handle");
-            QCOMPARE(size, DWORD(16));
-            QCOMPARE(query(form, key.handle(), name, nullptr, buffer.bytes(), nullptr), LSTATUS(ERROR_INVALID_PARAMETER));
-            QVERIFY2(buffer.isUntouched(), "a buffer of no size");
-            QCOMPARE(query(form, key.handle(), name, &type, nullptr, nullptr), LSTATUS(ERROR_SUCCESS));
-            QCOMPARE(type, DWORD(REG_SZ));
-        });
-    };
-    row("A", Ansi);
-    row("W", Wide);
+        QCOMPARE(query(form, nullptr, name, nullptr, buffer.bytes(), &size), LSTATUS(ERROR_INVALID_HANDLE));
+        QVERIFY2(buffer.isUntouched(), "no handle");
+        QCOMPARE(size, DWORD(16));
+        QCOMPARE(query(form, key.handle(), name, nullptr, buffer.bytes(), nullptr), LSTATUS(ERROR_INVALID_PARAMETER));
+        QVERIFY2(buffer.isUntouched(), "a buffer of no size");
+        QCOMPARE(query(form, key.handle(), name, &type, nullptr, nullptr), LSTATUS(ERROR_SUCCESS));
+        QCOMPARE(type, DWORD(REG_SZ));
+    });
 }
 
 void addTests()

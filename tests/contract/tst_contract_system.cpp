@@ -36,7 +36,7 @@ void shortVersionRecord()
     Poisoned<OSVERSIONINFOEXA> narrow(sizeof(OSVERSIONINFOA));
     QVERIFY(GetVersionExA(narrow.as<OSVERSIONINFOA>()));
     QCOMPARE(narrow->dwOSVersionInfoSize, DWORD(148));
-    QCOMPARE(narrow->dwPlatformId, DWORD(2));
+    QCOMPARE(narrow->dwPlatformId, DWORD(VER_PLATFORM_WIN32_NT));
     QVERIFY(isTerminated(narrow->szCSDVersion));
     QVERIFY2(narrow.buffer.isUntouchedFrom(148), "what only the long record has");
 

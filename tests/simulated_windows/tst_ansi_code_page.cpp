@@ -48,45 +48,42 @@ void thereAndBack()
                                                                               "A");
 }
 
+void addEncoded(const char *name, int codePage, const QString &text, const QByteArray &bytes)
+{
+    addTestRow(QString::asprintf("%d: %s", codePage, name), [=] {
+        QCOMPARE(AnsiCodePage(codePage).fromUtf16(text), bytes);
+    });
+}
+
 void lacking()
 {
-    const auto row = [](const char *name, int codePage, const QString &text, const QByteArray &bytes) {
-        addTestRow(QString::asprintf("%d: %s", codePage, name), [=] {
-            QCOMPARE(AnsiCodePage(codePage).fromUtf16(text), bytes);
-        });
-    };
-    row("another alphabet", 1252, "A\u0416B", "A?B");
-    row("the control whose place a character has", 1252, "\u0080", "?");
-    row("a surrogate pair: one for each unit", 1252, "\U0001f600", "??");
-    row("a letter of another alphabet", 1250, "\u0416\u05d0", "??");
-    row("a letter of another alphabet", 1251, "\u05d0\uff71", "??");
-    row("the blank that does not break", 932, "\u00a0", "?");
-    row("the other wave", 932, "\u301c", "?");
-    row("a surrogate pair: one for each unit", 932, "\U0002000b", "??");
-    row("a lone surrogate", 65001, QString(QChar(0xd83d)) + QLatin1Char('A'), "\xef\xbf\xbd"
-                                                                              "A");
-    row("a lone second surrogate", 65001, QString(QChar(0xde00)), "\xef\xbf\xbd");
-    row("surrogates the wrong way round", 65001, QString(QChar(0xde00)) + QChar(0xd83d), "\xef\xbf\xbd\xef\xbf\xbd");
-    row("a lone surrogate before a pair", 65001, QString(QChar(0xd83d)) + QStringLiteral("\U0001f600"),
-        "\xef\xbf\xbd\xf0\x9f\x98\x80");
-    row("a lone surrogate", 1252, QString(QChar(0xd83d)), "?");
+    addEncoded("another alphabet", 1252, "A\u0416B", "A?B");
+    addEncoded("the control whose place a character has", 1252, "\u0080", "?");
+    addEncoded("a surrogate pair: one for each unit", 1252, "\U0001f600", "??");
+    addEncoded("a letter of another alphabet", 1250, "\u0416\u05d0", "??");
+    addEncoded("a letter of another alphabet", 1251, "\u05d0\uff71", "??");
+    addEncoded("the blank that does not break", 932, "\u00a0", "?");
+    addEncoded("the other wave", 932, "\u301c", "?");
+    addEncoded("a surrogate pair: one for each unit", 932, "\U0002000b", "??");
+    addEncoded("a lone surrogate", 65001, QString(QChar(0xd83d)) + QLatin1Char('A'), "\xef\xbf\xbd"
+                                                                                     "A");
+    addEncoded("a lone second surrogate", 65001, QString(QChar(0xde00)), "\xef\xbf\xbd");
+    addEncoded("surrogates the wrong way round", 65001, QString(QChar(0xde00)) + QChar(0xd83d), "\xef\xbf\xbd\xef\xbf\xbd");
+    addEncoded("a lone surrogate before a pair", 65001, QString(QChar(0xd83d)) + QStringLiteral("\U0001f600"),
+               "\xef\xbf\xbd\xf0\x9f\x98\x80");
+    addEncoded("a lone surrogate", 1252, QString(QChar(0xd83d)), "?");
 }
 
 void bestFit()
 {
-    const auto row = [](const char *name, int codePage, const QString &text, const QByteArray &bytes) {
-        addTestRow(QString::asprintf("%d: %s", codePage, name), [=] {
-            QCOMPARE(AnsiCodePage(codePage).fromUtf16(text), bytes);
-        });
-    };
-    row("letters without their marks", 1252, "\u0100\u0101\u0141\u017a", "AaLz");
-    row("full-width letters", 1252, "\uff21\uff5e", "A~");
-    row("a byte beyond ASCII", 1252, "\u0192\u0191\u0110", "\x83\x83\xd0");
-    row("what the code page has stays itself", 1252, "\u017d\u20ac\u00c4", "\x8e\x80\xc4");
-    row("letters without their marks", 1250, "\u00f1\u00e3\u0100", "naA");
-    row("letters without their marks", 1251, "\u00e4\u00c9\u0159", "aEr");
-    row("letters without their marks", 932, "\u00e4\u00fd", "ay");
-    row("the yen sign is a backslash", 932, "\u00a5", "\\");
+    addEncoded("letters without their marks", 1252, "\u0100\u0101\u0141\u017a", "AaLz");
+    addEncoded("full-width letters", 1252, "\uff21\uff5e", "A~");
+    addEncoded("a byte beyond ASCII", 1252, "\u0192\u0191\u0110", "\x83\x83\xd0");
+    addEncoded("what the code page has stays itself", 1252, "\u017d\u20ac\u00c4", "\x8e\x80\xc4");
+    addEncoded("letters without their marks", 1250, "\u00f1\u00e3\u0100", "naA");
+    addEncoded("letters without their marks", 1251, "\u00e4\u00c9\u0159", "aEr");
+    addEncoded("letters without their marks", 932, "\u00e4\u00fd", "ay");
+    addEncoded("the yen sign is a backslash", 932, "\u00a5", "\\");
 }
 
 void onlyRead()

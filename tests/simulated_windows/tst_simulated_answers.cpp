@@ -118,7 +118,7 @@ void processors()
     SYSTEM_INFO information;
     std::memset(&information, 0xcc, sizeof information);
     GetSystemInfo(&information);
-    QCOMPARE(int(information.wProcessorArchitecture), 9);
+    QCOMPARE(information.wProcessorArchitecture, WORD(PROCESSOR_ARCHITECTURE_AMD64));
     QCOMPARE(int(information.wReserved), 0);
     QCOMPARE(reinterpret_cast<quintptr>(information.lpMaximumApplicationAddress), quintptr(0x7ffffffeffff));
     QCOMPARE(information.dwActiveProcessorMask, ~DWORD_PTR(0));

@@ -175,8 +175,8 @@ void journalOfRegistryCalls()
     HKEY b = nullptr;
     char text[64];
     WCHAR wide[64];
-    RegOpenKeyExA(HKEY_LOCAL_MACHINE, "a", 0, 0x20119, &a);
-    RegOpenKeyExW(a, L"B", 0, 0x20019, &b);
+    RegOpenKeyExA(HKEY_LOCAL_MACHINE, "a", 0, KEY_READ | KEY_WOW64_64KEY, &a);
+    RegOpenKeyExW(a, L"B", 0, KEY_READ, &b);
     DWORD size = 64;
     RegQueryValueExA(b, "Name", nullptr, nullptr, reinterpret_cast<LPBYTE>(text), &size);
     size = 64;
@@ -232,7 +232,7 @@ void journalOfSystemCalls()
     GetComputerNameExW(ComputerNameNetBIOS, text, &size);
     size = 64;
     GetUserNameW(text, &size);
-    SetErrorMode(1);
+    SetErrorMode(SEM_FAILCRITICALERRORS);
     GetLogicalDrives();
     GetDriveTypeW(L"C:\\");
     GetVolumeInformationW(L"C:\\", text, 32, nullptr, nullptr, nullptr, text + 32, 31);
