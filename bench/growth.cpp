@@ -1,8 +1,8 @@
 #include "growth.h"
 
 #include "allocations.h"
-#include "figures.h"
 #include "baselines.h"
+#include "figures.h"
 #include "grown_machine.h"
 #include "instructions.h"
 #include "machine_loader.h"

@@ -1,8 +1,8 @@
 // vkbench_time: the times of vkbench's subjects by Google Benchmark. They are for
 // orientation; the counts are what is compared. Options are Google Benchmark's.
 
-#include "figures.h"
 #include "baselines.h"
+#include "figures.h"
 
 #include <QtWidgets/QApplication>
 #include <benchmark/benchmark.h>

@@ -97,9 +97,10 @@ void appendClassBlock(QString &text, HKEY deviceClass, const QString &classPath)
 RegistryReads driverReads()
 {
     const QString deviceClass = classesPath() + QStringLiteral("\\*");
+    const QStringList values = valueNames(driverValues) + valueNames(propertyValues);
     return {{HKEY_LOCAL_MACHINE, classesPath(), {}},
             {HKEY_LOCAL_MACHINE, deviceClass, {QString::fromWCharArray(classValue)}},
-            {HKEY_LOCAL_MACHINE, deviceClass + QStringLiteral("\\*"), valueNames(driverValues) + valueNames(propertyValues)}};
+            {HKEY_LOCAL_MACHINE, deviceClass + QStringLiteral("\\*"), values}};
 }
 
 QString driverInfoFromRegistry()

@@ -102,11 +102,9 @@ void appendExtensionLine(QString &text, const char *extension)
 {
     const QString name = QString::fromLatin1(extension);
     const QString registered = classDefault(name);
-    if (!registered.isEmpty()) {
-        appendLine(text, QStringLiteral("File extension '%1' registered with application project type '%2'")
-                             .arg(name)
-                             .arg(registered));
-    }
+    const QString line = QStringLiteral("File extension '%1' registered with application project type '%2'");
+    if (!registered.isEmpty())
+        appendLine(text, line.arg(name).arg(registered));
 }
 
 void appendOpenCommandLines(QString &text, const QString &projectType)

@@ -47,8 +47,7 @@ RegistryReads registryReads()
     for (const QString &name : {QStringLiteral("Properties"), QStringLiteral("?????"), nameOfBytes("Properties")})
         reads.push_back({HKEY_LOCAL_MACHINE, deviceClass + name, properties});
     reads.push_back({HKEY_LOCAL_MACHINE, QStringLiteral("HARDWARE\\DEVICEMAP\\SERIALCOMM"), {"\\Device\\Serial0"}});
-    reads.push_back({HKEY_LOCAL_MACHINE, QStringLiteral("SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\SharedDLLs"),
-                     {"C:\\Windows\\system32\\vkdnssd.dll"}});
+    reads.push_back({HKEY_LOCAL_MACHINE, QStringLiteral("SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\SharedDLLs"), {"C:\\Windows\\system32\\vkdnssd.dll"}});
     return reads;
 }
 

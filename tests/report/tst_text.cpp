@@ -25,12 +25,12 @@ void TextTest::lines_data()
     QTest::newRow("a label") << QByteArray("Model:     %1") << "P757"
                              << "Model:     P757\n";
     QTest::newRow("text after the value") << QByteArray("a %1 b%") << "x"
-                                           << "a x b%\n";
+                                          << "a x b%\n";
     QTest::newRow("the value alone") << QByteArray("%1") << "x"
                                      << "x\n";
     QTest::newRow("no value") << QByteArray("a %1") << QString() << "a \n";
     QTest::newRow("a value with placeholders") << QByteArray("a %1") << "%1 %2 %L1"
-                                                << "a %1 %2 %L1\n";
+                                               << "a %1 %2 %L1\n";
     QTest::newRow("a value with nulls and a byte-order mark")
         << QByteArray("a %1") << QString(QChar(0xfeff) + QString(QChar(0)) + QLatin1Char('x'))
         << QString(QStringLiteral("a ") + QChar(0xfeff) + QChar(0) + QStringLiteral("x\n"));

@@ -2,9 +2,9 @@
 
 #include "section_rows.h"
 #include "vkSystemInfo.h"
-#include "win/windows_sections.h"
 #include "win/registry_version.h"
 #include "win/release_name.h"
+#include "win/windows_sections.h"
 
 using namespace velkor::SystemInfo::WinSysInfo;
 
