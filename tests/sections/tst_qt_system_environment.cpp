@@ -23,7 +23,7 @@ private Q_SLOTS:
 
 namespace {
 
-const char title[] = "System environemnt (QProcess::systemEnvironment()):\n";
+const char heading[] = "System environemnt (QProcess::systemEnvironment()):\n";
 
 } // namespace
 
@@ -76,7 +76,7 @@ void QtSystemEnvironmentTest::ownEnvironment()
     qputenv("VK_TEST_ENTRY", QString::fromUtf8("gr\xc3\xbc\xc3\x9f\x65").toLocal8Bit());
     const QString text = qtSystemEnvironment();
     qunsetenv("VK_TEST_ENTRY");
-    QVERIFY2(text.startsWith(QLatin1String(title)), qPrintable(text));
+    QVERIFY2(text.startsWith(QLatin1String(heading)), qPrintable(text));
     QVERIFY2(text.contains(QLatin1Char('\n') + line), qPrintable(text));
     QVERIFY(!qtSystemEnvironment().contains(line));
 }
@@ -98,7 +98,7 @@ void QtSystemEnvironmentTest::entries()
 {
     QFETCH(QString, entry);
     const QString text = qt_environment::sectionText(QStringLiteral("qtSystemEnvironment"), {entry});
-    QVERIFY2(text.startsWith(QLatin1String(title)), qPrintable(text));
+    QVERIFY2(text.startsWith(QLatin1String(heading)), qPrintable(text));
     QVERIFY2(text.contains(QStringLiteral("\n  ") + entry + QLatin1Char('\n')), qPrintable(text));
 }
 

@@ -7,8 +7,8 @@ using namespace velkor::SystemInfo::WinSysInfo;
 
 namespace {
 
-const char title[] = "Windows system directories\n";
-const SectionRows rows(windowsSystemDirectories, title);
+const char heading[] = "Windows system directories\n";
+const SectionRows rows(windowsSystemDirectories, heading);
 
 /// A null QString: the call fails.
 machine::Machine machineOf(const QString &windowsDirectory, const QString &wow64Directory)
@@ -72,7 +72,7 @@ void directoriesOfThisSystem()
 {
     const QString windowsDirectory = qEnvironmentVariable("SystemRoot");
     QVERIFY(!windowsDirectory.isEmpty());
-    const QString expected = title + QStringLiteral("System directory:      ") + windowsDirectory
+    const QString expected = heading + QStringLiteral("System directory:      ") + windowsDirectory
         + "\nSystem Wow64 directory:  " + windowsDirectory + "\\syswow64\n";
     COMPARE_TEXT(windowsSystemDirectories().toLower(), expected.toLower());
 }

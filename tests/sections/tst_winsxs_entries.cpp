@@ -16,8 +16,8 @@ using namespace velkor::SystemInfo::WinSysInfo;
 
 namespace {
 
-const char title[] = "WinSxS directory entries\n";
-const SectionRows rows(winSxSDirectoryEntries, title);
+const char heading[] = "WinSxS directory entries\n";
+const SectionRows rows(winSxSDirectoryEntries, heading);
 
 #ifdef SIMULATED_WINDOWS
 
@@ -144,7 +144,7 @@ QStringList runTimeFolders()
 void sameAsWindows()
 {
     QStringList lines = winSxSDirectoryEntries().split('\n');
-    QCOMPARE(lines.takeFirst() + '\n', QString(title));
+    QCOMPARE(lines.takeFirst() + '\n', QString(heading));
     QCOMPARE(lines.takeLast(), QString());
     QStringList folders = runTimeFolders();
     lines.sort();
