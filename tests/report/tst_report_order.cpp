@@ -1,4 +1,4 @@
-// allInfos() and allWinInfos(): order, headings, separators.
+// allInfos() and allWinInfos(): order of the sections, headings, separators.
 
 #include "described_windows.h"
 #include "report/section_table.h"
@@ -29,16 +29,17 @@ private Q_SLOTS:
 namespace {
 
 const char rule[] = "------------------------------------------------------------------------\n";
+constexpr int ruleLength = int(sizeof rule) - 1;
 const char windowsHeading[] = "############ Windows specific section ###########\n";
 const char qtHeading[] = "###### System informations retrieved using Qt #######\n";
 
-/// The report without what changes from moment to moment.
+/// The report without the times, free space and free memory, which change between two calls.
 QString withoutClock(const QString &report)
 {
     QStringList lines = report.split(QLatin1Char('\n'));
     for (QString &line : lines) {
         if (line.startsWith(QLatin1String("Local Date and Time: ")) || line.startsWith(QLatin1String("UTC   Date and Time: ")))
-            line.truncate(21);
+            line.truncate(21); // the length of the label
         if (line.startsWith(QLatin1String("AvailP")) || line.startsWith(QLatin1String("AvailV"))
             || line.startsWith(QLatin1String("MemoryLoad")) || line.contains(QLatin1String("Free: ")))
             line.clear();
@@ -60,13 +61,13 @@ void ReportOrderTest::windowsHalfComesFirst()
     const int qtHalf = report.indexOf(QLatin1String(qtHeading));
     QVERIFY(qtHalf > 0);
     // Only the separator of the Windows half precedes the Qt heading; none follows it.
-    COMPARE_TEXT(report.mid(qtHalf - 73, 73), QString(rule));
+    COMPARE_TEXT(report.mid(qtHalf - ruleLength, ruleLength), QString(rule));
     COMPARE_TEXT(withoutClock(report.left(qtHalf)), withoutClock(WinSysInfo::allWinInfos()));
     QCOMPARE(report.count(QLatin1String(windowsHeading)), 1);
     QCOMPARE(report.count(QLatin1String(qtHeading)), 1);
 }
 
-// Date and time come first. A separator follows every section, also the last one.
+// Date and time come first. A separator follows every section, including the last one.
 void ReportOrderTest::qtHalfWithoutOpenGL()
 {
     const QString report = allInfos(true);
@@ -82,7 +83,7 @@ void ReportOrderTest::qtHalfWithoutOpenGL()
     QVERIFY(!qtHalf.contains(QLatin1String("QGLFormat")));
 }
 
-// A failed query may leave a line without an end; the separator then follows on that line.
+// After a failed query a separator may follow an unfinished line.
 void ReportOrderTest::everyRuleIsASeparator()
 {
     const QString report = allInfos(true);
@@ -98,7 +99,7 @@ void ReportOrderTest::everyRuleIsASeparator()
 
 #ifdef SIMULATED_WINDOWS
 
-// Every call fails. Headings and fixed texts remain.
+// Every call fails. Only headings and fixed texts remain.
 void ReportOrderTest::windowsHalfOfAnEmptyMachine()
 {
     const DescribedWindows windows(QByteArray(), "{}");

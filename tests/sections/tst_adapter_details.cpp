@@ -38,21 +38,21 @@ void leaseTime()
     row("a day of one digit", qint64(259200), "Sun Jan  4 00:00:00 1970\n");
     row("a leap day", qint64(1709210096), "Thu Feb 29 12:34:56 2024\n");
     row("the last second of a year", qint64(1704067199), "Sun Dec 31 23:59:59 2023\n");
-    row("0x7fffffff, the last time there is", qint64(0x7fffffff), "Tue Jan 19 03:14:07 2038\n");
+    row("0x7fffffff: the last time that _localtime32_s() converts", qint64(0x7fffffff), "Tue Jan 19 03:14:07 2038\n");
     row("0x80000000: negative as 32 bits", qint64(0x80000000), "0x80000000\n");
     row("0xffffffff: -1 as 32 bits", qint64(0xffffffff), "0xffffffff\n");
-    row("0x100000000: only the low 32 bits, all zero, count", qint64(0x100000000), "Thu Jan  1 00:00:00 1970\n");
-    row("0x7fffffff0003f480: only the low 32 bits, three days, count", qint64(0x7fffffff0003f480), "Sun Jan  4 00:00:00 1970\n");
+    row("0x100000000: only the low 32 bits are converted, which are 0", qint64(0x100000000), "Thu Jan  1 00:00:00 1970\n");
+    row("0x7fffffff0003f480: only the low 32 bits are converted, which are three days", qint64(0x7fffffff0003f480), "Sun Jan  4 00:00:00 1970\n");
     row("0x1abcdef0f: all 64 bits show in the fallback, in lower case", qint64(0x1abcdef0f), "0x1abcdef0f\n");
     row("-1: all 64 bits show in the fallback", qint64(-1), "0xffffffffffffffff\n");
-    row("the smallest number: its low 32 bits are zero", std::numeric_limits<qint64>::min(), "Thu Jan  1 00:00:00 1970\n");
+    row("the smallest number: its low 32 bits are 0", std::numeric_limits<qint64>::min(), "Thu Jan  1 00:00:00 1970\n");
     row("-0x100000000: a negative time whose low 32 bits are a valid one", qint64(-0x100000000), "Thu Jan  1 00:00:00 1970\n");
     row("-0x80000000: negative in both widths", qint64(-0x80000000LL), "0xffffffff80000000\n");
 }
 
 #ifdef SIMULATED_WINDOWS
 
-// 0x65000000 and 0x66000000 seconds
+// 0x65000000 and 0x66000000 seconds since 1970
 const char twoLeaseTimes[] = R"("LeaseObtained": 1694498816, "LeaseExpires": 1711276032)";
 const char oneGateway[] = R"("GatewayList": [["10.0.0.1", "255.0.0.0"]])";
 
@@ -61,7 +61,7 @@ QByteArray systemFile(const QByteArray &adapters)
     return "{\"GetAdaptersInfo\": [" + adapters + "]}";
 }
 
-/// The adapter of index 7 with these fields of its own.
+/// The adapter with the index 7 and these fields.
 QByteArray seventh(const QByteArray &fields)
 {
     return "{\"Index\": 7, " + fields + "}";
@@ -92,7 +92,7 @@ machine::AdapterRecord adapterRecord(quint32 index)
     return adapter;
 }
 
-/// Name, size in, size out and result of each call that has one, and that it has flags.
+/// The calls of heap functions and GetAdaptersInfo(): name, sizes and result, and whether flags are set.
 QStringList journalOfAdapterCalls()
 {
     QStringList calls;
@@ -118,8 +118,8 @@ int callsNamed(const QByteArray &name)
     return count;
 }
 
-/// Buffers that were taken and not given back.
-int buffersLeft()
+/// The number of memory blocks that are not freed.
+int leakedBlocks()
 {
     int count = -callsNamed("HeapFree");
     for (const simulated::Call &call : simulated::journal())
@@ -133,7 +133,7 @@ const char winsOff[] = "Have WINS: 0\n";
 const char leaseLines[] = "Lease obtained: Tue Sep 12 06:06:56 2023\n"
                           "Lease expires:  Sun Mar 24 10:27:12 2024\n";
 
-/// What an adapter with one gateway and nothing else gives.
+/// The details of an adapter that has only one gateway.
 QString plainDetails()
 {
     return QString(gatewayLine) + dhcpOff + winsOff;
@@ -148,8 +148,8 @@ void leaseTimeZone()
         });
     };
     row("an hour ahead of UTC", QByteArray("-60"), qint64(0), "Thu Jan  1 01:00:00 1970\n");
-    row("five and a half hours ahead", QByteArray("-330"), qint64(0), "Thu Jan  1 05:30:00 1970\n");
-    row("eight hours behind: still the year before", QByteArray("480"), qint64(0), "Wed Dec 31 16:00:00 1969\n");
+    row("five and a half hours ahead of UTC", QByteArray("-330"), qint64(0), "Thu Jan  1 05:30:00 1970\n");
+    row("eight hours after UTC: still the previous year", QByteArray("480"), qint64(0), "Wed Dec 31 16:00:00 1969\n");
 }
 
 void leaseTimeCalls()
@@ -185,42 +185,42 @@ void text()
         addTestRow(name, [=] {
             const DescribedWindows windows("", systemFile(adapters));
             COMPARE_TEXT(adapterDetails(7), expected);
-            QCOMPARE(buffersLeft(), 0);
+            QCOMPARE(leakedBlocks(), 0);
         });
     };
 
     row("one gateway: the unnumbered line", seventh(oneGateway), plainDetails());
-    row("no gateway: the line shows what Windows leaves there", seventh(R"("GatewayList": [["0.0.0.0", "0.0.0.0"]])"), QStringLiteral("Gateway: 0.0.0.0, 0.0.0.0\n") + dhcpOff + winsOff);
-    row("no gateway and empty texts: the line stays", seventh(R"("GatewayList": [["", ""]])"), QStringLiteral("Gateway: , \n") + dhcpOff + winsOff);
+    row("no gateway: the line shows the address 0.0.0.0 of Windows", seventh(R"("GatewayList": [["0.0.0.0", "0.0.0.0"]])"), QStringLiteral("Gateway: 0.0.0.0, 0.0.0.0\n") + dhcpOff + winsOff);
+    row("no gateway and empty texts: the line has no address", seventh(R"("GatewayList": [["", ""]])"), QStringLiteral("Gateway: , \n") + dhcpOff + winsOff);
     row("two gateways: both are numbered", seventh(R"("GatewayList": [["10.0.0.1", "255.0.0.1"], ["10.0.0.2", "255.0.0.2"]])"), QStringLiteral("Gateway 1: 10.0.0.1, 255.0.0.1\nGateway 2: 10.0.0.2, 255.0.0.2\n") + dhcpOff + winsOff);
     row("three gateways: three numbered lines in list order", seventh(R"("GatewayList": [["10.0.0.3", "255.0.0.3"], ["10.0.0.1", "255.0.0.1"], ["10.0.0.2", "255.0.0.2"]])"), QStringLiteral("Gateway 1: 10.0.0.3, 255.0.0.3\nGateway 2: 10.0.0.1, 255.0.0.1\n"
                                                                                                                                                                                              "Gateway 3: 10.0.0.2, 255.0.0.2\n")
             + dhcpOff + winsOff);
 
-    row("DHCP off: its server and lease times do not show", seventh(QByteArray(oneGateway) + R"(, "DhcpServer": [["10.0.0.2", "255.0.0.2"]], )" + twoLeaseTimes), plainDetails());
-    row("DHCP on, one server: the unnumbered line and the lease times", withDhcp(R"(["10.0.0.2", "255.0.0.2"])"), QString(gatewayLine) + "DHCP enabled:  1\nDHCP server: 10.0.0.2, 255.0.0.2\n" + leaseLines + winsOff);
-    row("DHCP on, three servers: numbered in list order", withDhcp(R"(["10.0.0.6", "255.0.0.6"], ["10.0.0.2", "255.0.0.2"], ["10.0.0.4", "255.0.0.4"])"), QString(gatewayLine) + "DHCP enabled:  1\nDHCP server 1: 10.0.0.6, 255.0.0.6\n"
-                                                                                                                                                                                 "DHCP server 2: 10.0.0.2, 255.0.0.2\nDHCP server 3: 10.0.0.4, 255.0.0.4\n"
+    row("DHCP disabled: no server, no lease times", seventh(QByteArray(oneGateway) + R"(, "DhcpServer": [["10.0.0.2", "255.0.0.2"]], )" + twoLeaseTimes), plainDetails());
+    row("DHCP enabled, one server: the unnumbered line and the lease times", withDhcp(R"(["10.0.0.2", "255.0.0.2"])"), QString(gatewayLine) + "DHCP enabled:  1\nDHCP server: 10.0.0.2, 255.0.0.2\n" + leaseLines + winsOff);
+    row("DHCP enabled, three servers: numbered in list order", withDhcp(R"(["10.0.0.6", "255.0.0.6"], ["10.0.0.2", "255.0.0.2"], ["10.0.0.4", "255.0.0.4"])"), QString(gatewayLine) + "DHCP enabled:  1\nDHCP server 1: 10.0.0.6, 255.0.0.6\n"
+                                                                                                                                                                                      "DHCP server 2: 10.0.0.2, 255.0.0.2\nDHCP server 3: 10.0.0.4, 255.0.0.4\n"
             + leaseLines + winsOff);
-    row("DHCP on in another way: an unsigned number", seventh(QByteArray(oneGateway) + R"(, "DhcpEnabled": 4294967295)"), QString(gatewayLine) + "DHCP enabled:  4294967295\nDHCP server: , \n"
-                                                                                                                                                 "Lease obtained: Thu Jan  1 00:00:00 1970\nLease expires:  Thu Jan  1 00:00:00 1970\n"
+    row("DhcpEnabled is not 1: an unsigned number", seventh(QByteArray(oneGateway) + R"(, "DhcpEnabled": 4294967295)"), QString(gatewayLine) + "DHCP enabled:  4294967295\nDHCP server: , \n"
+                                                                                                                                               "Lease obtained: Thu Jan  1 00:00:00 1970\nLease expires:  Thu Jan  1 00:00:00 1970\n"
             + winsOff);
-    row("lease times that do not convert: the labels, the numbers and a line end", seventh(QByteArray(oneGateway) + R"(, "DhcpEnabled": 1, "LeaseObtained": "0x80000000", "LeaseExpires": -1)"), QString(gatewayLine) + "DHCP enabled:  1\nDHCP server: , \n"
-                                                                                                                                                                                                                        "Lease obtained: 0x80000000\nLease expires:  0xffffffffffffffff\n"
+    row("lease times that cannot be converted: their numbers", seventh(QByteArray(oneGateway) + R"(, "DhcpEnabled": 1, "LeaseObtained": "0x80000000", "LeaseExpires": -1)"), QString(gatewayLine) + "DHCP enabled:  1\nDHCP server: , \n"
+                                                                                                                                                                                                    "Lease obtained: 0x80000000\nLease expires:  0xffffffffffffffff\n"
             + winsOff);
 
     const char winsLines[] = "Primary WINS Server: 10.0.0.4, 255.0.0.4\nSecondary WINS Server: 10.0.0.5, 255.0.0.5\n";
-    row("WINS off: its servers do not show", withWins("0"), plainDetails());
-    row("WINS on: primary and secondary server", withWins("1"), QString(gatewayLine) + dhcpOff + "Have WINS: 1\n" + winsLines);
-    row("WINS on in another way: a signed number", withWins("-1"), QString(gatewayLine) + dhcpOff + "Have WINS: -1\n" + winsLines);
+    row("WINS disabled: no servers", withWins("0"), plainDetails());
+    row("WINS enabled: primary and secondary server", withWins("1"), QString(gatewayLine) + dhcpOff + "Have WINS: 1\n" + winsLines);
+    row("HaveWins is not 1: a signed number", withWins("-1"), QString(gatewayLine) + dhcpOff + "Have WINS: -1\n" + winsLines);
 
-    row("no adapter of that index: nothing", otherAdapter(6) + "," + otherAdapter(8), QString());
-    row("the adapter is the last of three", otherAdapter(6) + "," + otherAdapter(8) + "," + seventh(oneGateway), plainDetails());
-    row("two adapters of one index: the first one", seventh(oneGateway) + "," + otherAdapter(7), plainDetails());
+    row("no adapter with the index: an empty text", otherAdapter(6) + "," + otherAdapter(8), QString());
+    row("the last of three adapters", otherAdapter(6) + "," + otherAdapter(8) + "," + seventh(oneGateway), plainDetails());
+    row("two adapters with the same index: the first one", seventh(oneGateway) + "," + otherAdapter(7), plainDetails());
 
-    row("an address that is a placeholder is filled with the mask", seventh(R"("GatewayList": [["%1", "mask"]])"), QStringLiteral("Gateway: mask, %2\n") + dhcpOff + winsOff);
-    row("a numbered address that is a placeholder is filled with the mask", seventh(R"("GatewayList": [["%3", "mask"], ["%9", "%1"]])"), QStringLiteral("Gateway 1: mask, mask\nGateway 2: %9, %1\n") + dhcpOff + winsOff);
-    row("bytes that are no UTF-8 show as replacement characters", seventh("\"GatewayList\": [[\"\xc3\xa9\", \"255.0.0.0\"]]"), QString(QChar(0xfffd)).prepend("Gateway: ") + ", 255.0.0.0\n" + dhcpOff + winsOff);
+    row("Quirk: a placeholder in an address is replaced with the mask", seventh(R"("GatewayList": [["%1", "mask"]])"), QStringLiteral("Gateway: mask, %2\n") + dhcpOff + winsOff);
+    row("Quirk: a placeholder in a numbered address is replaced with the mask", seventh(R"("GatewayList": [["%3", "mask"], ["%9", "%1"]])"), QStringLiteral("Gateway 1: mask, mask\nGateway 2: %9, %1\n") + dhcpOff + winsOff);
+    row("bytes that are not UTF-8 become U+FFFD", seventh("\"GatewayList\": [[\"\xc3\xa9\", \"255.0.0.0\"]]"), QString(QChar(0xfffd)).prepend("Gateway: ") + ", 255.0.0.0\n" + dhcpOff + winsOff);
 }
 
 void unreadableList()
@@ -230,11 +230,11 @@ void unreadableList()
             const DescribedWindows windows("", system);
             QCOMPARE(adapterDetails(0), QString());
             QCOMPARE(callsNamed("GetAdaptersInfo"), 2);
-            QCOMPARE(buffersLeft(), 0);
+            QCOMPARE(leakedBlocks(), 0);
         });
     };
     row("no answer", QByteArray("{}"));
-    row("no adapters: an error of its own", QByteArray(R"({"GetAdaptersInfo": []})"));
+    row("no adapters: ERROR_NO_DATA", QByteArray(R"({"GetAdaptersInfo": []})"));
     row("not supported", QByteArray(R"({"GetAdaptersInfo": {"error": 50}})"));
 }
 
@@ -248,10 +248,10 @@ void calls()
         });
     };
 
-    // 704 bytes are an adapter, 48 a further gateway or server.
-    row("one adapter: there is room, the second call is made all the same", seventh(oneGateway), QStringList {"HeapAlloc 704", "GetAdaptersInfo 704->704: 0", "GetAdaptersInfo 704->704: 0", "HeapFree"});
-    row("two adapters: the buffer is replaced by one of the size reported", otherAdapter(6) + "," + seventh(oneGateway), QStringList {"HeapAlloc 704", "GetAdaptersInfo 704->1408: 111", "HeapFree", "HeapAlloc 1408", "GetAdaptersInfo 1408->1408: 0", "HeapFree"});
-    row("one adapter and two further gateways: likewise", seventh(R"("GatewayList": [["", ""], ["", ""], ["", ""]])"), QStringList {"HeapAlloc 704", "GetAdaptersInfo 704->800: 111", "HeapFree", "HeapAlloc 800", "GetAdaptersInfo 800->800: 0", "HeapFree"});
+    // An adapter has 704 bytes, each further gateway or server 48.
+    row("one adapter: the second call follows although the first one succeeds", seventh(oneGateway), QStringList {"HeapAlloc 704", "GetAdaptersInfo 704->704: 0", "GetAdaptersInfo 704->704: 0", "HeapFree"});
+    row("two adapters: a second buffer has the size that the first call returned", otherAdapter(6) + "," + seventh(oneGateway), QStringList {"HeapAlloc 704", "GetAdaptersInfo 704->1408: 111", "HeapFree", "HeapAlloc 1408", "GetAdaptersInfo 1408->1408: 0", "HeapFree"});
+    row("one adapter and two further gateways: a second buffer", seventh(R"("GatewayList": [["", ""], ["", ""], ["", ""]])"), QStringList {"HeapAlloc 704", "GetAdaptersInfo 704->800: 111", "HeapFree", "HeapAlloc 800", "GetAdaptersInfo 800->800: 0", "HeapFree"});
 }
 
 void failingCalls()
@@ -264,7 +264,7 @@ void failingCalls()
             COMPARE_TEXT(adapterDetails(7), expected);
             QCOMPARE(fault.hits(), std::size_t(1));
             QCOMPARE(callsNamed("GetAdaptersInfo"), listCalls);
-            QCOMPARE(buffersLeft(), 0);
+            QCOMPARE(leakedBlocks(), 0);
         });
     };
 
@@ -274,15 +274,15 @@ void failingCalls()
     const QByteArray list("GetAdaptersInfo");
     const QString upToLeases = QString(gatewayLine) + "DHCP enabled:  1\nDHCP server: 10.0.0.2, 255.0.0.2\n";
 
-    row("the first call fails: the second one is made and decides", one, list, 0, quint32(ERROR_ACCESS_DENIED), plainDetails(), 2);
-    row("the first call overflows without need: the second one decides", one, list, 0, quint32(ERROR_BUFFER_OVERFLOW), plainDetails(), 2);
-    row("the first call fails where it would have overflowed: the second one overflows", two, list, 0, quint32(ERROR_ACCESS_DENIED), QString(), 2);
+    row("the first call fails: the result of the second one counts", one, list, 0, quint32(ERROR_ACCESS_DENIED), plainDetails(), 2);
+    row("the first call returns ERROR_BUFFER_OVERFLOW: the result of the second one counts", one, list, 0, quint32(ERROR_BUFFER_OVERFLOW), plainDetails(), 2);
+    row("the first call fails without a size: the second one returns ERROR_BUFFER_OVERFLOW", two, list, 0, quint32(ERROR_ACCESS_DENIED), QString(), 2);
     row("the second call fails", one, list, 1, quint32(ERROR_ACCESS_DENIED), QString(), 2);
-    row("the second call overflows: no third one", one, list, 1, quint32(ERROR_BUFFER_OVERFLOW), QString(), 2);
-    row("no memory at first: no call is made", two, QByteArray("HeapAlloc"), 0, quint32(0), QString(), 0);
-    row("no memory after the overflow: no second call", two, QByteArray("HeapAlloc"), 1, quint32(0), QString(), 1);
-    row("the time of the lease's start does not convert: its number", dhcp, QByteArray("_localtime32_s"), 0, quint32(0), upToLeases + "Lease obtained: 0x65000000\nLease expires:  Sun Mar 24 10:27:12 2024\n" + winsOff, 2);
-    row("the time of the lease's end has no text: its number", dhcp, QByteArray("asctime_s"), 1, quint32(0), upToLeases + "Lease obtained: Tue Sep 12 06:06:56 2023\nLease expires:  0x66000000\n" + winsOff, 2);
+    row("the second call returns ERROR_BUFFER_OVERFLOW: no third one", one, list, 1, quint32(ERROR_BUFFER_OVERFLOW), QString(), 2);
+    row("the first allocation fails: no call", two, QByteArray("HeapAlloc"), 0, quint32(0), QString(), 0);
+    row("the second allocation fails: no second call", two, QByteArray("HeapAlloc"), 1, quint32(0), QString(), 1);
+    row("the start of the lease cannot be converted: its number", dhcp, QByteArray("_localtime32_s"), 0, quint32(0), upToLeases + "Lease obtained: 0x65000000\nLease expires:  Sun Mar 24 10:27:12 2024\n" + winsOff, 2);
+    row("the text of the end of the lease fails: its number", dhcp, QByteArray("asctime_s"), 1, quint32(0), upToLeases + "Lease obtained: Tue Sep 12 06:06:56 2023\nLease expires:  0x66000000\n" + winsOff, 2);
 }
 
 void listThatGrowsBetweenTheCalls()
@@ -295,7 +295,7 @@ void listThatGrowsBetweenTheCalls()
     });
     QCOMPARE(adapterDetails(7), QString());
     QCOMPARE(calls, 2);
-    QCOMPARE(buffersLeft(), 0);
+    QCOMPARE(leakedBlocks(), 0);
 }
 
 void listThatShrinksBetweenTheCalls()
@@ -308,7 +308,7 @@ void listThatShrinksBetweenTheCalls()
     });
     COMPARE_TEXT(adapterDetails(7), plainDetails());
     QCOMPARE(calls, 2);
-    QCOMPARE(buffersLeft(), 0);
+    QCOMPARE(leakedBlocks(), 0);
 }
 
 #endif
@@ -316,7 +316,7 @@ void listThatShrinksBetweenTheCalls()
 void addTests()
 {
 #ifndef SIMULATED_WINDOWS
-    // The rows are written for UTC, which a machine without "timeZone" has.
+    // The rows expect UTC, the time zone of a machine without "timeZone".
     qputenv("TZ", "UTC0");
     _tzset();
 #endif

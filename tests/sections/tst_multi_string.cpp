@@ -11,7 +11,7 @@ using namespace velkor::SystemInfo::WinSysInfo;
 
 namespace {
 
-// Buffers that end with a null, where '|' in the text stands for a null.
+// Buffers that end with a null. '|' in the text stands for a null.
 
 QByteArray narrowBuffer(const QString &text)
 {
@@ -27,7 +27,7 @@ std::vector<wchar_t> wideBuffer(const QString &text)
     return buffer;
 }
 
-// The stop rules are the same for both; '|' stands for a null.
+// Both functions end a list by the same rules. '|' stands for a null.
 void stopRows()
 {
     const auto row = [](const QString &name, const QString &text, uint count, const QStringList &expected) {
@@ -48,15 +48,15 @@ void stopRows()
     row("an empty string inside ends the list", "A||C||", 6, {"A"});
     row("without the terminator of the list", "A|B|", 4, {"A", "B"});
     row("without any terminator", "A|B", 3, {"A", "B"});
-    row("one string without terminator", "Alpha", 5, {"Alpha"});
-    row("one character without terminator", "A", 1, {"A"});
-    row("cut inside a string: it is taken whole", "A|Beta||", 3, {"A", "Beta"});
-    row("cut inside the first string", "Alpha|B||", 1, {"Alpha"});
-    row("cut before a string: it is left out", "A|Beta||", 2, {"A"});
-    row("cut before a terminator: the next string is left out", "A|Beta||", 1, {"A"});
-    row("the empty string wins over a count that is too large", "A|B||stale||", 100, {"A", "B"});
-    row("blanks are a string", " |  ||", 6, {" ", "  "});
-    row("placeholders stay", "%1|%99 %L1||", 11, {"%1", "%99 %L1"});
+    row("one string without a terminator", "Alpha", 5, {"Alpha"});
+    row("one character without a terminator", "A", 1, {"A"});
+    row("the count ends inside a string: the whole string", "A|Beta||", 3, {"A", "Beta"});
+    row("the count ends inside the first string", "Alpha|B||", 1, {"Alpha"});
+    row("the count ends before a string: without it", "A|Beta||", 2, {"A"});
+    row("the count ends before a terminator: without the next string", "A|Beta||", 1, {"A"});
+    row("an empty string ends the list before a count that is too large", "A|B||stale||", 100, {"A", "B"});
+    row("a string of blanks is a string", " |  ||", 6, {" ", "  "});
+    row("placeholders are not replaced", "%1|%99 %L1||", 11, {"%1", "%99 %L1"});
 }
 
 void narrowTextRows()
@@ -72,7 +72,7 @@ void narrowTextRows()
         "e",
         QString("Gr") + QChar(0xfc) + QChar(0xdf) + "e");
     row("UTF-8 of four bytes", "\xf0\x9f\x98\x80", QString() + QChar(0xd83d) + QChar(0xde00));
-    row("a byte of an ANSI code page", "M\xe4rz", QString("M") + QChar(0xfffd) + "rz");
+    row("a byte that is not UTF-8 becomes U+FFFD", "M\xe4rz", QString("M") + QChar(0xfffd) + "rz");
 }
 
 void wideTextRows()
@@ -80,13 +80,13 @@ void wideTextRows()
     const auto row = [](const QString &name, const QString &string) {
         addTestRow(name, [=] {
             const std::vector<wchar_t> buffer = wideBuffer(string + '|' + string + '|');
-            // Callers pass the count of bytes, twice that of units.
+            // Quirk: callers pass the count of bytes, which is twice the count of units.
             QCOMPARE(registryWideMultiStringToList(buffer.data(), uint(2 * buffer.size())), QStringList({string, string}));
         });
     };
-    row("beyond ASCII", QString("M") + QChar(0xe4) + "rz " + QChar(0x20ac));
-    row("two units that are one character", QString() + QChar(0xd83d) + QChar(0xde00));
-    row("half of such a pair", QString() + QChar(0xd83d));
+    row("outside ASCII", QString("M") + QChar(0xe4) + "rz " + QChar(0x20ac));
+    row("a surrogate pair", QString() + QChar(0xd83d) + QChar(0xde00));
+    row("a lone surrogate", QString() + QChar(0xd83d));
     row("a leading U+FEFF is a character", QString() + QChar(0xfeff) + "A");
     row("a leading U+FFFE is a character", QString() + QChar(0xfffe) + "A");
 }
@@ -96,7 +96,7 @@ void addRows()
     stopRows();
     narrowTextRows();
     wideTextRows();
-    addTestRow("no buffer", [] {
+    addTestRow("a null pointer", [] {
         QCOMPARE(registryMultiStringToList(nullptr, 0), QStringList());
         QCOMPARE(registryWideMultiStringToList(nullptr, 0), QStringList());
     });

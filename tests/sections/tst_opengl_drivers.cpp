@@ -1,4 +1,4 @@
-// The driver list of the OpenGL section, and the whole section where there is no OpenGL.
+// GetOpenGLDriverInfo(), and GetOpenGLInfo() without OpenGL.
 
 #include "described_windows.h"
 #include "registry_values.h"
@@ -32,7 +32,7 @@ QByteArray driversKey()
     return QByteArray("[") + path + "]\n";
 }
 
-/// A driver and its values, each a line.
+/// The key of a driver and its values.
 QByteArray driver(const QByteArray &name, const QByteArray &values)
 {
     return QByteArray("[") + path + '\\' + name + "]\n" + values + '\n';
@@ -43,7 +43,7 @@ QByteArray twoDrivers()
     return driver("A", "\"dll\"=\"x\"") + driver("B", "\"dll\"=\"y\"");
 }
 
-/// So many letters "a" as REG_SZ without a terminator.
+/// A REG_SZ of \a letters letters "a" without a terminator.
 QByteArray unterminated(int letters)
 {
     return "\"dll\"=hex(1):" + QByteArray("61,00,").repeated(letters - 1) + "61,00";
@@ -59,7 +59,7 @@ QString driverInfo()
 
 QString section()
 {
-    QString info = QStringLiteral("what was there before");
+    QString info = QStringLiteral("previous text");
     ScanOpenGLInfo(nullptr).GetOpenGLInfo(info);
     return info;
 }
@@ -82,31 +82,31 @@ void text()
         });
     };
 
-    row("no key: the heading alone", QByteArray(), QString());
-    row("a key without drivers: the heading alone", driversKey(), QString());
+    row("no key: only the heading", QByteArray(), QString());
+    row("a key without drivers: only the heading", driversKey(), QString());
     row("values of the key itself are no drivers", driversKey() + "\"dll\"=\"x\"\n", QString());
-    row("two drivers: no empty line behind them", twoDrivers(), twoDriversText);
+    row("two drivers: no empty line after them", twoDrivers(), twoDriversText);
     row("drivers in the order of their names", driver("b", "\"dll\"=\"y\"") + driver("C", "\"dll\"=\"z\"") + driver("A", "\"dll\"=\"x\""), "A   x.dll\nb   y.dll\nC   z.dll\n");
 
-    row("no library: the name and three blanks", driver("A", ""), "A   \n");
+    row("no library: only the name and three blanks", driver("A", ""), "A   \n");
     row("the driver's default value is not its library", driver("A", "@=\"x\""), "A   \n");
     row("a driver below a driver is none", driver("A", "") + driver("A\\B", "\"dll\"=\"y\""), "A   \n");
-    row("one without library between two with one", driver("A", "\"dll\"=\"x\"") + driver("B", "\"Version\"=dword:00000002") + driver("C", "\"dll\"=\"z\""), "A   x.dll\nB   \nC   z.dll\n");
-    row("other values do not count", driver("A", "\"DriverVersion\"=dword:00000001\n\"dll\"=\"x\"\n\"Flags\"=dword:00000003"), "A   x.dll\n");
-    row("the value's name in other letters", driver("A", "\"DLL\"=\"x\""), "A   x.dll\n");
+    row("a driver without a library between two others", driver("A", "\"dll\"=\"x\"") + driver("B", "\"Version\"=dword:00000002") + driver("C", "\"dll\"=\"z\""), "A   x.dll\nB   \nC   z.dll\n");
+    row("other values are not shown", driver("A", "\"DriverVersion\"=dword:00000001\n\"dll\"=\"x\"\n\"Flags\"=dword:00000003"), "A   x.dll\n");
+    row("the name of the value is case-insensitive", driver("A", "\"DLL\"=\"x\""), "A   x.dll\n");
 
-    row("a library with its extension: another is added", driver("A", "\"dll\"=\"x.dll\""), "A   x.dll.dll\n");
-    row("an empty library: the extension", driver("A", "\"dll\"=\"\""), "A   .dll\n");
-    row("a library of no bytes: nothing of the one before", driver("A", "\"dll\"=\"long\"") + driver("B", "\"dll\"=hex(1):"), "A   long.dll\nB   .dll\n");
-    row("an unterminated library: nothing of the one before", driver("A", "\"dll\"=\"long\"") + driver("B", "\"dll\"=hex(1):79,00"), "A   long.dll\nB   y.dll\n");
-    row("several strings: the first", driver("A", "\"dll\"=hex(7):78,00,00,00,79,00,00,00,00,00"), "A   x.dll\n");
-    row("the value's type is not looked at", driver("A", "\"dll\"=dword:00007978"), "A   xy.dll\n");
+    row("Quirk: the extension is added to a library that has one", driver("A", "\"dll\"=\"x.dll\""), "A   x.dll.dll\n");
+    row("an empty library: only the extension", driver("A", "\"dll\"=\"\""), "A   .dll\n");
+    row("a library of 0 bytes does not show the previous one", driver("A", "\"dll\"=\"long\"") + driver("B", "\"dll\"=hex(1):"), "A   long.dll\nB   .dll\n");
+    row("an unterminated library does not show the end of the previous one", driver("A", "\"dll\"=\"long\"") + driver("B", "\"dll\"=hex(1):79,00"), "A   long.dll\nB   y.dll\n");
+    row("a REG_MULTI_SZ: the first string", driver("A", "\"dll\"=hex(7):78,00,00,00,79,00,00,00,00,00"), "A   x.dll\n");
+    row("the type of the value is not checked", driver("A", "\"dll\"=dword:00007978"), "A   xy.dll\n");
     row("2047 characters and a terminator fill the buffer", driver("A", "\"dll\"=\"" + QByteArray(2047, 'a') + '"'), "A   " + QString(2047, 'a') + ".dll\n");
     row("2048 bytes without a terminator are all text", driver("A", unterminated(2048)), "A   " + QString(2048, 'a') + ".dll\n");
     row("2048 characters and a terminator: too long, no library", driver("A", "\"dll\"=\"" + QByteArray(2048, 'a') + '"'), "A   \n");
 
-    row("names that are placeholders stay as they are", driver("%1", "\"dll\"=\"%2\"") + driver("%2 %1", "\"dll\"=\"%1\""), "%1   %2.dll\n%2 %1   %1.dll\n");
-    row("blanks of names stay", driver("  A  ", "\"dll\"=\" x \""), "  A      x .dll\n");
+    row("placeholders in names are not replaced", driver("%1", "\"dll\"=\"%2\"") + driver("%2 %1", "\"dll\"=\"%1\""), "%1   %2.dll\n%2 %1   %1.dll\n");
+    row("blanks in names are not removed", driver("  A  ", "\"dll\"=\" x \""), "  A      x .dll\n");
 }
 
 void deniedKeys()
@@ -120,7 +120,7 @@ void deniedKeys()
     row("the first driver: its name and three blanks", QByteArrayList {"A"}, "A   \nB   y.dll\nC   z.dll\n");
     row("a driver in the middle", QByteArrayList {"B"}, "A   x.dll\nB   \nC   z.dll\n");
     row("the last driver", QByteArrayList {"C"}, "A   x.dll\nB   y.dll\nC   \n");
-    row("the key of all drivers: the heading alone", QByteArrayList {""}, QString());
+    row("the key of all drivers: only the heading", QByteArrayList {""}, QString());
 }
 
 void textIsAppended()
@@ -149,12 +149,12 @@ void sectionWithoutOpenGL()
         });
     };
     row("no drivers", QByteArray(), QString());
-    row("two drivers: the section ends behind them", twoDrivers(), twoDriversText);
+    row("two drivers: the section ends after them", twoDrivers(), twoDriversText);
 }
 
 #ifdef SIMULATED_WINDOWS
 
-/// Takes pretended answers back at the end of a row.
+/// Removes the replaced answers at the end of a row.
 class Pretending
 {
 public:
@@ -179,10 +179,10 @@ void otherAlphabets()
     };
     const QByteArray western("{\"ansiCodePage\": 1252}");
     const QByteArray utf8("{\"ansiCodePage\": 65001}");
-    row("a name that is no UTF-8 shows so, and its key is not found", western, driver("\xc3\xa9", "\"dll\"=\"x\""), QString(QChar(0xfffd)) + "   \n");
-    row("a library that is no UTF-8 shows so", western, driver("A", "\"dll\"=\"\xc3\xa9\""), QStringLiteral("A   ") + QChar(0xfffd) + ".dll\n");
+    row("a name that is not UTF-8 shows U+FFFD, and its key is not found", western, driver("\xc3\xa9", "\"dll\"=\"x\""), QString(QChar(0xfffd)) + "   \n");
+    row("a library that is not UTF-8 shows U+FFFD", western, driver("A", "\"dll\"=\"\xc3\xa9\""), QStringLiteral("A   ") + QChar(0xfffd) + ".dll\n");
     row("a library in UTF-8", utf8, driver("A", "\"dll\"=\"\xc3\xa9\""), QStringLiteral("A   ") + QChar(0xe9) + ".dll\n");
-    row("a name in UTF-8 shows, but its key is asked for in Latin-1 and not found", utf8, driver("\xc3\xa9", "\"dll\"=\"x\""), QString(QChar(0xe9)) + "   \n");
+    row("Quirk: a name in UTF-8 is shown, but its key is opened in Latin-1 and not found", utf8, driver("\xc3\xa9", "\"dll\"=\"x\""), QString(QChar(0xe9)) + "   \n");
 }
 
 void calls()
@@ -229,20 +229,20 @@ void failingCalls()
     const QString all(twoDriversText);
     const QString end = QStringLiteral("\n");
 
-    row("the key does not open", open, 0, denied, "", QString());
+    row("the key cannot be opened", open, 0, denied, "", QString());
     row("the key opens without a handle", open, 0, quint32(ERROR_SUCCESS), "", QString());
     row("the first name cannot be read: no drivers", enumerate, 0, denied, "", end);
     row("the second name cannot be read: the list ends there", enumerate, 1, denied, "A   x.dll\n", end);
     row("the second name is too long: the list ends there", enumerate, 1, quint32(ERROR_MORE_DATA), "A   x.dll\n", end);
-    row("the list ends with another error", enumerate, 2, denied, all, end);
-    row("the first driver does not open", open, 1, denied, "A   \nB   y.dll\n", end);
-    row("the second driver does not open", open, 2, denied, "A   x.dll\nB   \n", end);
+    row("the enumeration ends with another error", enumerate, 2, denied, all, end);
+    row("the first driver cannot be opened", open, 1, denied, "A   \nB   y.dll\n", end);
+    row("the second driver cannot be opened", open, 2, denied, "A   x.dll\nB   \n", end);
     row("the first driver opens without a handle", open, 1, quint32(ERROR_SUCCESS), "A   \nB   y.dll\n", end);
     row("the first library cannot be read", QByteArray("RegQueryValueExA"), 0, denied, "A   \nB   y.dll\n", end);
-    row("the second library cannot be read: not the first one again", QByteArray("RegQueryValueExA"), 1, denied, "A   x.dll\nB   \n", end);
-    row("the first driver does not close: nothing shows", close, 0, denied, all, end);
-    row("the second driver does not close: nothing shows", close, 1, denied, all, end);
-    row("the key does not close: nothing shows", close, 2, denied, all, end);
+    row("the second library cannot be read: the first one is not repeated", QByteArray("RegQueryValueExA"), 1, denied, "A   x.dll\nB   \n", end);
+    row("the first driver cannot be closed: the text is unchanged", close, 0, denied, all, end);
+    row("the second driver cannot be closed: the text is unchanged", close, 1, denied, all, end);
+    row("the key cannot be closed: the text is unchanged", close, 2, denied, all, end);
 }
 
 void flagsLine()
@@ -272,10 +272,10 @@ void overlaysLine()
         });
     };
     row("none", false, QByteArray("0"));
-    row("overlays, although there is no OpenGL: the section ends as early", true, QByteArray("1"));
+    row("overlays without OpenGL: the section ends there too", true, QByteArray("1"));
 }
 
-void localeOfTheHostHasNoEffect()
+void hostLocaleHasNoEffect()
 {
     const Pretending pretending;
     overlays::pretended = true;
@@ -288,7 +288,7 @@ void localeOfTheHostHasNoEffect()
     COMPARE_TEXT(text, sectionStart("0x12345 OpenGL 4.0", "1") + twoDriversText);
 }
 
-void sectionAlwaysProbes()
+void sectionDoesNotUseTheCachedVersion()
 {
     const DescribedWindows windows(QByteArray {});
     const Pretending pretending;
@@ -317,8 +317,8 @@ void addTests()
     addTestRows("failingCalls", failingCalls);
     addTestRows("flagsLine", flagsLine);
     addTestRows("overlaysLine", overlaysLine);
-    addTestRow("localeOfTheHostHasNoEffect", localeOfTheHostHasNoEffect);
-    addTestRow("sectionAlwaysProbes", sectionAlwaysProbes);
+    addTestRow("hostLocaleHasNoEffect", hostLocaleHasNoEffect);
+    addTestRow("sectionDoesNotUseTheCachedVersion", sectionDoesNotUseTheCachedVersion);
 #endif
 }
 

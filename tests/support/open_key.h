@@ -11,7 +11,7 @@ public:
         if (RegOpenKeyExW(root, wide(path), 0, access, &m_key) != LSTATUS(ERROR_SUCCESS))
             m_key = nullptr;
     }
-    /// Owns \a key, which is open.
+    /// Takes ownership of \a key.
     static OpenKey owning(HKEY key) { return OpenKey(key); }
     ~OpenKey()
     {
@@ -21,7 +21,7 @@ public:
     OpenKey(const OpenKey &) = delete;
     OpenKey &operator=(const OpenKey &) = delete;
 
-    /// Null where the key does not open.
+    /// Null if the key cannot be opened.
     HKEY handle() const { return m_key; }
 
 private:

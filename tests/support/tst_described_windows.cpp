@@ -1,4 +1,4 @@
-// DescribedWindows on a real Windows: it replaces the roots and does not change the
+// DescribedWindows on a real Windows: replaces the root keys and changes nothing else in the
 // registry.
 
 #include "described_windows.h"
@@ -15,15 +15,15 @@ class DescribedWindowsTest : public QObject
 private Q_SLOTS:
     void rootsAreReplaced_data();
     void rootsAreReplaced();
-    void registryItselfStaysAsItIs();
+    void realRegistryIsUnchanged();
     void keysAreVolatile_data();
     void keysAreVolatile();
-    void keyOfACrashedProcessIsEmptied();
+    void treeOfACrashedProcessIsRemoved();
 };
 
 namespace {
 
-/// HKEY_CURRENT_USER itself; opening the root by name returns its name.
+/// A handle of the user's root key that RegOverridePredefKey() does not affect.
 HKEY currentUser()
 {
     HKEY key = nullptr;
@@ -71,9 +71,9 @@ void DescribedWindowsTest::rootsAreReplaced_data()
     const auto row = [](const char *name, HKEY root, const QStringList &expected) {
         QTest::newRow(name) << quintptr(root) << expected;
     };
-    row("the machine", HKEY_LOCAL_MACHINE, {"MachineKey", "Software"});
-    row("the user", HKEY_CURRENT_USER, {"UserKey"});
-    row("the classes", HKEY_CLASSES_ROOT, {"ClassesKey", "Installer"});
+    row("HKEY_LOCAL_MACHINE", HKEY_LOCAL_MACHINE, {"MachineKey", "Software"});
+    row("HKEY_CURRENT_USER", HKEY_CURRENT_USER, {"UserKey"});
+    row("HKEY_CLASSES_ROOT", HKEY_CLASSES_ROOT, {"ClassesKey", "Installer"});
 }
 
 void DescribedWindowsTest::rootsAreReplaced()
@@ -90,8 +90,8 @@ void DescribedWindowsTest::rootsAreReplaced()
     QVERIFY(before != expected);
 }
 
-// Keys that were opened before the roots are replaced still belong to the real registry.
-void DescribedWindowsTest::registryItselfStaysAsItIs()
+// Keys that are opened before the roots are replaced belong to the real registry.
+void DescribedWindowsTest::realRegistryIsUnchanged()
 {
     const OpenKey machine(HKEY_LOCAL_MACHINE, "Software");
     const OpenKey machineClasses(HKEY_LOCAL_MACHINE, "Software\\Classes");
@@ -127,14 +127,14 @@ void DescribedWindowsTest::keysAreVolatile_data()
     const auto row = [](const char *name, HKEY root, const char *path) {
         QTest::newRow(name) << quintptr(root) << QString(path);
     };
-    row("the machine", HKEY_LOCAL_MACHINE, "Added");
-    row("the user", HKEY_CURRENT_USER, "Added");
-    row("the classes", HKEY_CLASSES_ROOT, "Added");
+    row("HKEY_LOCAL_MACHINE", HKEY_LOCAL_MACHINE, "Added");
+    row("HKEY_CURRENT_USER", HKEY_CURRENT_USER, "Added");
+    row("HKEY_CLASSES_ROOT", HKEY_CLASSES_ROOT, "Added");
     row("a described key", HKEY_LOCAL_MACHINE, "MachineKey\\Added");
-    row("a described key of the classes", HKEY_CLASSES_ROOT, "Installer\\Products\\A1\\Added");
+    row("a described key below HKEY_CLASSES_ROOT", HKEY_CLASSES_ROOT, "Installer\\Products\\A1\\Added");
 }
 
-// Windows creates no permanent key below a volatile one.
+// Windows refuses to create a permanent key below a volatile one.
 void DescribedWindowsTest::keysAreVolatile()
 {
     QFETCH(quintptr, root);
@@ -146,7 +146,7 @@ void DescribedWindowsTest::keysAreVolatile()
              LSTATUS(ERROR_CHILD_MUST_BE_VOLATILE));
 }
 
-void DescribedWindowsTest::keyOfACrashedProcessIsEmptied()
+void DescribedWindowsTest::treeOfACrashedProcessIsRemoved()
 {
     const OpenKey software(HKEY_CURRENT_USER, "Software", KEY_READ | KEY_WRITE);
     QString own;
