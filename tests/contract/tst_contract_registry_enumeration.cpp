@@ -59,7 +59,7 @@ QStringList names(Enumerate enumerate)
     QStringList result;
     for (DWORD index = 0;; ++index) {
         PoisonedBuffer name(128);
-        if (enumerate(index, name) != LSTATUS(ERROR_SUCCESS))
+        if (enumerate(index, name) != ERROR_SUCCESS)
             return result;
         result += name.wideText();
     }
@@ -70,10 +70,10 @@ void subKeyNames()
     const auto row = [](const char *name, Form form, DWORD index, DWORD capacity, const QString &expected) {
         addTestRow(name, [=] {
             const DescribedWindows windows(threeKeys());
-            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
             PoisonedBuffer name(capacity * unitSize(form));
             DWORD size = capacity;
-            const LSTATUS status = enumKeyEx(form, key.handle(), index, name, &size);
+            const LSTATUS status = enumKeyEx(form, key.get(), index, name, &size);
             QCOMPARE(QStringLiteral("%1, size %2: %3").arg(status).arg(size).arg(name.written()), expected);
         });
     };
@@ -102,9 +102,9 @@ void subKeyNamesWithoutSize()
     const auto row = [](const char *name, Form form, DWORD index, DWORD capacity, const QString &expected) {
         addTestRow(name, [=] {
             const DescribedWindows windows(threeKeys());
-            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
             PoisonedBuffer name(capacity * unitSize(form));
-            const LSTATUS status = enumKey(form, key.handle(), index, name, capacity);
+            const LSTATUS status = enumKey(form, key.get(), index, name, capacity);
             QCOMPARE(QStringLiteral("%1: %2").arg(status).arg(name.written()), expected);
         });
     };
@@ -125,9 +125,9 @@ void orderOfSubKeys()
         const auto list = [](const char *text) { return QString::fromUtf8(text).split('|'); };
         addTestRow(name, [=, given = list(given), expected = list(expected)] {
             const DescribedWindows windows(subKeys(given));
-            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
             const QStringList actual
-                = names([&](DWORD index, PoisonedBuffer &name) { return enumKey(Wide, key.handle(), index, name, 64); });
+                = names([&](DWORD index, PoisonedBuffer &name) { return enumKey(Wide, key.get(), index, name, 64); });
             WINE_DEVIATES(wineDeviation);
             QCOMPARE(actual, expected);
         });
@@ -151,14 +151,14 @@ void values()
                         const QByteArray &wineDeviation = "") {
         addTestRow(name, [=] {
             const DescribedWindows windows(threeValues());
-            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
             PoisonedBuffer name(nameCapacity * unitSize(form));
             PoisonedBuffer data(capacity);
             DWORD nameSize = nameCapacity;
             DWORD size = capacity;
             DWORD type = poison;
-            const LSTATUS status = enumValue(form, key.handle(), index, name, &nameSize, &type, data.bytes(), &size);
-            const QString actual = status == LSTATUS(ERROR_SUCCESS)
+            const LSTATUS status = enumValue(form, key.get(), index, name, &nameSize, &type, data.bytes(), &size);
+            const QString actual = status == ERROR_SUCCESS
                 ? QStringLiteral("0, name %1: %2, type %3, data %4: %5")
                       .arg(nameSize)
                       .arg(name.written())
@@ -198,15 +198,15 @@ void valuesWithoutData()
     const auto row = [](const QString &name, Form form, DWORD size) {
         addTestRow(name, [=] {
             const DescribedWindows windows(threeValues());
-            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
             PoisonedBuffer name(64);
             DWORD nameSize = 32;
             DWORD actual = poison;
-            QCOMPARE(enumValue(form, key.handle(), 1, name, &nameSize, nullptr, nullptr, &actual), LSTATUS(ERROR_SUCCESS));
+            QCOMPARE(enumValue(form, key.get(), 1, name, &nameSize, nullptr, nullptr, &actual), ERROR_SUCCESS);
             QCOMPARE(nameSize, DWORD(4));
             QCOMPARE(actual, size);
             nameSize = 32;
-            QCOMPARE(enumValue(form, key.handle(), 1, name, &nameSize, nullptr, nullptr, nullptr), LSTATUS(ERROR_SUCCESS));
+            QCOMPARE(enumValue(form, key.get(), 1, name, &nameSize, nullptr, nullptr, nullptr), ERROR_SUCCESS);
             QCOMPARE(nameSize, DWORD(4));
         });
     };
@@ -219,10 +219,10 @@ void orderOfValues()
     const auto row = [](const QString &name, const QByteArray &given, const QStringList &expected, const QByteArray &wineDeviation) {
         addTestRow(name, [=] {
             const DescribedWindows windows(contractKey() + given);
-            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
             const QStringList actual = names([&](DWORD index, PoisonedBuffer &name) {
                 DWORD size = 64;
-                return enumValue(Wide, key.handle(), index, name, &size, nullptr, nullptr, nullptr);
+                return enumValue(Wide, key.get(), index, name, &size, nullptr, nullptr, nullptr);
             });
             WINE_DEVIATES(wineDeviation);
             QCOMPARE(actual, expected);
@@ -239,7 +239,7 @@ void invalidCalls()
     const auto row = [](const QString &name, Form form) {
         addTestRow(name, [=] {
             const DescribedWindows windows(threeValues());
-            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
             PoisonedBuffer name(64);
             PoisonedBuffer data(16);
             DWORD nameSize = 32;
@@ -247,9 +247,9 @@ void invalidCalls()
             QCOMPARE(enumKeyEx(form, nullptr, 0, name, &nameSize), LSTATUS(ERROR_INVALID_HANDLE));
             QCOMPARE(enumKey(form, nullptr, 0, name, 32), LSTATUS(ERROR_INVALID_HANDLE));
             QCOMPARE(enumValue(form, nullptr, 0, name, &nameSize, nullptr, data.bytes(), &size), LSTATUS(ERROR_INVALID_HANDLE));
-            QCOMPARE(enumValue(form, key.handle(), 0, name, nullptr, nullptr, data.bytes(), &size),
+            QCOMPARE(enumValue(form, key.get(), 0, name, nullptr, nullptr, data.bytes(), &size),
                      LSTATUS(ERROR_INVALID_PARAMETER));
-            QCOMPARE(enumValue(form, key.handle(), 0, name, &nameSize, nullptr, data.bytes(), nullptr),
+            QCOMPARE(enumValue(form, key.get(), 0, name, &nameSize, nullptr, data.bytes(), nullptr),
                      LSTATUS(ERROR_INVALID_PARAMETER));
             QVERIFY(name.isUntouched());
             QVERIFY(data.isUntouched());

@@ -26,13 +26,13 @@ HKEY poisonedKey()
 /// The value "Where" of \a key, which the function closes, or the error \a status.
 QString whereIs(LSTATUS status, HKEY key)
 {
-    if (status != LSTATUS(ERROR_SUCCESS))
+    if (status != ERROR_SUCCESS)
         return QStringLiteral("%1%2").arg(status).arg(key ? QStringLiteral(", handle set") : QString());
     WCHAR text[40] = {};
     DWORD size = sizeof text;
     RegQueryValueExW(key, L"Where", nullptr, nullptr, reinterpret_cast<LPBYTE>(text), &size);
     const LSTATUS closed = RegCloseKey(key);
-    return closed == LSTATUS(ERROR_SUCCESS) ? QString::fromWCharArray(text) : QStringLiteral("not closed");
+    return closed == ERROR_SUCCESS ? QString::fromWCharArray(text) : QStringLiteral("not closed");
 }
 
 QString openNarrow(HKEY root, const QByteArray &path, REGSAM mask = KEY_READ)
@@ -106,9 +106,9 @@ void belowAnOpenKey()
     const auto row = [](const QString &name, const QString &path, const QString &expected) {
         addTestRow(name, [=] {
             const DescribedWindows windows(registry());
-            const OpenKey alpha(HKEY_LOCAL_MACHINE, "Alpha");
-            QCOMPARE(openNarrow(alpha.handle(), path.toLatin1()), expected);
-            QCOMPARE(openWide(alpha.handle(), path), expected);
+            const RegistryKey alpha = openKeyWide(HKEY_LOCAL_MACHINE, "Alpha");
+            QCOMPARE(openNarrow(alpha.get(), path.toLatin1()), expected);
+            QCOMPARE(openWide(alpha.get(), path), expected);
         });
     };
     row("a sub-key", "Beta", "Alpha, Beta");
@@ -171,11 +171,11 @@ void roots()
 void nullPathOpensTheKeyItself()
 {
     const DescribedWindows windows(registry());
-    const OpenKey alpha(HKEY_LOCAL_MACHINE, "Alpha");
+    const RegistryKey alpha = openKeyWide(HKEY_LOCAL_MACHINE, "Alpha");
     HKEY key = poisonedKey();
-    LSTATUS status = RegOpenKeyExA(alpha.handle(), nullptr, 0, KEY_READ, &key);
+    LSTATUS status = RegOpenKeyExA(alpha.get(), nullptr, 0, KEY_READ, &key);
     QCOMPARE(whereIs(status, key), QStringLiteral("Alpha"));
-    status = RegOpenKeyExW(alpha.handle(), nullptr, 0, KEY_READ, &key);
+    status = RegOpenKeyExW(alpha.get(), nullptr, 0, KEY_READ, &key);
     QCOMPARE(whereIs(status, key), QStringLiteral("Alpha"));
 }
 
@@ -188,8 +188,8 @@ void deniedKeys()
             QCOMPARE(openNarrow(HKEY_LOCAL_MACHINE, path.toLatin1()), expected);
             QCOMPARE(openWide(HKEY_LOCAL_MACHINE, path), expected);
             if (path.startsWith(QLatin1String("Alpha\\"))) {
-                const OpenKey alpha(HKEY_LOCAL_MACHINE, "Alpha");
-                QCOMPARE(openNarrow(alpha.handle(), path.mid(6).toLatin1()), expected);
+                const RegistryKey alpha = openKeyWide(HKEY_LOCAL_MACHINE, "Alpha");
+                QCOMPARE(openNarrow(alpha.get(), path.mid(6).toLatin1()), expected);
             }
         });
     };
@@ -206,11 +206,11 @@ void deniedKeys()
 void deniedKeysAreEnumerated()
 {
     const DescribedWindows windows(registry(), R"({"deniedKeys": ["HKEY_LOCAL_MACHINE\\Alpha\\Beta"]})");
-    const OpenKey alpha(HKEY_LOCAL_MACHINE, "Alpha");
+    const RegistryKey alpha = openKeyWide(HKEY_LOCAL_MACHINE, "Alpha");
     CHAR name[40];
-    QCOMPARE(RegEnumKeyA(alpha.handle(), 0, name, sizeof name), LSTATUS(ERROR_SUCCESS));
+    QCOMPARE(RegEnumKeyA(alpha.get(), 0, name, sizeof name), ERROR_SUCCESS);
     QCOMPARE(QByteArray(name), QByteArray("Beta"));
-    QCOMPARE(RegEnumKeyA(alpha.handle(), 1, name, sizeof name), LSTATUS(ERROR_SUCCESS));
+    QCOMPARE(RegEnumKeyA(alpha.get(), 1, name, sizeof name), ERROR_SUCCESS);
     QCOMPARE(QByteArray(name), QByteArray("Beta Gamma"));
 }
 
@@ -227,14 +227,14 @@ void closing()
     const DescribedWindows windows(registry());
     HKEY first = nullptr;
     HKEY second = nullptr;
-    QCOMPARE(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Alpha", 0, KEY_READ, &first), LSTATUS(ERROR_SUCCESS));
-    QCOMPARE(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Alpha", 0, KEY_READ, &second), LSTATUS(ERROR_SUCCESS));
+    QCOMPARE(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Alpha", 0, KEY_READ, &first), ERROR_SUCCESS);
+    QCOMPARE(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Alpha", 0, KEY_READ, &second), ERROR_SUCCESS);
     QVERIFY2(first != second, "each opening has its own handle");
-    QCOMPARE(RegCloseKey(first), LSTATUS(ERROR_SUCCESS));
+    QCOMPARE(RegCloseKey(first), ERROR_SUCCESS);
     QCOMPARE(RegCloseKey(first), LSTATUS(ERROR_INVALID_HANDLE));
     QCOMPARE(whereIs(ERROR_SUCCESS, second), QStringLiteral("Alpha"));
     QCOMPARE(RegCloseKey(nullptr), LSTATUS(ERROR_INVALID_HANDLE));
-    QCOMPARE(RegCloseKey(HKEY_CLASSES_ROOT), LSTATUS(ERROR_SUCCESS));
+    QCOMPARE(RegCloseKey(HKEY_CLASSES_ROOT), ERROR_SUCCESS);
     QCOMPARE(openNarrow(HKEY_CLASSES_ROOT, "vkSystemInfoContract"), QStringLiteral("classes"));
 }
 

@@ -21,10 +21,10 @@ LSTATUS query(Form form, HKEY key, const QString &name, LPDWORD type, LPBYTE dat
 QString answer(Form form, const QByteArray &definition, DWORD capacity)
 {
     const DescribedWindows windows(contractKey() + "\"Value\"=" + definition + '\n');
-    const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+    const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
     PoisonedBuffer buffer(capacity);
     DWORD size = capacity;
-    const LSTATUS status = query(form, key.handle(), QStringLiteral("Value"), nullptr, buffer.bytes(), &size);
+    const LSTATUS status = query(form, key.get(), QStringLiteral("Value"), nullptr, buffer.bytes(), &size);
     return QStringLiteral("%1, size %2: %3").arg(status).arg(size).arg(buffer.written());
 }
 
@@ -118,12 +118,12 @@ void typesAreReturned()
     const auto row = [](const QString &name, const QByteArray &definition, DWORD capacity, DWORD expected) {
         addTestRow(name, [=] {
             const DescribedWindows windows(contractKey() + "\"Value\"=" + definition + '\n');
-            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
             for (const Form form : {Ansi, Wide}) {
                 PoisonedBuffer buffer(capacity);
                 DWORD size = capacity;
                 DWORD type = poison;
-                query(form, key.handle(), QStringLiteral("Value"), &type, buffer.bytes(), &size);
+                query(form, key.get(), QStringLiteral("Value"), &type, buffer.bytes(), &size);
                 QCOMPARE(type, expected);
             }
         });
@@ -160,10 +160,10 @@ void sizeAlone()
     const auto row = [](const QString &name, const QByteArray &definition, DWORD narrow, DWORD wide) {
         addTestRow(name, [=] {
             const DescribedWindows windows(contractKey() + "\"Value\"=" + definition + '\n');
-            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
             for (const Form form : {Ansi, Wide}) {
                 DWORD size = poison;
-                QCOMPARE(query(form, key.handle(), QStringLiteral("Value"), nullptr, nullptr, &size), LSTATUS(ERROR_SUCCESS));
+                QCOMPARE(query(form, key.get(), QStringLiteral("Value"), nullptr, nullptr, &size), ERROR_SUCCESS);
                 QCOMPARE(size, form == Ansi ? narrow : wide);
             }
         });
@@ -182,21 +182,21 @@ void names()
             const DescribedWindows windows(contractKey()
                                            + "\"Value\"=dword:1\n@=dword:2\n\"a\\\\b\"=dword:3\n\"Gr\u00f6\u00dfe\"=dword:4\n"
                                              "[HKEY_LOCAL_MACHINE\\Software\\Contract\\Sub]\n");
-            const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+            const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
             for (const Form form : {Ansi, Wide}) {
                 DWORD actual = poison;
                 DWORD size = sizeof actual;
-                QCOMPARE(query(form, key.handle(), name, nullptr, reinterpret_cast<LPBYTE>(&actual), &size), status);
+                QCOMPARE(query(form, key.get(), name, nullptr, reinterpret_cast<LPBYTE>(&actual), &size), status);
                 QCOMPARE(actual, number);
             }
         });
     };
-    row("in the same case", QStringLiteral("Value"), LSTATUS(ERROR_SUCCESS), DWORD(1));
-    row("in another case", QStringLiteral("vALUE"), LSTATUS(ERROR_SUCCESS), DWORD(1));
-    row("an empty name: the default value", QString(), LSTATUS(ERROR_SUCCESS), DWORD(2));
-    row("with a backslash", QStringLiteral("a\\b"), LSTATUS(ERROR_SUCCESS), DWORD(3));
-    row("a letter of the code page", QStringLiteral("Gr\u00f6\u00dfe"), LSTATUS(ERROR_SUCCESS), DWORD(4));
-    row("that letter in upper case", QStringLiteral("GR\u00d6\u00dfE"), LSTATUS(ERROR_SUCCESS), DWORD(4));
+    row("in the same case", QStringLiteral("Value"), ERROR_SUCCESS, DWORD(1));
+    row("in another case", QStringLiteral("vALUE"), ERROR_SUCCESS, DWORD(1));
+    row("an empty name: the default value", QString(), ERROR_SUCCESS, DWORD(2));
+    row("with a backslash", QStringLiteral("a\\b"), ERROR_SUCCESS, DWORD(3));
+    row("a letter of the code page", QStringLiteral("Gr\u00f6\u00dfe"), ERROR_SUCCESS, DWORD(4));
+    row("that letter in upper case", QStringLiteral("GR\u00d6\u00dfE"), ERROR_SUCCESS, DWORD(4));
     row("a longer name", QStringLiteral("Values"), LSTATUS(ERROR_FILE_NOT_FOUND), poison);
     row("a shorter name", QStringLiteral("Valu"), LSTATUS(ERROR_FILE_NOT_FOUND), poison);
     row("a trailing blank", QStringLiteral("Value "), LSTATUS(ERROR_FILE_NOT_FOUND), poison);
@@ -213,10 +213,10 @@ void missingValue()
 {
     eachForm([](Form form) {
         const DescribedWindows windows(contractKey());
-        const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+        const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
         PoisonedBuffer buffer(16);
         DWORD size = 16;
-        QCOMPARE(query(form, key.handle(), QStringLiteral("Missing"), nullptr, buffer.bytes(), &size),
+        QCOMPARE(query(form, key.get(), QStringLiteral("Missing"), nullptr, buffer.bytes(), &size),
                  LSTATUS(ERROR_FILE_NOT_FOUND));
         QVERIFY(buffer.isUntouched());
         QCOMPARE(size, DWORD(16));
@@ -227,9 +227,9 @@ void missingValueWithoutBuffer()
 {
     eachForm([](Form form) {
         const DescribedWindows windows(contractKey());
-        const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+        const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
         DWORD size = poison;
-        QCOMPARE(query(form, key.handle(), QStringLiteral("Missing"), nullptr, nullptr, &size),
+        QCOMPARE(query(form, key.get(), QStringLiteral("Missing"), nullptr, nullptr, &size),
                  LSTATUS(ERROR_FILE_NOT_FOUND));
         QCOMPARE(size, DWORD(0));
     });
@@ -239,7 +239,7 @@ void invalidCalls()
 {
     eachForm([](Form form) {
         const DescribedWindows windows(contractKey() + "\"Value\"=\"A\"\n");
-        const OpenKey key(HKEY_LOCAL_MACHINE, contractPath);
+        const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
         const QString name = QStringLiteral("Value");
         PoisonedBuffer buffer(16);
         DWORD size = 16;
@@ -248,9 +248,9 @@ void invalidCalls()
         QCOMPARE(query(form, nullptr, name, nullptr, buffer.bytes(), &size), LSTATUS(ERROR_INVALID_HANDLE));
         QVERIFY2(buffer.isUntouched(), "no handle");
         QCOMPARE(size, DWORD(16));
-        QCOMPARE(query(form, key.handle(), name, nullptr, buffer.bytes(), nullptr), LSTATUS(ERROR_INVALID_PARAMETER));
+        QCOMPARE(query(form, key.get(), name, nullptr, buffer.bytes(), nullptr), LSTATUS(ERROR_INVALID_PARAMETER));
         QVERIFY2(buffer.isUntouched(), "a buffer without a size");
-        QCOMPARE(query(form, key.handle(), name, &type, nullptr, nullptr), LSTATUS(ERROR_SUCCESS));
+        QCOMPARE(query(form, key.get(), name, &type, nullptr, nullptr), ERROR_SUCCESS);
         QCOMPARE(type, DWORD(REG_SZ));
     });
 }

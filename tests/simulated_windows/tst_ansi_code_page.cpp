@@ -128,7 +128,7 @@ void valueInTheCodePageOfTheMachine()
             char buffer[32] = {};
             DWORD size = sizeof buffer;
             QCOMPARE(RegQueryValueExA(HKEY_LOCAL_MACHINE, "V", nullptr, nullptr, reinterpret_cast<LPBYTE>(buffer), &size),
-                     LSTATUS(ERROR_SUCCESS));
+                     ERROR_SUCCESS);
             QCOMPARE(QByteArray(buffer), expected);
             QCOMPARE(size, DWORD(expected.size() + 1));
         });
@@ -148,7 +148,7 @@ void keyPathInTheCodePageOfTheMachine()
                                            "{\"ansiCodePage\": " + QByteArray::number(codePage) + '}');
             HKEY key = nullptr;
             QCOMPARE(RegOpenKeyExA(HKEY_LOCAL_MACHINE, path.constData(), 0, KEY_READ, &key), status);
-            QCOMPARE(key != nullptr, status == LSTATUS(ERROR_SUCCESS));
+            QCOMPARE(key != nullptr, status == ERROR_SUCCESS);
         });
     };
     const LSTATUS found = ERROR_SUCCESS;

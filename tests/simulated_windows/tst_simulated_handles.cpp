@@ -91,7 +91,7 @@ void SimulatedHandlesTest::rootsAreNotListed()
 {
     DWORD size = 0;
     RegQueryValueExA(HKEY_LOCAL_MACHINE, "", nullptr, nullptr, nullptr, &size);
-    QCOMPARE(RegCloseKey(HKEY_LOCAL_MACHINE), LSTATUS(ERROR_SUCCESS));
+    QCOMPARE(RegCloseKey(HKEY_LOCAL_MACHINE), ERROR_SUCCESS);
     QCOMPARE(simulated::openHandles(), QStringList());
     QCOMPARE(simulated::handleMisuses(), QStringList());
 }
@@ -186,7 +186,7 @@ void SimulatedHandlesTest::openKeyOutlivesItsRemoval()
     const HKEY key = openKey("A\\B");
     simulated::machineInUse().registry.root(machine::RegistryRoot::LocalMachine)->removeSubKey(QStringLiteral("A"));
     DWORD size = 0;
-    QCOMPARE(RegQueryValueExW(key, L"", nullptr, nullptr, nullptr, &size), LSTATUS(ERROR_SUCCESS));
+    QCOMPARE(RegQueryValueExW(key, L"", nullptr, nullptr, nullptr, &size), ERROR_SUCCESS);
     QCOMPARE(size, DWORD(4));
     HKEY again = key;
     QCOMPARE(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "A\\B", 0, KEY_READ, &again), LSTATUS(ERROR_FILE_NOT_FOUND));

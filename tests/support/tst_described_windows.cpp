@@ -42,8 +42,8 @@ QStringList subKeys(HKEY key)
 
 QStringList subKeys(HKEY root, const QString &path)
 {
-    const OpenKey key(root, path);
-    return key.handle() ? subKeys(key.handle()) : QStringList();
+    const RegistryKey key = openKeyWide(root, path);
+    return key.get() ? subKeys(key.get()) : QStringList();
 }
 
 QStringList difference(QStringList from, const QStringList &names)
@@ -93,31 +93,31 @@ void DescribedWindowsTest::rootsAreReplaced()
 // Keys that are opened before the roots are replaced belong to the real registry.
 void DescribedWindowsTest::realRegistryIsUnchanged()
 {
-    const OpenKey machine(HKEY_LOCAL_MACHINE, "Software");
-    const OpenKey machineClasses(HKEY_LOCAL_MACHINE, "Software\\Classes");
-    const OpenKey user = OpenKey::owning(currentUser());
-    const OpenKey software(HKEY_CURRENT_USER, "Software");
-    const QStringList machineBefore = subKeys(machine.handle());
-    const QStringList machineClassesBefore = subKeys(machineClasses.handle());
-    const QStringList userBefore = subKeys(user.handle());
-    const QStringList softwareBefore = subKeys(software.handle());
-    const QStringList userClassesBefore = subKeys(software.handle(), "Classes");
+    const RegistryKey machine = openKeyWide(HKEY_LOCAL_MACHINE, "Software");
+    const RegistryKey machineClasses = openKeyWide(HKEY_LOCAL_MACHINE, "Software\\Classes");
+    const RegistryKey user(currentUser());
+    const RegistryKey software = openKeyWide(HKEY_CURRENT_USER, "Software");
+    const QStringList machineBefore = subKeys(machine.get());
+    const QStringList machineClassesBefore = subKeys(machineClasses.get());
+    const QStringList userBefore = subKeys(user.get());
+    const QStringList softwareBefore = subKeys(software.get());
+    const QStringList userClassesBefore = subKeys(software.get(), "Classes");
     QVERIFY(!machineBefore.isEmpty() && !machineClassesBefore.isEmpty() && !userBefore.isEmpty()
             && !softwareBefore.isEmpty());
     {
         const DescribedWindows windows(description());
-        QCOMPARE(subKeys(machine.handle()), machineBefore);
-        QCOMPARE(subKeys(machineClasses.handle()), machineClassesBefore);
-        QCOMPARE(subKeys(user.handle()), userBefore);
-        QCOMPARE(subKeys(software.handle(), "Classes"), userClassesBefore);
-        QCOMPARE(difference(subKeys(software.handle()), softwareBefore),
+        QCOMPARE(subKeys(machine.get()), machineBefore);
+        QCOMPARE(subKeys(machineClasses.get()), machineClassesBefore);
+        QCOMPARE(subKeys(user.get()), userBefore);
+        QCOMPARE(subKeys(software.get(), "Classes"), userClassesBefore);
+        QCOMPARE(difference(subKeys(software.get()), softwareBefore),
                  QStringList(QStringLiteral("vkSystemInfo test %1").arg(GetCurrentProcessId())));
     }
-    QCOMPARE(subKeys(machine.handle()), machineBefore);
-    QCOMPARE(subKeys(machineClasses.handle()), machineClassesBefore);
-    QCOMPARE(subKeys(user.handle()), userBefore);
-    QCOMPARE(subKeys(software.handle(), "Classes"), userClassesBefore);
-    QCOMPARE(subKeys(software.handle()), softwareBefore);
+    QCOMPARE(subKeys(machine.get()), machineBefore);
+    QCOMPARE(subKeys(machineClasses.get()), machineClassesBefore);
+    QCOMPARE(subKeys(user.get()), userBefore);
+    QCOMPARE(subKeys(software.get(), "Classes"), userClassesBefore);
+    QCOMPARE(subKeys(software.get()), softwareBefore);
 }
 
 void DescribedWindowsTest::keysAreVolatile_data()
@@ -148,21 +148,21 @@ void DescribedWindowsTest::keysAreVolatile()
 
 void DescribedWindowsTest::treeOfACrashedProcessIsRemoved()
 {
-    const OpenKey software(HKEY_CURRENT_USER, "Software", KEY_READ | KEY_WRITE);
+    const RegistryKey software = openKeyWide(HKEY_CURRENT_USER, "Software", KEY_READ | KEY_WRITE);
     QString own;
     QStringList roots;
     {
-        const QStringList before = subKeys(software.handle());
+        const QStringList before = subKeys(software.get());
         const DescribedWindows windows(description());
-        own = difference(subKeys(software.handle()), before).join('\n');
-        roots = subKeys(software.handle(), own);
+        own = difference(subKeys(software.get()), before).join('\n');
+        roots = subKeys(software.get(), own);
     }
     QCOMPARE(roots.size(), 3);
     for (const QString &root : qAsConst(roots)) {
         HKEY stale = nullptr;
-        QCOMPARE(RegCreateKeyExW(software.handle(), wide(own + '\\' + root + "\\Stale"), 0, nullptr, REG_OPTION_VOLATILE,
+        QCOMPARE(RegCreateKeyExW(software.get(), wide(own + '\\' + root + "\\Stale"), 0, nullptr, REG_OPTION_VOLATILE,
                                  KEY_WRITE, nullptr, &stale, nullptr),
-                 LSTATUS(ERROR_SUCCESS));
+                 ERROR_SUCCESS);
         RegCloseKey(stale);
     }
     const DescribedWindows windows("");
