@@ -1,4 +1,4 @@
-// precedes machine.h: it removes macros that have the names of members there
+// must precede machine.h: removes macros with the names of its members
 #include "windows_calls.h"
 
 #include "capture_system.h"
@@ -10,7 +10,7 @@ namespace {
 
 using namespace machine;
 
-constexpr DWORD longestPath = 32768; // in units; longer than any path that Windows returns
+constexpr DWORD longestPath = 32768; // in units; no path of Windows is longer
 
 template <typename T>
 Answer<T> failed()
@@ -72,7 +72,7 @@ void productInfo(SystemAnswers &system)
     system.GetProductInfo.emplace();
     if (!system.GetVersionEx)
         return;
-    DWORD type = 0; // asked as the report asks
+    DWORD type = 0; // same arguments as in the report
     if (getProductInfo(system.GetVersionEx->dwMajorVersion, system.GetVersionEx->dwMinorVersion, 0, 0, &type))
         system.GetProductInfo = given(ProductInfoRecord {quint32(type)});
     else
@@ -177,7 +177,7 @@ void drives(SystemAnswers &system)
     SetErrorMode(previous);
 }
 
-/// Only the variables that the report shows: others may hold secrets.
+/// Only the variables that the report shows, because others may contain secrets.
 void environment(SystemAnswers &system)
 {
     for (const char *name : {"OS", "PATH", "HOMEPATH", "TEMP", "PROCESSOR_IDENTIFIER"}) {
@@ -311,8 +311,8 @@ int ansiCodePage(const std::function<void(const QString &)> &note)
     return 1252;
 }
 
-/// Some systems write the registry keys of the display adapters when a program queries the
-/// displays for the first time. A host has done so before it calls the library.
+/// Some systems create the registry keys of the display adapters when a program first queries the
+/// displays, which a host does before it calls the library.
 void wakeDisplays()
 {
     DISPLAY_DEVICEW device = {};

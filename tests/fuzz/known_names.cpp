@@ -15,7 +15,7 @@ const char *const libraryNames[2] = {"dnssd.dll", "vkdnssd.dll"};
 
 namespace {
 
-/// The name whose UTF-16 bytes are these.
+/// The text whose UTF-16LE bytes are \a bytes.
 QString nameOfBytes(const QByteArray &bytes)
 {
     QString name;
@@ -31,7 +31,7 @@ RegistryRoot rootOf(HKEY key)
     return key == HKEY_CURRENT_USER ? RegistryRoot::CurrentUser : RegistryRoot::LocalMachine;
 }
 
-/// What the sections read, and what the functions of driver classes and ports read beside it.
+/// The reads of all sections, and further ones of the functions for driver classes and ports.
 RegistryReads registryReads()
 {
     RegistryReads reads;
@@ -43,7 +43,7 @@ RegistryReads registryReads()
     }
     const QString deviceClass = QStringLiteral("SYSTEM\\CurrentControlSet\\Control\\Class\\0\\");
     const QStringList properties = {"DeviceType", "DeviceCharacteristics"};
-    // Quirk: the name of a driver counts as "Properties" if its bytes begin so.
+    // Quirk: a key counts as "Properties" if the bytes of its name start so.
     for (const QString &name : {QStringLiteral("Properties"), QStringLiteral("?????"), nameOfBytes("Properties")})
         reads.push_back({HKEY_LOCAL_MACHINE, deviceClass + name, properties});
     reads.push_back({HKEY_LOCAL_MACHINE, QStringLiteral("HARDWARE\\DEVICEMAP\\SERIALCOMM"), {"\\Device\\Serial0"}});
@@ -155,7 +155,7 @@ QStringList makeKnownTexts()
              QString(QChar(0)), QString(QChar(0xd800)), QString(QChar(0xdc00)), QString(QChar(0xfeff)),
              QString(QChar(0xfffe)), QString(QChar(0xffff)), QString(QChar(0xfffd)), QString(QChar(0x2028)),
              QString::fromUcs4(U"\U0001f600"),
-             QString(QChar(0x8868)), // ends in the byte of a backslash in 932
+             QString(QChar(0x8868)), // its second byte in code page 932 is that of a backslash
              QString(QChar(0xff71)), QString(QChar(0x0416)), QString(QChar(0x017d)), QString(QChar(0x20ac)),
              QString(QChar(0x0130)), QString(QChar(0x0131)), QString(QChar(0x00df)), QString(QChar(0x00e9)),
              QString(QChar(0x0085)), QString(QChar(0x00a5)), nameOfBytes("Properties")})

@@ -1,5 +1,5 @@
-// What the report reads, by number, so that few bytes of an input can name it. Keys and
-// values come from the section table.
+// Numbers of the keys, values, texts and calls of the report, so that an input names them in a
+// byte. Keys and values come from the section table.
 #pragma once
 
 #include "registry_tree.h"
@@ -12,14 +12,14 @@ struct KnownKey
 {
     machine::RegistryRoot root;
     QString path;
-    std::vector<int> values; // numbers of the values that are read from it; never empty
+    std::vector<int> values; // numbers of the values that the report reads from it; never empty
 };
 
 /// Keys that the report opens; a sub-key that it enumerates is named "0". At most 256.
 const std::vector<KnownKey> &knownKeys();
 /// Values that the report reads; at most 256.
 const QStringList &knownValues();
-/// Texts that are special to the report, to QString::arg() or to a code page; at most 256.
+/// Texts with a meaning for the report, for QString::arg() or in a code page; at most 256.
 const QStringList &knownTexts();
 /// The calls that can fail; at most 256.
 const std::vector<const char *> &knownCalls();
