@@ -68,7 +68,7 @@ void paths()
     row("a tripled backslash", "Alpha\\\\\\Beta", "Alpha, Beta");
     row("a leading backslash", "\\Alpha", "161");
     row("two leading backslashes", "\\\\Alpha", "161");
-    row("a backslash alone", "\\", "161");
+    row("only a backslash", "\\", "161");
     row("a leading backslash before a missing key", "\\Missing", "161");
     row("a missing key: no handle", "Missing", "2");
     row("a missing sub-key: no handle", "Alpha\\Missing", "2");

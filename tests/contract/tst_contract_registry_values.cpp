@@ -52,7 +52,7 @@ void data()
     row("A: a single byte is an empty text", Ansi, "hex(1):41", 16, "0, size 0: ");
     row("A: empty data leaves the buffer unchanged", Ansi, "hex(1):", 16, "0, size 0: ");
     row("A: empty data fits a buffer of 0 bytes", Ansi, "hex(1):", 0, "0, size 0: ");
-    row("A: a terminator alone", Ansi, "hex(1):00,00", 16, "0, size 1: 00");
+    row("A: only a terminator", Ansi, "hex(1):00,00", 16, "0, size 1: 00");
     row("A: text after a null is converted too", Ansi, "hex(1):41,00,00,00,42,00,00,00", 16, "0, size 4: 41004200");
     row("A: text after a null without a terminator", Ansi, "hex(1):41,00,00,00,42,00", 16, "0, size 3: 41004200");
     row("A: REG_EXPAND_SZ is converted and terminated", Ansi, "hex(2):25,00,41,00,25,00", 16, "0, size 3: 25412500");

@@ -53,7 +53,7 @@ void formatRows()
     rows.text("every name", names(eightNames), eightLines.join(QString()));
     for (const Label &label : labels) {
         const QByteArray format = QByteArray::number(int(label.format));
-        rows.text("format " + format + " alone", names('"' + format + "\": \"name\""), QString(label.text) + "name\n");
+        rows.text("only format " + format, names('"' + format + "\": \"name\""), QString(label.text) + "name\n");
         rows.text("format " + format + " empty: its label and blanks", names('"' + format + "\": \"\""),
                   QString(label.text) + "\n");
     }

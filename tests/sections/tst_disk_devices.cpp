@@ -72,13 +72,13 @@ void valueRows()
         rows.text(name, usbKey("\\Stick\\Instance") + values, "Stick\n" + lines + "\n\n");
     };
     row("all, in the order of the table", allValues(), allLines.join(QString()));
-    row("the class alone", textValue("Class", "CDROM"), "   Class:               CDROM\n");
-    row("the description alone", textValue("DeviceDesc", "@disk.inf,%disk%;Disk"),
+    row("only the class", textValue("Class", "CDROM"), "   Class:               CDROM\n");
+    row("only the description", textValue("DeviceDesc", "@disk.inf,%disk%;Disk"),
         "   Device Description:  @disk.inf,%disk%;Disk\n");
-    row("the friendly name alone", textValue("FriendlyName", "Acme"), "   Friendly Name:       Acme\n");
-    row("the location alone", textValue("LocationInformation", "Bus 1"), "   LocationInformation: Bus 1\n");
-    row("the hardware ID alone", textValue("HardwareID", "id"), "   Hardware ID:         id\n");
-    row("the service alone", textValue("Service", "cdrom"), "   Service:             cdrom\n");
+    row("only the friendly name", textValue("FriendlyName", "Acme"), "   Friendly Name:       Acme\n");
+    row("only the location", textValue("LocationInformation", "Bus 1"), "   LocationInformation: Bus 1\n");
+    row("only the hardware ID", textValue("HardwareID", "id"), "   Hardware ID:         id\n");
+    row("only the service", textValue("Service", "cdrom"), "   Service:             cdrom\n");
     row("the first of two hardware IDs", listValue("HardwareID", {"first", "second"}), "   Hardware ID:         first\n");
     row("the first hardware ID is empty", listValue("HardwareID", {"", "second"}),
         "   Hardware ID:         \n");

@@ -69,7 +69,7 @@ void classRows()
     rows.text("no class", classKey(), "");
     rows.text("a class without drivers: its name between two rules", netClass(), rule + QString("Net:\n") + rule);
     rows.text("two classes: one rule between them", second + netClass(), rule + QString("Net:\n") + rule + "Display:\n" + rule);
-    rows.text("a class without a name at index 0: the opening rule alone", classKey("\\{1}"), rule);
+    rows.text("a class without a name at index 0: only the opening rule", classKey("\\{1}"), rule);
     rows.text("a class without a name at index 0 before one with a name", classKey("\\{0}") + netClass(),
               rule + QString("Net:\n") + rule);
     rows.text("a class without a name after one with a name", netClass() + classKey("\\{2}"), rule + QString("Net:\n") + rule);
@@ -106,14 +106,14 @@ void valueRows()
     };
     row("all, in the order of the table", allValues(), allLines);
     row("none", "", "");
-    row("the description alone", textValue("DriverDesc", "x"), "   Driver Description: x\n");
-    row("the version alone", textValue("DriverVersion", "x"), "   Driver Version:     x\n");
-    row("the date alone", textValue("DriverDate", "x"), "   Driver Date:        x\n");
-    row("the provider alone", textValue("ProviderName", "x"), "   Provider Name:      x\n");
-    row("the matching device ID alone", textValue("MatchingDeviceId", "x"), "   Matching Device ID: x\n");
-    row("the inf file alone", textValue("InfPath", "x"), "   InfPath:            x\n");
-    row("the inf section alone", textValue("InfSection", "x"), "   InfSection:         x\n");
-    row("the inf section's extension alone", textValue("InfSectionExt", "x"), "   InfSectionExt:      x\n");
+    row("only the description", textValue("DriverDesc", "x"), "   Driver Description: x\n");
+    row("only the version", textValue("DriverVersion", "x"), "   Driver Version:     x\n");
+    row("only the date", textValue("DriverDate", "x"), "   Driver Date:        x\n");
+    row("only the provider", textValue("ProviderName", "x"), "   Provider Name:      x\n");
+    row("only the matching device ID", textValue("MatchingDeviceId", "x"), "   Matching Device ID: x\n");
+    row("only the inf file", textValue("InfPath", "x"), "   InfPath:            x\n");
+    row("only the inf section", textValue("InfSection", "x"), "   InfSection:         x\n");
+    row("only the inf section's extension", textValue("InfSectionExt", "x"), "   InfSectionExt:      x\n");
     row("the properties of a device class are not shown for a driver",
         numberValue("DeviceType", 7) + numberValue("DeviceCharacteristics", 256), "");
     row("an empty text", textValue("DriverDesc", ""), "   Driver Description: \n");
@@ -222,10 +222,10 @@ void propertyRows()
     addDrivers("a name of which only the high bytes spell Properties is a driver",
                driver("??????????", "a") + bothProperties() + driverKey(highBytesReadProperties), described("a") + '\n' + described("a"));
     addDrivers("the key of question marks is missing: no lines", driverKey(bytesReadProperties) + bothProperties(), "");
-    addDrivers("the device type alone",
+    addDrivers("only the device type",
                driverKey(opened) + numberValue("DeviceType", 0xffffffff) + driverKey(bytesReadProperties),
                heading + "   Device Type:             4294967295 = 0xffffffff\n");
-    addDrivers("the characteristics alone",
+    addDrivers("only the characteristics",
                driverKey(opened) + numberValue("DeviceCharacteristics", 0) + driverKey(bytesReadProperties),
                heading + "   Device Characteristics:  0 = 0x0\n");
     addDrivers("numbers of more than four bytes have no line",

@@ -82,7 +82,7 @@ void nameRows()
     const QStringList plain {".lmdl", ".lmdl2"};
     const QStringList withProject {".lmdl", ".lmdl2", ".vkpj"};
     shown("row 1: Linemodel 9", "Linemodel 9", plain, "Linemodel");
-    shown("row 1: Linemodel alone", "Linemodel", plain, "Linemodel");
+    shown("row 1: only Linemodel", "Linemodel", plain, "Linemodel");
     shown("row 1: V10", "Linemodel V10", withProject, "Linemodel since V10");
     shown("row 1: V10 and more text", "Linemodel V10.4 x64", withProject, "Linemodel since V10");
     shown("row 1: V11.2", "Linemodel V11.2", withProject, "Linemodel since V10");
@@ -98,7 +98,7 @@ void nameRows()
     shown("row 1: a placeholder in the name", "Linemodel %1 %2 %99 %L1", plain, "Linemodel");
     hidden("row 1: linemodel in lower case", "linemodel V10");
     hidden("row 1: LineModel", "LineModel");
-    hidden("row 1: V10 alone", "V10");
+    hidden("row 1: only V10", "V10");
 
     shown("row 2: Q9", "Q9", {".wvp"}, "Q9 Project");
     hidden("row 2: q9 in lower case", "q9");
@@ -144,7 +144,7 @@ void valueRows()
 {
     addValues("all values: lines in the table's order", allValues, allValueLines.join(QString()));
     addValues("no values: the name and an empty line", "", "");
-    addValues("a version alone", "\"Version\"=dword:0a02012c\n", "Version: 10.2.300 (raw value 0xa02012c)\n");
+    addValues("only a version", "\"Version\"=dword:0a02012c\n", "Version: 10.2.300 (raw value 0xa02012c)\n");
     addValues("a version of 0", "\"Version\"=dword:0\n", "Version: 0.0.0 (raw value 0x0)\n");
     addValues("the highest version", "\"Version\"=dword:ffffffff\n", "Version: 255.255.65535 (raw value 0xffffffff)\n");
     addValues("a version of three bytes: the low bytes", hexValue("Version", REG_DWORD, "\x2c\x01\x02"),
@@ -155,16 +155,16 @@ void valueRows()
               "Version: 10.2.300 (raw value 0xa02012c)\n");
     addValues("a version of type REG_SZ: its bytes are the number", "\"Version\"=\"1\"\n", "Version: 0.0.49 (raw value 0x31)\n");
     addValues("a version of type REG_SZ with more than four bytes: no line", "\"Version\"=\"10.2\"\n", "");
-    addValues("advertise flags alone", "\"AdvertiseFlags\"=dword:184\n", "AdvertiseFlags: 0x184\n");
-    addValues("assignment alone", "\"Assignment\"=dword:ab\n", "Assignment: 0xab\n");
-    addValues("deployment flags alone", "\"DeploymentFlags\"=dword:0000000f\n", "DeploymentFlags: 0xf\n");
-    addValues("instance type alone", "\"InstanceType\"=dword:ffffffff\n", "InstanceType: 0xffffffff\n");
-    addValues("language alone", "\"Language\"=dword:409\n", "Language: 0x409\n");
+    addValues("only advertise flags", "\"AdvertiseFlags\"=dword:184\n", "AdvertiseFlags: 0x184\n");
+    addValues("only assignment", "\"Assignment\"=dword:ab\n", "Assignment: 0xab\n");
+    addValues("only deployment flags", "\"DeploymentFlags\"=dword:0000000f\n", "DeploymentFlags: 0xf\n");
+    addValues("only instance type", "\"InstanceType\"=dword:ffffffff\n", "InstanceType: 0xffffffff\n");
+    addValues("only language", "\"Language\"=dword:409\n", "Language: 0x409\n");
     addValues("a number of eight bytes: no line", hexValue("Language", 11, QByteArray(8, '\x01')), "");
     addValues("a short number keeps no bytes of the previous number",
               "\"DeploymentFlags\"=dword:ffffffff\n" + hexValue("InstanceType", REG_DWORD, "\x07"),
               "DeploymentFlags: 0xffffffff\nInstanceType: 0x7\n");
-    addValues("package code alone", "\"PackageCode\"=\"8F2A0C\"\n", "PackageCode: 8F2A0C\n");
+    addValues("only package code", "\"PackageCode\"=\"8F2A0C\"\n", "PackageCode: 8F2A0C\n");
     addValues("an empty package code", "\"PackageCode\"=\"\"\n", "PackageCode: \n");
     addValues("a package code of 0 bytes does not show the name", hexValue("PackageCode", REG_SZ, ""), "PackageCode: \n");
     addValues("a package code with placeholders", "\"PackageCode\"=\"%1%2%99%L1\"\n", "PackageCode: %1%2%99%L1\n");

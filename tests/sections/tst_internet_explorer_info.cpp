@@ -45,7 +45,7 @@ QByteArray versions()
 
 void versionRows()
 {
-    addRow("version alone", textValue("Version", "6.0.2900"), "6.0.2900");
+    addRow("only version", textValue("Version", "6.0.2900"), "6.0.2900");
     addRow("svcVersion precedes Version", versions(), "11.789.19041.0");
     addRow("service version and all service lines", versions() + serviceValues(), "11.789.19041.0",
            updateLine + kbLine + w2kLine);
@@ -141,7 +141,7 @@ void releaseRows()
     addRow("100 without Build", textValue("IVer", "100"), "1.0 (Plus! for Windows 95)");
     addRelease("100, Build is not shown", "100", "520", "1.0 (Plus! for Windows 95)");
     addRow("999 without Build", textValue("IVer", "999"), "IVer = 999 unknwon");
-    addRelease("999 with Build: the placeholder stays, Build is not shown", "999", "520", "IVer = 999 unknwon Build = %1");
+    addRelease("999 with Build: the placeholder is not replaced, Build is not shown", "999", "520", "IVer = 999 unknwon Build = %1");
 }
 
 void comparisonRows()
@@ -163,7 +163,7 @@ void comparisonRows()
                                                                         "101"),
            "IVer = 101 unknwon");
     addRow("placeholders in IVer are not replaced", textValue("IVer", "%1 %2"), "IVer = %1 %2 unknwon");
-    addRelease("placeholders in IVer stay in front of Build", "%1", "520", "IVer = %1 unknwon Build = %1");
+    addRelease("placeholders in IVer are not replaced, with Build", "%1", "520", "IVer = %1 unknwon Build = %1");
     addRelease("placeholders in Build of 103 are not replaced", "103", "%1 %99", "3.<no official released build> (Build: %1 %99)");
     addRelease("placeholders in Build of 102 are not replaced", "102", "%L1", "2.0 (Build %L1) <no official known build number>");
     addRow("service values are not read", textValue("IVer", "100") + textValue("svcVersion", "11.0") + serviceValues(),
@@ -210,7 +210,7 @@ void callRows()
         {"Version 2048", "svcVersion 2048", "svcUpdateVersion 2048", "svcKBNumber 2048", "W2kVersion 2048"});
     row("service version without service values", versions(),
         {"Version 2048", "svcVersion 2048", "svcUpdateVersion 2048", "svcKBNumber 2048", "W2kVersion 2048"});
-    row("version alone", textValue("Version", "9.0") + serviceValues(), {"Version 2048", "svcVersion 2048"});
+    row("only version", textValue("Version", "9.0") + serviceValues(), {"Version 2048", "svcVersion 2048"});
     row("neither version nor IVer", textValue("Build", "520"), {"Version 2048", "IVer 2048"});
     row("Build with the size of IVer", textValue("IVer", "102") + textValue("Build", "520"),
         {"Version 2048", "IVer 2048", "Build 4"});

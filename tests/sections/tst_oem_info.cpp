@@ -35,7 +35,7 @@ void addRow(const char *name, const QByteArray &values, const QString &lines)
 
 void valueRows()
 {
-    addRow("the manufacturer alone", textValue("Manufacturer", "Example Inc."), maker);
+    addRow("only the manufacturer", textValue("Manufacturer", "Example Inc."), maker);
     addRow("no manufacturer: the model", textValue("Model", "Example 500"), model);
     addRow("empty texts: only the labels", textValue("Manufacturer", "") + textValue("Model", ""),
            "Manufacturer:     \nModel:     \n");

@@ -195,7 +195,7 @@ void OpenGLVersionTest::versionOfFlags_data()
     QTest::newRow("1.1 to 1.5: the highest") << 0x1f << "probed | 31 | 1 | 5 | OpenGL 1.5";
     QTest::newRow("a flag that is not in the table") << 0x100000 << "probed | 1048576 | -1 | -1 | not recognized";
     QTest::newRow("a flag that is not in the table and one that is") << 0x100002 << "probed | 1048578 | 1 | 2 | OpenGL 1.2";
-    QTest::newRow("the sign bit alone")
+    QTest::newRow("only the sign bit")
         << std::numeric_limits<int>::min() << "probed | -2147483648 | -1 | -1 | not recognized";
     QTest::newRow("all bits") << -1 << "probed | -1 | 4 | 3 | OpenGL 4.3";
 }

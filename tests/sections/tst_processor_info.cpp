@@ -101,7 +101,7 @@ void maskRows()
          "                            Processor #1\n"
          "                            Processor #2\n"
          "                            Processor #3\n");
-    mask("processor 0 alone", "1", "Processor #0\n");
+    mask("only processor 0", "1", "Processor #0\n");
     mask("the first active processor is not number 0", "\"0x28\"",
          "Processor #3\n                            Processor #5\n");
     mask("processor 31 is listed", "\"0x80000000\"", "Processor #31\n");

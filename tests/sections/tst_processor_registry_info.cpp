@@ -46,12 +46,12 @@ void addRow(const char *name, const QByteArray &values, const QString &lines)
 
 void singleValueRows()
 {
-    addRow("the name alone", textValue("ProcessorNameString", "Example CPU @ 2.593GHz"), nameLine);
-    addRow("the vendor alone", textValue("VendorIdentifier", "GenuineExample"), vendorLine);
-    addRow("the identifier alone", textValue("Identifier", "Family 6 Model 158"), identifierLine);
-    addRow("the MMX identifier alone", textValue("MMXIdentifier", "MMX"), mmxLine);
-    addRow("the frequency alone", numberValue("~MHZ", 2593), frequencyLine);
-    addRow("the features alone", numberValue("FeatureSet", 0xbfebfbff), featureLine);
+    addRow("only the name", textValue("ProcessorNameString", "Example CPU @ 2.593GHz"), nameLine);
+    addRow("only the vendor", textValue("VendorIdentifier", "GenuineExample"), vendorLine);
+    addRow("only the identifier", textValue("Identifier", "Family 6 Model 158"), identifierLine);
+    addRow("only the MMX identifier", textValue("MMXIdentifier", "MMX"), mmxLine);
+    addRow("only the frequency", numberValue("~MHZ", 2593), frequencyLine);
+    addRow("only the features", numberValue("FeatureSet", 0xbfebfbff), featureLine);
     addRow("value names are case-insensitive", numberValue("~MHz", 2593) + textValue("PROCESSORNAMESTRING", "x"),
            "ProcessorNameString:  x\n" + frequencyLine);
     addRow("an empty text: only the label", textValue("VendorIdentifier", ""), "VendorIdentifier:     \n");
@@ -107,7 +107,7 @@ void textRows()
            QString("Identifier:           ") + QChar(0xae) + "\n");
     addRow("a byte that is not UTF-8 becomes U+FFFD", binaryValue("Identifier", "\xae!"),
            QString("Identifier:           ") + QChar(0xfffd) + "!\n");
-    addRow("blanks stay", textValue("ProcessorNameString", "  Example  CPU  "), "ProcessorNameString:    Example  CPU  \n");
+    addRow("blanks are not removed", textValue("ProcessorNameString", "  Example  CPU  "), "ProcessorNameString:    Example  CPU  \n");
 }
 
 void sizeRows()

@@ -46,7 +46,7 @@ void QtSystemEnvironmentTest::wholeEnvironment_data()
            "  B=1\n"
            "  a=2\n"
            "  A=3\n";
-    QTest::newRow("placeholders of several entries stay")
+    QTest::newRow("placeholders of several entries are not replaced")
         << QStringList({"B=%1", "%2=%3"})
         << "System environemnt (QProcess::systemEnvironment()):\n"
            "  B=%1\n"

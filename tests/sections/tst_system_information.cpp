@@ -33,11 +33,11 @@ void addRow(const char *name, const QByteArray &values, const QString &lines)
 
 void singleValueRows()
 {
-    addRow("the BIOS date alone", textValue("BIOSReleaseDate", "07/19/2021"), "BIOSReleaseDate:     07/19/2021\n");
-    addRow("the BIOS version alone", textValue("BIOSVersion", "V5.0"), "BIOSVersion:         V5.0\n");
-    addRow("the manufacturer alone", textValue("SystemManufacturer", "Example Inc."), "SystemManufacturer:  Example Inc.\n");
-    addRow("the product alone", textValue("SystemProductName", "Example 500"), "SystemProductName:   Example 500\n");
-    addRow("the source alone", numberValue("InformationSource", 1), "InformationSource:   1 \n");
+    addRow("only the BIOS date", textValue("BIOSReleaseDate", "07/19/2021"), "BIOSReleaseDate:     07/19/2021\n");
+    addRow("only the BIOS version", textValue("BIOSVersion", "V5.0"), "BIOSVersion:         V5.0\n");
+    addRow("only the manufacturer", textValue("SystemManufacturer", "Example Inc."), "SystemManufacturer:  Example Inc.\n");
+    addRow("only the product", textValue("SystemProductName", "Example 500"), "SystemProductName:   Example 500\n");
+    addRow("only the source", numberValue("InformationSource", 1), "InformationSource:   1 \n");
     addRow("an empty text: only the label", textValue("BIOSVersion", ""), "BIOSVersion:         \n");
 }
 

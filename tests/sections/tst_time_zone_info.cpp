@@ -39,14 +39,14 @@ QString biasLine(const char *shown)
 
 void singleValueRows()
 {
-    addRow("the active bias alone", numberValue("ActiveTimeBias", 300), "ActiveTimeBias: 300 min (offset to UTC)\n");
-    addRow("the bias alone", numberValue("Bias", 300), biasLine("300"));
-    addRow("the daylight bias alone", numberValue("DaylightBias", 300),
+    addRow("only the active bias", numberValue("ActiveTimeBias", 300), "ActiveTimeBias: 300 min (offset to UTC)\n");
+    addRow("only the bias", numberValue("Bias", 300), biasLine("300"));
+    addRow("only the daylight bias", numberValue("DaylightBias", 300),
            "DaylightBias:   300 min (additional offset if daylight saving is active)\n");
-    addRow("the standard bias alone", numberValue("StandardBias", 300),
+    addRow("only the standard bias", numberValue("StandardBias", 300),
            "StandardBias:   300 min (additional offset if no daylight saving is active)\n");
-    addRow("the daylight name alone", textValue("DaylightName", "Summer"), "DaylightName:   Summer\n");
-    addRow("the standard name alone", textValue("StandardName", "Winter"), "StandardName:   Winter\n");
+    addRow("only the daylight name", textValue("DaylightName", "Summer"), "DaylightName:   Summer\n");
+    addRow("only the standard name", textValue("StandardName", "Winter"), "StandardName:   Winter\n");
 }
 
 void biasRows()
@@ -77,7 +77,7 @@ void numberBufferRows()
            numberValue("ActiveTimeBias", 0xffffffc4) + binaryValue("DaylightBias", ""),
            "ActiveTimeBias: -60 min (offset to UTC)\n"
            "DaylightBias:   -60 min (additional offset if daylight saving is active)\n");
-    addRow("a bias of two bytes alone", binaryValue("Bias", "\x2c\x01"), biasLine("300"));
+    addRow("only a bias of two bytes", binaryValue("Bias", "\x2c\x01"), biasLine("300"));
     addRow("a bias that does not fit leaves the variable unchanged",
            numberValue("ActiveTimeBias", 60) + binaryValue("Bias", QByteArray(8, '\x7f')) + binaryValue("StandardBias", ""),
            "ActiveTimeBias: 60 min (offset to UTC)\n"

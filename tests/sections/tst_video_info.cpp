@@ -70,7 +70,7 @@ void walkRows()
               "0000\n0001\n   Driver Date: b\n0001\n   Driver Date: b\n");
     rows.text("0000, 0001 and Video: each block once",
               videoKey("\\{A}\\0000") + videoKey("\\{A}\\0001") + videoKey("\\{A}\\Video"), "0000\n0001\n");
-    rows.text("Video alone: the service alone", service, "### Service: acmegfx\n");
+    rows.text("only Video: only the service", service, "### Service: acmegfx\n");
     rows.text("Video without a service", videoKey("\\{A}\\Video") + textValue("Device Description", "x"), "");
     rows.text("VIDEO: the service, and not a configuration",
               videoKey("\\{A}\\VIDEO") + textValue("Service", "s") + textValue("DriverDate", "1") + videoKey("\\{A}\\0000"),
@@ -130,12 +130,12 @@ void valueRows()
 {
     addValues("all, in the order of the table", allValues(), allLines.join(QString()));
     addValues("none", "", "");
-    addValues("device description alone", textValue("Device Description", "x"), "   Device Description: x\n");
-    addValues("driver description alone", textValue("DriverDesc", "x"), "   Driver Description: x\n");
-    addValues("driver version alone", textValue("DriverVersion", "x"), "   Driver Version: x\n");
-    addValues("driver date alone", textValue("DriverDate", "x"), "   Driver Date: x\n");
-    addValues("provider alone", textValue("ProviderName", "x"), "   Provider Name: x\n");
-    addValues("release version alone", textValue("ReleaseVersion", "x"), "   Release Version: x\n");
+    addValues("only device description", textValue("Device Description", "x"), "   Device Description: x\n");
+    addValues("only driver description", textValue("DriverDesc", "x"), "   Driver Description: x\n");
+    addValues("only driver version", textValue("DriverVersion", "x"), "   Driver Version: x\n");
+    addValues("only driver date", textValue("DriverDate", "x"), "   Driver Date: x\n");
+    addValues("only provider", textValue("ProviderName", "x"), "   Provider Name: x\n");
+    addValues("only release version", textValue("ReleaseVersion", "x"), "   Release Version: x\n");
     addValues("a character outside the code page", textValue("DriverDesc", QString(QChar(0x4e00))),
               QString("   Driver Description: ") + QChar(0x4e00) + '\n');
     addValues("U+FEFF is a character", textValue("DriverDesc", QChar(0xfeff) + QString("x")),
@@ -265,10 +265,10 @@ void memoryRows()
 
 void numberRows()
 {
-    addValues("OpenGL version alone", numberValue("OpenGLVersion", 16), "   OpenGL Version: 16 = 0x10\n");
-    addValues("OpenGL version of WoW alone", numberValue("OpenGLVersionWoW", 16), "   OpenGL Version WoW: 16 = 0x10\n");
-    addValues("OpenGL flags alone", numberValue("OpenGLFlags", 16), "   OpenGL Flags: 16 = 0x10\n");
-    addValues("OpenGL flags of WoW alone", numberValue("OpenGLFlagsWoW", 16), "   OpenGL Flags WoW: 16 = 0x10\n");
+    addValues("only OpenGL version", numberValue("OpenGLVersion", 16), "   OpenGL Version: 16 = 0x10\n");
+    addValues("only OpenGL version of WoW", numberValue("OpenGLVersionWoW", 16), "   OpenGL Version WoW: 16 = 0x10\n");
+    addValues("only OpenGL flags", numberValue("OpenGLFlags", 16), "   OpenGL Flags: 16 = 0x10\n");
+    addValues("only OpenGL flags of WoW", numberValue("OpenGLFlagsWoW", 16), "   OpenGL Flags WoW: 16 = 0x10\n");
     addValues("0", numberValue("OpenGLFlags", 0), "   OpenGL Flags: 0 = 0x0\n");
     addValues("the largest number: unsigned, hexadecimal digits in lower case", numberValue("OpenGLFlags", 0xffffffff),
               "   OpenGL Flags: 4294967295 = 0xffffffff\n");

@@ -49,7 +49,7 @@ void valueRows()
     QStringList failureNames;
     for (const Value &value : values) {
         const QString line = QString(value.label) + value.text + "\n";
-        addRow(value.name + QByteArray(" alone"), textValue(value.name, value.text), line);
+        addRow(QByteArray("only ") + value.name, textValue(value.name, value.text), line);
         addRow(value.name + QByteArray(" empty: its label and blanks"), textValue(value.name, ""), value.label + QString("\n"));
         allValues.prepend(textValue(value.name, value.text));
         queries += value.name + QString(" 2048");
