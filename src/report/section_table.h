@@ -11,7 +11,7 @@ namespace SystemInfo {
 enum class Part {
     Windows, ///< the Windows half
     Qt,      ///< the Qt half
-    OpenGL,  ///< left out if the host requests no OpenGL
+    OpenGL,  ///< left out if noOpenGL is true
 };
 
 enum class Followed {
@@ -19,25 +19,25 @@ enum class Followed {
     BySeparator,
 };
 
-/// A section of the report. The report, vkreplay, vkcapture, the benchmark and the tests walk
-/// the table of sections.
+/// A section of the report. The report, vkreplay, vkcapture, the benchmark and the tests iterate
+/// over the table of sections.
 struct Section
 {
-    /// Base name of its source file and of its test.
+    /// The source is FILE.cpp, the test tst_FILE.cpp.
     const char *file;
-    /// Distinguishes the sections of one file; null if it has one section only. The golden text
+    /// Distinguishes the sections of one file; null if the file has one section. The golden text
     /// is FILE.txt or FILE_VARIANT.txt.
     const char *variant;
-    /// Name on the command line: that of its function. An argument of the function follows
-    /// after a colon: "portsFromRegistry:SERIALCOMM".
+    /// Name for --section. If the function has an argument, it follows after a colon:
+    /// "portsFromRegistry:SERIALCOMM".
     const char *name;
     QString (*text)();
-    /// The start of the text, which no failing query removes. Quirk: someEnvironmentVariables()
-    /// returns an empty text if it cannot allocate memory.
+    /// The first characters of the text. They do not depend on any call. Quirk:
+    /// someEnvironmentVariables() returns an empty text if it cannot allocate memory.
     const char *heading;
     Part part;
     Followed followed;
-    /// What the section reads from the registry; null if it reads nothing.
+    /// What the section reads from the registry; null if the section does not read the registry.
     RegistryReads (*reads)() = nullptr;
 };
 

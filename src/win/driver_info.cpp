@@ -30,7 +30,7 @@ QString classesPath()
     return QStringLiteral("SYSTEM\\CurrentControlSet\\Control\\Class");
 }
 
-void appendRule(QString &text)
+void appendDashLine(QString &text)
 {
     appendLine(text, QStringLiteral("----------------------------"));
 }
@@ -46,20 +46,20 @@ void appendDriverLines(QString &text, HKEY key)
 
 void appendPropertyLines(QString &text, HKEY key)
 {
-    NumberBuffer number; // Quirk: both values share it; a short second one keeps bytes of the first.
+    NumberBuffer number; // Quirk: both values use it. A second value of fewer than 4 bytes keeps high bytes of the first.
     for (const Value &value : propertyValues)
         appendNumberLine(text, key, value, number);
 }
 
-/// Quirk: compares the wide name as char. Of a name in Latin letters only the first letter
-/// counts, so "Properties" itself never matches.
+/// Quirk: compares the bytes of the UTF-16 name with an 8-bit string. The second byte of an ASCII
+/// letter is 0 and ends the comparison, so the name "Properties" never matches.
 bool isProperties(const wchar_t *name)
 {
     return qstricmp(reinterpret_cast<const char *>(name), "Properties") == 0;
 }
 
-/// Appends the drivers of a class. An empty line follows each driver that has lines and
-/// is not the last.
+/// Appends the driver keys of a class. If a key has value lines, an empty line precedes the next key
+/// that can be opened.
 void appendDriverBlocks(QString &text, HKEY deviceClass, const QString &classPath)
 {
     bool wroteLine = false;
@@ -89,7 +89,7 @@ void appendClassBlock(QString &text, HKEY deviceClass, const QString &classPath)
         return;
     appendLine(text, "%1:", buffer.view());
     appendDriverBlocks(text, deviceClass, classPath);
-    appendRule(text);
+    appendDashLine(text);
 }
 
 } // namespace
@@ -118,8 +118,8 @@ QString driverInfoFromRegistry()
         const RegistryKey deviceClass = openKey(HKEY_LOCAL_MACHINE, classPath);
         if (!deviceClass)
             continue;
-        if (i == 0) // Quirk: if the first class cannot be opened, no rule precedes the list.
-            appendRule(text);
+        if (i == 0) // Quirk: if the first class cannot be opened, no line of dashes precedes the list.
+            appendDashLine(text);
         appendClassBlock(text, deviceClass.get(), classPath);
     }
     return text;

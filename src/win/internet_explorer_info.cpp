@@ -55,8 +55,9 @@ QString release102(const TextBuffer &build)
         + (known ? QStringLiteral(" Windows 95") : QStringLiteral(" <no official known build number>"));
 }
 
-/// Names the release by "IVer" and "Build"; \a build is null if "Build" cannot be read.
-/// Quirk: blanks are missing, "unknwon" is misspelt, and nothing replaces the last %1.
+/// Returns the release name for the values "IVer" and "Build"; \a build is null if "Build" cannot be
+/// read. Quirk: no space precedes "<could not read"; "unknwon" is misspelt; the last %1 is not
+/// replaced.
 QString releaseOf(const TextBuffer &iver, const TextBuffer *build)
 {
     const QString unreadable = QStringLiteral("<could not read build number>");
@@ -72,9 +73,9 @@ QString releaseOf(const TextBuffer &iver, const TextBuffer *build)
     return QStringLiteral("IVer = %1 unknwon").arg(iver.text()) + (build ? QStringLiteral(" Build = %1") : QString());
 }
 
-/// The text of the "Version:" line if there is no value "Version". Quirk: \a size carries
-/// over from the query of "Version" to "IVer" and from there to "Build", so a "Build"
-/// longer than "IVer" cannot be read.
+/// The text of the "Version:" line if "Version" cannot be read. Quirk: the query of "IVer" sets
+/// \a size to the size of "IVer", and the query of "Build" uses this size. A longer "Build" cannot
+/// be read.
 QString oldVersion(HKEY key, TextBuffer &buffer, DWORD &size)
 {
     if (!buffer.query(key, iverValue, size))
@@ -100,7 +101,7 @@ QString internetExplorerInfo()
     appendLine(text, QStringLiteral("Internet Explorer information from Registry"));
     const RegistryKey key = openKey(HKEY_LOCAL_MACHINE, keyPath());
     if (!key) {
-        // Quirk: nothing replaces the %1, and neither the bracket nor the line ends.
+        // Quirk: the %1 is not replaced; the closing '>' and the line feed are missing.
         append(text, QStringLiteral("<failed to open registry key '%1'"));
         return text;
     }

@@ -1,9 +1,10 @@
 // Owner of a registry key, and the buffers that values and names are read into. Sections
 // read the registry through them only.
 //
-// Failure rules: a key that cannot be opened is null; a query that fails returns false and
-// leaves the buffer unchanged. The type of a value is not checked. Nothing is read beyond
-// a buffer.
+// Failure rules: a key that cannot be opened is null, and a failed query returns false. Quirk:
+// what a failed call leaves in a buffer can show in a later text; Windows leaves the buffer
+// unchanged if the data do not fit. The type of a value is not checked. Nothing is read beyond a
+// buffer.
 #pragma once
 
 #include <QtCore/QString>
@@ -16,7 +17,7 @@ namespace velkor {
 namespace SystemInfo {
 namespace WinSysInfo {
 
-/// Size in bytes of every text buffer, and the initial size of each query.
+/// The size in bytes that queries of strings pass to Windows.
 constexpr DWORD valueBufferSize = 2048;
 
 struct KeyCloser
@@ -37,14 +38,15 @@ class TextBuffer
 public:
     /// RegQueryValueExA with the size of the buffer.
     bool query(HKEY key, const char *valueName);
-    /// RegQueryValueExA with \a size, which is updated.
+    /// RegQueryValueExA with \a size, at most that of the buffer. The call stores the size of the
+    /// value in \a size, also if the buffer is too small.
     bool query(HKEY key, const char *valueName, DWORD &size);
     /// RegEnumKeyExA.
     bool enumerateKey(HKEY key, DWORD index);
-    /// RegEnumKeyA, which does not return the size.
+    /// Like enumerateKey(), by RegEnumKeyA: the calls of a section are part of the format.
     bool enumerateKeyByRegEnumKeyA(HKEY key, DWORD index);
 
-    /// The size that the last successful query returned.
+    /// In bytes. Only query() sets it.
     DWORD size() const { return m_size; }
     const char *data() const { return m_bytes; }
     /// Up to the first null, as UTF-8.
@@ -53,14 +55,15 @@ public:
 private:
     friend bool enumerateValue(HKEY key, DWORD index, TextBuffer &name, TextBuffer &data);
 
-    char m_bytes[valueBufferSize + 1] = {}; // the last one is never written: a terminator
+    char m_bytes[valueBufferSize + 1] = {}; // the last byte is never written and stays 0
     DWORD m_size = 0;
 };
 
 /// RegEnumValueA with the sizes of both buffers.
 bool enumerateValue(HKEY key, DWORD index, TextBuffer &name, TextBuffer &data);
 
-/// UTF-16 text of one value. Not zeroed, for speed; query() terminates the data instead.
+/// UTF-16 text of one value. The constructor does not zero the buffer, for speed; query() appends
+/// null characters to the data.
 class WideTextBuffer
 {
 public:
@@ -80,7 +83,8 @@ public:
     QString text(DWORD units) const;
 
 private:
-    // Twice the size that is read: parsers treat byte counts as units.
+    // Twice the size that query() reads: registryWideMultiStringToList() gets a count of bytes and
+    // uses it as a count of units.
     wchar_t m_units[valueBufferSize + 1];
     DWORD m_size = 0;
     DWORD m_type = 0;
@@ -123,7 +127,7 @@ private:
 bool queryNumber64(HKEY key, const char *valueName, quint64 &number);
 
 /// UTF-16 text of a platform buffer up to its first null, at most \a size units.
-/// A byte-order mark is a character like any other.
+/// A byte-order mark is kept.
 QString wideText(const wchar_t *buffer, DWORD size);
 /// Exactly \a units units of a platform buffer.
 QString wideUnits(const wchar_t *buffer, DWORD units);
