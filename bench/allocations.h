@@ -1,4 +1,4 @@
-// What was allocated, where count_allocations is loaded before the C library.
+// What count_allocations counts.
 #pragma once
 
 #include <cstddef>
@@ -7,16 +7,10 @@ namespace bench {
 
 struct Allocations
 {
-    std::size_t count;     // calls of malloc, calloc, realloc and the like
-    std::size_t live;      // bytes that are allocated, as the blocks' usable sizes
-    std::size_t peak;      // the most of these since startPeak(); a block that grows counts once
-    std::size_t peakMoved; // the same where a block that moves as it grows counts twice at that moment
+    std::size_t count = 0;     // calls of malloc, calloc, realloc and the like
+    std::size_t live = 0;      // allocated bytes, as the usable sizes of the blocks
+    std::size_t peak = 0;      // the highest `live`; a block that realloc moves counts once
+    std::size_t peakMoved = 0; // the same; both blocks count while realloc moves one
 };
-
-/// Null where nobody counts.
-Allocations *allocations();
-
-/// The peaks start from what is live.
-void startPeak();
 
 } // namespace bench

@@ -1,30 +1,13 @@
-// A recording as a program that makes the same calls again and does nothing else.
+// Makes recorded calls again, and does nothing else.
 #pragma once
 
-#include "recording.h"
+#include "recordings.h"
 
 namespace bench {
 
-struct CallPlayer; // handles and buffers
-struct Step;
-
-/// Calls of the sections with the arguments that they gave, spelled out before so
-/// that play() converts nothing. Buffers have the sections' sizes; they are neither
-/// cleared nor read. Every key, library and piece of memory is given back where the
-/// sections give it back.
-class CallList
-{
-public:
-    explicit CallList(const std::vector<Call> &calls);
-    ~CallList();
-    CallList(CallList &&other) noexcept;
-
-    void play() const;
-    std::size_t size() const;
-
-private:
-    std::vector<Step> m_steps;
-    std::size_t m_slots = 0;
-};
+/// Returns a function that makes \a calls with the same arguments. makeCallList() converts the
+/// arguments; the function only passes them. It passes the sections' buffer sizes and neither
+/// clears nor reads a buffer. It closes and frees what the sections close and free.
+std::function<void()> makeCallList(const Calls &calls);
 
 } // namespace bench

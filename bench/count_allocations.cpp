@@ -1,5 +1,5 @@
-// Loaded by LD_PRELOAD: counts what the process allocates. One thread at a time is
-// counted right; threads of drivers may be lost.
+// Counts the allocations of a process that LD_PRELOAD loads it into. The counters are not
+// synchronised: allocations of several threads at the same time may be lost.
 
 #include "allocations.h"
 

@@ -8,7 +8,6 @@ namespace {
 
 using machine::Machine;
 using machine::RegistryKey;
-using machine::RegistryRoot;
 using KeyPointer = std::shared_ptr<RegistryKey>;
 
 std::vector<KeyPointer> subKeys(const RegistryKey &key)
@@ -19,111 +18,84 @@ std::vector<KeyPointer> subKeys(const RegistryKey &key)
     return keys;
 }
 
-/// Each sub-key as often as \a factor says. The copies' names end with their number,
-/// which takes the place of as many letters, so that all are of one length.
-std::size_t multiplySubKeys(const KeyPointer &parent, std::size_t factor)
+/// Copies each sub-key. The name of a copy ends with its number in place of as many letters,
+/// so that all names have one length.
+std::size_t multiplySubKeys(RegistryKey &parent, std::size_t factor)
 {
-    const std::vector<KeyPointer> originals = parent ? subKeys(*parent) : std::vector<KeyPointer>();
-    for (const KeyPointer &original : originals) {
-        for (std::size_t i = 1; i < factor; ++i) {
-            const QString number = QStringLiteral("%1").arg(i, 3, 10, QLatin1Char('0'));
-            const QString start = original->name().size() > 8 ? original->name().chopped(3) : original->name();
-            copyKey(*original, *parent->createSubKey(start + number));
-        }
+    for (const KeyPointer &original : subKeys(parent)) {
+        const QString start = original->name().size() > 8 ? original->name().chopped(3) : original->name();
+        for (std::size_t i = 1; i < factor; ++i)
+            copyKey(*original, *parent.createSubKey(start + QStringLiteral("%1").arg(i, 3, 10, QLatin1Char('0'))));
     }
-    return parent ? parent->subKeyCount() : 0;
+    return parent.subKeyCount();
 }
 
-KeyPointer machineKey(const Machine &machine, const QString &path)
+constexpr char classes[] = R"(HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Control\Class)";
+constexpr char scsi[] = R"(HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Enum\SCSI)";
+constexpr char usbStorage[] = R"(HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Enum\USBSTOR)";
+constexpr char machineProducts[] = R"(HKEY_CLASSES_ROOT\Installer\Products)";
+constexpr char userProducts[] = R"(HKEY_CURRENT_USER\Software\Microsoft\Installer\Products)";
+constexpr char video[] = R"(HKEY_LOCAL_MACHINE\SYSTEM\CurrentControlSet\Control\Video)";
+
+RegistryKey &keyAt(const Machine &machine, const char *path)
 {
-    return machine::findKey(machine.registry.root(RegistryRoot::LocalMachine), path);
+    return *createKey(machine.registry, QLatin1String(path));
 }
 
-KeyPointer classesKey(const Machine &machine)
+template <const char *...Paths>
+std::size_t growKeys(Machine &machine, std::size_t factor)
 {
-    return machineKey(machine, QStringLiteral("SYSTEM\\CurrentControlSet\\Control\\Class"));
-}
-
-std::size_t growClasses(Machine &machine, std::size_t factor)
-{
-    return multiplySubKeys(classesKey(machine), factor);
+    return (multiplySubKeys(keyAt(machine, Paths), factor) + ...);
 }
 
 std::size_t growDrivers(Machine &machine, std::size_t factor)
 {
     std::size_t count = 0;
-    for (const KeyPointer &deviceClass : subKeys(*classesKey(machine)))
-        count += multiplySubKeys(deviceClass, factor);
+    for (const KeyPointer &deviceClass : subKeys(keyAt(machine, classes)))
+        count += multiplySubKeys(*deviceClass, factor);
     return count;
 }
 
-std::size_t growDevices(Machine &machine, std::size_t factor)
-{
-    const QString enumerators = QStringLiteral("SYSTEM\\CurrentControlSet\\Enum\\");
-    return multiplySubKeys(machineKey(machine, enumerators + QStringLiteral("SCSI")), factor)
-        + multiplySubKeys(machineKey(machine, enumerators + QStringLiteral("USBSTOR")), factor);
-}
-
-std::size_t growProducts(Machine &machine, std::size_t factor)
-{
-    const QString products = QStringLiteral("Installer\\Products");
-    const auto &registry = machine.registry;
-    return multiplySubKeys(machine::findKey(registry.root(RegistryRoot::ClassesRoot), products), factor)
-        + multiplySubKeys(machine::findKey(registry.root(RegistryRoot::CurrentUser),
-                                           QStringLiteral("Software\\Microsoft\\") + products),
-                          factor);
-}
-
-std::size_t growDisplayAdapters(Machine &machine, std::size_t factor)
-{
-    return multiplySubKeys(machineKey(machine, QStringLiteral("SYSTEM\\CurrentControlSet\\Control\\Video")), factor);
-}
-
-/// Repeats a list, \a maximum items at most.
+/// Repeats the items of \a list in their order.
 template <typename List>
-std::size_t repeat(List &list, std::size_t factor, std::size_t maximum)
+std::size_t repeat(List &list, std::size_t count)
 {
-    const List original = list;
-    const std::size_t wanted = std::min(factor * original.size(), maximum);
-    while (list.size() < wanted)
-        list.push_back(original[list.size() % original.size()]);
+    const std::size_t period = list.size();
+    while (list.size() < count)
+        list.push_back(typename List::value_type(list[list.size() - period]));
     return list.size();
 }
 
 std::size_t growNetworkAdapters(Machine &machine, std::size_t factor)
 {
-    return repeat(*machine.system.GetAdaptersInfo.value, factor, 100000);
+    auto &adapters = *machine.system.GetAdaptersInfo.value;
+    return repeat(adapters, factor * adapters.size());
 }
 
 std::size_t growModules(Machine &machine, std::size_t factor)
 {
     constexpr std::size_t maximum = 1024;
-    return repeat(*machine.system.EnumProcessModules.value, factor, maximum);
+    auto &modules = *machine.system.EnumProcessModules.value;
+    return repeat(modules, std::min(factor * modules.size(), maximum));
 }
 
 std::size_t growAll(Machine &machine, std::size_t factor)
 {
-    std::size_t count = 0;
-    for (const auto grow : {growClasses, growDevices, growProducts, growDisplayAdapters, growNetworkAdapters})
-        count += grow(machine, factor);
-    return count;
+    return growKeys<classes, scsi, usbStorage, machineProducts, userProducts, video>(machine, factor)
+        + growNetworkAdapters(machine, factor);
 }
 
 } // namespace
 
-const std::vector<GrowthKind> &growthKinds()
-{
-    static const std::vector<GrowthKind> kinds = {
-        {"classes", growClasses},
-        {"drivers", growDrivers},
-        {"devices", growDevices},
-        {"products", growProducts},
-        {"display adapters", growDisplayAdapters},
-        {"network adapters", growNetworkAdapters},
-        {"modules", growModules},
-        {"all", growAll},
-    };
-    return kinds;
-}
+const std::vector<GrowthKind> growthKinds = {
+    {"classes", growKeys<classes>},
+    {"drivers", growDrivers},
+    {"devices", growKeys<scsi, usbStorage>},
+    {"products", growKeys<machineProducts, userProducts>},
+    {"display adapters", growKeys<video>},
+    {"network adapters", growNetworkAdapters},
+    {"modules", growModules},
+    {"all", growAll},
+};
 
 } // namespace bench

@@ -1,24 +1,21 @@
-// machines/workstation with more of everything.
+// A machine with more of one kind of thing.
 #pragma once
 
 #include "machine.h"
 
-#include <QtCore/QByteArray>
 #include <vector>
 
 namespace bench {
 
-/// What there can be more of.
 struct GrowthKind
 {
     const char *name;
-    /// Multiplies the items by \a factor; how many there are then.
+    /// Multiplies the things by \a factor. Returns how many there are then.
     std::size_t (*grow)(machine::Machine &machine, std::size_t factor);
 };
 
-/// "classes", "drivers", "devices", "products", "display adapters",
-/// "network adapters", "modules" (1024 at most, as the report lists no more), "all" (but
-/// the modules).
-const std::vector<GrowthKind> &growthKinds();
+/// The kinds of things in machines/workstation, and at last "all" of them but modules: the
+/// report lists 1024 modules at most.
+extern const std::vector<GrowthKind> growthKinds;
 
 } // namespace bench

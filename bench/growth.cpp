@@ -1,12 +1,9 @@
 #include "growth.h"
 
-#include "allocations.h"
-#include "figures.h"
 #include "baselines.h"
+#include "costs.h"
 #include "grown_machine.h"
-#include "instructions.h"
 #include "machine_loader.h"
-#include "simulated_windows.h"
 #include "vkSystemInfo.h"
 
 #include <cmath>
@@ -14,112 +11,65 @@
 namespace bench {
 namespace {
 
-struct Cost
-{
-    double items = 0;
-    double calls = 0;
-    double textBytes = 0;
-    double allocations = 0;
-    double peak = 0;
-    double peakMoved = 0;
-};
+const Side library = {"library", [] { velkor::SystemInfo::allInfos(true); }};
 
-bool install(const QString &folder, const GrowthKind &kind, std::size_t factor, double &items)
+/// Installs the machine, runs a report, and returns the number of items.
+std::size_t install(const GrowthKind &kind, std::size_t factor)
 {
     QString error;
-    auto machine = machine::loadMachine(folder, error);
-    if (!machine) {
-        qCritical("%s", qPrintable(error));
-        return false;
-    }
-    items = double(kind.grow(*machine, factor));
+    auto machine = machine::loadMachine(QStringLiteral(WORKSTATION), error);
+    if (!machine)
+        qFatal("%s", qPrintable(error));
+    const std::size_t items = kind.grow(*machine, factor);
     simulated::install(std::move(*machine));
-    return true;
+    library.run();
+    return items;
 }
 
-Cost measure(const std::function<void()> &run)
+struct Point
 {
+    double items;
     Cost cost;
-    const std::size_t callsBefore = simulated::callCount();
-    if (const Allocations *counted = allocations()) {
-        startPeak();
-        const Allocations before = *counted;
-        run();
-        const Allocations behind = *counted;
-        cost.allocations = double(behind.count - before.count);
-        cost.peak = double(behind.peak - before.live);
-        cost.peakMoved = double(behind.peakMoved - before.live);
-    } else {
-        run();
-    }
-    cost.calls = double(simulated::callCount() - callsBefore);
-    return cost;
-}
+};
 
-bool measureKind(const QString &folder, const GrowthKind &kind, std::size_t factor, Cost &cost)
+/// The cost of an item between two sizes of the machine.
+double slope(const Point &first, const Point &second, double Cost::*unit)
 {
-    double items = 0;
-    if (!install(folder, kind, factor, items))
-        return false;
-    const QString text = velkor::SystemInfo::allInfos(true); // what is made once is made
-    cost = measure([] { keep(velkor::SystemInfo::allInfos(true)); });
-    cost.items = items;
-    cost.textBytes = 2 * text.size();
-    return true;
-}
-
-/// How much an item costs between the first and the second measurement.
-double slope(const Cost &first, const Cost &second, double Cost::*unit)
-{
-    return (second.*unit - first.*unit) / (second.items - first.items);
+    return (second.cost.*unit - first.cost.*unit) / (second.items - first.items);
 }
 
 } // namespace
 
-bool measureGrowth(const QString &folder, std::size_t factor, const QString &onlyKind)
+void writeGrowth(std::size_t factor)
 {
-    for (const GrowthKind &kind : growthKinds()) {
-        if (!onlyKind.isEmpty() && onlyKind != QLatin1String(kind.name))
-            continue;
-        Cost cost;
-        if (!measureKind(folder, kind, factor, cost))
-            return false;
-        const QByteArray state = 'x' + QByteArray::number(qulonglong(factor));
-        writeFigure(kind.name, "library", state, "items", cost.items);
-        writeFigure(kind.name, "library", state, "calls", cost.calls);
-        writeFigure(kind.name, "library", state, "text", cost.textBytes);
-        if (allocations()) {
-            writeFigure(kind.name, "library", state, "allocations", cost.allocations);
-            writeFigure(kind.name, "library", state, "peak", cost.peak);
-            writeFigure(kind.name, "library", state, "peak-moved", cost.peakMoved);
-        }
-        const Subject subject = makeSubjects(recordSections(false), false).front();
-        subject.baseline();
-        const Cost baseline = measure(subject.baseline);
-        if (allocations())
-            writeFigure(kind.name, "baseline", state, "peak", baseline.peak);
-        countInstructions(QByteArray(kind.name) + "|library|" + state, [] { keep(velkor::SystemInfo::allInfos(true)); });
-        countInstructions(QByteArray(kind.name) + "|baseline|" + state, subject.baseline);
+    const Subject report = subjects(false, {QStringLiteral("allInfos(true)")}).front();
+    const QByteArray state = 'x' + QByteArray::number(qulonglong(factor));
+    for (const GrowthKind &kind : growthKinds) {
+        const std::size_t items = install(kind, factor);
+        writeFigure(kind.name, "library", state, "items", double(items));
+        writeFigure(kind.name, "library", state, "text", 2 * report.text().size());
+        writeCost(kind.name, library, state);
+        const Side baseline = makeBaseline(report, recordSections(false));
+        baseline.run();
+        writeCost(kind.name, baseline, state);
     }
-    return true;
 }
 
-QStringList growthProblems(const QString &folder)
+QStringList growthProblems()
 {
     constexpr double tolerance = 0.1;
     QStringList problems;
-    for (const GrowthKind &kind : growthKinds()) {
-        Cost once;
-        Cost tenTimes;
-        Cost hundredTimes;
-        if (!measureKind(folder, kind, 1, once) || !measureKind(folder, kind, 10, tenTimes)
-            || !measureKind(folder, kind, 100, hundredTimes))
-            return {QStringLiteral("no machine")};
+    for (const GrowthKind &kind : growthKinds) {
+        std::vector<Point> points;
+        for (const std::size_t factor : {1, 10, 100}) {
+            const std::size_t items = install(kind, factor);
+            points.push_back({double(items), measureCost(kind.name, library, "growth")});
+        }
         for (const auto unit : {&Cost::calls, &Cost::allocations}) {
-            const double early = slope(once, tenTimes, unit);
-            const double late = slope(tenTimes, hundredTimes, unit);
+            const double early = slope(points[0], points[1], unit);
+            const double late = slope(points[1], points[2], unit);
             if (std::abs(late - early) > tolerance * early)
-                problems += QStringLiteral("%1: an item costs %2 %3 between 1 and 10 times the machine, %4 up to 100 times")
+                problems += QStringLiteral("%1: an item costs %2 %3 up to 10 times the machine, %4 up to 100 times")
                                 .arg(QLatin1String(kind.name))
                                 .arg(early)
                                 .arg(unit == &Cost::calls ? QLatin1String("calls") : QLatin1String("allocations"))

@@ -1,18 +1,16 @@
-// How the cost of a report grows with the machine.
+// How the cost of a report without OpenGL grows with the machine, which is
+// machines/workstation with more of one kind of thing, or of all.
 #pragma once
 
 #include <QtCore/QStringList>
 
 namespace bench {
 
-/// The report without OpenGL of the machine in \a folder with \a factor times as many
-/// of everything, and of each kind of thing alone: items, calls, text, and allocations
-/// and instructions where somebody counts them; of one kind where it is named. Writes
-/// figures.
-bool measureGrowth(const QString &folder, std::size_t factor, const QString &onlyKind);
+/// Writes the costs of the report, and of its baseline, with \a factor times as much of each kind.
+void writeGrowth(std::size_t factor);
 
-/// What grows faster than the machine does, in calls and allocations; empty when
-/// nothing does.
-QStringList growthProblems(const QString &folder);
+/// The kinds of which an added item costs more or less calls or allocations between 10 and
+/// 100 times the machine than between 1 and 10 times; empty if there are none.
+QStringList growthProblems();
 
 } // namespace bench

@@ -1,5 +1,4 @@
-# What every target of this project is compiled with: the interface target
-# vksysteminfo_options, linked privately.
+# Compile options of this project: each target links vksysteminfo_options privately.
 add_library(vksysteminfo_options INTERFACE)
 target_compile_definitions(vksysteminfo_options INTERFACE
     QT_DEPRECATED_WARNINGS QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS UNICODE _UNICODE)
@@ -21,7 +20,7 @@ if(VKSYSTEMINFO_COVERAGE)
     target_compile_options(vksysteminfo_options INTERFACE --coverage -fno-inline)
     target_link_options(vksysteminfo_options INTERFACE --coverage)
 endif()
-if(VKSYSTEMINFO_FUZZ) # the containers' own checks see what the sanitizers do not
+if(VKSYSTEMINFO_FUZZ) # the assertions of the containers find errors that the sanitizers miss
     target_compile_options(vksysteminfo_options INTERFACE -fsanitize=fuzzer-no-link)
     target_compile_definitions(vksysteminfo_options INTERFACE _GLIBCXX_ASSERTIONS)
 endif()

@@ -1,5 +1,5 @@
-# What is installed, and the two archives that scripts/package makes of it: an SDK for
-# developers of hosts, and vkreport with everything that it needs beside it.
+# Install rules, and the archives of scripts/package: an SDK for developers of hosts, a
+# portable vkreport with all DLLs that it needs, and the symbols.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vkSystemInfo)
@@ -20,7 +20,7 @@ install(DIRECTORY docs DESTINATION . COMPONENT sdk)
 if(MINGW)
     install(FILES $<TARGET_FILE:vkSystemInfo>.debug DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT symbols)
 
-    # vkreport runs where it is unpacked: Qt and the compiler's run-time library beside it.
+    # The portable folder contains Qt and the run-time libraries of the compiler.
     get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)
     get_filename_component(qt_bin ${qmake} DIRECTORY)
     set(run_time)
@@ -30,7 +30,7 @@ if(MINGW)
     foreach(library libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
         execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${library}
             OUTPUT_VARIABLE file OUTPUT_STRIP_TRAILING_WHITESPACE)
-        if(NOT IS_ABSOLUTE ${file}) # Debian keeps that of the threads elsewhere
+        if(NOT IS_ABSOLUTE ${file}) # Debian installs libwinpthread in another folder
             find_file(file_of_${library} ${library} PATHS /usr/x86_64-w64-mingw32/lib NO_DEFAULT_PATH REQUIRED
                       NO_CMAKE_FIND_ROOT_PATH)
             set(file ${file_of_${library}})
@@ -39,7 +39,7 @@ if(MINGW)
     endforeach()
     install(TARGETS vkreport vkcapture RUNTIME DESTINATION . COMPONENT portable)
     install(FILES $<TARGET_FILE:vkSystemInfo> ${run_time} LICENSE DESTINATION . COMPONENT portable)
-    # Nobody debugs with these: the symbols of the library itself are packed apart.
+    # The symbols of vkSystemInfo.dll are an archive of their own; the others are not shipped.
     install(CODE "file(GLOB libraries \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/lib*.dll\" \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/*.exe\")
         execute_process(COMMAND ${CMAKE_STRIP} \${libraries} COMMAND_ERROR_IS_FATAL ANY)" COMPONENT portable)
     foreach(plugin platforms/qwindows printsupport/windowsprintersupport styles/qwindowsvistastyle)

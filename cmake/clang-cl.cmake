@@ -10,7 +10,7 @@ set(CMAKE_RC_COMPILER llvm-rc-14)
 set(CMAKE_AR llvm-lib-14)
 set(CMAKE_USER_MAKE_RULES_OVERRIDE_CXX ${CMAKE_CURRENT_LIST_DIR}/clang-cl/link_nothing.cmake)
 
-# ccache does not know some of these options and compiles everything three times.
+# ccache does not support some of these options and would compile each source three times.
 unset(ENV{CMAKE_CXX_COMPILER_LAUNCHER})
 
 # The package files of the native Qt look for libraries of this machine.
@@ -21,15 +21,15 @@ set(CMAKE_RC_FLAGS_INIT "-I /usr/share/mingw-w64/include")
 string(JOIN " " CMAKE_CXX_FLAGS_INIT
     -fms-compatibility-version=19.29 # Visual Studio 2019
     /Zc:twoPhase
-    # mingw-w64's headers need a version of GCC. Their intrin.h must come before clang's, which
-    # conflicts with the rest of them: -isystem does that, -imsvc does not.
+    # mingw-w64's headers require a GCC version. Their intrin.h must be found before clang's,
+    # which conflicts with their other headers: -isystem has this order, -imsvc does not.
     /clang:-fgnuc-version=4.2.1
     /X /clang:-nostdinc++
     /clang:-isystem/usr/lib/llvm-14/include/c++/v1
     /clang:-isystem/usr/share/mingw-w64/include
     -D_UCRT -D_LIBCPP_NO_VCRUNTIME
     "/FI\"${CMAKE_CURRENT_LIST_DIR}/clang-cl/msvc_declarations.h\""
-    # Extensions of GCC, but for one that MSVC has as well and QSKIP() needs
+    # GCC extensions, except one that MSVC has too and QSKIP() needs
     -Wpedantic -Wgnu -Wno-gnu-zero-variadic-macro-arguments
     # Conversions that lose data: C4244, C4267, C4305
     -Wshorten-64-to-32 -Wimplicit-int-conversion -Wimplicit-int-float-conversion -Wfloat-conversion

@@ -1,5 +1,5 @@
 # Cross-builds for 64-bit Windows with mingw-w64; programs run under Wine.
-# Qt is what scripts/build-qt-for-windows made.
+# scripts/build-qt-for-windows builds Qt.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)

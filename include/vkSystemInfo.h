@@ -1,31 +1,30 @@
-// vkSystemInfo: a plain-text report about the machine a Qt application runs on.
+// vkSystemInfo: plain-text system report for diagnosing Qt applications.
 //
-// This header is the whole public interface. vkSystemInfo.dll exports the functions
-// marked VKSYSTEMINFO_EXPORT and nothing else. Of the class ScanOpenGLInfo these are its
-// two static functions.
+// This header is the whole public interface. vkSystemInfo.dll exports only the functions
+// marked VKSYSTEMINFO_EXPORT. Two of them are static functions of the class ScanOpenGLInfo.
 //
-// Rules that hold for every function:
+// These rules hold for every function:
 //
-//  * Text. A section is returned as a new QString of lines, each ended by a
-//    single line feed. Wording, spelling and blanks are a fixed format: support
-//    staff compare reports of different machines and of different years. A text is the
-//    host's own: it stays valid when the DLL is unloaded.
-//  * Failure. Nothing is thrown on purpose and no error is returned (but by the
-//    two DNS-SD checks). A query that fails drops its own line or becomes a fixed
-//    line of text, and the report goes on. Running out of memory may throw
-//    std::bad_alloc.
+//  * Text. A section is a new QString of lines; each line ends with a single line feed.
+//    Wording, spelling and blanks are a fixed format, because support staff compare reports
+//    of different machines and years. A returned text owns its data: it stays valid after
+//    the DLL is unloaded.
+//  * Failure. The functions throw no exceptions of their own; running out of memory may
+//    throw std::bad_alloc. Only the two DNS-SD checks return an error code. A failed query
+//    drops its own line or becomes a fixed line of text, and the report continues.
 //  * Thread and application object. Call every function on the GUI thread of a running
-//    QApplication. Where a function says that it needs less, that was measured with Qt
-//    5.15.8; another Qt may need more. "Needs no application object" was measured on a
-//    thread other than the main one, too. What happens with less, also measured:
-//    qtScreens and qtDesktop show no screen where there is no QGuiApplication. There
-//    allInfos(false), GetOpenGLVersion and GetOpenGLVersionCached end the process, and
-//    allInfos(false) does where the QGuiApplication is no QApplication (natively; not
-//    measured on Windows).
-//    The library starts no thread, takes no lock and keeps no state but the OpenGL
-//    version record.
-//  * Side effects. The library reads. It writes no file, no registry key and
-//    sends nothing; host names may be looked up by Qt.
+//    QApplication. Some functions state that they need less. This was measured with Qt
+//    5.15.8; other versions may need more. "Needs no application object" was also measured
+//    on a thread other than the main thread. Measured results of calls with less:
+//      - Without a QGuiApplication, qtScreens and qtDesktop show no screen.
+//      - Without a QGuiApplication, allInfos(false), GetOpenGLVersion and
+//        GetOpenGLVersionCached end the process.
+//      - With a QGuiApplication that is not a QApplication, allInfos(false) ends the process.
+//    The ends of the process were measured on Linux only.
+//    The library starts no thread and takes no lock. Its only state is the OpenGL version
+//    record.
+//  * Side effects. The library only reads. It writes no file and no registry key, and sends
+//    nothing. Qt may look up host names.
 #pragma once
 
 #include <QtCore/QObject>
@@ -42,114 +41,113 @@
 namespace velkor {
 namespace SystemInfo {
 
-/// The whole report: the Windows section, the sections built from Qt queries and,
-/// unless \a noOpenGL is true, the OpenGL section. Needs a running QApplication;
-/// with \a noOpenGL a QGuiApplication is enough. Takes as long as the platform
-/// takes to answer: printers, remote drives and host names can be slow. The host's
-/// manifest changes the name of the Windows release: see platformName().
+/// The whole report: the Windows half, the Qt half and, unless \a noOpenGL is true, the
+/// OpenGL section. Needs a running QApplication; with \a noOpenGL a QGuiApplication is
+/// enough. Takes as long as the platform's queries take: printers, remote drives and host
+/// names can be slow. The host's manifest affects the name of the Windows release: see
+/// platformName().
 VKSYSTEMINFO_EXPORT QString allInfos(bool noOpenGL);
 
 /// The line that divides the sections: 72 hyphens and a line feed.
 VKSYSTEMINFO_EXPORT QString separator();
 
-/// The version of this library. Mind the order, which hosts rely on: \a patch is
-/// set to 12, \a minor to 3 and \a major to 1. Needs no application object.
+/// The version of this library: \a patch is set to 12, \a minor to 3 and \a major to 1.
+/// Note the order of the arguments. Needs no application object.
 VKSYSTEMINFO_EXPORT void libVersion(int &patch, int &minor, int &major);
 
 /// The version of this library as text, "1.3.12". Needs no application object.
 VKSYSTEMINFO_EXPORT QString libVersionString();
 
-/// The name of the running Windows release on one line without a line feed, such
-/// as "Windows 10 Professional Edition, 64-bit"; "Windows" when Windows does not
-/// tell its version. Modelled on GetVersionEx and GetProductInfo. Needs no
-/// application object.
+/// The name of the running Windows release without a line feed, such as "Windows 10
+/// Professional Edition, 64-bit". It is "Windows" if GetVersionEx fails. Modelled on
+/// GetVersionEx and GetProductInfo. Needs no application object.
 ///
-/// GetVersionEx goes by the host's manifest. To a host without one it gives 6.2 from
-/// Windows 8 on, and the registry decides on the name. To a host whose manifest names
-/// Windows 10 as supported (supportedOS) it gives 10.0, and the name is "Windows unknown
-/// major version"; where the manifest names nothing newer than Windows 8.1 it gives 6.3,
-/// and the name is "Windows unknown minor version for major=6".
+/// The result of GetVersionEx depends on the host's manifest (supportedOS) from Windows 8
+/// on. The name is:
+///  - without a manifest: GetVersionEx returns 6.2, and the registry determines the name;
+///  - if the manifest names Windows 8.1 but nothing newer: GetVersionEx returns 6.3, and the
+///    name is "Windows unknown minor version for major=6";
+///  - if the manifest names Windows 10: GetVersionEx returns 10.0, and the name is "Windows
+///    unknown major version".
 VKSYSTEMINFO_EXPORT QString platformName();
 
-/// Section "Qt Global": the Qt versions the library was built against and runs
-/// with, byte order, word and pointer size. Needs no application object.
+/// Section "Qt Global": the Qt version that the library was built against, the one that
+/// runs, byte order, word and pointer size. Needs no application object.
 VKSYSTEMINFO_EXPORT QString qtGlobal();
 
-/// Section "QCoreApplication": version, name, paths and process id of the host, as
-/// QCoreApplication tells them. Needs a QCoreApplication.
+/// Section "QCoreApplication": version, name, paths and process id of the host. Modelled
+/// on QCoreApplication. Needs a QCoreApplication.
 VKSYSTEMINFO_EXPORT QString qtCoreApplication();
 
 /// Section "QLocale": country, language and measurement system of
 /// QLocale::system(). Needs no application object.
 VKSYSTEMINFO_EXPORT QString qtLocale();
 
-/// Local time, UTC and the bias between them in minutes (UTC minus local time, so
-/// negative east of Greenwich); a section without a title. Modelled on
-/// QDateTime. The digits of the times are those of QLocale::system(), such as
-/// Arabic-Indic ones (measured with Qt 5.15.8); the bias has European ones. Needs no
-/// application object.
+/// Local time, UTC and the bias in minutes (UTC minus local time, so negative east of
+/// Greenwich); a section without a title. Modelled on QDateTime. The times have the digits
+/// of QLocale::system(), such as Arabic-Indic digits (measured with Qt 5.15.8); the bias has
+/// European digits. Needs no application object.
 VKSYSTEMINFO_EXPORT QString qtDateTime();
 
 /// Section "QHostInfo": local host and domain name. Needs no application object.
 VKSYSTEMINFO_EXPORT QString qtHostInfo();
 
-/// Section "Qt Accessibility": 1 when an assistive technology is active, else 0,
-/// as QAccessible::isActive() tells. Needs a QGuiApplication.
+/// Section "Qt Accessibility": 1 if an assistive technology is active, otherwise 0.
+/// Modelled on QAccessible::isActive(). Needs a QGuiApplication.
 VKSYSTEMINFO_EXPORT QString qtAccessibility();
 
-/// Section "QPrinterInfo": the names of the available printers, the default one
-/// marked. Modelled on QPrinterInfo; asks the print system, which can take
-/// seconds when a print server is away. Needs a QGuiApplication.
+/// Section "QPrinterInfo": the names of the available printers; the default printer is
+/// marked. Modelled on QPrinterInfo. Queries the print system, which can take seconds if a
+/// print server is not reachable. Needs a QGuiApplication.
 VKSYSTEMINFO_EXPORT QString qtPrinterInfo();
 
-/// The environment of the process, an entry a line, as
-/// QProcess::systemEnvironment() tells. May hold secrets: ask the user before a
-/// report leaves the machine. Needs no application object.
+/// The environment variables of the process, one on each line. Modelled on
+/// QProcess::systemEnvironment(). They may hold secrets: ask the user before a report leaves
+/// the machine. Needs no application object.
 VKSYSTEMINFO_EXPORT QString qtSystemEnvironment();
 
-/// Section "QScreen (hardware)": per screen its name, maker, densities (dots per
-/// inch), refresh rate (Hz), physical size (millimetres and inches), size (pixels),
-/// depth (bits) and orientations. Modelled on QScreen. Needs a QGuiApplication.
+/// Section "QScreen (hardware)": for each screen its name, manufacturer, density (dots per
+/// inch), refresh rate (Hz), physical size (millimetres and inches), size (pixels), depth
+/// (bits) and orientations. Modelled on QScreen. Needs a QGuiApplication.
 VKSYSTEMINFO_EXPORT QString qtScreens();
 
-/// Section "QScreen (Desktop)": the desktop file name, the primary screen, and per
-/// screen its geometries (pixels) and virtual siblings. Modelled on QScreen. Needs
-/// a QGuiApplication.
+/// Section "QScreen (Desktop)": the desktop file name, the primary screen, and for each
+/// screen its geometries (pixels) and virtual siblings. Modelled on QScreen. Needs a
+/// QGuiApplication.
 VKSYSTEMINFO_EXPORT QString qtDesktop();
 
-/// Section "QDesktopServices": path and display name of seven standard folders,
-/// as QStandardPaths tells them. Needs a QCoreApplication.
+/// Section "QDesktopServices": path and display name of seven standard folders. Modelled on
+/// QStandardPaths. Needs a QCoreApplication.
 VKSYSTEMINFO_EXPORT QString qtDesktopServices();
 
 namespace WinSysInfo {
 
-/// True when the standard DNS-SD client library, dnssd.dll, can be loaded.
-/// \a errorCode is set to 0, or to the error that its DNSServiceGetProperty gave
-/// when asked for the daemon's version (-65563 when the daemon is not running).
-/// \a version is set to a text such as "321.0.0" on success only, otherwise it is
-/// left as it was. The library is loaded and freed within the call. Needs no
-/// application object.
+/// Loads the standard DNS-SD client library, dnssd.dll, queries its version and frees it.
+/// Returns true if the library can be loaded. \a errorCode is set to 0, or to the error of
+/// DNSServiceGetProperty for the version of the daemon (-65563 if the daemon is not running).
+/// \a version is set to a text such as "321.0.0" if that query succeeds, and otherwise
+/// unchanged. Needs no application object.
 VKSYSTEMINFO_EXPORT bool checkStandardBonjour(int &errorCode, QString &version);
 
-/// As checkStandardBonjour, for the maker's own build of it, vkdnssd.dll.
+/// checkStandardBonjour() for the manufacturer's own build of the library, vkdnssd.dll.
 VKSYSTEMINFO_EXPORT bool checkVelkorBonjour(int &errorCode, QString &version);
 
 } // namespace WinSysInfo
 
-/// What OpenGL the machine supports, as QGLFormat::openGLVersionFlags() tells.
+/// The OpenGL version that the machine supports. Modelled on QGLFormat::openGLVersionFlags().
 struct COpenGLVersionInfo
 {
-    bool bDefault = true;     ///< true until a probe has filled the record
+    bool bDefault = true;     ///< true until GetOpenGLVersion() has filled the record
     qint32 nVersionFlags = 0; ///< the raw QGLFormat::OpenGLVersionFlags
-    qint32 nMajor = -1;       ///< highest desktop version found; -1 when none
-    qint32 nMinor = -1;       ///< its minor number; -1 when none
-    QString strVersion;       ///< such as "OpenGL 4.3"; "not recognized"
+    qint32 nMajor = -1;       ///< highest desktop version; -1 if there is none
+    qint32 nMinor = -1;       ///< its minor number; -1 if there is none
+    QString strVersion;       ///< such as "OpenGL 4.3", or "not recognized"
 };
 
-/// Finds out the supported OpenGL version and writes the report's OpenGL section. Hosts
-/// can call the two static functions. Nothing else of the class is exported: a host that
-/// constructs it, derives from it, calls another member, casts to it with qobject_cast
-/// or names its staticMetaObject does not link.
+/// Determines the supported OpenGL version and returns the OpenGL section of the report.
+/// Hosts can call the two static functions; the library exports nothing else of the class.
+/// A host does not link if it constructs the class, derives from it, calls another member,
+/// uses qobject_cast to it or names its staticMetaObject.
 class ScanOpenGLInfo : public QObject
 {
     Q_OBJECT
@@ -158,12 +156,11 @@ public:
     explicit ScanOpenGLInfo(QObject *parent);
     ~ScanOpenGLInfo() override;
 
-    /// Asks Qt at every call. Needs a running QApplication.
+    /// Queries Qt at every call. Needs a running QApplication.
     VKSYSTEMINFO_EXPORT static COpenGLVersionInfo GetOpenGLVersion();
 
-    /// Asks Qt at the first call only and keeps the answer as long as the library
-    /// is loaded. Needs a running QApplication; not guarded against concurrent
-    /// first calls.
+    /// Queries Qt at the first call only, and keeps the result while the library is loaded.
+    /// Needs a running QApplication. Not thread-safe: concurrent first calls are a data race.
     VKSYSTEMINFO_EXPORT static COpenGLVersionInfo GetOpenGLVersionCached();
 
     // Used by the library itself.

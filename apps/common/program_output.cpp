@@ -13,7 +13,7 @@
 bool writeToStandardOutput(const QString &text)
 {
 #ifdef Q_OS_WIN
-    _setmode(_fileno(stdout), _O_BINARY); // a line feed stays one
+    _setmode(_fileno(stdout), _O_BINARY); // do not convert line feeds
 #endif
     const QByteArray bytes = text.toUtf8();
     return std::fwrite(bytes.constData(), 1, std::size_t(bytes.size()), stdout) == std::size_t(bytes.size())

@@ -1,5 +1,5 @@
-// What the programs write, and where: the text alone to standard output or a file,
-// everything else to standard error.
+// Output of the programs: only the requested text goes to standard output or to a file.
+// Messages go to standard error.
 #pragma once
 
 #include <QtCore/QString>
@@ -10,12 +10,12 @@ enum ExitCode {
     WrongUsage = 2,
 };
 
-/// Writes \a text to standard output as UTF-8, line feeds as they are.
+/// Writes \a text to standard output as UTF-8, without converting line feeds.
 bool writeToStandardOutput(const QString &text);
 
-/// Writes \a text to a file as UTF-8; it is there whole or not at all. On failure
-/// \a error is a message for the user.
+/// Writes \a text to a file as UTF-8. On failure no partial file remains, and \a error is
+/// a message for the user.
 bool writeToFile(const QString &text, const QString &fileName, QString &error);
 
-/// One line on standard error.
+/// Writes one line to standard error.
 void complain(const QString &message);

@@ -29,7 +29,7 @@ RegistryRoot rootOf(HKEY key)
     return key == HKEY_LOCAL_MACHINE ? RegistryRoot::LocalMachine : RegistryRoot::Users;
 }
 
-/// The key in the 64-bit view, which the report uses. Null with \a status if it cannot be opened.
+/// Opens a key in the 64-bit view, which the report uses. Returns null if that fails.
 RegistryKey openWide(HKEY root, const QString &path, LSTATUS &status)
 {
     HKEY key = nullptr;
@@ -52,7 +52,7 @@ bool readValue(HKEY key, const QString &name, RegistryValue &value)
             value.data.resize(int(size));
             return true;
         }
-        if (status == ERROR_MORE_DATA) // it grew
+        if (status == ERROR_MORE_DATA) // the value grew between the two calls
             status = ERROR_SUCCESS;
     }
     return false;
@@ -112,7 +112,7 @@ private:
             addBelow(read, path.isEmpty() ? name : path + QLatin1Char('\\') + name, rest.mid(1));
     }
 
-    /// A key that exists and cannot be opened is described as denied, whatever the error.
+    /// Opens a key. If it exists but cannot be opened, it is described as denied, whatever the error.
     RegistryKey open(HKEY rootKey, const QString &path)
     {
         LSTATUS status = ERROR_SUCCESS;
@@ -120,7 +120,7 @@ private:
         if (key || status == ERROR_FILE_NOT_FOUND)
             return key;
         const auto &root = registry.root(rootOf(rootKey));
-        if (!isDenied(root, path)) { // neither the key nor a key above it was noted before
+        if (!isDenied(root, path)) { // neither it nor a key above it is described as denied yet
             createKey(root, path)->setDenied(true);
             m_note(QStringLiteral("%1\\%2 cannot be opened (error %3)").arg(root->name(), path).arg(status));
         }

@@ -5,6 +5,6 @@
 
 #include <functional>
 
-/// Describes a key that exists and cannot be opened as denied, and passes a line about it
-/// to \a note.
+/// A key that exists but cannot be opened is described as denied; \a note receives a line
+/// about it.
 machine::Registry captureRegistry(const std::function<void(const QString &)> &note);

@@ -1,4 +1,4 @@
-// before the names of a machine description
+// must precede machine.h: removes macros with the names of its members
 #include "windows_calls.h"
 
 #include "capture_system.h"
@@ -10,7 +10,7 @@ namespace {
 
 using namespace machine;
 
-constexpr DWORD longestPath = 32768; // in units, beyond anything that Windows returns
+constexpr DWORD longestPath = 32768; // in units; no path of Windows is longer
 
 template <typename T>
 Answer<T> failed()
@@ -72,7 +72,7 @@ void productInfo(SystemAnswers &system)
     system.GetProductInfo.emplace();
     if (!system.GetVersionEx)
         return;
-    DWORD type = 0; // asked as the report asks
+    DWORD type = 0; // same arguments as in the report
     if (getProductInfo(system.GetVersionEx->dwMajorVersion, system.GetVersionEx->dwMinorVersion, 0, 0, &type))
         system.GetProductInfo = given(ProductInfoRecord {quint32(type)});
     else
@@ -177,7 +177,7 @@ void drives(SystemAnswers &system)
     SetErrorMode(previous);
 }
 
-/// The variables of the report, and no other: an environment may hold secrets.
+/// Only the variables that the report shows, because others may contain secrets.
 void environment(SystemAnswers &system)
 {
     for (const char *name : {"OS", "PATH", "HOMEPATH", "TEMP", "PROCESSOR_IDENTIFIER"}) {
@@ -204,7 +204,7 @@ void folders(SystemAnswers &system)
         system.folders[path].directories = winSxS.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
 }
 
-/// Those of this program: they differ from those of the host that makes a report.
+/// The modules of this program. Those of a host that calls the library differ.
 Answer<std::vector<std::optional<QString>>> modules()
 {
     std::vector<HMODULE> handles(65536);
@@ -307,12 +307,12 @@ int ansiCodePage(const std::function<void(const QString &)> &note)
         if (codePage == known)
             return int(codePage);
     }
-    note(QStringLiteral("the ANSI code page %1 cannot be described; 1252 is written").arg(codePage));
+    note(QStringLiteral("a description cannot have the ANSI code page %1; 1252 is written instead").arg(codePage));
     return 1252;
 }
 
-/// Some systems fill in the keys of the display adapters when a program first asks for
-/// displays; a host of the library has done so long before a report.
+/// Some systems create the registry keys of the display adapters when a program first queries the
+/// displays, which a host does before it calls the library.
 void wakeDisplays()
 {
     DISPLAY_DEVICEW device = {};

@@ -1,9 +1,9 @@
-// The answers of every Windows call of the report that is not a registry read.
+// Records the results of the report's Windows calls, except registry reads.
 #pragma once
 
 #include "machine.h"
 
 #include <functional>
 
-/// Asks Windows now. What a machine description cannot say is told to \a note.
+/// \a note receives a line about each result that a machine description cannot hold.
 machine::SystemAnswers captureSystem(const std::function<void(const QString &)> &note);

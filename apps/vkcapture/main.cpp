@@ -1,5 +1,5 @@
-// vkcapture: describes the Windows it runs on in files, so that the Windows half of its
-// report can be rendered elsewhere.
+// vkcapture: writes a description of the machine that it runs on. vkreplay renders the
+// Windows half of the report from it.
 
 #include "capture_registry.h"
 #include "capture_system.h"
@@ -14,7 +14,7 @@
 
 namespace {
 
-const QCommandLineOption force(QStringLiteral("force"), QStringLiteral("Write over the files of an older description."));
+const QCommandLineOption force(QStringLiteral("force"), QStringLiteral("Overwrite an existing description."));
 const char *const fileNames[] = {"registry.reg", "system.json"};
 
 bool write(const QDir &folder, const char *name, const QByteArray &contents)
@@ -28,19 +28,19 @@ bool write(const QDir &folder, const char *name, const QByteArray &contents)
 
 ExitCode capture(const QDir &folder)
 {
-    complain(QStringLiteral("asking Windows"));
+    complain(QStringLiteral("calling Windows"));
     machine::Machine machine;
     machine.system = captureSystem(complain);
     complain(QStringLiteral("reading the registry"));
     machine.registry = captureRegistry(complain);
     if (!folder.mkpath(QStringLiteral("."))) {
-        complain(QStringLiteral("cannot make the folder '%1'").arg(QDir::toNativeSeparators(folder.path())));
+        complain(QStringLiteral("cannot create the folder '%1'").arg(QDir::toNativeSeparators(folder.path())));
         return Failed;
     }
     if (!write(folder, fileNames[0], writeRegistryFile(machine.registry))
         || !write(folder, fileNames[1], writeSystemFile(machine)))
         return Failed;
-    complain(QStringLiteral("described in '%1'").arg(QDir::toNativeSeparators(folder.path())));
+    complain(QStringLiteral("wrote the description to '%1'").arg(QDir::toNativeSeparators(folder.path())));
     return Done;
 }
 
@@ -53,8 +53,8 @@ int main(int argc, char *argv[])
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
-        "Describes this machine in a folder: the registry values that the report reads, and\n"
-        "the answers of the Windows calls that it makes. Holds the user's and the machine's\n"
+        "Writes a description of this machine to a folder: the registry values that the report\n"
+        "reads, and the results of its Windows calls. The description contains user and computer\n"
         "names, installed software and network addresses."));
     parser.addHelpOption();
     parser.addOption(force);
@@ -66,13 +66,13 @@ int main(int argc, char *argv[])
     if (parser.isSet(QStringLiteral("help")))
         return writeToStandardOutput(parser.helpText()) ? Done : Failed;
     if (parser.positionalArguments().size() != 1) {
-        complain(QStringLiteral("one folder is wanted; see --help"));
+        complain(QStringLiteral("exactly one folder is required; see --help"));
         return WrongUsage;
     }
     const QDir folder(parser.positionalArguments().constFirst());
     for (const char *name : fileNames) {
         if (folder.exists(QString::fromLatin1(name)) && !parser.isSet(force)) {
-            complain(QStringLiteral("there is a description in '%1' already; --force writes over it")
+            complain(QStringLiteral("'%1' already contains a description; --force overwrites it")
                          .arg(QDir::toNativeSeparators(folder.path())));
             return Failed;
         }

@@ -1,5 +1,5 @@
-// The Windows headers without the macros that stand for the A or W form of a call: the
-// fields of a machine description are named after the calls.
+// The Windows headers without the macros that map the name of a call to its A or W form:
+// members of a machine description have these names.
 #pragma once
 
 #include <winsock2.h>

@@ -1,4 +1,4 @@
-// vkreplay: the Windows half of the report as a described machine gives it.
+// vkreplay: prints the Windows half of the report of a described machine.
 
 #include "machine_loader.h"
 #include "program_output.h"
@@ -21,7 +21,7 @@ const QCommandLineOption adapter(QStringLiteral("adapter"),
                                  QStringLiteral("Print the details of the network adapter with this index only."),
                                  QStringLiteral("INDEX"));
 
-/// False when an option is wrong; nothing was printed then.
+/// Returns false, after a message, if an option is wrong.
 bool checkOptions(const QCommandLineParser &parser)
 {
     const QStringList names = parser.values(section);
@@ -40,7 +40,7 @@ bool checkOptions(const QCommandLineParser &parser)
         return false;
     }
     if (parser.positionalArguments().size() != 1) {
-        complain(QStringLiteral("one machine folder is wanted; see --help"));
+        complain(QStringLiteral("exactly one machine folder is required; see --help"));
         return false;
     }
     return true;

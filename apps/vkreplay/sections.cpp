@@ -15,7 +15,7 @@ QString openGLDrivers()
     return text;
 }
 
-/// What can be replayed beside the sections of the table.
+/// A name of --section and the function that returns its text.
 struct Text
 {
     const char *name;

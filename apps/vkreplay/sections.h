@@ -9,5 +9,5 @@
 /// Empty if there is no such section.
 std::function<QString()> findSection(const QString &name);
 
-/// In the report's order. A name that takes an argument ends in ":NAME".
+/// All names, in the order of the report. A name that takes any argument ends in ":NAME".
 QStringList sectionNames();

@@ -1,4 +1,4 @@
-// vkreport: a host of the library that prints what it returns.
+// vkreport: an example host of the library, which prints the report.
 
 #include "program_output.h"
 #include "sections.h"
@@ -15,7 +15,7 @@ using namespace velkor;
 namespace {
 
 const QCommandLineOption noOpenGL(QStringLiteral("no-opengl"),
-                                  QStringLiteral("Leave the OpenGL section out. No OpenGL context is made."));
+                                  QStringLiteral("Leave out the OpenGL section; create no OpenGL context."));
 const QCommandLineOption section(QStringLiteral("section"),
                                  QStringLiteral("Print this section only. Can be given several times."),
                                  QStringLiteral("NAME"));
@@ -31,8 +31,8 @@ const QCommandLineOption openGLVersion(QStringLiteral("opengl-version"),
 const QCommandLineOption bonjour(QStringLiteral("bonjour"),
                                  QStringLiteral("Print which DNS-SD client libraries are installed."));
 const QCommandLineOption timings(QStringLiteral("timings"),
-                                 QStringLiteral("Make the report, or the sections asked for, again and tell on standard "
-                                                "error how long their parts take."));
+                                 QStringLiteral("Run the report or the given sections again and print to standard error how "
+                                                "long each part takes."));
 
 QString openGLVersionLine()
 {
@@ -64,7 +64,7 @@ bool asksForParts(const QCommandLineParser &parser)
         || parser.isSet(bonjour) || parser.isSet(section);
 }
 
-/// What the options ask for.
+/// The text that the options request.
 QString requestedText(const QCommandLineParser &parser)
 {
     if (!asksForParts(parser))
@@ -103,7 +103,7 @@ ExitCode writeWithTimings(const QCommandLineParser &parser)
 {
     QString text;
     const double firstCall = milliseconds([&] { text = requestedText(parser); });
-    const ExitCode exitCode = write(parser, text); // nobody waits for the rest
+    const ExitCode exitCode = write(parser, text); // before the measurements: they take as long as the report
     QTextStream(stderr) << (asksForParts(parser) ? sectionTimings(parser.values(section))
                                                  : reportTimings(parser.isSet(noOpenGL), firstCall));
     return exitCode;
@@ -113,16 +113,16 @@ void describe(QCommandLineParser &parser)
 {
     parser.setApplicationDescription(QStringLiteral(
         "Prints a system information report.\n\n"
-        "The OpenGL section makes an OpenGL context: without --no-opengl there must be a\n"
-        "display with OpenGL (away from Windows an X server, such as xvfb-run starts).\n"
-        "Away from Windows the environment variable VKSYSTEMINFO_MACHINE names the folder\n"
-        "that describes the machine to report about."));
+        "The OpenGL section creates an OpenGL context. Without --no-opengl the program needs a\n"
+        "display with OpenGL; on Linux this is an X server, such as the one of xvfb-run.\n"
+        "On Linux the environment variable VKSYSTEMINFO_MACHINE names the folder that describes\n"
+        "the machine to report."));
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOptions({noOpenGL, section, listSections, output, platformName, openGLVersion, bonjour, timings});
 }
 
-/// Everything that needs no display; the exit code when there is nothing left to do.
+/// Handles the options that need no display. Returns the exit code if the program can end.
 std::optional<ExitCode> parse(QCommandLineParser &parser)
 {
     if (!parser.parse(QCoreApplication::arguments())) {
@@ -146,7 +146,7 @@ std::optional<ExitCode> parse(QCommandLineParser &parser)
         }
     }
     if (parser.isSet(timings) && asksForParts(parser) && names.isEmpty()) {
-        complain(QStringLiteral("--timings goes with the report or with --section"));
+        complain(QStringLiteral("--timings requires the whole report or --section"));
         return WrongUsage;
     }
     return std::nullopt;

@@ -1,4 +1,4 @@
-// The sections of the library that can be called one by one.
+// The sections that the library exports.
 #pragma once
 
 #include <QtCore/QString>
@@ -6,12 +6,12 @@
 
 struct Section
 {
-    const char *name; // that of the function
+    const char *name; // of its function
     QString (*text)();
 };
 
-/// Null when there is no section of that name.
+/// Returns null if no section has that name.
 const Section *findSection(const QString &name);
 
-/// In the report's order.
+/// All names, in the order of the report.
 QStringList sectionNames();

@@ -56,19 +56,19 @@ double milliseconds(const std::function<void()> &run)
     return double(timer.nsecsElapsed()) / 1e6;
 }
 
-// Differences of two measurements can be slightly negative, which shows as zero.
+// The difference of two measurements can be slightly negative; zero is shown then.
 QString reportTimings(bool noOpenGL, double firstCall)
 {
     const double withoutOpenGL = timedReport(true);
     const double whole = noOpenGL ? withoutOpenGL : std::max(timedReport(false), withoutOpenGL);
     const std::vector<Part> sections = timedSections(sectionNames());
     const double qtHalf = sum(sections);
-    QString text = QStringLiteral("%1 ms           the report as printed, the first of this process\n").arg(firstCall, 10, 'f', 3);
-    text += line({QStringLiteral("the report once more, which is:"), whole}, whole);
+    QString text = QStringLiteral("%1 ms           first report of this process, which was printed\n").arg(firstCall, 10, 'f', 3);
+    text += line({QStringLiteral("second report, of which:"), whole}, whole);
     if (!noOpenGL)
         text += line({QStringLiteral("OpenGL"), whole - withoutOpenGL}, whole);
     text += line({QStringLiteral("Windows half and network interfaces"), std::max(withoutOpenGL - qtHalf, 0.0)}, whole);
-    text += line({QStringLiteral("Qt half, which is:"), qtHalf}, whole);
+    text += line({QStringLiteral("Qt half, of which:"), qtHalf}, whole);
     for (const Part &section : sections)
         text += line(section, whole);
     return text;

@@ -1,17 +1,17 @@
-// Where the time of a report goes, as far as the public interface can tell.
+// Durations of a report and of its parts, measured through the public interface.
 #pragma once
 
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 #include <functional>
 
-/// How long \a run takes, in milliseconds.
+/// Calls \a run and returns its duration in milliseconds.
 double milliseconds(const std::function<void()> &run);
 
-/// The report made again, as a whole and in its parts, a line for each part with its
-/// share. \a firstCall is what the report took that was printed. What cannot be called
-/// alone is what is left of the whole.
+/// Runs the report again, as a whole and in its parts, and returns a line for each part
+/// with its duration and share. The duration of the sections that the library does not
+/// export is the difference to the whole. \a firstCall is the duration of the printed report.
 QString reportTimings(bool noOpenGL, double firstCall);
 
-/// The same for these sections alone.
+/// Runs the sections \a names and returns their lines.
 QString sectionTimings(const QStringList &names);

@@ -1,5 +1,5 @@
-# Qt for compilation alone: the headers and moc of the native Qt. The package files of the
-# native Qt do not serve, since they look for its libraries.
+# Qt for compilation only: headers and moc of the native Qt. The package files of the native
+# Qt cannot be used, because they look for its libraries.
 include(${CMAKE_CURRENT_LIST_DIR}/query_qt.cmake)
 
 set(Qt5Core_VERSION ${qt_version})
@@ -23,7 +23,7 @@ function(add_qt_module name)
 endfunction()
 
 add_qt_module(Core)
-# The C library's headers are those of mingw-w64.
+# qplatformdefs.h for the C library headers of mingw-w64
 target_include_directories(Qt5::Core INTERFACE ${qt_data}/mkspecs/win32-g++)
 add_qt_module(Gui Qt5::Core)
 add_qt_module(Widgets Qt5::Gui)

@@ -1,5 +1,5 @@
-// Included before each unit that clang-cl compiles: what the headers of Qt and mingw-w64
-// expect of MSVC and libc++ does not declare.
+// clang-cl includes this file before each source. It declares what the headers of Qt and
+// mingw-w64 expect from MSVC and libc++ does not declare.
 #pragma once
 #pragma clang system_header
 
@@ -22,8 +22,8 @@ Pointer make_checked_array_iterator(Pointer pointer, std::size_t, std::size_t = 
 
 } // namespace stdext
 
-// Mingw-w64's classes do not carry the identifiers that __uuidof returns. Only inline
-// functions of its headers use it, and nothing here calls those.
+// mingw-w64's classes have no GUIDs for __uuidof. Only inline functions of its headers use
+// __uuidof, and this project does not call them.
 // clang-format off
 #define __uuidof(...) GUID{}
 // clang-format on

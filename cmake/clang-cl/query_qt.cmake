@@ -1,4 +1,4 @@
-# Where the native Qt is: qt_headers, qt_data, qt_tools, qt_version.
+# Sets qt_headers, qt_data, qt_tools and qt_version of the native Qt.
 foreach(variable headers:QT_INSTALL_HEADERS data:QT_HOST_DATA tools:QT_HOST_BINS version:QT_VERSION)
     string(REGEX MATCH "(.*):(.*)" _ ${variable})
     set(name qt_${CMAKE_MATCH_1})

@@ -2,20 +2,20 @@
 # shellcheck shell=bash
 
 repo_dir=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
-# Everything that is kept between clones and is costly to make again.
+# Shared by all clones: results that take long to build.
 cache_dir=${VKSYSTEMINFO_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/vksysteminfo}
 
 say() { printf '%s\n' "$*" >&2; }
 fail() { say "$*"; exit 1; }
 fail_usage() { say "$*"; exit 2; }
 
-# The comment at the top of a script is its help.
+# Prints the comment at the top of a script, which is its help.
 print_help() { sed -n '2,/^[^#]/{/^#/s/^# \{0,1\}//p}' "$1"; }
 
 qt_for_windows_prefix() { printf '%s\n' "${VKSYSTEMINFO_QT_WINDOWS:-$cache_dir/qt5-mingw64}"; }
 
-# build PRESET [TARGET]...: installs what is missing, configures once, builds.
-# Standard output stays free for the program that runs next.
+# build PRESET [TARGET]...: installs missing packages, configures once, builds. Prints to
+# standard error only: standard output belongs to the program that runs next.
 build() {
   local preset=$1; shift
   local part=native
@@ -39,22 +39,22 @@ build() {
   ) 8>"$repo_dir/build/.$preset.lock"
 }
 
-# Shows what a command says only when it fails.
+# Runs a command and prints its output only if it fails.
 run_quietly() {
   local log; log=$(mktemp)
   if "$@" >"$log" 2>&1; then rm -f "$log"; return 0; fi
   cat "$log" >&2; rm -f "$log"; return 1
 }
 
-# with_display COMMAND...: runs it with the display that is there, else with an X
-# server of its own. OpenGL needs one.
+# with_display COMMAND...: runs the command with the existing display, or with its own X
+# server if there is none. OpenGL needs a display.
 with_display() {
   if [ -n "${DISPLAY:-}" ]; then "$@"; else xvfb-run -a -s '-screen 0 1280x1024x24' "$@"; fi
 }
 
-# keep_display ARGUMENT...: starts the script again with a display for all that it runs, where
-# there is none. The desktop that Wine starts with its first program goes on without OpenGL,
-# for every later program, when that program had no display.
+# keep_display ARGUMENT...: without a display, runs the whole script again with one. Wine
+# starts its desktop with the first program. If that program has no display, no later program
+# has OpenGL.
 keep_display() {
   [ -z "${DISPLAY:-}" ] || return 0
   local status=0
@@ -62,22 +62,22 @@ keep_display() {
   exit "$status"
 }
 
-# Environment for wine: a prefix of the project's own, silent, our DLLs found.
+# Sets the environment of Wine: the project's own prefix, no debug output, the path of our DLLs.
 use_wine() {
   local qt; qt=$(qt_for_windows_prefix)
   export WINEPREFIX="${VKSYSTEMINFO_WINEPREFIX:-$cache_dir/wine-prefix}"
   export WINEDEBUG="${WINEDEBUG:--all}"
-  # winemenubuilder would put menus and file types into the user's desktop.
+  # winemenubuilder would add menus and file types to the user's desktop.
   export WINEDLLOVERRIDES="${WINEDLLOVERRIDES:-mscoree,mshtml=};winemenubuilder.exe=d"
   local runtime; runtime=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-file-name=libstdc++-6.dll)")
   export WINEPATH="$qt/bin;$runtime;/usr/x86_64-w64-mingw32/lib${WINEPATH:+;$WINEPATH}"
-  unset TZ # the Windows run-time library takes a zone's name for one of its own form
+  unset TZ # the Windows run-time library would read the name of a Linux zone as its own form
   mkdir -p "$(dirname "$WINEPREFIX")"
   mark_new_prefix
 }
 
-# A prefix that this project made carries a mark. Whatever changes a Windows beyond keys and
-# files of its own looks for it (tests/support/throw_away_windows.h).
+# A prefix that this project creates has a mark. Programs that change more of Windows than
+# their own keys and files require it (tests/support/throw_away_windows.h).
 throw_away_mark=drive_c/vksysteminfo-throw-away
 is_throw_away_prefix() { [ -e "$WINEPREFIX/$throw_away_mark" ]; }
 mark_new_prefix() {
@@ -88,11 +88,11 @@ mark_new_prefix() {
   fi
 }
 require_throw_away_prefix() {
-  is_throw_away_prefix || fail "$WINEPREFIX is a Wine prefix that this project did not make, and nothing is changed in it." \
-    "VKSYSTEMINFO_WINEPREFIX names a folder for one; it must be empty or not exist yet."
+  is_throw_away_prefix || fail "This project did not create the Wine prefix $WINEPREFIX; nothing in it is changed." \
+    "Set VKSYSTEMINFO_WINEPREFIX to a folder that is empty or does not exist."
 }
 
-# Ends what Wine left running in our prefix.
+# Ends the processes of Wine in the project's prefix.
 end_wine() {
   use_wine
   ! is_throw_away_prefix || wineserver -k >/dev/null 2>&1 || true

@@ -22,7 +22,7 @@ void fillAddress(const AddressRecord &record, IP_ADDR_STRING &address)
     copyNarrow(ansi().fromUtf16(record.mask), address.IpMask.String, sizeof address.IpMask.String);
 }
 
-/// The first entry stands in the record, the others behind all records.
+/// The first entry is part of the record; the others follow after all records.
 void fillList(const std::vector<AddressRecord> &list, IP_ADDR_STRING &first, IP_ADDR_STRING *&further)
 {
     fillAddress(list.empty() ? AddressRecord() : list.front(), first);

@@ -10,14 +10,14 @@ namespace simulated {
 namespace {
 
 constexpr int utf8CodePage = 65001;
-constexpr QChar unknownPair(0x30fb); // what 932 has for bytes that mean nothing
+constexpr QChar unknownPair(0x30fb); // of an undefined pair of 932
 
 struct Tables
 {
-    std::array<ushort, 256> single {}; // the unit that a byte alone stands for
+    std::array<ushort, 256> single {}; // unit of a single byte
     std::array<bool, 256> lead {};     // the byte starts a pair
-    QHash<ushort, ushort> pairs;       // the unit that a pair stands for
-    QHash<ushort, QByteArray> bytes;   // and back
+    QHash<ushort, ushort> pairs;       // unit of a pair of bytes
+    QHash<ushort, QByteArray> bytes;   // bytes of a unit
 };
 
 class Decoder
@@ -30,7 +30,7 @@ public:
     Decoder(const Decoder &) = delete;
     Decoder &operator=(const Decoder &) = delete;
 
-    /// The one UTF-16 unit that the bytes stand for, or -1.
+    /// The UTF-16 unit of the bytes; -1 if they are not exactly one unit.
     int unit(QByteArray bytes) const
     {
         char out[8];
@@ -53,8 +53,8 @@ bool isLeadByte(int codePage, int byte)
     return codePage == 932 && ((byte >= 0x81 && byte <= 0x9f) || (byte >= 0xe0 && byte <= 0xfc));
 }
 
-// Some characters have several pairs in 932. Windows writes the JIS one, else the
-// NEC row, else the IBM one at the end, and the NEC copies of those never.
+// Some characters have several pairs in 932. Windows prefers the JIS pair, then the NEC row
+// (0x87), then the IBM pairs at the end. It never writes the NEC copies of the IBM pairs.
 int preference(int lead)
 {
     if (lead == 0x87)
@@ -64,8 +64,8 @@ int preference(int lead)
     return lead == 0xed || lead == 0xee ? 3 : 0;
 }
 
-/// What a single byte that stands for nothing is answered as: the control of its
-/// number, but for four of 932, which Windows keeps in a private place.
+/// The unit of an undefined single byte: the control character of the same number, except for
+/// four bytes of 932, which Windows maps to private-use units.
 ushort holeUnit(int codePage, int byte)
 {
     if (codePage == 932 && byte == 0xa0)
@@ -73,7 +73,7 @@ ushort holeUnit(int codePage, int byte)
     return ushort(codePage == 932 && byte >= 0xfd ? 0xf8f1 + (byte - 0xfd) : byte);
 }
 
-/// Adds the similar characters for those that the code page lacks.
+/// Adds the best-fit characters.
 void addBestFit(int codePage, QHash<ushort, QByteArray> &bytes)
 {
     for (const BestFitTable &table : bestFitTables()) {
@@ -87,7 +87,7 @@ void addBestFit(int codePage, QHash<ushort, QByteArray> &bytes)
     }
 }
 
-/// Each lone surrogate as U+FFFD.
+/// Replaces each lone surrogate with U+FFFD.
 QString withoutLoneSurrogates(QString text)
 {
     for (int i = 0; i < text.size(); ++i) {
@@ -162,7 +162,7 @@ QByteArray AnsiCodePage::fromUtf16(const QString &text) const
 QString AnsiCodePage::toUtf16(const QByteArray &text) const
 {
     if (m_number == utf8CodePage)
-        // The 'x' keeps a byte-order mark behind it a character.
+        // fromUtf8() removes a byte-order mark at the start only.
         return QString::fromUtf8(QByteArray('x' + text).constData(), text.size() + 1).mid(1);
     const Tables &tables = tablesOf(m_number);
     QString result;

@@ -15,11 +15,11 @@ public:
 
     int number() const { return m_number; }
 
-    /// A character that the code page lacks becomes a similar one (best fit), else '?',
-    /// one for each UTF-16 unit; a lone surrogate is U+FFFD in 65001.
+    /// A UTF-16 unit that the code page lacks becomes its best-fit character, or '?' if it has
+    /// none. In 65001 a lone surrogate becomes U+FFFD.
     QByteArray fromUtf16(const QString &text) const;
-    /// Bytes that mean nothing become U+FFFD, in 932 U+30FB; but a hole of a single-byte
-    /// code page is the C1 control of the same number.
+    /// An undefined byte of a single-byte code page becomes the C1 control of the same number.
+    /// An undefined pair of 932 becomes U+30FB, and invalid bytes of 65001 become U+FFFD.
     QString toUtf16(const QByteArray &text) const;
 
 private:

@@ -1,4 +1,4 @@
-// Which similar character stands for one that an ANSI code page lacks.
+// Best-fit characters: what Windows writes for a character that an ANSI code page lacks.
 #pragma once
 
 #include <iterator>
@@ -6,7 +6,7 @@
 
 namespace simulated {
 
-/// Consecutive UTF-16 units, and so many bytes for each of them.
+/// Consecutive UTF-16 units and their best-fit characters, each of `width` bytes.
 struct BestFitRun
 {
     unsigned short first;

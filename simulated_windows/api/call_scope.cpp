@@ -37,7 +37,7 @@ State &state()
 
 thread_local DWORD lastError = ERROR_SUCCESS;
 
-/// The first one that concerns this call, or null.
+/// Counts the call for each fault and returns the first that applies to it, or null.
 const ArmedFault *faultFor(const QByteArray &name)
 {
     const ArmedFault *result = nullptr;
@@ -167,7 +167,7 @@ std::size_t Fault::hits() const
 
 } // namespace simulated
 
-// These two neither fail nor are worth recording.
+// These two calls cannot fail and are not recorded.
 DWORD GetLastError()
 {
     return simulated::lastError;

@@ -1,4 +1,4 @@
-// What every simulated call does first and last: count, fail on demand, be recorded.
+// Counts a simulated call, applies faults to it and records it.
 #pragma once
 
 #include "simulated_windows.h"
@@ -15,13 +15,13 @@ public:
     CallScope(const CallScope &) = delete;
     CallScope &operator=(const CallScope &) = delete;
 
-    /// What goes into the journal.
+    /// The journal entry of this call.
     Call call;
 
-    /// The error that a fault makes this call fail with before it does anything.
+    /// The error of a fault. The call must return it before it does anything.
     const std::optional<DWORD> &fault() const { return m_fault; }
-    /// The error that a fault makes it fail with after it has written its results;
-    /// status() and success() return it.
+    /// The error of a fault that applies after the call has written its results; status()
+    /// and success() return it.
     const std::optional<DWORD> &lateFault() const { return m_lateFault; }
     /// Either of them, for calls that write no results.
     const std::optional<DWORD> &anyFault() const { return m_fault ? m_fault : m_lateFault; }
@@ -30,7 +30,7 @@ public:
     LSTATUS status(DWORD error);
     /// For calls that return zero and set the last error.
     BOOL failure(DWORD error);
-    /// For calls that return something else than zero.
+    /// For calls that return a nonzero result.
     template <typename T>
     T success(T result)
     {
@@ -45,7 +45,7 @@ private:
     std::optional<DWORD> m_lateFault;
 };
 
-/// What SetErrorMode() set last.
+/// The mode that SetErrorMode() set last.
 UINT &errorMode();
 
 } // namespace simulated

@@ -23,8 +23,8 @@ UINT copyDirectory(const char *callName, const machine::Answer<QString> &path, L
     return scope.success(length);
 }
 
-/// \a source with its variables replaced; one that is not set stays as %NAME%. An error
-/// where the description has one for a variable.
+/// \a source with its variables replaced. A variable that is not set is not replaced. Returns the
+/// error of a variable if the description has one.
 machine::Answer<QString> expanded(const QString &source)
 {
     const machine::SystemAnswers &system = machineInUse().system;
@@ -90,11 +90,11 @@ BOOL SHGetSpecialFolderPathW(HWND owner, LPWSTR path, int folder, BOOL create)
     const auto answer = machineInUse().system.SHGetSpecialFolderPath.value(folder);
     if (!answer)
         return scope.failure(answer.error);
-    copyWide(answer->left(MAX_PATH - 1), path); // the call's own limit
+    copyWide(answer->left(MAX_PATH - 1), path); // the call requires a buffer of MAX_PATH
     return scope.success(TRUE);
 }
 
-// As much of it as is used: %c and plain text.
+// Only %c is implemented.
 int wsprintfW(LPWSTR buffer, LPCWSTR format, ...)
 {
     CallScope scope("wsprintfW");

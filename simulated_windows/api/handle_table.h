@@ -1,4 +1,4 @@
-// The handles that are open. A handle is a number of this table, never a pointer.
+// The table of open handles. A handle is a number, not a pointer.
 #pragma once
 
 #include "registry_tree.h"
@@ -24,7 +24,7 @@ class HandleTable
 {
 public:
     quintptr add(Handle handle);
-    /// Null when there is no such handle of that kind; that is noted as a misuse.
+    /// Returns null, and records a misuse, if no handle of that kind has this number.
     const Handle *find(quintptr number, HandleKind kind, const char *use);
     bool remove(quintptr number, HandleKind kind, const char *use);
     bool isOpen(quintptr number) const { return m_handles.count(number) > 0; }
@@ -36,7 +36,7 @@ public:
 private:
     std::map<quintptr, Handle> m_handles;
     QStringList m_misuses;
-    quintptr m_next = 0x40; // never given out twice
+    quintptr m_next = 0x40; // no number is used twice
 };
 
 HandleTable &handles();

@@ -17,14 +17,14 @@ LPVOID HeapAlloc(HANDLE, DWORD flags, SIZE_T bytes)
     if (scope.anyFault())
         return nullptr;
     scope.call.result = 1;
-    return std::malloc(bytes); // so that a leak or an overrun is found by the usual tools
+    return std::malloc(bytes); // sanitizers and valgrind then find leaks and overruns
 }
 
 BOOL HeapFree(HANDLE, DWORD flags, LPVOID memory)
 {
     CallScope scope("HeapFree");
     scope.call.access = flags;
-    std::free(memory); // gone all the same when it is made to fail
+    std::free(memory); // also freed if the call fails
     if (scope.anyFault())
         return scope.failure(*scope.anyFault());
     return scope.success(TRUE);

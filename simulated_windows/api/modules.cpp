@@ -11,10 +11,10 @@ namespace {
 
 const HANDLE currentProcess = reinterpret_cast<HANDLE>(std::intptr_t(-1));
 const HMODULE kernel32 = reinterpret_cast<HMODULE>(quintptr(0x7ff0000));
-// Modules of the process count from here, so that they are no library handles.
+// Handles of the modules start here, so that they differ from library handles.
 constexpr quintptr firstModule = 0x10000000;
 
-/// Any function as GetProcAddress() returns it; the caller knows its type.
+/// Casts a function to the type that GetProcAddress() returns.
 template <typename Function>
 FARPROC asFunction(Function function)
 {
@@ -34,11 +34,11 @@ BOOL WINAPI getProductInfo(DWORD major, DWORD minor, DWORD servicePackMajor, DWO
     return scope.success(TRUE);
 }
 
-// An exported function is not told of which library it is. Each library that is
-// loaded takes one of these places and its own copy of the function with it.
+// The function cannot know its library, so each place gets its own instantiation. A loaded
+// library occupies a place.
 constexpr std::size_t places = 8;
 std::array<machine::DnsServiceRecord, places> services;
-std::array<quintptr, places> occupants {}; // their handles, free once these are closed
+std::array<quintptr, places> occupants {}; // handles of the libraries; a place is free after its handle is closed
 
 using Place = std::array<quintptr, places>::iterator;
 
@@ -117,7 +117,7 @@ DWORD GetModuleFileNameExW(HANDLE process, HMODULE module, LPWSTR name, DWORD si
         return DWORD(scope.failure(ERROR_INVALID_HANDLE));
     if (size == 0)
         return DWORD(scope.failure(ERROR_INSUFFICIENT_BUFFER));
-    const QString text = (*names)[index]->left(int(size) - 1); // cut, as Windows cuts it
+    const QString text = (*names)[index]->left(int(size) - 1); // truncated, as on Windows
     copyWide(text, name);
     return scope.success(DWORD((*names)[index]->size() < int(size) ? text.size() : int(size)));
 }

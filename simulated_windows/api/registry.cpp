@@ -13,7 +13,7 @@ using machine::RegistryRoot;
 using machine::RegistryValue;
 using KeyPointer = std::shared_ptr<RegistryKey>;
 
-/// A handle that is not null and was never given out.
+/// Not null, and never the handle of an open key.
 const HKEY deadKey = reinterpret_cast<HKEY>(quintptr(0xdead));
 
 quintptr numberOf(HKEY key)
@@ -88,7 +88,7 @@ struct Wide
     static QByteArray data(const RegistryValue &value) { return value.data; }
 };
 
-/// Stores data and, for a text without one, a terminator where there is room.
+/// Copies the data. Appends a terminator to text without one if the buffer has room.
 template <typename Form>
 void store(const QByteArray &data, DWORD type, LPBYTE buffer, DWORD room)
 {
@@ -102,7 +102,7 @@ void store(const QByteArray &data, DWORD type, LPBYTE buffer, DWORD room)
         std::memset(buffer + size, 0, Form::unitSize);
 }
 
-/// The common end of the calls that read a value: size, room, data.
+/// Returns type, size and data of a value as RegQueryValueEx does.
 template <typename Form>
 DWORD readValue(const RegistryValue &value, LPDWORD type, LPBYTE data, LPDWORD size)
 {
@@ -167,7 +167,7 @@ LSTATUS queryValueEx(const char *callName, HKEY key, const typename Form::Char *
         return scope.status(ERROR_INVALID_PARAMETER);
     const RegistryValue *value = open.key->findValue(scope.call.value);
     if (!value) {
-        if (size && !data) // asked for the size alone
+        if (size && !data) // the caller queries the size only
             scope.call.sizeOut = *size = 0;
         return scope.status(ERROR_FILE_NOT_FOUND);
     }
@@ -176,7 +176,7 @@ LSTATUS queryValueEx(const char *callName, HKEY key, const typename Form::Char *
     return scope.status(error);
 }
 
-/// Copies an enumerated name with its terminator, or says that it does not fit.
+/// Copies an enumerated name with its terminator. Returns ERROR_MORE_DATA if it does not fit.
 template <typename Form>
 DWORD copyName(const QString &name, typename Form::Char *buffer, DWORD room)
 {
@@ -262,7 +262,7 @@ LSTATUS RegCloseKey(HKEY key)
     if (predefinedRoot(key))
         return scope.status(scope.anyFault().value_or(ERROR_SUCCESS));
     scope.call.key = openKey(key, "RegCloseKey").path;
-    // A close that is made to fail closes all the same: what the caller holds is spent.
+    // A failing close still invalidates the handle.
     const bool closed = !scope.call.key.isEmpty() && handles().remove(numberOf(key), HandleKind::Key, "RegCloseKey");
     return scope.status(scope.anyFault().value_or(closed ? ERROR_SUCCESS : ERROR_INVALID_HANDLE));
 }

@@ -12,7 +12,7 @@ std::optional<machine::Machine> &current()
     return theMachine;
 }
 
-bool decided = false; // a machine, or none, was chosen
+bool decided = false; // the machine, or none, is determined
 
 void takeFromEnvironment()
 {

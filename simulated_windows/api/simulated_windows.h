@@ -1,7 +1,7 @@
-// Steers the simulated Windows: which machine it is, what it is asked, what fails.
+// Controls the simulated Windows: the machine in use, the journal of calls, and faults.
 //
-// The calls themselves are those of windows.h. All state is one per process and is
-// meant for one thread, as the library is.
+// windows.h declares the calls. The state is global and for use by one thread, like the
+// library.
 #pragma once
 
 #include "machine.h"
@@ -15,49 +15,51 @@
 
 namespace simulated {
 
-/// One call as the caller made it and as it was answered.
+/// One call: its arguments and its result.
 struct Call
 {
     QByteArray name;
-    QString key;         // registry calls: the full path; others: what they are asked about
+    QString key;         // registry calls: the full path; others: the object of the call, such as a drive
     QString value;       // registry calls: the value's name, or the index of an enumeration
-    quint32 access = 0;  // RegOpenKeyEx: the access mask; others: flags, 0 where there are none
-    quint64 sizeIn = 0;  // the in/out size as the caller set it
-    quint64 sizeOut = 0; // and as the call left it
+    quint32 access = 0;  // RegOpenKeyEx: the access mask; others: flags, or 0
+    quint64 sizeIn = 0;  // the in/out size before the call
+    quint64 sizeOut = 0; // and after the call
     qint64 result = 0;
-    QStringList given; // optional arguments that are not null, by name; where sections pass null
+    QStringList given; // names of optional arguments that are not null; sections pass null for all of them
 };
 
-/// Makes \a machine the one that answers. Handles that are still open stay so.
+/// Uses \a machine from now on. Open handles stay open.
 void install(machine::Machine machine);
 
-/// Knows nothing from now on: every call fails.
+/// Uses no machine from now on: every call fails.
 void installNothing();
 
-/// The machine in use; a test may change it under a running section. Without one,
-/// the first use takes the folder that VKSYSTEMINFO_MACHINE names.
+/// The machine in use. A test may change it while a section runs. If neither install() nor
+/// installNothing() was called, the first use loads the folder that VKSYSTEMINFO_MACHINE names.
 machine::Machine &machineInUse();
+/// Returns whether there is a machine, and loads it like machineInUse().
 bool knowsMachine();
 
-/// Forgets handles, journal, faults and error state, and records from now on.
+/// Clears handles, journal, faults and error state, and starts recording.
 void reset();
 
-/// Records no more. What was recorded stays.
+/// Stops recording. The journal keeps its calls.
 void stopRecording();
 
-/// Every call since reset().
+/// The calls recorded since reset().
 const std::vector<Call> &journal();
 
-/// How many calls were made in this process.
+/// The number of calls since reset() or the start of the process, recorded or not.
 std::size_t callCount();
 
-/// One line for each handle that is open, what it was opened for.
+/// The key or library of each open handle.
 QStringList openHandles();
 
-/// Uses of a handle that was never given out or is closed already.
+/// Uses of handles that never existed or are closed.
 QStringList handleMisuses();
 
-/// Called before every call with its number (from 0, since reset()) and its name.
+/// \a hook is called before every call, with the number of the call (from 0, since reset())
+/// and its name.
 void setBeforeCall(std::function<void(std::size_t number, const QByteArray &name)> hook);
 
 /// What a call does before it fails.
@@ -66,7 +68,7 @@ enum class BeforeFailing {
     WritesResults, ///< As if it succeeded; RegOpenKeyEx stores a handle that is not open.
 };
 
-/// Makes calls fail for as long as it lives.
+/// Makes calls fail while it exists.
 class Fault
 {
 public:
@@ -82,7 +84,7 @@ public:
     Fault &operator=(Fault &&) = delete;
     ~Fault();
 
-    /// How many calls it made fail.
+    /// The number of calls that it made fail.
     std::size_t hits() const;
 
 private:

@@ -16,7 +16,7 @@ void copyText(const QString &text, WCHAR (&field)[128])
     copyWide(text.left(127), field);
 }
 
-/// Both forms, both sizes of the record: what the caller says it has is filled.
+/// Fills the plain or the extended structure, depending on the size that the caller set.
 template <typename Plain, typename Extended>
 BOOL getVersion(const char *callName, Plain *information)
 {

@@ -1,4 +1,4 @@
-// Text between QString and the callers' buffers.
+// Copies text between QString and the buffers of callers.
 #pragma once
 
 #include "ansi_code_page.h"
@@ -22,7 +22,7 @@ inline QString fromWide(LPCWSTR text)
     return result;
 }
 
-/// Copies \a text and a terminator; the caller has made sure of the room.
+/// Copies \a text and a terminator; \a buffer must be large enough.
 inline void copyWide(const QString &text, LPWSTR buffer)
 {
     for (const QChar unit : text)
@@ -30,7 +30,7 @@ inline void copyWide(const QString &text, LPWSTR buffer)
     *buffer = 0;
 }
 
-/// Copies as much of \a text as a field of \a size holds with a terminator.
+/// Copies \a text and a terminator, truncated to \a size.
 inline void copyNarrow(const QByteArray &text, LPSTR field, int size)
 {
     const int length = std::min(text.size(), size - 1);

@@ -30,7 +30,7 @@ int _localtime32_s(struct tm *result, const __time32_t *time)
     CallScope scope("_localtime32_s");
     scope.call.value = QString::number(*time);
     if (scope.fault() || *time < 0) {
-        // Every field of the record is -1 then, as the run-time library leaves it.
+        // On failure the run-time library sets every field to -1.
         *result = {};
         for (int tm::*field : fields)
             result->*field = -1;
@@ -52,7 +52,7 @@ int asctime_s(char *buffer, size_t size, const struct tm *time)
         return int(scope.status(EINVAL));
     static const char days[] = "SunMonTueWedThuFriSat";
     static const char months[] = "JanFebMarAprMayJunJulAugSepOctNovDec";
-    // The day as the Universal C run-time library writes it; the older msvcrt has "%02d".
+    // The Universal C run-time library writes the day with "%2d", the older msvcrt with "%02d".
     qsnprintf(buffer, int(size), "%.3s %.3s %2d %02d:%02d:%02d %04d\n", days + 3 * std::size_t(time->tm_wday),
               months + 3 * std::size_t(time->tm_mon), time->tm_mday, time->tm_hour, time->tm_min, time->tm_sec,
               time->tm_year + 1900);

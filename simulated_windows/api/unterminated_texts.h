@@ -1,4 +1,4 @@
-// Counted texts without the terminator that belongs to them.
+// Makes calls return counted text without its terminator.
 #pragma once
 
 #include <QtCore/QString>
@@ -7,8 +7,8 @@
 
 namespace simulated {
 
-/// For as long as it lives GetUserNameW and ExpandEnvironmentStringsW neither write nor
-/// count a terminator. No Windows does so; sections are to bear it all the same.
+/// While it exists, GetUserNameW and ExpandEnvironmentStringsW neither write nor count a
+/// terminator. No known Windows does this, but sections must handle it.
 class UnterminatedTexts
 {
 public:
@@ -23,13 +23,13 @@ private:
     inline static bool s_inUse = false;
 };
 
-/// The units of \a text as such a call counts them.
+/// The number of units that these calls return for \a text.
 inline DWORD countedUnits(const QString &text)
 {
     return DWORD(text.size()) + (UnterminatedTexts::inUse() ? 0 : 1);
 }
 
-/// Copies what countedUnits() counts; the caller has made sure of the room.
+/// Copies what countedUnits() counts; \a buffer must be large enough.
 inline void copyCounted(const QString &text, LPWSTR buffer)
 {
     std::copy_n(text.utf16(), countedUnits(text), buffer);

@@ -9,20 +9,20 @@
 namespace simulated {
 namespace {
 
-/// The path with forward slashes, as Qt writes it.
+/// \a path with forward slashes.
 QString qtPath(const QString &path)
 {
     QString result = path;
     return result.replace(QLatin1Char('\\'), QLatin1Char('/'));
 }
 
-/// Away from Windows hardly a file of the process has a backslash in its name.
+/// Backslashes identify Windows paths: names of files on Unix rarely contain them.
 bool isWindowsPath(const QString &path)
 {
     return path.contains(QLatin1Char('\\'));
 }
 
-/// The described folder at \a path, in any case of letters, or null.
+/// The described folder at \a path, case-insensitively, or null.
 const machine::FolderRecord *folderAt(const QString &path)
 {
     const auto normal = [](const QString &path) { return QDir::cleanPath(qtPath(path)); };
@@ -33,7 +33,7 @@ const machine::FolderRecord *folderAt(const QString &path)
     return found == folders.keyEnd() ? nullptr : &*found.base();
 }
 
-/// A described folder, or what is in one.
+/// A described folder, or an entry of one.
 class WindowsFileEngine : public QAbstractFileEngine
 {
 public:
@@ -101,7 +101,7 @@ public:
     }
 };
 
-/// Whether Qt takes the path for that of a share: "//server/share".
+/// Whether the path is that of a share: "//server/share".
 bool isOnShare(const QString &path)
 {
     return isWindowsPath(path) && qtPath(path).startsWith(QLatin1String("//"));
@@ -116,9 +116,8 @@ void answerWindowsFiles()
 
 } // namespace simulated
 
-// Away from Windows QDir cleans every path as one that has no server, whatever a file
-// engine answers, and takes one of the two slashes away. The linker sends the calls of
-// QDir::absolutePath() in this build here instead (--wrap in CMakeLists.txt).
+// On Unix QDir removes one of the two slashes of a share, and a file engine cannot prevent that.
+// The linker replaces QDir::absolutePath() with this function (--wrap in CMakeLists.txt).
 QString absolutePathOfQt(const QDir *directory) asm("__real__ZNK4QDir12absolutePathEv");
 QString absolutePathOfWindows(const QDir *directory) asm("__wrap__ZNK4QDir12absolutePathEv");
 

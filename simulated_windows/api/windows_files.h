@@ -1,9 +1,9 @@
-// Answers Qt's file classes for the folders of the described machine.
+// Makes Qt's file classes list the folders of the described machine.
 #pragma once
 
 namespace simulated {
 
-/// From now on; does nothing when called again.
+/// Installs the file engine. Further calls do nothing.
 void answerWindowsFiles();
 
 } // namespace simulated

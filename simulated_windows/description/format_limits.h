@@ -1,16 +1,16 @@
-// What the format can say of two calls only in the report's own terms: it numbers five
-// variables, and it has a name for one folder. In memory both are general.
+// Two limits of the format: it has failures of ExpandEnvironmentStrings only for five numbered
+// variables, and it describes only the folder "WinSxS". machine::SystemAnswers has neither limit.
 #pragma once
 
 #include "machine.h"
 
 namespace machine {
 
-/// The variables whose expansion can fail, in the order of their numbers in
+/// The variables whose expansion can fail. Their indexes are the numbers in
 /// "ExpandEnvironmentStrings".
 inline constexpr const char *numberedVariables[] = {"OS", "PATH", "HOMEPATH", "TEMP", "PROCESSOR_IDENTIFIER"};
 
-/// Where the folder "WinSxS" is; nowhere without a Windows directory.
+/// The path of the folder "WinSxS"; nothing without a Windows directory.
 inline std::optional<QString> winSxSPath(const SystemAnswers &system)
 {
     const Answer<QString> &directory = system.GetSystemWindowsDirectory;

@@ -1,4 +1,4 @@
-// What a machine description says, as the calls will be answered from it.
+// A machine description in memory: the results of the simulated calls.
 #pragma once
 
 #include "records.h"
@@ -9,8 +9,8 @@
 
 namespace machine {
 
-/// The answers of a call by the number it is called with. A number that is not listed
-/// fails with the error.
+/// The answers of a call by its argument, a number. The call fails with the error for other
+/// numbers.
 struct NumberedAnswers : QMap<int, Answer<QString>>
 {
     quint32 error = 0;
@@ -26,7 +26,7 @@ struct CodePage
     operator int() const { return number; }
 };
 
-/// The names of what is in a folder. The format describes no files.
+/// The names of the folders and files in a folder. system.json has no files.
 struct FolderRecord
 {
     QStringList directories;
@@ -40,12 +40,12 @@ struct FolderRecord
     }
 };
 
-/// The members are named after the calls. An answer that is not given makes its call fail.
+/// The members have the names of the calls. A call without an answer fails.
 struct SystemAnswers
 {
     CodePage ansiCodePage;
     Answer<VersionRecord> GetVersionEx;
-    std::optional<Answer<ProductInfoRecord>> GetProductInfo; // not given: not exported
+    std::optional<Answer<ProductInfoRecord>> GetProductInfo; // absent: the function is not exported
     QMap<int, qint32> GetSystemMetrics;
     SystemInfoRecord GetSystemInfo;
     Answer<MemoryRecord> GlobalMemoryStatusEx;
@@ -63,8 +63,8 @@ struct SystemAnswers
     Answer<std::vector<AdapterRecord>> GetAdaptersInfo;
     qint32 timeZone = 0; // minutes
 
-    // Not fields, since system.json has a form of its own for them.
-    QMap<QString, quint32> expansionErrors; // of ExpandEnvironmentStrings, by an upper-cased variable in the text
+    // Not in fields(), because system.json has a special form for them.
+    QMap<QString, quint32> expansionErrors; // of ExpandEnvironmentStrings, by upper-cased variable in the source
     QMap<QString, FolderRecord> folders;    // by path
 
     template <typename Visit>

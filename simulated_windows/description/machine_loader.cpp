@@ -15,7 +15,7 @@ QString located(const QString &path, int line, const QString &message)
     return place + QStringLiteral(": ") + message;
 }
 
-/// True when there is no such file, or \a read took it.
+/// True if the file does not exist, or if \a read succeeds.
 template <typename Read>
 bool readFile(const QString &path, QString &error, Read read)
 {

@@ -5,9 +5,9 @@
 
 namespace machine {
 
-/// The machine that \a folder describes. A file that is missing there means that
-/// Windows has nothing to say. On failure (no such folder, a malformed file)
-/// nothing, and \a error is one line that names file and line.
+/// Loads the machine that \a folder describes. Without registry.reg the registry is empty; without
+/// system.json the other calls fail. If the folder does not exist or a file is malformed, returns
+/// nothing and sets \a error to one line that names the file and its line.
 std::optional<Machine> loadMachine(const QString &folder, QString &error);
 
 } // namespace machine

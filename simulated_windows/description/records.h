@@ -1,8 +1,8 @@
-// What calls of Windows fill in. Fields are named after the fields of the calls.
+// The results of calls of Windows. The fields have the names of the members of Windows' structures.
 //
-// Each record lists its fields once: fields(visit) calls visit with the name of each and
-// the pointer to it. Whatever handles all fields walks this list, so a new field is its
-// declaration and a line of the list.
+// Each record lists its fields once: fields(visit) calls visit with the name of each field and a
+// pointer to member. Code that handles all fields uses this list, so a new field needs only its
+// declaration and a line in the list.
 #pragma once
 
 #include <QtCore/QString>
@@ -11,8 +11,8 @@
 
 namespace machine {
 
-/// The answer of a call: a value, or the Windows error it fails with (0 when the
-/// description names none).
+/// The answer of a call: a value, or the Windows error with which it fails (0 if the
+/// description has no error).
 template <typename T>
 struct Answer
 {
@@ -183,7 +183,7 @@ struct DnsServiceRecord
 
 struct LibraryRecord
 {
-    std::optional<DnsServiceRecord> DNSServiceGetProperty; // not given: not exported
+    std::optional<DnsServiceRecord> DNSServiceGetProperty; // absent: the function is not exported
 
     template <typename Visit>
     static void fields(Visit visit)

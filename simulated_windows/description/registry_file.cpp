@@ -10,7 +10,7 @@ namespace {
 
 const QLatin1String firstLine("Windows Registry Editor Version 5.00");
 
-/// UTF-16LE with a byte-order mark, or UTF-8 with or without one.
+/// Decodes UTF-16LE with a byte-order mark, or UTF-8 with or without one.
 bool decode(const QByteArray &contents, QString &text)
 {
     if (contents.startsWith("\xff\xfe")) {
@@ -101,7 +101,7 @@ private:
 
     bool parseKey(const QString &text)
     {
-        const int close = text.lastIndexOf(QLatin1Char(']')); // a name may hold brackets
+        const int close = text.lastIndexOf(QLatin1Char(']')); // a name may contain brackets
         if (close < 0)
             return fail(QStringLiteral("a key without its closing bracket"));
         if (!isRest(text.mid(close + 1)))
@@ -178,7 +178,7 @@ private:
         return true;
     }
 
-    // Behind complete data only blanks and a comment may stand.
+    // Only blanks and a comment may follow complete data.
     static bool isRest(const QString &text)
     {
         const QString rest = trimmed(text);
@@ -261,7 +261,7 @@ private:
         if (text.isEmpty())
             return true;
         QStringList parts = text.split(QLatin1Char(','));
-        if (trimmed(parts.constLast()).isEmpty()) // "..,\" and the trailing comma of hand-made files
+        if (trimmed(parts.constLast()).isEmpty()) // a list that continues ends with a comma; hand-written files may have a trailing one
             parts.removeLast();
         else if (continues)
             return false;

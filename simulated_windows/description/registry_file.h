@@ -1,4 +1,4 @@
-// Reads and writes registry.reg, text as the Windows registry editor exports it.
+// Reads and writes registry.reg, which has the format of the Windows registry editor.
 #pragma once
 
 #include "registry_tree.h"
@@ -7,12 +7,12 @@
 
 namespace machine {
 
-/// Adds what \a contents says to \a registry. False when a line is malformed;
-/// \a error then is the message, \a errorLine its line (from 1).
+/// Adds the keys and values of \a contents to \a registry. False if a line is malformed; then
+/// \a error is the message and \a errorLine the line, counted from 1.
 bool readRegistryFile(const QByteArray &contents, Registry &registry, QString &error, int &errorLine);
 
-/// \a registry as the registry editor would export it: UTF-16LE with a byte-order mark,
-/// CRLF. Every key is written, also one without values.
+/// \a registry in the form of the registry editor: UTF-16LE with a byte-order mark,
+/// CRLF. Includes keys without values.
 QByteArray writeRegistryFile(const Registry &registry);
 
 } // namespace machine

@@ -17,8 +17,8 @@ QString escaped(const QString &text)
     return result;
 }
 
-/// The text of a value that a quoted text can stand for, else nothing: one terminator,
-/// at the end, and no line break.
+/// Whether a quoted text can represent the value: REG_SZ with exactly one null, which is the
+/// terminator, and without a line break. Sets \a text.
 bool isPlainText(const RegistryValue &value, QString &text)
 {
     const QByteArray &data = value.data;
@@ -33,7 +33,7 @@ bool isPlainText(const RegistryValue &value, QString &text)
     return !text.contains(QChar(QChar::Null)) && !text.contains(QLatin1Char('\n')) && !text.contains(QLatin1Char('\r'));
 }
 
-/// Bytes with commas between them behind \a start, broken as the registry editor does.
+/// \a start and the bytes of \a data, separated by commas, with the registry editor's line breaks.
 QString byteList(QString start, const QByteArray &data)
 {
     constexpr int longestLine = 76;

@@ -1,9 +1,8 @@
-// A registry in memory: keys, their sub-keys and their values, byte for byte.
+// A registry in memory: keys, their sub-keys, and their values as bytes.
 //
-// Modelled on the registry of Windows NT. Names compare without regard to case,
-// by UTF-16 code unit, and keep the spelling they were first given. Sub-keys
-// enumerate in the order of their upper-cased names, values in the order in which
-// they were first given.
+// Modelled on the registry of Windows NT. Names are compared case-insensitively by UTF-16 code
+// unit, and keep their first spelling. Sub-keys are enumerated in the order of their upper-cased
+// names, values in the order in which they were added.
 #pragma once
 
 #include <QtCore/QByteArray>
@@ -14,8 +13,8 @@
 
 namespace machine {
 
-/// Each code unit in upper case by itself, as Windows NT does it for names: only
-/// where the way back leads to the same unit. "ß", "ı" and lone surrogates stay.
+/// Converts each code unit to upper case as Windows NT does for names: only if the lower case of
+/// the result is the original unit. "ß", "ı" and lone surrogates are unchanged.
 QString upperCased(const QString &name);
 
 struct RegistryValue
@@ -34,18 +33,18 @@ public:
 
     const std::vector<RegistryValue> &values() const { return m_values; }
     const RegistryValue *findValue(const QString &name) const;
-    /// Replaces type and data of a value of that name, else appends it.
+    /// Replaces type and data of the value with that name, or appends the value.
     void setValue(const RegistryValue &value);
     bool removeValue(const QString &name);
 
     std::size_t subKeyCount() const { return m_subKeys.size(); }
-    /// Null past the end.
+    /// Null after the last one.
     std::shared_ptr<RegistryKey> subKeyAt(std::size_t index) const;
     std::shared_ptr<RegistryKey> findSubKey(const QString &name) const;
     std::shared_ptr<RegistryKey> createSubKey(const QString &name);
     bool removeSubKey(const QString &name);
 
-    /// A denied key exists, but neither it nor a key below it can be opened.
+    /// A denied key exists, but it and the keys below it cannot be opened.
     bool isDenied() const { return m_denied; }
     void setDenied(bool denied) { m_denied = denied; }
 
@@ -57,7 +56,7 @@ private:
     mutable std::vector<std::weak_ptr<RegistryKey>> m_ordered; // the same, by index
 };
 
-/// The four roots that a description can fill; they do not mirror each other.
+/// The four roots of a description. HKEY_CLASSES_ROOT and HKEY_CURRENT_USER do not mirror the others.
 enum class RegistryRoot {
     ClassesRoot,
     CurrentUser,
@@ -72,7 +71,7 @@ public:
 
     const std::shared_ptr<RegistryKey> &root(RegistryRoot root) const;
 
-    /// All four, in the order in which a description is written.
+    /// All four roots in the order of registry.reg.
     std::vector<std::shared_ptr<RegistryKey>> roots() const;
 
 private:
@@ -83,11 +82,11 @@ private:
 /// ignored, an empty path is the key itself.
 std::shared_ptr<RegistryKey> findKey(const std::shared_ptr<RegistryKey> &key, const QString &path);
 std::shared_ptr<RegistryKey> createKey(const std::shared_ptr<RegistryKey> &key, const QString &path);
-/// Whether \a key, or a key on the way along \a path, is denied.
+/// Whether \a key or a key along \a path is denied.
 bool isDenied(const std::shared_ptr<RegistryKey> &key, const QString &path);
 
-/// The key of a whole path, which begins with the name of a root; created with its
-/// parents. Null when there is no such root.
+/// Creates the key at \a wholePath, which starts with the name of a root, and its parents. Null if
+/// the root does not exist.
 std::shared_ptr<RegistryKey> createKey(const Registry &registry, const QString &wholePath);
 
 } // namespace machine

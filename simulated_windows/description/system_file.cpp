@@ -12,8 +12,8 @@
 namespace machine {
 namespace {
 
-/// Reads JSON values into fields, each by the type of the field; remembers the first value
-/// that has another form.
+/// Reads JSON values into fields by the type of the field. Keeps the error of the first value of a
+/// wrong type.
 class Reader
 {
 public:
@@ -38,7 +38,7 @@ public:
     }
 
 private:
-    /// A value of any form, which is not looked at.
+    /// Ignores a member.
     struct Anything
     {
     };
@@ -49,7 +49,7 @@ private:
         readMember(QLatin1String(name), object.value(QLatin1String(name)), field);
     }
 
-    /// Leaves \a field as it is when \a value is null or absent.
+    /// Leaves \a field unchanged if \a value is null or absent.
     template <typename T>
     void readMember(const QString &name, const QJsonValue &value, T &field)
     {
@@ -60,7 +60,7 @@ private:
         m_path.removeLast();
     }
 
-    /// A number, which is cut to the field, or a record.
+    /// A number, which is truncated to the field, or a record.
     template <typename T>
     void read(const QJsonValue &value, T &field)
     {
@@ -120,11 +120,11 @@ private:
     template <typename T>
     void read(const QJsonValue &value, std::optional<T> &field)
     {
-        if (!value.isNull()) // of a list
+        if (!value.isNull()) // null is an entry of a list
             read(value, field.emplace());
     }
 
-    /// An empty list leaves what a record has by default.
+    /// An empty list leaves the default of a record.
     template <typename T>
     void read(const QJsonValue &value, std::vector<T> &list)
     {
@@ -135,7 +135,7 @@ private:
             read(element, list.emplace_back());
     }
 
-    /// By number; members that are named otherwise are ignored.
+    /// Members whose names are numbers; others are ignored.
     template <typename T>
     void read(const QJsonValue &value, QMap<int, T> &map)
     {
@@ -162,7 +162,7 @@ private:
         readEntries(value, libraries, [](const QString &name) { return std::make_optional(name.toLower()); });
     }
 
-    /// No call of its own, so that "error" is a variable like any other.
+    /// Not a call, so "error" is a variable like any other.
     void read(const QJsonValue &value, QMap<QString, QString> &environment)
     {
         const QJsonObject object = toObject(value);
@@ -200,7 +200,7 @@ private:
         return value.toArray();
     }
 
-    /// An integer, or a text such as "0x8000000000000000"; cut to 64 bits.
+    /// An integer, or a text such as "0x8000000000000000", truncated to 64 bits.
     quint64 toNumber(const QJsonValue &value)
     {
         quint64 number = 0;
@@ -217,7 +217,7 @@ private:
         return 0;
     }
 
-    /// Whether \a value is {"error": N}, and the number.
+    /// Whether \a value is {"error": N}. Sets \a number.
     bool isFailure(const QJsonValue &value, quint32 &number)
     {
         const QJsonValue member = value.toObject().value(QLatin1String("error"));
@@ -228,7 +228,7 @@ private:
         return true;
     }
 
-    /// "0x..." or decimal digits, with a sign; cut to 64 bits.
+    /// "0x..." or decimal digits with an optional sign, truncated to 64 bits.
     static bool parseNumber(const QString &text, quint64 &number)
     {
         const bool negative = text.startsWith(QLatin1Char('-'));
@@ -253,16 +253,16 @@ private:
             error = QStringLiteral("'%1' is not %2").arg(m_path.join(QLatin1Char('.')), QLatin1String(what));
     }
 
-    QStringList m_path; // the names of the members that are being read
+    QStringList m_path; // the names of the nested members of the current value
 };
 
-/// Integers of so many digits that QJsonValue, which holds doubles, would round them become
-/// texts. The expression skips what is in quotation marks, and fractions.
+/// Converts long integers to texts, because QJsonValue stores doubles and would round them. The
+/// expression skips texts and fractions.
 QByteArray withLongIntegersAsTexts(const QByteArray &json)
 {
     static const QRegularExpression longInteger(
         QStringLiteral(R"("(?:[^"\\]++|\\.)*+"(*SKIP)(*FAIL)|(?<![\d.eE+-])(-?[1-9]\d{15,}+)(?![.eE]))"));
-    QString text = QString::fromLatin1(json.constData(), json.size()); // nulls included
+    QString text = QString::fromLatin1(json.constData(), json.size()); // the size, because of nulls
     return text.replace(longInteger, QStringLiteral("\"\\1\"")).toLatin1();
 }
 
@@ -273,7 +273,7 @@ bool readSystemFile(const QByteArray &contents, Machine &machine, QString &error
     QByteArray text = contents;
     if (text.startsWith("\xef\xbb\xbf"))
         text.remove(0, 3);
-    // Elsewhere it is a character, which Qt would take from the start of a text.
+    // A byte-order mark is valid only at the start of the file. Elsewhere U+FEFF is a character.
     text.replace("\xef\xbb\xbf", "\\ufeff");
     text = withLongIntegersAsTexts(text);
     QJsonParseError parseError;

@@ -1,10 +1,9 @@
-// Reads and writes system.json: the answers of every Windows call that is not a registry
-// read, and the registry keys that cannot be opened.
+// Reads and writes system.json: the answers of all calls that do not read the registry, and the
+// registry keys that cannot be opened.
 //
-// The format knows two things only by the report's own terms: the failures of
-// ExpandEnvironmentStrings have the numbers of five variables, and "WinSxS" is the one
-// folder, below the Windows directory. Here both become what the calls can be answered
-// from: failures by variable, folders by path.
+// The format has two limits. Failures of ExpandEnvironmentStrings have the numbers of five
+// variables, and "WinSxS" below the Windows directory is the only folder. In memory the failures
+// have names of variables, and the folders have paths.
 #pragma once
 
 #include "machine.h"
@@ -13,13 +12,12 @@
 
 namespace machine {
 
-/// Fills the answers of \a machine from \a contents, and adds its denied keys to the
-/// registry. False when it is not JSON or a member is not
-/// of its form; \a error then is the message, \a errorLine its line (from 1), or 0
-/// when the message names the member instead.
+/// Sets the answers of \a machine from \a contents, and adds its denied keys to the registry. False
+/// if \a contents is not JSON or a member has the wrong type; then \a error is the message.
+/// \a errorLine is the line, counted from 1, or 0 if the message names the member.
 bool readSystemFile(const QByteArray &contents, Machine &machine, QString &error, int &errorLine);
 
-/// The answers and the denied keys as JSON; answers that are not given are left out.
+/// The answers and the denied keys as JSON, without absent answers.
 QByteArray writeSystemFile(const Machine &machine);
 
 } // namespace machine

@@ -9,11 +9,11 @@
 namespace machine {
 namespace {
 
-/// Fields as JSON values, each by its type. Null stands for what is not given.
+/// Converts fields to JSON values by their type. Null stands for an absent answer.
 class Json
 {
 public:
-    /// A number, as a text where a double would round it, or a record.
+    /// A number, which becomes a text if a double would round it, or a record.
     template <typename T>
     static QJsonValue of(const T &field)
     {

@@ -1,7 +1,6 @@
-// The C library was built with a wchar_t of four bytes: its wide functions and
-// everything of std::wstring that is not a header would read and write past ours.
-// Their names do not compile once windows.h is included; Qt's inline
-// QString::toWCharArray() and the Windows calls themselves are what to use.
+// The C library was built with a wchar_t of four bytes. Its wide functions, and the compiled
+// parts of std::wstring, would read and write beyond a buffer of 2-byte units. Their names do
+// not compile after this header. Use Windows calls or the inline QString::toWCharArray().
 #pragma once
 
 #pragma GCC poison wcslen wcsnlen wcscpy wcsncpy wcscat wcsncat wcscmp wcsncmp wcschr wcsrchr wcsstr

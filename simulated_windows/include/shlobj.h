@@ -1,4 +1,4 @@
-// The part of shlobj.h that this project uses, for builds away from Windows.
+// The part of shlobj.h that this project uses, for systems other than Windows.
 #pragma once
 
 #include <windows.h>

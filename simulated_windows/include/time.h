@@ -1,5 +1,5 @@
-// The system's time.h and the two functions of the Windows run-time library that
-// this project uses, for builds away from Windows.
+// The system's time.h and the two functions of the Windows run-time library that this
+// project uses, for systems other than Windows.
 #pragma GCC system_header // #include_next is an extension
 #include_next <time.h>
 

@@ -1,11 +1,11 @@
-// The part of windows.h that this project uses, for builds away from Windows.
+// The part of windows.h that this project uses, for systems other than Windows.
 //
-// Types have the sizes, records the layouts and constants the values that 64-bit
-// Windows gives them. A call is declared here only once its behaviour is written,
-// so that a section which uses a new one does not compile until then.
+// The sizes of types, layouts of structures and values of constants are those of 64-bit
+// Windows. Only calls that simulated_windows/api/ defines are declared here: a section that
+// uses another call does not compile.
 #pragma once
 
-// Before the names below are poisoned.
+// These headers use names that no_wide_c_library.h poisons.
 #include <QtCore/QString>
 #include <cstddef>
 #include <cstdint>
@@ -136,6 +136,7 @@ BOOL GetSystemRegistryQuota(PDWORD allowed, PDWORD used);
 
 // Version and system
 constexpr int SM_SERVERR2 = 89;
+constexpr DWORD VER_PLATFORM_WIN32_NT = 2;
 constexpr BYTE VER_NT_WORKSTATION = 1;
 constexpr BYTE VER_NT_DOMAIN_CONTROLLER = 2;
 constexpr BYTE VER_NT_SERVER = 3;

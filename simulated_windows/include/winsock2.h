@@ -1,4 +1,4 @@
-// On Windows iphlpapi.h wants this before windows.h; nothing of it is used.
+// On Windows winsock2.h must precede windows.h and iphlpapi.h. Nothing of it is used.
 #pragma once
 
 #include <windows.h>

@@ -16,7 +16,7 @@ struct KnownVersion
     qint32 minor = -1;
 };
 
-/// The first row whose flag is set decides: desktop versions precede ES versions.
+/// The first row whose flag is set applies. Desktop versions precede ES versions.
 constexpr KnownVersion knownVersions[] = {
     {QGLFormat::OpenGL_Version_4_3, "OpenGL 4.3", 4, 3},
     {QGLFormat::OpenGL_Version_4_2, "OpenGL 4.2", 4, 2},

@@ -26,8 +26,8 @@ constexpr Location locations[] = {
 
 } // namespace
 
-// Quirk: the title is the class that preceded QStandardPaths, and nothing belongs to the
-// line "HomeLocation".
+// Quirk: the title names the predecessor of QStandardPaths, and the line "HomeLocation" has no
+// content.
 QString qtDesktopServices()
 {
     QString text;

@@ -7,7 +7,7 @@ namespace velkor {
 namespace SystemInfo {
 namespace {
 
-// Quirk: the system of the United Kingdom is "unknown".
+// Quirk: the measurement system of the United Kingdom is "unknown".
 QString measurementSystemName(QLocale::MeasurementSystem system)
 {
     switch (system) {

@@ -6,6 +6,7 @@
 namespace velkor {
 namespace SystemInfo {
 
+// Quirk: "informations" is not an English word.
 QString allInfos(bool noOpenGL)
 {
     QString report = WinSysInfo::allWinInfos();

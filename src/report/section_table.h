@@ -11,7 +11,7 @@ namespace SystemInfo {
 enum class Part {
     Windows, ///< the Windows half
     Qt,      ///< the Qt half
-    OpenGL,  ///< left out when the host asks for no OpenGL
+    OpenGL,  ///< left out if the host requests no OpenGL
 };
 
 enum class Followed {
@@ -19,25 +19,25 @@ enum class Followed {
     BySeparator,
 };
 
-/// A section of the report. Whatever handles sections one by one walks this table: the
-/// report, vkreplay, vkcapture, the benchmark, and the tests.
+/// A section of the report. The report, vkreplay, vkcapture, the benchmark and the tests walk
+/// the table of sections.
 struct Section
 {
     /// Base name of its source file and of its test.
     const char *file;
-    /// Tells sections of one file apart; null for a file with one section. The golden text of
-    /// a section is FILE.txt or FILE_VARIANT.txt.
+    /// Distinguishes the sections of one file; null if it has one section only. The golden text
+    /// is FILE.txt or FILE_VARIANT.txt.
     const char *variant;
-    /// Name of its function, as the user of a program writes it. Where the function takes
-    /// an argument it follows after a colon: "portsFromRegistry:SERIALCOMM".
+    /// Name on the command line: that of its function. An argument of the function follows
+    /// after a colon: "portsFromRegistry:SERIALCOMM".
     const char *name;
     QString (*text)();
-    /// The text begins with it, whichever query fails. Quirk: someEnvironmentVariables()
-    /// has no text at all when it gets no memory.
+    /// The start of the text, which no failing query removes. Quirk: someEnvironmentVariables()
+    /// returns an empty text if it cannot allocate memory.
     const char *heading;
     Part part;
     Followed followed;
-    /// What the section reads from the registry; null for nothing.
+    /// What the section reads from the registry; null if it reads nothing.
     RegistryReads (*reads)() = nullptr;
 };
 

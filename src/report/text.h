@@ -15,8 +15,8 @@ inline const QString newline = QStringLiteral("\n");
 /// return them.
 QString detached(QString text);
 
-/// Appends \a more. Unlike QString, which doubles its capacity, a text that must grow
-/// grows by a quarter: reports are long.
+/// Appends \a more. The capacity grows by a quarter, because reports are long; QString would
+/// double it.
 void append(QString &text, const QString &more);
 
 /// Appends a whole section. Squeezes the section first, which limits the peak memory.

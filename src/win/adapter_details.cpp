@@ -3,7 +3,7 @@
 #include "report/text.h"
 #include "win/lease_time.h"
 
-// winsock2.h must precede windows.h, and iphlpapi.h must follow it
+// winsock2.h must precede windows.h, and windows.h must precede iphlpapi.h
 #include <winsock2.h>
 
 #include "win/heap_buffer.h"
@@ -15,7 +15,7 @@ namespace SystemInfo {
 namespace WinSysInfo {
 namespace {
 
-/// The adapters that Windows lists at the moment.
+/// The adapters that Windows lists when the object is constructed.
 class AdapterList
 {
 public:
@@ -43,27 +43,22 @@ private:
     bool m_isRead = false;
 };
 
-QString addressText(const IP_ADDR_STRING &entry)
+/// Fills the next two placeholders of \a format.
+QString withAddress(const QString &format, const IP_ADDR_STRING &entry)
 {
-    return QString::fromUtf8(entry.IpAddress.String);
-}
-
-QString maskText(const IP_ADDR_STRING &entry)
-{
-    return QString::fromUtf8(entry.IpMask.String);
+    return format.arg(QString::fromUtf8(entry.IpAddress.String)).arg(QString::fromUtf8(entry.IpMask.String));
 }
 
 /// One unnumbered line, or numbered lines if there are several addresses.
 void appendAddressLines(QString &text, const QString &label, const IP_ADDR_STRING &list)
 {
     if (!list.Next) {
-        appendLine(text, label + QStringLiteral(": %1, %2").arg(addressText(list)).arg(maskText(list)));
+        appendLine(text, label + withAddress(QStringLiteral(": %1, %2"), list));
         return;
     }
     int number = 0;
-    for (const IP_ADDR_STRING *entry = &list; entry; entry = entry->Next) {
-        appendLine(text, label + QStringLiteral(" %1: %2, %3").arg(++number).arg(addressText(*entry)).arg(maskText(*entry)));
-    }
+    for (const IP_ADDR_STRING *entry = &list; entry; entry = entry->Next)
+        appendLine(text, label + withAddress(QStringLiteral(" %1: %2, %3").arg(++number), *entry));
 }
 
 void appendDhcpLines(QString &text, const IP_ADAPTER_INFO &adapter)
@@ -72,7 +67,7 @@ void appendDhcpLines(QString &text, const IP_ADAPTER_INFO &adapter)
     if (!adapter.DhcpEnabled)
         return;
     appendAddressLines(text, QStringLiteral("DHCP server"), adapter.DhcpServer);
-    // A lease time ends its own line.
+    // formatLeaseTime() returns the line end too.
     append(text, QStringLiteral("Lease obtained: %1").arg(formatLeaseTime(adapter.LeaseObtained)));
     append(text, QStringLiteral("Lease expires:  %1").arg(formatLeaseTime(adapter.LeaseExpires)));
 }
@@ -82,12 +77,8 @@ void appendWinsLines(QString &text, const IP_ADAPTER_INFO &adapter)
     appendLine(text, QStringLiteral("Have WINS: %1").arg(adapter.HaveWins));
     if (!adapter.HaveWins)
         return;
-    appendLine(text, QStringLiteral("Primary WINS Server: %1, %2")
-                         .arg(addressText(adapter.PrimaryWinsServer))
-                         .arg(maskText(adapter.PrimaryWinsServer)));
-    appendLine(text, QStringLiteral("Secondary WINS Server: %1, %2")
-                         .arg(addressText(adapter.SecondaryWinsServer))
-                         .arg(maskText(adapter.SecondaryWinsServer)));
+    appendLine(text, withAddress(QStringLiteral("Primary WINS Server: %1, %2"), adapter.PrimaryWinsServer));
+    appendLine(text, withAddress(QStringLiteral("Secondary WINS Server: %1, %2"), adapter.SecondaryWinsServer));
 }
 
 } // namespace

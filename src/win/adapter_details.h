@@ -7,10 +7,10 @@ namespace velkor {
 namespace SystemInfo {
 namespace WinSysInfo {
 
-/// The adapter's name for people; empty if no adapter has the interface index \a index.
+/// The description of the adapter with the interface index \a index; empty if there is none.
 QString adapterDescription(quint32 index);
 
-/// The lines about gateways, DHCP, leases and WINS of the adapter of the interface index
+/// The lines about gateways, DHCP, leases and WINS of the adapter with the interface index
 /// \a index; empty if there is none.
 QString adapterDetails(quint32 index);
 

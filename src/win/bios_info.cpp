@@ -8,7 +8,7 @@ namespace SystemInfo {
 namespace WinSysInfo {
 namespace {
 
-/// The strings of a multi-string, one a line; the label precedes the first.
+/// The strings of a multi-string, one on each line; the label precedes the first.
 void appendListLines(QString &text, HKEY key, const Value &value, TextBuffer &buffer)
 {
     if (!buffer.query(key, value.name))

@@ -20,7 +20,7 @@ public:
 
     /// The last call needed a larger buffer.
     bool isTooSmall() const { return m_length > size; }
-    /// The path that the last call returned; if the buffer is too small, what it holds.
+    /// The path that the last call returned; if the buffer is too small, the previous path.
     QString text() const
     {
         return isTooSmall() ? wideText(m_units, size) : wideUnits(m_units, m_length);

@@ -69,7 +69,7 @@ void appendDriveLines(QString &text, DWORD drives)
 
 QString diskInformation()
 {
-    SetErrorMode(SEM_FAILCRITICALERRORS); // Windows must not ask the user for a disk
+    SetErrorMode(SEM_FAILCRITICALERRORS); // no dialog box that asks for a disk
     QString text;
     appendLine(text, QStringLiteral("Disk information: "));
     const DWORD drives = GetLogicalDrives();

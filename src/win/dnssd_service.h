@@ -7,8 +7,7 @@ namespace velkor {
 namespace SystemInfo {
 namespace WinSysInfo {
 
-/// checkStandardBonjour() for the library \a libraryFileName. Windows searches, loads and
-/// frees the library.
+/// checkStandardBonjour() for the library \a libraryFileName, which LoadLibrary finds.
 bool checkDnssdLibrary(const wchar_t *libraryFileName, int &errorCode, QString &version);
 
 /// The lines of a check, after \a label.

@@ -97,9 +97,10 @@ void appendClassBlock(QString &text, HKEY deviceClass, const QString &classPath)
 RegistryReads driverReads()
 {
     const QString deviceClass = classesPath() + QStringLiteral("\\*");
+    const QStringList values = valueNames(driverValues) + valueNames(propertyValues);
     return {{HKEY_LOCAL_MACHINE, classesPath(), {}},
             {HKEY_LOCAL_MACHINE, deviceClass, {QString::fromWCharArray(classValue)}},
-            {HKEY_LOCAL_MACHINE, deviceClass + QStringLiteral("\\*"), valueNames(driverValues) + valueNames(propertyValues)}};
+            {HKEY_LOCAL_MACHINE, deviceClass + QStringLiteral("\\*"), values}};
 }
 
 QString driverInfoFromRegistry()
@@ -117,7 +118,7 @@ QString driverInfoFromRegistry()
         const RegistryKey deviceClass = openKey(HKEY_LOCAL_MACHINE, classPath);
         if (!deviceClass)
             continue;
-        if (i == 0) // Quirk: if the first class cannot be opened, nothing opens the list.
+        if (i == 0) // Quirk: if the first class cannot be opened, no rule precedes the list.
             appendRule(text);
         appendClassBlock(text, deviceClass.get(), classPath);
     }

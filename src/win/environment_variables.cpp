@@ -36,7 +36,7 @@ QString expanded(int index, wchar_t *buffer)
 QString someEnvironmentVariables()
 {
     const HeapBuffer buffer(bufferSize * sizeof(wchar_t));
-    if (!buffer) // Quirk: without memory there is not even the heading.
+    if (!buffer) // Quirk: without memory the section lacks its heading too.
         return QString();
     QString text;
     appendLine(text, QStringLiteral("Some environment variables:"));

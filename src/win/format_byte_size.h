@@ -6,8 +6,8 @@ namespace velkor {
 namespace SystemInfo {
 namespace WinSysInfo {
 
-/// A count of bytes in the largest binary unit that it reaches, with one digit after
-/// the point that is cut, never rounded: 1610612735 is "1.4 GByte".
+/// \a bytes as GByte, MByte, KByte or Byte: in the largest unit of which it has at least one.
+/// The only decimal digit is truncated, not rounded: 1610612735 is "1.4 GByte".
 QString formatByteSize(quint64 bytes);
 
 } // namespace WinSysInfo

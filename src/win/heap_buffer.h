@@ -7,7 +7,7 @@ namespace velkor {
 namespace SystemInfo {
 namespace WinSysInfo {
 
-/// Not zeroed; null if there is no memory.
+/// The memory is not zeroed. Null if the allocation fails.
 class HeapBuffer
 {
 public:

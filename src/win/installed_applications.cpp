@@ -12,7 +12,7 @@ namespace SystemInfo {
 namespace WinSysInfo {
 namespace {
 
-// Product names are compared as bytes, whole and with regard to case.
+// Product names are compared as bytes, case-sensitively.
 
 bool contains(const char *name, const char *part)
 {
@@ -54,8 +54,8 @@ struct KnownApplication
     const char *projectType; // also the name of its key in HKEY_CLASSES_ROOT
 };
 
-/// The first row that matches decides. Quirk: the rows are uneven. The beta has an extension
-/// that the row of its own project type lacks, and only one row matches by its start.
+/// The first matching row applies. Quirk: the beta has an extension that the other row of its
+/// project type lacks, and only one row matches the start of a name.
 constexpr KnownApplication knownApplications[] = {
     {isLinemodelSinceV10, {".lmdl", ".lmdl2", ".vkpj"}, "Linemodel since V10"},
     {isLinemodel, {".lmdl", ".lmdl2"}, "Linemodel"},
@@ -102,11 +102,9 @@ void appendExtensionLine(QString &text, const char *extension)
 {
     const QString name = QString::fromLatin1(extension);
     const QString registered = classDefault(name);
-    if (!registered.isEmpty()) {
-        appendLine(text, QStringLiteral("File extension '%1' registered with application project type '%2'")
-                             .arg(name)
-                             .arg(registered));
-    }
+    const QString line = QStringLiteral("File extension '%1' registered with application project type '%2'");
+    if (!registered.isEmpty())
+        appendLine(text, line.arg(name).arg(registered));
 }
 
 void appendOpenCommandLines(QString &text, const QString &projectType)

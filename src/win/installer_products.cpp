@@ -33,11 +33,12 @@ void appendVersionLine(QString &text, HKEY key)
     if (!version.query(key, versionValue))
         return;
     const quint32 value = version.value();
-    appendLine(text, QStringLiteral("Version: %1.%2.%3 (raw value 0x%4)")
-                         .arg(value >> 24)
-                         .arg(value >> 16 & 0xff)
-                         .arg(value & 0xffff)
-                         .arg(value, 0, 16));
+    const QString line = QStringLiteral("Version: %1.%2.%3 (raw value 0x%4)")
+                             .arg(value >> 24)
+                             .arg(value >> 16 & 0xff)
+                             .arg(value & 0xffff)
+                             .arg(value, 0, 16);
+    appendLine(text, line);
 }
 
 void appendHexadecimalLine(QString &text, HKEY key, const Value &value)

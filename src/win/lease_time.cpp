@@ -11,7 +11,7 @@ namespace WinSysInfo {
 
 QString formatLeaseTime(qint64 time)
 {
-    constexpr std::size_t bufferSize = 64; // asctime_s needs 26
+    constexpr std::size_t bufferSize = 64;              // asctime_s needs 26
     const auto seconds = static_cast<__time32_t>(time); // Quirk: the low 32 bits only.
     struct tm local = {};
     char text[bufferSize] = {};

@@ -2,7 +2,7 @@
 #include "win/registry_key.h"
 #include "win/windows_sections.h"
 
-// psapi.h needs windows.h before it
+// windows.h must precede psapi.h
 #include <psapi.h>
 
 #include <algorithm>

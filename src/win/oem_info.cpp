@@ -9,6 +9,7 @@ namespace {
 
 constexpr DWORD firstMajorWithOemKey = 6;
 
+// Quirk: the values do not line up.
 constexpr Value values[] = {
     {"Manufacturer", "Manufacturer:     %1"},
     {"Model", "Model:     %1"},
@@ -42,7 +43,7 @@ QString oemInfoFromRegistry()
     if (!key)
         return text;
     TextBuffer buffer;
-    // Quirk: this key stays open. The calls of a report are as fixed as its text.
+    // Quirk: this key stays open. The sequence of calls is part of the fixed format.
     appendTextLines(text, key.release(), values, buffer);
     return text;
 }

@@ -56,33 +56,37 @@ void appendActiveProcessors(QString &text, DWORD_PTR mask)
     appendLine(text, label + names.join(newline + column));
 }
 
-void appendAddress(QString &text, const char *format, const void *value)
+/// Appends \a number in decimal and, with leading zeros, in hexadecimal.
+void appendBothBases(QString &text, const char *format, uint number, int hexadecimalDigits)
 {
-    appendLine(text, QString::fromLatin1(format).arg(quint64(reinterpret_cast<quintptr>(value)), 16, 16, QLatin1Char('0')));
+    appendLine(text, QString::fromLatin1(format).arg(number).arg(number, hexadecimalDigits, 16, QLatin1Char('0')));
+}
+
+void appendAddress(QString &text, const char *format, const void *address)
+{
+    const quint64 number = reinterpret_cast<quintptr>(address);
+    appendLine(text, QString::fromLatin1(format).arg(number, 16, 16, QLatin1Char('0')));
 }
 
 } // namespace
 
+// Quirk: the architecture does not line up with the other values.
 QString processorInfo()
 {
     QString text;
     appendLine(text, QStringLiteral("Processor information: "));
     SYSTEM_INFO info = {};
     GetSystemInfo(&info);
-    const uint revision = info.wProcessorRevision;
-    const uint granularity = info.dwAllocationGranularity;
     appendLine(text, "Processor architecture:       %1", architectureName(info.wProcessorArchitecture));
     appendLine(text, QStringLiteral("Number of processors:       %1").arg(info.dwNumberOfProcessors));
     appendActiveProcessors(text, info.dwActiveProcessorMask);
     appendLine(text, "Processor type:             %1", processorTypeName(info.dwProcessorType));
-    appendLine(text, QStringLiteral("Processor revision:         %1 = 0x%2").arg(revision).arg(revision, 4, 16, QLatin1Char('0')));
+    appendBothBases(text, "Processor revision:         %1 = 0x%2", info.wProcessorRevision, 4);
     appendLine(text, QStringLiteral("Processor level:            %1").arg(uint(info.wProcessorLevel)));
     appendLine(text, QStringLiteral("Page size:                  %1").arg(info.dwPageSize));
     appendAddress(text, "Minimum Application Address 0x%1", info.lpMinimumApplicationAddress);
     appendAddress(text, "Maximum Application Address 0x%1", info.lpMaximumApplicationAddress);
-    appendLine(text, QStringLiteral("Allocation Granularity:     %1 = 0x%2")
-                         .arg(granularity)
-                         .arg(granularity, 8, 16, QLatin1Char('0')));
+    appendBothBases(text, "Allocation Granularity:     %1 = 0x%2", info.dwAllocationGranularity, 8);
     return text;
 }
 

@@ -65,7 +65,8 @@ void appendProcessorBlock(QString &text, HKEY key, int index)
 
 RegistryReads processorReads()
 {
-    return {{HKEY_LOCAL_MACHINE, processorsPath() + QStringLiteral("\\*"), valueNames(textValues) + valueNames(numberValues)}};
+    const QStringList values = valueNames(textValues) + valueNames(numberValues);
+    return {{HKEY_LOCAL_MACHINE, processorsPath() + QStringLiteral("\\*"), values}};
 }
 
 QString processorRegistryInfo()

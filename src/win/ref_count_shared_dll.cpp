@@ -69,9 +69,9 @@ QString refCountSharedDllText()
 {
     unsigned int refCount = 0;
     const bool known = refCountSharedDll(reportedDll(), refCount);
+    const QString count = known ? QString::number(refCount) : QStringLiteral("failed to get refCount!");
     QString text;
-    appendLine(text, QStringLiteral("RefCount for %1: ").arg(reportedDll())
-                   + (known ? QString::number(refCount) : QStringLiteral("failed to get refCount!")));
+    appendLine(text, QStringLiteral("RefCount for %1: ").arg(reportedDll()) + count);
     return text;
 }
 

@@ -30,7 +30,7 @@ using RegistryKey = std::unique_ptr<std::remove_pointer_t<HKEY>, KeyCloser>;
 /// RegOpenKeyExA with \a path as Latin-1 bytes.
 RegistryKey openKey(HKEY root, const QString &path, REGSAM access = KEY_READ);
 
-/// 8-bit text. Zeroed once, at construction. Quirk: a shorter value leaves the end of the
+/// 8-bit text. Zeroed at construction only. Quirk: a shorter value leaves the end of the
 /// previous value in the buffer, and that end shows if the shorter value has no terminator.
 class TextBuffer
 {
@@ -41,7 +41,7 @@ public:
     bool query(HKEY key, const char *valueName, DWORD &size);
     /// RegEnumKeyExA.
     bool enumerateKey(HKEY key, DWORD index);
-    /// RegEnumKeyA, the call without a size in and out.
+    /// RegEnumKeyA, which does not return the size.
     bool enumerateKeyByRegEnumKeyA(HKEY key, DWORD index);
 
     /// The size that the last successful query returned.

@@ -1,4 +1,4 @@
-// What a section reads from the registry, for programs that copy it to another place.
+// What a section reads from the registry, for vkcapture, which copies it.
 #pragma once
 
 #include <QtCore/QString>

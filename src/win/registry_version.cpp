@@ -33,7 +33,7 @@ bool readVersionText(HKEY key, quint32 &major, quint32 &minor)
     bool valid = false;
     major = parts.at(0).toUInt(&valid);
     if (valid)
-        minor = parts.at(1).toUInt(); // 0 if it is no number; this is no failure
+        minor = parts.at(1).toUInt(); // 0 if it is not a number, which is not a failure
     return valid;
 }
 

@@ -19,8 +19,8 @@ QChar unitAt(const QString &text, int index)
     return index < text.size() ? text.at(index) : QChar();
 }
 
-// Quirk: Windows NT 4 has minor number 4 here, "95" checks the second character of the
-// service pack and "98" the first, and "unkown" is misspelt.
+// Quirk: Windows NT 4 is named at minor version 4 (NT 4 itself returns 0), "95" checks the
+// second character of the service pack and "98" the first, and "unkown" is misspelt.
 QString nameOfMajor4(const ReleaseFacts &facts)
 {
     switch (facts.minor) {

@@ -2,7 +2,7 @@
 #include "win/registry_key.h"
 #include "win/windows_sections.h"
 
-// shlobj.h needs windows.h before it
+// windows.h must precede shlobj.h
 #include <shlobj.h>
 
 namespace velkor {

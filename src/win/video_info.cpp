@@ -36,22 +36,22 @@ struct AdapterValue : WideValue
 };
 
 constexpr AdapterValue valuesBeforeMemory[] = {
-    {L"Device Description", "   Device Description: %1", asText},
-    {L"InstalledDisplayDrivers", "   Installed Display Drivers: %1", asList},
-    {L"HardwareInformation.AdapterString", "   AdapterString: %1", asBinaryOrText},
-    {L"HardwareInformation.BiosString", "   BiosString: %1", asBinaryOrText},
-    {L"HardwareInformation.ChipType", "   ChipType:  %1", asBinaryOrText},
-    {L"HardwareInformation.DacType", "   DacType:  %1", asBinaryOrText},
+    {{L"Device Description", "   Device Description: %1"}, asText},
+    {{L"InstalledDisplayDrivers", "   Installed Display Drivers: %1"}, asList},
+    {{L"HardwareInformation.AdapterString", "   AdapterString: %1"}, asBinaryOrText},
+    {{L"HardwareInformation.BiosString", "   BiosString: %1"}, asBinaryOrText},
+    {{L"HardwareInformation.ChipType", "   ChipType:  %1"}, asBinaryOrText},
+    {{L"HardwareInformation.DacType", "   DacType:  %1"}, asBinaryOrText},
 };
 
 constexpr AdapterValue valuesAfterMemory[] = {
-    {L"DriverDesc", "   Driver Description: %1", asText},
-    {L"DriverVersion", "   Driver Version: %1", asText},
-    {L"DriverDate", "   Driver Date: %1", asText},
-    {L"ProviderName", "   Provider Name: %1", asText},
-    {L"ReleaseVersion", "   Release Version: %1", asText},
-    {L"OpenGLDriverName", "   OpenGL Driver Name: %1", asList},
-    {L"OpenGLDriverNameWow", "   OpenGL Driver Name WoW: %1", asList},
+    {{L"DriverDesc", "   Driver Description: %1"}, asText},
+    {{L"DriverVersion", "   Driver Version: %1"}, asText},
+    {{L"DriverDate", "   Driver Date: %1"}, asText},
+    {{L"ProviderName", "   Provider Name: %1"}, asText},
+    {{L"ReleaseVersion", "   Release Version: %1"}, asText},
+    {{L"OpenGLDriverName", "   OpenGL Driver Name: %1"}, asList},
+    {{L"OpenGLDriverNameWow", "   OpenGL Driver Name WoW: %1"}, asList},
 };
 
 constexpr const char *memory64Value = "HardwareInformation.qwMemorySize";

@@ -17,7 +17,7 @@ namespace WinSysInfo {
 /// The whole Windows half, from its heading to its last separator line.
 QString allWinInfos();
 
-/// The Windows release: a titled block if \a detailed, or else its name alone.
+/// The Windows release: a block with a title if \a detailed, otherwise the name only.
 QString windowsVersion(bool detailed);
 RegistryReads registryVersionReads();
 /// The values that Windows setup wrote about the installation.

@@ -44,19 +44,21 @@ void getVersion(OSVERSIONINFOEXW &version)
     GetVersionExW(reinterpret_cast<LPOSVERSIONINFOW>(&version)); // if it fails, the zeros stay
 }
 
-void appendVersionNumbers(QString &text, const OSVERSIONINFOEXA &version, const RegistryVersion &registry, bool registryKnown)
+void appendVersionNumbers(QString &text, const OSVERSIONINFOEXA &version, const RegistryVersion &registry,
+                          bool registryKnown)
 {
     appendLine(text, QStringLiteral("Version (major.minor.build): "));
-    appendLine(text, QStringLiteral("From GetVersionEx: %1.%2.%3")
-                         .arg(version.dwMajorVersion)
-                         .arg(version.dwMinorVersion)
-                         .arg(version.dwBuildNumber));
+    const QString line = QStringLiteral("From GetVersionEx: %1.%2.%3")
+                             .arg(version.dwMajorVersion)
+                             .arg(version.dwMinorVersion)
+                             .arg(version.dwBuildNumber);
+    appendLine(text, line);
     if (!registryKnown)
         return;
-    QString line = QStringLiteral("From registry:     %1.%2.%3").arg(registry.major).arg(registry.minor).arg(registry.build);
+    QString registryLine = QStringLiteral("From registry:     %1.%2.%3").arg(registry.major).arg(registry.minor).arg(registry.build);
     if (registry.hasUpdateRevision)
-        line += QStringLiteral(".%1").arg(registry.updateRevision);
-    appendLine(text, line);
+        registryLine += QStringLiteral(".%1").arg(registry.updateRevision);
+    appendLine(text, registryLine);
 }
 
 /// Quirk: later releases have editions too, and the report does not name them.

@@ -21,7 +21,8 @@ QString winSxSDirectoryEntries()
 
     const QDir directory(buffer.text() + QStringLiteral("\\WinSxS"));
     if (!directory.exists()) {
-        append(text, QStringLiteral("Directory '%1' does not exist.").arg(directory.absolutePath())); // Quirk: no line end
+        // Quirk: the line does not end.
+        append(text, QStringLiteral("Directory '%1' does not exist.").arg(directory.absolutePath()));
         return text;
     }
     const QStringList filter(QStringLiteral("*Microsoft.VC*CRT*")); // excludes "." and ".."

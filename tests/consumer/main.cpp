@@ -1,5 +1,5 @@
-// A host that calls every exported function once and holds the results against each
-// other. Prints what is wrong.
+// A host that calls every exported function once and compares the results with each other. Prints
+// the names of the functions that fail.
 
 #include <vkSystemInfo.h>
 
@@ -13,9 +13,9 @@ namespace {
 
 int problems = 0;
 
-void check(bool isRight, const char *what)
+void check(bool succeeded, const char *what)
 {
-    if (isRight)
+    if (succeeded)
         return;
     std::printf("wrong: %s\n", what);
     ++problems;
@@ -26,7 +26,7 @@ struct Section
     const char *name;
     QString (*text)();
     const char *start;
-    bool changes; // from one moment to the next
+    bool changes; // between two calls
 };
 
 const Section sections[] = {
@@ -70,7 +70,7 @@ void checkSections(const QString &report)
 
 void checkBonjour(const QString &report, const char *label, bool (*find)(int &, QString &), const char *name)
 {
-    const QString before = QStringLiteral("as it was");
+    const QString before = QStringLiteral("unchanged");
     int error = -1;
     QString version = before;
     const bool isFound = find(error, version);

@@ -1,5 +1,5 @@
-// The system that answers the calls which read no registry: the example machine in
-// the simulated Windows, the system itself elsewhere. The assertions hold for both.
+// Answers the calls that do not read the registry: with the simulated Windows the machine
+// "workstation", on Windows the system itself.
 #pragma once
 
 #include "contract.h"
@@ -9,7 +9,7 @@
 #  include "simulated_windows.h"
 #endif
 
-/// The system answers while the object exists.
+/// The machine answers while the object exists.
 class [[maybe_unused]] AnsweringWindows
 {
 public:
@@ -32,28 +32,28 @@ private:
 #endif
 };
 
-/// The answer of a call that writes a text into a buffer of a given size.
+/// The result of a call that writes a text into a buffer.
 struct TextAnswer
 {
     QString text;
     DWORD result;
     DWORD size;
-    bool untouched;  // nothing was written
-    bool withinRoom; // nothing was written after the terminator
+    bool untouched;    // nothing was written
+    bool withinBounds; // nothing was written after the terminator
 };
 
-/// Calls \a get with a buffer of \a room units; \a get may store the size that the call
-/// returns in its last argument.
+/// Calls \a get with a buffer of \a size units. \a get may store the size that the call returns in
+/// its last argument.
 template <typename Get>
-TextAnswer textAnswer(DWORD room, Get get)
+TextAnswer textAnswer(DWORD size, Get get)
 {
-    PoisonedBuffer buffer(2 * room);
+    PoisonedBuffer buffer(2 * size);
     TextAnswer answer;
-    answer.size = room;
+    answer.size = size;
     answer.result = DWORD(get(buffer.wide(), &answer.size));
     answer.untouched = buffer.isUntouched();
     if (!answer.untouched)
         answer.text = buffer.wideText();
-    answer.withinRoom = buffer.isUntouchedFrom(answer.untouched ? 0 : 2 * (answer.text.size() + 1));
+    answer.withinBounds = buffer.isUntouchedFrom(answer.untouched ? 0 : 2 * (answer.text.size() + 1));
     return answer;
 }

@@ -1,5 +1,5 @@
-// What the contract tests share. Each of them makes the same assertions about Windows
-// calls wherever it runs: against the simulated Windows and against a real one.
+// Shared by the contract tests, which make the same assertions about calls of Windows with the
+// simulated Windows and on a real one.
 #pragma once
 
 #include "described_windows.h"
@@ -9,7 +9,7 @@
 #include <QtTest/QtTest>
 #include <windows.h>
 
-/// The key that most contract tests open, and its heading in registry.reg.
+/// The key that most contract tests open; contractKey() is its heading in registry.reg.
 constexpr char contractPath[] = "Software\\Contract";
 
 inline QByteArray contractKey()
@@ -26,8 +26,8 @@ inline bool runsUnderWine()
 #endif
 }
 
-/// States how Wine's answer to the next comparison differs from Windows NT's; empty when
-/// it does not. The test fails when a later Wine answers as Windows NT does.
+/// Expects the next comparison to fail under Wine. \a how says how Wine differs from Windows NT; an
+/// empty text expects success. The test fails if a later Wine behaves like Windows NT.
 #define WINE_DEVIATES(how)                                     \
   do {                                                         \
     const QByteArray deviationOfWine = (how);                  \

@@ -1,4 +1,4 @@
-// GetAdaptersInfo: sizes, room and the shape of the list.
+// GetAdaptersInfo(): sizes and the layout of the list.
 
 #include "answering_windows.h"
 #include "rows.h"
@@ -14,8 +14,8 @@ ULONG neededSize()
     return size;
 }
 
-/// A machine without any adapter; a real one may have none.
-bool saysThatThereAreNone()
+/// True if the machine has no adapter, and the call says so. A real machine may have none.
+bool reportsNoAdapters()
 {
     ULONG size = poison;
     return GetAdaptersInfo(nullptr, &size) == ERROR_NO_DATA;
@@ -35,7 +35,7 @@ void sizeNeeded()
             const AnsweringWindows windows;
             const ULONG needed = neededSize();
             if (needed == 0) {
-                QVERIFY(saysThatThereAreNone());
+                QVERIFY(reportsNoAdapters());
                 return;
             }
             QVERIFY(needed >= 704);
@@ -46,9 +46,9 @@ void sizeNeeded()
             QVERIFY(buffer.isUntouched());
         });
     };
-    row("no room at all", -1);
-    row("one byte short", 1);
-    row("one record short", 704);
+    row("a buffer of 0 bytes", -1);
+    row("a buffer that is one byte too small", 1);
+    row("a buffer that is one record too small", 704);
 }
 
 void listIsWithinItsSize()
@@ -56,7 +56,7 @@ void listIsWithinItsSize()
     const AnsweringWindows windows;
     const ULONG needed = neededSize();
     if (needed == 0) {
-        QVERIFY(saysThatThereAreNone());
+        QVERIFY(reportsNoAdapters());
         return;
     }
     PoisonedBuffer buffer(needed);

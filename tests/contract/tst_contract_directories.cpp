@@ -10,15 +10,15 @@ namespace {
 
 using Directory = UINT(WINAPI *)(LPWSTR, UINT);
 
-TextAnswer directoryInto(Directory call, DWORD room)
+TextAnswer directoryInto(Directory call, DWORD capacity)
 {
-    return textAnswer(room, [&](WCHAR *buffer, DWORD *size) { return call(buffer, *size); });
+    return textAnswer(capacity, [&](WCHAR *buffer, DWORD *size) { return call(buffer, *size); });
 }
 
-TextAnswer expandedInto(const QString &source, DWORD room)
+TextAnswer expandedInto(const QString &source, DWORD capacity)
 {
     return textAnswer(
-        room, [&](WCHAR *buffer, DWORD *size) { return ExpandEnvironmentStringsW(wide(source), buffer, *size); });
+        capacity, [&](WCHAR *buffer, DWORD *size) { return ExpandEnvironmentStringsW(wide(source), buffer, *size); });
 }
 
 void directory()
@@ -26,15 +26,15 @@ void directory()
     const auto row = [](const QString &name, Directory call) {
         addTestRow(name, [=] {
             const AnsweringWindows windows;
-            const TextAnswer roomy = directoryInto(call, 1024);
-            QVERIFY(roomy.text.startsWith(QLatin1String("C:\\Windows"), Qt::CaseInsensitive));
-            QCOMPARE(roomy.result, DWORD(roomy.text.size())); // without its terminator
-            QVERIFY(roomy.withinRoom);
+            const TextAnswer large = directoryInto(call, 1024);
+            QVERIFY(large.text.startsWith(QLatin1String("C:\\Windows"), Qt::CaseInsensitive));
+            QCOMPARE(large.result, DWORD(large.text.size())); // without its terminator
+            QVERIFY(large.withinBounds);
 
-            const TextAnswer exact = directoryInto(call, roomy.result + 1);
-            QCOMPARE(exact.text, roomy.text);
-            QCOMPARE(exact.result, roomy.result);
-            QVERIFY(exact.withinRoom);
+            const TextAnswer exact = directoryInto(call, large.result + 1);
+            QCOMPARE(exact.text, large.text);
+            QCOMPARE(exact.result, large.result);
+            QVERIFY(exact.withinBounds);
         });
     };
     row("Windows", Directory(GetSystemWindowsDirectoryW));
@@ -47,8 +47,8 @@ void directoryTooLong()
         addTestRow(name, [=] {
             const AnsweringWindows windows;
             const DWORD length = directoryInto(call, 1024).result;
-            for (const DWORD room : {length, DWORD(1), DWORD(0)}) {
-                const TextAnswer answer = directoryInto(call, room);
+            for (const DWORD capacity : {length, DWORD(1), DWORD(0)}) {
+                const TextAnswer answer = directoryInto(call, capacity);
                 QCOMPARE(answer.result, length + 1); // with its terminator
                 QVERIFY(answer.untouched);
             }
@@ -66,31 +66,31 @@ void expansion()
             windows.setVariable(QStringLiteral("VKT_A"), QStringLiteral("first"));
             windows.setVariable(QStringLiteral("VKT_B"), QStringLiteral("%VKT_A%"));
             windows.setVariable(QStringLiteral("VKT_C"), QStringLiteral("\u00e4\u0416"));
-            const TextAnswer roomy = expandedInto(source, 128);
-            QCOMPARE(roomy.text, expected);
-            QCOMPARE(roomy.result, DWORD(expected.size() + 1)); // with its terminator
-            QVERIFY(roomy.withinRoom);
+            const TextAnswer large = expandedInto(source, 128);
+            QCOMPARE(large.text, expected);
+            QCOMPARE(large.result, DWORD(expected.size() + 1)); // with its terminator
+            QVERIFY(large.withinBounds);
 
-            const TextAnswer exact = expandedInto(source, roomy.result);
+            const TextAnswer exact = expandedInto(source, large.result);
             QCOMPARE(exact.text, expected);
-            QCOMPARE(exact.result, roomy.result);
-            QVERIFY(exact.withinRoom);
+            QCOMPARE(exact.result, large.result);
+            QVERIFY(exact.withinBounds);
         });
     };
-    row("no variable", "plain", "plain");
+    row("a text without a variable", "plain", "plain");
     row("empty", "", "");
     row("a variable", "%VKT_A%", "first");
     row("a variable inside a text", "<%VKT_A%>", "<first>");
     row("two variables", "%VKT_A%%VKT_B%", "first%VKT_A%");
     row("a value is not expanded itself", "%VKT_B%", "%VKT_A%");
-    row("names of either case", "%vkt_a%", "first");
-    row("characters of every kind", "%VKT_C%", "\u00e4\u0416");
-    row("a variable that is not set stays", "%VKT_NONE%", "%VKT_NONE%");
-    row("text behind a variable that is not set", "%VKT_NONE% and %VKT_A%", "%VKT_NONE% and first");
-    row("a percent sign ends a variable that is not set and begins no other", "%VKT_NONE%VKT_A%", "%VKT_NONE%VKT_A%");
-    row("a percent sign alone stays", "100%", "100%");
-    row("a percent sign behind a variable", "%VKT_A% 100%", "first 100%");
-    row("two percent signs stay", "%%", "%%");
+    row("names are case-insensitive", "%vkt_a%", "first");
+    row("non-ASCII characters", "%VKT_C%", "\u00e4\u0416");
+    row("a variable that is not set is not replaced", "%VKT_NONE%", "%VKT_NONE%");
+    row("text after a variable that is not set", "%VKT_NONE% and %VKT_A%", "%VKT_NONE% and first");
+    row("the percent sign that ends a variable that is not set does not start another", "%VKT_NONE%VKT_A%", "%VKT_NONE%VKT_A%");
+    row("a single percent sign is not replaced", "100%", "100%");
+    row("a percent sign after a variable", "%VKT_A% 100%", "first 100%");
+    row("two percent signs are not replaced", "%%", "%%");
 }
 
 void expansionTooLong()
@@ -98,10 +98,10 @@ void expansionTooLong()
     AnsweringWindows windows;
     windows.setVariable(QStringLiteral("VKT_A"), QStringLiteral("first"));
     const QString source = QStringLiteral("<%VKT_A%>");
-    for (const DWORD room : {7u, 3u, 0u}) {
-        PoisonedBuffer buffer(2 * room);
-        QCOMPARE(ExpandEnvironmentStringsW(wide(source), buffer.wide(), DWORD(room)), DWORD(8));
-        QVERIFY(buffer.isUntouchedFrom(2 * int(room)));
+    for (const DWORD capacity : {7u, 3u, 0u}) {
+        PoisonedBuffer buffer(2 * capacity);
+        QCOMPARE(ExpandEnvironmentStringsW(wide(source), buffer.wide(), DWORD(capacity)), DWORD(8));
+        QVERIFY(buffer.isUntouchedFrom(2 * int(capacity)));
     }
 }
 
@@ -142,13 +142,13 @@ void characterIntoText()
     QCOMPARE(buffer.written(), QStringLiteral("5a003a005c000000"));
 }
 
-// Not a call of Windows: how Qt converts a path that Windows returns.
+// QDir, not a call of Windows: converts paths that Windows returns.
 void pathInQtsForm()
 {
     const auto row = [](const char *name, const QString &path, const QString &expected) {
         addTestRow(name, [=] {
             const AnsweringWindows windows;
-            GetLogicalDrives(); // sections call Windows before they look for files
+            GetLogicalDrives(); // the first call installs the file engine; sections call Windows before QDir
             QCOMPARE(QDir(path).absolutePath(), expected);
         });
     };

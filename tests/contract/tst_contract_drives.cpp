@@ -6,14 +6,14 @@
 namespace {
 
 const WCHAR systemDrive[] = L"C:\\";
-const WCHAR missingDrive[] = L"B:\\"; // absent on both systems
+const WCHAR missingDrive[] = L"B:\\";
 
 struct Volume
 {
-    Volume(const WCHAR *root, DWORD nameRoom, DWORD fileSystemRoom) : name(2 * nameRoom), fileSystem(2 * fileSystemRoom)
+    Volume(const WCHAR *root, DWORD nameSize, DWORD fileSystemSize) : name(2 * nameSize), fileSystem(2 * fileSystemSize)
     {
-        result = GetVolumeInformationW(root, name.wide(), nameRoom, nullptr, nullptr, nullptr, fileSystem.wide(),
-                                       fileSystemRoom);
+        result = GetVolumeInformationW(root, name.wide(), nameSize, nullptr, nullptr, nullptr, fileSystem.wide(),
+                                       fileSystemSize);
     }
 
     PoisonedBuffer name;
@@ -30,13 +30,13 @@ void errorModeReturnsThePreviousOne()
     QCOMPARE(SetErrorMode(before), before);
 }
 
-void drivesOfTheMask()
+void logicalDrives()
 {
     const AnsweringWindows windows;
     const DWORD mask = GetLogicalDrives();
-    QVERIFY2(mask & 1 << 2, "there is a drive C:");
-    QVERIFY2(!(mask & 1 << 1), "there is no drive B:");
-    QVERIFY2(mask >> 26 == 0, "there is no drive behind Z:");
+    QVERIFY2(mask & 1 << 2, "drive C: exists");
+    QVERIFY2(!(mask & 1 << 1), "drive B: does not exist");
+    QVERIFY2(mask >> 26 == 0, "no bit above that of Z: is set");
     for (int i = 0; i < 26; ++i) {
         if (!(mask & 1 << i))
             continue;
@@ -59,7 +59,7 @@ void volumeInformation()
     QVERIFY(volume.name.isUntouchedFrom(2 * MAX_PATH) && volume.fileSystem.isUntouchedFrom(2 * MAX_PATH));
 }
 
-void volumeNamesThatJustFit()
+void volumeNamesThatExactlyFit()
 {
     const AnsweringWindows windows;
     const QString name = Volume(systemDrive, MAX_PATH, MAX_PATH).name.wideText();
@@ -72,16 +72,16 @@ void volumeNamesThatJustFit()
 
 void volumeNamesThatDoNotFit()
 {
-    const auto row = [](const QString &name, DWORD room) {
+    const auto row = [](const QString &name, DWORD capacity) {
         addTestRow(name, [=] {
             const AnsweringWindows windows;
-            Volume volume(systemDrive, MAX_PATH, room);
+            Volume volume(systemDrive, MAX_PATH, capacity);
             QVERIFY(!volume.result);
-            QVERIFY(volume.fileSystem.isUntouchedFrom(2 * int(room)));
+            QVERIFY(volume.fileSystem.isUntouchedFrom(2 * int(capacity)));
         });
     };
     row("no room for the terminator", DWORD(4));
-    row("one letter", DWORD(1));
+    row("a buffer of one unit", DWORD(1));
 }
 
 void missingVolumeLeavesTheBuffers()
@@ -117,9 +117,9 @@ void missingDriveLeavesTheNumbers()
 void addTests()
 {
     addTestRow("errorModeReturnsThePreviousOne", errorModeReturnsThePreviousOne);
-    addTestRow("drivesOfTheMask", drivesOfTheMask);
+    addTestRow("logicalDrives", logicalDrives);
     addTestRow("volumeInformation", volumeInformation);
-    addTestRow("volumeNamesThatJustFit", volumeNamesThatJustFit);
+    addTestRow("volumeNamesThatExactlyFit", volumeNamesThatExactlyFit);
     addTestRows("volumeNamesThatDoNotFit", volumeNamesThatDoNotFit);
     addTestRow("missingVolumeLeavesTheBuffers", missingVolumeLeavesTheBuffers);
     addTestRow("freeSpace", freeSpace);

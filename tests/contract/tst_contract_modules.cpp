@@ -1,4 +1,4 @@
-// The process's modules and libraries that are loaded at run time.
+// Modules of the process, and libraries that are loaded at run time.
 
 #include "answering_windows.h"
 #include "rows.h"
@@ -7,7 +7,7 @@
 
 namespace {
 
-// A library of each system, not loaded before, and a function that it exports.
+// A library that is not loaded before, and a function that it exports.
 #ifdef SIMULATED_WINDOWS
 const WCHAR libraryName[] = L"dnssd.dll";
 const char functionName[] = "DNSServiceGetProperty";
@@ -28,9 +28,9 @@ QVector<HMODULE> modules()
     return result;
 }
 
-TextAnswer nameInto(HMODULE module, DWORD room)
+TextAnswer nameInto(HMODULE module, DWORD capacity)
 {
-    return textAnswer(room, [&](WCHAR *buffer, DWORD *size) {
+    return textAnswer(capacity, [&](WCHAR *buffer, DWORD *size) {
         return GetModuleFileNameExW(GetCurrentProcess(), module, buffer, *size);
     });
 }
@@ -45,7 +45,7 @@ void modulesOfTheProcess()
     QVERIFY2(std::adjacent_find(all.begin(), all.end()) == all.end(), "each module is listed once");
 }
 
-void lessRoomThanModules()
+void fewerEntriesThanModules()
 {
     const auto row = [](const QString &name, DWORD bytes, int written) {
         addTestRow(name, [=] {
@@ -61,35 +61,35 @@ void lessRoomThanModules()
             QVERIFY(buffer.isUntouchedFrom(8 * written));
         });
     };
-    row("room for two", DWORD(16), 2);
-    row("room for two and a half", DWORD(20), 2);
-    row("no room", DWORD(0), 0);
+    row("an array for two modules", DWORD(16), 2);
+    row("an array for two and a half modules", DWORD(20), 2);
+    row("an array of 0 bytes", DWORD(0), 0);
 }
 
 void moduleName()
 {
     const AnsweringWindows windows;
     const HMODULE first = modules().value(0); // the program
-    const TextAnswer roomy = nameInto(first, 1024);
-    QVERIFY(roomy.text.endsWith(QLatin1String(".exe"), Qt::CaseInsensitive));
-    QCOMPARE(roomy.result, DWORD(roomy.text.size())); // without its terminator
-    QVERIFY(roomy.withinRoom);
-    const TextAnswer exact = nameInto(first, roomy.result + 1);
-    QCOMPARE(exact.text, roomy.text);
-    QCOMPARE(exact.result, roomy.result);
+    const TextAnswer large = nameInto(first, 1024);
+    QVERIFY(large.text.endsWith(QLatin1String(".exe"), Qt::CaseInsensitive));
+    QCOMPARE(large.result, DWORD(large.text.size())); // without its terminator
+    QVERIFY(large.withinBounds);
+    const TextAnswer exact = nameInto(first, large.result + 1);
+    QCOMPARE(exact.text, large.text);
+    QCOMPARE(exact.result, large.result);
 }
 
-void moduleNameIsCut()
+void moduleNameIsTruncated()
 {
     const AnsweringWindows windows;
     const HMODULE first = modules().value(0);
     const QString name = nameInto(first, 1024).text;
     const DWORD length = DWORD(name.size());
-    for (const DWORD room : {length, length - 1, DWORD(1)}) {
-        const TextAnswer answer = nameInto(first, room);
-        QCOMPARE(answer.text, name.left(int(room) - 1));
-        QCOMPARE(answer.result, room);
-        QVERIFY(answer.withinRoom);
+    for (const DWORD capacity : {length, length - 1, DWORD(1)}) {
+        const TextAnswer answer = nameInto(first, capacity);
+        QCOMPARE(answer.text, name.left(int(capacity) - 1));
+        QCOMPARE(answer.result, capacity);
+        QVERIFY(answer.withinBounds);
     }
 }
 
@@ -101,8 +101,8 @@ void unknownModuleHasNoName()
     QVERIFY(answer.untouched);
 }
 
-// A null handle is not the caller's process.
-void noProcess()
+// A null handle does not refer to the calling process.
+void nullProcessHandle()
 {
     const AnsweringWindows windows;
     const HMODULE first = modules().value(0);
@@ -127,7 +127,7 @@ void kernelIsLoadedAlready()
             QVERIFY(kernel);
             QVERIFY(GetProcAddress(kernel, "GetProductInfo"));
             SetLastError(poison);
-            QVERIFY(!GetProcAddress(kernel, "getproductinfo")); // unlike the module's name
+            QVERIFY(!GetProcAddress(kernel, "getproductinfo")); // names of functions are case-sensitive
             QCOMPARE(GetLastError(), DWORD(ERROR_PROC_NOT_FOUND));
         });
     };
@@ -155,7 +155,7 @@ void libraryAndFunction()
 
     QVERIFY(LoadLibraryW(libraryName));
     QVERIFY(FreeLibrary(library));
-    const HMODULE again = LoadLibraryW(libraryName); // loaded twice, freed once
+    const HMODULE again = LoadLibraryW(libraryName); // the library stays loaded after one FreeLibrary()
     QVERIFY(GetProcAddress(again, functionName));
     QVERIFY(FreeLibrary(again));
 }
@@ -180,11 +180,11 @@ void freedTwice()
 void addTests()
 {
     addTestRow("modulesOfTheProcess", modulesOfTheProcess);
-    addTestRows("lessRoomThanModules", lessRoomThanModules);
+    addTestRows("fewerEntriesThanModules", fewerEntriesThanModules);
     addTestRow("moduleName", moduleName);
-    addTestRow("moduleNameIsCut", moduleNameIsCut);
+    addTestRow("moduleNameIsTruncated", moduleNameIsTruncated);
     addTestRow("unknownModuleHasNoName", unknownModuleHasNoName);
-    addTestRow("noProcess", noProcess);
+    addTestRow("nullProcessHandle", nullProcessHandle);
     addTestRows("kernelIsLoadedAlready", kernelIsLoadedAlready);
     addTestRow("unknownModuleIsNotLoaded", unknownModuleIsNotLoaded);
     addTestRow("libraryAndFunction", libraryAndFunction);

@@ -1,20 +1,20 @@
-// GetUserNameW and GetComputerNameExW: sizes with and without the terminator.
+// GetUserNameW() and GetComputerNameExW(): sizes, with or without the terminator.
 
 #include "answering_windows.h"
 #include "rows.h"
 
 namespace {
 
-TextAnswer userNameInto(DWORD room)
+TextAnswer userNameInto(DWORD capacity)
 {
     SetLastError(poison);
-    return textAnswer(room, [](WCHAR *buffer, DWORD *size) { return GetUserNameW(buffer, size); });
+    return textAnswer(capacity, [](WCHAR *buffer, DWORD *size) { return GetUserNameW(buffer, size); });
 }
 
-TextAnswer computerNameInto(int format, DWORD room)
+TextAnswer computerNameInto(int format, DWORD capacity)
 {
     SetLastError(poison);
-    return textAnswer(room, [&](WCHAR *buffer, DWORD *size) {
+    return textAnswer(capacity, [&](WCHAR *buffer, DWORD *size) {
         return GetComputerNameExW(COMPUTER_NAME_FORMAT(format), buffer, size);
     });
 }
@@ -33,17 +33,17 @@ const std::pair<const char *, int> formats[] = {
 void userName()
 {
     const AnsweringWindows windows;
-    const TextAnswer roomy = userNameInto(257);
-    QCOMPARE(roomy.result, DWORD(TRUE));
-    QVERIFY(!roomy.text.isEmpty());
-    QCOMPARE(roomy.size, DWORD(roomy.text.size() + 1)); // with its terminator
-    QVERIFY(roomy.withinRoom);
+    const TextAnswer large = userNameInto(257);
+    QCOMPARE(large.result, DWORD(TRUE));
+    QVERIFY(!large.text.isEmpty());
+    QCOMPARE(large.size, DWORD(large.text.size() + 1)); // with its terminator
+    QVERIFY(large.withinBounds);
 
-    const TextAnswer exact = userNameInto(roomy.size);
+    const TextAnswer exact = userNameInto(large.size);
     QCOMPARE(exact.result, DWORD(TRUE));
-    QCOMPARE(exact.text, roomy.text);
-    QCOMPARE(exact.size, roomy.size);
-    QVERIFY(exact.withinRoom);
+    QCOMPARE(exact.text, large.text);
+    QCOMPARE(exact.size, large.size);
+    QVERIFY(exact.withinBounds);
 }
 
 void userNameTooLong()
@@ -60,7 +60,7 @@ void userNameTooLong()
         });
     };
     row("no room for the terminator", 1);
-    row("no room at all", 0);
+    row("a buffer of 0 units", 0);
 }
 
 void computerName()
@@ -68,17 +68,17 @@ void computerName()
     const auto row = [](const QString &name, int format) {
         addTestRow(name, [=] {
             const AnsweringWindows windows;
-            const TextAnswer roomy = computerNameInto(format, 1024);
-            QCOMPARE(roomy.result, DWORD(TRUE));
-            QCOMPARE(roomy.size, DWORD(roomy.text.size())); // without its terminator
-            QVERIFY(!roomy.untouched);
-            QVERIFY(roomy.withinRoom);
+            const TextAnswer large = computerNameInto(format, 1024);
+            QCOMPARE(large.result, DWORD(TRUE));
+            QCOMPARE(large.size, DWORD(large.text.size())); // without its terminator
+            QVERIFY(!large.untouched);
+            QVERIFY(large.withinBounds);
 
-            const TextAnswer exact = computerNameInto(format, roomy.size + 1);
+            const TextAnswer exact = computerNameInto(format, large.size + 1);
             QCOMPARE(exact.result, DWORD(TRUE));
-            QCOMPARE(exact.text, roomy.text);
-            QCOMPARE(exact.size, roomy.size);
-            QVERIFY(exact.withinRoom);
+            QCOMPARE(exact.text, large.text);
+            QCOMPARE(exact.size, large.size);
+            QVERIFY(exact.withinBounds);
         });
     };
     for (const auto &named : formats)
@@ -91,8 +91,8 @@ void computerNameTooLong()
         addTestRow(name, [=] {
             const AnsweringWindows windows;
             const DWORD length = computerNameInto(format, 1024).size;
-            for (const DWORD room : {length, DWORD(0)}) { // as long as the name; nothing
-                const TextAnswer answer = computerNameInto(format, room);
+            for (const DWORD capacity : {length, DWORD(0)}) { // without the terminator; nothing
+                const TextAnswer answer = computerNameInto(format, capacity);
                 QCOMPARE(GetLastError(), DWORD(ERROR_MORE_DATA));
                 QCOMPARE(answer.result, DWORD(FALSE));
                 QVERIFY(answer.untouched);

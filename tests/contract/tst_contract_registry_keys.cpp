@@ -1,4 +1,4 @@
-// RegOpenKeyEx, both forms, and RegCloseKey: which key a path opens.
+// RegOpenKeyEx(), both forms, and RegCloseKey(): the key that a path opens.
 
 #include "contract.h"
 #include "rows.h"
@@ -23,16 +23,16 @@ HKEY poisonedKey()
     return reinterpret_cast<HKEY>(quintptr(poison));
 }
 
-/// The value "Where" of the key, which is then closed; or the error of opening it.
+/// The value "Where" of \a key, which the function closes, or the error \a status.
 QString whereIs(LSTATUS status, HKEY key)
 {
-    if (status != LSTATUS(ERROR_SUCCESS))
+    if (status != ERROR_SUCCESS)
         return QStringLiteral("%1%2").arg(status).arg(key ? QStringLiteral(", handle set") : QString());
     WCHAR text[40] = {};
     DWORD size = sizeof text;
     RegQueryValueExW(key, L"Where", nullptr, nullptr, reinterpret_cast<LPBYTE>(text), &size);
     const LSTATUS closed = RegCloseKey(key);
-    return closed == LSTATUS(ERROR_SUCCESS) ? QString::fromWCharArray(text) : QStringLiteral("not closed");
+    return closed == ERROR_SUCCESS ? QString::fromWCharArray(text) : QStringLiteral("not closed");
 }
 
 QString openNarrow(HKEY root, const QByteArray &path, REGSAM mask = KEY_READ)
@@ -60,26 +60,26 @@ void paths()
     };
     row("one name", "Alpha", "Alpha");
     row("two names", "Alpha\\Beta", "Alpha, Beta");
-    row("letters of either case", "aLPHA\\BETA gamma", "Alpha, Beta Gamma");
-    row("empty: the key itself", "", "root");
+    row("names are case-insensitive", "aLPHA\\BETA gamma", "Alpha, Beta Gamma");
+    row("an empty path: the key itself", "", "root");
     row("a trailing backslash", "Alpha\\", "Alpha");
     row("several trailing backslashes", "Alpha\\Beta\\\\\\", "Alpha, Beta");
     row("a doubled backslash", "Alpha\\\\Beta", "Alpha, Beta");
     row("a tripled backslash", "Alpha\\\\\\Beta", "Alpha, Beta");
     row("a leading backslash", "\\Alpha", "161");
     row("two leading backslashes", "\\\\Alpha", "161");
-    row("a backslash alone", "\\", "161");
+    row("only a backslash", "\\", "161");
     row("a leading backslash before a missing key", "\\Missing", "161");
     row("a missing key: no handle", "Missing", "2");
     row("a missing sub-key: no handle", "Alpha\\Missing", "2");
     row("below a missing key: no handle", "Missing\\Beta", "2");
-    row("a part of a name", "Alph", "2");
-    row("a name and more", "Alphas", "2");
-    row("a forward slash is a letter", "Alpha/Beta", "2");
-    row("a value is no key", "Alpha\\Where", "2");
+    row("the start of a name", "Alph", "2");
+    row("a name followed by more characters", "Alphas", "2");
+    row("a forward slash does not separate keys", "Alpha/Beta", "2");
+    row("a value is not a key", "Alpha\\Where", "2");
 }
 
-void lettersOfEitherCase()
+void caseOfNonAsciiLetters()
 {
     const auto row = [](const QString &title, const QString &name, const QString &asked, bool same) {
         addTestRow(title, [=] {
@@ -88,17 +88,17 @@ void lettersOfEitherCase()
             QCOMPARE(openWide(HKEY_LOCAL_MACHINE, name), QString("here"));
         });
     };
-    row("Latin letters with marks", "\u00e9\u0159", "\u00c9\u0158", true);
+    row("Latin letters with diacritics", "\u00e9\u0159", "\u00c9\u0158", true);
     row("Greek letters", "\u03b1\u03c9", "\u0391\u03a9", true);
     row("Cyrillic letters", "\u0436\u0451", "\u0416\u0401", true);
-    row("y with two dots, whose capital is far away", "\u00ff", "\u0178", true);
-    row("wide letters", "\uff41", "\uff21", true);
+    row("y with diaeresis, whose capital is outside Latin-1", "\u00ff", "\u0178", true);
+    row("full-width letters", "\uff41", "\uff21", true);
     row("sharp s has no capital", "\u00df", "SS", false);
-    row("i without a dot is not the small letter of I", "\u0131", "I", false);
+    row("dotless i is not the small letter of I", "\u0131", "I", false);
     row("the long s is not the small letter of S", "\u017f", "S", false);
-    row("the micro sign is not the small letter of Greek My", "\u00b5", "\u039c", false);
+    row("the micro sign is not the small letter of Greek Mu", "\u00b5", "\u039c", false);
     row("the final sigma is not the small letter of Sigma", "\u03c2", "\u03a3", false);
-    row("letters beyond 16 bits have no case", "\U00010428", "\U00010400", false);
+    row("letters outside the BMP have no case", "\U00010428", "\U00010400", false);
 }
 
 void belowAnOpenKey()
@@ -106,19 +106,19 @@ void belowAnOpenKey()
     const auto row = [](const QString &name, const QString &path, const QString &expected) {
         addTestRow(name, [=] {
             const DescribedWindows windows(registry());
-            const OpenKey alpha(HKEY_LOCAL_MACHINE, "Alpha");
-            QCOMPARE(openNarrow(alpha.handle(), path.toLatin1()), expected);
-            QCOMPARE(openWide(alpha.handle(), path), expected);
+            const RegistryKey alpha = openKeyWide(HKEY_LOCAL_MACHINE, "Alpha");
+            QCOMPARE(openNarrow(alpha.get(), path.toLatin1()), expected);
+            QCOMPARE(openWide(alpha.get(), path), expected);
         });
     };
     row("a sub-key", "Beta", "Alpha, Beta");
-    row("empty: the key itself", QString(), "Alpha");
+    row("an empty path: the key itself", QString(), "Alpha");
     row("a trailing backslash", "Beta\\", "Alpha, Beta");
     row("a missing key: no handle", "Alpha", "2");
     row("a leading backslash", "\\Beta", "161");
 }
 
-void narrowPathIsReadInTheCodePage()
+void narrowPathIsInTheAnsiCodePage()
 {
     const auto row = [](const QString &name, const QByteArray &path, const QString &expected) {
         addTestRow(name, [=] {
@@ -131,11 +131,11 @@ void narrowPathIsReadInTheCodePage()
     row("letters of the code page", QByteArray("Gr\xf6\xdf"
                                                "e"),
         QStringLiteral("size"));
-    row("letters in upper case; sharp s has none", QByteArray("GR\xd6\xdf"
-                                                              "E"),
+    row("letters in upper case; sharp s has no upper case", QByteArray("GR\xd6\xdf"
+                                                                       "E"),
         QStringLiteral("size"));
-    row("the same in UTF-8 is another name", QByteArray("Gr\u00f6\u00dfe"), "2");
-    row("a letter that the code page lacks cannot be named", QByteArray("?"), "2");
+    row("the same name in UTF-8 is another name", QByteArray("Gr\u00f6\u00dfe"), "2");
+    row("a letter outside the code page becomes a question mark", QByteArray("?"), "2");
 }
 
 void access()
@@ -162,20 +162,20 @@ void roots()
         });
     };
     const auto number = [](HKEY root) { return reinterpret_cast<quintptr>(root); };
-    row("the machine", number(HKEY_LOCAL_MACHINE), "Alpha", "Alpha");
-    row("the user", number(HKEY_CURRENT_USER), "Alpha", "user");
-    row("the classes", number(HKEY_CLASSES_ROOT), "vkSystemInfoContract", "classes");
-    row("all users: not the current one", number(HKEY_USERS), "Alpha", "2");
+    row("HKEY_LOCAL_MACHINE", number(HKEY_LOCAL_MACHINE), "Alpha", "Alpha");
+    row("HKEY_CURRENT_USER", number(HKEY_CURRENT_USER), "Alpha", "user");
+    row("HKEY_CLASSES_ROOT", number(HKEY_CLASSES_ROOT), "vkSystemInfoContract", "classes");
+    row("HKEY_USERS differs from HKEY_CURRENT_USER", number(HKEY_USERS), "Alpha", "2");
 }
 
-void noPathOpensTheKeyItself()
+void nullPathOpensTheKeyItself()
 {
     const DescribedWindows windows(registry());
-    const OpenKey alpha(HKEY_LOCAL_MACHINE, "Alpha");
+    const RegistryKey alpha = openKeyWide(HKEY_LOCAL_MACHINE, "Alpha");
     HKEY key = poisonedKey();
-    LSTATUS status = RegOpenKeyExA(alpha.handle(), nullptr, 0, KEY_READ, &key);
+    LSTATUS status = RegOpenKeyExA(alpha.get(), nullptr, 0, KEY_READ, &key);
     QCOMPARE(whereIs(status, key), QStringLiteral("Alpha"));
-    status = RegOpenKeyExW(alpha.handle(), nullptr, 0, KEY_READ, &key);
+    status = RegOpenKeyExW(alpha.get(), nullptr, 0, KEY_READ, &key);
     QCOMPARE(whereIs(status, key), QStringLiteral("Alpha"));
 }
 
@@ -188,29 +188,29 @@ void deniedKeys()
             QCOMPARE(openNarrow(HKEY_LOCAL_MACHINE, path.toLatin1()), expected);
             QCOMPARE(openWide(HKEY_LOCAL_MACHINE, path), expected);
             if (path.startsWith(QLatin1String("Alpha\\"))) {
-                const OpenKey alpha(HKEY_LOCAL_MACHINE, "Alpha");
-                QCOMPARE(openNarrow(alpha.handle(), path.mid(6).toLatin1()), expected);
+                const RegistryKey alpha = openKeyWide(HKEY_LOCAL_MACHINE, "Alpha");
+                QCOMPARE(openNarrow(alpha.get(), path.mid(6).toLatin1()), expected);
             }
         });
     };
     row("the key itself: no handle", "Alpha\\Beta", "5");
-    row("in other letters", "ALPHA\\beta", "5");
+    row("in another case", "ALPHA\\beta", "5");
     row("a key below it: no handle", "Alpha\\Beta\\Delta", "5");
     row("a missing key below it", "Alpha\\Beta\\Missing", "2");
     row("its parent", "Alpha", "Alpha");
-    row("its neighbour", "Alpha\\Beta Gamma", "Alpha, Beta Gamma");
-    row("one that is described nowhere else", "New\\Denied", "5");
-    row("the parent of that one has no value", "New", "");
+    row("its sibling", "Alpha\\Beta Gamma", "Alpha, Beta Gamma");
+    row("a denied key that registry.reg does not contain", "New\\Denied", "5");
+    row("the parent of that key exists without values", "New", "");
 }
 
 void deniedKeysAreEnumerated()
 {
     const DescribedWindows windows(registry(), R"({"deniedKeys": ["HKEY_LOCAL_MACHINE\\Alpha\\Beta"]})");
-    const OpenKey alpha(HKEY_LOCAL_MACHINE, "Alpha");
+    const RegistryKey alpha = openKeyWide(HKEY_LOCAL_MACHINE, "Alpha");
     CHAR name[40];
-    QCOMPARE(RegEnumKeyA(alpha.handle(), 0, name, sizeof name), LSTATUS(ERROR_SUCCESS));
+    QCOMPARE(RegEnumKeyA(alpha.get(), 0, name, sizeof name), ERROR_SUCCESS);
     QCOMPARE(QByteArray(name), QByteArray("Beta"));
-    QCOMPARE(RegEnumKeyA(alpha.handle(), 1, name, sizeof name), LSTATUS(ERROR_SUCCESS));
+    QCOMPARE(RegEnumKeyA(alpha.get(), 1, name, sizeof name), ERROR_SUCCESS);
     QCOMPARE(QByteArray(name), QByteArray("Beta Gamma"));
 }
 
@@ -227,26 +227,26 @@ void closing()
     const DescribedWindows windows(registry());
     HKEY first = nullptr;
     HKEY second = nullptr;
-    QCOMPARE(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Alpha", 0, KEY_READ, &first), LSTATUS(ERROR_SUCCESS));
-    QCOMPARE(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Alpha", 0, KEY_READ, &second), LSTATUS(ERROR_SUCCESS));
+    QCOMPARE(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Alpha", 0, KEY_READ, &first), ERROR_SUCCESS);
+    QCOMPARE(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Alpha", 0, KEY_READ, &second), ERROR_SUCCESS);
     QVERIFY2(first != second, "each opening has its own handle");
-    QCOMPARE(RegCloseKey(first), LSTATUS(ERROR_SUCCESS));
+    QCOMPARE(RegCloseKey(first), ERROR_SUCCESS);
     QCOMPARE(RegCloseKey(first), LSTATUS(ERROR_INVALID_HANDLE));
     QCOMPARE(whereIs(ERROR_SUCCESS, second), QStringLiteral("Alpha"));
     QCOMPARE(RegCloseKey(nullptr), LSTATUS(ERROR_INVALID_HANDLE));
-    QCOMPARE(RegCloseKey(HKEY_CLASSES_ROOT), LSTATUS(ERROR_SUCCESS));
+    QCOMPARE(RegCloseKey(HKEY_CLASSES_ROOT), ERROR_SUCCESS);
     QCOMPARE(openNarrow(HKEY_CLASSES_ROOT, "vkSystemInfoContract"), QStringLiteral("classes"));
 }
 
 void addTests()
 {
     addTestRows("paths", paths);
-    addTestRows("lettersOfEitherCase", lettersOfEitherCase);
+    addTestRows("caseOfNonAsciiLetters", caseOfNonAsciiLetters);
     addTestRows("belowAnOpenKey", belowAnOpenKey);
-    addTestRows("narrowPathIsReadInTheCodePage", narrowPathIsReadInTheCodePage);
+    addTestRows("narrowPathIsInTheAnsiCodePage", narrowPathIsInTheAnsiCodePage);
     addTestRows("access", access);
     addTestRows("roots", roots);
-    addTestRow("noPathOpensTheKeyItself", noPathOpensTheKeyItself);
+    addTestRow("nullPathOpensTheKeyItself", nullPathOpensTheKeyItself);
     addTestRows("deniedKeys", deniedKeys);
     addTestRow("deniedKeysAreEnumerated", deniedKeysAreEnumerated);
     addTestRow("invalidCalls", invalidCalls);

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// A poisoned record whose size is set.
+/// A record that is poisoned except for its size member.
 template <typename Record>
 struct Poisoned
 {
@@ -36,15 +36,15 @@ void shortVersionRecord()
     Poisoned<OSVERSIONINFOEXA> narrow(sizeof(OSVERSIONINFOA));
     QVERIFY(GetVersionExA(narrow.as<OSVERSIONINFOA>()));
     QCOMPARE(narrow->dwOSVersionInfoSize, DWORD(148));
-    QCOMPARE(narrow->dwPlatformId, DWORD(2));
+    QCOMPARE(narrow->dwPlatformId, DWORD(VER_PLATFORM_WIN32_NT));
     QVERIFY(isTerminated(narrow->szCSDVersion));
-    QVERIFY2(narrow.buffer.isUntouchedFrom(148), "what only the long record has");
+    QVERIFY2(narrow.buffer.isUntouchedFrom(148), "members that only the long record has");
 
     Poisoned<OSVERSIONINFOEXW> wide(sizeof(OSVERSIONINFOW));
     QVERIFY(GetVersionExW(wide.as<OSVERSIONINFOW>()));
     QCOMPARE(wide->dwOSVersionInfoSize, DWORD(276));
     QVERIFY(isTerminated(wide->szCSDVersion));
-    QVERIFY2(wide.buffer.isUntouchedFrom(276), "what only the long record has");
+    QVERIFY2(wide.buffer.isUntouchedFrom(276), "members that only the long record has");
 }
 
 void longVersionRecord()
@@ -64,7 +64,7 @@ void longVersionRecord()
     QVERIFY(wide.buffer.isUntouchedFrom(284));
 }
 
-void bothFormsGiveOneVersion()
+void bothFormsReturnTheSameVersion()
 {
     const AnsweringWindows windows;
     OSVERSIONINFOEXA narrow = {};
@@ -83,7 +83,7 @@ void bothFormsGiveOneVersion()
     QCOMPARE(narrow.wProductType, wide.wProductType);
 }
 
-void versionRecordOfAnotherSize()
+void versionRecordOfTheWrongSize()
 {
     const auto row = [](const QString &name, DWORD size) {
         addTestRow(name, [=] {
@@ -97,9 +97,9 @@ void versionRecordOfAnotherSize()
         });
     };
     row("none", DWORD(0));
-    row("one byte less than the short one", DWORD(147));
-    row("between the two", DWORD(150));
-    row("one byte more than the long one", DWORD(157));
+    row("one byte less than the short record", DWORD(147));
+    row("between the two records", DWORD(150));
+    row("one byte more than the long record", DWORD(157));
 }
 
 void systemInfo()
@@ -131,7 +131,7 @@ void memoryStatus()
     QVERIFY(record.buffer.isUntouchedFrom(sizeof(MEMORYSTATUSEX)));
 }
 
-void memoryRecordOfAnotherSize()
+void memoryRecordOfTheWrongSize()
 {
     const auto row = [](const QString &name, DWORD size) {
         addTestRow(name, [=] {
@@ -169,11 +169,11 @@ void addTests()
 {
     addTestRow("shortVersionRecord", shortVersionRecord);
     addTestRow("longVersionRecord", longVersionRecord);
-    addTestRow("bothFormsGiveOneVersion", bothFormsGiveOneVersion);
-    addTestRows("versionRecordOfAnotherSize", versionRecordOfAnotherSize);
+    addTestRow("bothFormsReturnTheSameVersion", bothFormsReturnTheSameVersion);
+    addTestRows("versionRecordOfTheWrongSize", versionRecordOfTheWrongSize);
     addTestRow("systemInfo", systemInfo);
     addTestRow("memoryStatus", memoryStatus);
-    addTestRows("memoryRecordOfAnotherSize", memoryRecordOfAnotherSize);
+    addTestRows("memoryRecordOfTheWrongSize", memoryRecordOfTheWrongSize);
     addTestRow("unknownMetricIsZero", unknownMetricIsZero);
     addTestRow("registryQuota", registryQuota);
 }

@@ -1,4 +1,4 @@
-// _localtime32_s and asctime_s of the run-time library.
+// _localtime32_s() and asctime_s() of the C run-time library.
 
 #include "answering_windows.h"
 #include "rows.h"
@@ -41,10 +41,10 @@ void negativeTime()
         });
     };
     row("one second before 1970", qint32(-1));
-    row("the smallest", std::numeric_limits<qint32>::min());
+    row("the smallest time", std::numeric_limits<qint32>::min());
 }
 
-void localTimeIsOffByWholeMinutes()
+void offsetOfLocalTimeIsInMinutes()
 {
     const AnsweringWindows windows;
     const __time32_t time = 1701337145; // 30 November 2023, 09:39:05 UTC
@@ -73,19 +73,19 @@ void text()
             QCOMPARE(int(asctime_s(exact.narrow(), 26, &record)), 0);
             QCOMPARE(QByteArray(exact.narrow()), expected);
             QVERIFY(exact.isUntouchedFrom(26));
-            PoisonedBuffer roomy(64);
-            QCOMPARE(int(asctime_s(roomy.narrow(), 64, &record)), 0);
-            QCOMPARE(QByteArray(roomy.narrow()), expected);
-            QVERIFY(roomy.isUntouchedFrom(26));
+            PoisonedBuffer large(64);
+            QCOMPARE(int(asctime_s(large.narrow(), 64, &record)), 0);
+            QCOMPARE(QByteArray(large.narrow()), expected);
+            QVERIFY(large.isUntouchedFrom(26));
         });
     };
-    row("the first day of two digits", QVector<int> {70, 0, 10, 6, 0, 0, 0}, QByteArray("Sat Jan 10 00:00:00 1970\n"));
-    row("the last second of the time", QVector<int> {138, 0, 19, 2, 3, 14, 7}, QByteArray("Tue Jan 19 03:14:07 2038\n"));
+    row("the first two-digit day", QVector<int> {70, 0, 10, 6, 0, 0, 0}, QByteArray("Sat Jan 10 00:00:00 1970\n"));
+    row("the last second of 32-bit time", QVector<int> {138, 0, 19, 2, 3, 14, 7}, QByteArray("Tue Jan 19 03:14:07 2038\n"));
     row("the end of a year", QVector<int> {99, 11, 31, 5, 23, 59, 59}, QByteArray("Fri Dec 31 23:59:59 1999\n"));
     row("a leap day", QVector<int> {100, 1, 29, 2, 12, 30, 0}, QByteArray("Tue Feb 29 12:30:00 2000\n"));
 }
 
-void dayOfOneDigit()
+void oneDigitDay()
 {
     const AnsweringWindows windows;
     const struct tm time = someTime();
@@ -95,25 +95,25 @@ void dayOfOneDigit()
 #ifdef SIMULATED_WINDOWS
     QCOMPARE(text, QByteArray("Sun Jan  4 05:06:07 1970\n"));
 #else
-    // The run-time library decides: the Universal one writes a blank, msvcrt a zero.
+    // The Universal C run-time library pads with a blank, msvcrt with a zero.
     QCOMPARE(text, QByteArray(dayHasZero() ? "Sun Jan 04 05:06:07 1970\n" : "Sun Jan  4 05:06:07 1970\n"));
 #endif
 }
 
 void textTooLong()
 {
-    const auto row = [](const QString &name, int room, const QString &written) {
+    const auto row = [](const QString &name, int capacity, const QString &written) {
         addTestRow(name, [=] {
             const AnsweringWindows windows;
             const struct tm time = someTime();
             PoisonedBuffer buffer(32);
-            QCOMPARE(int(asctime_s(buffer.narrow(), std::size_t(room), &time)), EINVAL);
+            QCOMPARE(int(asctime_s(buffer.narrow(), std::size_t(capacity), &time)), EINVAL);
             QCOMPARE(buffer.written(), written);
         });
     };
     row("no room for the terminator: an empty text", 25, "00");
-    row("one byte: an empty text", 1, "00");
-    row("no room at all: nothing", 0, QString());
+    row("a buffer of one byte: an empty text", 1, "00");
+    row("a buffer of 0 bytes: nothing is written", 0, QString());
 }
 
 void invalidTime()
@@ -138,9 +138,9 @@ void invalidTime()
 void addTests()
 {
     addTestRows("negativeTime", negativeTime);
-    addTestRow("localTimeIsOffByWholeMinutes", localTimeIsOffByWholeMinutes);
+    addTestRow("offsetOfLocalTimeIsInMinutes", offsetOfLocalTimeIsInMinutes);
     addTestRows("text", text);
-    addTestRow("dayOfOneDigit", dayOfOneDigit);
+    addTestRow("oneDigitDay", oneDigitDay);
     addTestRows("textTooLong", textTooLong);
     addTestRows("invalidTime", invalidTime);
 }

@@ -1,5 +1,5 @@
-// A DNS-SD client library for tests, of which one function is enough: it says what the
-// build tells it to say, DAEMON_VERSION or ERROR_CODE. With neither it lacks the function.
+// A DNS-SD client library for tests. Its only function returns DAEMON_VERSION or ERROR_CODE,
+// which the build defines. If neither is defined, the library lacks the function.
 
 #include <windows.h>
 
@@ -15,7 +15,7 @@ __declspec(dllexport) INT32 WINAPI DNSServiceGetProperty(const char *property, v
     if (std::strcmp(property, "DaemonVersion") != 0 || *size != sizeof(UINT32))
         return badParameter;
 #  ifdef ERROR_CODE
-    std::memset(result, 0xff, *size); // not to be taken for a version
+    std::memset(result, 0xff, *size); // a caller must not use it as the version
     return ERROR_CODE;
 #  else
     const UINT32 version = DAEMON_VERSION;

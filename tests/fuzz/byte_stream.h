@@ -1,10 +1,10 @@
-// Bytes as what they stand for, and back.
+// Reads values from bytes, and writes them as bytes.
 #pragma once
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
-/// The units of \a text, little endian.
+/// \a text as UTF-16LE.
 inline QByteArray utf16Bytes(const QString &text)
 {
     QByteArray bytes;
@@ -16,7 +16,7 @@ inline QByteArray utf16Bytes(const QString &text)
     return bytes;
 }
 
-/// The text of these units; an odd last byte is dropped.
+/// The text of UTF-16LE bytes. An odd last byte is dropped.
 inline QString utf16Text(const QByteArray &bytes)
 {
     QString text;
@@ -25,7 +25,7 @@ inline QString utf16Text(const QByteArray &bytes)
     return text;
 }
 
-/// Takes numbers from the front of some bytes; little endian, and 0 behind their end.
+/// Reads little-endian numbers from bytes. Bytes after the end are 0.
 class ByteStream
 {
 public:
@@ -35,7 +35,7 @@ public:
     quint8 byte() { return atEnd() ? 0 : quint8(m_bytes.at(m_position++)); }
     quint16 word() { return quint16(number(2)); }
     quint32 number32() { return quint32(number(4)); }
-    /// Of \a size bytes.
+    /// A number of \a size bytes.
     quint64 number(int size)
     {
         quint64 result = 0;
@@ -43,9 +43,9 @@ public:
             result |= quint64(byte()) << (8 * i);
         return result;
     }
-    /// Something below \a count.
+    /// A number below \a count.
     int index(int count) { return byte() % count; }
-    /// Up to \a size bytes, fewer at the end.
+    /// At most \a size bytes; fewer at the end.
     QByteArray bytes(int size)
     {
         const QByteArray result = m_bytes.mid(m_position, size);
@@ -58,7 +58,7 @@ private:
     int m_position = 0;
 };
 
-/// Writes what a ByteStream reads.
+/// The inverse of ByteStream.
 class ByteWriter
 {
 public:

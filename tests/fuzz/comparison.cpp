@@ -14,7 +14,7 @@ struct AnyVisitor
 
 } // namespace
 
-// In the records' namespace, where the containers' own comparisons find them.
+// In the namespace of the records, so that operator== of the containers finds them.
 
 template <typename Record, typename = decltype(Record::fields(AnyVisitor()))>
 bool operator==(const Record &left, const Record &right)

@@ -1,10 +1,9 @@
-// Whether two descriptions of a machine say the same.
+// Compares descriptions of machines.
 #pragma once
 
 #include "machine.h"
 
 bool isSame(const machine::Registry &left, const machine::Registry &right);
 
-/// The name of the first member of \a left that \a right has otherwise; empty when there
-/// is none.
+/// The name of the first member in which \a left and \a right differ; empty if they are equal.
 QByteArray differenceOf(const machine::SystemAnswers &left, const machine::SystemAnswers &right);

@@ -9,9 +9,9 @@
 
 namespace {
 
-constexpr int longestPiece = 1500; // in characters
+constexpr int longestPiece = 1500; // characters; small inputs mutate better
 
-/// The keys of \a text, each from its bracket to the next.
+/// The blocks of \a text, each from the bracket of a key to the next.
 QStringList blocks(const QString &text)
 {
     QStringList result;
@@ -24,7 +24,7 @@ QStringList blocks(const QString &text)
     return result;
 }
 
-/// registry.reg with some keys each; every fourth in UTF-16, the others in UTF-8.
+/// Pieces of registry.reg, each with some keys; every fourth in UTF-16, the others in UTF-8.
 QMap<QString, QByteArray> registryFileSeeds(const machine::Registry &registry)
 {
     QMap<QString, QByteArray> seeds;
@@ -47,7 +47,7 @@ QMap<QString, QByteArray> registryFileSeeds(const machine::Registry &registry)
     return seeds;
 }
 
-/// system.json with one member each.
+/// Pieces of system.json, each with one member.
 QMap<QString, QByteArray> systemFileSeeds(const machine::Machine &machine)
 {
     QMap<QString, QByteArray> seeds;

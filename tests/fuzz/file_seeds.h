@@ -1,4 +1,4 @@
-// The files of a described machine as inputs for the fuzzer, cut into pieces.
+// Splits the files of a described machine into inputs for the fuzzer.
 #pragma once
 
 #include "machine.h"
@@ -6,5 +6,5 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QMap>
 
-/// Pieces of registry.reg and system.json, each a file of its own.
+/// Inputs by name; each is a valid registry.reg or system.json.
 QMap<QString, QByteArray> fileSeedsOf(const machine::Machine &machine);

@@ -1,5 +1,5 @@
-// The readers of a machine's files over hostile contents. What is read and written is
-// read again as the same, and the two encodings of registry.reg are the same file.
+// Fuzzes readRegistryFile() and readSystemFile(). A description that is written and read again is
+// unchanged, and both encodings of registry.reg give the same description.
 
 #include "byte_stream.h"
 #include "comparison.h"
@@ -10,7 +10,7 @@
 
 #include <QtCore/QString>
 
-// Of the leak sanitizer, where there is one.
+// Functions of the leak sanitizer; null without one.
 extern "C" {
 __attribute__((weak)) void __lsan_disable();
 __attribute__((weak)) void __lsan_enable();
@@ -18,23 +18,23 @@ __attribute__((weak)) void __lsan_enable();
 
 namespace {
 
-/// What is allocated meanwhile is no leak. QJsonDocument::fromJson() of Qt 5.15 loses an
-/// object that is the value of a member which is given twice.
-class LeaksOfQtAllowed
+/// Disables the leak sanitizer while the object exists: QJsonDocument::fromJson() of Qt 5.15 leaks
+/// an object that is the value of a duplicate member.
+class LeakDetectionDisabled
 {
 public:
-    LeaksOfQtAllowed()
+    LeakDetectionDisabled()
     {
         if (__lsan_disable)
             __lsan_disable();
     }
-    ~LeaksOfQtAllowed()
+    ~LeakDetectionDisabled()
     {
         if (__lsan_enable)
             __lsan_enable();
     }
-    LeaksOfQtAllowed(const LeaksOfQtAllowed &) = delete;
-    LeaksOfQtAllowed &operator=(const LeaksOfQtAllowed &) = delete;
+    LeakDetectionDisabled(const LeakDetectionDisabled &) = delete;
+    LeakDetectionDisabled &operator=(const LeakDetectionDisabled &) = delete;
 };
 
 bool read(const QByteArray &contents, machine::Registry &registry)
@@ -55,20 +55,20 @@ void readRegistry(const QByteArray &contents)
     if (!contents.startsWith("\xff\xfe") && done) {
         machine::Registry same;
         require(read("\xff\xfe" + utf16Bytes(QString::fromUtf8(contents.constData(), contents.size())), same), "a registry file can be read in both encodings");
-        require(isSame(registry, same), "a registry file says the same in both encodings");
+        require(isSame(registry, same), "a registry file has the same contents in both encodings");
     }
     if (!done)
         return;
     const QByteArray written = machine::writeRegistryFile(registry);
     machine::Registry again;
-    require(read(written, again), "a registry file that was written can be read");
-    require(isSame(registry, again), "a registry is read as it was written",
+    require(read(written, again), "a written registry file can be read");
+    require(isSame(registry, again), "a written registry is read unchanged",
             utf16Text(written).toUtf8());
 }
 
 bool read(const QByteArray &contents, machine::Machine &machine)
 {
-    const LeaksOfQtAllowed allowed;
+    const LeakDetectionDisabled allowed;
     QString error;
     int line = 0;
     const bool done = machine::readSystemFile(contents, machine, error, line);
@@ -85,10 +85,10 @@ void readSystem(const QByteArray &contents)
         return;
     const QByteArray written = machine::writeSystemFile(machine);
     machine::Machine again;
-    require(read(written, again), "a system file that was written can be read", written);
+    require(read(written, again), "a written system file can be read", written);
     const QByteArray difference = differenceOf(machine.system, again.system);
-    require(difference.isEmpty(), "the answers are read as they were written", difference + '\n' + written);
-    require(isSame(machine.registry, again.registry), "the denied keys are read as they were written", written);
+    require(difference.isEmpty(), "written answers are read unchanged", difference + '\n' + written);
+    require(isSame(machine.registry, again.registry), "written denied keys are read unchanged", written);
 }
 
 } // namespace

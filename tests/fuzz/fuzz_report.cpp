@@ -1,15 +1,17 @@
-// The Windows half of the report, the details of network adapters and the OpenGL
-// drivers over a hostile machine.
+// Fuzzes the Windows half of the report, adapterDetails() and GetOpenGLDriverInfo() on a hostile
+// machine.
 //
-// Beside what the sanitizers see, this must hold for any machine, whichever calls fail
-// and whatever changes between two of them: every section is there with its first line
-// and its separator, in order; handles are given back but for the one key; no call is
-// given a buffer that is too large; cost and text are in proportion to the machine.
+// Apart from the errors that sanitizers detect, these rules hold for every machine, whichever
+// calls fail and whatever changes between two calls. Every section has its first line and its
+// separator, in order. All handles are closed except the key of the OEM section. No call gets a
+// size that is larger than its buffer. The number of calls and the length of the text are
+// proportional to the machine.
 
 #include "fuzz_target.h"
 #include "hostile_machine.h"
 #include "known_names.h"
 
+#include "report/section_table.h"
 #include "simulated_windows.h"
 #include "vkSystemInfo.h"
 #include "win/adapter_details.h"
@@ -24,57 +26,22 @@ using machine::RegistryRoot;
 
 namespace {
 
-constexpr std::size_t mostCalls = 60000; // from there on, enumerations end
+constexpr std::size_t mostCalls = 60000; // after that many, every enumeration ends
 
-/// What Windows is asked in one run, and its text.
+/// The texts of a run.
 struct Run
 {
     QString windowsHalf;
     QString others;
 };
 
-const char *const firstLines[] = {
-    "Windows version: \n",
-    "Windows version information from Registry\n",
-    "This is a 64bit application.\n",
-    "Internet Explorer information from Registry\n",
-    "Processor information: \n",
-    "Central Processor information from Registry\n",
-    "Memory Information:\n",
-    "Computer name\n",
-    "OEM Information from Registry\n",
-    "SystemInformation from Registry\n",
-    "BIOS information from Registry\n",
-    ">>> Info about video from registry:\n\n",
-    ">>> Info about drivers from registry:\n\n",
-    "Time Zone information from Registry\n",
-    ">>> Info about installed Velkor applications from registry:\n\n",
-    ">>> Info about installed Velkor Visual Basic applications from registry:\n\n",
-    "WinSxS directory entries\n",
-    "Some environment variables:\n",
-    "Disk information: \n",
-    ">>> Info about 'FDC' disk devices from registry:\n",
-    ">>> Info about 'IDE' disk devices from registry:\n",
-    ">>> Info about 'SCSI' disk devices from registry:\n",
-    ">>> Info about 'USBSTOR' disk devices from registry:\n",
-    ">> Info about 'PARALLEL PORTS' ports from registry:\n",
-    ">> Info about 'SERIALCOMM' ports from registry:\n",
-    "Registry quota:\n",
-    "Windows system directories\n",
-    "Special Folders: \n",
-    "Standard Bonjour: ",
-    "velkor DNS-SD: ",
-    "RefCount for vkdnssd.dll: ",
-    "Loaded modules/DLLs:\n",
-};
-
-/// Everything that a report could show of a machine, roughly.
+/// Counts that bound the cost of a report.
 struct Size
 {
     std::size_t keys = 0;
     std::size_t values = 0;
-    std::size_t placeholders = 0; // in names of values, each replaced by data
-    bool plainNames = true;       // each key is opened by the name it is listed with
+    std::size_t placeholders = 0; // in names of values; the ports section replaces them with data
+    bool plainNames = true;       // every key can be opened by its enumerated name
 };
 
 bool isPlain(const QString &name)
@@ -103,8 +70,7 @@ Size sizeOf(const machine::Machine &machine)
     return size;
 }
 
-/// Leaves other bytes on the stack than the run before, so that two runs differ where
-/// something is read that was never written.
+/// Fills the stack with \a byte, so that two runs differ if they read uninitialised memory.
 void scribble(unsigned char byte)
 {
     unsigned char area[64 * 1024];
@@ -112,14 +78,14 @@ void scribble(unsigned char byte)
     asm volatile(""
                  :
                  : "r"(area)
-                 : "memory"); // is needed, whatever the optimiser thinks
+                 : "memory"); // keeps the optimiser from removing the stores
 }
 
 void prepare()
 {
     silenceMessages();
     simulated::installNothing();
-    // Tables that are kept for good are made before anything is counted as a leak.
+    // Static tables are created before the leak sanitizer counts allocations.
     for (const int codePage : codePages) {
         HostileMachine hostile;
         hostile.machine.system.ansiCodePage = codePage;
@@ -150,7 +116,7 @@ QString adapterText(quint32 index)
     return text;
 }
 
-/// Of every adapter, and of two that are none or hardly one.
+/// The details of every adapter, and of two indexes that rarely or never exist.
 QString adapterTexts()
 {
     std::vector<quint32> indexes = {0, 0x12345678};
@@ -167,17 +133,21 @@ QString adapterTexts()
 void checkOrder(const QString &text, bool hasMemory)
 {
     const QString heading = QStringLiteral("############ Windows specific section ###########\n");
-    require(text.startsWith(heading + QLatin1String(firstLines[0])), "the Windows half begins with its heading", text.left(200).toUtf8());
+    require(text.startsWith(heading), "the Windows half begins with its heading", text.left(200).toUtf8());
     require(text.endsWith(separator()), "the Windows half ends with a separator", text.right(200).toUtf8());
     int position = heading.size();
-    for (const char *const line : firstLines) {
-        if (!hasMemory && std::strncmp(line, "Some environment", 16) == 0)
-            continue; // this one wants a buffer for its heading
-        const int found = text.indexOf(QLatin1String(line), position);
-        require(found >= 0, "every section is there, in order", QByteArray(line) + text.mid(position).toUtf8());
-        position = found + int(std::strlen(line));
+    int separators = 0;
+    for (const Section &section : SectionTable()) {
+        if (section.part != Part::Windows)
+            continue;
+        separators += section.followed == Followed::BySeparator;
+        if (!hasMemory && std::strcmp(section.name, "someEnvironmentVariables") == 0)
+            continue; // without memory the section is empty
+        const int found = text.indexOf(QString::fromLatin1(section.heading), position);
+        require(found >= 0, "every section is there, in order", QByteArray(section.name) + text.mid(position).toUtf8());
+        position = found + int(std::strlen(section.heading));
     }
-    require(text.count(separator()) >= 23, "a separator stands behind each section", text.toUtf8());
+    require(text.count(separator()) >= separators, "separators follow the sections", text.toUtf8());
 }
 
 void checkHandles()
@@ -185,7 +155,7 @@ void checkHandles()
     const QString kept = QStringLiteral("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\OEMInformation");
     QStringList open = simulated::openHandles();
     open.removeOne(kept);
-    require(open.isEmpty(), "every handle is given back", open.join(QLatin1Char('\n')).toUtf8());
+    require(open.isEmpty(), "every handle is closed", open.join(QLatin1Char('\n')).toUtf8());
     require(simulated::handleMisuses().isEmpty(), "no handle is misused",
             simulated::handleMisuses().join(QLatin1Char('\n')).toUtf8());
 }
@@ -195,11 +165,11 @@ void checkCalls()
     QString errorMode = QStringLiteral("0");
     for (const simulated::Call &call : simulated::journal()) {
         if (call.name.startsWith("RegQueryValue"))
-            require(call.sizeIn <= WinSysInfo::valueBufferSize, "a query says no more than its buffer has", call.name);
+            require(call.sizeIn <= WinSysInfo::valueBufferSize, "the size of a query is not larger than its buffer", call.name);
         if (call.name == "SetErrorMode")
             errorMode = call.value;
     }
-    require(errorMode == QStringLiteral("0"), "the error mode is put back");
+    require(errorMode == QStringLiteral("0"), "the error mode is the default");
 }
 
 std::size_t lengthOfNames(const machine::SystemAnswers &system)
@@ -214,21 +184,21 @@ std::size_t lengthOfNames(const machine::SystemAnswers &system)
 
 void checkCost(const Size &size, std::size_t names, std::size_t calls, const Run &run)
 {
-    // A class of drivers takes 11 calls for a key, an adapter 24 and twice so for its
-    // last one; everything that is asked once takes fewer than 4000.
+    // A key of a driver takes 11 calls. A key of an adapter takes 24, and the last one twice as
+    // many. Calls that do not depend on the machine are fewer than 4000.
     if (size.plainNames)
-        require(calls <= 4000 + 60 * size.keys + 2 * size.values, "as many calls as the machine is large",
+        require(calls <= 4000 + 60 * size.keys + 2 * size.values, "the number of calls is proportional to the machine",
                 QByteArray::number(qulonglong(calls)));
     const std::size_t length = std::size_t(run.windowsHalf.size() + run.others.size());
     const std::size_t most = 300000 + 4400 * calls + 2048 * size.placeholders + names;
-    require(length <= most, "as much text as the machine is large", QByteArray::number(qulonglong(length)));
+    require(length <= most, "the length of the text is proportional to the machine", QByteArray::number(qulonglong(length)));
 }
 
-/// Ends every enumeration when there were too many calls: keys whose names are not what
-/// they are opened by can be asked for the square of their number.
+/// Ends every enumeration after too many calls. If keys are opened by other names than their own,
+/// the number of calls grows with the square of the number of keys.
 void endEnumerations(std::vector<simulated::Fault> &faults)
 {
-    constexpr quint32 noMoreItems = 259;
+    constexpr quint32 noMoreItems = 259; // ERROR_NO_MORE_ITEMS
     for (const char *call : {"RegEnumKeyExA", "RegEnumKeyExW", "RegEnumKeyA", "RegEnumValueA"})
         faults.push_back(simulated::Fault::everyCall(call, noMoreItems));
 }
@@ -271,7 +241,7 @@ Run run(const QByteArray &bytes)
     checkHandles();
     checkCalls();
     if (limitedAt > 0)
-        require(simulated::callCount() < limitedAt + 20000, "what is enumerated ends");
+        require(simulated::callCount() < limitedAt + 20000, "every enumeration ends");
     else if (hostile.changes.empty())
         checkCost(size, names, simulated::callCount(), run);
 
@@ -294,7 +264,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
         scribble(0x55);
         const Run second = run(bytes);
         require(first.windowsHalf == second.windowsHalf && first.others == second.others,
-                "the same machine has the same report");
+                "two reports of the same machine are equal");
     }
     return 0;
 }

@@ -1,4 +1,4 @@
-// What a fuzzer, or a replay of what it found, calls.
+// Shared by the fuzz targets.
 #pragma once
 
 #include <QtCore/QByteArray>
@@ -7,8 +7,8 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
 
-/// Ends the process with a message where something does not hold.
+/// Ends the process with the message \a what if \a condition is false.
 void require(bool condition, const char *what, const QByteArray &details = QByteArray());
 
-/// Messages of the sections go nowhere; a fatal one is shown before the process ends.
+/// Discards the messages of Qt, except a fatal one, which ends the process.
 void silenceMessages();

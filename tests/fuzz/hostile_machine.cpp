@@ -14,7 +14,7 @@ using machine::RegistryKey;
 using machine::RegistryValue;
 using KeyPointer = std::shared_ptr<RegistryKey>;
 
-// What keeps one input cheap. Windows itself ends names of keys at 255 units.
+// Limits that keep a run fast. A name of a key has at most 255 units on Windows too.
 constexpr int longestKeyName = 255;
 constexpr int longestValueName = 4096;
 constexpr int longestText = 40000;
@@ -24,7 +24,7 @@ constexpr int deepestKey = 8;
 constexpr std::size_t mostFaults = 8;
 constexpr std::size_t mostChanges = 8;
 
-// Of the buffers that the report has, in units and in bytes, and one less and more.
+// Sizes of the buffers of the report in units and in bytes, and their neighbours.
 constexpr int edges[] = {0, 1, 2, 3, 4, 5, 7, 8, 9, 15, 16, 17, 39, 40, 41,
                          126, 127, 128, 129, 131, 132, 133, 254, 255, 256, 257, 258, 259, 260, 261,
                          511, 512, 513, 1022, 1023, 1024, 1025, 1026, 1027, 1028, 2046, 2047, 2048, 2049, 2050,
@@ -116,7 +116,7 @@ private:
 
     QString knownValue() { return knownValues().at(m_stream.index(knownValues().size())); }
 
-    /// As a key can be named: of something, but not of backslashes.
+    /// A valid name of a key: not empty, without backslashes.
     QString keyName()
     {
         QString name = text().left(longestKeyName);
@@ -136,13 +136,13 @@ private:
             key().setValue(newValue);
     }
 
-    /// Mostly few, for they are dear.
+    /// A count. Mostly small, because large ones are slow.
     int bulk()
     {
         const int count = m_stream.byte();
         if (count < 224)
             return count % 48;
-        return count < 240 ? 1016 + count - 224 : (count - 240) << 8 | m_stream.byte(); // next to a limit, or any
+        return count < 240 ? 1016 + count - 224 : (count - 240) << 8 | m_stream.byte(); // close to 1024, or any
     }
 
     void addSubKeys()
@@ -202,10 +202,10 @@ private:
         return QString();
     }
 
-    // Nulls included, which Qt ends a QByteArray at.
+    // With the size: QString::fromLatin1(QByteArray) of Qt 5 stops at a null.
     static QString latin1(const QByteArray &bytes) { return QString::fromLatin1(bytes.constData(), bytes.size()); }
 
-    /// \a part again and again up to \a size; it may be empty.
+    /// \a part, which may be empty, repeated up to \a size.
     template <typename Text>
     static Text filled(const Text &part, int size)
     {
@@ -216,7 +216,7 @@ private:
     {
         RegistryValue result;
         result.name = name;
-        const quint8 type = m_stream.byte(); // 0: what is usual for the form of the data
+        const quint8 type = m_stream.byte(); // 0: the usual type of the form
         const auto form = DataForm(m_stream.index(int(DataForm::Count)));
         result.data = data(form).left(largestData);
         result.type = type > 0 && type < 255 ? type - 1u : usualType(form);
@@ -319,7 +319,7 @@ private:
         const int wanted = m_stream.index(firstFieldAnswer + fieldCount);
         if (wanted == expansionErrorAnswer) {
             const int index = m_stream.index(5);
-            system.expansionErrors[QString::fromLatin1(environmentNames[index])] = error();
+            system.expansionErrors[QString::fromLatin1(machine::numberedVariables[index])] = error();
         } else if (wanted == winSxSAnswer) {
             QStringList names;
             for (int count = m_stream.byte(); count > 0 && !m_stream.atEnd(); --count)
@@ -334,7 +334,7 @@ private:
         });
     }
 
-    // An answer, or a part of it, by its type. StepWriter of seeds.cpp is the other direction.
+    // Reads an answer or a part of it, by its type. StepWriter in seeds.cpp is the inverse.
 
     template <typename T>
     void read(T &field)
@@ -355,7 +355,7 @@ private:
     void read(QString &field) { field = text(); }
     void read(machine::CodePage &codePage) { codePage = codePages[m_stream.index(5)]; }
 
-    /// A failure for every fourth first byte.
+    /// Every fourth value of the first byte is a failure.
     template <typename T>
     void read(machine::Answer<T> &answer)
     {
@@ -382,7 +382,7 @@ private:
             read(list.emplace_back());
     }
 
-    /// Some names, and as many more of the last as make up a long list.
+    /// Some names. The last is repeated to make a long list.
     void read(std::vector<std::optional<QString>> &names)
     {
         names.clear();
@@ -395,7 +395,7 @@ private:
         }
     }
 
-    // One entry of a map.
+    // Each call reads one entry of a map.
 
     void read(QMap<int, qint32> &numbers) { read(numbers[m_stream.byte()]); }
 
@@ -411,7 +411,7 @@ private:
 
     void read(QMap<QString, QString> &environment)
     {
-        read(environment[QString::fromLatin1(environmentNames[m_stream.index(5)])]);
+        read(environment[QString::fromLatin1(machine::numberedVariables[m_stream.index(5)])]);
     }
 
     void read(QMap<QString, machine::DriveRecord> &drives)
@@ -433,7 +433,7 @@ private:
         fault.every = form == 1;
         if (!fault.every)
             fault.number = callNumber();
-        fault.error = std::max(error(), 1u); // no call is a success that does nothing
+        fault.error = std::max(error(), 1u); // not ERROR_SUCCESS, which would mean success without results
         if (m_hostile && m_hostile->faults.size() < mostFaults)
             m_hostile->faults.push_back(fault);
     }
@@ -449,7 +449,7 @@ private:
 
     ByteStream m_stream;
     Machine &m_machine;
-    HostileMachine *m_hostile; // null within a change
+    HostileMachine *m_hostile; // null for the steps of a change
     std::vector<KeyPointer> m_path;
     const KnownKey *m_known = &knownKeys().front();
     int m_keysLeft = 512;

@@ -1,8 +1,9 @@
-// A machine, and what happens to it while it is asked, made of bytes.
+// Decodes bytes into a machine, faults of its calls, and changes between calls.
 //
-// The bytes are a list of steps, each a Step and its operands: a known key is entered,
-// a value set, an answer given. Any bytes mean something, and what the report asks for
-// takes few of them. Numbers are in the committed inputs: steps are added at the end only.
+// The bytes are a list of steps. Each is a Step and its operands, for example: enter a known key,
+// set a value, set an answer. All bytes are valid input. The keys and values of the report have
+// numbers, so that an input is short. The committed inputs contain the numbers of this file, so
+// new steps and forms are added only at the end.
 #pragma once
 
 #include "machine.h"
@@ -16,25 +17,25 @@ enum class Step : quint8 {
     Leave,         // to the parent
     SetKnownValue, // number of a known value, data
     SetValue,      // text, data
-    AddSubKeys,    // how many, byte: kind of name, number of a known value, data
+    AddSubKeys,    // count, byte: kind of name, number of a known value, data
     RemoveSubKey,  // text
     RemoveValue,   // number of a known value
-    Answer,        // number of an answer, what it is
-    Fail,          // byte: which calls, their number, an error
-    Change,        // number of a call, byte: a size, so many bytes of steps taken before it
+    Answer,        // number of an answer, its value
+    Fail,          // byte: name of the calls, their number, an error
+    Change,        // number of a call, byte: size, steps of that size, which run before the call
     RunTwice,
-    SetItsValue, // number of a value that is read from the known key last entered, data
+    SetItsValue, // number of a value of the last entered known key, data
     Count,
-    DenyKey = 255 // no operand; a byte of its own, so that the committed inputs stay what they are
+    DenyKey = 255 // no operand; not below Count, so that the committed inputs keep their meaning
 };
 
-// What Step::Answer sets, by number: these, and then the fields of SystemAnswers in their
-// order, so a new one of these stands last.
+// The numbers of Step::Answer: these, then the fields of SystemAnswers in their order. A new field
+// is added at the end of SystemAnswers.
 constexpr quint8 expansionErrorAnswer = 0;
 constexpr quint8 winSxSAnswer = 1;
 constexpr quint8 firstFieldAnswer = 2;
 
-/// The keys of NumberedAnswers: the formats of computer names and the special folders.
+/// The keys of NumberedAnswers: formats of computer names, and special folders.
 const std::vector<int> &numberedKeys();
 
 enum class TextForm : quint8 {
@@ -45,30 +46,30 @@ enum class TextForm : quint8 {
     Utf8,       // byte: length, bytes
     Pair,       // two texts
     LongLatin1, // word: length, characters
-    Filled,     // word: length, a text that is repeated until then
-    Edge,       // number of a length next to a buffer's, character
+    Filled,     // word: length, a text that is repeated up to it
+    Edge,       // number of a length close to that of a buffer, character
     Count
 };
 
 enum class DataForm : quint8 {
     Text,         // text
     Unterminated, // text
-    List,         // byte: how many, texts; both levels terminated
-    BrokenList,   // the same without the terminator of the list
+    List,         // byte: count, texts; both levels terminated
+    BrokenList,   // as List, without the terminator of the list
     Bytes,        // byte: size, bytes
     LongBytes,    // word: size, bytes
     Number,       // number of 32 bits
     Repeated,     // word: size, byte
     Odd,          // text, without its last byte
-    Filled,       // word: size, text that is repeated until then
-    Edge,         // number of a size next to a buffer's, byte
-    EdgeText,     // number of a size next to a buffer's, text that is repeated until then
+    Filled,       // word: size, text that is repeated up to it
+    Edge,         // number of a size close to that of a buffer, byte
+    EdgeText,     // number of a size close to that of a buffer, text that is repeated up to it
     Count
 };
 
 struct CallFault
 {
-    QByteArray call; // empty: any
+    QByteArray call; // empty: calls of any name
     bool every = false;
     std::size_t number = 0;
     quint32 error = 0;
@@ -90,9 +91,8 @@ struct HostileMachine
 
 HostileMachine hostileMachine(const QByteArray &bytes);
 
-/// Takes the steps on \a hostile, on top of what it is already. What asks for faults and
-/// changes is added to it as well.
+/// Applies the steps to \a hostile. Faults and changes are appended.
 void takeSteps(const QByteArray &bytes, HostileMachine &hostile);
 
-/// The steps of a change on a machine in use.
+/// Applies the steps of a change to the installed machine.
 void takeSteps(const QByteArray &bytes, machine::Machine &machine);

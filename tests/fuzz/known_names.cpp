@@ -1,15 +1,21 @@
 #include "known_names.h"
 
+#include "report/section_table.h"
+
+#include <algorithm>
+#include <windows.h>
+
+using namespace velkor::SystemInfo;
 using machine::RegistryRoot;
 
 const int codePages[5] = {1252, 1250, 1251, 932, 65001};
 const int specialFolderNumbers[5] = {0x05, 0x02, 0x26, 0x1c, 0x1a};
-const char *const environmentNames[5] = {"OS", "PATH", "HOMEPATH", "TEMP", "PROCESSOR_IDENTIFIER"};
+
 const char *const libraryNames[2] = {"dnssd.dll", "vkdnssd.dll"};
 
 namespace {
 
-/// The name whose UTF-16 bytes are these.
+/// The text whose UTF-16LE bytes are \a bytes.
 QString nameOfBytes(const QByteArray &bytes)
 {
     QString name;
@@ -18,190 +24,57 @@ QString nameOfBytes(const QByteArray &bytes)
     return name;
 }
 
-/// The numbers of the values from \a first to \a last.
-std::vector<int> range(const char *first, const char *last)
+RegistryRoot rootOf(HKEY key)
 {
-    std::vector<int> numbers;
-    for (int i = knownValues().indexOf(QString::fromLatin1(first)); i <= knownValues().indexOf(QString::fromLatin1(last)); ++i)
-        numbers.push_back(i);
-    return numbers;
+    if (key == HKEY_CLASSES_ROOT)
+        return RegistryRoot::ClassesRoot;
+    return key == HKEY_CURRENT_USER ? RegistryRoot::CurrentUser : RegistryRoot::LocalMachine;
 }
 
-std::vector<int> operator+(std::vector<int> left, const std::vector<int> &right)
+/// The reads of all sections, and further ones of the functions for driver classes and ports.
+RegistryReads registryReads()
 {
-    left.insert(left.end(), right.begin(), right.end());
-    return left;
-}
-
-std::vector<KnownKey> makeKnownKeys()
-{
-    const auto windows = range("CurrentMajorVersionNumber", "CSDBuildNumber");
-    const auto bios = range("SystemBiosVersion", "VideoBIOSDate");
-    const auto processor = range("ProcessorNameString", "FeatureSet");
-    const auto service = range("Service", "Service");
-    const auto adapter = range("Device Description", "OpenGLFlagsWoW") + service;
-    const auto deviceClass = range("Class", "Class");
-    const auto properties = range("DeviceType", "DeviceCharacteristics");
-    const auto driver = range("DriverDesc", "ProviderName") + range("MatchingDeviceId", "InfSectionExt") + properties + deviceClass;
-    const auto disk = range("DeviceDesc", "HardwareID") + deviceClass + service;
-    const auto port = range("C:\\Windows\\system32\\vkdnssd.dll", "\\Device\\Serial0");
-    const auto product = range("AdvertiseFlags", "PackageCode") + range("ProductName", "ProductName") + range("Version", "Version");
-    const auto nameless = range("", "");
-    const struct
-    {
-        RegistryRoot root;
-        const char *path;
-        std::vector<int> values;
-    } rows[] = {
-        {RegistryRoot::LocalMachine, "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion", windows},
-        {RegistryRoot::LocalMachine, "SOFTWARE\\Microsoft\\Internet Explorer", range("Version", "Build")},
-        {RegistryRoot::LocalMachine, "Hardware\\Description\\System", bios},
-        {RegistryRoot::LocalMachine, "Hardware\\Description\\System\\CentralProcessor", processor},
-        {RegistryRoot::LocalMachine, "Hardware\\Description\\System\\CentralProcessor\\0", processor},
-        {RegistryRoot::LocalMachine, "Hardware\\Description\\System\\CentralProcessor\\1", processor},
-        {RegistryRoot::LocalMachine, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\OEMInformation", range("Manufacturer", "Model")},
-        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\SystemInformation", range("BIOSReleaseDate", "InformationSource")},
-        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\TimeZoneInformation", range("ActiveTimeBias", "StandardName")},
-        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\Video", adapter},
-        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\Video\\{A}", adapter},
-        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\Video\\{A}\\0000", adapter},
-        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\Video\\{A}\\Video", service},
-        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\Class", driver},
-        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\Class\\{A}", driver},
-        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\Class\\{A}\\0000", driver},
-        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\Class\\{A}\\Properties", properties},
-        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Control\\Class\\{A}\\?????", properties},
-        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Enum\\FDC", disk},
-        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Enum\\IDE", disk},
-        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Enum\\SCSI", disk},
-        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Enum\\USBSTOR", disk},
-        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Enum\\USBSTOR\\Disk", disk},
-        {RegistryRoot::LocalMachine, "SYSTEM\\CurrentControlSet\\Enum\\USBSTOR\\Disk\\1", disk},
-        {RegistryRoot::LocalMachine, "HARDWARE\\DEVICEMAP\\PARALLEL PORTS", port},
-        {RegistryRoot::LocalMachine, "HARDWARE\\DEVICEMAP\\SERIALCOMM", port},
-        {RegistryRoot::LocalMachine, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\SharedDLLs", port},
-        {RegistryRoot::LocalMachine, "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\OpenGLDrivers", range("dll", "dll")},
-        {RegistryRoot::LocalMachine, "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\OpenGLDrivers\\A", range("dll", "dll")},
-        {RegistryRoot::LocalMachine, nullptr, properties},
-        {RegistryRoot::ClassesRoot, "Installer\\Products", product},
-        {RegistryRoot::ClassesRoot, "Installer\\Products\\A", product},
-        {RegistryRoot::ClassesRoot, ".lmdl", nameless},
-        {RegistryRoot::ClassesRoot, ".lmdl2", nameless},
-        {RegistryRoot::ClassesRoot, ".vkpj", nameless},
-        {RegistryRoot::ClassesRoot, ".wvp", nameless},
-        {RegistryRoot::ClassesRoot, ".q9p", nameless},
-        {RegistryRoot::ClassesRoot, ".q90", nameless},
-        {RegistryRoot::ClassesRoot, "Linemodel since V10\\shell\\open\\command", nameless},
-        {RegistryRoot::ClassesRoot, "Linemodel\\shell\\open\\command", nameless},
-        {RegistryRoot::ClassesRoot, "Q9 Project\\shell\\open\\command", nameless},
-        {RegistryRoot::ClassesRoot, "Q9 V2 Project\\shell\\open\\command", nameless},
-        {RegistryRoot::ClassesRoot, "Q9 V3 Project\\shell\\open\\command", nameless},
-        {RegistryRoot::ClassesRoot, "Q90 Project\\shell\\open\\command", nameless},
-        {RegistryRoot::CurrentUser, "Software\\Microsoft\\Installer\\Products", product},
-        {RegistryRoot::CurrentUser, "Software\\Microsoft\\Installer\\Products\\A", product},
-    };
-    // A class of drivers has a key whose wide name begins with these bytes.
-    const QString wideProperties
-        = QStringLiteral("SYSTEM\\CurrentControlSet\\Control\\Class\\{A}\\") + nameOfBytes("Properties");
-    std::vector<KnownKey> keys;
-    for (const auto &row : rows)
-        keys.push_back({row.root, row.path ? QString::fromLatin1(row.path) : wideProperties, row.values});
-    return keys;
+    RegistryReads reads;
+    for (const Section &section : SectionTable()) {
+        if (section.reads) {
+            const RegistryReads more = section.reads();
+            reads.insert(reads.end(), more.begin(), more.end());
+        }
+    }
+    const QString deviceClass = QStringLiteral("SYSTEM\\CurrentControlSet\\Control\\Class\\0\\");
+    const QStringList properties = {"DeviceType", "DeviceCharacteristics"};
+    // Quirk: a key counts as "Properties" if the bytes of its name start so.
+    for (const QString &name : {QStringLiteral("Properties"), QStringLiteral("?????"), nameOfBytes("Properties")})
+        reads.push_back({HKEY_LOCAL_MACHINE, deviceClass + name, properties});
+    reads.push_back({HKEY_LOCAL_MACHINE, QStringLiteral("HARDWARE\\DEVICEMAP\\SERIALCOMM"), {"\\Device\\Serial0"}});
+    reads.push_back({HKEY_LOCAL_MACHINE, QStringLiteral("SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\SharedDLLs"), {"C:\\Windows\\system32\\vkdnssd.dll"}});
+    return reads;
 }
 
 QStringList makeKnownValues()
 {
-    QStringList names;
-    for (const char *name : {
-             "", // the default value
-             "Version",
-             "svcVersion",
-             "svcUpdateVersion",
-             "svcKBNumber",
-             "W2kVersion",
-             "IVer",
-             "Build",
-             "CurrentMajorVersionNumber",
-             "CurrentMinorVersionNumber",
-             "CurrentVersion",
-             "CurrentBuildNumber",
-             "UBR",
-             "ProductId",
-             "EditionID",
-             "ReleaseId",
-             "DisplayVersion",
-             "PathName",
-             "ProductName",
-             "RegisteredOwner",
-             "RegisteredOrganization",
-             "CSDVersion",
-             "CSDBuildNumber",
-             "SystemBiosVersion",
-             "SystemBIOSDate",
-             "VideoBiosVersion",
-             "VideoBIOSDate",
-             "ProcessorNameString",
-             "VendorIdentifier",
-             "Identifier",
-             "MMXIdentifier",
-             "~MHZ",
-             "FeatureSet",
-             "Manufacturer",
-             "Model",
-             "BIOSReleaseDate",
-             "BIOSVersion",
-             "SystemManufacturer",
-             "SystemProductName",
-             "InformationSource",
-             "ActiveTimeBias",
-             "Bias",
-             "DaylightBias",
-             "StandardBias",
-             "DaylightName",
-             "StandardName",
-             "Device Description",
-             "InstalledDisplayDrivers",
-             "HardwareInformation.AdapterString",
-             "HardwareInformation.BiosString",
-             "HardwareInformation.ChipType",
-             "HardwareInformation.DacType",
-             "HardwareInformation.qwMemorySize",
-             "HardwareInformation.MemorySize",
-             "DriverDesc",
-             "DriverVersion",
-             "DriverDate",
-             "ProviderName",
-             "ReleaseVersion",
-             "OpenGLDriverName",
-             "OpenGLDriverNameWow",
-             "OpenGLVersion",
-             "OpenGLVersionWoW",
-             "OpenGLFlags",
-             "OpenGLFlagsWoW",
-             "Service",
-             "Class",
-             "MatchingDeviceId",
-             "InfPath",
-             "InfSection",
-             "InfSectionExt",
-             "DeviceType",
-             "DeviceCharacteristics",
-             "DeviceDesc",
-             "FriendlyName",
-             "LocationInformation",
-             "HardwareID",
-             "AdvertiseFlags",
-             "Assignment",
-             "DeploymentFlags",
-             "InstanceType",
-             "Language",
-             "PackageCode",
-             "dll",
-             "C:\\Windows\\system32\\vkdnssd.dll",
-             "\\Device\\Serial0",
-         })
-        names += QString::fromLatin1(name);
-    return names;
+    QStringList values;
+    for (const RegistryRead &read : registryReads())
+        values += read.values;
+    values.removeDuplicates();
+    return values;
+}
+
+std::vector<KnownKey> makeKnownKeys()
+{
+    std::vector<KnownKey> keys;
+    for (const RegistryRead &read : registryReads()) {
+        KnownKey key {rootOf(read.root), QString(read.path).replace(QLatin1Char('*'), QLatin1Char('0')), {}};
+        const QStringList values = read.values.isEmpty() ? QStringList(knownValues().constFirst()) : read.values;
+        for (const QString &value : values)
+            key.values.push_back(knownValues().indexOf(value));
+        const bool isFirst = std::none_of(keys.begin(), keys.end(), [&](const KnownKey &other) {
+            return other.root == key.root && other.path.compare(key.path, Qt::CaseInsensitive) == 0;
+        });
+        if (isFirst)
+            keys.push_back(key);
+    }
+    return keys;
 }
 
 QStringList makeKnownTexts()
@@ -282,7 +155,7 @@ QStringList makeKnownTexts()
              QString(QChar(0)), QString(QChar(0xd800)), QString(QChar(0xdc00)), QString(QChar(0xfeff)),
              QString(QChar(0xfffe)), QString(QChar(0xffff)), QString(QChar(0xfffd)), QString(QChar(0x2028)),
              QString::fromUcs4(U"\U0001f600"),
-             QString(QChar(0x8868)), // ends in the byte of a backslash in 932
+             QString(QChar(0x8868)), // its second byte in code page 932 is that of a backslash
              QString(QChar(0xff71)), QString(QChar(0x0416)), QString(QChar(0x017d)), QString(QChar(0x20ac)),
              QString(QChar(0x0130)), QString(QChar(0x0131)), QString(QChar(0x00df)), QString(QChar(0x00e9)),
              QString(QChar(0x0085)), QString(QChar(0x00a5)), nameOfBytes("Properties")})

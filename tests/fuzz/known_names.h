@@ -1,5 +1,5 @@
-// What the report asks Windows for, by number, so that few bytes can name it. Numbers
-// are in the committed inputs: rows are added at the end only.
+// Numbers of the keys, values, texts and calls of the report, so that an input names them in a
+// byte. Keys and values come from the section table.
 #pragma once
 
 #include "registry_tree.h"
@@ -12,19 +12,18 @@ struct KnownKey
 {
     machine::RegistryRoot root;
     QString path;
-    std::vector<int> values; // numbers of the values that are read from it or from what is below it
+    std::vector<int> values; // numbers of the values that the report reads from it; never empty
 };
 
-/// Keys that the report opens, or what it opens below them; at most 256.
+/// Keys that the report opens; a sub-key that it enumerates is named "0". At most 256.
 const std::vector<KnownKey> &knownKeys();
-/// Values that it reads; at most 256.
+/// Values that the report reads; at most 256.
 const QStringList &knownValues();
-/// Texts that mean something to the report, to QString::arg() or to a code page; at most 256.
+/// Texts with a meaning for the report, for QString::arg() or in a code page; at most 256.
 const QStringList &knownTexts();
-/// The calls that can be made to fail; at most 256.
+/// The calls that can fail; at most 256.
 const std::vector<const char *> &knownCalls();
 
 extern const int codePages[5];
 extern const int specialFolderNumbers[5];
-extern const char *const environmentNames[5];
 extern const char *const libraryNames[2];

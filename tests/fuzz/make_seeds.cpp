@@ -1,6 +1,6 @@
-// Writes the seeds of described machines: make_seeds CORPUS MACHINE...
+// make_seeds CORPUS MACHINE...
 //
-// CORPUS has a folder for each target, MACHINE is the folder that describes one.
+// Writes the seeds of the described machines MACHINE to the folder CORPUS/TARGET of each target.
 
 #include "file_seeds.h"
 #include "seeds.h"

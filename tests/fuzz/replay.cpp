@@ -1,4 +1,4 @@
-// Runs every file of some folders through a target, once, without a fuzzer.
+// Runs a fuzz target once with every file of the given folders.
 
 #include "fuzz_target.h"
 
@@ -8,7 +8,7 @@
 
 namespace {
 
-/// How many files there are; -1 when one cannot be read.
+/// The number of files, or -1 if one cannot be read.
 int replayFolder(const QString &folder)
 {
     int count = 0;
@@ -19,7 +19,7 @@ int replayFolder(const QString &folder)
             std::fprintf(stderr, "%s: %s\n", qPrintable(file.fileName()), qPrintable(file.errorString()));
             return -1;
         }
-        // Told before, so that it is the last word when the process ends.
+        // Printed before the run, so that the last line names the file if the process ends.
         std::printf("%s\n", qPrintable(file.fileName()));
         std::fflush(stdout);
         const QByteArray contents = file.readAll();
@@ -43,7 +43,7 @@ int main(int argc, char *argv[])
             return 1;
         std::printf("%d inputs of %s\n", count, argv[i]);
         if (count == 0)
-            return 1; // an empty corpus proves nothing
+            return 1; // the corpus is empty
     }
     return 0;
 }

@@ -15,9 +15,9 @@ using machine::RegistryValue;
 
 constexpr int longestPiece = 2048;
 
-/// The place of \a key among \a keys, or -1.
+/// The index of \a key in \a keys, or -1.
 template <typename Key, typename Keys>
-int placeOf(const Key &key, const Keys &keys)
+int indexOf(const Key &key, const Keys &keys)
 {
     const auto found = std::find(std::begin(keys), std::end(keys), key);
     return found == std::end(keys) ? -1 : int(found - std::begin(keys));
@@ -79,8 +79,7 @@ public:
         }
     }
 
-    // An answer, or a part of it, by its type. Steps of hostile_machine.cpp is the other
-    // direction.
+    // Writes an answer or a part of it, by its type. Steps in hostile_machine.cpp is the inverse.
 
     template <typename T>
     void write(const T &field)
@@ -94,7 +93,7 @@ public:
     void write(const QString &field) { text(field); }
     void write(const machine::CodePage &codePage)
     {
-        byte(quint8(placeOf(codePage.number, codePages)));
+        byte(quint8(indexOf(codePage.number, codePages)));
     }
 
     template <typename T>
@@ -128,7 +127,7 @@ public:
         byte(quint8(names.size()));
         for (const auto &name : names)
             write(name);
-        byte(0); // no more of the last
+        byte(0); // the last name is not repeated
     }
 
 private:
@@ -157,7 +156,7 @@ private:
         }
     }
 
-    /// Of strings with a terminator each, and one behind them all.
+    /// Whether \a text is a list: each string has a terminator, and so has the list.
     static bool isList(const QString &text)
     {
         const int count = text.count(QChar(QChar::Null));
@@ -167,7 +166,7 @@ private:
     void list(const QString &text)
     {
         QStringList strings = text.split(QChar(QChar::Null));
-        strings.erase(strings.end() - 2, strings.end()); // behind the two terminators at the end
+        strings.erase(strings.end() - 2, strings.end()); // empty: follow the last two terminators
         form(DataForm::List);
         byte(quint8(strings.size()));
         for (const QString &string : qAsConst(strings))
@@ -197,7 +196,7 @@ bool isBelow(const KnownKey &key, const KnownKey &other)
     return key.root == other.root && key.path.startsWith(other.path + QLatin1Char('\\'), Qt::CaseInsensitive);
 }
 
-/// Those that no other known key has below it.
+/// The known keys that are not below another known key.
 std::vector<int> topKeys()
 {
     std::vector<int> numbers;
@@ -256,7 +255,7 @@ void addRegistry(const machine::Registry &registry, QMap<QString, QByteArray> &s
     }
 }
 
-// The other answers: a step each, and for each entry of a map.
+// The other answers: a step for each, and for each entry of a map.
 
 template <typename T>
 void addAnswer(StepWriter &writer, int number, const T &field)
@@ -265,7 +264,7 @@ void addAnswer(StepWriter &writer, int number, const T &field)
     writer.write(field);
 }
 
-/// Nothing for a \a key below 0, which the report does not ask for.
+/// Adds no step for a \a key below 0, which the report does not query.
 template <typename T>
 void addEntry(StepWriter &writer, int number, int key, const T &entry)
 {
@@ -285,7 +284,7 @@ void addAnswer(StepWriter &writer, int number, const QMap<int, qint32> &numbers)
 void addAnswer(StepWriter &writer, int number, const machine::NumberedAnswers &answers)
 {
     for (auto it = answers.begin(); it != answers.end(); ++it)
-        addEntry(writer, number, placeOf(it.key(), numberedKeys()), *it);
+        addEntry(writer, number, indexOf(it.key(), numberedKeys()), *it);
 }
 
 void addAnswer(StepWriter &writer, int number, const QMap<QString, machine::DriveRecord> &drives)
@@ -297,13 +296,13 @@ void addAnswer(StepWriter &writer, int number, const QMap<QString, machine::Driv
 void addAnswer(StepWriter &writer, int number, const QMap<QString, QString> &environment)
 {
     for (auto it = environment.begin(); it != environment.end(); ++it)
-        addEntry(writer, number, placeOf(it.key(), environmentNames), *it);
+        addEntry(writer, number, indexOf(it.key(), machine::numberedVariables), *it);
 }
 
 void addAnswer(StepWriter &writer, int number, const QMap<QString, machine::LibraryRecord> &libraries)
 {
     for (auto it = libraries.begin(); it != libraries.end(); ++it)
-        addEntry(writer, number, placeOf(it.key(), libraryNames), *it);
+        addEntry(writer, number, indexOf(it.key(), libraryNames), *it);
 }
 
 void addSystem(const machine::SystemAnswers &system, QMap<QString, QByteArray> &seeds)
@@ -318,7 +317,7 @@ void addSystem(const machine::SystemAnswers &system, QMap<QString, QByteArray> &
     StepWriter expansions;
     for (auto it = system.expansionErrors.begin(); it != system.expansionErrors.end(); ++it) {
         expansions.answer(expansionErrorAnswer);
-        expansions.byte(quint8(placeOf(it.key(), environmentNames)));
+        expansions.byte(quint8(indexOf(it.key(), machine::numberedVariables)));
         expansions.byte(quint8(std::min(*it, 249u)));
     }
     if (!expansions.bytes().isEmpty())
@@ -330,7 +329,7 @@ void addSystem(const machine::SystemAnswers &system, QMap<QString, QByteArray> &
         folder.byte(quint8(names.size()));
         for (const QString &name : names)
             folder.text(name);
-        seeds[QStringLiteral("system-getsystemwindowsdirectory")] += folder.bytes(); // where it is
+        seeds[QStringLiteral("system-getsystemwindowsdirectory")] += folder.bytes(); // the parent of WinSxS
     }
 }
 

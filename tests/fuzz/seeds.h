@@ -1,5 +1,5 @@
-// A described machine as inputs for the fuzzer, cut into pieces of a few hundred bytes
-// to some thousand: what a mutation changes then is most of the input.
+// Splits a described machine into inputs for the fuzzer. They have some hundred to some thousand
+// bytes, so that a mutation changes a large part of an input.
 #pragma once
 
 #include "machine.h"
@@ -7,6 +7,5 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QMap>
 
-/// Steps by what they are about. All of them taken together, in any order, make a
-/// machine with the same report.
+/// Steps by topic. All of them together, in any order, describe a machine with the same report.
 QMap<QString, QByteArray> seedsOf(const machine::Machine &machine);

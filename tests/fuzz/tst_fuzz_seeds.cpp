@@ -1,4 +1,4 @@
-// The seeds of the fuzzer are the described machines.
+// The seeds of the fuzzer describe the machines of machines/.
 
 #include "described_windows.h"
 #include "hostile_machine.h"
@@ -15,7 +15,7 @@ using namespace velkor::SystemInfo;
 
 namespace {
 
-/// Everything that the fuzzer asks of a machine.
+/// All texts that the fuzz target for the report requests.
 QString wholeText(const machine::Machine &machine)
 {
     const DescribedWindows windows(machine);
@@ -33,20 +33,20 @@ class TestFuzzSeeds : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void seedsMakeTheSameReport_data();
-    void seedsMakeTheSameReport();
-    void bytesAreFaultsAndChanges();
+    void seedsGiveTheSameReport_data();
+    void seedsGiveTheSameReport();
+    void bytesDecodeToFaultsAndChanges();
     void bytesDenyAKey();
 };
 
-void TestFuzzSeeds::seedsMakeTheSameReport_data()
+void TestFuzzSeeds::seedsGiveTheSameReport_data()
 {
     QTest::addColumn<QString>("name");
     for (const char *name : {"workstation", "wine"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 
-void TestFuzzSeeds::seedsMakeTheSameReport()
+void TestFuzzSeeds::seedsGiveTheSameReport()
 {
     QFETCH(QString, name);
     const machine::Machine machine = DescribedWindows::load(name);
@@ -59,10 +59,10 @@ void TestFuzzSeeds::seedsMakeTheSameReport()
     COMPARE_TEXT(wholeText(fromSeeds.machine), wholeText(machine));
 }
 
-void TestFuzzSeeds::bytesAreFaultsAndChanges()
+void TestFuzzSeeds::bytesDecodeToFaultsAndChanges()
 {
-    // Fail, each call of a name, RegCloseKey, ERROR_ACCESS_DENIED; Change before call 7 of
-    // one byte; RunTwice.
+    // Fail every RegCloseKey with ERROR_ACCESS_DENIED; Change before call 7 with one byte of steps;
+    // RunTwice.
     const HostileMachine hostile = hostileMachine(QByteArray::fromHex("09010105"
                                                                       "0a07010b"
                                                                       "0b"));
@@ -78,7 +78,7 @@ void TestFuzzSeeds::bytesAreFaultsAndChanges()
 
 void TestFuzzSeeds::bytesDenyAKey()
 {
-    // EnterSubKey "A", DenyKey, Leave; and the byte before DenyKey is a step of old.
+    // EnterSubKey "A", DenyKey, Leave. Numbers between Count and DenyKey are taken modulo Count.
     const HostileMachine hostile = hostileMachine(QByteArray::fromHex("010001"
                                                                       "41"
                                                                       "ff"

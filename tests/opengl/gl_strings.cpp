@@ -6,7 +6,7 @@
 namespace gl_strings {
 namespace {
 
-/// Where the program or library that holds this address starts.
+/// The base address of the program or library that contains \a address.
 void *moduleOf(void *address)
 {
     Dl_info info = {};
@@ -20,7 +20,7 @@ std::function<const char *(unsigned)> answer;
 
 } // namespace gl_strings
 
-// The linker finds this one before OpenGL's own.
+// The linker prefers this definition to that of the OpenGL library.
 const GLubyte *glGetString(GLenum name)
 {
     using Function = const GLubyte *(*)(GLenum);

@@ -1,12 +1,12 @@
-// Stands in for glGetString() in the program that it is linked into.
+// Replaces glGetString() in the program that links it.
 #pragma once
 
 #include <functional>
 
 namespace gl_strings {
 
-/// Asked instead of OpenGL, with the name as a number, by calls of the program itself;
-/// those of its libraries, Qt among them, reach OpenGL. Empty: all do.
+/// Called with the name instead of glGetString(), if the caller is code of the program itself.
+/// Calls by libraries such as Qt reach OpenGL, and all calls do if the function is empty.
 extern std::function<const char *(unsigned name)> answer;
 
 } // namespace gl_strings

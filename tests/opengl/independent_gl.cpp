@@ -1,4 +1,4 @@
-// Prints what an OpenGL context says of itself, without Qt: a line each for version,
+// Prints the strings of an OpenGL context, which it creates without Qt: one line each for version,
 // vendor, renderer and extensions.
 
 #include "independent_gl.h"

@@ -1,6 +1,6 @@
-// What differs between the systems in independent_gl.
+// The platform-dependent part of independent_gl.
 #pragma once
 
-/// Makes a plain OpenGL context, of no particular version, and makes it current. It
-/// is never taken down: the program ends soon.
+/// Creates an OpenGL context of the default version and makes it current. Nothing destroys it,
+/// because the program ends soon.
 bool makeContextCurrent();

@@ -9,7 +9,7 @@ std::optional<bool> pretended;
 
 } // namespace overlays
 
-// The linker finds this one before Qt's own.
+// The linker prefers this definition to that of QtOpenGL.
 bool QGLFormat::hasOpenGLOverlays()
 {
     using Function = bool (*)();

@@ -1,11 +1,11 @@
-// Stands in for QGLFormat::hasOpenGLOverlays() in the program that it is linked into.
+// Replaces QGLFormat::hasOpenGLOverlays() in the program that links it.
 #pragma once
 
 #include <optional>
 
 namespace overlays {
 
-/// What the function answers instead of the truth; without a value it asks Qt.
+/// The result of the function. Without a value it calls Qt.
 extern std::optional<bool> pretended;
 
 } // namespace overlays

@@ -10,7 +10,7 @@ int calls = 0;
 
 } // namespace version_flags
 
-// The linker finds this one before Qt's own.
+// The linker prefers this definition to that of QtOpenGL.
 QGLFormat::OpenGLVersionFlags QGLFormat::openGLVersionFlags()
 {
     using Function = OpenGLVersionFlags (*)();

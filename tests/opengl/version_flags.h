@@ -1,11 +1,11 @@
-// Stands in for QGLFormat::openGLVersionFlags() in the program that it is linked into.
+// Replaces QGLFormat::openGLVersionFlags() in the program that links it.
 #pragma once
 
 #include <optional>
 
 namespace version_flags {
 
-/// What the function answers instead of the truth; without a value it asks Qt.
+/// The result of the function. Without a value it calls Qt.
 extern std::optional<int> pretended;
 
 /// How often the function was called in this process.

@@ -1,7 +1,7 @@
 // host_child APPLICATION THREAD FUNCTION
 //
-// Calls one public function as a host would that has this application object (none,
-// core, gui or widgets) from this thread (main or other), and prints the text it got.
+// Calls one public function and prints the text that it returns. APPLICATION is the application
+// object of the process: none, core, gui or widgets. THREAD is the calling thread: main or other.
 
 #include "program_output.h"
 #include "vkSystemInfo.h"

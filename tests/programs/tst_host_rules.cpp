@@ -1,6 +1,5 @@
-// What a host may rely on: which application object each public function wants, that the
-// thread does not matter to those that want none, what sections of screens are without one,
-// and where Qt ends the process.
+// The application object and the thread that each public function needs: the texts without an
+// application object, and the cases in which Qt ends the process.
 #include "run_program.h"
 #include "test_main.h"
 
@@ -13,8 +12,8 @@ class tst_HostRules : public QObject
 private Q_SLOTS:
     void works_data();
     void works();
-    void showsNoScreen_data();
-    void showsNoScreen();
+    void listsNoScreenWithoutGuiApplication_data();
+    void listsNoScreenWithoutGuiApplication();
     void endsTheProcess_data();
     void endsTheProcess();
 };
@@ -92,7 +91,7 @@ void tst_HostRules::works()
     QVERIFY2(run.output.contains(contained), run.output.constData());
 }
 
-void tst_HostRules::showsNoScreen_data()
+void tst_HostRules::listsNoScreenWithoutGuiApplication_data()
 {
     QTest::addColumn<QString>("application");
     QTest::addColumn<QString>("function");
@@ -107,7 +106,7 @@ void tst_HostRules::showsNoScreen_data()
     }
 }
 
-void tst_HostRules::showsNoScreen()
+void tst_HostRules::listsNoScreenWithoutGuiApplication()
 {
     QFETCH(QString, application);
     QFETCH(QString, function);
@@ -133,7 +132,7 @@ void tst_HostRules::endsTheProcess_data()
 void tst_HostRules::endsTheProcess()
 {
 #ifdef Q_OS_WIN
-    QSKIP("Windows' error reporting may hold a process that crashed");
+    QSKIP("Windows Error Reporting may keep a crashed process running");
 #endif
     QFETCH(QString, application);
     QFETCH(QString, function);

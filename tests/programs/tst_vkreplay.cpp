@@ -1,4 +1,4 @@
-// The command line of vkreplay, and that what it prints depends on the machine alone.
+// The command line of vkreplay; its output depends only on the described machine.
 
 #include "run_program.h"
 #include "test_main.h"
@@ -13,16 +13,16 @@ class VkReplayTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void sameBytesEverywhere_data();
-    void sameBytesEverywhere();
+    void outputDoesNotDependOnTheEnvironment_data();
+    void outputDoesNotDependOnTheEnvironment();
     void sections_data();
     void sections();
     void listedSectionsCanBePrinted();
     void adapter();
     void wrongUsage_data();
     void wrongUsage();
-    void badMachines_data();
-    void badMachines();
+    void machinesThatCannotBeRead_data();
+    void machinesThatCannotBeRead();
 };
 
 namespace {
@@ -43,25 +43,25 @@ void write(const QString &path, const QByteArray &contents)
 
 } // namespace
 
-void VkReplayTest::sameBytesEverywhere_data()
+void VkReplayTest::outputDoesNotDependOnTheEnvironment_data()
 {
     QTest::addColumn<QString>("variable");
     QTest::addColumn<QString>("value");
-    QTest::newRow("as it is") << "VK_UNUSED"
-                              << "1";
+    QTest::newRow("unchanged environment") << "VK_UNUSED"
+                                           << "1";
     QTest::newRow("a locale without UTF-8") << "LC_ALL"
                                             << "C";
     QTest::newRow("a German locale") << "LC_ALL"
                                      << "de_DE.UTF-8";
     QTest::newRow("a Turkish locale") << "LANG"
                                       << "tr_TR.UTF-8";
-    QTest::newRow("a time zone west") << "TZ"
-                                      << "EST5";
-    QTest::newRow("a time zone east") << "TZ"
-                                      << "XXX-13";
+    QTest::newRow("a time zone west of Greenwich") << "TZ"
+                                                   << "EST5";
+    QTest::newRow("a time zone east of Greenwich") << "TZ"
+                                                   << "XXX-13";
 }
 
-void VkReplayTest::sameBytesEverywhere()
+void VkReplayTest::outputDoesNotDependOnTheEnvironment()
 {
     QFETCH(QString, variable);
     QFETCH(QString, value);
@@ -81,12 +81,12 @@ void VkReplayTest::sections_data()
     QTest::addColumn<QByteArray>("expected");
     QTest::newRow("one") << QStringList({"--section", "platformName"})
                          << QByteArray("Windows 10 Professional Edition, 64-bit");
-    QTest::newRow("two, in the order asked for")
+    QTest::newRow("two sections, in the requested order")
         << QStringList({"--section", "oemInfoFromRegistry", "--section", "userName"})
         << QByteArray("OEM Information from Registry\nManufacturer:     Fujitsu\nModel:     ESPRIMO P757\n"
                       "User name:                    J\xc3\xb6rn\n");
-    QTest::newRow("one that takes a name") << QStringList({"--section", "portsFromRegistry:PARALLEL PORTS"})
-                                           << QByteArray(">> Info about 'PARALLEL PORTS' ports from registry:\n");
+    QTest::newRow("a section with an argument") << QStringList({"--section", "portsFromRegistry:PARALLEL PORTS"})
+                                                << QByteArray(">> Info about 'PARALLEL PORTS' ports from registry:\n");
 }
 
 void VkReplayTest::sections()
@@ -114,20 +114,20 @@ void VkReplayTest::adapter()
     QCOMPARE(run.exitCode, 0);
     COMPARE_TEXT(QString::fromUtf8(run.output),
                  QStringLiteral("Gateway: 0.0.0.0, 0.0.0.0\nDHCP enabled:  0\nHave WINS: 0\n"));
-    QCOMPARE(vkreplay({workstation, "--adapter", "4711"}).output, QByteArray()); // no such adapter
+    QCOMPARE(vkreplay({workstation, "--adapter", "4711"}).output, QByteArray()); // not an interface index
 }
 
 void VkReplayTest::wrongUsage_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QByteArray>("message");
-    QTest::newRow("no machine") << QStringList() << QByteArray("one machine folder is wanted");
-    QTest::newRow("two machines") << QStringList({workstation, workstation}) << QByteArray("one machine folder is wanted");
-    QTest::newRow("an unknown section lists the names")
+    QTest::newRow("no machine") << QStringList() << QByteArray("exactly one machine folder is required");
+    QTest::newRow("two machines") << QStringList({workstation, workstation}) << QByteArray("exactly one machine folder is required");
+    QTest::newRow("an unknown section: the message lists the names")
         << QStringList({workstation, "--section", "bios"}) << QByteArray("biosInfoFromRegistry, ");
-    QTest::newRow("a section that wants a name")
+    QTest::newRow("a section without its argument")
         << QStringList({workstation, "--section", "portsFromRegistry"}) << QByteArray("portsFromRegistry:NAME");
-    QTest::newRow("an adapter that is no number")
+    QTest::newRow("an adapter that is not a number")
         << QStringList({workstation, "--adapter", "eth0"}) << QByteArray("'eth0' is not the index of an adapter");
     QTest::newRow("an unknown option") << QStringList({workstation, "--all"}) << QByteArray("Unknown option 'all'.");
 }
@@ -143,24 +143,24 @@ void VkReplayTest::wrongUsage()
     QCOMPARE(run.errors.count('\n'), 1);
 }
 
-void VkReplayTest::badMachines_data()
+void VkReplayTest::machinesThatCannotBeRead_data()
 {
     QTest::addColumn<QByteArray>("registry");
     QTest::addColumn<QByteArray>("system");
     QTest::addColumn<QByteArray>("message");
     const QByteArray first = "Windows Registry Editor Version 5.00\n\n";
-    QTest::newRow("a JSON error names its line")
+    QTest::newRow("the message names the line of a JSON error")
         << first << QByteArray("{\n  \"timeZone\": 0,\n  \"GetUserName\" \"x\"\n}\n") << QByteArray("/system.json:3: ");
-    QTest::newRow("a member of another form is named")
+    QTest::newRow("the message names a member of the wrong type")
         << first << QByteArray("{\"GetVersionEx\": {\"dwMajorVersion\": \"ten\"}}")
         << QByteArray("/system.json: 'GetVersionEx.dwMajorVersion' is not an integer");
-    QTest::newRow("a malformed registry line names its line")
+    QTest::newRow("the message names a malformed line of the registry")
         << first + "[HKEY_LOCAL_MACHINE\\A]\n\"B\"=\"c\n"
         << QByteArray("{}") << QByteArray("/registry.reg:4: ");
-    QTest::newRow("no registry file at all") << QByteArray("REGEDIT4\n") << QByteArray("{}") << QByteArray("/registry.reg:1: ");
+    QTest::newRow("no registry file") << QByteArray("REGEDIT4\n") << QByteArray("{}") << QByteArray("/registry.reg:1: ");
 }
 
-void VkReplayTest::badMachines()
+void VkReplayTest::machinesThatCannotBeRead()
 {
     QFETCH(QByteArray, registry);
     QFETCH(QByteArray, system);

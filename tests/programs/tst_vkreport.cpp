@@ -19,7 +19,7 @@ private Q_SLOTS:
     void versionAndHelp_data();
     void versionAndHelp();
     void listedSectionsCanBePrinted();
-    void sectionsInTheOrderAskedFor();
+    void sectionsInTheRequestedOrder();
     void wrongUsage_data();
     void wrongUsage();
     void outputFile();
@@ -31,7 +31,7 @@ private Q_SLOTS:
     void platformNameOfADescribedMachine();
     void bonjourOfADescribedMachine();
     void machineThatCannotBeRead();
-    void openGLVersionWhereThereIsNone();
+    void openGLVersionWithoutOpenGL();
 #endif
 };
 
@@ -46,8 +46,8 @@ ProgramRun vkreport(const QStringList &arguments, const QString &machine = QStri
     return runProgram(QStringLiteral(VKREPORT), arguments, environment);
 }
 
-/// The sections that the library exports, in the report's order, one a line. vkreport sees
-/// the public header only and has a list of its own.
+/// The names of the exported sections in the order of the report, one on each line. vkreport uses
+/// only the public header, so it has its own list.
 QByteArray sectionNames()
 {
     QFile exports(QStringLiteral(EXPORTS_FILE));
@@ -62,7 +62,7 @@ QByteArray sectionNames()
     return names;
 }
 
-/// A line of --timings, such as "     1.234 ms   12.3 %  qtLocale".
+/// A line of --timings, for example "     1.234 ms   12.3 %  qtLocale".
 struct Timing
 {
     double milliseconds;
@@ -70,7 +70,7 @@ struct Timing
     QString name;
 };
 
-/// What standard error holds beside these lines is not among them.
+/// The lines of \a errors that are timings.
 QList<Timing> timingLines(const QByteArray &errors)
 {
     const QRegularExpression form(QStringLiteral("^ *([0-9]+\\.[0-9]{3}) ms  (?: *([0-9]+\\.[0-9]) %| {7})  (.+)$"));
@@ -132,7 +132,7 @@ void VkReportTest::listedSectionsCanBePrinted()
     }
 }
 
-void VkReportTest::sectionsInTheOrderAskedFor()
+void VkReportTest::sectionsInTheRequestedOrder()
 {
     const ProgramRun run = vkreport({"--section", "qtHostInfo", "--section", "qtGlobal"});
     QCOMPARE(run.exitCode, 0);
@@ -144,18 +144,18 @@ void VkReportTest::wrongUsage_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QByteArray>("message");
-    QTest::newRow("a typo in a section name lists the names")
+    QTest::newRow("an unknown section: the message lists the names")
         << QStringList({"--section", "qtLocal"})
         << QByteArray("vkreport: there is no section 'qtLocal'. The sections are: "
                       + sectionNames().trimmed().replace("\n", ", ") + "\n");
     QTest::newRow("an unknown option") << QStringList({"--colour"}) << QByteArray("vkreport: Unknown option 'colour'.\n");
     QTest::newRow("an option without its value")
         << QStringList({"--output"}) << QByteArray("vkreport: Missing value after '--output'.\n");
-    QTest::newRow("timings of what is no section")
+    QTest::newRow("timings without a section")
         << QStringList({"--timings", "--platform-name"})
-        << QByteArray("vkreport: --timings goes with the report or with --section\n");
-    QTest::newRow("an argument too many") << QStringList({"report.txt"})
-                                          << QByteArray("vkreport: unexpected argument 'report.txt'\n");
+        << QByteArray("vkreport: --timings requires the whole report or --section\n");
+    QTest::newRow("a positional argument") << QStringList({"report.txt"})
+                                           << QByteArray("vkreport: unexpected argument 'report.txt'\n");
 }
 
 void VkReportTest::wrongUsage()
@@ -190,7 +190,7 @@ void VkReportTest::outputFileThatCannotBeWritten()
     QCOMPARE(run.exitCode, 1);
     QCOMPARE(run.output, QByteArray());
     QVERIFY2(run.errors.contains("vkreport: cannot write '"), run.errors);
-    QVERIFY(QDir(folder.path()).isEmpty()); // no half file
+    QVERIFY(QDir(folder.path()).isEmpty()); // no partial file
 }
 
 void VkReportTest::bonjour()
@@ -200,7 +200,7 @@ void VkReportTest::bonjour()
     COMPARE_TEXT(QString::fromUtf8(run.output), QStringLiteral("dnssd.dll: not installed\nvkdnssd.dll: not installed\n"));
 }
 
-// The whole is its parts, and standard output is as without timings.
+// The parts add up to the whole, and the timings do not change standard output.
 void VkReportTest::timingsOfTheReport()
 {
     const ProgramRun run = vkreport({"--no-opengl", "--timings"});
@@ -212,8 +212,8 @@ void VkReportTest::timingsOfTheReport()
 
     const QList<Timing> timings = timingLines(run.errors);
     QStringList names = QString::fromUtf8(sectionNames()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    for (const char *name : {"Qt half, which is:", "Windows half and network interfaces", "the report once more, which is:",
-                             "the report as printed, the first of this process"})
+    for (const char *name : {"Qt half, of which:", "Windows half and network interfaces", "second report, of which:",
+                             "first report of this process, which was printed"})
         names.prepend(QString::fromLatin1(name));
     QCOMPARE(namesOf(timings), names);
     QVERIFY(timings.at(0).milliseconds > 0);
@@ -255,7 +255,7 @@ void VkReportTest::bonjourOfADescribedMachine()
                                 "vkdnssd.dll: installed, its service does not answer (error -65563)\n"));
 }
 
-// The report goes on as on a machine that knows nothing, and says why.
+// The report is that of an empty machine, and a message says why.
 void VkReportTest::machineThatCannotBeRead()
 {
     const ProgramRun run = vkreport({"--platform-name"}, QStringLiteral(MACHINES_DIR "/nowhere"));
@@ -265,7 +265,7 @@ void VkReportTest::machineThatCannotBeRead()
 }
 
 // The platform plugin "minimal" has no OpenGL.
-void VkReportTest::openGLVersionWhereThereIsNone()
+void VkReportTest::openGLVersionWithoutOpenGL()
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("minimal"));

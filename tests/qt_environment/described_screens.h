@@ -1,4 +1,4 @@
-// Screens with exactly the properties that a test wants.
+// Describes the screens of a child process.
 #pragma once
 
 #include <QtCore/QByteArray>
@@ -6,18 +6,18 @@
 
 namespace qt_environment {
 
-/// The environment of a process whose Qt has these screens. \a json is an array with an
-/// object for each screen in the order in which they are connected. All that an object
-/// says is optional:
+/// The environment variables of a process whose Qt has the screens \a json: an array with an
+/// object for each screen, in the order in which they are connected. All members are
+/// optional:
 ///   "name", "manufacturer"                text
 ///   "millimetres", "logicalDpi"           [x, y]
 ///   "pixelRatio", "refreshRate"           number
 ///   "depth"                               bits
-///   "geometry", "available"               [x, y, width, height]; available is geometry
+///   "geometry", "available"               [x, y, width, height]; available defaults to geometry
 ///   "orientation", "nativeOrientation"    number of Qt::ScreenOrientation
-///   "siblings"                            positions in this array, from 0; empty
-///   "primary"                             true: Qt puts it in front of its list
-///   "listed"                              false: it is none of Qt's list of screens
+///   "siblings"                            indexes in this array, from 0
+///   "primary"                             true: the first screen in Qt's list
+///   "listed"                              false: not in Qt's list
 QStringList environmentWithScreens(const QByteArray &json);
 
 } // namespace qt_environment

@@ -1,6 +1,6 @@
-// Stands in for QGuiApplication::primaryScreen() in the program that it is linked into.
-// PRIMARY_SCREEN in the environment decides: "none", or a position in Qt's list of
-// screens, from 0. Without it, Qt does. Calls of Qt itself reach Qt.
+// Replaces QGuiApplication::primaryScreen() in the program that links it. The environment variable
+// PRIMARY_SCREEN is "none" or an index in Qt's list of screens, from 0. Without it, and for calls
+// by Qt itself, the function calls Qt.
 
 #include "vkSystemInfo.h"
 
@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Where the program or library that holds this address starts.
+/// The base address of the program or library that contains \a address.
 void *moduleOf(void *address)
 {
     Dl_info info = {};
@@ -24,7 +24,7 @@ bool isCallOfTheSection(void *returnAddress)
 
 } // namespace
 
-// The linker finds this one before Qt's own.
+// The linker prefers this definition to that of QtGui.
 QScreen *QGuiApplication::primaryScreen()
 {
     using Function = QScreen *(*)();

@@ -7,7 +7,7 @@
 
 namespace {
 
-// @FOLDER@ stands for the server's folder.
+// @FOLDER@ is replaced with the folder of the server.
 const char configuration[] = R"(Listen @FOLDER@/socket
 LogLevel warn
 MaxLogSize 0
@@ -77,7 +77,7 @@ bool PrintServer::waitUntilItAnswers()
 {
     QElapsedTimer timer;
     timer.start();
-    while (m_server.waitForStarted() && !timer.hasExpired(ServerProcess::patience)) {
+    while (m_server.waitForStarted() && !timer.hasExpired(ServerProcess::timeout)) {
         if (QFile::exists(path(QStringLiteral("socket"))) && run(QStringLiteral("lpstat"), {QStringLiteral("-r")}))
             return true;
         QThread::msleep(20);
@@ -95,7 +95,7 @@ bool PrintServer::run(const QString &program, const QStringList &arguments)
         processEnvironment.insert(entry.section(QLatin1Char('='), 0, 0), entry.section(QLatin1Char('='), 1));
     process.setProcessEnvironment(processEnvironment);
     process.start(program, arguments);
-    return process.waitForFinished(ServerProcess::patience) && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+    return process.waitForFinished(ServerProcess::timeout) && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
 }
 
 void PrintServer::addPrinter(const QString &name)
@@ -112,7 +112,7 @@ void PrintServer::setDefaultPrinter(const QString &name)
         m_error += QStringLiteral("cannot make '%1' the default printer\n").arg(name);
 }
 
-// Run by root, lpoptions would write for all users of the machine.
+// lpoptions would write the options of all users if root ran it.
 void PrintServer::addInstance(const QString &printer, const QString &instance)
 {
     const QString folder = path(QStringLiteral(".cups"));

@@ -8,20 +8,20 @@
 
 namespace qt_environment {
 
-/// CUPS in a folder of its own, reached through a socket in it and by nobody else. Its
-/// printers print into nothing. Stopped when it goes out of scope.
+/// CUPS in a temporary folder. Clients connect through a socket in it. The printers print to
+/// /dev/null. The destructor stops the server.
 class PrintServer
 {
 public:
     PrintServer();
 
-    /// Empty, or what has failed so far.
+    /// The errors so far; empty if there are none.
     QString error() const { return m_error; }
     void addPrinter(const QString &name);
     void setDefaultPrinter(const QString &name);
-    /// A second set of options for a printer, which the user keeps under a name.
+    /// Adds an instance of a printer: a named set of options of the user.
     void addInstance(const QString &printer, const QString &instance);
-    /// For a process that is to find this server.
+    /// The environment variables of a process that uses this server.
     QStringList environment() const;
 
 private:

@@ -1,8 +1,7 @@
 // section_child SECTION [DESKTOP-FILE-NAME]
 //
-// Prints one section in a process of its own, with no more of an application object than
-// the section needs. The environment variable HOST_LOCALE, such as de_DE, sets the default
-// locale of the process.
+// Prints one section. The process has an application object only if the section needs one. The
+// environment variable HOST_LOCALE, for example de_DE, sets the default locale.
 
 #include "program_output.h"
 #include "report/section_table.h"
@@ -86,7 +85,7 @@ int main(int argc, char *argv[])
     if (!section)
         return WrongUsage;
     const auto application = makeApplication(needsOf(section->name), argc, argv);
-    useHostLocale(); // after Qt, which takes that of the environment
+    useHostLocale(); // after Qt, which sets the locale of the environment
     if (argc > 2)
         QGuiApplication::setDesktopFileName(QString::fromUtf8(argv[2]));
     return writeToStandardOutput(section->text()) ? Done : Failed;

@@ -44,7 +44,7 @@ void setEnvironment(QProcess &process, const QStringList &entries)
 
 const QString env = QStringLiteral("/usr/bin/env");
 
-// Sanitizers hear from the environment what they are to overlook.
+// Sanitizers read their options from the environment.
 QStringList sanitizerOptions()
 {
     QStringList entries;
@@ -55,7 +55,7 @@ QStringList sanitizerOptions()
     return entries;
 }
 
-// QProcess takes an empty environment for that of the parent.
+// With "env -i": QProcess passes the environment of the parent if it gets an empty one.
 QStringList envArguments(const QString &section, const QStringList &entries)
 {
     const QStringList start(QStringLiteral("-i"));

@@ -1,4 +1,4 @@
-// Sections of the report, as they come out in a process with an environment of its own.
+// Texts of sections in a child process with its own environment.
 #pragma once
 
 #include <QtCore/QString>
@@ -6,15 +6,14 @@
 
 namespace qt_environment {
 
-/// The section function \a section called in a process with these entries
-/// ("NAME=value") in its environment: nothing else on Unix, along with what this
-/// process has on Windows, where nothing runs without. When the process fails, the
-/// text says so.
+/// The text of \a section in a process with the environment variables \a environment
+/// ("NAME=value"). On Windows the process also inherits the environment of this one, because no
+/// process runs without it. If the process fails, the text is an error message.
 QString sectionText(const QString &section, const QStringList &environment, const QStringList &arguments = {});
 
 #ifndef Q_OS_WIN
-/// As sectionText(), with a host name that nobody else sees. Null when the system
-/// does not let its user do that.
+/// As sectionText(), with \a hostName as the host name of the process. Null if the system does not
+/// permit user namespaces.
 QString sectionTextOnHost(const QString &hostName, const QString &section, const QStringList &environment);
 #endif
 

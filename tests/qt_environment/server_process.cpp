@@ -8,7 +8,7 @@ namespace qt_environment {
 ServerProcess::~ServerProcess()
 {
     terminate();
-    if (!waitForFinished(patience))
+    if (!waitForFinished(timeout))
         kill();
     waitForFinished();
 }

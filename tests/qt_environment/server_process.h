@@ -1,15 +1,15 @@
-// A server that goes away with the test that has started it.
+// A server process that ends with the test that started it.
 #pragma once
 
 #include <QtCore/QProcess>
 
 namespace qt_environment {
 
-/// A process that ends when its object or its parent process does, whatever the way.
+/// A process that ends when the object is destroyed or the parent process ends, even by a crash.
 class ServerProcess : public QProcess
 {
 public:
-    static constexpr int patience = 30000; // milliseconds
+    static constexpr int timeout = 30000; // milliseconds
 
     ~ServerProcess() override;
 

@@ -29,7 +29,7 @@ void readCapabilities(const wchar_t *device, Monitor &monitor)
     DeleteDC(context);
 }
 
-/// Since Windows 8.1 each monitor has a setting of its own.
+/// Since Windows 8.1 each monitor has its own setting.
 void readDotsPerInch(HMONITOR handle, Monitor &monitor)
 {
     using GetDpiForMonitor = HRESULT(WINAPI *)(HMONITOR, int, UINT *, UINT *);

@@ -1,4 +1,4 @@
-// Monitors as Windows' own calls describe them.
+// Monitors as the calls of Windows describe them.
 #pragma once
 
 #include <QtCore/QString>
@@ -9,23 +9,23 @@ namespace qt_environment {
 
 struct Monitor
 {
-    QString device; // such as "\\.\DISPLAY1"
+    QString device; // for example "\\.\DISPLAY1"
     bool isPrimary;
     RECT area;     // pixels of the desktop
-    RECT workArea; // the same without task bars
-    int width;     // of its area
+    RECT workArea; // area without task bars
+    int width;     // of area
     int height;
-    int modeWidth; // of the mode that the device is in; 0 for a further screen of Xinerama under Wine
+    int modeWidth; // of the current mode; 0 for a second Xinerama screen under Wine
     int modeHeight;
-    int refreshRate; // of the mode, in Hz; 0 and 1: the hardware's own
+    int refreshRate; // of the mode, in Hz; 0 or 1: the default of the hardware
     int bitsPerPixel;
     int millimetresWide;
     int millimetresHigh;
-    UINT dotsPerInchX; // as set by the user, not measured
+    UINT dotsPerInchX; // the setting of the user, not a measurement
     UINT dotsPerInchY;
 };
 
-/// The primary one, then the others in the order of EnumDisplayMonitors().
+/// The primary monitor, then the others in the order of EnumDisplayMonitors().
 std::vector<Monitor> monitors();
 
 } // namespace qt_environment

@@ -19,8 +19,8 @@ XServer::XServer(const QStringList &screens, int dotsPerInch)
 {
     m_server.setStandardErrorFile(QProcess::nullDevice());
     m_server.start(QStringLiteral("Xvfb"), serverArguments(screens, dotsPerInch));
-    QByteArray number; // written together with a line end when the server is ready
-    while (!number.endsWith('\n') && m_server.waitForReadyRead(ServerProcess::patience))
+    QByteArray number; // the server writes it with a line end when it is ready
+    while (!number.endsWith('\n') && m_server.waitForReadyRead(ServerProcess::timeout))
         number += m_server.readAllStandardOutput();
     if (number.endsWith('\n'))
         m_display = QLatin1Char(':') + QString::fromLatin1(number.trimmed());

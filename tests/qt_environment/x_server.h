@@ -7,14 +7,14 @@
 
 namespace qt_environment {
 
-/// Xvfb. Stopped when it goes out of scope.
+/// Xvfb. The destructor stops it.
 class XServer
 {
 public:
-    /// \a screens are sizes and depths such as "800x600x24".
+    /// \a screens are sizes and depths, for example "800x600x24".
     XServer(const QStringList &screens, int dotsPerInch);
 
-    /// Such as ":99"; empty when the server does not start.
+    /// For example ":99"; empty if the server does not start.
     QString display() const { return m_display; }
 
 private:

@@ -1,5 +1,4 @@
-# Compares what LIBRARY exports with the lines of EXPECTED. Both ways are failures:
-# a function that is missing and one that slipped out.
+# Fails unless LIBRARY exports exactly the functions that the lines of EXPECTED name.
 if(WINDOWS)
     execute_process(COMMAND ${OBJDUMP} -p ${LIBRARY} OUTPUT_VARIABLE dump COMMAND_ERROR_IS_FATAL ANY)
     # "[ 0] +base[ 1] 0000 _ZN..." below "[Ordinal/Name Pointer] Table"

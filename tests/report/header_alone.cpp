@@ -1,6 +1,6 @@
 #include <vkSystemInfo.h>
 
-// So that something of it is used.
+// The public header compiles alone, under strict flags.
 velkor::SystemInfo::COpenGLVersionInfo headerAlone()
 {
     return velkor::SystemInfo::ScanOpenGLInfo::GetOpenGLVersionCached();

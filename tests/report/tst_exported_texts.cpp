@@ -1,5 +1,5 @@
-// What every exported function gives to a host stays valid when the library is unloaded:
-// no text shares the data of a literal, whatever the functions find.
+// The texts that the exported functions return stay valid after the library is unloaded: no text
+// refers to the static data of a literal.
 
 #include "described_windows.h"
 #include "simulated_windows.h"
@@ -22,7 +22,7 @@ class ExportedTextsTest : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void aLiteralIsFound();
+    void literalIsDetected();
     void everyExportIsListed();
     void onMachines_data();
     void onMachines();
@@ -56,7 +56,7 @@ QString versionFoundBy()
 
 struct Export
 {
-    const char *name; // as exports.txt has it
+    const char *name; // its line in exports.txt
     QString (*text)();
 };
 
@@ -91,14 +91,14 @@ const Export &exportNamed(const QByteArray &name)
     return *std::find_if(std::begin(exports), std::end(exports), [&](const Export &each) { return name == each.name; });
 }
 
-/// The program or library whose static data \a address lies in; empty when in none.
+/// The file name of the program or library that \a address is in; empty if there is none.
 QByteArray moduleAt(const void *address)
 {
     Dl_info info = {};
     return dladdr(address, &info) ? QByteArray(info.dli_fname) : QByteArray();
 }
 
-/// The same for the data of \a text. Every empty text may be Qt's own one.
+/// moduleAt() for the data of \a text. Empty for Qt's shared data of empty texts.
 QByteArray moduleOf(const QString &text)
 {
     const QByteArray module = moduleAt(text.constData());
@@ -115,7 +115,7 @@ QByteArray version(int major, int minor)
 
 } // namespace
 
-// The record that is kept is that of the first call, which finds no OpenGL.
+// GetOpenGLVersionCached() keeps the result of its first call. Let that call find no OpenGL.
 void ExportedTextsTest::initTestCase()
 {
     version_flags::pretended = 0;
@@ -123,7 +123,7 @@ void ExportedTextsTest::initTestCase()
     version_flags::pretended.reset();
 }
 
-void ExportedTextsTest::aLiteralIsFound()
+void ExportedTextsTest::literalIsDetected()
 {
     const QString literal = QStringLiteral("a literal");
     const QString emptyLiteral = QStringLiteral("");
@@ -155,14 +155,14 @@ void ExportedTextsTest::onMachines_data()
 void ExportedTextsTest::onMachines()
 {
     QFETCH(QByteArray, function);
-    for (const QByteArray name : {"workstation", "wine", "nothing known"}) {
-        const DescribedWindows windows(name == "nothing known" ? machine::Machine()
-                                                               : DescribedWindows::load(QString::fromLatin1(name)));
+    for (const QByteArray name : {"workstation", "wine", "no machine"}) {
+        const DescribedWindows windows(name == "no machine" ? machine::Machine()
+                                                            : DescribedWindows::load(QString::fromLatin1(name)));
         QCOMPARE(name + ": " + moduleOf(exportNamed(function).text()), name + ": ");
     }
 }
 
-// A report makes thousands of calls; it is put together from sections in any case.
+// Without allInfos(): it makes thousands of calls and consists of the other texts.
 void ExportedTextsTest::whileACallFails_data()
 {
     QTest::addColumn<QByteArray>("function");
@@ -225,9 +225,9 @@ void ExportedTextsTest::openGLVersions_data()
     QTest::addColumn<int>("flags");
     QTest::addColumn<QString>("name");
     QTest::newRow("a desktop version") << 0x80000 << "OpenGL 4.3";
-    QTest::newRow("a version for embedded systems") << 0x100 << "OpenGL ES Common Lite 1.0";
-    QTest::newRow("a flag beyond the table") << 0x100000 << "not recognized";
-    QTest::newRow("none") << 0 << "not recognized";
+    QTest::newRow("a version of OpenGL ES") << 0x100 << "OpenGL ES Common Lite 1.0";
+    QTest::newRow("a flag that is not in the table") << 0x100000 << "not recognized";
+    QTest::newRow("no flag") << 0 << "not recognized";
 }
 
 void ExportedTextsTest::openGLVersions()

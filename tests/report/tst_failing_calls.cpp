@@ -1,5 +1,5 @@
-// Every call of every section fails once, on every described machine. A failure costs lines
-// of its own section and nothing else.
+// Every call of every section fails once, on every described machine. A failure changes only
+// lines of its own section.
 
 #include "described_windows.h"
 #include "report/section_table.h"
@@ -27,7 +27,7 @@ private Q_SLOTS:
 
 namespace {
 
-/// Lines that appear because a call failed, or that lose a part then.
+/// Lines that a failing call adds or shortens, as regular expressions.
 const char *const linesOfFailures[] = {
     "GetVersionExA\\(&osver\\) failed!",
     "From registry:     [0-9.]+",
@@ -61,7 +61,7 @@ QString unexpectedLine(const QString &text, const QSet<QString> &faultless)
     const QStringList lines = text.split(QLatin1Char('\n'));
     for (const QString &line : lines) {
         if (!faultless.contains(line) && !isLineOfFailure(line))
-            return QStringLiteral("no failure gives this line: ") + line;
+            return QStringLiteral("unexpected line: ") + line;
     }
     return QString();
 }
@@ -69,7 +69,7 @@ QString unexpectedLine(const QString &text, const QSet<QString> &faultless)
 /// Handles that the section misused or left open, and memory that it did not free.
 QString resourceProblems()
 {
-    // Quirk: the section of the OEM information leaves its key open.
+    // Quirk: the OEM section leaves its key open.
     const QString keptKey = QStringLiteral("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\OEMInformation");
     QStringList problems = simulated::handleMisuses();
     for (const QString &handle : simulated::openHandles()) {
@@ -128,7 +128,7 @@ void FailingCallsTest::everyCallFailsOnce()
         const simulated::Fault fault = simulated::Fault::nthOfAll(number, ERROR_ACCESS_DENIED, before);
         const QString text = section.text();
         if (fault.hits() == 0)
-            return; // number is the count of calls
+            return; // the section makes no call with that number
         const simulated::Call &failed = simulated::journal().at(number);
         QString problem = resourceProblems();
         const QString heading = QString::fromLatin1(section.heading);

@@ -1,5 +1,5 @@
-// Compares the texts of every described machine with tests/golden, section by section and
-// as a whole.
+// Compares the text of each section and the Windows half with tests/golden, for every described
+// machine.
 
 #include "described_windows.h"
 #include "machine_loader.h"
@@ -27,14 +27,14 @@ class MachinesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyMachineHasTexts();
-    void everyTextIsCompared();
+    void everyMachineHasGoldenTexts();
+    void everyGoldenTextIsCompared();
     void section_data();
     void section();
-    void handlesOfAWholeReport_data();
-    void handlesOfAWholeReport();
-    void writtenAndReadAgain_data();
-    void writtenAndReadAgain();
+    void openHandlesAfterAReport_data();
+    void openHandlesAfterAReport();
+    void writtenDescriptionGivesTheSameReport_data();
+    void writtenDescriptionGivesTheSameReport();
 };
 
 namespace {
@@ -100,13 +100,13 @@ void write(const QString &path, const QByteArray &contents)
 
 } // namespace
 
-void MachinesTest::everyMachineHasTexts()
+void MachinesTest::everyMachineHasGoldenTexts()
 {
     QVERIFY(!machineNames().isEmpty());
     QCOMPARE(QDir(QStringLiteral(GOLDEN_DIR)).entryList(QDir::Dirs | QDir::NoDotAndDotDot), machineNames());
 }
 
-void MachinesTest::everyTextIsCompared()
+void MachinesTest::everyGoldenTextIsCompared()
 {
     QStringList files;
     for (const GoldenText &golden : goldenTexts())
@@ -140,13 +140,13 @@ void MachinesTest::section()
     COMPARE_TEXT(text(), QString::fromUtf8(golden.readAll()));
 }
 
-void MachinesTest::handlesOfAWholeReport_data()
+void MachinesTest::openHandlesAfterAReport_data()
 {
     addMachineRows();
 }
 
-// Quirk: the key of the OEM information stays open.
-void MachinesTest::handlesOfAWholeReport()
+// Quirk: the OEM section leaves its key open.
+void MachinesTest::openHandlesAfterAReport()
 {
     QFETCH(QString, machine);
     const DescribedWindows windows(DescribedWindows::load(machine));
@@ -156,13 +156,12 @@ void MachinesTest::handlesOfAWholeReport()
     QCOMPARE(simulated::handleMisuses(), QStringList());
 }
 
-void MachinesTest::writtenAndReadAgain_data()
+void MachinesTest::writtenDescriptionGivesTheSameReport_data()
 {
     addMachineRows();
 }
 
-// A description that is read, written and read again gives the same Windows half.
-void MachinesTest::writtenAndReadAgain()
+void MachinesTest::writtenDescriptionGivesTheSameReport()
 {
     QFETCH(QString, machine);
     const machine::Machine described = DescribedWindows::load(machine);

@@ -1,5 +1,5 @@
-// The section table against the source tree, the described machines, the documents and the
-// journal of the simulated Windows.
+// Compares the section table with the source tree, the texts of the sections, docs/sections.md
+// and the registry calls of the sections.
 
 #include "described_windows.h"
 #include "report/section_table.h"
@@ -22,10 +22,10 @@ class SectionTableTest : public QObject
 private Q_SLOTS:
     void filesExist();
     void namesAreUnique();
-    void textsBeginWithTheirHeadings();
-    void documentsListTheSections();
-    void readsCoverTheCalls_data();
-    void readsCoverTheCalls();
+    void textsStartWithTheirHeadings();
+    void documentListsTheSections();
+    void registryReadsIncludeEveryCall_data();
+    void registryReadsIncludeEveryCall();
 };
 
 namespace {
@@ -35,7 +35,7 @@ QString text(const char *name)
     return QString::fromLatin1(name);
 }
 
-bool existsInOneOf(const QStringList &folders, const QString &file)
+bool existsInExactlyOneOf(const QStringList &folders, const QString &file)
 {
     int count = 0;
     for (const QString &folder : folders)
@@ -50,7 +50,7 @@ QString rootName(HKEY root)
     return root == HKEY_CURRENT_USER ? QStringLiteral("HKEY_CURRENT_USER") : QStringLiteral("HKEY_LOCAL_MACHINE");
 }
 
-/// Rows of a Markdown table: file, name and first line of each section.
+/// Rows of a Markdown table: name, first line and file of each section.
 QByteArray sectionRows()
 {
     QByteArray rows;
@@ -62,7 +62,7 @@ QByteArray sectionRows()
     return rows;
 }
 
-/// Whether \a read includes the key \a path, which begins with the name of its root.
+/// Whether \a read includes the key at \a path, which starts with the name of its root.
 bool includesKey(const RegistryRead &read, const QString &path)
 {
     const QStringList patterns = (rootName(read.root) + QLatin1Char('\\') + read.path).split(QLatin1Char('\\'));
@@ -96,8 +96,8 @@ void SectionTableTest::filesExist()
 {
     for (const Section &section : SectionTable()) {
         const QString file = text(section.file) + QStringLiteral(".cpp");
-        QVERIFY2(existsInOneOf({"src/win", "src/qt", "src/opengl"}, file), qPrintable(file));
-        QVERIFY2(existsInOneOf({"tests/sections"}, QStringLiteral("tst_") + file), qPrintable(file));
+        QVERIFY2(existsInExactlyOneOf({"src/win", "src/qt", "src/opengl"}, file), qPrintable(file));
+        QVERIFY2(existsInExactlyOneOf({"tests/sections"}, QStringLiteral("tst_") + file), qPrintable(file));
     }
 }
 
@@ -110,7 +110,7 @@ void SectionTableTest::namesAreUnique()
     }
 }
 
-void SectionTableTest::textsBeginWithTheirHeadings()
+void SectionTableTest::textsStartWithTheirHeadings()
 {
     const DescribedWindows windows(DescribedWindows::load(QStringLiteral("workstation")));
     for (const Section &section : SectionTable()) {
@@ -119,8 +119,8 @@ void SectionTableTest::textsBeginWithTheirHeadings()
     }
 }
 
-// Run with UPDATE_DOCUMENTS=1 in the environment, the test writes the list.
-void SectionTableTest::documentsListTheSections()
+// If UPDATE_DOCUMENTS is set in the environment, the test writes the list instead.
+void SectionTableTest::documentListsTheSections()
 {
     QFile document(QStringLiteral(PROJECT_DIR "/docs/sections.md"));
     QVERIFY(document.open(QIODevice::ReadWrite));
@@ -134,7 +134,7 @@ void SectionTableTest::documentsListTheSections()
         COMPARE_TEXT(QString::fromUtf8(text), QString::fromUtf8(expected));
 }
 
-void SectionTableTest::readsCoverTheCalls_data()
+void SectionTableTest::registryReadsIncludeEveryCall_data()
 {
     QTest::addColumn<QString>("machine");
     QTest::addColumn<int>("row");
@@ -149,9 +149,9 @@ void SectionTableTest::readsCoverTheCalls_data()
     }
 }
 
-// vkcapture copies what the table lists, so every key and value that a section reads must be
-// in the list.
-void SectionTableTest::readsCoverTheCalls()
+// vkcapture copies the keys and values that the table lists, so the table must list every key and
+// value that a section reads.
+void SectionTableTest::registryReadsIncludeEveryCall()
 {
     QFETCH(QString, machine);
     QFETCH(int, row);

@@ -13,8 +13,8 @@ class TextTest : public QObject
 private Q_SLOTS:
     void lines_data();
     void lines();
-    void takesLittleMoreThanItHolds();
-    void sections();
+    void capacityGrowsByAQuarter();
+    void sectionIsSqueezed();
 };
 
 void TextTest::lines_data()
@@ -25,13 +25,13 @@ void TextTest::lines_data()
     QTest::newRow("a label") << QByteArray("Model:     %1") << "P757"
                              << "Model:     P757\n";
     QTest::newRow("text after the value") << QByteArray("a %1 b%") << "x"
-                                           << "a x b%\n";
+                                          << "a x b%\n";
     QTest::newRow("the value alone") << QByteArray("%1") << "x"
                                      << "x\n";
     QTest::newRow("no value") << QByteArray("a %1") << QString() << "a \n";
     QTest::newRow("a value with placeholders") << QByteArray("a %1") << "%1 %2 %L1"
-                                                << "a %1 %2 %L1\n";
-    QTest::newRow("a value with nulls and a byte-order mark")
+                                               << "a %1 %2 %L1\n";
+    QTest::newRow("a value with U+0000 and U+FEFF")
         << QByteArray("a %1") << QString(QChar(0xfeff) + QString(QChar(0)) + QLatin1Char('x'))
         << QString(QStringLiteral("a ") + QChar(0xfeff) + QChar(0) + QStringLiteral("x\n"));
 }
@@ -46,10 +46,10 @@ void TextTest::lines()
     COMPARE_TEXT(text, QStringLiteral("before\n") + expected);
 }
 
-void TextTest::takesLittleMoreThanItHolds()
+void TextTest::capacityGrowsByAQuarter()
 {
     QString text;
-    int most = 0; // percent
+    int most = 0; // capacity in percent of the size
     int growths = 0;
     for (int i = 0; i < 20000; ++i) {
         const int capacity = text.capacity();
@@ -60,10 +60,10 @@ void TextTest::takesLittleMoreThanItHolds()
     }
     QCOMPARE(text.size(), 20000 * (23 + 13 + 1));
     QVERIFY2(most <= 126, qPrintable(QString::number(most)));
-    QVERIFY2(growths < 60, qPrintable(QString::number(growths))); // from 256 to 740,000 units by a quarter: 36
+    QVERIFY2(growths < 60, qPrintable(QString::number(growths))); // 36 from 256 to 740,000 units
 }
 
-void TextTest::sections()
+void TextTest::sectionIsSqueezed()
 {
     QString section = QString(1000, QLatin1Char('s'));
     section.reserve(100000);
@@ -71,7 +71,7 @@ void TextTest::sections()
     appendSection(text, section);
     appendSection(text, QString());
     COMPARE_TEXT(text, QLatin1Char('a') + QString(1000, QLatin1Char('s')));
-    QCOMPARE(section.size(), 1000); // the caller's text is unchanged
+    QCOMPARE(section.size(), 1000); // the argument is unchanged
     QVERIFY(text.capacity() < 1300);
 }
 

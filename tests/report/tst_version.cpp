@@ -11,13 +11,13 @@ class VersionTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void numbersComeInReverse();
-    void storesTheFirstArgumentLast();
-    void textHasNoPadding();
+    void libVersionReturnsThePatchFirst();
+    void libVersionStoresTheFirstArgumentLast();
+    void libVersionStringIsNotPadded();
     void separatorIs72HyphensAndALineFeed();
 };
 
-void VersionTest::numbersComeInReverse()
+void VersionTest::libVersionReturnsThePatchFirst()
 {
     int first = -1;
     int second = -1;
@@ -28,8 +28,8 @@ void VersionTest::numbersComeInReverse()
     QCOMPARE(third, 1);
 }
 
-// The order of the stores shows where arguments are the same variable.
-void VersionTest::storesTheFirstArgumentLast()
+// If two arguments are the same variable, it has the value that is stored last.
+void VersionTest::libVersionStoresTheFirstArgumentLast()
 {
     int one = -1;
     int other = -1;
@@ -46,7 +46,7 @@ void VersionTest::storesTheFirstArgumentLast()
     QCOMPARE(other, 1);
 }
 
-void VersionTest::textHasNoPadding()
+void VersionTest::libVersionStringIsNotPadded()
 {
     QCOMPARE(libVersionString(), QStringLiteral("1.3.12"));
 }

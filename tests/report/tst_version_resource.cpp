@@ -1,4 +1,4 @@
-// The version resource of the DLL, as the Windows Explorer shows it.
+// The version resource of the DLL.
 
 #include "test_main.h"
 
@@ -60,7 +60,7 @@ void VersionResourceTest::texts()
 {
     QFETCH(QString, name);
     QFETCH(QString, expected);
-    const QString path = QStringLiteral("\\StringFileInfo\\040904b0\\") + name;
+    const QString path = QStringLiteral("\\StringFileInfo\\040904b0\\") + name; // US English, Unicode
     wchar_t *text = nullptr;
     UINT size = 0;
     QVERIFY(VerQueryValueW(m_resource.data(), reinterpret_cast<const wchar_t *>(path.utf16()),

@@ -1,8 +1,8 @@
 // adapterDetails() and formatLeaseTime(): texts and calls.
 
 #include "described_windows.h"
+#include "rows.h"
 #include "run_time_form.h"
-#include "test_main.h"
 #include "texts.h"
 #include "win/adapter_details.h"
 #include "win/lease_time.h"
@@ -16,91 +16,43 @@
 #  include <time.h>
 #endif
 
-using namespace velkor::SystemInfo;
 using namespace velkor::SystemInfo::WinSysInfo;
 
-class AdapterDetailsTest : public QObject
-{
-    Q_OBJECT
+namespace {
 
-private Q_SLOTS:
-    void initTestCase();
-    void unknownIndex();
-    void leaseTime_data();
-    void leaseTime();
-#ifdef SIMULATED_WINDOWS
-    void leaseTimeZone_data();
-    void leaseTimeZone();
-    void leaseTimeCalls();
-    void failingLeaseTime_data();
-    void failingLeaseTime();
-
-    void text_data();
-    void text();
-    void unreadableList_data();
-    void unreadableList();
-    void calls_data();
-    void calls();
-    void failingCalls_data();
-    void failingCalls();
-    void listThatGrowsBetweenTheCalls();
-    void listThatShrinksBetweenTheCalls();
-#endif
-};
-
-void AdapterDetailsTest::initTestCase()
-{
-#ifndef SIMULATED_WINDOWS
-    // The rows are written for UTC, which a machine without "timeZone" has.
-    qputenv("TZ", "UTC0");
-    _tzset();
-#endif
-}
-
-void AdapterDetailsTest::unknownIndex()
+void unknownIndex()
 {
     QCOMPARE(adapterDetails(0xfffffff0), QString());
 }
 
-void AdapterDetailsTest::leaseTime_data()
+void leaseTime()
 {
-    QTest::addColumn<qint64>("time");
-    QTest::addColumn<QString>("expected");
+    const auto row = [](const QString &name, qint64 time, const QString &expected) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(QByteArray {});
+            COMPARE_TEXT(formatLeaseTime(time), inFormOfRunTime(expected));
+        });
+    };
 
-    QTest::newRow("the start of 1970") << qint64(0) << "Thu Jan  1 00:00:00 1970\n";
-    QTest::newRow("a day of one digit") << qint64(259200) << "Sun Jan  4 00:00:00 1970\n";
-    QTest::newRow("a leap day") << qint64(1709210096) << "Thu Feb 29 12:34:56 2024\n";
-    QTest::newRow("the last second of a year") << qint64(1704067199) << "Sun Dec 31 23:59:59 2023\n";
-    QTest::newRow("0x7fffffff, the last time there is") << qint64(0x7fffffff) << "Tue Jan 19 03:14:07 2038\n";
-    QTest::newRow("0x80000000: negative as 32 bits") << qint64(0x80000000) << "0x80000000\n";
-    QTest::newRow("0xffffffff: -1 as 32 bits") << qint64(0xffffffff) << "0xffffffff\n";
-    QTest::newRow("0x100000000: only the low 32 bits, all zero, count")
-        << qint64(0x100000000) << "Thu Jan  1 00:00:00 1970\n";
-    QTest::newRow("0x7fffffff0003f480: only the low 32 bits, three days, count")
-        << qint64(0x7fffffff0003f480) << "Sun Jan  4 00:00:00 1970\n";
-    QTest::newRow("0x1abcdef0f: all 64 bits show in the fallback, in lower case")
-        << qint64(0x1abcdef0f) << "0x1abcdef0f\n";
-    QTest::newRow("-1: all 64 bits show in the fallback") << qint64(-1) << "0xffffffffffffffff\n";
-    QTest::newRow("the smallest number: its low 32 bits are zero")
-        << std::numeric_limits<qint64>::min() << "Thu Jan  1 00:00:00 1970\n";
-    QTest::newRow("-0x100000000: a negative time whose low 32 bits are a valid one")
-        << qint64(-0x100000000) << "Thu Jan  1 00:00:00 1970\n";
-    QTest::newRow("-0x80000000: negative in both widths") << qint64(-0x80000000LL) << "0xffffffff80000000\n";
-}
-
-void AdapterDetailsTest::leaseTime()
-{
-    QFETCH(qint64, time);
-    QFETCH(QString, expected);
-    const DescribedWindows windows(QByteArray {});
-    COMPARE_TEXT(formatLeaseTime(time), inFormOfRunTime(expected));
+    row("the start of 1970", qint64(0), "Thu Jan  1 00:00:00 1970\n");
+    row("a day of one digit", qint64(259200), "Sun Jan  4 00:00:00 1970\n");
+    row("a leap day", qint64(1709210096), "Thu Feb 29 12:34:56 2024\n");
+    row("the last second of a year", qint64(1704067199), "Sun Dec 31 23:59:59 2023\n");
+    row("0x7fffffff: the last time that _localtime32_s() converts", qint64(0x7fffffff), "Tue Jan 19 03:14:07 2038\n");
+    row("0x80000000: negative as 32 bits", qint64(0x80000000), "0x80000000\n");
+    row("0xffffffff: -1 as 32 bits", qint64(0xffffffff), "0xffffffff\n");
+    row("0x100000000: only the low 32 bits are converted, which are 0", qint64(0x100000000), "Thu Jan  1 00:00:00 1970\n");
+    row("0x7fffffff0003f480: only the low 32 bits are converted, which are three days", qint64(0x7fffffff0003f480), "Sun Jan  4 00:00:00 1970\n");
+    row("0x1abcdef0f: all 64 bits show in the fallback, in lower case", qint64(0x1abcdef0f), "0x1abcdef0f\n");
+    row("-1: all 64 bits show in the fallback", qint64(-1), "0xffffffffffffffff\n");
+    row("the smallest number: its low 32 bits are 0", std::numeric_limits<qint64>::min(), "Thu Jan  1 00:00:00 1970\n");
+    row("-0x100000000: a negative time whose low 32 bits are a valid one", qint64(-0x100000000), "Thu Jan  1 00:00:00 1970\n");
+    row("-0x80000000: negative in both widths", qint64(-0x80000000LL), "0xffffffff80000000\n");
 }
 
 #ifdef SIMULATED_WINDOWS
 
-namespace {
-
-// 0x65000000 and 0x66000000 seconds
+// 0x65000000 and 0x66000000 seconds since 1970
 const char twoLeaseTimes[] = R"("LeaseObtained": 1694498816, "LeaseExpires": 1711276032)";
 const char oneGateway[] = R"("GatewayList": [["10.0.0.1", "255.0.0.0"]])";
 
@@ -109,7 +61,7 @@ QByteArray systemFile(const QByteArray &adapters)
     return "{\"GetAdaptersInfo\": [" + adapters + "]}";
 }
 
-/// The adapter of index 7 with these fields of its own.
+/// The adapter with the index 7 and these fields.
 QByteArray seventh(const QByteArray &fields)
 {
     return "{\"Index\": 7, " + fields + "}";
@@ -140,7 +92,7 @@ machine::AdapterRecord adapterRecord(quint32 index)
     return adapter;
 }
 
-/// Name, size in, size out and result of each call that has one, and that it has flags.
+/// The calls of heap functions and GetAdaptersInfo(): name, sizes and result, and whether flags are set.
 QStringList journalOfAdapterCalls()
 {
     QStringList calls;
@@ -166,8 +118,8 @@ int callsNamed(const QByteArray &name)
     return count;
 }
 
-/// Buffers that were taken and not given back.
-int buffersLeft()
+/// The number of memory blocks that are not freed.
+int leakedBlocks()
 {
     int count = -callsNamed("HeapFree");
     for (const simulated::Call &call : simulated::journal())
@@ -181,35 +133,26 @@ const char winsOff[] = "Have WINS: 0\n";
 const char leaseLines[] = "Lease obtained: Tue Sep 12 06:06:56 2023\n"
                           "Lease expires:  Sun Mar 24 10:27:12 2024\n";
 
-/// What an adapter with one gateway and nothing else gives.
+/// The details of an adapter that has only one gateway.
 QString plainDetails()
 {
     return QString(gatewayLine) + dhcpOff + winsOff;
 }
 
-} // namespace
-
-void AdapterDetailsTest::leaseTimeZone_data()
+void leaseTimeZone()
 {
-    QTest::addColumn<QByteArray>("zone");
-    QTest::addColumn<qint64>("time");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("an hour ahead of UTC") << QByteArray("-60") << qint64(0) << "Thu Jan  1 01:00:00 1970\n";
-    QTest::newRow("five and a half hours ahead") << QByteArray("-330") << qint64(0) << "Thu Jan  1 05:30:00 1970\n";
-    QTest::newRow("eight hours behind: still the year before")
-        << QByteArray("480") << qint64(0) << "Wed Dec 31 16:00:00 1969\n";
+    const auto row = [](const QString &name, const QByteArray &zone, qint64 time, const QString &expected) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows("", "{\"timeZone\": " + zone + "}");
+            COMPARE_TEXT(formatLeaseTime(time), expected);
+        });
+    };
+    row("an hour ahead of UTC", QByteArray("-60"), qint64(0), "Thu Jan  1 01:00:00 1970\n");
+    row("five and a half hours ahead of UTC", QByteArray("-330"), qint64(0), "Thu Jan  1 05:30:00 1970\n");
+    row("eight hours after UTC: still the previous year", QByteArray("480"), qint64(0), "Wed Dec 31 16:00:00 1969\n");
 }
 
-void AdapterDetailsTest::leaseTimeZone()
-{
-    QFETCH(QByteArray, zone);
-    QFETCH(qint64, time);
-    QFETCH(QString, expected);
-    const DescribedWindows windows("", "{\"timeZone\": " + zone + "}");
-    COMPARE_TEXT(formatLeaseTime(time), expected);
-}
-
-void AdapterDetailsTest::leaseTimeCalls()
+void leaseTimeCalls()
 {
     const DescribedWindows windows(QByteArray {});
     formatLeaseTime(0x7000000005);
@@ -221,152 +164,109 @@ void AdapterDetailsTest::leaseTimeCalls()
     QCOMPARE(journal[1].sizeIn, quint64(64));
 }
 
-void AdapterDetailsTest::failingLeaseTime_data()
+void failingLeaseTime()
 {
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<int>("callsMade");
-    QTest::newRow("the conversion to local time fails") << QByteArray("_localtime32_s") << 1;
-    QTest::newRow("the conversion to text fails") << QByteArray("asctime_s") << 2;
+    const auto row = [](const QString &name, const QByteArray &call, int callsMade) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(QByteArray {});
+            const auto fault = simulated::Fault::everyCall(call, 0);
+            COMPARE_TEXT(formatLeaseTime(0x12abc0000ffff), QStringLiteral("0x12abc0000ffff\n"));
+            QCOMPARE(fault.hits(), std::size_t(1));
+            QCOMPARE(int(simulated::journal().size()), callsMade);
+        });
+    };
+    row("the conversion to local time fails", QByteArray("_localtime32_s"), 1);
+    row("the conversion to text fails", QByteArray("asctime_s"), 2);
 }
 
-void AdapterDetailsTest::failingLeaseTime()
+void text()
 {
-    QFETCH(QByteArray, call);
-    QFETCH(int, callsMade);
-    const DescribedWindows windows(QByteArray {});
-    const auto fault = simulated::Fault::everyCall(call, 0);
-    COMPARE_TEXT(formatLeaseTime(0x12abc0000ffff), QStringLiteral("0x12abc0000ffff\n"));
-    QCOMPARE(fault.hits(), std::size_t(1));
-    QCOMPARE(int(simulated::journal().size()), callsMade);
-}
+    const auto row = [](const QString &name, const QByteArray &adapters, const QString &expected) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows("", systemFile(adapters));
+            COMPARE_TEXT(adapterDetails(7), expected);
+            QCOMPARE(leakedBlocks(), 0);
+        });
+    };
 
-void AdapterDetailsTest::text_data()
-{
-    QTest::addColumn<QByteArray>("adapters");
-    QTest::addColumn<QString>("expected");
+    row("one gateway: the unnumbered line", seventh(oneGateway), plainDetails());
+    row("no gateway: the line shows the address 0.0.0.0 of Windows", seventh(R"("GatewayList": [["0.0.0.0", "0.0.0.0"]])"), QStringLiteral("Gateway: 0.0.0.0, 0.0.0.0\n") + dhcpOff + winsOff);
+    row("no gateway and empty texts: the line has no address", seventh(R"("GatewayList": [["", ""]])"), QStringLiteral("Gateway: , \n") + dhcpOff + winsOff);
+    row("two gateways: both are numbered", seventh(R"("GatewayList": [["10.0.0.1", "255.0.0.1"], ["10.0.0.2", "255.0.0.2"]])"), QStringLiteral("Gateway 1: 10.0.0.1, 255.0.0.1\nGateway 2: 10.0.0.2, 255.0.0.2\n") + dhcpOff + winsOff);
+    row("three gateways: three numbered lines in list order", seventh(R"("GatewayList": [["10.0.0.3", "255.0.0.3"], ["10.0.0.1", "255.0.0.1"], ["10.0.0.2", "255.0.0.2"]])"), QStringLiteral("Gateway 1: 10.0.0.3, 255.0.0.3\nGateway 2: 10.0.0.1, 255.0.0.1\n"
+                                                                                                                                                                                             "Gateway 3: 10.0.0.2, 255.0.0.2\n")
+            + dhcpOff + winsOff);
 
-    QTest::newRow("one gateway: the unnumbered line") << seventh(oneGateway) << plainDetails();
-    QTest::newRow("no gateway: the line shows what Windows leaves there")
-        << seventh(R"("GatewayList": [["0.0.0.0", "0.0.0.0"]])")
-        << QStringLiteral("Gateway: 0.0.0.0, 0.0.0.0\n") + dhcpOff + winsOff;
-    QTest::newRow("no gateway and empty texts: the line stays")
-        << seventh(R"("GatewayList": [["", ""]])") << QStringLiteral("Gateway: , \n") + dhcpOff + winsOff;
-    QTest::newRow("two gateways: both are numbered")
-        << seventh(R"("GatewayList": [["10.0.0.1", "255.0.0.1"], ["10.0.0.2", "255.0.0.2"]])")
-        << QStringLiteral("Gateway 1: 10.0.0.1, 255.0.0.1\nGateway 2: 10.0.0.2, 255.0.0.2\n") + dhcpOff + winsOff;
-    QTest::newRow("three gateways: three numbered lines in list order")
-        << seventh(R"("GatewayList": [["10.0.0.3", "255.0.0.3"], ["10.0.0.1", "255.0.0.1"], ["10.0.0.2", "255.0.0.2"]])")
-        << QStringLiteral("Gateway 1: 10.0.0.3, 255.0.0.3\nGateway 2: 10.0.0.1, 255.0.0.1\n"
-                          "Gateway 3: 10.0.0.2, 255.0.0.2\n")
-            + dhcpOff + winsOff;
-
-    QTest::newRow("DHCP off: its server and lease times do not show")
-        << seventh(QByteArray(oneGateway) + R"(, "DhcpServer": [["10.0.0.2", "255.0.0.2"]], )" + twoLeaseTimes)
-        << plainDetails();
-    QTest::newRow("DHCP on, one server: the unnumbered line and the lease times")
-        << withDhcp(R"(["10.0.0.2", "255.0.0.2"])")
-        << QString(gatewayLine) + "DHCP enabled:  1\nDHCP server: 10.0.0.2, 255.0.0.2\n" + leaseLines + winsOff;
-    QTest::newRow("DHCP on, three servers: numbered in list order")
-        << withDhcp(R"(["10.0.0.6", "255.0.0.6"], ["10.0.0.2", "255.0.0.2"], ["10.0.0.4", "255.0.0.4"])")
-        << QString(gatewayLine) + "DHCP enabled:  1\nDHCP server 1: 10.0.0.6, 255.0.0.6\n"
-                                  "DHCP server 2: 10.0.0.2, 255.0.0.2\nDHCP server 3: 10.0.0.4, 255.0.0.4\n"
-            + leaseLines + winsOff;
-    QTest::newRow("DHCP on in another way: an unsigned number")
-        << seventh(QByteArray(oneGateway) + R"(, "DhcpEnabled": 4294967295)")
-        << QString(gatewayLine) + "DHCP enabled:  4294967295\nDHCP server: , \n"
-                                  "Lease obtained: Thu Jan  1 00:00:00 1970\nLease expires:  Thu Jan  1 00:00:00 1970\n"
-            + winsOff;
-    QTest::newRow("lease times that do not convert: the labels, the numbers and a line end")
-        << seventh(QByteArray(oneGateway) + R"(, "DhcpEnabled": 1, "LeaseObtained": "0x80000000", "LeaseExpires": -1)")
-        << QString(gatewayLine) + "DHCP enabled:  1\nDHCP server: , \n"
-                                  "Lease obtained: 0x80000000\nLease expires:  0xffffffffffffffff\n"
-            + winsOff;
+    row("DHCP disabled: no server, no lease times", seventh(QByteArray(oneGateway) + R"(, "DhcpServer": [["10.0.0.2", "255.0.0.2"]], )" + twoLeaseTimes), plainDetails());
+    row("DHCP enabled, one server: the unnumbered line and the lease times", withDhcp(R"(["10.0.0.2", "255.0.0.2"])"), QString(gatewayLine) + "DHCP enabled:  1\nDHCP server: 10.0.0.2, 255.0.0.2\n" + leaseLines + winsOff);
+    row("DHCP enabled, three servers: numbered in list order", withDhcp(R"(["10.0.0.6", "255.0.0.6"], ["10.0.0.2", "255.0.0.2"], ["10.0.0.4", "255.0.0.4"])"), QString(gatewayLine) + "DHCP enabled:  1\nDHCP server 1: 10.0.0.6, 255.0.0.6\n"
+                                                                                                                                                                                      "DHCP server 2: 10.0.0.2, 255.0.0.2\nDHCP server 3: 10.0.0.4, 255.0.0.4\n"
+            + leaseLines + winsOff);
+    row("DhcpEnabled is not 1: an unsigned number", seventh(QByteArray(oneGateway) + R"(, "DhcpEnabled": 4294967295)"), QString(gatewayLine) + "DHCP enabled:  4294967295\nDHCP server: , \n"
+                                                                                                                                               "Lease obtained: Thu Jan  1 00:00:00 1970\nLease expires:  Thu Jan  1 00:00:00 1970\n"
+            + winsOff);
+    row("lease times that cannot be converted: their numbers", seventh(QByteArray(oneGateway) + R"(, "DhcpEnabled": 1, "LeaseObtained": "0x80000000", "LeaseExpires": -1)"), QString(gatewayLine) + "DHCP enabled:  1\nDHCP server: , \n"
+                                                                                                                                                                                                    "Lease obtained: 0x80000000\nLease expires:  0xffffffffffffffff\n"
+            + winsOff);
 
     const char winsLines[] = "Primary WINS Server: 10.0.0.4, 255.0.0.4\nSecondary WINS Server: 10.0.0.5, 255.0.0.5\n";
-    QTest::newRow("WINS off: its servers do not show") << withWins("0") << plainDetails();
-    QTest::newRow("WINS on: primary and secondary server")
-        << withWins("1") << QString(gatewayLine) + dhcpOff + "Have WINS: 1\n" + winsLines;
-    QTest::newRow("WINS on in another way: a signed number")
-        << withWins("-1") << QString(gatewayLine) + dhcpOff + "Have WINS: -1\n" + winsLines;
+    row("WINS disabled: no servers", withWins("0"), plainDetails());
+    row("WINS enabled: primary and secondary server", withWins("1"), QString(gatewayLine) + dhcpOff + "Have WINS: 1\n" + winsLines);
+    row("HaveWins is not 1: a signed number", withWins("-1"), QString(gatewayLine) + dhcpOff + "Have WINS: -1\n" + winsLines);
 
-    QTest::newRow("no adapter of that index: nothing") << otherAdapter(6) + "," + otherAdapter(8) << QString();
-    QTest::newRow("the adapter is the last of three")
-        << otherAdapter(6) + "," + otherAdapter(8) + "," + seventh(oneGateway) << plainDetails();
-    QTest::newRow("two adapters of one index: the first one")
-        << seventh(oneGateway) + "," + otherAdapter(7) << plainDetails();
+    row("no adapter with the index: an empty text", otherAdapter(6) + "," + otherAdapter(8), QString());
+    row("the last of three adapters", otherAdapter(6) + "," + otherAdapter(8) + "," + seventh(oneGateway), plainDetails());
+    row("two adapters with the same index: the first one", seventh(oneGateway) + "," + otherAdapter(7), plainDetails());
 
-    QTest::newRow("an address that is a placeholder is filled with the mask")
-        << seventh(R"("GatewayList": [["%1", "mask"]])") << QStringLiteral("Gateway: mask, %2\n") + dhcpOff + winsOff;
-    QTest::newRow("a numbered address that is a placeholder is filled with the mask")
-        << seventh(R"("GatewayList": [["%3", "mask"], ["%9", "%1"]])")
-        << QStringLiteral("Gateway 1: mask, mask\nGateway 2: %9, %1\n") + dhcpOff + winsOff;
-    QTest::newRow("bytes that are no UTF-8 show as replacement characters")
-        << seventh("\"GatewayList\": [[\"\xc3\xa9\", \"255.0.0.0\"]]")
-        << QString(QChar(0xfffd)).prepend("Gateway: ") + ", 255.0.0.0\n" + dhcpOff + winsOff;
+    row("Quirk: a placeholder in an address is replaced with the mask", seventh(R"("GatewayList": [["%1", "mask"]])"), QStringLiteral("Gateway: mask, %2\n") + dhcpOff + winsOff);
+    row("Quirk: a placeholder in a numbered address is replaced with the mask", seventh(R"("GatewayList": [["%3", "mask"], ["%9", "%1"]])"), QStringLiteral("Gateway 1: mask, mask\nGateway 2: %9, %1\n") + dhcpOff + winsOff);
+    row("bytes that are not UTF-8 become U+FFFD", seventh("\"GatewayList\": [[\"\xc3\xa9\", \"255.0.0.0\"]]"), QString(QChar(0xfffd)).prepend("Gateway: ") + ", 255.0.0.0\n" + dhcpOff + winsOff);
 }
 
-void AdapterDetailsTest::text()
+void unreadableList()
 {
-    QFETCH(QByteArray, adapters);
-    QFETCH(QString, expected);
-    const DescribedWindows windows("", systemFile(adapters));
-    COMPARE_TEXT(adapterDetails(7), expected);
-    QCOMPARE(buffersLeft(), 0);
+    const auto row = [](const QString &name, const QByteArray &system) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows("", system);
+            QCOMPARE(adapterDetails(0), QString());
+            QCOMPARE(callsNamed("GetAdaptersInfo"), 2);
+            QCOMPARE(leakedBlocks(), 0);
+        });
+    };
+    row("no answer", QByteArray("{}"));
+    row("no adapters: ERROR_NO_DATA", QByteArray(R"({"GetAdaptersInfo": []})"));
+    row("not supported", QByteArray(R"({"GetAdaptersInfo": {"error": 50}})"));
 }
 
-void AdapterDetailsTest::unreadableList_data()
+void calls()
 {
-    QTest::addColumn<QByteArray>("system");
-    QTest::newRow("no answer") << QByteArray("{}");
-    QTest::newRow("no adapters: an error of its own") << QByteArray(R"({"GetAdaptersInfo": []})");
-    QTest::newRow("not supported") << QByteArray(R"({"GetAdaptersInfo": {"error": 50}})");
+    const auto row = [](const QString &name, const QByteArray &adapters, const QStringList &expected) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows("", systemFile(adapters));
+            QVERIFY(!adapterDetails(7).isEmpty());
+            QCOMPARE(journalOfAdapterCalls(), expected);
+        });
+    };
+
+    // An adapter has 704 bytes, each further gateway or server 48.
+    row("one adapter: the second call follows although the first one succeeds", seventh(oneGateway), QStringList {"HeapAlloc 704", "GetAdaptersInfo 704->704: 0", "GetAdaptersInfo 704->704: 0", "HeapFree"});
+    row("two adapters: a second buffer has the size that the first call returned", otherAdapter(6) + "," + seventh(oneGateway), QStringList {"HeapAlloc 704", "GetAdaptersInfo 704->1408: 111", "HeapFree", "HeapAlloc 1408", "GetAdaptersInfo 1408->1408: 0", "HeapFree"});
+    row("one adapter and two further gateways: a second buffer", seventh(R"("GatewayList": [["", ""], ["", ""], ["", ""]])"), QStringList {"HeapAlloc 704", "GetAdaptersInfo 704->800: 111", "HeapFree", "HeapAlloc 800", "GetAdaptersInfo 800->800: 0", "HeapFree"});
 }
 
-void AdapterDetailsTest::unreadableList()
+void failingCalls()
 {
-    QFETCH(QByteArray, system);
-    const DescribedWindows windows("", system);
-    QCOMPARE(adapterDetails(0), QString());
-    QCOMPARE(callsNamed("GetAdaptersInfo"), 2);
-    QCOMPARE(buffersLeft(), 0);
-}
-
-void AdapterDetailsTest::calls_data()
-{
-    QTest::addColumn<QByteArray>("adapters");
-    QTest::addColumn<QStringList>("expected");
-
-    // 704 bytes are an adapter, 48 a further gateway or server.
-    QTest::newRow("one adapter: there is room, the second call is made all the same")
-        << seventh(oneGateway)
-        << QStringList {"HeapAlloc 704", "GetAdaptersInfo 704->704: 0", "GetAdaptersInfo 704->704: 0", "HeapFree"};
-    QTest::newRow("two adapters: the buffer is replaced by one of the size reported")
-        << otherAdapter(6) + "," + seventh(oneGateway)
-        << QStringList {"HeapAlloc 704", "GetAdaptersInfo 704->1408: 111", "HeapFree", "HeapAlloc 1408",
-                        "GetAdaptersInfo 1408->1408: 0", "HeapFree"};
-    QTest::newRow("one adapter and two further gateways: likewise")
-        << seventh(R"("GatewayList": [["", ""], ["", ""], ["", ""]])")
-        << QStringList {"HeapAlloc 704", "GetAdaptersInfo 704->800: 111", "HeapFree", "HeapAlloc 800",
-                        "GetAdaptersInfo 800->800: 0", "HeapFree"};
-}
-
-void AdapterDetailsTest::calls()
-{
-    QFETCH(QByteArray, adapters);
-    QFETCH(QStringList, expected);
-    const DescribedWindows windows("", systemFile(adapters));
-    QVERIFY(!adapterDetails(7).isEmpty());
-    QCOMPARE(journalOfAdapterCalls(), expected);
-}
-
-void AdapterDetailsTest::failingCalls_data()
-{
-    QTest::addColumn<QByteArray>("adapters");
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<quint32>("error");
-    QTest::addColumn<QString>("expected");
-    QTest::addColumn<int>("listCalls"); // of GetAdaptersInfo
+    const auto row = [](const QString &name, const QByteArray &adapters, const QByteArray &call, int number, quint32 error,
+                        const QString &expected, int listCalls) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows("", systemFile(adapters));
+            const auto fault = simulated::Fault::nthCall(call, std::size_t(number), error);
+            COMPARE_TEXT(adapterDetails(7), expected);
+            QCOMPARE(fault.hits(), std::size_t(1));
+            QCOMPARE(callsNamed("GetAdaptersInfo"), listCalls);
+            QCOMPARE(leakedBlocks(), 0);
+        });
+    };
 
     const QByteArray one = seventh(oneGateway);
     const QByteArray two = otherAdapter(6) + "," + one;
@@ -374,42 +274,18 @@ void AdapterDetailsTest::failingCalls_data()
     const QByteArray list("GetAdaptersInfo");
     const QString upToLeases = QString(gatewayLine) + "DHCP enabled:  1\nDHCP server: 10.0.0.2, 255.0.0.2\n";
 
-    QTest::newRow("the first call fails: the second one is made and decides")
-        << one << list << 0 << quint32(ERROR_ACCESS_DENIED) << plainDetails() << 2;
-    QTest::newRow("the first call overflows without need: the second one decides")
-        << one << list << 0 << quint32(ERROR_BUFFER_OVERFLOW) << plainDetails() << 2;
-    QTest::newRow("the first call fails where it would have overflowed: the second one overflows")
-        << two << list << 0 << quint32(ERROR_ACCESS_DENIED) << QString() << 2;
-    QTest::newRow("the second call fails") << one << list << 1 << quint32(ERROR_ACCESS_DENIED) << QString() << 2;
-    QTest::newRow("the second call overflows: no third one")
-        << one << list << 1 << quint32(ERROR_BUFFER_OVERFLOW) << QString() << 2;
-    QTest::newRow("no memory at first: no call is made") << two << QByteArray("HeapAlloc") << 0 << quint32(0) << QString() << 0;
-    QTest::newRow("no memory after the overflow: no second call")
-        << two << QByteArray("HeapAlloc") << 1 << quint32(0) << QString() << 1;
-    QTest::newRow("the time of the lease's start does not convert: its number")
-        << dhcp << QByteArray("_localtime32_s") << 0 << quint32(0)
-        << upToLeases + "Lease obtained: 0x65000000\nLease expires:  Sun Mar 24 10:27:12 2024\n" + winsOff << 2;
-    QTest::newRow("the time of the lease's end has no text: its number")
-        << dhcp << QByteArray("asctime_s") << 1 << quint32(0)
-        << upToLeases + "Lease obtained: Tue Sep 12 06:06:56 2023\nLease expires:  0x66000000\n" + winsOff << 2;
+    row("the first call fails: the result of the second one counts", one, list, 0, quint32(ERROR_ACCESS_DENIED), plainDetails(), 2);
+    row("the first call returns ERROR_BUFFER_OVERFLOW: the result of the second one counts", one, list, 0, quint32(ERROR_BUFFER_OVERFLOW), plainDetails(), 2);
+    row("the first call fails without a size: the second one returns ERROR_BUFFER_OVERFLOW", two, list, 0, quint32(ERROR_ACCESS_DENIED), QString(), 2);
+    row("the second call fails", one, list, 1, quint32(ERROR_ACCESS_DENIED), QString(), 2);
+    row("the second call returns ERROR_BUFFER_OVERFLOW: no third one", one, list, 1, quint32(ERROR_BUFFER_OVERFLOW), QString(), 2);
+    row("the first allocation fails: no call", two, QByteArray("HeapAlloc"), 0, quint32(0), QString(), 0);
+    row("the second allocation fails: no second call", two, QByteArray("HeapAlloc"), 1, quint32(0), QString(), 1);
+    row("the start of the lease cannot be converted: its number", dhcp, QByteArray("_localtime32_s"), 0, quint32(0), upToLeases + "Lease obtained: 0x65000000\nLease expires:  Sun Mar 24 10:27:12 2024\n" + winsOff, 2);
+    row("the text of the end of the lease fails: its number", dhcp, QByteArray("asctime_s"), 1, quint32(0), upToLeases + "Lease obtained: Tue Sep 12 06:06:56 2023\nLease expires:  0x66000000\n" + winsOff, 2);
 }
 
-void AdapterDetailsTest::failingCalls()
-{
-    QFETCH(QByteArray, adapters);
-    QFETCH(QByteArray, call);
-    QFETCH(int, number);
-    QFETCH(quint32, error);
-    QFETCH(QString, expected);
-    const DescribedWindows windows("", systemFile(adapters));
-    const auto fault = simulated::Fault::nthCall(call, std::size_t(number), error);
-    COMPARE_TEXT(adapterDetails(7), expected);
-    QCOMPARE(fault.hits(), std::size_t(1));
-    QTEST(callsNamed("GetAdaptersInfo"), "listCalls");
-    QCOMPARE(buffersLeft(), 0);
-}
-
-void AdapterDetailsTest::listThatGrowsBetweenTheCalls()
+void listThatGrowsBetweenTheCalls()
 {
     const DescribedWindows windows("", systemFile(seventh(oneGateway)));
     int calls = 0;
@@ -419,10 +295,10 @@ void AdapterDetailsTest::listThatGrowsBetweenTheCalls()
     });
     QCOMPARE(adapterDetails(7), QString());
     QCOMPARE(calls, 2);
-    QCOMPARE(buffersLeft(), 0);
+    QCOMPARE(leakedBlocks(), 0);
 }
 
-void AdapterDetailsTest::listThatShrinksBetweenTheCalls()
+void listThatShrinksBetweenTheCalls()
 {
     const DescribedWindows windows("", systemFile(otherAdapter(6) + "," + otherAdapter(7)));
     int calls = 0;
@@ -432,10 +308,33 @@ void AdapterDetailsTest::listThatShrinksBetweenTheCalls()
     });
     COMPARE_TEXT(adapterDetails(7), plainDetails());
     QCOMPARE(calls, 2);
-    QCOMPARE(buffersLeft(), 0);
+    QCOMPARE(leakedBlocks(), 0);
 }
 
 #endif
 
-TEST_WITH_CORE_APPLICATION(AdapterDetailsTest);
-#include "tst_adapter_details.moc"
+void addTests()
+{
+#ifndef SIMULATED_WINDOWS
+    // The rows expect UTC, the time zone of a machine without "timeZone".
+    qputenv("TZ", "UTC0");
+    _tzset();
+#endif
+    addTestRow("unknownIndex", unknownIndex);
+    addTestRows("leaseTime", leaseTime);
+#ifdef SIMULATED_WINDOWS
+    addTestRows("leaseTimeZone", leaseTimeZone);
+    addTestRow("leaseTimeCalls", leaseTimeCalls);
+    addTestRows("failingLeaseTime", failingLeaseTime);
+    addTestRows("text", text);
+    addTestRows("unreadableList", unreadableList);
+    addTestRows("calls", calls);
+    addTestRows("failingCalls", failingCalls);
+    addTestRow("listThatGrowsBetweenTheCalls", listThatGrowsBetweenTheCalls);
+    addTestRow("listThatShrinksBetweenTheCalls", listThatShrinksBetweenTheCalls);
+#endif
+}
+
+} // namespace
+
+TEST_WITH_CORE_APPLICATION(RowTest(addTests));

@@ -48,24 +48,24 @@ const QStringList eightLines = {
 
 void formatRows()
 {
-    rows.text("an empty machine: the title alone", "", "");
-    rows.text("the calls fail: the title alone", names("\"error\": 1747"), "");
+    rows.text("an empty machine: only the heading", "", "");
+    rows.text("the calls fail: only the heading", names("\"error\": 1747"), "");
     rows.text("every name", names(eightNames), eightLines.join(QString()));
     for (const Label &label : labels) {
         const QByteArray format = QByteArray::number(int(label.format));
-        rows.text("format " + format + " alone", names('"' + format + "\": \"name\""), QString(label.text) + "name\n");
+        rows.text("only format " + format, names('"' + format + "\": \"name\""), QString(label.text) + "name\n");
         rows.text("format " + format + " empty: its label and blanks", names('"' + format + "\": \"\""),
                   QString(label.text) + "\n");
     }
-    rows.text("format 8 is not asked for", names("\"8\": \"name\""), "");
-    rows.text("no domain, a long name in it: the short names stay",
+    rows.text("format 8 is not queried", names("\"8\": \"name\""), "");
+    rows.text("a fully qualified name that does not fit: the short names are shown",
               names(R"("0": "PC07", "2": "", "3": "pc07.example-domain.test", "7": "pc07.example-domain.test", "1": "pc07")"),
               "NetBios name:                 PC07\n"
               "DNS domain:           \n"
               "hostname                      pc07\n");
 }
 
-/// One name, as the fully qualified one.
+/// A row about one name, which is the DNS fully qualified one.
 void addRow(const char *name, const QString &computer, bool shown)
 {
     rows.text(name, names("\"3\": \"" + computer.toUtf8() + '"'),
@@ -75,24 +75,24 @@ void addRow(const char *name, const QString &computer, bool shown)
 void nameRows()
 {
     addRow("15 characters fit", "pc07.example.de", true);
-    addRow("16 characters do not", "pc007.example.de", false);
-    addRow("17 characters do not", "pc0007.example.de", false);
+    addRow("16 characters do not fit", "pc007.example.de", false);
+    addRow("17 characters do not fit", "pc0007.example.de", false);
     addRow("one character", "x", true);
-    const QString pair = QString(QChar(0xd83d)) + QChar(0xde00); // one character, two units
+    const QString pair = QString(QChar(0xd83d)) + QChar(0xde00); // a surrogate pair
     addRow("15 units fit", pair.repeated(7) + "x", true);
-    addRow("16 units do not", pair.repeated(8), false);
-    addRow("placeholders stay", "%1 %2 %99 %L1", true);
-    addRow("beyond ASCII", QString("b") + QChar(0xfc) + "ro-" + QChar(0x20ac), true);
+    addRow("16 units do not fit", pair.repeated(8), false);
+    addRow("placeholders are not replaced", "%1 %2 %99 %L1", true);
+    addRow("outside ASCII", QString("b") + QChar(0xfc) + "ro-" + QChar(0x20ac), true);
     addRow("a leading U+FEFF is a character", QString(QChar(0xfeff)) + "pc", true);
     addRow("a leading U+FFFE is a character", QString(QChar(0xfffe)) + "pc", true);
-    addRow("blanks stay", " pc ", true);
-    rows.text("as many units as the call reports, nulls too", names(R"("3": "a\u0000b")"),
+    addRow("blanks are not removed", " pc ", true);
+    rows.text("the length is that of the call, U+0000 included", names(R"("3": "a\u0000b")"),
               QString("DNS fully qualified:          a") + QChar() + "b\n");
 }
 
 void callRows()
 {
-    rows.calls("one call for each name, no second try", names(R"("0": "a name far beyond the buffer", "4": "PC07")"),
+    rows.calls("one call for each name", names(R"("0": "a name far beyond the buffer", "4": "PC07")"),
                "GetComputerNameExW \"0\" 16\n"
                "GetComputerNameExW \"4\" 16\n"
                "GetComputerNameExW \"2\" 16\n"
@@ -104,7 +104,7 @@ void callRows()
     rows.failures(names(eightNames), "GetComputerNameExW", 0, eightLines);
 }
 
-void whatWindowsAnswers()
+void sameAsWindows()
 {
     QString expected;
     for (const Label &label : labels) {
@@ -119,7 +119,7 @@ void whatWindowsAnswers()
 void addRows()
 {
     if (!windowsIsSimulated)
-        return addTestRow("what Windows answers", whatWindowsAnswers);
+        return addTestRow("same as Windows", sameAsWindows);
     rows.withoutMachine("");
     formatRows();
     nameRows();

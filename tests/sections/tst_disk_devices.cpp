@@ -40,15 +40,15 @@ void enumeratorRows()
     for (const char *name : {"FDC", "IDE", "SCSI"})
         row(name + QString(" is missing: one heading without a listing"), name, "");
     row("an enumerator with a device", "USBSTOR", "Stick\n\n");
-    row("a placeholder in the enumerator's name stays", "%1", "");
+    row("a placeholder in the enumerator's name is not replaced", "%1", "");
 }
 
 void walkRows()
 {
-    rows.text("no enumerator: the heading alone", "", "");
-    rows.text("no device: the heading alone", usbKey(), "");
+    rows.text("no enumerator: only the heading", "", "");
+    rows.text("no device: only the heading", usbKey(), "");
     rows.text("a device without instances: its name and one empty line", usbKey("\\Disk&Ven_Acme"), "Disk&Ven_Acme\n\n");
-    rows.text("a stick with one instance: two empty lines behind its values", usbKey("\\Stick\\0001") + allValues(),
+    rows.text("a device with one instance: two empty lines after its values", usbKey("\\Stick\\0001") + allValues(),
               "Stick\n" + allLines.join(QString()) + "\n\n");
     rows.text("an instance without values: an empty line for it and one for the device", usbKey("\\Stick\\0001"),
               "Stick\n\n\n");
@@ -63,7 +63,7 @@ void walkRows()
               usbKey("\\A") + usbKey("\\B\\1") + textValue("Class", "c"), "A\n\nB\n   Class:               c\n\n\n");
     rows.text("values of the device itself and of keys below an instance are not read",
               usbKey("\\Stick") + allValues() + usbKey("\\Stick\\1\\Device Parameters") + allValues(), "Stick\n\n\n");
-    rows.text("a placeholder in a name stays", usbKey("\\%1 %2\\1"), "%1 %2\n\n\n");
+    rows.text("a placeholder in a name is not replaced", usbKey("\\%1 %2\\1"), "%1 %2\n\n\n");
 }
 
 void valueRows()
@@ -72,31 +72,31 @@ void valueRows()
         rows.text(name, usbKey("\\Stick\\Instance") + values, "Stick\n" + lines + "\n\n");
     };
     row("all, in the order of the table", allValues(), allLines.join(QString()));
-    row("the class alone", textValue("Class", "CDROM"), "   Class:               CDROM\n");
-    row("the description alone", textValue("DeviceDesc", "@disk.inf,%disk%;Disk"),
+    row("only the class", textValue("Class", "CDROM"), "   Class:               CDROM\n");
+    row("only the description", textValue("DeviceDesc", "@disk.inf,%disk%;Disk"),
         "   Device Description:  @disk.inf,%disk%;Disk\n");
-    row("the friendly name alone", textValue("FriendlyName", "Acme"), "   Friendly Name:       Acme\n");
-    row("the location alone", textValue("LocationInformation", "Bus 1"), "   LocationInformation: Bus 1\n");
-    row("the hardware ID alone", textValue("HardwareID", "id"), "   Hardware ID:         id\n");
-    row("the service alone", textValue("Service", "cdrom"), "   Service:             cdrom\n");
+    row("only the friendly name", textValue("FriendlyName", "Acme"), "   Friendly Name:       Acme\n");
+    row("only the location", textValue("LocationInformation", "Bus 1"), "   LocationInformation: Bus 1\n");
+    row("only the hardware ID", textValue("HardwareID", "id"), "   Hardware ID:         id\n");
+    row("only the service", textValue("Service", "cdrom"), "   Service:             cdrom\n");
     row("the first of two hardware IDs", listValue("HardwareID", {"first", "second"}), "   Hardware ID:         first\n");
-    row("hardware IDs of which the first is empty", listValue("HardwareID", {"", "second"}),
+    row("the first hardware ID is empty", listValue("HardwareID", {"", "second"}),
         "   Hardware ID:         \n");
     row("other values have no line", textValue("Mfg", "Acme") + textValue("ClassGUID", "{}"), "");
     row("an empty text", textValue("Class", ""), "   Class:               \n");
-    row("any type: a number's bytes", numberValue("Class", 0x00434241), "   Class:               ABC\n");
-    row("a placeholder stays", textValue("FriendlyName", "%1 %2 %99 %L1"), "   Friendly Name:       %1 %2 %99 %L1\n");
-    row("UTF-8 bytes become their character", binaryValue("Class", QByteArray("\xc3\xa9\0", 3)),
+    row("a REG_DWORD: its bytes are the text", numberValue("Class", 0x00434241), "   Class:               ABC\n");
+    row("a placeholder is not replaced", textValue("FriendlyName", "%1 %2 %99 %L1"), "   Friendly Name:       %1 %2 %99 %L1\n");
+    row("text is decoded as UTF-8", binaryValue("Class", QByteArray("\xc3\xa9\0", 3)),
         QString("   Class:               ") + QChar(0xe9) + '\n');
     row("a text without a terminator", hexValue("Class", REG_SZ, utf16Data("abc")), "   Class:               abc\n");
-    row("data without a terminator goes on in the value before it",
+    row("unterminated data is followed by the rest of the previous value",
         textValue("Class", "DiskDrive") + binaryValue("DeviceDesc", "XY"),
         "   Class:               DiskDrive\n   Device Description:  XYskDrive\n");
-    row("the first value without a terminator goes on in the instance's name", binaryValue("Class", "XY"),
+    row("an unterminated first value is followed by the rest of the instance's name", binaryValue("Class", "XY"),
         "   Class:               XYstance\n");
-    row("data of no bytes repeats the value before it", textValue("Class", "DiskDrive") + hexValue("Service", REG_SZ, ""),
+    row("data of 0 bytes shows the previous value", textValue("Class", "DiskDrive") + hexValue("Service", REG_SZ, ""),
         "   Class:               DiskDrive\n   Service:             DiskDrive\n");
-    row("2048 bytes without a terminator are text as a whole", binaryValue("Class", QByteArray(2048, 'x')),
+    row("2048 bytes without a terminator are shown whole", binaryValue("Class", QByteArray(2048, 'x')),
         "   Class:               " + QString(2048, 'x') + '\n');
     row("2049 bytes have no line, and the next value is read",
         binaryValue("Class", QByteArray(2049, 'x')) + textValue("Service", "disk"), "   Service:             disk\n");
@@ -120,7 +120,7 @@ void deniedRows()
         "A\nB\n" + instance("b") + "\nC\n" + instance("c") + '\n');
     row("a device in the middle", devices, {"B"}, "A\n" + instance("a") + "\nB\nC\n" + instance("c") + '\n');
     row("the last device", devices, {"C"}, "A\n" + instance("a") + "\nB\n" + instance("b") + "\nC\n");
-    row("the enumerator: the heading alone", devices, {""}, "");
+    row("the enumerator: only the heading", devices, {""}, "");
 }
 
 void callRows()
@@ -148,7 +148,7 @@ RegCloseKey ...
 
 void failureRows()
 {
-    // Two devices, the first of two instances.
+    // Two devices, of which the first has two instances.
     const Described machine = usbKey("\\A\\1") + allValues() + usbKey("\\A\\2") + textValue("Service", "two") + usbKey("\\B\\1")
         + textValue("Service", "three");
     const auto row = [&](const char *name, const char *call, int number, const QString &lines) {
@@ -158,22 +158,22 @@ void failureRows()
     const QString secondDevice = "B\n   Service:             three\n\n\n";
     const QString firstInstance = allLines.join(QString()) + '\n';
     const QString full = "A\n" + firstInstance + secondInstance + '\n' + secondDevice;
-    row("the enumerator does not open: the heading alone", "RegOpenKeyExA", 0, "");
-    row("a device does not open: its name, then the next one", "RegOpenKeyExA", 1, QString("A\n") + secondDevice);
-    row("an instance does not open: nothing for it", "RegOpenKeyExA", 2,
+    row("the enumerator cannot be opened: only the heading", "RegOpenKeyExA", 0, "");
+    row("a device cannot be opened: its name, then the next one", "RegOpenKeyExA", 1, QString("A\n") + secondDevice);
+    row("an instance cannot be opened: no line for it", "RegOpenKeyExA", 2,
         QString("A\n") + secondInstance + '\n' + secondDevice);
-    row("the walk over devices fails at its start", "RegEnumKeyExA", 0, "");
-    row("the walk over instances fails at its start", "RegEnumKeyExA", 1, QString("A\n\n") + secondDevice);
-    row("the walk over instances fails behind the first", "RegEnumKeyExA", 2,
+    row("the enumeration of devices fails at its start", "RegEnumKeyExA", 0, "");
+    row("the enumeration of instances fails at its start", "RegEnumKeyExA", 1, QString("A\n\n") + secondDevice);
+    row("the enumeration of instances fails after the first", "RegEnumKeyExA", 2,
         "A\n" + firstInstance + '\n' + secondDevice);
-    row("the walk over devices fails behind the first", "RegEnumKeyExA", 4,
+    row("the enumeration of devices fails after the first", "RegEnumKeyExA", 4,
         "A\n" + firstInstance + secondInstance + '\n');
     rows.failures(machine, "RegQueryValueExA", 0, allLines,
                   {"no class", "no description", "no friendly name", "no location", "no hardware ID", "no service"}, "A\n",
                   '\n' + secondInstance + '\n' + secondDevice);
-    row("an instance does not close: nothing shows", "RegCloseKey", 0, full);
-    row("a device does not close: nothing shows", "RegCloseKey", 2, full);
-    rows.anyFailure("any call fails", machine);
+    row("an instance cannot be closed: the text is unchanged", "RegCloseKey", 0, full);
+    row("a device cannot be closed: the text is unchanged", "RegCloseKey", 2, full);
+    rows.anyFailure("each call fails in turn", machine);
 }
 
 void addRows()
@@ -183,7 +183,7 @@ void addRows()
     valueRows();
     deniedRows();
     if (windowsIsSimulated)
-        rows.text("a device and an instance whose names the code page lacks do not open",
+        rows.text("a device and an instance whose names are outside the code page cannot be opened",
                   usbKey("\\Ger\xc3\xa4t\\1") + textValue("Class", "x") + usbKey("\\Stick\\\xc3\xa4") + textValue("Class", "x"),
                   QString("Ger") + QChar(0xfffd) + "t\nStick\n\n");
     callRows();

@@ -7,8 +7,8 @@ using namespace velkor::SystemInfo::WinSysInfo;
 
 namespace {
 
-const char title[] = "Disk information: \n";
-const SectionRows rows(diskInformation, title);
+const char heading[] = "Disk information: \n";
+const SectionRows rows(diskInformation, heading);
 
 const char fullSystem[] = R"({
     "GetLogicalDrives": 13,
@@ -37,16 +37,16 @@ void driveRows()
         rows.text(name, {"", system}, lines);
     };
     row("A, C and D: three lines in the order of letters", fullSystem, QString(driveA) + driveC + driveD);
-    row("nothing known: the failure, without a line end", "{}", "Failed GetLogicalDrives(), error = 0");
-    row("the failure with its error", R"({"GetLogicalDrives": {"error": 5}})", "Failed GetLogicalDrives(), error = 5");
+    row("an empty machine: the failure, without a line end", "{}", "Failed GetLogicalDrives(), error = 0");
+    row("the failure shows its error", R"({"GetLogicalDrives": {"error": 5}})", "Failed GetLogicalDrives(), error = 5");
     row("the error is unsigned", R"({"GetLogicalDrives": {"error": 4294967295}})",
         "Failed GetLogicalDrives(), error = 4294967295");
-    row("no drive at all is a failure", R"({"GetLogicalDrives": 0})", "Failed GetLogicalDrives(), error = 0");
-    row("the lowest bit alone", R"({"GetLogicalDrives": 1})", "A:\\ \n");
-    row("the highest letter alone", R"({"GetLogicalDrives": "0x2000000"})", "Z:\\ \n");
-    row("a bit behind the letters", R"({"GetLogicalDrives": "0x4000000"})", "[:\\ \n");
-    row("the highest bit of all", R"({"GetLogicalDrives": "0x80000001"})", "A:\\ \n`:\\ \n");
-    row("drives without a bit are not shown", R"({"GetLogicalDrives": 4, "drives": {"D:\\": {"GetDriveType": 3}}})", "C:\\ \n");
+    row("no drive is a failure", R"({"GetLogicalDrives": 0})", "Failed GetLogicalDrives(), error = 0");
+    row("bit 0: drive A", R"({"GetLogicalDrives": 1})", "A:\\ \n");
+    row("bit 25: drive Z", R"({"GetLogicalDrives": "0x2000000"})", "Z:\\ \n");
+    row("bit 26 is not a drive", R"({"GetLogicalDrives": "0x4000000"})", "[:\\ \n");
+    row("bit 31 is not a drive", R"({"GetLogicalDrives": "0x80000001"})", "A:\\ \n`:\\ \n");
+    row("described drives without a bit are not shown", R"({"GetLogicalDrives": 4, "drives": {"D:\\": {"GetDriveType": 3}}})", "C:\\ \n");
 }
 
 void fieldRows()
@@ -56,7 +56,7 @@ void fieldRows()
     };
     const QByteArray volume(R"("GetVolumeInformation": {"volumeName": "Data", "fileSystemName": "FAT32"})");
     const QByteArray space(R"("GetDiskFreeSpaceEx": {"freeBytesAvailableToCaller": 1048576, "totalNumberOfBytes": 2097152})");
-    row("type 0: the volume directly behind the blank", R"("GetDriveType": 0, )" + volume, "FAT32  Data  ");
+    row("type 0 has no name", R"("GetDriveType": 0, )" + volume, "FAT32  Data  ");
     row("type 1", R"("GetDriveType": 1)", "no root dir mounted  ");
     row("type 2: a card reader without a card", R"("GetDriveType": 2)", "removable media      ");
     row("type 3", R"("GetDriveType": 3)", "fixed drive          ");
@@ -64,20 +64,20 @@ void fieldRows()
     row("type 5", R"("GetDriveType": 5)", "CD/DVD drive         ");
     row("type 6", R"("GetDriveType": 6)", "RAM disk drive       ");
     row("type 7 has no name", R"("GetDriveType": 7, )" + volume, "FAT32  Data  ");
-    row("a type beyond all tables has no name", R"("GetDriveType": 4294967295)", "");
-    row("a volume alone: the file system before the label", volume, "FAT32  Data  ");
-    row("space alone", space, "Free: 1.0 MByte Total: 2.0 MByte ");
-    row("type and space", R"("GetDriveType": 3, )" + space, "fixed drive          Free: 1.0 MByte Total: 2.0 MByte ");
+    row("the largest type has no name", R"("GetDriveType": 4294967295)", "");
+    row("only the volume: the file system precedes the label", volume, "FAT32  Data  ");
+    row("only the free space", space, "Free: 1.0 MByte Total: 2.0 MByte ");
+    row("type and free space", R"("GetDriveType": 3, )" + space, "fixed drive          Free: 1.0 MByte Total: 2.0 MByte ");
     row("a volume without a label: four blanks", R"("GetVolumeInformation": {"fileSystemName": "NTFS"})", "NTFS    ");
     row("a volume without a file system: two blanks before the label", R"("GetVolumeInformation": {"volumeName": "x"})", "  x  ");
     row("a label with placeholders", R"("GetVolumeInformation": {"volumeName": "%1 %2", "fileSystemName": "%99"})",
         "%99  %1 %2  ");
-    row("a label beyond the code page", R"("GetVolumeInformation": {"volumeName": "\u4e00", "fileSystemName": "NTFS"})",
+    row("a label outside the code page", R"("GetVolumeInformation": {"volumeName": "\u4e00", "fileSystemName": "NTFS"})",
         QString("NTFS  ") + QChar(0x4e00) + "  ");
     row("a label of 259 characters fits",
         R"("GetVolumeInformation": {"fileSystemName": "NTFS", "volumeName": ")" + QByteArray(259, 'v') + "\"}",
         "NTFS  " + QString(259, 'v') + "  ");
-    row("a label of 260 characters does not", R"("GetVolumeInformation": {"volumeName": ")" + QByteArray(260, 'v') + "\"}", "");
+    row("a label of 260 characters does not fit", R"("GetVolumeInformation": {"volumeName": ")" + QByteArray(260, 'v') + "\"}", "");
     row("sizes of 64 bits",
         R"("GetDiskFreeSpaceEx": {"freeBytesAvailableToCaller": "0xffffffffffffffff", "totalNumberOfBytes": "0x10000000000"})",
         "Free: 17179869183.9 GByte Total: 1024.0 GByte ");
@@ -108,29 +108,29 @@ SetErrorMode "0"
     const auto row = [&](const char *name, const char *call, int number, const QString &lines) {
         rows.failure(name, full, call, number, lines);
     };
-    row("the drives: the failure alone", "GetLogicalDrives", 0, "Failed GetLogicalDrives(), error = 5");
-    row("a drive's type", "GetDriveTypeW", 1,
+    row("GetLogicalDrives() fails: only the failure", "GetLogicalDrives", 0, "Failed GetLogicalDrives(), error = 5");
+    row("GetDriveType() fails", "GetDriveTypeW", 1,
         QString(driveA) + "C:\\ NTFS  Windows  Free: 1.4 GByte Total: 256.0 GByte \n" + driveD);
-    row("a volume", "GetVolumeInformationW", 1,
+    row("GetVolumeInformation() fails", "GetVolumeInformationW", 1,
         QString(driveA) + "C:\\ fixed drive          Free: 1.4 GByte Total: 256.0 GByte \n" + driveD);
-    row("the last volume", "GetVolumeInformationW", 2,
+    row("GetVolumeInformation() of the last drive fails", "GetVolumeInformationW", 2,
         QString(driveA) + driveC + "D:\\ CD/DVD drive         Free: 0 Byte Total: 1.5 KByte \n");
-    row("a drive's space", "GetDiskFreeSpaceExW", 1,
+    row("GetDiskFreeSpaceEx() fails", "GetDiskFreeSpaceExW", 1,
         QString(driveA) + "C:\\ fixed drive          NTFS  Windows  \n" + driveD);
-    rows.anyFailure("any call fails", full);
+    rows.anyFailure("each call fails in turn", full);
 }
 
-void errorModeIsTheDefault()
+void errorModeIsZeroAfterwards()
 {
     SetErrorMode(SEM_NOGPFAULTERRORBOX);
     diskInformation();
-    QCOMPARE(SetErrorMode(0), 0u); // the mode before
+    QCOMPARE(SetErrorMode(0), 0u); // returns the previous mode
 }
 
 void drivesOfThisSystem()
 {
     QStringList roots;
-    for (const QString &line : diskInformation().mid(QLatin1String(title).size()).split('\n', Qt::SkipEmptyParts))
+    for (const QString &line : diskInformation().mid(QLatin1String(heading).size()).split('\n', Qt::SkipEmptyParts))
         roots += line.left(4);
     QStringList expected;
     for (char letter = 'A'; letter <= 'Z'; ++letter) {
@@ -144,7 +144,7 @@ void drivesOfThisSystem()
 
 void addRows()
 {
-    addTestRow("the error mode is the default afterwards", errorModeIsTheDefault);
+    addTestRow("the error mode is 0 afterwards", errorModeIsZeroAfterwards);
     if (!windowsIsSimulated)
         return addTestRow("drives of this system", drivesOfThisSystem);
     driveRows();

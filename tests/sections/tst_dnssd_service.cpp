@@ -1,4 +1,4 @@
-// The checks of both DNS-SD client libraries. On Windows they load those of
+// Both DNS-SD checks: results and texts. On Windows they load the libraries of
 // tests/dnssd_libraries.
 
 #include "section_rows.h"
@@ -36,7 +36,7 @@ Described described(const QString &state)
     return {"", "{\"libraries\": {" + libraries.value(state) + "}}"};
 }
 
-/// The libraries in a state, while the object exists.
+/// The libraries are in a state while the object exists.
 class Libraries
 {
 public:
@@ -76,11 +76,11 @@ public:
 
 using Check = bool (*)(int &, QString &);
 
-/// What a check returns and stores.
+/// The result, the error code and the version of a check.
 QString resultOf(Check check)
 {
     int error = 4711;
-    QString version("as it was");
+    QString version("unchanged");
     const bool installed = check(error, version);
     return QString("%1, %2, %3").arg(installed ? "installed" : "not installed").arg(error).arg(version);
 }
@@ -105,16 +105,16 @@ void checkRows()
     row("velkor: running", "running", false, "installed, 0, 130.0.5");
     row("standard: version 0", "version_0", true, "installed, 0, 0.0.0");
     row("velkor: version 0", "version_0", false, "installed, 0, 0.0.0");
-    row("standard: daemon stopped", "stopped", true, "installed, -65563, as it was");
-    row("velkor: daemon stopped", "stopped", false, "installed, -65563, as it was");
-    row("standard: another error", "failing", true, "installed, -65537, as it was");
-    row("velkor: another error", "failing", false, "installed, -65537, as it was");
-    row("standard: a library without the function", "without_function", true, "installed, 0, as it was");
-    row("velkor: a library without the function", "without_function", false, "installed, 0, as it was");
-    row("standard: neither library", "missing", true, "not installed, 0, as it was");
-    row("velkor: neither library", "missing", false, "not installed, 0, as it was");
-    row("standard: only the other library", "velkor_alone", true, "not installed, 0, as it was");
-    row("velkor: only the other library", "standard_alone", false, "not installed, 0, as it was");
+    row("standard: daemon stopped", "stopped", true, "installed, -65563, unchanged");
+    row("velkor: daemon stopped", "stopped", false, "installed, -65563, unchanged");
+    row("standard: another error", "failing", true, "installed, -65537, unchanged");
+    row("velkor: another error", "failing", false, "installed, -65537, unchanged");
+    row("standard: a library without the function", "without_function", true, "installed, 0, unchanged");
+    row("velkor: a library without the function", "without_function", false, "installed, 0, unchanged");
+    row("standard: no library", "missing", true, "not installed, 0, unchanged");
+    row("velkor: no library", "missing", false, "not installed, 0, unchanged");
+    row("standard: only the other library", "velkor_alone", true, "not installed, 0, unchanged");
+    row("velkor: only the other library", "standard_alone", false, "not installed, 0, unchanged");
 }
 
 void statusRows()
@@ -132,13 +132,13 @@ void statusRows()
     const char *const failing = "installed.\nDNS-SD version:  failed to get version, error = -65537\n";
     row("running", "running", "installed.\nDNS-SD version: 321.0.0\n", "installed.\nDNS-SD version: 130.0.5\n");
     row("version 0", "version_0", "installed.\nDNS-SD version: 0.0.0\n", "installed.\nDNS-SD version: 0.0.0\n");
-    row("daemon stopped: two blanks behind the colon", "stopped", stopped, stopped);
-    row("another error: a bare number", "failing", failing, failing);
-    row("a library without the function: nothing behind the blank", "without_function", "installed.\nDNS-SD version: \n",
+    row("daemon stopped: two blanks after the colon", "stopped", stopped, stopped);
+    row("another error: its number", "failing", failing, failing);
+    row("a library without the function: an empty version", "without_function", "installed.\nDNS-SD version: \n",
         "installed.\nDNS-SD version: \n");
-    row("neither library", "missing", "not installed.\n", "not installed.\n");
-    row("the standard library alone", "standard_alone", "installed.\nDNS-SD version: 321.0.0\n", "not installed.\n");
-    row("the maker's library alone", "velkor_alone", "not installed.\n", "installed.\nDNS-SD version: 130.0.5\n");
+    row("no library", "missing", "not installed.\n", "not installed.\n");
+    row("only the standard library", "standard_alone", "installed.\nDNS-SD version: 321.0.0\n", "not installed.\n");
+    row("only the velkor library", "velkor_alone", "not installed.\n", "installed.\nDNS-SD version: 130.0.5\n");
 }
 
 void formatRows()
@@ -150,17 +150,17 @@ void formatRows()
     row("a version", "L: ", true, 0, "1.2.3", "L: installed.\nDNS-SD version: 1.2.3\n");
     row("no version", "L: ", true, 0, "", "L: installed.\nDNS-SD version: \n");
     row("not installed: neither error nor version", "L: ", false, serviceNotRunning, "1.2.3", "L: not installed.\n");
-    row("the named error, without the version", "L: ", true, serviceNotRunning, "1.2.3",
+    row("the error that has a name: no version", "L: ", true, serviceNotRunning, "1.2.3",
         "L: installed.\nDNS-SD version:  failed to get version, error = -65563 (kDNSServiceErr_ServiceNotRunning)\n");
-    row("an error beside it has no name", "L: ", true, serviceNotRunning + 1, "",
+    row("the next error has no name", "L: ", true, serviceNotRunning + 1, "",
         "L: installed.\nDNS-SD version:  failed to get version, error = -65562\n");
-    row("its positive number has no name", "L: ", true, -serviceNotRunning, "",
+    row("the positive number of that error has no name", "L: ", true, -serviceNotRunning, "",
         "L: installed.\nDNS-SD version:  failed to get version, error = 65563\n");
     row("the lowest error", "L: ", true, std::numeric_limits<int>::min(), "",
         "L: installed.\nDNS-SD version:  failed to get version, error = -2147483648\n");
     row("an empty label", "", false, 0, "", "not installed.\n");
-    row("placeholders stay", "%1 ", true, 0, "%1", "%1 installed.\nDNS-SD version: %1\n");
-    row("a placeholder in the label takes no error", "%1 ", true, -1, "",
+    row("placeholders are not replaced", "%1 ", true, 0, "%1", "%1 installed.\nDNS-SD version: %1\n");
+    row("a placeholder in the label is not replaced with the error", "%1 ", true, -1, "",
         "%1 installed.\nDNS-SD version:  failed to get version, error = -1\n");
 }
 
@@ -173,10 +173,10 @@ void versionRows()
         rows.text(name,
                   {"", R"({"libraries": {"dnssd.dll": {"DNSServiceGetProperty": {"DaemonVersion": )" + version + "}}}}"}, text);
     };
-    row("the last part at its highest", "99", "0.0.99");
-    row("the second part at its lowest", "100", "0.1.0");
-    row("both at their highest", "9999", "0.99.99");
-    row("the first part at its lowest", "10000", "1.0.0");
+    row("the largest last part", "99", "0.0.99");
+    row("the smallest second part above 0", "100", "0.1.0");
+    row("the largest second and last part", "9999", "0.99.99");
+    row("the smallest first part above 0", "10000", "1.0.0");
     row("all parts, without padding", "10203", "1.2.3");
     row("321.0.0", "3210000", "321.0.0");
     row("130.0.5", "1300005", "130.0.5");
@@ -201,13 +201,13 @@ void callRows()
     const SectionRows standard(checkStandardBonjourText, "Standard Bonjour: ");
     const Described running = described("running");
     standard.text("a null library", {"", R"({"libraries": {"dnssd.dll": null}})"}, "not installed.\n");
-    standard.failure("the library does not load", running, "LoadLibraryW", 0, "not installed.\n");
-    standard.failure("the function is not found", running, "GetProcAddress", 0, "installed.\nDNS-SD version: \n");
+    standard.failure("LoadLibrary() fails", running, "LoadLibraryW", 0, "not installed.\n");
+    standard.failure("GetProcAddress() fails", running, "GetProcAddress", 0, "installed.\nDNS-SD version: \n");
     standard.failure("the query fails", running, "DNSServiceGetProperty", 0,
                      "installed.\n"
                      "DNS-SD version:  failed to get version, error = -65563 (kDNSServiceErr_ServiceNotRunning)\n",
                      DWORD(serviceNotRunning));
-    standard.failure("the library is not freed: nothing shows", running, "FreeLibrary", 0,
+    standard.failure("FreeLibrary() fails: the text is unchanged", running, "FreeLibrary", 0,
                      "installed.\nDNS-SD version: 321.0.0\n");
 }
 

@@ -16,8 +16,8 @@ namespace {
 
 using Variables = QMap<QString, QString>;
 
-const char title[] = "Some environment variables:\n";
-const SectionRows rows(someEnvironmentVariables, title);
+const char heading[] = "Some environment variables:\n";
+const SectionRows rows(someEnvironmentVariables, heading);
 
 const Variables allVariables {{"OS", "Windows_NT"},
                               {"PATH", "C:\\Windows;C:\\Tools"},
@@ -83,7 +83,7 @@ QString textOf(const Variables &variables)
 
 void addText(const char *name, const Variables &variables, const QString &lines)
 {
-    addTestRow(name, [=] { COMPARE_TEXT(textOf(variables), title + lines); });
+    addTestRow(name, [=] { COMPARE_TEXT(textOf(variables), heading + lines); });
 }
 
 #endif
@@ -91,7 +91,7 @@ void addText(const char *name, const Variables &variables, const QString &lines)
 void textRows()
 {
     addText("all", allVariables, allLines.join(QString()));
-    addText("none: the templates as they stand", {},
+    addText("no variable: the templates are unchanged", {},
             "OS       = %OS%\nPATH     = %PATH%\nHOMEPATH = %HOMEPATH%\nTEMP     = %TEMP%\n"
             "PROCESSOR_IDENTIFIER = %PROCESSOR_IDENTIFIER%\n");
     addText("OS is not set", without("OS"), linesWith(0, "OS       = %OS%\n"));
@@ -101,12 +101,12 @@ void textRows()
     addText("PROCESSOR_IDENTIFIER is not set", without("PROCESSOR_IDENTIFIER"),
             linesWith(4, "PROCESSOR_IDENTIFIER = %PROCESSOR_IDENTIFIER%\n"));
     addText("a value is not expanded again", with("PATH", "%TEMP%;x"), linesWith(1, "PATH     = %TEMP%;x\n"));
-    addText("placeholders stay", with("TEMP", "%1 %2 %99 %L1"), linesWith(3, "TEMP     = %1 %2 %99 %L1\n"));
-    addText("characters beyond the code page", with("TEMP", QString(QChar(0x4e00))),
+    addText("placeholders are not replaced", with("TEMP", "%1 %2 %99 %L1"), linesWith(3, "TEMP     = %1 %2 %99 %L1\n"));
+    addText("characters outside the code page", with("TEMP", QString(QChar(0x4e00))),
             linesWith(3, QString("TEMP     = ") + QChar(0x4e00) + '\n'));
     // The buffer holds 32768 units, the terminator among them.
     addText("32766 characters", with("PATH", QString(32755, 'p')), linesWith(1, "PATH     = " + QString(32755, 'p') + '\n'));
-    if (windowsIsSimulated) // Wine drops the last one
+    if (windowsIsSimulated) // Wine drops the last character
         addText("32767 characters fit", with("PATH", QString(32756, 'p')),
                 linesWith(1, "PATH     = " + QString(32756, 'p') + '\n'));
 }
@@ -121,25 +121,25 @@ void simulatedRows()
     for (int i = 0; i < 5; ++i)
         failed += QString("Expand env var %1 failed!\n").arg(i);
     rows.withoutMachine(failed.join(QString()));
-    rows.text("names without regard to case",
+    rows.text("value names are case-insensitive",
               {"", R"({"environment": {"os": "a", "Path": "b", "homePath": "c", "Temp": "d", "Processor_Identifier": "e",
                                        "OTHER": "f"}})"},
               "OS       = a\nPATH     = b\nHOMEPATH = c\nTEMP     = d\nPROCESSOR_IDENTIFIER = e\n");
     for (int i = 0; i < 5; ++i) {
         machine::Machine machine = all.machine;
         machine.system.expansionErrors[names.at(i)] = ERROR_NOT_ENOUGH_MEMORY;
-        rows.text(QString("template %1 fails: its number alone names it").arg(i), machine, linesWith(i, failed.at(i)));
+        rows.text(QString("template %1 fails: the line has only its number").arg(i), machine, linesWith(i, failed.at(i)));
         rows.failure(QString("call %1 fails").arg(i), all, "ExpandEnvironmentStringsW", i, linesWith(i, failed.at(i)));
     }
     addText("32768 characters do not fit", with("PATH", QString(32757, 'x')),
             linesWith(1, "Expand env var 1, buffer too small, would need 32769\n"));
-    addText("a far longer one", with("PROCESSOR_IDENTIFIER", QString(99977, 'x')),
+    addText("a far longer value", with("PROCESSOR_IDENTIFIER", QString(99977, 'x')),
             linesWith(4, "Expand env var 4, buffer too small, would need 100001\n"));
-    // The section removes the last unit only when it is a null.
-    addTestRow("without terminators", [] {
+    // The section removes the last unit only if it is U+0000.
+    addTestRow("without a terminators", [] {
         const DescribedWindows windows(machineOf(allVariables).machine);
         const simulated::UnterminatedTexts unterminated;
-        COMPARE_TEXT(someEnvironmentVariables(), title + allLines.join(QString()));
+        COMPARE_TEXT(someEnvironmentVariables(), heading + allLines.join(QString()));
     });
     rows.calls("calls", all, R"(HeapAlloc 65536
 ExpandEnvironmentStringsW "OS       = %OS%" 32768
@@ -150,7 +150,7 @@ ExpandEnvironmentStringsW "PROCESSOR_IDENTIFIER = %PROCESSOR_IDENTIFIER%" 32768
 HeapFree
 )");
     const SectionRows withoutTitle(someEnvironmentVariables, "");
-    withoutTitle.failure("no memory: not even the heading", all, "HeapAlloc", 0, "");
+    withoutTitle.failure("no memory: an empty text", all, "HeapAlloc", 0, "");
 }
 
 #endif

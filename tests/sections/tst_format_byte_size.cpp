@@ -1,4 +1,4 @@
-// formatByteSize(): the boundaries of its units and of its digit.
+// formatByteSize(): limits of the units and of the decimal digit.
 
 #include "rows.h"
 #include "win/format_byte_size.h"
@@ -18,35 +18,35 @@ void text()
     };
     row("nothing", 0, "0 Byte");
     row("one byte", 1, "1 Byte");
-    row("last without a unit", 1023, "1023 Byte");
+    row("last in Byte", 1023, "1023 Byte");
     row("first KByte", 1024, "1.0 KByte");
     row("a KByte and a half", 1536, "1.5 KByte");
     row("last below two KByte", 2047, "1.9 KByte");
     row("two KByte", 2048, "2.0 KByte");
-    row("last KByte: cut, not rounded", 1048575, "1023.9 KByte");
+    row("last KByte: truncated, not rounded", 1048575, "1023.9 KByte");
     row("first MByte", 1048576, "1.0 MByte");
     row("last below 1.5 MByte", 1572863, "1.4 MByte");
     row("1.5 MByte", 1572864, "1.5 MByte");
     row("last below two MByte", 2097151, "1.9 MByte");
-    row("last MByte: cut, not rounded", 1073741823, "1023.9 MByte");
+    row("last MByte: truncated, not rounded", 1073741823, "1023.9 MByte");
     row("first GByte", 1073741824, "1.0 GByte");
     row("last below 1.5 GByte", 1610612735, "1.4 GByte");
     row("1.5 GByte", 1610612736, "1.5 GByte");
-    row("last 31-bit size", 2147483647, "1.9 GByte");
-    row("first beyond 31 bits", 2147483648, "2.0 GByte");
-    row("last 32-bit size", 4294967295, "3.9 GByte");
-    row("first beyond 32 bits", 4294967296, "4.0 GByte");
+    row("largest signed 32-bit size", 2147483647, "1.9 GByte");
+    row("first larger than signed 32 bits", 2147483648, "2.0 GByte");
+    row("largest 32-bit size", 4294967295, "3.9 GByte");
+    row("first larger than 32 bits", 4294967296, "4.0 GByte");
     row("16 GByte", 17179869184, "16.0 GByte");
     row("no unit beyond GByte: last below 2^40", 1099511627775, "1023.9 GByte");
     row("no unit beyond GByte: 2^40", 1099511627776, "1024.0 GByte");
-    row("last signed size", 9223372036854775807u, "8589934591.9 GByte");
-    row("first beyond the signed sizes", 9223372036854775808u, "8589934592.0 GByte");
+    row("largest signed 64-bit size", 9223372036854775807u, "8589934591.9 GByte");
+    row("first larger than signed 64 bits", 9223372036854775808u, "8589934592.0 GByte");
     row("largest size", 18446744073709551615u, "17179869183.9 GByte");
 }
 
-// The digit counts tenths of 1024 units of the next smaller kind, and becomes another
-// one at these.
-void digitIsCut()
+// The digit counts tenths of a unit, which is 1024 of the next smaller unit. These are the smallest
+// sizes that have each digit, and the sizes before them.
+void digitIsTruncated()
 {
     const auto row = [](const QString &name, quint64 remainder, int digit) {
         addTestRow(name, [=] {
@@ -71,7 +71,7 @@ void digitIsCut()
 void addTests()
 {
     addTestRows("text", text);
-    addTestRows("digitIsCut", digitIsCut);
+    addTestRows("digitIsTruncated", digitIsTruncated);
 }
 
 } // namespace

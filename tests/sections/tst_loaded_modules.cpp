@@ -1,4 +1,4 @@
-// loadedModules() and its lines of the report
+// loadedModules() and loadedModulesText()
 
 #include "section_rows.h"
 #include "win/windows_sections.h"
@@ -11,7 +11,7 @@ using namespace velkor::SystemInfo::WinSysInfo;
 
 namespace {
 
-const char title[] = "Loaded modules/DLLs:\n";
+const char heading[] = "Loaded modules/DLLs:\n";
 
 /// A line for each module.
 QString lines(const QStringList &modules)
@@ -19,7 +19,7 @@ QString lines(const QStringList &modules)
     return modules.join('\n') + (modules.isEmpty() ? "" : "\n");
 }
 
-const SectionRows section(loadedModulesText, title);
+const SectionRows section(loadedModulesText, heading);
 const SectionRows list([] { return lines(loadedModules()); }, "");
 
 Described machineOf(const QStringList &names)
@@ -29,7 +29,7 @@ Described machineOf(const QStringList &names)
     return machine;
 }
 
-/// "0", "1" and so on.
+/// The names "0", "1" and so on.
 QStringList numbered(int count)
 {
     QStringList names;
@@ -44,28 +44,28 @@ void nameRows()
         list.text(name, machine, lines(expected));
         section.text(QString("lines: ") + name, machine, lines(expected));
     };
-    row("five modules, the program's own file first", R"(["h.exe", "ntdll.dll", "kernel32.dll", "a.dll", "B.dll"])",
+    row("five modules, the program first", R"(["h.exe", "ntdll.dll", "kernel32.dll", "a.dll", "B.dll"])",
         {"h.exe", "ntdll.dll", "kernel32.dll", "a.dll", "B.dll"});
     row("no module", "[]", {});
-    row("neither sorted nor made unique", R"(["z", "a", "Z", "a"])", {"z", "a", "Z", "a"});
+    row("names are neither sorted nor deduplicated", R"(["z", "a", "Z", "a"])", {"z", "a", "Z", "a"});
     row("an unreadable name is left out", R"(["a", null, "c"])", {"a", "c"});
     row("an unreadable name first", R"([null, "b"])", {"b"});
     row("unreadable names only", "[null, null]", {});
-    row("placeholders stay", R"(["%1 %2 %99"])", {"%1 %2 %99"});
-    row("characters beyond the code page", R"(["\u4e00"])", {QString(QChar(0x4e00))});
+    row("placeholders are not replaced", R"(["%1 %2 %99"])", {"%1 %2 %99"});
+    row("characters outside the code page", R"(["\u4e00"])", {QString(QChar(0x4e00))});
     row("a byte-order mark is a character", R"(["\ufeffa"])", {QChar(0xfeff) + QString("a")});
     row("259 characters", "[\"" + QByteArray(259, 'm') + "\"]", {QString(259, 'm')});
-    row("260 characters: as many as the buffer holds", "[\"" + QByteArray(260, 'm') + "\", \"b\"]",
+    row("260 characters are truncated to the buffer", "[\"" + QByteArray(260, 'm') + "\", \"b\"]",
         {QString(259, 'm'), "b"});
     list.text("no list", "", "");
     section.text("lines: no list", "", "");
-    list.text("1023: all", machineOf(numbered(1023)), lines(numbered(1023)));
-    list.text("1024: all", machineOf(numbered(1024)), lines(numbered(1024)));
-    list.text("1025: the first 1024", machineOf(numbered(1025)), lines(numbered(1024)));
-    list.text("5000: the first 1024", machineOf(numbered(5000)), lines(numbered(1024)));
+    list.text("1023 modules: all", machineOf(numbered(1023)), lines(numbered(1023)));
+    list.text("1024 modules: all", machineOf(numbered(1024)), lines(numbered(1024)));
+    list.text("1025 modules: the first 1024", machineOf(numbered(1025)), lines(numbered(1024)));
+    list.text("5000 modules: the first 1024", machineOf(numbered(5000)), lines(numbered(1024)));
     Described unreadable = machineOf(numbered(1030));
     unreadable.machine.system.EnumProcessModules.value->front().reset();
-    list.text("one that cannot be named makes no room for another", unreadable, lines(numbered(1024).mid(1)));
+    list.text("1025 modules, one of which has no name: the first 1024 without it", unreadable, lines(numbered(1024).mid(1)));
 }
 
 /// The calls for a process of that many modules.
@@ -89,10 +89,10 @@ void callRows()
         others.removeAt(index);
         list.failure(name, machineOf(names), "GetModuleFileNameExW", index, lines(others));
     };
-    list.failure("the list", machineOf(names), "EnumProcessModules", 0, "");
-    withoutName("the first name", 0);
-    withoutName("a name between", 2);
-    withoutName("the last name", 4);
+    list.failure("EnumProcessModules() fails", machineOf(names), "EnumProcessModules", 0, "");
+    withoutName("GetModuleFileNameEx() of the first module fails", 0);
+    withoutName("GetModuleFileNameEx() of a module in the middle fails", 2);
+    withoutName("GetModuleFileNameEx() of the last module fails", 4);
 }
 
 void modulesOfThisProcess()
@@ -105,7 +105,7 @@ void modulesOfThisProcess()
     QCOMPARE(modules.first().toLower(), QDir::toNativeSeparators(QCoreApplication::applicationFilePath()).toLower());
     QCOMPARE(named("\\\\Qt5Core\\.dll$"), 1);
     QCOMPARE(named("\\\\kernel32\\.dll$"), 1);
-    COMPARE_TEXT(loadedModulesText(), title + lines(modules));
+    COMPARE_TEXT(loadedModulesText(), heading + lines(modules));
 }
 
 void addRows()

@@ -8,8 +8,8 @@ using namespace velkor::SystemInfo::WinSysInfo;
 
 namespace {
 
-const QString title = "Memory Information:\n";
-const SectionRows rows(memoryInfo, title);
+const QString heading = "Memory Information:\n";
+const SectionRows rows(memoryInfo, heading);
 
 Described memory(const char *fields)
 {
@@ -18,8 +18,8 @@ Described memory(const char *fields)
 
 void simulatedRows()
 {
-    rows.text("an empty machine: the title alone", "", "");
-    rows.text("the call fails: the title alone", memory("\"error\": 87"), "");
+    rows.text("an empty machine: only the heading", "", "");
+    rows.text("the call fails: only the heading", memory("\"error\": 87"), "");
     rows.text("every number is 0", memory("\"dwMemoryLoad\": 0"),
               "MemoryLoad:            0%\n"
               "TotalPhys:             0 Byte = 0 Byte\n"
@@ -28,7 +28,7 @@ void simulatedRows()
               "AvailPageFile:         0 Byte = 0 Byte\n"
               "TotalVirtual:          0 Byte = 0 Byte\n"
               "AvailVirtual:          0 Byte = 0 Byte\n");
-    rows.text("each field on its own line, each unit",
+    rows.text("each field, in each unit",
               memory(R"("dwMemoryLoad": 100, "ullTotalPhys": 17179869184, "ullAvailPhys": 1610612735,
                         "ullTotalPageFile": 1048576, "ullAvailPageFile": 1048575,
                         "ullTotalVirtual": 1536, "ullAvailVirtual": 1023)"),
@@ -53,8 +53,8 @@ void simulatedRows()
     rows.failure("the call fails", memory("\"dwMemoryLoad\": 1"), "GlobalMemoryStatusEx", 0, "");
 }
 
-// The lines whose numbers do not change from call to call.
-void whatWindowsAnswers()
+// Compares the numbers that do not change between two calls, and the labels of the others.
+void sameAsWindows()
 {
     MEMORYSTATUSEX status = {};
     status.dwLength = sizeof status;
@@ -64,7 +64,7 @@ void whatWindowsAnswers()
     };
     const QStringList lines = memoryInfo().split('\n');
     QCOMPARE(lines.size(), 9);
-    QCOMPARE(lines.first() + '\n', title);
+    QCOMPARE(lines.first() + '\n', heading);
     QVERIFY(lines.at(1).startsWith("MemoryLoad:            ") && lines.at(1).endsWith('%'));
     QCOMPARE(lines.at(2), line("TotalPhys:             ", status.ullTotalPhys));
     QVERIFY(lines.at(3).startsWith("AvailPhys:             "));
@@ -78,7 +78,7 @@ void addRows()
     if (windowsIsSimulated)
         simulatedRows();
     else
-        addTestRow("what Windows answers", whatWindowsAnswers);
+        addTestRow("same as Windows", sameAsWindows);
 }
 
 } // namespace

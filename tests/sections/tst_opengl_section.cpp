@@ -1,4 +1,4 @@
-// The OpenGL section where there is OpenGL. Needs a display.
+// GetOpenGLInfo() with OpenGL, which needs a display.
 
 #include "described_windows.h"
 #include "test_main.h"
@@ -28,14 +28,14 @@ private Q_SLOTS:
     void init();
     void equalsAnIndependentProgram_data();
     void equalsAnIndependentProgram();
-    void allThatNoOpenGLLeavesOut();
+    void noOpenGLOmitsOnlyTheSection();
 #ifdef SIMULATED_WINDOWS
     void cleanup();
     void flagsLine();
     void overlaysLine();
-    void answers_data();
-    void answers();
-    void askedInAHiddenWidgetsContext();
+    void openGLStrings_data();
+    void openGLStrings();
+    void contextBelongsToAHiddenWidget();
 #endif
 };
 
@@ -48,12 +48,12 @@ const char twoDrivers[] = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows NT\
 
 QString section()
 {
-    QString info = QStringLiteral("what was there before");
+    QString info = QStringLiteral("previous text");
     ScanOpenGLInfo(nullptr).GetOpenGLInfo(info);
     return info;
 }
 
-/// Everything but the direct part.
+/// The text up to the OpenGL strings.
 QString sectionStart(const QString &flagsAndName, const QString &drivers, const char *overlays = "0")
 {
     return QStringLiteral("#### QGLFormat #### \n"
@@ -74,7 +74,7 @@ QString directPart(const QString &version, const QString &vendor, const QString 
         + QStringLiteral("\nglGetString(GL_EXTENSIONS) = ") + extensions + "\n";
 }
 
-/// The report with what changes from one moment to the next taken out.
+/// The report without times and memory sizes, which change between two calls.
 QString withoutMoment(const QString &report)
 {
     const QStringList labels = {"Local Date and Time: ", "UTC   Date and Time: ", "MemoryLoad: ", "AvailPhys: ",
@@ -91,7 +91,7 @@ QString withoutMoment(const QString &report)
     return lines.join(QLatin1Char('\n'));
 }
 
-/// What another program says of OpenGL: version, vendor, renderer, extensions.
+/// The strings that independent_gl prints: version, vendor, renderer, extensions.
 QStringList independentAnswers()
 {
     QProcess program;
@@ -102,7 +102,7 @@ QStringList independentAnswers()
     return QString::fromLatin1(program.readAll()).remove(QLatin1Char('\r')).split(QLatin1Char('\n'));
 }
 
-/// "0x..." and the name of that version; Qt has no flags beyond 4.3.
+/// The flags in hexadecimal and the name of the version. Qt has no flag for versions after 4.3.
 QString flagsAndName(const QString &version)
 {
     const QString number = qMin(version.left(3), QStringLiteral("4.3"));
@@ -122,7 +122,7 @@ void OpenGLSectionTest::equalsAnIndependentProgram_data()
     QTest::addColumn<QByteArray>("registry");
     QTest::addColumn<QString>("drivers");
     QTest::newRow("no drivers in the registry") << QByteArray() << QString();
-    QTest::newRow("two drivers: nothing between them and the direct part")
+    QTest::newRow("two drivers: the OpenGL strings follow directly")
         << QByteArray(twoDrivers) << "A   x.dll\nB   y.dll\n";
 }
 
@@ -131,7 +131,7 @@ void OpenGLSectionTest::equalsAnIndependentProgram()
     QFETCH(QByteArray, registry);
     QFETCH(QString, drivers);
     const QStringList independent = independentAnswers();
-    QCOMPARE(independent.size(), 5); // four lines and what is behind the last line end
+    QCOMPARE(independent.size(), 5); // four lines, and the empty text after the last line end
     for (int i = 0; i < 4; ++i)
         QVERIFY(!independent.at(i).isEmpty());
     const QString expected = sectionStart(flagsAndName(independent.at(0)), drivers)
@@ -141,10 +141,10 @@ void OpenGLSectionTest::equalsAnIndependentProgram()
     COMPARE_TEXT(section(), expected);
 }
 
-// The section and one separator, and nothing else.
-void OpenGLSectionTest::allThatNoOpenGLLeavesOut()
+// noOpenGL omits exactly the section and one separator.
+void OpenGLSectionTest::noOpenGLOmitsOnlyTheSection()
 {
-    allInfos(false); // loads what OpenGL needs, which the loaded modules show
+    allInfos(false); // loads the OpenGL libraries, which the list of loaded modules shows
     const QString whole = allInfos(false);
     const QString expected = allInfos(true) + section() + separator();
     COMPARE_TEXT(withoutMoment(whole), withoutMoment(expected));
@@ -154,7 +154,7 @@ void OpenGLSectionTest::allThatNoOpenGLLeavesOut()
 
 namespace {
 
-// As the OpenGL registry numbers them, in the order of the section.
+// The values of the OpenGL registry, in the order of the section.
 const std::vector<unsigned> names {0x1F02, 0x1F00, 0x1F01, 0x1F03};
 
 } // namespace
@@ -183,26 +183,26 @@ void OpenGLSectionTest::overlaysLine()
     COMPARE_TEXT(section(), sectionStart("0x1f OpenGL 1.5", QString(), "1") + directPart("x", "x", "x", "x"));
 }
 
-void OpenGLSectionTest::answers_data()
+void OpenGLSectionTest::openGLStrings_data()
 {
-    QTest::addColumn<QList<QByteArray>>("answers"); // a null text for a null pointer
+    QTest::addColumn<QList<QByteArray>>("answers"); // a null QByteArray stands for a null pointer
     QTest::addColumn<QString>("expected");
     const QByteArray null;
-    QTest::newRow("each on its own line") << QList<QByteArray> {"1", "2", "3", "4 5 6 "} << directPart("1", "2", "3", "4 5 6 ");
+    QTest::newRow("each string on its own line") << QList<QByteArray> {"1", "2", "3", "4 5 6 "} << directPart("1", "2", "3", "4 5 6 ");
     QTest::newRow("no version") << QList<QByteArray> {null, "2", "3", "4"} << directPart("", "2", "3", "4");
     QTest::newRow("no vendor") << QList<QByteArray> {"1", null, "3", "4"} << directPart("1", "", "3", "4");
     QTest::newRow("no renderer") << QList<QByteArray> {"1", "2", null, "4"} << directPart("1", "2", "", "4");
     QTest::newRow("no extensions") << QList<QByteArray> {"1", "2", "3", null} << directPart("1", "2", "3", "");
-    QTest::newRow("nothing at all") << QList<QByteArray> {null, null, null, null} << directPart("", "", "", "");
+    QTest::newRow("four null pointers") << QList<QByteArray> {null, null, null, null} << directPart("", "", "", "");
     QTest::newRow("empty texts") << QList<QByteArray> {"", "", "", ""} << directPart("", "", "", "");
-    QTest::newRow("Latin-1, not UTF-8")
+    QTest::newRow("strings are decoded as Latin-1")
         << QList<QByteArray> {"\xe9", "\xc3\xa9", "\xff", "\x80"}
         << directPart(QChar(0xe9), QString(QChar(0xc3)) + QChar(0xa9), QChar(0xff), QChar(0x80));
-    QTest::newRow("placeholders stay as they are")
+    QTest::newRow("placeholders are not replaced")
         << QList<QByteArray> {"%1", "%2", "%1%1", "%L1"} << directPart("%1", "%2", "%1%1", "%L1");
 }
 
-void OpenGLSectionTest::answers()
+void OpenGLSectionTest::openGLStrings()
 {
     QFETCH(QList<QByteArray>, answers);
     QFETCH(QString, expected);
@@ -219,7 +219,7 @@ void OpenGLSectionTest::answers()
     QVERIFY(asked == names);
 }
 
-void OpenGLSectionTest::askedInAHiddenWidgetsContext()
+void OpenGLSectionTest::contextBelongsToAHiddenWidget()
 {
     version_flags::pretended = 0x1f;
     int contexts = 0, hiddenWidgets = 0;

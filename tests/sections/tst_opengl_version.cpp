@@ -1,4 +1,4 @@
-// ScanOpenGLInfo as a class, and the OpenGL version probe.
+// ScanOpenGLInfo as an exported class, GetOpenGLVersion() and GetOpenGLVersionCached().
 
 #include "opengl/opengl_version.h"
 #include "test_main.h"
@@ -25,9 +25,9 @@ class OpenGLVersionTest : public QObject
 private Q_SLOTS:
     void metaObjectOfTheClass();
     void castByName();
-    void metacallIsLeftToQObject();
+    void metacallForwardsToQObject();
     void parentDeletesIt();
-    void deletedThroughItsBase();
+    void canBeDeletedThroughItsBase();
     void defaultRecord();
     void versionOfFlags_data();
     void versionOfFlags();
@@ -40,11 +40,11 @@ private Q_SLOTS:
 #endif
 };
 
-// The shape that hosts were compiled against.
+// The layout that hosts are compiled with.
 static_assert(std::is_base_of_v<QObject, ScanOpenGLInfo> && sizeof(ScanOpenGLInfo) == sizeof(QObject),
-              "an object without state of its own");
-static_assert(std::is_constructible_v<ScanOpenGLInfo, QObject *>, "made with a parent");
-static_assert(std::has_virtual_destructor_v<ScanOpenGLInfo>, "deleted through any base");
+              "no data members");
+static_assert(std::is_constructible_v<ScanOpenGLInfo, QObject *>, "a constructor with a parent");
+static_assert(std::has_virtual_destructor_v<ScanOpenGLInfo>, "a virtual destructor");
 static_assert(std::is_same_v<decltype(&ScanOpenGLInfo::GetOpenGLVersion), COpenGLVersionInfo (*)()>, "static");
 static_assert(std::is_same_v<decltype(&ScanOpenGLInfo::GetOpenGLVersionCached), COpenGLVersionInfo (*)()>, "static");
 static_assert(std::is_same_v<decltype(&ScanOpenGLInfo::GetOpenGLInfo), void (ScanOpenGLInfo::*)(QString &)>,
@@ -65,7 +65,7 @@ static_assert(offsetof(COpenGLVersionInfo, bDefault) == 0 && offsetof(COpenGLVer
 
 namespace {
 
-/// All five fields, so that a test can compare them at once.
+/// The five fields as one text.
 QString shown(const COpenGLVersionInfo &info)
 {
     const auto &[isDefault, flags, major, minor, name] = info;
@@ -105,7 +105,7 @@ void OpenGLVersionTest::castByName()
     QCOMPARE(qobject_cast<ScanOpenGLInfo *>(static_cast<QObject *>(this)), static_cast<ScanOpenGLInfo *>(nullptr));
 }
 
-void OpenGLVersionTest::metacallIsLeftToQObject()
+void OpenGLVersionTest::metacallForwardsToQObject()
 {
     ScanOpenGLInfo scan(nullptr);
     const int methodsOfQObject = QObject::staticMetaObject.methodCount();
@@ -128,7 +128,7 @@ void OpenGLVersionTest::parentDeletesIt()
     QVERIFY(!scan);
 }
 
-void OpenGLVersionTest::deletedThroughItsBase()
+void OpenGLVersionTest::canBeDeletedThroughItsBase()
 {
     QObject *object = new ScanOpenGLInfo(nullptr);
     const QPointer<QObject> watched(object);
@@ -170,7 +170,7 @@ void OpenGLVersionTest::versionOfFlags_data()
     QTest::newRow("ES Common Lite 1.0") << 0x100 << "probed | 256 | -1 | -1 | OpenGL ES Common Lite 1.0";
     QTest::newRow("none") << 0 << "probed | 0 | -1 | -1 | not recognized";
 
-    // Row n holds the flag of order n and all that are tried behind it.
+    // Each row sets the flag of a version and those of all later rows of the table.
     QTest::newRow("4.3 and all that follow") << 0xfffff << "probed | 1048575 | 4 | 3 | OpenGL 4.3";
     QTest::newRow("4.2 and all that follow") << 0x7ffff << "probed | 524287 | 4 | 2 | OpenGL 4.2";
     QTest::newRow("4.1 and all that follow") << 0x3ffff << "probed | 262143 | 4 | 1 | OpenGL 4.1";
@@ -179,7 +179,7 @@ void OpenGLVersionTest::versionOfFlags_data()
     QTest::newRow("3.2 and all that follow") << 0x7fff << "probed | 32767 | 3 | 2 | OpenGL 3.2";
     QTest::newRow("3.1 and all that follow") << 0x3fff << "probed | 16383 | 3 | 1 | OpenGL 3.1";
     QTest::newRow("3.0 and all that follow") << 0x1fff << "probed | 8191 | 3 | 0 | OpenGL 3.0";
-    QTest::newRow("2.1 and all that follow: above every ES version") << 0xfff << "probed | 4095 | 2 | 1 | OpenGL 2.1";
+    QTest::newRow("2.1 and all that follow: desktop versions precede ES versions") << 0xfff << "probed | 4095 | 2 | 1 | OpenGL 2.1";
     QTest::newRow("2.0 and all that follow") << 0xfbf << "probed | 4031 | 2 | 0 | OpenGL 2.0";
     QTest::newRow("1.5 and all that follow") << 0xf9f << "probed | 3999 | 1 | 5 | OpenGL 1.5";
     QTest::newRow("1.4 and all that follow") << 0xf8f << "probed | 3983 | 1 | 4 | OpenGL 1.4";
@@ -191,11 +191,11 @@ void OpenGLVersionTest::versionOfFlags_data()
     QTest::newRow("ES Common 1.0 and all that follow") << 0x580 << "probed | 1408 | -1 | -1 | OpenGL ES Common 1.0";
     QTest::newRow("ES Common Lite 1.1 and the last") << 0x500 << "probed | 1280 | -1 | -1 | OpenGL ES Common Lite 1.1";
 
-    QTest::newRow("ES 2.0 and 1.1: the desktop version wins") << 0x801 << "probed | 2049 | 1 | 1 | OpenGL 1.1";
+    QTest::newRow("ES 2.0 and 1.1: the desktop version precedes") << 0x801 << "probed | 2049 | 1 | 1 | OpenGL 1.1";
     QTest::newRow("1.1 to 1.5: the highest") << 0x1f << "probed | 31 | 1 | 5 | OpenGL 1.5";
-    QTest::newRow("a flag beyond the table") << 0x100000 << "probed | 1048576 | -1 | -1 | not recognized";
-    QTest::newRow("a flag beyond the table beside one of it") << 0x100002 << "probed | 1048578 | 1 | 2 | OpenGL 1.2";
-    QTest::newRow("the sign bit alone")
+    QTest::newRow("a flag that is not in the table") << 0x100000 << "probed | 1048576 | -1 | -1 | not recognized";
+    QTest::newRow("a flag that is not in the table and one that is") << 0x100002 << "probed | 1048578 | 1 | 2 | OpenGL 1.2";
+    QTest::newRow("only the sign bit")
         << std::numeric_limits<int>::min() << "probed | -2147483648 | -1 | -1 | not recognized";
     QTest::newRow("all bits") << -1 << "probed | -1 | 4 | 3 | OpenGL 4.3";
 }
@@ -224,8 +224,8 @@ void OpenGLVersionTest::probe()
     QCOMPARE(version_flags::calls - callsBefore, 1);
 }
 
-/// One test, as the cache is filled once in a process; every probe before, those of
-/// probe() among them, left it at its defaults.
+/// The cache is filled once in a process, so this is one test. GetOpenGLVersion(), which probe()
+/// calls before, does not fill it.
 void OpenGLVersionTest::cachedProbe()
 {
     const int callsBefore = version_flags::calls;

@@ -20,12 +20,12 @@ void mapRows()
         const SectionRows rowsOfMap([=] { return portsFromRegistry(map); }, "");
         rowsOfMap.text(name, serialMap() + textValue("A", "COM1"), text);
     };
-    row("no parallel ports: the heading alone", "PARALLEL PORTS", ">> Info about 'PARALLEL PORTS' ports from registry:\n");
+    row("no parallel ports: only the heading", "PARALLEL PORTS", ">> Info about 'PARALLEL PORTS' ports from registry:\n");
     row("serial ports: the heading, the listing and an empty line", "SERIALCOMM",
         ">> Info about 'SERIALCOMM' ports from registry:\nA   COM1\n\n");
-    row("the map without regard to case, the heading as asked", "SerialComm",
+    row("the map is case-insensitive, the heading shows its name as requested", "SerialComm",
         ">> Info about 'SerialComm' ports from registry:\nA   COM1\n\n");
-    row("a placeholder in the map's name stays", "%1", ">> Info about '%1' ports from registry:\n");
+    row("a placeholder in the map's name is not replaced", "%1", ">> Info about '%1' ports from registry:\n");
 }
 
 void valueRows()
@@ -33,7 +33,7 @@ void valueRows()
     const auto row = [](const char *name, const QByteArray &values, const QString &lines) {
         rows.text(name, serialMap() + values, lines);
     };
-    rows.text("no map: the heading alone", "", "");
+    rows.text("no map: only the heading", "", "");
     row("an empty map: an empty line", "", "\n");
     row("two values",
         "\"\\\\Device\\\\Serial0\"=\"COM1\"\n\"\\\\Device\\\\Serial1\"=\"COM2\"\n",
@@ -43,21 +43,21 @@ void valueRows()
     row("keys below the map are not listed",
         textValue("A", "COM1") + machineKey("HARDWARE\\DEVICEMAP\\SERIALCOMM\\More") + textValue("B", "COM2"),
         "A   COM1\n\n");
-    row("any type: a number's bytes", numberValue("A", 0x00434241), "A   ABC\n\n");
-    row("any type: a list's first string", listValue("A", {"COM1", "COM2"}), "A   COM1\n\n");
-    row("data up to its first null", binaryValue("A", QByteArray("CO\0M1", 5)), "A   CO\n\n");
+    row("a REG_DWORD: its bytes are the text", numberValue("A", 0x00434241), "A   ABC\n\n");
+    row("a REG_MULTI_SZ: the first string", listValue("A", {"COM1", "COM2"}), "A   COM1\n\n");
+    row("data ends at its first null", binaryValue("A", QByteArray("CO\0M1", 5)), "A   CO\n\n");
     row("a text without a terminator", hexValue("A", REG_SZ, utf16Data("COM1")), "A   COM1\n\n");
-    row("data without a terminator goes on in the data before it",
+    row("unterminated data is followed by the rest of the previous data",
         textValue("A", "COM17") + binaryValue("B", "XY"), "A   COM17\nB   XYM17\n\n");
-    row("data of no bytes repeats the data before it", textValue("A", "COM17") + hexValue("B", REG_SZ, ""),
+    row("data of 0 bytes shows the previous data", textValue("A", "COM17") + hexValue("B", REG_SZ, ""),
         "A   COM17\nB   COM17\n\n");
-    row("UTF-8 bytes become their character", binaryValue("A", "\xc3\xa9"), QString("A   ") + QChar(0xe9) + "\n\n");
-    row("a placeholder in the data stays", textValue("A", "%1 %2 %99"), "A   %1 %2 %99\n\n");
-    row("the second placeholder in the name takes the data too", textValue("A%2", "COM1"), "ACOM1   COM1\n\n");
-    row("the first placeholder in the name takes the data instead", textValue("A%1", "COM1"), "ACOM1   %2\n\n");
-    row("a localised placeholder in the name takes the data instead", textValue("A%L1", "COM1"), "ACOM1   %2\n\n");
-    row("a higher placeholder in the name stays", textValue("A%99", "COM1"), "A%99   COM1\n\n");
-    row("data of 2048 bytes without a terminator is text as a whole", binaryValue("A", QByteArray(2048, 'x')),
+    row("text is decoded as UTF-8", binaryValue("A", "\xc3\xa9"), QString("A   ") + QChar(0xe9) + "\n\n");
+    row("a placeholder in the data is not replaced", textValue("A", "%1 %2 %99"), "A   %1 %2 %99\n\n");
+    row("Quirk: a second placeholder in the name is replaced with the data too", textValue("A%2", "COM1"), "ACOM1   COM1\n\n");
+    row("Quirk: a first placeholder in the name is replaced with the data", textValue("A%1", "COM1"), "ACOM1   %2\n\n");
+    row("Quirk: a localised placeholder in the name is replaced with the data", textValue("A%L1", "COM1"), "ACOM1   %2\n\n");
+    row("a higher placeholder in the name is not replaced", textValue("A%99", "COM1"), "A%99   COM1\n\n");
+    row("data of 2048 bytes without a terminator is shown whole", binaryValue("A", QByteArray(2048, 'x')),
         "A   " + QString(2048, 'x') + "\n\n");
     row("data of 2049 bytes ends the listing",
         textValue("A", "COM1") + binaryValue("B", QByteArray(2049, 'x')) + textValue("C", "COM3"), "A   COM1\n\n");
@@ -75,11 +75,11 @@ RegEnumValueA HKEY_LOCAL_MACHINE\HARDWARE\DEVICEMAP\SERIALCOMM "1" 2048
 RegEnumValueA HKEY_LOCAL_MACHINE\HARDWARE\DEVICEMAP\SERIALCOMM "2" 2048
 RegCloseKey HKEY_LOCAL_MACHINE\HARDWARE\DEVICEMAP\SERIALCOMM
 )");
-    rows.failure("the map does not open: the heading alone", two, "RegOpenKeyExA", 0, "");
+    rows.failure("the map cannot be opened: only the heading", two, "RegOpenKeyExA", 0, "");
     rows.failure("the first value cannot be read: an empty line", two, "RegEnumValueA", 0, "\n");
     rows.failure("the second value cannot be read: the listing ends", two, "RegEnumValueA", 1, "A   COM1\n\n");
-    rows.failure("the map does not close: nothing shows", two, "RegCloseKey", 0, "A   COM1\nB   COM2\n\n");
-    rows.anyFailure("any call fails", two);
+    rows.failure("the map cannot be closed: the text is unchanged", two, "RegCloseKey", 0, "A   COM1\nB   COM2\n\n");
+    rows.anyFailure("each call fails in turn", two);
 }
 
 void addRows()

@@ -22,7 +22,7 @@ struct Answers
     QString granularity;
 };
 
-/// The section, after its title.
+/// The text after the heading.
 QString section(const Answers &answers)
 {
     return "Processor architecture:       " + answers.architecture
@@ -53,14 +53,14 @@ QString processors(int count)
     return text;
 }
 
-/// For a GetSystemInfo() of zeros.
+/// The answers if all fields of GetSystemInfo() are 0.
 Answers zeros()
 {
     return {"x86 (32/64bit)", "0", "\n", "unknown", "0 = 0x0000", "0", "0",
             "0000000000000000", "0000000000000000", "0 = 0x00000000"};
 }
 
-/// A row about one field, the others being zero.
+/// A row about one field; the others are 0.
 void addRow(const char *name, const char *field, const QByteArray &value, QString Answers::*answer, const QString &expected)
 {
     Answers answers = zeros();
@@ -96,20 +96,20 @@ void maskRows()
     const auto mask = [](const char *name, const char *value, const QString &expected) {
         addRow(name, "dwActiveProcessorMask", value, &Answers::active, expected);
     };
-    mask("processors 0 to 3: the label directly before the first, then 28 blanks", "15",
+    mask("processors 0 to 3: the label, then lines with 28 blanks", "15",
          "Processor #0\n"
          "                            Processor #1\n"
          "                            Processor #2\n"
          "                            Processor #3\n");
-    mask("processor 0 alone", "1", "Processor #0\n");
-    mask("the first active one is not number 0", "\"0x28\"",
+    mask("only processor 0", "1", "Processor #0\n");
+    mask("the first active processor is not number 0", "\"0x28\"",
          "Processor #3\n                            Processor #5\n");
-    mask("processor 31 is the last that is looked at", "\"0x80000000\"", "Processor #31\n");
-    mask("processor 32 is not", "\"0x100000000\"", "\n");
-    mask("processor 63 is not", "\"0x8000000000000000\"", "\n");
+    mask("processor 31 is listed", "\"0x80000000\"", "Processor #31\n");
+    mask("processor 32 is not listed", "\"0x100000000\"", "\n");
+    mask("processor 63 is not listed", "\"0x8000000000000000\"", "\n");
     mask("processors 0 and 32 to 63", "\"0xffffffff00000001\"", "Processor #0\n");
     mask("64 processors: 32 lines", "\"0xffffffffffffffff\"", processors(32));
-    mask("no processor: a line end", "0", "\n");
+    mask("no active processor: only the label", "0", "\n");
 }
 
 void numberRows()
@@ -117,26 +117,26 @@ void numberRows()
     addRow("8 processors", "dwNumberOfProcessors", "8", &Answers::number, "8");
     addRow("the number of processors is unsigned", "dwNumberOfProcessors", "4294967295", &Answers::number, "4294967295");
     addRow("revision with four hexadecimal digits", "wProcessorRevision", "40457", &Answers::revision, "40457 = 0x9e09");
-    addRow("revision filled with zeros", "wProcessorRevision", "10", &Answers::revision, "10 = 0x000a");
+    addRow("revision padded with zeros", "wProcessorRevision", "10", &Answers::revision, "10 = 0x000a");
     addRow("largest revision", "wProcessorRevision", "65535", &Answers::revision, "65535 = 0xffff");
     addRow("largest level", "wProcessorLevel", "65535", &Answers::level, "65535");
     addRow("page size", "dwPageSize", "4096", &Answers::pageSize, "4096");
     addRow("the page size is unsigned", "dwPageSize", "4294967295", &Answers::pageSize, "4294967295");
-    addRow("minimum address filled with zeros", "lpMinimumApplicationAddress", "65536", &Answers::minimum,
+    addRow("minimum address padded with zeros", "lpMinimumApplicationAddress", "65536", &Answers::minimum,
            "0000000000010000");
     addRow("largest minimum address", "lpMinimumApplicationAddress", "\"0xfedcba9876543210\"", &Answers::minimum,
            "fedcba9876543210");
-    addRow("maximum address filled with zeros", "lpMaximumApplicationAddress", "\"0x7ffffffeffff\"", &Answers::maximum,
+    addRow("maximum address padded with zeros", "lpMaximumApplicationAddress", "\"0x7ffffffeffff\"", &Answers::maximum,
            "00007ffffffeffff");
     addRow("largest maximum address", "lpMaximumApplicationAddress", "\"0xffffffffffffffff\"", &Answers::maximum,
            "ffffffffffffffff");
-    addRow("granularity filled with zeros", "dwAllocationGranularity", "65536", &Answers::granularity,
+    addRow("granularity padded with zeros", "dwAllocationGranularity", "65536", &Answers::granularity,
            "65536 = 0x00010000");
     addRow("the granularity is unsigned", "dwAllocationGranularity", "4294967295", &Answers::granularity,
            "4294967295 = 0xffffffff");
 }
 
-void whatWindowsAnswers()
+void sameAsWindows()
 {
     const auto hex = [](quint64 number, int digits) { return QString::number(number, 16).rightJustified(digits, '0'); };
     SYSTEM_INFO info = {};
@@ -158,7 +158,7 @@ void whatWindowsAnswers()
 void addRows()
 {
     if (!windowsIsSimulated)
-        return addTestRow("what Windows answers", whatWindowsAnswers);
+        return addTestRow("same as Windows", sameAsWindows);
     rows.text("an empty machine", "", section(zeros()));
     rows.withoutMachine(section(zeros()));
     nameRows();

@@ -46,15 +46,15 @@ void addRow(const char *name, const QByteArray &values, const QString &lines)
 
 void singleValueRows()
 {
-    addRow("the name alone", textValue("ProcessorNameString", "Example CPU @ 2.593GHz"), nameLine);
-    addRow("the vendor alone", textValue("VendorIdentifier", "GenuineExample"), vendorLine);
-    addRow("the identifier alone", textValue("Identifier", "Family 6 Model 158"), identifierLine);
-    addRow("the MMX identifier alone", textValue("MMXIdentifier", "MMX"), mmxLine);
-    addRow("the frequency alone", numberValue("~MHZ", 2593), frequencyLine);
-    addRow("the features alone", numberValue("FeatureSet", 0xbfebfbff), featureLine);
-    addRow("names without regard to case", numberValue("~MHz", 2593) + textValue("PROCESSORNAMESTRING", "x"),
+    addRow("only the name", textValue("ProcessorNameString", "Example CPU @ 2.593GHz"), nameLine);
+    addRow("only the vendor", textValue("VendorIdentifier", "GenuineExample"), vendorLine);
+    addRow("only the identifier", textValue("Identifier", "Family 6 Model 158"), identifierLine);
+    addRow("only the MMX identifier", textValue("MMXIdentifier", "MMX"), mmxLine);
+    addRow("only the frequency", numberValue("~MHZ", 2593), frequencyLine);
+    addRow("only the features", numberValue("FeatureSet", 0xbfebfbff), featureLine);
+    addRow("value names are case-insensitive", numberValue("~MHz", 2593) + textValue("PROCESSORNAMESTRING", "x"),
            "ProcessorNameString:  x\n" + frequencyLine);
-    addRow("an empty text: its label and blanks", textValue("VendorIdentifier", ""), "VendorIdentifier:     \n");
+    addRow("an empty text: only the label", textValue("VendorIdentifier", ""), "VendorIdentifier:     \n");
 }
 
 void frequencyRows()
@@ -64,8 +64,8 @@ void frequencyRows()
     };
     row("0 MHz", 0, "MHZ:                  0 MHz\n");
     row("999 MHz: no GHz", 999, "MHZ:                  999 MHz\n");
-    row("1000 MHz: GHz with three digits", 1000, "MHZ:                  1000 MHz = 1.000 GHz\n");
-    row("1005 MHz: digits filled with zeros", 1005, "MHZ:                  1005 MHz = 1.005 GHz\n");
+    row("1000 MHz: GHz with three decimal digits", 1000, "MHZ:                  1000 MHz = 1.000 GHz\n");
+    row("1005 MHz: decimal digits padded with zeros", 1005, "MHZ:                  1005 MHz = 1.005 GHz\n");
     row("1050 MHz", 1050, "MHZ:                  1050 MHz = 1.050 GHz\n");
     row("3400 MHz", 3400, "MHZ:                  3400 MHz = 3.400 GHz\n");
     row("12345 MHz", 12345, "MHZ:                  12345 MHz = 12.345 GHz\n");
@@ -75,49 +75,49 @@ void frequencyRows()
 void numberRows()
 {
     addRow("features 0", numberValue("FeatureSet", 0), "FeatureSet:           0x0\n");
-    addRow("features without filling", numberValue("FeatureSet", 0xabc), "FeatureSet:           0xabc\n");
+    addRow("features are not padded", numberValue("FeatureSet", 0xabc), "FeatureSet:           0xabc\n");
     addRow("numbers of two bytes", binaryValue("~MHZ", "\xb8\x0b") + binaryValue("FeatureSet", "\x05\x01"),
            "MHZ:                  3000 MHz = 3.000 GHz\nFeatureSet:           0x105\n");
-    addRow("a number of no bytes is 0", numberValue("~MHZ", 2593) + binaryValue("FeatureSet", ""),
+    addRow("a number of 0 bytes is 0", numberValue("~MHZ", 2593) + binaryValue("FeatureSet", ""),
            frequencyLine + "FeatureSet:           0x0\n");
     addRow("numbers of eight bytes have no line",
            binaryValue("~MHZ", QByteArray(8, '\1')) + binaryValue("FeatureSet", QByteArray(8, '\1')), "");
-    addRow("a number stored as text: its bytes", textValue("FeatureSet", "abc"), "FeatureSet:           0x636261\n");
-    addRow("a number as a text that is too long has no line", textValue("~MHZ", "3400"), "");
+    addRow("a number of type REG_SZ: its bytes are the number", textValue("FeatureSet", "abc"), "FeatureSet:           0x636261\n");
+    addRow("a number of type REG_SZ with more than four bytes has no line", textValue("~MHZ", "3400"), "");
 }
 
 void textRows()
 {
-    addRow("placeholders stay",
+    addRow("placeholders are not replaced",
            textValue("ProcessorNameString", "%1") + textValue("VendorIdentifier", "%2 %99")
                + textValue("Identifier", "%L1 %1") + textValue("MMXIdentifier", "%%1%"),
            "ProcessorNameString:  %1\nVendorIdentifier:     %2 %99\nIdentifier:           %L1 %1\n"
            "MMXIdentifier:        %%1%\n");
     addRow("a text ends at its first null", binaryValue("Identifier", QByteArray("x86\0Family", 10)),
            "Identifier:           x86\n");
-    addRow("every text starts from an empty buffer",
+    addRow("each text is read into a zeroed buffer",
            textValue("ProcessorNameString", "ABCDEFGH") + binaryValue("VendorIdentifier", "XY")
                + hexValue("Identifier", REG_SZ, ""),
            "ProcessorNameString:  ABCDEFGH\nVendorIdentifier:     XY\nIdentifier:           \n");
-    addRow("a text stored as a number: its bytes", numberValue("Identifier", 0x34333231),
+    addRow("a REG_DWORD: its bytes are the text", numberValue("Identifier", 0x34333231),
            "Identifier:           1234\n");
     addRow("variables are not expanded", hexValue("Identifier", REG_EXPAND_SZ, utf16Data(QString("%OS%") + QChar())),
            "Identifier:           %OS%\n");
-    addRow("UTF-8 bytes become their character", binaryValue("Identifier", "\xc2\xae"),
+    addRow("text is decoded as UTF-8", binaryValue("Identifier", "\xc2\xae"),
            QString("Identifier:           ") + QChar(0xae) + "\n");
-    addRow("a byte of the ANSI code page becomes U+FFFD", binaryValue("Identifier", "\xae!"),
+    addRow("a byte that is not UTF-8 becomes U+FFFD", binaryValue("Identifier", "\xae!"),
            QString("Identifier:           ") + QChar(0xfffd) + "!\n");
-    addRow("blanks stay", textValue("ProcessorNameString", "  Example  CPU  "), "ProcessorNameString:    Example  CPU  \n");
+    addRow("blanks are not removed", textValue("ProcessorNameString", "  Example  CPU  "), "ProcessorNameString:    Example  CPU  \n");
 }
 
 void sizeRows()
 {
     const QString longest(2048, 'x');
-    addRow("a text of 2048 bytes without terminator is shown whole", binaryValue("Identifier", longest.toLatin1()),
+    addRow("a text of 2048 bytes without a terminator is shown whole", binaryValue("Identifier", longest.toLatin1()),
            "Identifier:           " + longest + "\n");
     addRow("2047 characters and the terminator fit", textValue("Identifier", QString(2047, 'x')),
            "Identifier:           " + QString(2047, 'x') + "\n");
-    addRow("2048 characters and the terminator do not: no line, the next value is tried",
+    addRow("2048 characters and the terminator do not fit: no line, the next value is read",
            textValue("Identifier", longest) + textValue("MMXIdentifier", "MMX"), mmxLine);
 }
 
@@ -139,18 +139,18 @@ QString emptyBlocks(int count)
 
 void processorRows()
 {
-    rows.text("no key: the title alone", "", "");
-    rows.text("no processor: the title alone", machineKey("Hardware\\Description\\System\\CentralProcessor"), "");
+    rows.text("no key: only the heading", "", "");
+    rows.text("no processor: only the heading", machineKey("Hardware\\Description\\System\\CentralProcessor"), "");
     rows.text("a processor without values", processorKey(0), processorLine(0));
     rows.text("a full processor", fullKey(0), fullBlock(0));
     rows.text("two full processors", fullKey(0) + fullKey(1), fullBlock(0) + fullBlock(1));
-    rows.text("processor 0 is missing: the title alone", fullKey(1) + fullKey(2), "");
-    rows.text("a gap ends the section", fullKey(0) + fullKey(2), fullBlock(0));
-    rows.text("numbers are not filled with zeros", machineKey("Hardware\\Description\\System\\CentralProcessor\\00"), "");
-    rows.text("11: in the order of numbers", emptyKeys(11), emptyBlocks(11));
+    rows.text("processor 0 is missing: only the heading", fullKey(1) + fullKey(2), "");
+    rows.text("a missing number ends the section", fullKey(0) + fullKey(2), fullBlock(0));
+    rows.text("the numbers of the keys are not padded", machineKey("Hardware\\Description\\System\\CentralProcessor\\00"), "");
+    rows.text("11 processors are in the order of their numbers", emptyKeys(11), emptyBlocks(11));
     rows.text("255", emptyKeys(255), emptyBlocks(255));
-    rows.text("256: number 255 is the last", emptyKeys(256), emptyBlocks(256));
-    rows.text("257: number 256 is not looked at", emptyKeys(257), emptyBlocks(256));
+    rows.text("256 processors: number 255 is the last", emptyKeys(256), emptyBlocks(256));
+    rows.text("257 processors: number 256 is not read", emptyKeys(257), emptyBlocks(256));
     rows.workstation("processor_registry_info.txt");
 }
 
@@ -171,13 +171,13 @@ void callRows()
         callsOf256 += keyCalls(pathOf(i), queries);
     rows.calls("calls of 257 processors", emptyKeys(257), callsOf256);
     rows.calls("calls without a processor", "", openCall(pathOf(0)));
-    rows.failure("the first key does not open", two, "RegOpenKeyExA", 0, "");
-    rows.failure("the second key does not open", two, "RegOpenKeyExA", 1, fullBlock(0));
+    rows.failure("the first key cannot be opened", two, "RegOpenKeyExA", 0, "");
+    rows.failure("the second key cannot be opened", two, "RegOpenKeyExA", 1, fullBlock(0));
     rows.failures(two, "RegQueryValueExA", 0, {nameLine, vendorLine, identifierLine, mmxLine, frequencyLine, featureLine},
                   {"the name cannot be read", "the vendor cannot be read", "the identifier cannot be read",
                    "the MMX identifier cannot be read", "the frequency cannot be read", "the features cannot be read"},
                   processorLine(0), fullBlock(1));
-    rows.failure("a key does not close: nothing shows", two, "RegCloseKey", 0, fullBlock(0) + fullBlock(1));
+    rows.failure("a key cannot be closed: the text is unchanged", two, "RegCloseKey", 0, fullBlock(0) + fullBlock(1));
 }
 
 void addRows()
@@ -189,8 +189,8 @@ void addRows()
     textRows();
     sizeRows();
     callRows();
-    if (windowsIsSimulated) // elsewhere the system's own ANSI code page decides
-        addRow("a character of the ANSI code page",
+    if (windowsIsSimulated) // a real Windows has its own ANSI code page
+        addRow("a non-ASCII character, which Windows converts to the ANSI code page, becomes U+FFFD",
                textValue("ProcessorNameString", QString("Example") + QChar(0xae) + " CPU"),
                QString("ProcessorNameString:  Example") + QChar(0xfffd) + " CPU\n");
 }

@@ -1,4 +1,4 @@
-// qtAccessibility(): text.
+// qtAccessibility()
 
 #include "test_main.h"
 #include "texts.h"
@@ -33,7 +33,7 @@ void QtAccessibilityTest::text_data()
            "QAccessible::isActive() = 1\n";
 }
 
-// Assistive technology announces itself through Qt's platform plugin.
+// The platform plugin of Qt reports that an assistive technology is active.
 void QtAccessibilityTest::text()
 {
     QFETCH(bool, isActive);

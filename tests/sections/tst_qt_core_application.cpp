@@ -1,4 +1,4 @@
-// qtCoreApplication(): text. Every row has an application object of its own.
+// qtCoreApplication(). Every row creates its own application object.
 
 #include "section_process.h"
 #include "test_main.h"
@@ -25,7 +25,7 @@ private Q_SLOTS:
     void descriptions();
     void libraryPaths_data();
     void libraryPaths();
-#ifndef Q_OS_WIN // where Qt takes the name from the program's file
+#ifndef Q_OS_WIN // on Windows Qt takes the name from the file of the program
     void emptyName();
 #endif
     void pluginPathOfTheEnvironment();
@@ -33,7 +33,7 @@ private Q_SLOTS:
 
 namespace {
 
-// The name that an application object starts with is that of its first argument.
+// The default name of the application is the base name of its first argument.
 struct Application
 {
     explicit Application(const char *firstArgument = "tst_qt_core_application")
@@ -79,14 +79,14 @@ QString folderOf(const QString &file)
     return file.left(file.lastIndexOf(QLatin1Char('/')));
 }
 
-/// The lines about this program and this process.
+/// The lines about the file of the program and the process.
 QString programLines()
 {
     return QStringLiteral("Application DirPath:  ") + folderOf(programFile()) + QStringLiteral("\nApplication FilePath: ")
         + programFile() + QStringLiteral("\nApplication PID:      ") + QString::number(processId()) + QLatin1Char('\n');
 }
 
-/// The lines up to the application's name for one that has been told nothing else.
+/// The lines up to the application's name if only the name is set.
 QString linesUpToName(const QString &name)
 {
     return QStringLiteral("QCoreApplication:\n"
@@ -109,7 +109,7 @@ void QtCoreApplicationTest::descriptions_data()
     QTest::addColumn<QString>("firstLines");
     QTest::addColumn<QString>("organizationLines");
 
-    QTest::newRow("all that an application can say of itself")
+    QTest::newRow("all properties")
         << "2.10.1"
         << "Plant Viewer"
         << "example.com"
@@ -119,7 +119,7 @@ void QtCoreApplicationTest::descriptions_data()
            "Application Name:     Plant Viewer\n"
         << "Organization Domain:  example.com\n"
            "Organization Name:    Example & Sons\n";
-    QTest::newRow("what is empty leaves its label alone")
+    QTest::newRow("empty properties: only the labels")
         << ""
         << "viewer"
         << ""
@@ -129,7 +129,7 @@ void QtCoreApplicationTest::descriptions_data()
            "Application Name:     viewer\n"
         << "Organization Domain:  \n"
            "Organization Name:    \n";
-    QTest::newRow("placeholders stay")
+    QTest::newRow("placeholders are not replaced")
         << "%1"
         << "%2 %99"
         << "%L1"
@@ -139,7 +139,7 @@ void QtCoreApplicationTest::descriptions_data()
            "Application Name:     %2 %99\n"
         << "Organization Domain:  %L1\n"
            "Organization Name:    %1%2\n";
-    QTest::newRow("blanks and line feeds stay")
+    QTest::newRow("blanks and line feeds are not removed")
         << " 1 "
         << "a\nb"
         << "  "
@@ -173,14 +173,14 @@ void QtCoreApplicationTest::libraryPaths_data()
 {
     QTest::addColumn<QStringList>("paths");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("no path: the label alone") << QStringList() << "Library Paths:        \n";
+    QTest::newRow("no path: only the label") << QStringList() << "Library Paths:        \n";
     QTest::newRow("one path") << QStringList({"/a"}) << "Library Paths:        /a\n";
-    QTest::newRow("three paths: two lines begin with 22 blanks")
+    QTest::newRow("three paths: the second and third start after 22 blanks")
         << QStringList({"/usr/lib/plugins", "/b c", "/d"})
         << "Library Paths:        /usr/lib/plugins\n"
            "                      /b c\n"
            "                      /d\n";
-    QTest::newRow("placeholders stay")
+    QTest::newRow("placeholders are not replaced")
         << QStringList({"/%1", "/%2"})
         << "Library Paths:        /%1\n"
            "                      /%2\n";
@@ -215,7 +215,7 @@ void QtCoreApplicationTest::emptyName()
 
 #endif
 
-// Qt looks in the folders of QT_PLUGIN_PATH first.
+// Qt lists the folders of QT_PLUGIN_PATH first.
 void QtCoreApplicationTest::pluginPathOfTheEnvironment()
 {
     const Application application;

@@ -1,7 +1,7 @@
-// qtDateTime(): text, and that its two times and its bias agree.
+// qtDateTime(): text, and consistency of its two times and its bias.
 //
-// Dates follow the system's locale, which Qt takes from the environment away from
-// Windows: their digits are that locale's. The bias is a number like any other.
+// The digits of dates are those of the system locale, which Qt takes from the environment on Unix.
+// The bias has the digits 0 to 9.
 
 #include "section_process.h"
 #include "test_main.h"
@@ -36,8 +36,8 @@ private Q_SLOTS:
 #else
     void zones_data();
     void zones();
-    void oneMoment_data();
-    void oneMoment();
+    void bothTimesAreOfOneCall_data();
+    void bothTimesAreOfOneCall();
     void digitsOfTheSystem_data();
     void digitsOfTheSystem();
     void defaultLocaleHasNoEffect_data();
@@ -49,12 +49,12 @@ private Q_SLOTS:
 
 namespace clock_of_the_test {
 
-QList<QDateTime> moments; // returned one after the other; empty: the real time
+QList<QDateTime> moments; // the results of the next calls; if empty, the real time
 int calls = 0;
 
 } // namespace clock_of_the_test
 
-// The linker finds this one before Qt's own.
+// The linker prefers this definition to that of QtCore.
 QDateTime QDateTime::currentDateTime()
 {
     using Function = QDateTime (*)();
@@ -67,14 +67,14 @@ QDateTime QDateTime::currentDateTime()
 
 namespace {
 
-/// What the section says; not valid when it is not in the section's format.
+/// The parsed text of the section; not valid if it does not match the format.
 struct Times
 {
     explicit Times(const QString &text);
 
     bool areValid() const { return local.isValid() && utc.isValid(); }
 
-    QDateTime local; // as if it were UTC
+    QDateTime local; // stored as UTC
     QDateTime utc;
     QString bias;
 };
@@ -109,7 +109,7 @@ QDateTime now()
 
 #ifdef Q_OS_WIN
 
-// A name of a zone such as Unix has in TZ is no zone to the C library of Windows.
+// The C library of Windows does not know the names of zones that TZ has on Unix.
 void QtDateTimeTest::initTestCase()
 {
     qunsetenv("TZ");
@@ -144,7 +144,7 @@ void QtDateTimeTest::zoneOfWindows()
 
 #else
 
-// In TZ, what is west of Greenwich is positive.
+// In TZ, offsets west of Greenwich are positive.
 void QtDateTimeTest::zones_data()
 {
     QTest::addColumn<QString>("zone");
@@ -154,15 +154,15 @@ void QtDateTimeTest::zones_data()
     QTest::newRow("UTC") << "UTC0" << 0 << "0";
     QTest::newRow("UTC-5 without daylight saving time") << "EST5" << 5 * 3600 << "300";
     QTest::newRow("UTC+1") << "CET-1" << -3600 << "-60";
-    QTest::newRow("half an hour, east") << "IST-5:30" << -19800 << "-330";
-    QTest::newRow("half an hour, west") << "NST3:30" << 12600 << "210";
-    QTest::newRow("the day differs, east") << "AAA-14" << -50400 << "-840";
-    QTest::newRow("the day differs, west") << "AAA12" << 43200 << "720";
-    QTest::newRow("daylight saving time counts") << "EST5EDT4,0/0,J365/25" << 4 * 3600 << "240";
-    QTest::newRow("parts of a minute are cut off, west") << "AAA5:00:59" << 18059 << "300";
-    QTest::newRow("parts of a minute are cut off, east") << "AAA-5:00:59" << -18059 << "-300";
-    QTest::newRow("as far as it goes, west") << "AAA24" << 86400 << "1440";
-    QTest::newRow("as far as it goes, east") << "AAA-24" << -86400 << "-1440";
+    QTest::newRow("half an hour east") << "IST-5:30" << -19800 << "-330";
+    QTest::newRow("half an hour west") << "NST3:30" << 12600 << "210";
+    QTest::newRow("the local day differs, east") << "AAA-14" << -50400 << "-840";
+    QTest::newRow("the local day differs, west") << "AAA12" << 43200 << "720";
+    QTest::newRow("daylight saving time is included") << "EST5EDT4,0/0,J365/25" << 4 * 3600 << "240";
+    QTest::newRow("seconds are truncated, west") << "AAA5:00:59" << 18059 << "300";
+    QTest::newRow("seconds are truncated, east") << "AAA-5:00:59" << -18059 << "-300";
+    QTest::newRow("the largest offset west") << "AAA24" << 86400 << "1440";
+    QTest::newRow("the largest offset east") << "AAA-24" << -86400 << "-1440";
     QTest::newRow("less than a minute, west") << "AAA0:00:59" << 59 << "0";
     QTest::newRow("less than a minute, east") << "AAA-0:00:59" << -59 << "0";
 }
@@ -205,10 +205,10 @@ void letClockRun()
 
 } // namespace
 
-void QtDateTimeTest::oneMoment_data()
+void QtDateTimeTest::bothTimesAreOfOneCall_data()
 {
     QTest::addColumn<QByteArray>("zone");
-    QTest::addColumn<QDateTime>("local"); // of the zone
+    QTest::addColumn<QDateTime>("local"); // in the zone
     QTest::addColumn<QString>("expected");
     QTest::newRow("afternoon, UTC+1")
         << QByteArray("AAA-1") << QDateTime(QDate(2021, 3, 4), QTime(17, 8, 9))
@@ -222,14 +222,14 @@ void QtDateTimeTest::oneMoment_data()
            "ActiveBias: 60 min\n";
 }
 
-// A second call of currentDateTime() returns another time, which must not show.
-void QtDateTimeTest::oneMoment()
+// A second call of currentDateTime() would return another time.
+void QtDateTimeTest::bothTimesAreOfOneCall()
 {
     QFETCH(QByteArray, zone);
     QFETCH(QDateTime, local);
     QFETCH(QString, expected);
     useZone(zone);
-    setClock(QDateTime(local.date(), local.time())); // local time of that zone
+    setClock(QDateTime(local.date(), local.time())); // local time in that zone
     const QString text = qtDateTime();
     const int calls = clock_of_the_test::calls;
     letClockRun();
@@ -243,7 +243,7 @@ void QtDateTimeTest::digitsOfTheSystem_data()
     QTest::addColumn<ushort>("zero");
     QTest::newRow("Egypt") << "ar_EG" << ushort(0x0660);
     QTest::newRow("Iran") << "fa_IR" << ushort(0x06f0);
-    QTest::newRow("Morocco writes Arabic with the digits of Europe") << "ar_MA" << ushort('0');
+    QTest::newRow("Morocco: Arabic with European digits") << "ar_MA" << ushort('0');
     QTest::newRow("Germany") << "de_DE" << ushort('0');
 }
 

@@ -1,4 +1,4 @@
-// qtDesktop(): text, with screens of the test's own and with real ones.
+// qtDesktop(), with described screens and with real ones.
 
 #include "section_process.h"
 #include "test_main.h"
@@ -52,7 +52,7 @@ void QtDesktopTest::sameAsWindows()
     const std::vector<qt_environment::Monitor> monitors = qt_environment::monitors();
     QVERIFY(!monitors.empty());
     RECT allWorkAreas = monitors.front().workArea;
-    QString siblings; // every monitor is part of the one desktop
+    QString siblings; // all monitors are virtual siblings
     for (std::size_t i = 0; i < monitors.size(); ++i) {
         UnionRect(&allWorkAreas, &allWorkAreas, &monitors[i].workArea);
         siblings += QStringLiteral("#%1 ").arg(i + 1);
@@ -105,7 +105,7 @@ void QtDesktopTest::head_data()
            "Desktop file name: org.example.viewer\n"
            "Number of screens:  0\n"
            "Primary screen:     \n";
-    QTest::newRow("placeholders stay")
+    QTest::newRow("placeholders are not replaced")
         << QByteArray(R"([{"name": "%1 %2"}])") << QStringList({"%1"})
         << "QScreen (Desktop)\n"
            "Desktop file name: %1\n"
@@ -129,9 +129,9 @@ void QtDesktopTest::head()
 void QtDesktopTest::screens_data()
 {
     QTest::addColumn<QByteArray>("screens");
-    QTest::addColumn<QString>("expected"); // behind the line of the desktop file
+    QTest::addColumn<QString>("expected"); // after the line of the desktop file
 
-    QTest::newRow("a screen of 800 by 600 with a panel")
+    QTest::newRow("an 800 x 600 screen with a panel")
         << QByteArray(R"([{"name": "DP-1", "geometry": [0, 0, 800, 600], "available": [0, 30, 800, 570], "siblings": [0]}])")
         << "Number of screens:  1\n"
            "Primary screen:     DP-1\n"
@@ -165,7 +165,7 @@ void QtDesktopTest::screens_data()
            "  available Geometry       width:  1024, height:   700\n"
            "  available virt. Geometry width:  1824, height:   700\n"
            "  virtual siblings: #1 #2 \n";
-    QTest::newRow("siblings in their own order")
+    QTest::newRow("siblings in the order of the platform")
         << QByteArray(R"([{"geometry": [0, 0, 100, 50], "siblings": [2, 0]},
                           {"geometry": [100, 0, 100, 50], "siblings": [1]},
                           {"geometry": [200, 0, 100, 50], "siblings": [0, 2]}])")
@@ -186,7 +186,7 @@ void QtDesktopTest::screens_data()
            "  available Geometry       width:   100, height:    50\n"
            "  available virt. Geometry width:   300, height:    50\n"
            "  virtual siblings: #1 #3 \n";
-    QTest::newRow("a primary screen connected last is the first of the list")
+    QTest::newRow("a primary screen that is connected last is listed first")
         << QByteArray(R"([{"name": "early", "geometry": [0, 0, 800, 600], "siblings": [0]},
                           {"name": "primary", "geometry": [0, 0, 1024, 768], "siblings": [1], "primary": true}])")
         << "Number of screens:  2\n"
@@ -201,7 +201,7 @@ void QtDesktopTest::screens_data()
            "  available Geometry       width:   800, height:   600\n"
            "  available virt. Geometry width:   800, height:   600\n"
            "  virtual siblings: #2 \n";
-    QTest::newRow("a screen of the primary screen's name is not it")
+    QTest::newRow("another screen with the name of the primary screen is not marked")
         << QByteArray(R"([{"name": "same", "geometry": [0, 0, 800, 600], "siblings": [0]},
                           {"name": "same", "geometry": [0, 0, 800, 600], "siblings": [1]}])")
         << "Number of screens:  2\n"
@@ -216,7 +216,7 @@ void QtDesktopTest::screens_data()
            "  available Geometry       width:   800, height:   600\n"
            "  available virt. Geometry width:   800, height:   600\n"
            "  virtual siblings: #2 \n";
-    QTest::newRow("a sibling outside the list is left out")
+    QTest::newRow("a sibling that is not in the list is omitted")
         << QByteArray(R"([{"name": "in", "geometry": [0, 0, 800, 600], "siblings": [1, 0]},
                           {"name": "out", "geometry": [800, 0, 800, 600], "listed": false}])")
         << "Number of screens:  1\n"
@@ -226,7 +226,7 @@ void QtDesktopTest::screens_data()
            "  available Geometry       width:   800, height:   600\n"
            "  available virt. Geometry width:  1600, height:   600\n"
            "  virtual siblings: #1 \n";
-    QTest::newRow("all siblings outside the list: neither numbers nor a hyphen")
+    QTest::newRow("no sibling is in the list: neither numbers nor a hyphen")
         << QByteArray(R"([{"name": "in", "geometry": [0, 0, 800, 600], "siblings": [1]},
                           {"name": "out", "geometry": [800, 0, 800, 600], "listed": false}])")
         << "Number of screens:  1\n"
@@ -245,7 +245,7 @@ void QtDesktopTest::screens_data()
            "  available Geometry       width: 12345, height: 54321\n"
            "  available virt. Geometry width: 12345, height: 54321\n"
            "  virtual siblings: #1 \n";
-    QTest::newRow("six digits are not cut")
+    QTest::newRow("six digits are not truncated")
         << QByteArray(R"([{"geometry": [0, 0, 123456, 1], "available": [0, 0, 1234567, 7], "siblings": [0]}])")
         << "Number of screens:  1\n"
            "Primary screen:     \n"
@@ -277,7 +277,7 @@ void QtDesktopTest::screens()
 
 void QtDesktopTest::primaryScreen_data()
 {
-    QTest::addColumn<QString>("primary"); // as primary_screen.cpp takes it
+    QTest::addColumn<QString>("primary"); // PRIMARY_SCREEN, see primary_screen.cpp
     QTest::addColumn<QString>("expected");
     const QString first("Screen #1:%1\n"
                         "  screen Geometry          width:   800, height:   600\n"
@@ -290,16 +290,16 @@ void QtDesktopTest::primaryScreen_data()
                          "  available virt. Geometry width:  1024, height:   768\n"
                          "  virtual siblings: #2 \n");
     const QString mark(" (primary screen)");
-    QTest::newRow("none among two: an empty name and no mark")
+    QTest::newRow("two screens, none of them primary: an empty name and no mark")
         << "none"
         << "Primary screen:     \n" + first.arg("") + second.arg("");
-    QTest::newRow("the first of the list") << "0"
-                                           << "Primary screen:     A\n" + first.arg(mark) + second.arg("");
-    QTest::newRow("the second of the list") << "1"
-                                            << "Primary screen:     B\n" + first.arg("") + second.arg(mark);
+    QTest::newRow("the first screen") << "0"
+                                      << "Primary screen:     A\n" + first.arg(mark) + second.arg("");
+    QTest::newRow("the second screen") << "1"
+                                       << "Primary screen:     B\n" + first.arg("") + second.arg(mark);
 }
 
-// Qt 5 lists the primary screen first; its documentation does not promise that.
+// Qt 5 lists the primary screen first, but its documentation does not guarantee that.
 void QtDesktopTest::primaryScreen()
 {
     QFETCH(QString, primary);
@@ -315,7 +315,7 @@ void QtDesktopTest::primaryScreen()
                      + expected);
 }
 
-// Screens of one server that are no desktop together.
+// Without Xinerama, each screen of an X server is its only virtual sibling.
 void QtDesktopTest::screensOfAnXServer()
 {
     const qt_environment::XServer server({QStringLiteral("800x600x24"), QStringLiteral("1024x768x24")}, 96);

@@ -25,13 +25,13 @@ private Q_SLOTS:
 #ifdef Q_OS_WIN
     void sameAsWindows();
 #else
-    void plainHome();
+    void defaultFoldersOfAHome();
     void chosenFolders();
     void emptyLocation();
 #endif
 };
 
-// Every label is 27 characters wide; behind them stands what this system has.
+// Every label is 27 characters wide. The folders depend on the system.
 void QtDesktopServicesTest::labels()
 {
     const QStringList labels = {
@@ -51,7 +51,7 @@ void QtDesktopServicesTest::labels()
         "Fonts [displayName]        ",
     };
     const QStringList lines = qtDesktopServices().split(QLatin1Char('\n'));
-    QCOMPARE(lines.size(), 17); // the last is what is behind the last line feed
+    QCOMPARE(lines.size(), 17); // the last is the empty text after the last line feed
     QCOMPARE(lines.at(0), QStringLiteral("QDesktopServices"));
     QCOMPARE(lines.at(1), QStringLiteral("HomeLocation"));
     for (int i = 0; i < labels.size(); ++i)
@@ -79,7 +79,7 @@ QString temporaryFolder()
     GetTempPathW(MAX_PATH + 1, shortPath);
     GetLongPathNameW(shortPath, path, MAX_PATH + 1);
     QString text = QString::fromWCharArray(path).replace(QLatin1Char('\\'), QLatin1Char('/'));
-    text.chop(1); // GetTempPath ends in a backslash
+    text.chop(1); // the path ends with a backslash
     return text;
 }
 
@@ -117,7 +117,7 @@ void QtDesktopServicesTest::sameAsWindows()
 
 #else
 
-void QtDesktopServicesTest::plainHome()
+void QtDesktopServicesTest::defaultFoldersOfAHome()
 {
     const QTemporaryDir folder;
     const QString home = folder.path();
@@ -146,12 +146,12 @@ void QtDesktopServicesTest::plainHome()
                               "Fonts [displayName]        Fonts\n");
 }
 
-// Each in a place of its own, with placeholders and blanks in its path.
+// Every folder is configured, with placeholders and blanks in its path.
 void QtDesktopServicesTest::chosenFolders()
 {
     const QTemporaryDir folder;
     const QString scratch = folder.filePath("%L1");
-    QVERIFY(QDir().mkdir(scratch)); // Qt looks whether it is there
+    QVERIFY(QDir().mkdir(scratch)); // Qt checks that it exists
     QFile settings(folder.filePath("user-dirs.dirs"));
     QVERIFY(settings.open(QIODevice::WriteOnly));
     settings.write("XDG_DESKTOP_DIR=\"$HOME/my desk\"\nXDG_DOCUMENTS_DIR=\"/papers/%1\"\n");

@@ -1,4 +1,4 @@
-// qtGlobal(): text, with the Qt that runs and with one of another version.
+// qtGlobal(), with the running Qt and with another version of it.
 
 #include "test_main.h"
 #include "texts.h"
@@ -19,7 +19,7 @@ class QtGlobalTest : public QObject
 private Q_SLOTS:
     void text();
 #ifndef Q_OS_WIN
-    void runsWithAnotherQt();
+    void runningVersionDiffersFromTheLinkedOne();
 #endif
 };
 
@@ -27,11 +27,11 @@ private Q_SLOTS:
 
 namespace {
 
-const char *pretendedVersion = nullptr; // null: the real one
+const char *pretendedVersion = nullptr; // null: the real version
 
 } // namespace
 
-// The linker finds this one before Qt's own.
+// The linker prefers this definition to that of QtCore.
 const char *qVersion() noexcept
 {
     using Function = const char *(*)();
@@ -43,7 +43,7 @@ const char *qVersion() noexcept
 
 namespace {
 
-// "Endianess" is the report's spelling. FOUND_QT_VERSION is what the build found.
+// Quirk: "Endianess" is misspelled. FOUND_QT_VERSION is the version that CMake found.
 QString textWith(const QString &runningVersion)
 {
     return QStringLiteral("Qt Global\n"
@@ -65,7 +65,7 @@ void QtGlobalTest::text()
 
 #ifndef Q_OS_WIN
 
-void QtGlobalTest::runsWithAnotherQt()
+void QtGlobalTest::runningVersionDiffersFromTheLinkedOne()
 {
     pretendedVersion = "5.98.76";
     const QString text = qtGlobal();

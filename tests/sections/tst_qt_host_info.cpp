@@ -8,7 +8,7 @@
 #ifdef Q_OS_WIN
 #  include "described_windows.h"
 #  include <winsock2.h>
-// winsock2.h goes before the others
+// winsock2.h must precede the others
 #  include <iphlpapi.h>
 #  include <windows.h>
 #else
@@ -50,7 +50,7 @@ QString computerName(COMPUTER_NAME_FORMAT format)
     return GetComputerNameExW(format, name, &size) ? QString::fromWCharArray(name) : QString("GetComputerNameEx failed");
 }
 
-/// The first of the values that is not empty, as the resolver of Windows takes them.
+/// The first value that is not empty, in the order of the resolver of Windows.
 QString registryDomain()
 {
     const wchar_t key[] = L"SYSTEM\\CurrentControlSet\\Services\\Tcpip\\Parameters";
@@ -83,7 +83,7 @@ void QtHostInfoTest::sameAsWindows()
     const QString label("Local host name:   ");
     QVERIFY2(lines.at(1).startsWith(label), qPrintable(lines.at(1)));
     QString host = lines.at(1).mid(label.size());
-    if (runsUnderWine()) // gethostname() returns Linux's name there, with what stands after a full stop
+    if (runsUnderWine()) // gethostname() returns the host name of Linux there, including its domain
         host = host.section('.', 0, 0);
     QVERIFY(!host.isEmpty());
     QCOMPARE(host, computerName(ComputerNameDnsHostname));
@@ -102,11 +102,11 @@ void QtHostInfoTest::domainsInTheRegistry_data()
     QTest::newRow("no domain") << QByteArray() << "Local domain name: ";
 }
 
-// Wine reads the registry of the process; on Windows a service answers.
+// Wine reads the registry in the process itself, Windows in a service.
 void QtHostInfoTest::domainsInTheRegistry()
 {
     if (!runsUnderWine())
-        QSKIP("Windows does not look up the domain in the registry of this process");
+        QSKIP("Windows does not read the domain from the registry of this process");
     QFETCH(QByteArray, values);
     QFETCH(QString, line);
     const DescribedWindows windows("[HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Services\\Tcpip\\Parameters]\n" + values);
@@ -126,7 +126,7 @@ QString thisHost()
 
 } // namespace
 
-// The resolver takes LOCALDOMAIN before its own settings.
+// LOCALDOMAIN overrides the settings of the resolver.
 void QtHostInfoTest::domains_data()
 {
     QTest::addColumn<QString>("domain");
@@ -158,7 +158,7 @@ void QtHostInfoTest::hosts_data()
         << "QHostInfo\n"
            "Local host name:   plant-7\n"
            "Local domain name: example.test\n";
-    QTest::newRow("placeholders stay")
+    QTest::newRow("placeholders are not replaced")
         << "%1-%2"
         << "QHostInfo\n"
            "Local host name:   %1-%2\n"
@@ -172,7 +172,7 @@ void QtHostInfoTest::hosts()
     const QString text = qt_environment::sectionTextOnHost(host, QStringLiteral("qtHostInfo"),
                                                            {QStringLiteral("LOCALDOMAIN=example.test")});
     if (text.isNull())
-        QSKIP("this system does not let its users have host names of their own");
+        QSKIP("this system does not permit user namespaces with their own host name");
     COMPARE_TEXT(text, expected);
 }
 

@@ -68,31 +68,31 @@ void QtLocaleTest::text_data()
            "Country:          United States\n"
            "Language:         English\n"
            "Measuring System: ImperialSystem\n";
-    QTest::newRow("United Kingdom: its imperial system is unknown")
+    QTest::newRow("Quirk: the measurement system of the United Kingdom is unknown")
         << QStringList({"LC_ALL=en_GB.UTF-8"})
         << "QLocale\n"
            "Country:          United Kingdom\n"
            "Language:         English\n"
            "Measuring System: unknown\n";
-    QTest::newRow("the measurement of another country: United States")
+    QTest::newRow("LC_MEASUREMENT of the United States")
         << QStringList({"LANG=de_DE.UTF-8", "LC_MEASUREMENT=en_US.UTF-8"})
         << "QLocale\n"
            "Country:          Germany\n"
            "Language:         German\n"
            "Measuring System: ImperialSystem\n";
-    QTest::newRow("the measurement of another country: United Kingdom")
+    QTest::newRow("LC_MEASUREMENT of the United Kingdom")
         << QStringList({"LANG=fr_CA.UTF-8", "LC_MEASUREMENT=en_GB.UTF-8"})
         << "QLocale\n"
            "Country:          Canada\n"
            "Language:         French\n"
            "Measuring System: unknown\n";
-    QTest::newRow("the measurement of another country: metric")
+    QTest::newRow("LC_MEASUREMENT of Germany")
         << QStringList({"LANG=en_US.UTF-8", "LC_MEASUREMENT=de_DE.UTF-8"})
         << "QLocale\n"
            "Country:          United States\n"
            "Language:         English\n"
            "Measuring System: MetricSystem\n";
-    QTest::newRow("no locale at all: that of C")
+    QTest::newRow("no locale: C")
         << QStringList()
         << "QLocale\n"
            "Country:          Default\n"

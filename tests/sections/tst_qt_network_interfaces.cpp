@@ -1,5 +1,5 @@
-// qtNetworkInterfaces(). Away from Windows on networks that the test makes; on Windows
-// on the one that is there, which the test reads by itself.
+// qtNetworkInterfaces(). On Linux the test creates the networks. On Windows it compares the text
+// with results of the calls of Windows.
 
 #include "described_windows.h"
 #include "qt/qt_network_interfaces.h"
@@ -66,7 +66,7 @@ private Q_SLOTS:
 
 namespace {
 
-const QString title = QStringLiteral("Network Interfaces Info\n");
+const QString heading = QStringLiteral("Network Interfaces Info\n");
 const QString line = QStringLiteral("_______________________________________________________\n");
 const QString caption = QStringLiteral("Addresses: IP , netmask , broadcast\n");
 
@@ -76,8 +76,8 @@ const QString caption = QStringLiteral("Addresses: IP , netmask , broadcast\n");
 
 namespace {
 
-/// What QNetworkInterface::flags() answers instead of the truth: the kernel never
-/// reports an interface that is up and does not run, or the other way round.
+/// Replaces the result of QNetworkInterface::flags(): with the kernel, an interface never is up
+/// without running, or the other way round.
 std::optional<QNetworkInterface::InterfaceFlags> pretendedFlags;
 
 void writeFile(const char *path, const QByteArray &text)
@@ -87,8 +87,8 @@ void writeFile(const char *path, const QByteArray &text)
         qWarning("cannot write %s", path);
 }
 
-/// Who is not root makes networks in a user namespace, where that is permitted. To be
-/// called while the process has one thread only.
+/// Creates a user namespace unless the user is root. Must be called while the process has only one
+/// thread.
 void becomeRoot()
 {
     const uid_t user = geteuid();
@@ -100,7 +100,7 @@ void becomeRoot()
     writeFile("/proc/self/gid_map", "0 " + QByteArray::number(group) + " 1");
 }
 
-/// Runs "ip" with these arguments; an empty text, or what it said of its failure.
+/// Runs "ip" with \a arguments. Returns an empty text, or the error message.
 QString ip(const QString &arguments)
 {
     QProcess process;
@@ -111,7 +111,7 @@ QString ip(const QString &arguments)
     return process.exitCode() == 0 ? QString() : QString::fromUtf8(process.readAll());
 }
 
-/// The interfaces that the kernel says are running, in the order of their names.
+/// The interfaces that are running according to the kernel, sorted by name.
 QStringList runningInterfaces()
 {
     QStringList names;
@@ -127,7 +127,7 @@ QStringList runningInterfaces()
     return names;
 }
 
-/// For as long as it lives no file and no socket can be opened.
+/// No file and no socket can be opened while the object exists.
 class NoMoreFiles
 {
 public:
@@ -146,7 +146,7 @@ private:
 
 const char loopbackUp[] = "link set lo up";
 
-/// vk0 and vk1, one at each end of a cable, with addresses of the test's alone.
+/// Creates the connected interfaces vk0 and vk1, with locally administered addresses.
 QStringList cable()
 {
     return {"link add vk0 index 10 address 02:00:00:00:0a:bc type veth peer name vk1 index 11 address 02:00:00:00:0d:ef",
@@ -165,8 +165,8 @@ const QString loopbackOff = line + QStringLiteral("lo\n"
     + caption
     + QStringLiteral("<no address>\n");
 
-// What stands below a loopback interface's name when it is up. Qt works out a broadcast
-// address where the kernel has none.
+// The lines of a loopback interface that is up, after its name. Qt computes a broadcast address if
+// the kernel has none.
 const QString loopbackOn = QStringLiteral("Loopback interface\n"
                                           "Hardware address: 00:00:00:00:00:00\n"
                                           "Status: Up, Running\n")
@@ -205,7 +205,7 @@ const char noAddress[] = "<no address>\n";
 
 } // namespace
 
-// Takes the place of Qt's own in this program.
+// The linker prefers this definition to that of QtNetwork.
 QNetworkInterface::InterfaceFlags QNetworkInterface::flags() const
 {
     using Flags = InterfaceFlags (*)(const QNetworkInterface *);
@@ -213,7 +213,7 @@ QNetworkInterface::InterfaceFlags QNetworkInterface::flags() const
     return pretendedFlags ? *pretendedFlags : real(this);
 }
 
-/// Every test has a network of its own: a loopback interface of index 1 that is down.
+/// Every test has its own network, which has only a loopback interface with the index 1 that is down.
 void NetworkInterfacesTest::init()
 {
     if (unshare(CLONE_NEWNET) != 0)
@@ -235,19 +235,19 @@ void NetworkInterfacesTest::text_data()
     const QString runs = QStringLiteral("Up, Running");
     const QString isDown = QStringLiteral("Down, Not running");
 
-    QTest::newRow("a loopback interface that is down, no address: the caption stays")
+    QTest::newRow("a loopback interface that is down, no address: only the caption")
         << QStringList() << QStringList() << QByteArray("{}") << loopbackOff;
-    QTest::newRow("a loopback interface of which Windows knows nothing: no gateway, DHCP or WINS lines")
+    QTest::newRow("a loopback interface without an adapter of Windows: no gateway, DHCP or WINS lines")
         << QStringList {loopbackUp} << QStringList {"lo"} << adapters(adapter(2, "other"))
         << line + "lo\n" + loopbackOn;
-    QTest::newRow("a loopback interface that Windows knows: its description and its details")
+    QTest::newRow("a loopback interface with an adapter of Windows: its description and its details")
         << QStringList {loopbackUp} << QStringList {"lo"} << adapters(adapter(1, "Software Loopback 1"))
         << line + "Software Loopback 1\n" + loopbackOn + plainDetails;
 
-    QTest::newRow("two interfaces in the order of the list, each opened by a line; no address")
+    QTest::newRow("two interfaces without addresses: in the order of Qt's list, a line before each")
         << cableInUse() << QStringList {"vk0", "vk1"} << QByteArray("{}")
         << loopbackOff + firstEnd("vk0", runs, noAddress) + secondEnd(runs, noAddress);
-    QTest::newRow("one interface has addresses, one has none") << cableInUse()
+    QTest::newRow("one interface with addresses, one without") << cableInUse()
             + QStringList {"addr add 10.1.2.3/24 broadcast 10.1.2.255 dev vk0", "addr add 172.16.0.9/29 dev vk0",
                            "addr add 2001:db8::a/64 dev vk0 nodad", "addr add fe80::b/64 dev vk0 nodad"}
                                                                << QStringList {"vk0", "vk1"} << QByteArray("{}")
@@ -258,13 +258,13 @@ void NetworkInterfacesTest::text_data()
                        "2001:db8::a , ffff:ffff:ffff:ffff:: , \n"
                        "fe80::b%vk0 , ffff:ffff:ffff:ffff:: , \n")
             + secondEnd(runs, noAddress);
-    QTest::newRow("an interface that is down shows the address it has")
+    QTest::newRow("an interface that is down shows its address")
         << cable() + QStringList {"addr add 10.1.2.4/16 broadcast 10.1.255.255 dev vk1"} << QStringList()
         << QByteArray("{}")
         << loopbackOff + firstEnd("vk0", isDown, noAddress)
             + secondEnd(isDown, "10.1.2.4 , 255.255.0.0 , 10.1.255.255\n");
 
-    QTest::newRow("each interface has the adapter of its own index")
+    QTest::newRow("each interface has the adapter with its index")
         << cableInUse() << QStringList {"vk0", "vk1"}
         << adapters(adapter(11, "second") + "," + adapter(12, "other") + R"(, {"Index": 10, "Description": "first",
                "GatewayList": [["10.0.0.7", "255.0.0.7"], ["10.0.0.8", "255.0.0.8"], ["10.0.0.9", "255.0.0.9"]],
@@ -286,17 +286,17 @@ void NetworkInterfacesTest::text_data()
                        "Primary WINS Server: 10.0.0.4, 255.0.0.4\n"
                        "Secondary WINS Server: 10.0.0.5, 255.0.0.5\n")
             + secondEnd(runs, QString(noAddress) + plainDetails).replace("vk1", "second");
-    QTest::newRow("an adapter without description: the interface's own name, then the details")
+    QTest::newRow("an adapter without a description: the name of the interface, then the details")
         << cable() << QStringList() << adapters(adapter(10, ""))
         << loopbackOff + firstEnd("vk0", isDown, QString(noAddress) + plainDetails) + secondEnd(isDown, noAddress);
-    QTest::newRow("a description is UTF-8")
+    QTest::newRow("a description is decoded as UTF-8")
         << cable() << QStringList()
         << QByteArray("{\"ansiCodePage\": 65001, " + adapters(adapter(10, "\xc3\xa9")).mid(1))
         << loopbackOff + firstEnd(QChar(0xe9), isDown, QString(noAddress) + plainDetails) + secondEnd(isDown, noAddress);
-    QTest::newRow("a description that is no UTF-8 shows replacement characters")
+    QTest::newRow("a description that is not UTF-8 shows U+FFFD")
         << cable() << QStringList() << adapters(adapter(10, "\xc3\xa9"))
         << loopbackOff + firstEnd(QChar(0xfffd), isDown, QString(noAddress) + plainDetails) + secondEnd(isDown, noAddress);
-    QTest::newRow("a description is no pattern")
+    QTest::newRow("placeholders in a description are not replaced")
         << cable() << QStringList() << adapters(adapter(10, "%1 %2"))
         << loopbackOff + firstEnd("%1 %2", isDown, QString(noAddress) + plainDetails) + secondEnd(isDown, noAddress);
 }
@@ -311,7 +311,7 @@ void NetworkInterfacesTest::text()
         QCOMPARE(ip(command), QString());
     QTRY_COMPARE(runningInterfaces(), running);
     const DescribedWindows windows("", system);
-    COMPARE_TEXT(qtNetworkInterfaces(), title + expected);
+    COMPARE_TEXT(qtNetworkInterfaces(), heading + expected);
 }
 
 void NetworkInterfacesTest::interfaceWithoutHardwareAddress()
@@ -319,7 +319,7 @@ void NetworkInterfacesTest::interfaceWithoutHardwareAddress()
     QCOMPARE(ip("tuntap add dev vk9 mode tun"), QString());
     const DescribedWindows windows("", "{}");
     COMPARE_TEXT(qtNetworkInterfaces(),
-                 title + loopbackOff + end(QStringLiteral("vk9"), QString(), QStringLiteral("Down, Not running"), noAddress));
+                 heading + loopbackOff + end(QStringLiteral("vk9"), QString(), QStringLiteral("Down, Not running"), noAddress));
 }
 
 void NetworkInterfacesTest::status_data()
@@ -327,15 +327,15 @@ void NetworkInterfacesTest::status_data()
     QTest::addColumn<int>("flags");
     QTest::addColumn<QString>("expected");
     using Interface = QNetworkInterface;
-    QTest::newRow("nothing set") << 0 << "Status: Down, Not running\n";
+    QTest::newRow("no flag") << 0 << "Status: Down, Not running\n";
     QTest::newRow("0x1: up") << 1 << "Status: Up, Not running\n";
     QTest::newRow("0x2: running") << 2 << "Status: Down, Running\n";
     QTest::newRow("0x3: both") << 3 << "Status: Up, Running\n";
     QTest::newRow("0x8: loopback") << 8 << "Status: Down, Not running\n";
-    QTest::newRow("all others set")
+    QTest::newRow("all other flags")
         << int(Interface::CanBroadcast | Interface::IsPointToPoint | Interface::CanMulticast)
         << "Status: Down, Not running\n";
-    QTest::newRow("all set") << 0x3f << "Status: Up, Running\n";
+    QTest::newRow("all flags") << 0x3f << "Status: Up, Running\n";
 }
 
 void NetworkInterfacesTest::status()
@@ -345,16 +345,16 @@ void NetworkInterfacesTest::status()
     pretendedFlags = QNetworkInterface::InterfaceFlags(flags);
     const DescribedWindows windows("", "{}");
     COMPARE_TEXT(qtNetworkInterfaces(),
-                 title + line + "lo\n" + (flags & 8 ? "Loopback interface\n" : "")
+                 heading + line + "lo\n" + (flags & 8 ? "Loopback interface\n" : "")
                      + "Hardware address: 00:00:00:00:00:00\n" + expected + caption + noAddress);
 }
 
 void NetworkInterfacesTest::noInterface()
 {
     const DescribedWindows windows("", adapters(adapter(1, "one")));
-    QTest::ignoreMessage(QtSystemMsg, QRegularExpression("NETLINK")); // Qt's own words about it
+    QTest::ignoreMessage(QtSystemMsg, QRegularExpression("NETLINK")); // the message of Qt
     const NoMoreFiles noSocket;
-    COMPARE_TEXT(qtNetworkInterfaces(), title);
+    COMPARE_TEXT(qtNetworkInterfaces(), heading);
     QCOMPARE(simulated::callCount(), std::size_t(0));
 }
 
@@ -385,7 +385,7 @@ void NetworkInterfacesTest::listIsReadTwicePerInterface()
             sizes += QString::number(call.sizeIn);
     }
     QStringList expected;
-    for (int i = 0; i < 3 * 2 * 2; ++i) // three interfaces, two look-ups each, two calls each
+    for (int i = 0; i < 3 * 2 * 2; ++i) // three interfaces, two lookups each, two calls each
         expected += QStringLiteral("704");
     QCOMPARE(sizes, expected);
 }
@@ -400,14 +400,14 @@ void NetworkInterfacesTest::failingCalls_data()
     const QByteArray list("GetAdaptersInfo");
     const QByteArray memory("HeapAlloc");
     const QString details(plainDetails);
-    QTest::newRow("the first call for the description fails: the second one decides") << list << 0 << "one" << details;
-    QTest::newRow("the second call for the description fails: Qt's name, the details stay") << list << 1 << "lo" << details;
-    QTest::newRow("the first call for the details fails: the second one decides") << list << 2 << "one" << details;
-    QTest::newRow("the second call for the details fails: the description stays") << list << 3 << "one" << QString();
-    QTest::newRow("no memory for the description: Qt's name, the details stay") << memory << 0 << "lo" << details;
-    QTest::newRow("no memory for the details: the description stays") << memory << 1 << "one" << QString();
-    QTest::newRow("no list at all: Qt's data alone") << list << -1 << "lo" << QString();
-    QTest::newRow("no memory at all: Qt's data alone") << memory << -1 << "lo" << QString();
+    QTest::newRow("the first call for the description fails: the result of the second one counts") << list << 0 << "one" << details;
+    QTest::newRow("the second call for the description fails: Qt's name and the details") << list << 1 << "lo" << details;
+    QTest::newRow("the first call for the details fails: the result of the second one counts") << list << 2 << "one" << details;
+    QTest::newRow("the second call for the details fails: only the description") << list << 3 << "one" << QString();
+    QTest::newRow("no memory for the description: Qt's name and the details") << memory << 0 << "lo" << details;
+    QTest::newRow("no memory for the details: only the description") << memory << 1 << "one" << QString();
+    QTest::newRow("GetAdaptersInfo() always fails: only Qt's data") << list << -1 << "lo" << QString();
+    QTest::newRow("every allocation fails: only Qt's data") << memory << -1 << "lo" << QString();
 }
 
 void NetworkInterfacesTest::failingCalls()
@@ -420,11 +420,11 @@ void NetworkInterfacesTest::failingCalls()
     const DescribedWindows windows("", adapters(adapter(1, "one")));
     const auto fault = number < 0 ? simulated::Fault::everyCall(call, 1)
                                   : simulated::Fault::nthCall(call, std::size_t(number), 1);
-    COMPARE_TEXT(qtNetworkInterfaces(), title + line + name + "\n" + loopbackOn + details);
+    COMPARE_TEXT(qtNetworkInterfaces(), heading + line + name + "\n" + loopbackOn + details);
     QVERIFY(fault.hits() >= 1);
 }
 
-// Before QtTest starts a thread.
+// Runs before QtTest starts a thread.
 NetworkInterfacesTest::NetworkInterfacesTest()
 {
     becomeRoot();
@@ -442,7 +442,7 @@ QString ipv4Line(const sockaddr_in &address, int prefix)
         + QHostAddress(ip | hostBits).toString() + "\n";
 }
 
-/// The name that Qt writes behind an address of one link.
+/// The scope ID that Qt appends to a link-local address.
 QString scope(ULONG index)
 {
     NET_LUID luid = {};
@@ -482,7 +482,7 @@ QString hardwareAddress(const IP_ADAPTER_ADDRESSES &adapter)
     return QString::fromLatin1(bytes.toHex(':').toUpper());
 }
 
-/// The records of GetAdaptersInfo, in memory that is plenty.
+/// The records of GetAdaptersInfo() in a buffer that is large enough.
 std::vector<char> adapterRecords()
 {
     std::vector<char> memory(1 << 16);
@@ -545,7 +545,7 @@ void NetworkInterfacesTest::interfacesOfThisMachine()
     QCOMPARE(GetAdaptersAddresses(AF_UNSPEC, 0, nullptr, adapters, &size), ULONG(ERROR_SUCCESS));
     const std::vector<char> records = adapterRecords();
     QVERIFY(!records.empty());
-    QString expected = title;
+    QString expected = heading;
     for (const IP_ADAPTER_ADDRESSES *adapter = adapters; adapter; adapter = adapter->Next)
         expected += block(*adapter, reinterpret_cast<const IP_ADAPTER_INFO *>(records.data()));
     COMPARE_TEXT(qtNetworkInterfaces(), expected);

@@ -1,5 +1,5 @@
-// qtPrinterInfo(): text, with print servers of the test's own and, on Windows, with what
-// Windows' own calls answer.
+// qtPrinterInfo(), with a print server of the test, and on Windows compared with the results of the
+// calls of Windows.
 
 #include "test_main.h"
 #include "texts.h"
@@ -29,7 +29,7 @@ private Q_SLOTS:
     void noServer();
     void text_data();
     void text();
-    void instance();
+    void instanceOfAPrinter();
 #endif
 };
 
@@ -37,7 +37,7 @@ private Q_SLOTS:
 
 namespace {
 
-/// All that this user can print on, in the order of EnumPrinters().
+/// The printers of this user in the order of EnumPrinters().
 QStringList printers()
 {
     constexpr DWORD kinds = PRINTER_ENUM_LOCAL | PRINTER_ENUM_CONNECTIONS;
@@ -54,7 +54,7 @@ QStringList printers()
     return names;
 }
 
-/// Null where there is none.
+/// Null if there is none.
 QString defaultPrinter()
 {
     wchar_t name[256] = {};
@@ -114,18 +114,18 @@ void QtPrinterInfoTest::printersInTheRegistry_data()
     QTest::newRow("two printers, one of them the default")
         << printer("Alpha") + printer("Beta of 2") + defaultDevice("Beta of 2")
         << "QPrinterInfo\nAvailable printers:\n   Alpha\n   Beta of 2    [default printer]\n";
-    QTest::newRow("a default printer that is not there")
+    QTest::newRow("a default printer that does not exist")
         << printer("Alpha") + defaultDevice("Beta") << "QPrinterInfo\nAvailable printers:\n   Alpha\n";
-    QTest::newRow("placeholders and letters beyond ASCII stay")
+    QTest::newRow("placeholders and non-ASCII letters are shown unchanged")
         << printer("%1 \xc3\xa4") + printer("%L1 \xd0\x96") + defaultDevice("%L1 \xd0\x96")
         << QString::fromUtf8("QPrinterInfo\nAvailable printers:\n   %1 \xc3\xa4\n   %L1 \xd0\x96    [default printer]\n");
 }
 
-// Wine looks into the registry of the process; on Windows the spooler answers.
+// Wine reads the registry in the process itself, Windows in the spooler.
 void QtPrinterInfoTest::printersInTheRegistry()
 {
     if (!GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version"))
-        QSKIP("Windows does not look up printers in the registry of this process");
+        QSKIP("Windows does not read printers from the registry of this process");
     QFETCH(QByteArray, registry);
     QFETCH(QString, expected);
     const DescribedWindows windows(registry);
@@ -187,7 +187,7 @@ void QtPrinterInfoTest::text_data()
            "Available printers:\n"
            "   alpha    [default printer]\n"
            "   beta\n";
-    QTest::newRow("placeholders stay")
+    QTest::newRow("placeholders are not replaced")
         << QStringList({"%1", "%2-%L1"}) << "%2-%L1" << QStringList()
         << "QPrinterInfo\n"
            "Available printers:\n"
@@ -210,7 +210,7 @@ void QtPrinterInfoTest::text()
     COMPARE_TEXT(printerInfo(server.environment() + environment), expected);
 }
 
-void QtPrinterInfoTest::instance()
+void QtPrinterInfoTest::instanceOfAPrinter()
 {
     qt_environment::PrintServer server;
     server.addPrinter(QStringLiteral("alpha"));

@@ -1,4 +1,4 @@
-// qtScreens(): text, with screens of the test's own and with real ones.
+// qtScreens(), with described screens and with real ones.
 
 #include "section_process.h"
 #include "test_main.h"
@@ -36,7 +36,7 @@ private Q_SLOTS:
 
 namespace {
 
-/// At most six digits, as the C library writes them.
+/// The C library's "%g": at most six digits.
 QString number(double value)
 {
     char text[32];
@@ -81,7 +81,7 @@ void QtScreensTest::sameAsWindows()
     QVERIFY(!monitors.empty());
     for (const qt_environment::Monitor &monitor : monitors) {
         if (!monitor.isPrimary && monitor.modeWidth == 0)
-            continue; // no mode to compare with
+            continue; // the monitor has no mode to compare with
         QCOMPARE(monitor.width, monitor.modeWidth);
         QCOMPARE(monitor.height, monitor.modeHeight);
     }
@@ -108,8 +108,8 @@ void QtScreensTest::text_data()
     QTest::addColumn<QByteArray>("screens");
     QTest::addColumn<QString>("expected");
 
-    QTest::newRow("no screen: the title alone") << QByteArray("[]") << "QScreen (hardware)\n";
-    QTest::newRow("a screen of 600 mm by 340 mm")
+    QTest::newRow("no screen: only the heading") << QByteArray("[]") << "QScreen (hardware)\n";
+    QTest::newRow("a 600 mm x 340 mm screen")
         << QByteArray(R"([{"name": "DP-1", "manufacturer": "Example Displays", "millimetres": [600, 340],
                            "geometry": [0, 0, 1920, 1080], "logicalDpi": [96, 120], "pixelRatio": 1.5,
                            "refreshRate": 59.95, "depth": 30, "orientation": 8, "nativeOrientation": 2}])")
@@ -169,16 +169,16 @@ void QtScreensTest::text()
     COMPARE_TEXT(screensText(screens), expected);
 }
 
-// A screen that a row does not describe further is 1000 pixels and 254 mm wide and high.
+// By default a screen has 1000 x 1000 pixels and 254 mm x 254 mm.
 void QtScreensTest::lines_data()
 {
     QTest::addColumn<QByteArray>("screen");
     QTest::addColumn<QString>("expected");
 
     QTest::newRow("an empty name") << QByteArray(R"({"name": ""})") << "  Name: \n  Manufacturer: \n";
-    QTest::newRow("placeholders stay")
+    QTest::newRow("placeholders are not replaced")
         << QByteArray(R"({"name": "%1 %2", "manufacturer": "%L1"})") << "  Name: %1 %2\n  Manufacturer: %L1\n";
-    QTest::newRow("no physical size: zeros, and no density")
+    QTest::newRow("no physical size: zeros, and the density is infinite")
         << QByteArray(R"({"millimetres": [0, 0]})")
         << "  Physical DPI x: inf  y: inf\n"
            "  Logical  DPI x: 96  y: 96\n"
@@ -190,15 +190,15 @@ void QtScreensTest::lines_data()
         << QByteArray(R"({"millimetres": [25.4, 0]})")
         << "  PhysicalSize (width x height): 25.4mm x 0mm  1inch x 0inch\n"
            "                diagonal: 25.4mm 1inch\n";
-    QTest::newRow("six digits of a broken number")
+    QTest::newRow("a fraction has six digits")
         << QByteArray(R"({"millimetres": [123.45678, 0.0001]})")
         << "  PhysicalSize (width x height): 123.457mm x 0.0001mm  4.8605inch x 3.93701e-06inch\n"
            "                diagonal: 123.457mm 4.8605inch\n";
-    QTest::newRow("an exponent from seven digits on")
+    QTest::newRow("numbers of seven digits have an exponent")
         << QByteArray(R"({"millimetres": [2540000, 0]})")
         << "  PhysicalSize (width x height): 2.54e+06mm x 0mm  100000inch x 0inch\n"
            "                diagonal: 2.54e+06mm 100000inch\n";
-    QTest::newRow("densities that differ")
+    QTest::newRow("horizontal and vertical densities differ")
         << QByteArray(R"({"millimetres": [127, 254], "logicalDpi": [96.5, 144.123456]})")
         << "  Physical DPI x: 200  y: 100\n"
            "  Logical  DPI x: 96.5  y: 144.123\n";
@@ -213,9 +213,9 @@ void QtScreensTest::lines_data()
             << QStringLiteral(R"({"orientation": %1, "nativeOrientation": %1})").arg(orientation).toLatin1()
             << QStringLiteral("  Orientation: %1\n  Native Orientation: %1\n  Primary Orientation: 2\n").arg(orientation);
     }
-    QTest::newRow("a native orientation that nobody knows")
+    QTest::newRow("an unknown native orientation")
         << QByteArray(R"({"nativeOrientation": 0})") << "  Native Orientation: 0\n";
-    QTest::newRow("the primary orientation of a high screen")
+    QTest::newRow("the primary orientation of a portrait screen")
         << QByteArray(R"({"geometry": [0, 0, 800, 801], "orientation": 2})")
         << "  Orientation: 2\n  Native Orientation: 0\n  Primary Orientation: 1\n";
 }
@@ -229,7 +229,7 @@ void QtScreensTest::lines()
     QVERIFY2(text.contains(QLatin1Char('\n') + expected), qPrintable(text));
 }
 
-// At 254 dots per inch a millimetre is ten pixels.
+// At 254 dots per inch a millimetre has ten pixels.
 void QtScreensTest::screensOfAnXServer()
 {
     const qt_environment::XServer server({QStringLiteral("800x600x24"), QStringLiteral("1000x500x16")}, 254);

@@ -1,4 +1,4 @@
-// qtSystemEnvironment(): text.
+// qtSystemEnvironment()
 
 #include "section_process.h"
 #include "test_main.h"
@@ -23,7 +23,7 @@ private Q_SLOTS:
 
 namespace {
 
-const char title[] = "System environemnt (QProcess::systemEnvironment()):\n";
+const char heading[] = "System environemnt (QProcess::systemEnvironment()):\n";
 
 } // namespace
 
@@ -33,7 +33,7 @@ void QtSystemEnvironmentTest::wholeEnvironment_data()
 {
     QTest::addColumn<QStringList>("environment");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("an empty environment: the title alone")
+    QTest::newRow("an empty environment: only the heading")
         << QStringList()
         << "System environemnt (QProcess::systemEnvironment()):\n";
     QTest::newRow("one entry")
@@ -46,12 +46,12 @@ void QtSystemEnvironmentTest::wholeEnvironment_data()
            "  B=1\n"
            "  a=2\n"
            "  A=3\n";
-    QTest::newRow("placeholders of several entries stay")
+    QTest::newRow("placeholders of several entries are not replaced")
         << QStringList({"B=%1", "%2=%3"})
         << "System environemnt (QProcess::systemEnvironment()):\n"
            "  B=%1\n"
            "  %2=%3\n";
-    QTest::newRow("a line feed stays")
+    QTest::newRow("a line feed is not removed")
         << QStringList({"A=1\n2", "B=3"})
         << "System environemnt (QProcess::systemEnvironment()):\n"
            "  A=1\n"
@@ -68,7 +68,7 @@ void QtSystemEnvironmentTest::wholeEnvironment()
 
 #endif
 
-// An entry is added and goes away again.
+// The test adds an entry and removes it again.
 void QtSystemEnvironmentTest::ownEnvironment()
 {
     const QString line = QString::fromUtf8("  VK_TEST_ENTRY=gr\xc3\xbc\xc3\x9f\x65\n");
@@ -76,7 +76,7 @@ void QtSystemEnvironmentTest::ownEnvironment()
     qputenv("VK_TEST_ENTRY", QString::fromUtf8("gr\xc3\xbc\xc3\x9f\x65").toLocal8Bit());
     const QString text = qtSystemEnvironment();
     qunsetenv("VK_TEST_ENTRY");
-    QVERIFY2(text.startsWith(QLatin1String(title)), qPrintable(text));
+    QVERIFY2(text.startsWith(QLatin1String(heading)), qPrintable(text));
     QVERIFY2(text.contains(QLatin1Char('\n') + line), qPrintable(text));
     QVERIFY(!qtSystemEnvironment().contains(line));
 }
@@ -85,11 +85,11 @@ void QtSystemEnvironmentTest::entries_data()
 {
     QTest::addColumn<QString>("entry");
     QTest::newRow("a value") << "VK_TEST=value";
-    QTest::newRow("placeholders stay") << "VK_TEST=%1 %2 %99 %L1";
+    QTest::newRow("placeholders are not replaced") << "VK_TEST=%1 %2 %99 %L1";
     QTest::newRow("a placeholder in the name") << "VK_TEST_%1=value";
     QTest::newRow("equals signs in the value") << "VK_TEST==a=b=";
-    QTest::newRow("blanks stay") << "VK_TEST=  a b  ";
-#ifndef Q_OS_WIN // where there is no variable without a value
+    QTest::newRow("blanks are not removed") << "VK_TEST=  a b  ";
+#ifndef Q_OS_WIN // Windows has no variables without a value
     QTest::newRow("no value") << "VK_TEST=";
 #endif
 }
@@ -98,7 +98,7 @@ void QtSystemEnvironmentTest::entries()
 {
     QFETCH(QString, entry);
     const QString text = qt_environment::sectionText(QStringLiteral("qtSystemEnvironment"), {entry});
-    QVERIFY2(text.startsWith(QLatin1String(title)), qPrintable(text));
+    QVERIFY2(text.startsWith(QLatin1String(heading)), qPrintable(text));
     QVERIFY2(text.contains(QStringLiteral("\n  ") + entry + QLatin1Char('\n')), qPrintable(text));
 }
 

@@ -1,4 +1,4 @@
-// refCountSharedDll() and its line of the report
+// refCountSharedDll() and refCountSharedDllText()
 
 #include "poisoned_buffer.h"
 #include "section_rows.h"
@@ -23,7 +23,7 @@ public:
     }
     ~Messages() { qInstallMessageHandler(m_previous); }
 
-    /// "something else: " starts those that are no warnings or name a place in the source.
+    /// Messages that are not warnings, or that name a source file, start with "something else: ".
     static QStringList &texts()
     {
         static QStringList theTexts;
@@ -40,7 +40,7 @@ private:
     QtMessageHandler m_previous;
 };
 
-/// Whether there is a count, the count, and the messages.
+/// The result of refCountSharedDll(), the count, and the messages.
 QString resultFor(const QString &dllName)
 {
     const Messages messages;
@@ -67,7 +67,7 @@ QByteArray sharedDlls(const QByteArray &values = QByteArray())
     return machineKey("SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\SharedDLLs") + values;
 }
 
-/// Counts are registered under the path of Windows: C:\Windows on every system here.
+/// Counts are registered under the path of Windows, which is C:\Windows on all tested systems.
 const QByteArray systemFile(R"({"GetSystemWindowsDirectory": "C:\\Windows"})");
 const QByteArray valueName(R"(C:\\Windows\\system32\\vkdnssd.dll)");
 
@@ -79,18 +79,18 @@ void countRows()
     row("a count", sharedDlls(numberValue(valueName, 3)), true, 3);
     row("a count of 0 is one", sharedDlls(numberValue(valueName, 0)), true, 0);
     row("the highest count", sharedDlls(numberValue(valueName, 0xffffffff)), true, 0xffffffff);
-    row("Windows and System32 written otherwise", sharedDlls(numberValue(R"(c:\\WINDOWS\\System32\\VKDNSSD.DLL)", 4)), true, 4);
-    row("no list of shared DLLs: silent", "", false, poison);
-    row("a DLL that no installer registered: silent", sharedDlls(), false, poison);
+    row("Windows and System32 in another case", sharedDlls(numberValue(R"(c:\\WINDOWS\\System32\\VKDNSSD.DLL)", 4)), true, 4);
+    row("no list of shared DLLs: no warning", "", false, poison);
+    row("a DLL without a count: no warning", sharedDlls(), false, poison);
     row("another DLL", sharedDlls(numberValue(R"(C:\\Windows\\system32\\dnssd.dll)", 3)), false, poison);
-    row("the DLL elsewhere", sharedDlls(numberValue(R"(C:\\Windows\\SysWOW64\\vkdnssd.dll)", 3)), false, poison);
-    row("the bare name", sharedDlls(numberValue("vkdnssd.dll", 3)), false, poison);
-    row("any type: binary data", sharedDlls(binaryValue(valueName, QByteArray("\2\0\0\0", 4))), true, 2);
-    row("two bytes: the low ones, the others 0", sharedDlls(binaryValue(valueName, "\x01\x02")), true, 513);
+    row("the DLL in another folder", sharedDlls(numberValue(R"(C:\\Windows\\SysWOW64\\vkdnssd.dll)", 3)), false, poison);
+    row("the DLL without a folder", sharedDlls(numberValue("vkdnssd.dll", 3)), false, poison);
+    row("a count of type REG_BINARY", sharedDlls(binaryValue(valueName, QByteArray("\2\0\0\0", 4))), true, 2);
+    row("two bytes: the low bytes, the others are 0", sharedDlls(binaryValue(valueName, "\x01\x02")), true, 513);
     row("no bytes: 0", sharedDlls(binaryValue(valueName, "")), true, 0);
-    row("five bytes are no count", sharedDlls(binaryValue(valueName, QByteArray(5, '\1'))), false, poison);
-    row("a text of one character: its bytes", sharedDlls(textValue(valueName, "1")), true, 0x31);
-    row("a longer text is no count", sharedDlls(textValue(valueName, "1234")), false, poison);
+    row("five bytes are not a count", sharedDlls(binaryValue(valueName, QByteArray(5, '\1'))), false, poison);
+    row("a REG_SZ of one character: its bytes are the count", sharedDlls(textValue(valueName, "1")), true, 0x31);
+    row("a longer REG_SZ is not a count", sharedDlls(textValue(valueName, "1234")), false, poison);
     const auto line = [](const QString &name, const QByteArray &registry, const QString &text) {
         lines.text("line: " + name, {registry, systemFile}, text);
     };
@@ -101,7 +101,7 @@ void countRows()
 
 #ifdef SIMULATED_WINDOWS
 
-// The value that is queried, for each Windows directory and DLL.
+// The name of the queried value, for Windows directories and DLLs.
 void valueNameRows()
 {
     const auto row = [](const char *name, const QString &directory, const QString &dllName, const QString &queried) {
@@ -118,9 +118,9 @@ void valueNameRows()
     row("another drive", "D:\\WinNT", "a.dll", "D:\\WinNT\\system32\\a.dll");
     row("a drive's root", "C:\\", "a.dll", "C:\\\\system32\\a.dll");
     row("1023 units", longest, "a.dll", longest + "\\system32\\a.dll");
-    row("a first placeholder takes the DLL instead", "C:\\%1", "a.dll", "C:\\a.dll\\system32\\%2");
-    row("a second placeholder takes the DLL too", "C:\\%2", "a.dll", "C:\\a.dll\\system32\\a.dll");
-    row("a placeholder in the DLL's name stays", "C:\\Windows", "%1%2.dll", "C:\\Windows\\system32\\%1%2.dll");
+    row("Quirk: a first placeholder in the directory is replaced with the DLL", "C:\\%1", "a.dll", "C:\\a.dll\\system32\\%2");
+    row("Quirk: a second placeholder in the directory is replaced with the DLL too", "C:\\%2", "a.dll", "C:\\a.dll\\system32\\a.dll");
+    row("a placeholder in the DLL's name is not replaced", "C:\\Windows", "%1%2.dll", "C:\\Windows\\system32\\%1%2.dll");
     row("a character beyond Latin-1 becomes a question mark", "C:\\" + QString(QChar(0x4e00)), "a.dll",
         "C:\\?\\system32\\a.dll");
 }
@@ -138,7 +138,7 @@ void warningRows()
     };
     row("a Windows directory that is too long", R"({"GetSystemWindowsDirectory": ")" + QByteArray(1024, 'w') + "\"}",
         "buffer for sysDir too small, need 1025\n");
-    row("one that is far too long", R"({"GetSystemWindowsDirectory": ")" + QByteArray(70000, 'w') + "\"}",
+    row("a Windows directory that is far too long", R"({"GetSystemWindowsDirectory": ")" + QByteArray(70000, 'w') + "\"}",
         "buffer for sysDir too small, need 70001\n");
     row("no Windows directory", "{}", "GetSystemWindowsDirectory returned a 0 len string\n");
     row("an empty Windows directory", R"({"GetSystemWindowsDirectory": ""})",
@@ -152,11 +152,11 @@ void callRows()
                   "GetSystemWindowsDirectoryW 1024\n"
                       + keyCalls("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\SharedDLLs",
                                  {"C:\\Windows\\system32\\vkdnssd.dll 4"}));
-    lines.failure("the Windows directory: a warning", three, "GetSystemWindowsDirectoryW", 0,
+    lines.failure("GetSystemWindowsDirectory() fails: a warning", three, "GetSystemWindowsDirectoryW", 0,
                   failed + warning + "GetSystemWindowsDirectory returned a 0 len string\n");
-    lines.failure("the list does not open: silent", three, "RegOpenKeyExA", 0, failed);
-    lines.failure("the count cannot be read: silent", three, "RegQueryValueExA", 0, failed);
-    lines.failure("the list does not close: nothing shows", three, "RegCloseKey", 0, "3\n");
+    lines.failure("the list cannot be opened: no warning", three, "RegOpenKeyExA", 0, failed);
+    lines.failure("the count cannot be read: no warning", three, "RegQueryValueExA", 0, failed);
+    lines.failure("the list cannot be closed: the text is unchanged", three, "RegCloseKey", 0, "3\n");
 }
 
 #endif

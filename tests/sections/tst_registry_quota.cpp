@@ -14,7 +14,7 @@ Described quota(const QByteArray &answer)
     return {"", "{\"GetSystemRegistryQuota\": {" + answer + "}}"};
 }
 
-void whatWindowsAnswers()
+void sameAsWindows()
 {
     DWORD allowed = 0;
     DWORD used = 0;
@@ -29,7 +29,7 @@ void whatWindowsAnswers()
 void addRows()
 {
     if (!windowsIsSimulated)
-        return addTestRow("what Windows answers", whatWindowsAnswers);
+        return addTestRow("same as Windows", sameAsWindows);
     const Described full = quota("\"allowed\": 200, \"used\": 100");
     rows.text("used comes first", full, "Used [bytes]:           100\nAllowed [bytes]:        200\n");
     rows.text("more used than allowed", quota("\"allowed\": 1, \"used\": 1234567890"),
@@ -38,11 +38,11 @@ void addRows()
               "Used [bytes]:           0\nAllowed [bytes]:        0\n");
     rows.text("unsigned 32-bit numbers", quota("\"allowed\": 4294967295, \"used\": 2147483648"),
               "Used [bytes]:           2147483648\nAllowed [bytes]:        4294967295\n");
-    rows.text("a failing call: the heading alone", quota("\"error\": 5"), "");
-    rows.text("an empty machine: the heading alone", "", "");
+    rows.text("a failing call: only the heading", quota("\"error\": 5"), "");
+    rows.text("an empty machine: only the heading", "", "");
     rows.withoutMachine("");
     rows.calls("calls", full, "GetSystemRegistryQuota\n");
-    rows.failure("the call fails: the heading alone", full, "GetSystemRegistryQuota", 0, "");
+    rows.failure("the call fails: only the heading", full, "GetSystemRegistryQuota", 0, "");
 }
 
 } // namespace

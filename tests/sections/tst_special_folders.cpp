@@ -37,18 +37,18 @@ void textRows()
     };
     rows.text("all, in the order of the table", {"", fullSystem},
               lines({personal, programs, programFiles, localData, roamingData}));
-    rows.text("none: nothing behind the names", "", lines({"", "", "", "", ""}));
-    row("the first alone: all repeat it", R"("5": "a")", {"a", "a", "a", "a", "a"});
-    row("the third alone: the two behind it repeat it", R"("38": "c")", {"", "", "c", "c", "c"});
-    row("the last alone", R"("26": "e")", {"", "", "", "", "e"});
-    row("each second: a missing one repeats the one before", R"("5": "a", "38": "c", "26": "e")", {"a", "a", "c", "c", "e"});
-    row("a folder that fails with an error repeats the one before", R"("5": "a", "2": {"error": 2}, "38": "c")",
+    rows.text("no folder: only the names", "", lines({"", "", "", "", ""}));
+    row("Quirk: only the first folder: all lines repeat it", R"("5": "a")", {"a", "a", "a", "a", "a"});
+    row("Quirk: only the third folder: the two lines after it repeat it", R"("38": "c")", {"", "", "c", "c", "c"});
+    row("only the last folder", R"("26": "e")", {"", "", "", "", "e"});
+    row("Quirk: every second folder: a missing one repeats the previous one", R"("5": "a", "38": "c", "26": "e")", {"a", "a", "c", "c", "e"});
+    row("Quirk: a folder that fails with an error repeats the previous one", R"("5": "a", "2": {"error": 2}, "38": "c")",
         {"a", "a", "c", "c", "c"});
-    row("a shorter one shows nothing of the one before", R"("5": "long", "2": "b", "38": "", "28": "d")",
+    row("a shorter folder does not show the end of the previous one", R"("5": "long", "2": "b", "38": "", "28": "d")",
         {"long", "b", "", "d", "d"});
-    row("placeholders stay", R"("5": "%1 %2 %99 %L1")",
+    row("placeholders are not replaced", R"("5": "%1 %2 %99 %L1")",
         {"%1 %2 %99 %L1", "%1 %2 %99 %L1", "%1 %2 %99 %L1", "%1 %2 %99 %L1", "%1 %2 %99 %L1"});
-    row("characters beyond the code page", R"("5": "a", "26": "\u4e00")", {"a", "a", "a", "a", QString(QChar(0x4e00))});
+    row("characters outside the code page", R"("5": "a", "26": "\u4e00")", {"a", "a", "a", "a", QString(QChar(0x4e00))});
     row("259 characters", "\"5\": \"" + QByteArray(259, 'f') + "\", \"2\": \"b\"",
         {QString(259, 'f'), "b", "b", "b", "b"});
 }
@@ -56,7 +56,7 @@ void textRows()
 void callRows()
 {
     const Described full {"", fullSystem};
-    // No owner window, and no flag: the call never creates a missing folder.
+    // No owner window, and FALSE for fCreate.
     rows.calls("calls", full,
                "SHGetSpecialFolderPathW \"5\"\n"
                "SHGetSpecialFolderPathW \"2\"\n"
@@ -66,11 +66,11 @@ void callRows()
     const auto row = [&](const char *name, int number, const QStringList &folders) {
         rows.failure(name, full, "SHGetSpecialFolderPathW", number, lines(folders));
     };
-    row("the first: nothing behind its name", 0, {"", programs, programFiles, localData, roamingData});
-    row("the second repeats the first", 1, {personal, personal, programFiles, localData, roamingData});
-    row("the third repeats the second", 2, {personal, programs, programs, localData, roamingData});
-    row("the fourth repeats the third", 3, {personal, programs, programFiles, programFiles, roamingData});
-    row("the fifth repeats the fourth", 4, {personal, programs, programFiles, localData, localData});
+    row("the first call fails: only its name", 0, {"", programs, programFiles, localData, roamingData});
+    row("the second call fails: the first folder again", 1, {personal, personal, programFiles, localData, roamingData});
+    row("the third call fails: the second folder again", 2, {personal, programs, programs, localData, roamingData});
+    row("the fourth call fails: the third folder again", 3, {personal, programs, programFiles, programFiles, roamingData});
+    row("the fifth call fails: the fourth folder again", 4, {personal, programs, programFiles, localData, localData});
 }
 
 void foldersOfThisSystem()

@@ -7,8 +7,8 @@ using namespace velkor::SystemInfo::WinSysInfo;
 
 namespace {
 
-const char title[] = "Windows system directories\n";
-const SectionRows rows(windowsSystemDirectories, title);
+const char heading[] = "Windows system directories\n";
+const SectionRows rows(windowsSystemDirectories, heading);
 
 /// A null QString: the call fails.
 machine::Machine machineOf(const QString &windowsDirectory, const QString &wow64Directory)
@@ -36,27 +36,27 @@ void textRows()
     const QString tooLong(1024, 'w');
     row("both", windowsDirectory, wow64Directory, windowsLine + wow64Line);
     row("a 32-bit Windows: the Wow64 line is missing", windowsDirectory, QString(), windowsLine);
-    row("no Windows directory: nothing replaces it", QString(), wow64Directory, wow64Line);
-    row("neither: the heading alone", QString(), QString(), "");
-    row("empty paths are none", "", "", "");
+    row("no Windows directory: its line is missing", QString(), wow64Directory, wow64Line);
+    row("neither directory: only the heading", QString(), QString(), "");
+    row("empty paths have no lines", "", "", "");
     row("1023 units fit", longest, longest,
         "System directory:      " + longest + "\nSystem Wow64 directory:  " + longest + '\n');
     row("a Windows directory that is too long: the extra line, then the empty buffer", tooLong, wow64Directory,
         "buffer for sysDir too small, need 1025\nSystem directory:      \n" + wow64Line);
-    row("a Wow64 directory that is too long: the extra line, then what the buffer held", windowsDirectory, tooLong,
+    row("a Wow64 directory that is too long: the extra line, then the previous content of the buffer", windowsDirectory, tooLong,
         windowsLine + "buffer for wow64Dir too small, need 1025\nSystem Wow64 directory:  C:\\Windows\n");
     row("both too long", tooLong, QString(40000, 'x'),
         "buffer for sysDir too small, need 1025\nSystem directory:      \n"
         "buffer for wow64Dir too small, need 40001\nSystem Wow64 directory:  \n");
-    row("a Wow64 directory that is too long behind no Windows directory", QString(), tooLong,
+    row("no Windows directory and a Wow64 directory that is too long", QString(), tooLong,
         "buffer for wow64Dir too small, need 1025\nSystem Wow64 directory:  \n");
-    row("a Wow64 directory that is too long behind the longest Windows directory", longest, tooLong,
+    row("the longest Windows directory and a Wow64 directory that is too long", longest, tooLong,
         "System directory:      " + longest + "\nbuffer for wow64Dir too small, need 1025\nSystem Wow64 directory:  "
             + longest + '\n');
-    row("a shorter Wow64 directory shows nothing of the Windows directory", wow64Directory, windowsDirectory,
+    row("a shorter Wow64 directory does not show the end of the Windows directory", wow64Directory, windowsDirectory,
         "System directory:      C:\\Windows\\SysWOW64\nSystem Wow64 directory:  C:\\Windows\n");
-    row("placeholders stay", "%1 %2", "%99 %L1", "System directory:      %1 %2\nSystem Wow64 directory:  %99 %L1\n");
-    row("characters beyond the code page", QString(QChar(0x4e00)), QChar(0xfeff) + QString("x"),
+    row("placeholders are not replaced", "%1 %2", "%99 %L1", "System directory:      %1 %2\nSystem Wow64 directory:  %99 %L1\n");
+    row("characters outside the code page", QString(QChar(0x4e00)), QChar(0xfeff) + QString("x"),
         QString("System directory:      ") + QChar(0x4e00) + "\nSystem Wow64 directory:  " + QChar(0xfeff) + "x\n");
 }
 
@@ -64,15 +64,15 @@ void callRows()
 {
     const Described both = machineOf(windowsDirectory, wow64Directory);
     rows.calls("calls", both, "GetSystemWindowsDirectoryW 1024\nGetSystemWow64DirectoryW 1024\n");
-    rows.failure("the Windows directory", both, "GetSystemWindowsDirectoryW", 0, wow64Line);
-    rows.failure("the Wow64 directory", both, "GetSystemWow64DirectoryW", 0, windowsLine);
+    rows.failure("GetSystemWindowsDirectory() fails", both, "GetSystemWindowsDirectoryW", 0, wow64Line);
+    rows.failure("GetSystemWow64Directory() fails", both, "GetSystemWow64DirectoryW", 0, windowsLine);
 }
 
 void directoriesOfThisSystem()
 {
     const QString windowsDirectory = qEnvironmentVariable("SystemRoot");
     QVERIFY(!windowsDirectory.isEmpty());
-    const QString expected = title + QStringLiteral("System directory:      ") + windowsDirectory
+    const QString expected = heading + QStringLiteral("System directory:      ") + windowsDirectory
         + "\nSystem Wow64 directory:  " + windowsDirectory + "\\syswow64\n";
     COMPARE_TEXT(windowsSystemDirectories().toLower(), expected.toLower());
 }

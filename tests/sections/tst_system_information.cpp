@@ -33,12 +33,12 @@ void addRow(const char *name, const QByteArray &values, const QString &lines)
 
 void singleValueRows()
 {
-    addRow("the BIOS date alone", textValue("BIOSReleaseDate", "07/19/2021"), "BIOSReleaseDate:     07/19/2021\n");
-    addRow("the BIOS version alone", textValue("BIOSVersion", "V5.0"), "BIOSVersion:         V5.0\n");
-    addRow("the maker alone", textValue("SystemManufacturer", "Example Inc."), "SystemManufacturer:  Example Inc.\n");
-    addRow("the product alone", textValue("SystemProductName", "Example 500"), "SystemProductName:   Example 500\n");
-    addRow("the source alone", numberValue("InformationSource", 1), "InformationSource:   1 \n");
-    addRow("an empty text: its label and blanks", textValue("BIOSVersion", ""), "BIOSVersion:         \n");
+    addRow("only the BIOS date", textValue("BIOSReleaseDate", "07/19/2021"), "BIOSReleaseDate:     07/19/2021\n");
+    addRow("only the BIOS version", textValue("BIOSVersion", "V5.0"), "BIOSVersion:         V5.0\n");
+    addRow("only the manufacturer", textValue("SystemManufacturer", "Example Inc."), "SystemManufacturer:  Example Inc.\n");
+    addRow("only the product", textValue("SystemProductName", "Example 500"), "SystemProductName:   Example 500\n");
+    addRow("only the source", numberValue("InformationSource", 1), "InformationSource:   1 \n");
+    addRow("an empty text: only the label", textValue("BIOSVersion", ""), "BIOSVersion:         \n");
 }
 
 void numberRows()
@@ -52,41 +52,41 @@ void numberRows()
     row("smallest source", 0x80000000, "-2147483648");
     addRow("a source of two bytes", binaryValue("InformationSource", "\x02\x01"), "InformationSource:   258 \n");
     addRow("a source of eight bytes has no line", binaryValue("InformationSource", QByteArray(8, '\0')), "");
-    addRow("a source stored as text: its bytes", textValue("InformationSource", "1"), "InformationSource:   49 \n");
+    addRow("a source of type REG_SZ: its bytes are the number", textValue("InformationSource", "1"), "InformationSource:   49 \n");
 }
 
 void textRows()
 {
-    addRow("placeholders stay",
+    addRow("placeholders are not replaced",
            textValue("BIOSReleaseDate", "%1") + textValue("BIOSVersion", "%2") + textValue("SystemManufacturer", "%99")
                + textValue("SystemProductName", "%L1 %1"),
            "BIOSReleaseDate:     %1\nBIOSVersion:         %2\nSystemManufacturer:  %99\nSystemProductName:   %L1 %1\n");
-    addRow("a byte of the ANSI code page becomes U+FFFD", binaryValue("SystemManufacturer", "B\xfcro"),
+    addRow("a byte that is not UTF-8 becomes U+FFFD", binaryValue("SystemManufacturer", "B\xfcro"),
            QString("SystemManufacturer:  B") + QChar(0xfffd) + "ro\n");
-    addRow("a line break in a text stays", textValue("SystemProductName", "one\ntwo"), "SystemProductName:   one\ntwo\n");
-    addRow("a text of 2048 bytes without terminator is shown whole",
+    addRow("a line break in a text is not removed", textValue("SystemProductName", "one\ntwo"), "SystemProductName:   one\ntwo\n");
+    addRow("a text of 2048 bytes without a terminator is shown whole",
            binaryValue("BIOSVersion", QByteArray(2048, 'x')), "BIOSVersion:         " + QString(2048, 'x') + "\n");
-    addRow("a text of 2049 bytes has no line, the next value is tried",
+    addRow("a text of 2049 bytes has no line, the next value is read",
            binaryValue("BIOSVersion", QByteArray(2049, 'x')) + textValue("SystemManufacturer", "Example Inc."),
            "SystemManufacturer:  Example Inc.\n");
 }
 
-// Quirk: one buffer for the texts, never cleared.
+// Quirk: the texts share one buffer, which is never cleared.
 void bufferRows()
 {
-    addRow("a text without terminator goes on in the one before it",
+    addRow("an unterminated text is followed by the rest of the previous one",
            textValue("BIOSReleaseDate", "07/19/2021") + binaryValue("BIOSVersion", "V5"),
            "BIOSReleaseDate:     07/19/2021\nBIOSVersion:         V5/19/2021\n");
-    addRow("a text of zero bytes shows the one before it",
+    addRow("a text of 0 bytes shows the previous one",
            textValue("SystemManufacturer", "Example Inc.") + binaryValue("SystemProductName", ""),
            "SystemManufacturer:  Example Inc.\nSystemProductName:   Example Inc.\n");
-    addRow("a value that is missing leaves the buffer as it was",
+    addRow("a missing value leaves the buffer unchanged",
            textValue("BIOSReleaseDate", "07/19/2021") + binaryValue("SystemProductName", "P"),
            "BIOSReleaseDate:     07/19/2021\nSystemProductName:   P7/19/2021\n");
-    addRow("REG_SZ without terminator gets one",
+    addRow("REG_SZ without a terminator gets one",
            textValue("BIOSReleaseDate", "07/19/2021") + hexValue("BIOSVersion", REG_SZ, utf16Data("V5")),
            "BIOSReleaseDate:     07/19/2021\nBIOSVersion:         V5\n");
-    addRow("the source has a variable of its own",
+    addRow("the source has its own variable",
            textValue("SystemProductName", "Example 500") + binaryValue("InformationSource", ""),
            "SystemProductName:   Example 500\nInformationSource:   0 \n");
 }
@@ -102,8 +102,8 @@ void addRows()
     numberRows();
     textRows();
     bufferRows();
-    if (windowsIsSimulated) // elsewhere the system's own ANSI code page decides
-        addRow("a character of the ANSI code page", textValue("SystemManufacturer", QString("B") + QChar(0xfc) + "ro"),
+    if (windowsIsSimulated) // a real Windows has its own ANSI code page
+        addRow("a non-ASCII character, which Windows converts to the ANSI code page, becomes U+FFFD", textValue("SystemManufacturer", QString("B") + QChar(0xfc) + "ro"),
                QString("SystemManufacturer:  B") + QChar(0xfffd) + "ro\n");
 }
 

@@ -39,14 +39,14 @@ QString biasLine(const char *shown)
 
 void singleValueRows()
 {
-    addRow("the active bias alone", numberValue("ActiveTimeBias", 300), "ActiveTimeBias: 300 min (offset to UTC)\n");
-    addRow("the bias alone", numberValue("Bias", 300), biasLine("300"));
-    addRow("the daylight bias alone", numberValue("DaylightBias", 300),
+    addRow("only the active bias", numberValue("ActiveTimeBias", 300), "ActiveTimeBias: 300 min (offset to UTC)\n");
+    addRow("only the bias", numberValue("Bias", 300), biasLine("300"));
+    addRow("only the daylight bias", numberValue("DaylightBias", 300),
            "DaylightBias:   300 min (additional offset if daylight saving is active)\n");
-    addRow("the standard bias alone", numberValue("StandardBias", 300),
+    addRow("only the standard bias", numberValue("StandardBias", 300),
            "StandardBias:   300 min (additional offset if no daylight saving is active)\n");
-    addRow("the daylight name alone", textValue("DaylightName", "Summer"), "DaylightName:   Summer\n");
-    addRow("the standard name alone", textValue("StandardName", "Winter"), "StandardName:   Winter\n");
+    addRow("only the daylight name", textValue("DaylightName", "Summer"), "DaylightName:   Summer\n");
+    addRow("only the standard name", textValue("StandardName", "Winter"), "StandardName:   Winter\n");
 }
 
 void biasRows()
@@ -63,22 +63,22 @@ void biasRows()
            "StandardBias:   -4 min (additional offset if no daylight saving is active)\n");
     addRow("a bias of eight bytes has no line", binaryValue("Bias", QByteArray(8, '\0')), "");
     addRow("a bias of five bytes has no line", binaryValue("Bias", QByteArray(5, '\0')), "");
-    addRow("a bias of four bytes of any type", binaryValue("Bias", "\xc4\xff\xff\xff"), biasLine("-60"));
-    addRow("a bias stored as text: its bytes", textValue("Bias", "60"), biasLine("12342"));
+    addRow("the type of a bias of four bytes is not checked", binaryValue("Bias", "\xc4\xff\xff\xff"), biasLine("-60"));
+    addRow("a bias of type REG_SZ: its bytes are the number", textValue("Bias", "60"), biasLine("12342"));
 }
 
-// Quirk: one variable for all numbers, never cleared.
+// Quirk: the numbers share one variable, which is never cleared.
 void numberBufferRows()
 {
-    addRow("a bias of one byte keeps the others of the one before it",
+    addRow("a bias of one byte keeps the other bytes of the previous one",
            numberValue("ActiveTimeBias", 0xffffffc4) + binaryValue("Bias", "\x01"),
            "ActiveTimeBias: -60 min (offset to UTC)\n" + biasLine("-255"));
-    addRow("a bias of zero bytes is the one before it",
+    addRow("a bias of 0 bytes is the previous one",
            numberValue("ActiveTimeBias", 0xffffffc4) + binaryValue("DaylightBias", ""),
            "ActiveTimeBias: -60 min (offset to UTC)\n"
            "DaylightBias:   -60 min (additional offset if daylight saving is active)\n");
-    addRow("a bias of two bytes alone", binaryValue("Bias", "\x2c\x01"), biasLine("300"));
-    addRow("a bias that is too long leaves the variable as it was",
+    addRow("only a bias of two bytes", binaryValue("Bias", "\x2c\x01"), biasLine("300"));
+    addRow("a bias that does not fit leaves the variable unchanged",
            numberValue("ActiveTimeBias", 60) + binaryValue("Bias", QByteArray(8, '\x7f')) + binaryValue("StandardBias", ""),
            "ActiveTimeBias: 60 min (offset to UTC)\n"
            "StandardBias:   60 min (additional offset if no daylight saving is active)\n");
@@ -86,24 +86,24 @@ void numberBufferRows()
 
 void nameRows()
 {
-    addRow("names as stored, resource strings unresolved",
+    addRow("names as stored, resource strings are not resolved",
            textValue("DaylightName", "@tzres.dll,-321") + textValue("StandardName", "@tzres.dll,-322"),
            "DaylightName:   @tzres.dll,-321\nStandardName:   @tzres.dll,-322\n");
-    addRow("empty names: their labels and blanks", textValue("DaylightName", "") + textValue("StandardName", ""),
+    addRow("empty names: only the labels", textValue("DaylightName", "") + textValue("StandardName", ""),
            "DaylightName:   \nStandardName:   \n");
-    addRow("placeholders stay", textValue("DaylightName", "%1 %2") + textValue("StandardName", "%99 %L1"),
+    addRow("placeholders are not replaced", textValue("DaylightName", "%1 %2") + textValue("StandardName", "%99 %L1"),
            "DaylightName:   %1 %2\nStandardName:   %99 %L1\n");
-    addRow("a byte of the ANSI code page becomes U+FFFD", binaryValue("DaylightName", "\xe9t\xe9!"),
+    addRow("a byte that is not UTF-8 becomes U+FFFD", binaryValue("DaylightName", "\xe9t\xe9!"),
            QString("DaylightName:   ") + QChar(0xfffd) + "t" + QChar(0xfffd) + "!\n");
-    addRow("a name without terminator goes on in the one before it",
+    addRow("an unterminated name is followed by the rest of the previous one",
            textValue("DaylightName", "Summer") + binaryValue("StandardName", "Wi"),
            "DaylightName:   Summer\nStandardName:   Wimmer\n");
-    addRow("a name of zero bytes shows the one before it",
+    addRow("a name of 0 bytes shows the previous one",
            textValue("DaylightName", "Summer") + hexValue("StandardName", REG_SZ, ""),
            "DaylightName:   Summer\nStandardName:   Summer\n");
-    addRow("a name of 2048 bytes without terminator is shown whole",
+    addRow("a name of 2048 bytes without a terminator is shown whole",
            binaryValue("StandardName", QByteArray(2048, 'x')), "StandardName:   " + QString(2048, 'x') + "\n");
-    addRow("a name of 2049 bytes has no line, the next value is tried",
+    addRow("a name of 2049 bytes has no line, the next value is read",
            binaryValue("DaylightName", QByteArray(2049, 'x')) + textValue("StandardName", "Winter"),
            "StandardName:   Winter\n");
 }
@@ -119,8 +119,8 @@ void addRows()
     biasRows();
     numberBufferRows();
     nameRows();
-    if (windowsIsSimulated) // elsewhere the system's own ANSI code page decides
-        addRow("a character of the ANSI code page", textValue("StandardName", QString("Mitteleurop") + QChar(0xe4) + "ische Zeit"),
+    if (windowsIsSimulated) // a real Windows has its own ANSI code page
+        addRow("a non-ASCII character, which Windows converts to the ANSI code page, becomes U+FFFD", textValue("StandardName", QString("Mitteleurop") + QChar(0xe4) + "ische Zeit"),
                QString("StandardName:   Mitteleurop") + QChar(0xfffd) + "ische Zeit\n");
 }
 

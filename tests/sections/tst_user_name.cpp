@@ -22,22 +22,22 @@ Described named(const QByteArray &name)
 void nameRows()
 {
     rows.text("a name", named("jl"), label + "jl\n");
-    rows.text("an empty name keeps the label", named(""), label + "\n");
+    rows.text("an empty name: only the label", named(""), label + "\n");
     rows.text("255 characters fit", named(QByteArray(255, 'u')), label + QString(255, 'u') + "\n");
     rows.text("256 characters: no line", named(QByteArray(256, 'u')), "");
     rows.text("far more characters: no line", named(QByteArray(5000, 'u')), "");
-    rows.text("a character beyond ASCII", named("J\xc3\xb6rn"), label + "J" + QChar(0xf6) + "rn\n");
-    rows.text("a character of two units", named(R"(\ud83d\ude00)"), label + QChar(0xd83d) + QChar(0xde00) + "\n");
+    rows.text("a character outside ASCII", named("J\xc3\xb6rn"), label + "J" + QChar(0xf6) + "rn\n");
+    rows.text("a surrogate pair", named(R"(\ud83d\ude00)"), label + QChar(0xd83d) + QChar(0xde00) + "\n");
     rows.text("a leading U+FEFF is a character", named(R"(\ufeffjl)"), label + QChar(0xfeff) + "jl\n");
-    rows.text("blanks stay", named(" j l "), label + " j l \n");
-    rows.text("a placeholder stays", named("%1 %2"), label + "%1 %2\n");
+    rows.text("blanks are not removed", named(" j l "), label + " j l \n");
+    rows.text("a placeholder is not replaced", named("%1 %2"), label + "%1 %2\n");
     rows.text("an empty machine: no line", "", "");
     rows.text("a failing call: no line", {"", "{\"GetUserName\": {\"error\": 5}}"}, "");
 }
 
 #ifdef SIMULATED_WINDOWS
 
-// The section removes the last unit only when it is a null.
+// The section removes the last unit only if it is U+0000.
 void unterminatedRows()
 {
     const auto withoutTerminator = [] {
@@ -45,14 +45,14 @@ void unterminatedRows()
         return userName();
     };
     const SectionRows unterminated(withoutTerminator, label);
-    unterminated.text("without a terminator: all units are the name's", named("jl"), "jl\n");
-    unterminated.text("without a terminator: no unit at all", named(""), "\n");
+    unterminated.text("without a terminator: all units belong to the name", named("jl"), "jl\n");
+    unterminated.text("without a terminator: no unit", named(""), "\n");
     unterminated.text("without a terminator: 256 units fill the buffer", named(QByteArray(256, 'u')), QString(256, 'u') + "\n");
 }
 
 #endif
 
-void whatWindowsAnswers()
+void sameAsWindows()
 {
     WCHAR name[256] = {};
     DWORD size = 256;
@@ -63,7 +63,7 @@ void whatWindowsAnswers()
 void addRows()
 {
     if (!windowsIsSimulated)
-        return addTestRow("what Windows answers", whatWindowsAnswers);
+        return addTestRow("same as Windows", sameAsWindows);
     nameRows();
 #ifdef SIMULATED_WINDOWS
     unterminatedRows();

@@ -9,13 +9,13 @@ namespace {
 
 const SectionRows rows(videoInfoFromRegistry, ">>> Info about video from registry:\n\n");
 
-/// A key below that of all adapters; its values may follow.
+/// The heading of a key below that of all adapters.
 QByteArray videoKey(const QByteArray &path = QByteArray())
 {
     return machineKey("SYSTEM\\CurrentControlSet\\Control\\Video" + path);
 }
 
-/// The only configuration of the only adapter. Because of "Video" it is shown once.
+/// The only configuration of the only adapter. The key "Video" after it prevents the second block.
 QByteArray configuration(const QByteArray &values)
 {
     return videoKey("\\{A}\\Video") + videoKey("\\{A}\\0000") + values;
@@ -70,24 +70,24 @@ void walkRows()
               "0000\n0001\n   Driver Date: b\n0001\n   Driver Date: b\n");
     rows.text("0000, 0001 and Video: each block once",
               videoKey("\\{A}\\0000") + videoKey("\\{A}\\0001") + videoKey("\\{A}\\Video"), "0000\n0001\n");
-    rows.text("Video alone: the service alone", service, "### Service: acmegfx\n");
+    rows.text("only Video: only the service", service, "### Service: acmegfx\n");
     rows.text("Video without a service", videoKey("\\{A}\\Video") + textValue("Device Description", "x"), "");
-    rows.text("Video in another case",
+    rows.text("VIDEO: the service, and not a configuration",
               videoKey("\\{A}\\VIDEO") + textValue("Service", "s") + textValue("DriverDate", "1") + videoKey("\\{A}\\0000"),
               "### Service: s\n0000\n");
-    rows.text("Video in lower case", videoKey("\\{A}\\video") + textValue("Service", "s"), "### Service: s\n");
-    rows.text("a key behind Video: its block twice",
+    rows.text("video: the service", videoKey("\\{A}\\video") + textValue("Service", "s"), "### Service: s\n");
+    rows.text("a key after Video: its block twice",
               service + videoKey("\\{A}\\Volatile") + textValue("DriverDate", "1") + videoKey("\\{A}\\0000"),
               "### Service: acmegfx\n0000\nVolatile\n   Driver Date: 1\nVolatile\n   Driver Date: 1\n");
-    rows.text("a key whose name only starts as Video", videoKey("\\{A}\\Video0"), "Video0\nVideo0\n");
+    rows.text("a key whose name starts with Video", videoKey("\\{A}\\Video0"), "Video0\nVideo0\n");
     rows.text("two adapters, in the order of their names",
               videoKey("\\{B}\\Video") + textValue("Service", "b") + videoKey("\\{B}\\0000") + videoKey("\\{A}\\0000"),
               "0000\n0000\n### Service: b\n0000\n");
-    rows.text("the last name of one adapter is not taken for the next",
+    rows.text("an adapter without keys does not use the last key of the previous adapter",
               videoKey("\\{A}\\0000") + videoKey("\\{B}"), "0000\n0000\n");
-    rows.text("a service of no bytes", videoKey("\\{A}\\Video") + hexValue("Service", REG_SZ, ""), "### Service: \n");
+    rows.text("a service of 0 bytes", videoKey("\\{A}\\Video") + hexValue("Service", REG_SZ, ""), "### Service: \n");
     rows.text("a service with a placeholder", videoKey("\\{A}\\Video") + textValue("Service", "%1"), "### Service: %1\n");
-    rows.text("a service up to its null",
+    rows.text("a service ends at its first null",
               videoKey("\\{A}\\Video") + hexValue("Service", REG_SZ, utf16Data(QString("ab") + QChar() + "cd")),
               "### Service: ab\n");
     rows.text("a name with a placeholder", configuration("") + videoKey("\\{A}\\%1"), "%1\n0000\n");
@@ -104,13 +104,13 @@ void deniedRows()
         return QString(name) + "\n   Driver Date: " + date + '\n';
     };
     const QByteArray keys = key("\\{A}\\0000", "a") + key("\\{A}\\0001", "b") + key("\\{A}\\0002", "c");
-    row("the first key: the last block is still there twice", keys, {"{A}\\0000"},
+    row("the first key: the last block twice", keys, {"{A}\\0000"},
         block("0001", "b") + block("0002", "c") + block("0002", "c"));
     row("a key in the middle", keys, {"{A}\\0001"}, block("0000", "a") + block("0002", "c") + block("0002", "c"));
-    row("the last key: no block twice, for it is the one that is visited again", keys, {"{A}\\0002"},
+    row("the last key: no block twice, because the second visit fails too", keys, {"{A}\\0002"},
         block("0000", "a") + block("0001", "b"));
     row("all keys", keys, {"{A}\\0000", "{A}\\0001", "{A}\\0002"}, "");
-    row("Video: no service, and each block once",
+    row("Video: no service, each block once",
         key("\\{A}\\0000", "a") + videoKey("\\{A}\\Video") + textValue("Service", "s"), {"{A}\\Video"}, block("0000", "a"));
     const QByteArray adapters = key("\\{A}\\0000", "a") + videoKey("\\{A}\\Video") + key("\\{B}\\0000", "b")
         + videoKey("\\{B}\\Video") + key("\\{C}\\0000", "c") + videoKey("\\{C}\\Video");
@@ -120,7 +120,7 @@ void deniedRows()
     row("the key of all adapters", adapters, {""}, "");
 }
 
-/// Values of the only configuration.
+/// Adds a row about the values of the only configuration.
 void addValues(const QString &name, const QByteArray &values, const QString &lines)
 {
     rows.text(name, configuration(values), "0000\n" + lines);
@@ -130,35 +130,35 @@ void valueRows()
 {
     addValues("all, in the order of the table", allValues(), allLines.join(QString()));
     addValues("none", "", "");
-    addValues("device description alone", textValue("Device Description", "x"), "   Device Description: x\n");
-    addValues("driver description alone", textValue("DriverDesc", "x"), "   Driver Description: x\n");
-    addValues("driver version alone", textValue("DriverVersion", "x"), "   Driver Version: x\n");
-    addValues("driver date alone", textValue("DriverDate", "x"), "   Driver Date: x\n");
-    addValues("provider alone", textValue("ProviderName", "x"), "   Provider Name: x\n");
-    addValues("release version alone", textValue("ReleaseVersion", "x"), "   Release Version: x\n");
-    addValues("a character beyond the code page", textValue("DriverDesc", QString(QChar(0x4e00))),
+    addValues("only device description", textValue("Device Description", "x"), "   Device Description: x\n");
+    addValues("only driver description", textValue("DriverDesc", "x"), "   Driver Description: x\n");
+    addValues("only driver version", textValue("DriverVersion", "x"), "   Driver Version: x\n");
+    addValues("only driver date", textValue("DriverDate", "x"), "   Driver Date: x\n");
+    addValues("only provider", textValue("ProviderName", "x"), "   Provider Name: x\n");
+    addValues("only release version", textValue("ReleaseVersion", "x"), "   Release Version: x\n");
+    addValues("a character outside the code page", textValue("DriverDesc", QString(QChar(0x4e00))),
               QString("   Driver Description: ") + QChar(0x4e00) + '\n');
-    addValues("a byte-order mark is a character", textValue("DriverDesc", QChar(0xfeff) + QString("x")),
+    addValues("U+FEFF is a character", textValue("DriverDesc", QChar(0xfeff) + QString("x")),
               "   Driver Description: " + QString(QChar(0xfeff)) + "x\n");
-    addValues("a swapped byte-order mark is a character", textValue("DriverDesc", QChar(0xfffe) + QString("x")),
+    addValues("U+FFFE is a character", textValue("DriverDesc", QChar(0xfffe) + QString("x")),
               "   Driver Description: " + QString(QChar(0xfffe)) + "x\n");
-    addValues("a text up to its null", hexValue("DriverDesc", REG_SZ, utf16Data(QString("ab") + QChar() + "cd")),
+    addValues("a text ends at its first null", hexValue("DriverDesc", REG_SZ, utf16Data(QString("ab") + QChar() + "cd")),
               "   Driver Description: ab\n");
     addValues("a text without a terminator", hexValue("DriverDesc", REG_SZ, utf16Data("abc")), "   Driver Description: abc\n");
     addValues("a text of an odd count of bytes", hexValue("DriverDesc", REG_SZ, QByteArray("a\0b\0", 4) + "c"),
               "   Driver Description: abc\n");
     addValues("binary data is read as text", binaryValue("DriverDesc", utf16Data("ab")), "   Driver Description: ab\n");
-    addValues("a text of no bytes does not show the one before",
+    addValues("a text of 0 bytes does not show the previous one",
               textValue("DriverDesc", "x") + hexValue("DriverVersion", REG_SZ, ""),
               "   Driver Description: x\n   Driver Version: \n");
-    addValues("a short text does not show the one before",
+    addValues("a short text does not show the end of the previous one",
               textValue("DriverDesc", "long") + binaryValue("DriverVersion", utf16Data("s")),
               "   Driver Description: long\n   Driver Version: s\n");
-    addValues("1024 units without a terminator are text as a whole", binaryValue("DriverDesc", utf16Data(QString(1024, 'x'))),
+    addValues("1024 units without a terminator are shown whole", binaryValue("DriverDesc", utf16Data(QString(1024, 'x'))),
               "   Driver Description: " + QString(1024, 'x') + '\n');
     addValues("2049 bytes have no line", binaryValue("DriverDesc", utf16Data(QString(1024, 'x')) + 'x'), "");
-    addValues("placeholders stay", textValue("DriverDesc", "%1 %2 %99 %L1"), "   Driver Description: %1 %2 %99 %L1\n");
-    addValues("value names without regard to case", textValue("driverdesc", "x"), "   Driver Description: x\n");
+    addValues("placeholders are not replaced", textValue("DriverDesc", "%1 %2 %99 %L1"), "   Driver Description: %1 %2 %99 %L1\n");
+    addValues("value names are case-insensitive", textValue("driverdesc", "x"), "   Driver Description: x\n");
 }
 
 // The four values that are text unless they are REG_BINARY.
@@ -177,16 +177,16 @@ void binaryOrTextRows()
     row("binary, 12 bytes with a null at the end: up to it", REG_BINARY, utf16Data(QString("abcde") + null), "abcde");
     row("binary, two nulls, one at the end: up to the first", REG_BINARY,
         utf16Data(QString("ab") + null + "cd" + null), "ab");
-    row("binary, a null inside only: all units, the null too", REG_BINARY, utf16Data(QString("ab") + null + "cd"),
+    row("binary, a null inside but not at the end: all units including the null", REG_BINARY, utf16Data(QString("ab") + null + "cd"),
         QString("ab") + null + "cd");
     row("binary, no bytes: an empty text", REG_BINARY, "", "");
     row("binary, one byte: an empty text", REG_BINARY, "a", "");
     row("binary, two bytes: one character", REG_BINARY, utf16Data("a"), "a");
     row("binary, a null alone: an empty text", REG_BINARY, QByteArray(2, '\0'), "");
     row("binary, three bytes: one character", REG_BINARY, utf16Data("a") + 'x', "a");
-    row("binary, three bytes that start with a null: up to it", REG_BINARY, QByteArray(2, '\0') + 'x', "");
-    row("binary, an odd byte behind a null: up to the null", REG_BINARY, utf16Data(QString("ab") + null) + 'x', "ab");
-    row("binary, an odd byte behind a character: left out", REG_BINARY, utf16Data("ab") + 'x', "ab");
+    row("binary, three bytes that start with a null: an empty text", REG_BINARY, QByteArray(2, '\0') + 'x', "");
+    row("binary, an odd byte after a null: up to the null", REG_BINARY, utf16Data(QString("ab") + null) + 'x', "ab");
+    row("binary, an odd byte after a character: omitted", REG_BINARY, utf16Data("ab") + 'x', "ab");
     row("binary, an odd byte and a null inside: all whole units", REG_BINARY, utf16Data(QString("a") + null + "b") + 'x',
         QString("a") + null + "b");
     row("binary, 2048 bytes without a null", REG_BINARY, utf16Data(QString(1024, 'x')), QString(1024, 'x'));
@@ -195,14 +195,14 @@ void binaryOrTextRows()
     row("text with its terminator", REG_SZ, utf16Data(QString("abc") + null), "abc");
     row("text without a terminator", REG_SZ, utf16Data("abc"), "abc");
     row("text with a null inside: up to it", REG_SZ, utf16Data(QString("ab") + null + "cd"), "ab");
-    row("text of no bytes", REG_SZ, "", "");
-    row("text of an odd count of bytes: the odd one counts", REG_SZ, utf16Data("ab") + 'c', "abc");
-    row("a list: its first string", REG_MULTI_SZ, utf16Data(QString("a") + null + "b" + null + null), "a");
-    row("a number: its bytes", REG_DWORD, utf16Data("ab"), "ab");
-    row("a number with a null inside: up to it", REG_QWORD, utf16Data(QString("ab") + null + "c"), "ab");
+    row("text of 0 bytes", REG_SZ, "", "");
+    row("text of an odd count of bytes: the odd byte is kept", REG_SZ, utf16Data("ab") + 'c', "abc");
+    row("a REG_MULTI_SZ: the first string", REG_MULTI_SZ, utf16Data(QString("a") + null + "b" + null + null), "a");
+    row("a REG_DWORD: its bytes are the text", REG_DWORD, utf16Data("ab"), "ab");
+    row("a REG_DWORD with a null inside: up to the null", REG_QWORD, utf16Data(QString("ab") + null + "c"), "ab");
 }
 
-/// The three values that are lists.
+/// Adds a row for each of the three values that are lists.
 void addLists(const QString &name, DWORD type, const QByteArray &data, const QString &text)
 {
     QByteArray values;
@@ -226,15 +226,15 @@ void listRows()
     row("a string of blanks is a string", REG_MULTI_SZ, QString(" ") + null + " b" + null + null, "   b");
     row("an empty string inside ends the list", REG_MULTI_SZ, QString("a") + null + null + "c" + null + null, "a");
     row("an empty string first", REG_MULTI_SZ, null + QString("a") + null + null, "");
-    row("no terminator at all", REG_MULTI_SZ, QString("a") + null + "bc", "a bc");
+    row("no terminator", REG_MULTI_SZ, QString("a") + null + "bc", "a bc");
     row("the terminator of the last string only", REG_MULTI_SZ, QString("a") + null + "bc" + null, "a bc");
-    row("a plain text", REG_SZ, QString("a.dll") + null, "a.dll");
+    row("a REG_SZ", REG_SZ, QString("a.dll") + null, "a.dll");
     row("binary data", REG_BINARY, QString("a") + null + "b", "a b");
     row("1024 units without a null", REG_MULTI_SZ, QString(1024, 'x'), QString(1024, 'x'));
-    row("1024 units of strings without a last null", REG_BINARY, QString(1022, 'x') + null + 'y',
+    row("1024 units of strings without the last null", REG_BINARY, QString(1022, 'x') + null + 'y',
         QString(1022, 'x') + " y");
     row("placeholders", REG_MULTI_SZ, QString("%1") + null + "%2" + null + null, "%1 %2");
-    addLists("an odd last byte", REG_BINARY, utf16Data("ab") + 'c', "abc");
+    addLists("an odd last byte is omitted", REG_BINARY, utf16Data("ab") + 'c', "abc");
 }
 
 void memoryRows()
@@ -244,43 +244,43 @@ void memoryRows()
     };
     const QByteArray eightGigabytes = wide(QByteArray("\0\0\0\0\2\0\0\0", 8));
     const QByteArray oneGigabyte = numberValue("HardwareInformation.MemorySize", 0x40000000);
-    addValues("neither: no line", "", "");
-    addValues("64 bits alone", eightGigabytes, "   Video Memory: 8.0 GByte\n");
-    addValues("32 bits alone", oneGigabyte, "   Video Memory: 1.0 GByte\n");
-    addValues("both: the 64-bit one", oneGigabyte + eightGigabytes, "   Video Memory: 8.0 GByte\n");
-    addValues("a 64-bit 0 goes before the 32-bit one", wide(QByteArray(8, '\0')) + oneGigabyte, "   Video Memory: 0 Byte\n");
-    addValues("64 bits, the highest", wide(QByteArray(8, '\xff')), "   Video Memory: 17179869183.9 GByte\n");
-    addValues("64 bits of four bytes only", wide(QByteArray("\0\0\0\x40", 4)), "   Video Memory: 1.0 GByte\n");
-    addValues("64 bits of no bytes", wide(""), "   Video Memory: 0 Byte\n");
-    addValues("64 bits of nine bytes: the 32-bit one", wide(QByteArray(9, '\1')) + oneGigabyte, "   Video Memory: 1.0 GByte\n");
-    addValues("64 bits of nine bytes alone: no line", wide(QByteArray(9, '\1')), "");
-    addValues("32 bits are unsigned", numberValue("HardwareInformation.MemorySize", 0xffffffff),
+    addValues("neither value: no line", "", "");
+    addValues("only the 64-bit value", eightGigabytes, "   Video Memory: 8.0 GByte\n");
+    addValues("only the 32-bit value", oneGigabyte, "   Video Memory: 1.0 GByte\n");
+    addValues("both values: the 64-bit one", oneGigabyte + eightGigabytes, "   Video Memory: 8.0 GByte\n");
+    addValues("a 64-bit 0 precedes the 32-bit value", wide(QByteArray(8, '\0')) + oneGigabyte, "   Video Memory: 0 Byte\n");
+    addValues("the largest 64-bit value", wide(QByteArray(8, '\xff')), "   Video Memory: 17179869183.9 GByte\n");
+    addValues("a 64-bit value of four bytes", wide(QByteArray("\0\0\0\x40", 4)), "   Video Memory: 1.0 GByte\n");
+    addValues("a 64-bit value of 0 bytes", wide(""), "   Video Memory: 0 Byte\n");
+    addValues("a 64-bit value of nine bytes: the 32-bit one", wide(QByteArray(9, '\1')) + oneGigabyte, "   Video Memory: 1.0 GByte\n");
+    addValues("only a 64-bit value of nine bytes: no line", wide(QByteArray(9, '\1')), "");
+    addValues("the 32-bit value is unsigned", numberValue("HardwareInformation.MemorySize", 0xffffffff),
               "   Video Memory: 3.9 GByte\n");
-    addValues("32 bits of binary type", binaryValue("HardwareInformation.MemorySize", QByteArray("\0\0\x60\0", 4)),
+    addValues("a 32-bit value of type REG_BINARY", binaryValue("HardwareInformation.MemorySize", QByteArray("\0\0\x60\0", 4)),
               "   Video Memory: 6.0 MByte\n");
-    addValues("32 bits of two bytes", binaryValue("HardwareInformation.MemorySize", QByteArray("\0\6", 2)),
+    addValues("a 32-bit value of two bytes", binaryValue("HardwareInformation.MemorySize", QByteArray("\0\6", 2)),
               "   Video Memory: 1.5 KByte\n");
-    addValues("32 bits of eight bytes: no line", binaryValue("HardwareInformation.MemorySize", QByteArray(8, '\1')), "");
+    addValues("a 32-bit value of eight bytes: no line", binaryValue("HardwareInformation.MemorySize", QByteArray(8, '\1')), "");
 }
 
 void numberRows()
 {
-    addValues("OpenGL version alone", numberValue("OpenGLVersion", 16), "   OpenGL Version: 16 = 0x10\n");
-    addValues("OpenGL version of WoW alone", numberValue("OpenGLVersionWoW", 16), "   OpenGL Version WoW: 16 = 0x10\n");
-    addValues("OpenGL flags alone", numberValue("OpenGLFlags", 16), "   OpenGL Flags: 16 = 0x10\n");
-    addValues("OpenGL flags of WoW alone", numberValue("OpenGLFlagsWoW", 16), "   OpenGL Flags WoW: 16 = 0x10\n");
+    addValues("only OpenGL version", numberValue("OpenGLVersion", 16), "   OpenGL Version: 16 = 0x10\n");
+    addValues("only OpenGL version of WoW", numberValue("OpenGLVersionWoW", 16), "   OpenGL Version WoW: 16 = 0x10\n");
+    addValues("only OpenGL flags", numberValue("OpenGLFlags", 16), "   OpenGL Flags: 16 = 0x10\n");
+    addValues("only OpenGL flags of WoW", numberValue("OpenGLFlagsWoW", 16), "   OpenGL Flags WoW: 16 = 0x10\n");
     addValues("0", numberValue("OpenGLFlags", 0), "   OpenGL Flags: 0 = 0x0\n");
-    addValues("the highest, unsigned and in lower case", numberValue("OpenGLFlags", 0xffffffff),
+    addValues("the largest number: unsigned, hexadecimal digits in lower case", numberValue("OpenGLFlags", 0xffffffff),
               "   OpenGL Flags: 4294967295 = 0xffffffff\n");
-    addValues("two bytes: the low ones", binaryValue("OpenGLFlags", "\x01\x02"), "   OpenGL Flags: 513 = 0x201\n");
-    addValues("no bytes: 0, not the number before", numberValue("OpenGLVersion", 7) + hexValue("OpenGLFlags", REG_DWORD, ""),
+    addValues("two bytes: the low bytes", binaryValue("OpenGLFlags", "\x01\x02"), "   OpenGL Flags: 513 = 0x201\n");
+    addValues("0 bytes: 0, not the previous number", numberValue("OpenGLVersion", 7) + hexValue("OpenGLFlags", REG_DWORD, ""),
               "   OpenGL Version: 7 = 0x7\n   OpenGL Flags: 0 = 0x0\n");
-    addValues("a short number does not show the one before",
+    addValues("a short number keeps no bytes of the previous one",
               numberValue("OpenGLFlags", 0xffffffff) + binaryValue("OpenGLFlagsWoW", "\x05"),
               "   OpenGL Flags: 4294967295 = 0xffffffff\n   OpenGL Flags WoW: 5 = 0x5\n");
     addValues("five bytes: no line", binaryValue("OpenGLFlags", QByteArray(5, '\1')), "");
-    addValues("a text of one character: its bytes", textValue("OpenGLFlags", "1"), "   OpenGL Flags: 49 = 0x31\n");
-    addValues("a longer text: no line", textValue("OpenGLFlags", "12"), "");
+    addValues("a REG_SZ of one character: its bytes are the number", textValue("OpenGLFlags", "1"), "   OpenGL Flags: 49 = 0x31\n");
+    addValues("a longer REG_SZ: no line", textValue("OpenGLFlags", "12"), "");
 }
 
 void callRows()
@@ -329,7 +329,7 @@ RegCloseKey ...
 
 void failureRows()
 {
-    // An adapter as most are, and one that has no "Video".
+    // Two adapters, of which only the first has the key "Video".
     const Described machine = configuration(allValues()) + videoKey("\\{A}\\Video") + textValue("Service", "acmegfx")
         + videoKey("\\{B}\\0000");
     const auto row = [&](const char *name, const char *call, int number, const QString &blocks) {
@@ -339,32 +339,32 @@ void failureRows()
     const QString first = "0000\n" + allLines.join(QString());
     const QString second = "0000\n0000\n";
     const QString full = service + first + second;
-    row("the adapters do not open: the heading alone", "RegOpenKeyExA", 0, "");
-    row("an adapter does not open: the next one follows", "RegOpenKeyExA", 1, second);
-    row("Video does not open for its service", "RegOpenKeyExA", 2, first + second);
-    row("a configuration does not open", "RegOpenKeyExA", 3, service + second);
-    row("the walk over adapters fails at its start", "RegEnumKeyExA", 0, "");
-    row("the walk over configurations fails at its start", "RegEnumKeyExA", 1, service + second);
-    row("the walk over configurations fails behind the first: it is written again", "RegEnumKeyExA", 2,
+    row("the adapters cannot be opened: only the heading", "RegOpenKeyExA", 0, "");
+    row("an adapter cannot be opened: the next one follows", "RegOpenKeyExA", 1, second);
+    row("Video cannot be opened: no service", "RegOpenKeyExA", 2, first + second);
+    row("a configuration cannot be opened", "RegOpenKeyExA", 3, service + second);
+    row("the enumeration of adapters fails at its start", "RegEnumKeyExA", 0, "");
+    row("the enumeration of configurations fails at its start", "RegEnumKeyExA", 1, service + second);
+    row("the enumeration of configurations fails after the first, which is listed twice", "RegEnumKeyExA", 2,
         service + first + first + second);
-    row("the walk over adapters fails behind the first", "RegEnumKeyExA", 4, service + first);
+    row("the enumeration of adapters fails after the first", "RegEnumKeyExA", 4, service + first);
     row("no service", "RegQueryValueExW", 0, first + second);
     const QString start = service + "0000\n";
     const QString memory = allLines.at(6);
-    const QStringList behind = allLines.mid(7);
+    const QStringList after = allLines.mid(7);
     rows.failures(machine, "RegQueryValueExW", 1, allLines.mid(0, 6),
                   {"no device description", "no display drivers", "no adapter string", "no BIOS string", "no chip", "no DAC"},
-                  start, memory + behind.join(QString()) + second);
+                  start, memory + after.join(QString()) + second);
     row("no 64-bit memory: the 32-bit one", "RegQueryValueExA", 0, full);
     rows.failures(machine, "RegQueryValueExA", 1, {memory}, {"no memory"}, start + QStringList(allLines.mid(0, 6)).join(QString()),
-                  behind.join(QString()) + second);
-    rows.failures(machine, "RegQueryValueExW", 7, behind,
+                  after.join(QString()) + second);
+    rows.failures(machine, "RegQueryValueExW", 7, after,
                   {"no driver description", "no driver version", "no driver date", "no provider", "no release version",
                    "no OpenGL driver", "no OpenGL driver of WoW", "no OpenGL version", "no OpenGL version of WoW",
                    "no OpenGL flags", "no OpenGL flags of WoW"},
                   start + QStringList(allLines.mid(0, 7)).join(QString()), second);
-    row("a configuration does not close: nothing shows", "RegCloseKey", 1, full);
-    rows.anyFailure("any call fails", machine);
+    row("a configuration cannot be closed: the text is unchanged", "RegCloseKey", 1, full);
+    rows.anyFailure("each call fails in turn", machine);
 }
 
 void addRows()
@@ -377,7 +377,7 @@ void addRows()
     memoryRows();
     numberRows();
     if (windowsIsSimulated)
-        rows.text("an adapter and a configuration whose names the code page lacks do not open",
+        rows.text("an adapter and a configuration whose names are outside the code page cannot be opened",
                   videoKey("\\\xc3\xa4\\0000") + videoKey("\\{A}\\0000") + videoKey("\\{A}\\\xc3\xa4"), "0000\n");
     callRows();
     failureRows();

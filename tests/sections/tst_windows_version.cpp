@@ -1,10 +1,10 @@
-// windowsVersion(), platformName() and the facts that decide their text
+// windowsVersion(), platformName(), releaseName() and readRegistryVersion()
 
 #include "section_rows.h"
 #include "vkSystemInfo.h"
-#include "win/windows_sections.h"
 #include "win/registry_version.h"
 #include "win/release_name.h"
+#include "win/windows_sections.h"
 
 using namespace velkor::SystemInfo::WinSysInfo;
 
@@ -53,7 +53,7 @@ QByteArray numbers(quint32 major, quint32 minor)
     return numberValue("CurrentMajorVersionNumber", major) + numberValue("CurrentMinorVersionNumber", minor);
 }
 
-/// A machine where the calls return these facts.
+/// A machine whose calls and registry return \a facts.
 machine::Machine machineOf(const ReleaseFacts &facts)
 {
     machine::VersionRecord version;
@@ -80,7 +80,7 @@ QString failedText()
     return "Windows version: \nGetVersionExA(&osver) failed!\n";
 }
 
-/// The block; an empty \a registry gives no line.
+/// The text of windowsVersion(true). An empty \a registry means no line of the registry.
 QString detailedText(const QString &version, const QString &registry, const QString &release,
                      const QString &servicePack = QString())
 {
@@ -91,7 +91,7 @@ QString detailedText(const QString &version, const QString &registry, const QStr
         + "                   " + release + "\nLast service pack installed: " + servicePack + '\n';
 }
 
-/// The block, and the release alone.
+/// Adds a row for windowsVersion(true) and one for platformName().
 void addText(const QString &name, const Described &machine, const QString &detailed, const QString &release)
 {
     const auto allForms = [] {
@@ -100,7 +100,7 @@ void addText(const QString &name, const Described &machine, const QString &detai
     SectionRows(allForms, "").text(name, machine, detailed + release + '\n' + release + '\n');
 }
 
-/// The release of these facts, and of a machine that has them.
+/// Adds a row for the name of the release, and one for a machine with the same facts.
 void addRow(const QString &name, const ReleaseFacts &facts, const QString &release)
 {
     addTestRow(name, [=] { COMPARE_TEXT(releaseName(facts), release); });
@@ -132,7 +132,7 @@ void rowsOf95And98()
     row("4.0, third letter B", 0, "  B", "Windows 95 ");
     row("4.10 without a service pack", 10, "", "Windows 98 ");
     row("4.10, first letter A", 10, "A", "Windows 98 SE ");
-    row("4.10, first letter A of more", 10, "A x", "Windows 98 SE ");
+    row("4.10, first letter A, and more text", 10, "A x", "Windows 98 SE ");
     row("4.10, second letter A", 10, " A ", "Windows 98 ");
     row("4.10, first letter B", 10, "B", "Windows 98 ");
     row("4.10, first letter a", 10, "a", "Windows 98 ");
@@ -146,7 +146,7 @@ void rowsOfNt()
     addRow("4.4 domain controller, enterprise", facts(4, 4, domainController, enterprise), "Windows NT ");
     addRow("4.4 server", facts(4, 4, server), "Windows NT Server ");
     addRow("4.4 server, enterprise", facts(4, 4, server, enterprise), "Windows NT Server Enterprise ");
-    addRow("4.4 server, every bit but enterprise", facts(4, 4, server, allBut(enterprise)), "Windows NT Server ");
+    addRow("4.4 server, every bit except enterprise", facts(4, 4, server, allBut(enterprise)), "Windows NT Server ");
     addRow("4.4 without a product type", facts(4, 4, 0, enterprise), "Windows NT ");
 }
 
@@ -160,15 +160,15 @@ void rowsOf2000AndXp()
     add64Bit("5.0 workstation", facts(5, 0), "2000 Professional ");
     add64Bit("5.0 workstation, datacenter", facts(5, 0, workstation, dataCenter), "2000 Professional Data Center ");
     add64Bit("5.0 workstation, enterprise", facts(5, 0, workstation, enterprise), "2000 Professional Advanced ");
-    add64Bit("5.0 workstation, both", facts(5, 0, workstation, dataCenter | enterprise),
+    add64Bit("5.0 workstation, datacenter and enterprise", facts(5, 0, workstation, dataCenter | enterprise),
              "2000 Professional Data Center Advanced ");
-    add64Bit("5.0 workstation, every other bit", facts(5, 0, workstation, allBut(dataCenter | enterprise)),
+    add64Bit("5.0 workstation, every bit except both", facts(5, 0, workstation, allBut(dataCenter | enterprise)),
              "2000 Professional ");
     add64Bit("5.0 domain controller, every bit", facts(5, 0, domainController, 0xffff), "2000 ");
     add64Bit("5.0 server, every bit", facts(5, 0, server, 0xffff), "2000 ");
     add64Bit("5.1", facts(5, 1), "XP Professional");
     add64Bit("5.1 personal", facts(5, 1, workstation, personal), "XP Home Edition");
-    add64Bit("5.1, every bit but personal", facts(5, 1, workstation, allBut(personal)), "XP Professional");
+    add64Bit("5.1, every bit except personal", facts(5, 1, workstation, allBut(personal)), "XP Professional");
     add64Bit("5.1 server, personal", facts(5, 1, server, personal), "XP Home Edition");
 }
 
@@ -179,19 +179,19 @@ ReleaseFacts serverR2(quint8 productType, quint16 suiteMask = 0)
     return result;
 }
 
-// The first rule that holds decides.
+// The first matching rule applies.
 void rowsOfReleasesOf52()
 {
     add64Bit("5.2 R2", serverR2(server), "Server 2003 R2 Standard Edition");
-    add64Bit("5.2 R2 before the storage server", serverR2(server, storageServer), "Server 2003 R2 Standard Edition");
-    add64Bit("5.2 R2 before the home server", serverR2(server, homeServer), "Server 2003 R2 Standard Edition");
-    add64Bit("5.2 R2 before the workstation", serverR2(workstation), "Server 2003 R2 ");
+    add64Bit("5.2 R2 precedes the storage server", serverR2(server, storageServer), "Server 2003 R2 Standard Edition");
+    add64Bit("5.2 R2 precedes the home server", serverR2(server, homeServer), "Server 2003 R2 Standard Edition");
+    add64Bit("5.2 R2 precedes the workstation", serverR2(workstation), "Server 2003 R2 ");
     add64Bit("5.2 storage server", facts(5, 2, server, storageServer), "Storage Server 2003 Standard Edition");
-    add64Bit("5.2 storage server before the workstation", facts(5, 2, workstation, storageServer), "Storage Server 2003 ");
+    add64Bit("5.2 storage server precedes the workstation", facts(5, 2, workstation, storageServer), "Storage Server 2003 ");
     add64Bit("5.2 storage server and one more bit", facts(5, 2, server, storageServer | enterprise),
              "Windows Server 2003 Enterprise Edition");
     add64Bit("5.2 home server", facts(5, 2, server, homeServer), "Home Server Standard Edition");
-    add64Bit("5.2 home server before the workstation", facts(5, 2, workstation, homeServer), "Home Server ");
+    add64Bit("5.2 home server precedes the workstation", facts(5, 2, workstation, homeServer), "Home Server ");
     add64Bit("5.2 home server and one more bit", facts(5, 2, server, homeServer | 1),
              "Windows Server 2003 Standard Edition");
     add64Bit("5.2 storage and home server", facts(5, 2, server, storageServer | homeServer),
@@ -201,8 +201,8 @@ void rowsOfReleasesOf52()
              "XP Professional x64 Edition ");
     add64Bit("5.2 workstation, storage server and one more bit", facts(5, 2, workstation, storageServer | 1),
              "XP Professional x64 Edition ");
-    add64Bit("5.2 domain controller: Windows twice", facts(5, 2, domainController), "Windows Server 2003 Standard Edition");
-    add64Bit("5.2 server: Windows twice", facts(5, 2, server), "Windows Server 2003 Standard Edition");
+    add64Bit("Quirk: 5.2 domain controller: the word Windows twice", facts(5, 2, domainController), "Windows Server 2003 Standard Edition");
+    add64Bit("Quirk: 5.2 server: the word Windows twice", facts(5, 2, server), "Windows Server 2003 Standard Edition");
 }
 
 void rowsOfEditionsOf52()
@@ -214,21 +214,21 @@ void rowsOfEditionsOf52()
     };
     row("Itanium, datacenter", itanium, dataCenter, "Datacenter Edition for Itanium-based Systems");
     row("Itanium, enterprise", itanium, enterprise, "Enterprise Edition for Itanium-based Systems");
-    row("Itanium, datacenter before enterprise", itanium, dataCenter | enterprise,
+    row("Itanium, datacenter precedes enterprise", itanium, dataCenter | enterprise,
         "Datacenter Edition for Itanium-based Systems");
     row("Itanium, neither", itanium, 0, "");
     row("Itanium, every other bit", itanium, allBut(dataCenter | enterprise), "");
     row("x64, datacenter", x64, dataCenter, "Datacenter x64 Edition");
     row("x64, enterprise", x64, enterprise, "Enterprise x64 Edition");
-    row("x64, datacenter before enterprise", x64, dataCenter | enterprise, "Datacenter x64 Edition");
+    row("x64, datacenter precedes enterprise", x64, dataCenter | enterprise, "Datacenter x64 Edition");
     row("x64, neither", x64, 0, "Standard x64 Edition");
     row("x64, every other bit", x64, allBut(dataCenter | enterprise), "Standard x64 Edition");
     row("x86, compute cluster", x86, computeCluster, "Compute Cluster Edition");
-    row("x86, compute cluster before all others", x86, 0xffff, "Compute Cluster Edition");
+    row("x86, compute cluster precedes all others", x86, 0xffff, "Compute Cluster Edition");
     row("x86, datacenter", x86, dataCenter, "Datacenter Edition");
-    row("x86, datacenter before enterprise and blade", x86, allBut(computeCluster), "Datacenter Edition");
+    row("x86, datacenter precedes enterprise and blade", x86, allBut(computeCluster), "Datacenter Edition");
     row("x86, enterprise", x86, enterprise, "Enterprise Edition");
-    row("x86, enterprise before blade", x86, enterprise | blade, "Enterprise Edition");
+    row("x86, enterprise precedes blade", x86, enterprise | blade, "Enterprise Edition");
     row("x86, blade", x86, blade, "Web Edition");
     row("x86, none", x86, 0, "Standard Edition");
     row("x86, every other bit", x86, allBut(computeCluster | dataCenter | enterprise | blade), "Standard Edition");
@@ -262,7 +262,7 @@ void rowsOf60And61()
     add64Bit("6.1, edition 17", withEdition(facts(6, 1, server), PRODUCT_WEB_SERVER), "Server 2008 R2 Web Server Edition)");
     ReleaseFacts registryIsNewer = withEdition(facts(6, 1, workstation), PRODUCT_PROFESSIONAL);
     registryIsNewer.registry.major = 10;
-    add64Bit("6.1, the registry does not matter", registryIsNewer, "7 Professional Edition");
+    add64Bit("6.1, the registry is ignored", registryIsNewer, "7 Professional Edition");
 }
 
 void rowOf62(const char *name, quint8 productType, quint32 major, quint32 minor, quint32 build, const QString &release)
@@ -282,7 +282,7 @@ void rowsOf62()
     rowOf62("registry 6.3, client", workstation, 6, 3, 9600, "8.1 ");
     rowOf62("registry 6.3, domain controller", domainController, 6, 3, 9600, "Server 2012 R2 ");
     rowOf62("registry 6.3, server", server, 6, 3, 9600, "Server 2012 R2 ");
-    rowOf62("registry 6.3, build beyond 22000", workstation, 6, 3, 22631, "8.1 ");
+    rowOf62("registry 6.3, build above 22000", workstation, 6, 3, 22631, "8.1 ");
     rowOf62("registry 10.0, no build", workstation, 10, 0, 0, "10 ");
     rowOf62("registry 10.0, build 10240", workstation, 10, 0, 10240, "10 ");
     rowOf62("registry 10.0, build 21999 is the last 10", workstation, 10, 0, 21999, "10 ");
@@ -351,7 +351,7 @@ void editionRows()
     row(PRODUCT_CORE, "Home/Core Edition");
     row(PRODUCT_EDUCATION, "Education Edition");
     row(PRODUCT_EDUCATION_N, "Education Edition");
-    // Codes next to known ones
+    // Neighbours of known codes
     row(0, "0x0");
     row(19, "0x13");
     row(24, "0x18");
@@ -370,7 +370,7 @@ void editionRows()
     row(largest, "0xffffffff");
 }
 
-// The value of the variables before readRegistryVersion().
+// The initial value of the variables that readRegistryVersion() sets.
 constexpr quint32 untouched = 7777;
 
 /// Its result as "MAJOR.MINOR.BUILD.REVISION", with "-" for a variable that it did not write.
@@ -399,24 +399,24 @@ void addRegistry(const char *name, const QByteArray &values, const QString &expe
 
 void registryNumberRows()
 {
-    registryRows.text("no key: every variable as it was", "", "failed -.-.-.-");
+    registryRows.text("no key: every variable is unchanged", "", "failed -.-.-.-");
     addRegistry("an empty key", "", "failed -.-.-.-");
     addRegistry("two numbers and a build", numbers(10, 0) + build19045, "10.0.19045.-");
-    addRegistry("two numbers win over the text", numbers(10, 0) + version63 + build19045, "10.0.19045.-");
+    addRegistry("two numbers precede the text", numbers(10, 0) + version63 + build19045, "10.0.19045.-");
     addRegistry("numbers are unsigned", numbers(largest, largest) + textValue("CurrentBuildNumber", "4294967295"),
                 "4294967295.4294967295.4294967295.-");
-    addRegistry("the major number alone, with the text",
+    addRegistry("only the major number, with the text",
                 numberValue("CurrentMajorVersionNumber", 10) + version63 + build19045,
                 "6.3.19045.-");
-    addRegistry("the major number alone, without the text: it stays stored",
+    addRegistry("only the major number, without the text: it stays stored",
                 numberValue("CurrentMajorVersionNumber", 10) + build19045, "failed 10.-.-.-");
-    addRegistry("the major number alone, the text is of no use",
+    addRegistry("only the major number, with an invalid text",
                 numberValue("CurrentMajorVersionNumber", 10) + textValue("CurrentVersion", "6") + build19045,
                 "failed 10.-.-.-");
-    addRegistry("the minor number alone, with the text",
+    addRegistry("only the minor number, with the text",
                 numberValue("CurrentMinorVersionNumber", 7) + version63 + build19045,
                 "6.3.19045.-");
-    addRegistry("the minor number alone, without the text", numberValue("CurrentMinorVersionNumber", 7) + build19045,
+    addRegistry("only the minor number, without the text", numberValue("CurrentMinorVersionNumber", 7) + build19045,
                 "failed -.-.-.-");
     addRegistry("a major number of eight bytes cannot be read",
                 binaryValue("CurrentMajorVersionNumber", QByteArray(8, '\0')) + numberValue("CurrentMinorVersionNumber", 7)
@@ -426,10 +426,10 @@ void registryNumberRows()
                 numberValue("CurrentMajorVersionNumber", 10) + binaryValue("CurrentMinorVersionNumber", QByteArray(8, '\0'))
                     + build19045,
                 "failed 10.-.-.-");
-    addRegistry("numbers of one and of zero bytes",
+    addRegistry("numbers of one and of 0 bytes",
                 binaryValue("CurrentMajorVersionNumber", "\x0a") + binaryValue("CurrentMinorVersionNumber", "") + build19045,
                 "10.0.19045.-");
-    addRegistry("a number stored as text: its bytes",
+    addRegistry("a number of type REG_SZ: its bytes are the number",
                 textValue("CurrentMajorVersionNumber", "1") + numberValue("CurrentMinorVersionNumber", 0) + build19045,
                 "49.0.19045.-");
 }
@@ -449,19 +449,19 @@ void registryTextRows()
     row("a comma", "6,1", nothing);
     row("an empty first part: 0 is stored", ".3", "failed 0.-.-.-");
     row("two empty parts: 0 is stored", ".", "failed 0.-.-.-");
-    row("a first part that is no number: 0 is stored", "x.3", "failed 0.-.-.-");
+    row("a first part that is not a number: 0 is stored", "x.3", "failed 0.-.-.-");
     row("a first part with a letter: 0 is stored", "6b.3", "failed 0.-.-.-");
     row("a negative first part: 0 is stored", "-6.3", "failed 0.-.-.-");
-    row("a first part beyond 32 bits: 0 is stored", "4294967296.3", "failed 0.-.-.-");
+    row("a first part of more than 32 bits: 0 is stored", "4294967296.3", "failed 0.-.-.-");
     row("the largest first part", "4294967295.0", "4294967295.0.19045.-");
-    row("an empty second part is 0 and no failure", "6.", "6.0.19045.-");
-    row("a second part that is no number is 0 and no failure", "6.x", "6.0.19045.-");
+    row("an empty second part is 0, without a failure", "6.", "6.0.19045.-");
+    row("a second part that is not a number is 0, without a failure", "6.x", "6.0.19045.-");
     row("blanks around the numbers", " 6 . 3 ", "6.3.19045.-");
     addRegistry("no text", build19045, nothing);
-    addRegistry("a text that is too long", textValue("CurrentVersion", "6.3" + QString(2045, ' ')) + build19045, nothing);
-    addRegistry("a text of 2048 bytes without terminator",
+    addRegistry("a text that does not fit the buffer", textValue("CurrentVersion", "6.3" + QString(2045, ' ')) + build19045, nothing);
+    addRegistry("a text of 2048 bytes without a terminator",
                 binaryValue("CurrentVersion", "6.3" + QByteArray(2045, ' ')) + build19045, "6.3.19045.-");
-    addRegistry("the text starts from an empty buffer", binaryValue("CurrentVersion", "6.3") + build19045,
+    addRegistry("the text is read into a zeroed buffer", binaryValue("CurrentVersion", "6.3") + build19045,
                 "6.3.19045.-");
 }
 
@@ -472,19 +472,19 @@ void registryBuildRows()
     };
     row("no build: the version stays stored", "", "failed 10.0.-.-");
     row("an empty build is 0 and a failure", textValue("CurrentBuildNumber", ""), "failed 10.0.0.-");
-    row("a build that is no number is 0 and a failure", textValue("CurrentBuildNumber", "19045x"), "failed 10.0.0.-");
+    row("a build that is not a number is 0 and a failure", textValue("CurrentBuildNumber", "19045x"), "failed 10.0.0.-");
     row("a hexadecimal build is 0 and a failure", textValue("CurrentBuildNumber", "0x4a65"), "failed 10.0.0.-");
     row("a negative build is 0 and a failure", textValue("CurrentBuildNumber", "-1"), "failed 10.0.0.-");
-    row("a build beyond 32 bits is 0 and a failure", textValue("CurrentBuildNumber", "4294967296"), "failed 10.0.0.-");
+    row("a build of more than 32 bits is 0 and a failure", textValue("CurrentBuildNumber", "4294967296"), "failed 10.0.0.-");
     row("build 0", textValue("CurrentBuildNumber", "0"), "10.0.0.-");
-    row("zeros before the build", textValue("CurrentBuildNumber", "0019045"), "10.0.19045.-");
-    row("a build stored as a number: its bytes", numberValue("CurrentBuildNumber", 0x00003031), "10.0.10.-");
-    row("the build starts from an empty buffer", binaryValue("CurrentBuildNumber", "19"), "10.0.19.-");
-    row("a build of 2048 bytes without terminator", binaryValue("CurrentBuildNumber", QByteArray(2043, ' ') + "19045"),
+    row("leading zeros of the build", textValue("CurrentBuildNumber", "0019045"), "10.0.19045.-");
+    row("a build of type REG_DWORD: its bytes are the text", numberValue("CurrentBuildNumber", 0x00003031), "10.0.10.-");
+    row("the build is read into a zeroed buffer", binaryValue("CurrentBuildNumber", "19"), "10.0.19.-");
+    row("a build of 2048 bytes without a terminator", binaryValue("CurrentBuildNumber", QByteArray(2043, ' ') + "19045"),
         "10.0.19045.-");
     row("a build of 2049 bytes cannot be read", binaryValue("CurrentBuildNumber", QByteArray(2044, ' ') + "19045"),
         "failed 10.0.-.-");
-    row("another value that names the build is not read", textValue("CurrentBuild", "19045"), "failed 10.0.-.-");
+    row("CurrentBuild is not read", textValue("CurrentBuild", "19045"), "failed 10.0.-.-");
 }
 
 void registryRevisionRows()
@@ -499,10 +499,10 @@ void registryRevisionRows()
     addRegistry("a revision without a version", numberValue("UBR", 3803), "failed -.-.-.3803, has a revision");
     row("a revision of eight bytes", binaryValue("UBR", QByteArray(8, '\1')), "6.6.6.-");
     row("a revision of two bytes", binaryValue("UBR", "\xdb\x0e"), "6.6.6.3803, has a revision");
-    row("a revision stored as a text: its bytes", textValue("UBR", "1"), "6.6.6.49, has a revision");
+    row("a revision of type REG_SZ: its bytes are the number", textValue("UBR", "1"), "6.6.6.49, has a revision");
 }
 
-/// GetVersionEx() as Windows 8 and later answer a program without a manifest.
+/// system.json with the version that GetVersionEx() of Windows 8 and later returns without a manifest.
 QByteArray system62(const QByteArray &otherMembers = R"("GetProductInfo": {"dwReturnedProductType": 48})")
 {
     return R"({"GetVersionEx": {"dwMajorVersion": 6, "dwMinorVersion": 2, "dwBuildNumber": 9200, "wProductType": 1})"
@@ -532,14 +532,14 @@ void registryLineRows()
     row("Windows 10 without an update revision", version10 + build19045, "10.0.19045", windows10);
     row("Windows 11", version10 + textValue("CurrentBuildNumber", "22000") + numberValue("UBR", 1), "10.0.22000.1",
         "Windows 11 Professional Edition, 64-bit");
-    row("Windows 8.1, told by the registry's text", versionKey() + version63 + textValue("CurrentBuildNumber", "9600"),
+    row("Windows 8.1 from the text in the registry", versionKey() + version63 + textValue("CurrentBuildNumber", "9600"),
         "6.3.9600", "Windows 8.1 Professional Edition, 64-bit");
     row("without the key: no line, no release", "", "", noRelease);
-    row("the build is missing: no line, the version names the release all the same", version10 + numberValue("UBR", 3803), "",
+    row("no build: no line, but the release of the version", version10 + numberValue("UBR", 3803), "",
         windows10);
-    row("the build is no number: no line, 0 names the release", version10 + textValue("CurrentBuildNumber", "22000x"), "",
+    row("the build is not a number: no line, and the release of build 0", version10 + textValue("CurrentBuildNumber", "22000x"), "",
         windows10);
-    row("the major number alone: no line, it names the release with a minor number of 0",
+    row("only the major number: no line, and the release with the minor number 0",
         versionKey() + numberValue("CurrentMajorVersionNumber", 10), "", windows10);
     row("registry numbers are unsigned",
         versionKey() + numbers(largest, largest) + textValue("CurrentBuildNumber", "4294967295") + numberValue("UBR", largest),
@@ -550,12 +550,12 @@ void versionCallRows()
 {
     const QString unknown = "Windows unknown major version";
     addText("an empty machine: the failure text", "", failedText(), "Windows");
-    addText("the version fails with an error", {windows10Key(), R"({"GetVersionEx": {"error": 5}})"}, failedText(), "Windows");
+    addText("GetVersionEx() fails with an error", {windows10Key(), R"({"GetVersionEx": {"error": 5}})"}, failedText(), "Windows");
     addText("a manifest for Windows 10",
             {windows10Key(),
              R"({"GetVersionEx": {"dwMajorVersion": 10, "dwMinorVersion": 0, "dwBuildNumber": 19045, "wProductType": 1}})"},
             detailedText("10.0.19045", "10.0.19045.3803", unknown), unknown);
-    addText("numbers of the call are unsigned",
+    addText("numbers of GetVersionEx() are unsigned",
             {"", R"({"GetVersionEx": {"dwMajorVersion": 4294967295, "dwMinorVersion": 4294967294,
                                       "dwBuildNumber": 4294967293}})"},
             detailedText("4294967295.4294967294.4294967293", "", unknown), unknown);
@@ -571,13 +571,13 @@ void servicePackRows()
                 detailedText("6.1.7601", "", "Windows 7 , 64-bit", shown), "Windows 7 , 64-bit");
     };
     row("a service pack", "Service Pack 1", "Service Pack 1");
-    row("placeholders in the service pack stay", "%1 %2 %99 %L1", "%1 %2 %99 %L1");
+    row("placeholders in the service pack are not replaced", "%1 %2 %99 %L1", "%1 %2 %99 %L1");
     row("the service pack ends at its first null", R"(Service\u0000 Pack)", "Service");
-    row("a service pack beyond ASCII shows U+FFFD", R"(Pack \u00e9!)", QString("Pack ") + QChar(0xfffd) + "!");
+    row("a service pack outside ASCII shows U+FFFD", R"(Pack \u00e9!)", QString("Pack ") + QChar(0xfffd) + "!");
     row("the longest service pack", QByteArray(127, 'x'), QString(127, 'x'));
 }
 
-// The service pack is read as UTF-8; its characters, not its bytes, name the release.
+// The service pack is decoded as UTF-8. The release depends on its characters, not on its bytes.
 void otherAlphabetRows()
 {
     const auto row = [](const char *name, int codePage, int minor, const QByteArray &servicePack, const char *release,
@@ -588,20 +588,20 @@ void otherAlphabetRows()
     };
     const QString unknown(QChar(0xfffd));
     const QString umlaut(QChar(0xe4));
-    row("4.0, B behind a byte that is no UTF-8", 1252, 0, R"(\u00e4B)", "Windows 95 OSR2 ", unknown + "B");
-    row("4.0, B behind two bytes that are one letter", 1252, 0, R"(\u00c3\u00a4B)", "Windows 95 OSR2 ", umlaut + "B");
-    row("4.0, C behind a letter of UTF-8", 65001, 0, R"(\u00e4C)", "Windows 95 OSR2 ", umlaut + "C");
-    row("4.0, C behind a letter of three bytes", 65001, 0, R"(\u4e00C)", "Windows 95 OSR2 ", QString(QChar(0x4e00)) + "C");
-    row("4.0, B as the third byte but one letter later", 65001, 0, R"(\u00e4xB)", "Windows 95 ", umlaut + "xB");
-    row("4.0, a second letter whose number ends in that of B", 65001, 0, R"( \u0142)", "Windows 95 ",
+    row("4.0, B after a byte that is not UTF-8", 1252, 0, R"(\u00e4B)", "Windows 95 OSR2 ", unknown + "B");
+    row("4.0, B after a letter of two bytes", 1252, 0, R"(\u00c3\u00a4B)", "Windows 95 OSR2 ", umlaut + "B");
+    row("4.0, C after a letter of two bytes", 65001, 0, R"(\u00e4C)", "Windows 95 OSR2 ", umlaut + "C");
+    row("4.0, C after a letter of three bytes", 65001, 0, R"(\u4e00C)", "Windows 95 OSR2 ", QString(QChar(0x4e00)) + "C");
+    row("4.0, B is the third byte but not the second letter", 65001, 0, R"(\u00e4xB)", "Windows 95 ", umlaut + "xB");
+    row("4.0, a second letter whose low byte is that of B", 65001, 0, R"( \u0142)", "Windows 95 ",
         QString(" ") + QChar(0x0142));
-    row("4.0, a second letter whose number ends in that of C", 65001, 0, R"( \u4e43)", "Windows 95 ",
+    row("4.0, a second letter whose low byte is that of C", 65001, 0, R"( \u4e43)", "Windows 95 ",
         QString(" ") + QChar(0x4e43));
-    row("4.10, A before a byte that is no UTF-8", 1252, 10, R"(A\u00e4)", "Windows 98 SE ", "A" + unknown);
-    row("4.10, A behind a byte that is no UTF-8", 1252, 10, R"(\u00e4A)", "Windows 98 ", unknown + "A");
-    row("4.10, A behind a letter of UTF-8", 65001, 10, R"(\u00e4A)", "Windows 98 ", umlaut + "A");
-    row("4.10, an A with a mark", 65001, 10, R"(\u00c4)", "Windows 98 ", QString(QChar(0xc4)));
-    row("4.10, a letter whose number ends in that of A", 65001, 10, R"(\u0141)", "Windows 98 ", QString(QChar(0x0141)));
+    row("4.10, A before a byte that is not UTF-8", 1252, 10, R"(A\u00e4)", "Windows 98 SE ", "A" + unknown);
+    row("4.10, A after a byte that is not UTF-8", 1252, 10, R"(\u00e4A)", "Windows 98 ", unknown + "A");
+    row("4.10, A after a letter of two bytes", 65001, 10, R"(\u00e4A)", "Windows 98 ", umlaut + "A");
+    row("4.10, an A with a diacritic", 65001, 10, R"(\u00c4)", "Windows 98 ", QString(QChar(0xc4)));
+    row("4.10, a letter whose low byte is that of A", 65001, 10, R"(\u0141)", "Windows 98 ", QString(QChar(0x0141)));
     row("4.10, a byte-order mark of UTF-8 is not part of the text", 65001, 10, R"(\ufeffA)", "Windows 98 SE ", "A");
 }
 
@@ -639,17 +639,17 @@ void registryCallRows()
     };
     row("numbers", numbers(10, 0) + build19045 + version63,
         {"CurrentMajorVersionNumber 4", "CurrentMinorVersionNumber 4", "CurrentBuildNumber 2048", "UBR 4"});
-    row("the major number alone", numberValue("CurrentMajorVersionNumber", 10) + version63,
+    row("only the major number", numberValue("CurrentMajorVersionNumber", 10) + version63,
         {"CurrentMajorVersionNumber 4", "CurrentMinorVersionNumber 4", "CurrentVersion 2048", "CurrentBuildNumber 2048",
          "UBR 4"});
-    row("text, of Windows 8.1: the edition is asked for as 6.2 all the same", version63,
+    row("text of Windows 8.1: the edition is queried for 6.2", version63,
         {"CurrentMajorVersionNumber 4", "CurrentVersion 2048", "CurrentBuildNumber 2048", "UBR 4"});
-    row("a text of no use: the revision next", textValue("CurrentVersion", "6"),
+    row("an invalid text: the revision is next", textValue("CurrentVersion", "6"),
         {"CurrentMajorVersionNumber 4", "CurrentVersion 2048", "UBR 4"});
-    row("neither: the revision next", "", {"CurrentMajorVersionNumber 4", "CurrentVersion 2048", "UBR 4"});
+    row("neither numbers nor text: the revision is next", "", {"CurrentMajorVersionNumber 4", "CurrentVersion 2048", "UBR 4"});
 }
 
-/// Without the registry's version.
+/// Calls if the registry has no version.
 void releaseCallRows()
 {
     const QString open = "GetVersionExW 284\n" + openCall(key, access64);
@@ -662,14 +662,14 @@ void releaseCallRows()
     };
     addCalls("without a version", {windows10Key(), "{}"}, "");
     addCalls("6.2 without the edition function", {"", system62("")}, open + functionCalls);
-    row("6.0 asks for the edition", 6, 0, functionCalls + "GetProductInfo \"6.0.0.0\"\n");
-    row("6.1 asks for the edition", 6, 1, functionCalls + "GetProductInfo \"6.1.0.0\"\n");
-    row("6.3 does not", 6, 3, "");
-    row("5.2 asks for R2, not for the edition", 5, 2, "GetSystemMetrics \"89\"\n");
-    row("5.0 asks for neither", 5, 0, "");
-    row("5.1 asks for neither", 5, 1, "");
-    row("4.4 asks for neither", 4, 4, "");
-    row("10.0 asks for neither", 10, 0, "");
+    row("6.0 queries the edition", 6, 0, functionCalls + "GetProductInfo \"6.0.0.0\"\n");
+    row("6.1 queries the edition", 6, 1, functionCalls + "GetProductInfo \"6.1.0.0\"\n");
+    row("6.3 does not query the edition", 6, 3, "");
+    row("5.2 queries R2, not the edition", 5, 2, "GetSystemMetrics \"89\"\n");
+    row("5.0 queries neither", 5, 0, "");
+    row("5.1 queries neither", 5, 1, "");
+    row("4.4 queries neither", 4, 4, "");
+    row("10.0 queries neither", 10, 0, "");
 }
 
 void failureRows()
@@ -681,18 +681,18 @@ void failureRows()
     const QString windows10 = "Windows 10 Professional Edition, 64-bit";
     const QString from63 = text62("6.3.19045.3803", "Windows 8.1 Professional Edition, 64-bit");
     const QString noEdition = text62(version, "Windows 10 , 64-bit");
-    row("the version", "GetVersionExA", 0, failedText());
-    row("the product type: none is a server's", "GetVersionExW", 0,
+    row("GetVersionEx() fails", "GetVersionExA", 0, failedText());
+    row("no product type: the name of a server", "GetVersionExW", 0,
         text62(version, "Windows Server 2016 Professional Edition, 64-bit"));
-    row("the key does not open", "RegOpenKeyExA", 0, text62("", "Windows Professional Edition, 64-bit"));
-    row("the major number: the text tells", "RegQueryValueExA", 0, from63);
-    row("the minor number: the text tells", "RegQueryValueExA", 1, from63);
-    row("the build: no line", "RegQueryValueExA", 2, text62("", windows10));
-    row("the update revision", "RegQueryValueExA", 3, text62("10.0.19045", windows10));
-    row("the key does not close: nothing shows", "RegCloseKey", 0, text62(version, windows10));
-    row("the kernel's module", "GetModuleHandleW", 0, noEdition);
-    row("the edition function", "GetProcAddress", 0, noEdition);
-    row("the edition", "GetProductInfo", 0, text62(version, "Windows 10 0x0, 64-bit"));
+    row("the key cannot be opened", "RegOpenKeyExA", 0, text62("", "Windows Professional Edition, 64-bit"));
+    row("the major number cannot be read: the text is used", "RegQueryValueExA", 0, from63);
+    row("the minor number cannot be read: the text is used", "RegQueryValueExA", 1, from63);
+    row("the build cannot be read: no line", "RegQueryValueExA", 2, text62("", windows10));
+    row("the update revision cannot be read", "RegQueryValueExA", 3, text62("10.0.19045", windows10));
+    row("the key cannot be closed: the text is unchanged", "RegCloseKey", 0, text62(version, windows10));
+    row("GetModuleHandle() fails", "GetModuleHandleW", 0, noEdition);
+    row("GetProcAddress() fails", "GetProcAddress", 0, noEdition);
+    row("GetProductInfo() fails", "GetProductInfo", 0, text62(version, "Windows 10 0x0, 64-bit"));
 }
 
 void addRows()

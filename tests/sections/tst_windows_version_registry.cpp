@@ -20,7 +20,7 @@ struct Value
     const char *text;
 };
 
-// In the order of the lines. All values start in column 25.
+// In the order of the lines.
 const Value values[] = {
     {"ProductId", "ProductId:              ", "00330-50000"},
     {"EditionID", "EditionID:              ", "Professional"},
@@ -43,13 +43,13 @@ void addRow(const QByteArray &name, const QByteArray &registryValues, const QStr
 
 void valueRows()
 {
-    QByteArray allValues; // the last of the report first
+    QByteArray allValues; // in reverse order of the report
     QStringList queries;
     QStringList lines;
     QStringList failureNames;
     for (const Value &value : values) {
         const QString line = QString(value.label) + value.text + "\n";
-        addRow(value.name + QByteArray(" alone"), textValue(value.name, value.text), line);
+        addRow(QByteArray("only ") + value.name, textValue(value.name, value.text), line);
         addRow(value.name + QByteArray(" empty: its label and blanks"), textValue(value.name, ""), value.label + QString("\n"));
         allValues.prepend(textValue(value.name, value.text));
         queries += value.name + QString(" 2048");
@@ -63,51 +63,51 @@ void textRows()
 {
     addRow("other values of the key are not shown", textValue("BuildLab", "19041.vb_release") + numberValue("UBR", 3803),
            "");
-    addRow("placeholders stay",
+    addRow("placeholders are not replaced",
            textValue("ProductId", "%1") + textValue("EditionID", "%2 %99") + textValue("ProductName", "%L1 %1"),
            "ProductId:              %1\nEditionID:              %2 %99\nProductName:            %L1 %1\n");
-    addRow("a number: its bytes up to the first zero", numberValue("CSDBuildNumber", 0x00333231),
+    addRow("a REG_DWORD: its bytes up to the first zero", numberValue("CSDBuildNumber", 0x00333231),
            "CSDBuildNumber:         123\n");
-    addRow("a number of four bytes that are no zero stands in an empty buffer", numberValue("ProductId", 0x34333231),
+    addRow("a REG_DWORD of four bytes other than zero is read into a zeroed buffer", numberValue("ProductId", 0x34333231),
            "ProductId:              1234\n");
-    addRow("a number 0 is an empty text", numberValue("ReleaseId", 0), "ReleaseId:              \n");
+    addRow("a REG_DWORD of 0 is an empty text", numberValue("ReleaseId", 0), "ReleaseId:              \n");
     addRow("variables are not expanded", hexValue("PathName", REG_EXPAND_SZ, utf16Data(QString("%SystemRoot%") + QChar())),
            "PathName:               %SystemRoot%\n");
     addRow("the first string of a list", listValue("ProductName", {"one", "two"}), "ProductName:            one\n");
-    addRow("UTF-8 bytes become their character", binaryValue("RegisteredOwner", "J\xc3\xb6rn"),
+    addRow("text is decoded as UTF-8", binaryValue("RegisteredOwner", "J\xc3\xb6rn"),
            QString("RegisteredOwner:        J") + QChar(0xf6) + "rn\n");
-    addRow("a byte of the ANSI code page becomes U+FFFD", binaryValue("RegisteredOwner", "J\xf6rn"),
+    addRow("a byte that is not UTF-8 becomes U+FFFD", binaryValue("RegisteredOwner", "J\xf6rn"),
            QString("RegisteredOwner:        J") + QChar(0xfffd) + "rn\n");
-    addRow("names without regard to case", textValue("PRODUCTNAME", "Windows"), "ProductName:            Windows\n");
+    addRow("value names are case-insensitive", textValue("PRODUCTNAME", "Windows"), "ProductName:            Windows\n");
 }
 
-// Quirk: one buffer for all values, never cleared.
+// Quirk: all values share one buffer, which is never cleared.
 void bufferRows()
 {
-    addRow("a text without terminator goes on in the one before it",
+    addRow("an unterminated text is followed by the rest of the previous one",
            textValue("ProductId", "00330-50000") + binaryValue("EditionID", "Pro"),
            "ProductId:              00330-50000\nEditionID:              Pro30-50000\n");
-    addRow("a number of four bytes that are no zero goes on in the one before it",
+    addRow("a REG_DWORD of four bytes other than zero is followed by the rest of the previous text",
            textValue("ProductId", "00330-50000") + numberValue("CSDBuildNumber", 0x34333231),
            "ProductId:              00330-50000\nCSDBuildNumber:         12340-50000\n");
-    addRow("a text of zero bytes shows the one before it",
+    addRow("a text of 0 bytes shows the previous one",
            textValue("RegisteredOwner", "A. Example") + hexValue("RegisteredOrganization", REG_SZ, ""),
            "RegisteredOwner:        A. Example\nRegisteredOrganization: A. Example\n");
-    addRow("an empty text ends the buffer for the next one",
+    addRow("a text of 0 bytes after an empty text is empty",
            textValue("ProductId", "00330-50000") + textValue("EditionID", "") + hexValue("ReleaseId", REG_SZ, ""),
            "ProductId:              00330-50000\nEditionID:              \nReleaseId:              \n");
-    addRow("REG_SZ without terminator gets one",
+    addRow("REG_SZ without a terminator gets one",
            textValue("ProductId", "00330-50000") + hexValue("EditionID", REG_SZ, utf16Data("Pro")),
            "ProductId:              00330-50000\nEditionID:              Pro\n");
 }
 
 void sizeRows()
 {
-    addRow("a text of 2048 bytes without terminator is shown whole", binaryValue("CSDVersion", QByteArray(2048, 'x')),
+    addRow("a text of 2048 bytes without a terminator is shown whole", binaryValue("CSDVersion", QByteArray(2048, 'x')),
            "CSDVersion:             " + QString(2048, 'x') + "\n");
     addRow("2047 characters and the terminator fit", textValue("CSDVersion", QString(2047, 'x')),
            "CSDVersion:             " + QString(2047, 'x') + "\n");
-    addRow("2048 characters and the terminator do not: no line, the next value is tried",
+    addRow("2048 characters and the terminator do not fit: no line, the next value is read",
            textValue("CSDVersion", QString(2048, 'x')) + textValue("CSDBuildNumber", "1130"),
            "CSDBuildNumber:         1130\n");
 }
@@ -115,7 +115,7 @@ void sizeRows()
 #ifdef SIMULATED_WINDOWS
 
 // The Windows half opens three keys with KEY_WOW64_64KEY and every other one without.
-void keysWithThe64BitView()
+void keysOfThe64BitView()
 {
     const DescribedWindows windows(DescribedWindows::load("workstation"));
     allWinInfos();
@@ -147,7 +147,7 @@ void addRows()
     bufferRows();
     sizeRows();
 #ifdef SIMULATED_WINDOWS
-    addTestRow("keys of the report with the 64-bit view", keysWithThe64BitView);
+    addTestRow("keys of the report with the 64-bit view", keysOfThe64BitView);
 #endif
 }
 

@@ -16,8 +16,8 @@ using namespace velkor::SystemInfo::WinSysInfo;
 
 namespace {
 
-const char title[] = "WinSxS directory entries\n";
-const SectionRows rows(winSxSDirectoryEntries, title);
+const char heading[] = "WinSxS directory entries\n";
+const SectionRows rows(winSxSDirectoryEntries, heading);
 
 #ifdef SIMULATED_WINDOWS
 
@@ -35,21 +35,21 @@ void nameRows()
         rows.text(name, machineOf(names), shown.join('\n') + (shown.isEmpty() ? "" : "\n"));
     };
     const QString assembly = "x86_microsoft.vc90.crt_1fc8b3b9a1e18e3b_9.0.21022.8";
-    row("an empty folder: the heading alone", {}, {});
-    row("no matching assembly: the heading alone", {"x86_microsoft.windows.gdiplus", "Manifests"}, {});
-    row("the bare names", {assembly}, {assembly});
-    row("nothing before and behind: the filter's own text", {"Microsoft.VCCRT"}, {"Microsoft.VCCRT"});
-    row("the filter is without regard to case",
+    row("an empty folder: only the heading", {}, {});
+    row("no matching assembly: only the heading", {"x86_microsoft.windows.gdiplus", "Manifests"}, {});
+    row("names without the folder", {assembly}, {assembly});
+    row("a name that is only the text of the filter", {"Microsoft.VCCRT"}, {"Microsoft.VCCRT"});
+    row("the filter is case-insensitive",
         {"A_MICROSOFT.VC80.CRT_1", "a_microsoft.vc80.crt_2", "a_Microsoft.VC80.CRT_3"},
         {"A_MICROSOFT.VC80.CRT_1", "a_Microsoft.VC80.CRT_3", "a_microsoft.vc80.crt_2"});
-    row("the parts in their order only",
+    row("the parts of the filter in another order do not match",
         {"crt_microsoft.vc80", "microsoft.vc80.mfc", "microsoft_vc80.crt", "vc80.crt", "microsoft.v80.crt"}, {});
     row("sorted by name, capitals first",
         {"b_microsoft.vc90.crt", "a_microsoft.vc90.crt", "C_microsoft.vc90.crt", "a_microsoft.vc100.crt"},
         {"C_microsoft.vc90.crt", "a_microsoft.vc100.crt", "a_microsoft.vc90.crt", "b_microsoft.vc90.crt"});
-    row("others between are left out", {"a_microsoft.vc90.crt", "b_microsoft.vc90.mfc", "c_microsoft.vc90.crt"},
+    row("other folders are omitted", {"a_microsoft.vc90.crt", "b_microsoft.vc90.mfc", "c_microsoft.vc90.crt"},
         {"a_microsoft.vc90.crt", "c_microsoft.vc90.crt"});
-    row("placeholders stay", {"%1_microsoft.vc90.crt_%2"}, {"%1_microsoft.vc90.crt_%2"});
+    row("placeholders are not replaced", {"%1_microsoft.vc90.crt_%2"}, {"%1_microsoft.vc90.crt_%2"});
     row("a name that starts with a dot", {".microsoft.vc90.crt"}, {".microsoft.vc90.crt"});
     Described withFiles = machineOf({"b_microsoft.vc90.crt", "d_microsoft.vc90.crt"});
     withFiles.machine.system.folders["C:\\Windows\\WinSxS"].files
@@ -59,7 +59,7 @@ void nameRows()
 
 void orderRows()
 {
-    // The starts of names, in the expected order.
+    // The starts of the names, in the expected order.
     const auto row = [](const QString &name, const QStringList &starts) {
         QStringList names;
         QStringList reversed;
@@ -72,11 +72,11 @@ void orderRows()
     };
     const auto text = [](const char16_t *units) { return QString::fromUtf16(units); };
     row("capitals before small letters", {"A", "B", "Z", "a", "b", "z"});
-    row("letters with marks behind all without", {"Z", "a", "z", text(u"\u00c9"), text(u"\u00e4")});
+    row("letters with diacritics after all others", {"Z", "a", "z", text(u"\u00c9"), text(u"\u00e4")});
     row("code units, not characters", {"a", text(u"\U0001f600"), text(u"\uff21")});
-    row("digits, not numbers", {"10", "1", "20", "2", "3"}); // "_" follows the names' starts
-    row("signs count, between digits, capitals and small letters", {" ", "-", ".", "0", "A", "_", "a", "~"});
-    row("a letter in both sizes, and what follows it", {"Aa", "Ab", "aA", "aB", "aa", "ab"});
+    row("digits are compared as characters, not as numbers", {"10", "1", "20", "2", "3"}); // "_" follows the names' starts
+    row("punctuation is not ignored and sorts by code unit", {" ", "-", ".", "0", "A", "_", "a", "~"});
+    row("capital and small forms of a letter are different letters", {"Aa", "Ab", "aA", "aB", "aa", "ab"});
 }
 
 void directoryRows()
@@ -85,20 +85,20 @@ void directoryRows()
     const auto row = [](const char *name, const QByteArray &system, const QString &lines) {
         rows.text(name, {"", '{' + system + '}'}, lines);
     };
-    row("nothing known: the heading alone", "", "");
-    row("no Windows directory: the heading alone", listing, "");
-    row("an empty Windows directory: the heading alone", R"("GetSystemWindowsDirectory": "", )" + listing, "");
+    row("an empty machine: only the heading", "", "");
+    row("no Windows directory: only the heading", listing, "");
+    row("an empty Windows directory: only the heading", R"("GetSystemWindowsDirectory": "", )" + listing, "");
     row("no WinSxS folder: its path with forward slashes, without a line end", R"("GetSystemWindowsDirectory": "C:\\Windows")",
         "Directory 'C:/Windows/WinSxS' does not exist.");
-    row("a Windows directory further down", R"("GetSystemWindowsDirectory": "D:\\Systems\\Win 7")",
+    row("a Windows directory below another folder", R"("GetSystemWindowsDirectory": "D:\\Systems\\Win 7")",
         "Directory 'D:/Systems/Win 7/WinSxS' does not exist.");
     row("a Windows directory on a share: its path with two slashes",
         R"("GetSystemWindowsDirectory": "\\\\srv\\share\\Windows")", "Directory '//srv/share/Windows/WinSxS' does not exist.");
-    row("a folder that is there, on a share", R"("GetSystemWindowsDirectory": "\\\\srv\\share\\Windows", )" + listing,
+    row("an existing folder on a share", R"("GetSystemWindowsDirectory": "\\\\srv\\share\\Windows", )" + listing,
         "microsoft.vc90.crt\n");
     row("a Windows directory with a placeholder", R"("GetSystemWindowsDirectory": "C:\\%1")",
         "Directory 'C:/%1/WinSxS' does not exist.");
-    row("a folder that is there, on another drive", R"("GetSystemWindowsDirectory": "D:\\Win", )" + listing,
+    row("an existing folder on another drive", R"("GetSystemWindowsDirectory": "D:\\Win", )" + listing,
         "microsoft.vc90.crt\n");
     row("a Windows directory that is too long: both lines",
         R"("GetSystemWindowsDirectory": ")" + QByteArray(1024, 'w') + R"(", )" + listing,
@@ -109,19 +109,19 @@ void directoryRows()
 
 void addRows()
 {
-    // In German an order by locale differs from that by code units.
+    // The German collation differs from the order of code units.
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     nameRows();
     orderRows();
     directoryRows();
     const Described one = machineOf({"microsoft.vc90.crt"});
     rows.calls("calls", one, "GetSystemWindowsDirectoryW 1024\n");
-    rows.failure("the Windows directory", one, "GetSystemWindowsDirectoryW", 0, "");
+    rows.failure("GetSystemWindowsDirectory() fails", one, "GetSystemWindowsDirectoryW", 0, "");
 }
 
 #else
 
-/// The folders of run-time libraries as Windows finds them.
+/// The folders of run-time libraries, found with the calls of Windows.
 QStringList runTimeFolders()
 {
     const QString pattern = qEnvironmentVariable("SystemRoot") + "\\WinSxS\\*";
@@ -144,7 +144,7 @@ QStringList runTimeFolders()
 void sameAsWindows()
 {
     QStringList lines = winSxSDirectoryEntries().split('\n');
-    QCOMPARE(lines.takeFirst() + '\n', QString(title));
+    QCOMPARE(lines.takeFirst() + '\n', QString(heading));
     QCOMPARE(lines.takeLast(), QString());
     QStringList folders = runTimeFolders();
     lines.sort();
@@ -155,7 +155,7 @@ void sameAsWindows()
 void addedFolders()
 {
     if (!isThrowAwayWindows())
-        QSKIP("adds folders to Windows' own, which is for a Wine prefix of this project's own only");
+        QSKIP("the row adds folders to the Windows directory, which is permitted only in a Wine prefix of this project");
     const QDir folder(qEnvironmentVariable("SystemRoot") + "\\WinSxS");
     const QStringList added {"a test Microsoft.VC00.CRT of ours", "a test Microsoft.VC00.MFC of ours"};
     for (const QString &name : added)

@@ -1,4 +1,4 @@
-// wordSize(): the one text there is.
+// wordSize()
 
 #include "test_main.h"
 #include "texts.h"

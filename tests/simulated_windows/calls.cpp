@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr DWORD room = 512; // bytes
+constexpr DWORD bufferSize = 512; // bytes; large enough for the result of every call
 
 template <typename T>
 qint64 given(T *pointer)
@@ -15,7 +15,7 @@ qint64 given(T *pointer)
     return pointer ? 1 : 0;
 }
 
-/// A record of the buffer that begins with its size.
+/// The buffer as a record whose first member is its size.
 template <typename Record>
 Record *sized(PoisonedBuffer &buffer)
 {
@@ -24,7 +24,7 @@ Record *sized(PoisonedBuffer &buffer)
     return record;
 }
 
-/// For a cast to the function's own type.
+/// Permits a cast to another function type without a warning.
 void *plain(FARPROC function)
 {
     return reinterpret_cast<void *>(function);
@@ -62,7 +62,7 @@ void addRegistryCalls(std::vector<FailingCall> &calls)
     const auto add = [&](const char *name, std::function<qint64(PoisonedBuffer &)> make) {
         calls.push_back({name, [make](PoisonedBuffer &buffer) {
                              nameSize = 32;
-                             size = room;
+                             size = bufferSize;
                              return make(buffer);
                          },
                          FailingCall::Status});
@@ -138,7 +138,7 @@ void addModuleCalls(std::vector<FailingCall> &calls)
     };
     static DWORD needed;
     add("EnumProcessModules", [](PoisonedBuffer &b) {
-        return EnumProcessModules(GetCurrentProcess(), reinterpret_cast<HMODULE *>(b.bytes()), room, &needed);
+        return EnumProcessModules(GetCurrentProcess(), reinterpret_cast<HMODULE *>(b.bytes()), bufferSize, &needed);
     });
     add("GetModuleFileNameExW", [](PoisonedBuffer &b) {
         HMODULE module = nullptr;

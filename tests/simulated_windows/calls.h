@@ -1,4 +1,4 @@
-// One call of every simulated function that can fail, with poisoned memory.
+// A call of every simulated function that can fail. The buffers are poisoned.
 #pragma once
 
 #include "poisoned_buffer.h"
@@ -8,10 +8,10 @@
 #include <functional>
 #include <vector>
 
-/// One call and what it returns when it fails with an error.
+/// A call and how it fails.
 struct FailingCall
 {
-    /// What a failing call returns: its error, zero and GetLastError(), zero alone, or
+    /// A failing call returns its error, returns 0 and sets the last error, only returns 0, or returns
     /// EINVAL.
     enum Failure {
         Status,
@@ -24,12 +24,12 @@ struct FailingCall
     /// Makes the call, which may write to the buffer, and returns its result.
     std::function<qint64(PoisonedBuffer &)> make;
     Failure failure;
-    bool needsMachine = true; // fails when no machine is described
+    bool needsMachine = true; // fails if no machine is described
 };
 Q_DECLARE_METATYPE(FailingCall)
 
 std::vector<FailingCall> failingCalls();
 
-/// A machine where each of them succeeds: registry.reg and system.json.
+/// The registry.reg and the system.json of a machine on which each of the calls succeeds.
 QByteArray answeringRegistry();
 QByteArray answeringSystem();

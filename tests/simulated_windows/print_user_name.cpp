@@ -1,4 +1,4 @@
-// Prints what Windows answers as user name.
+// Prints the result of GetUserName().
 
 #include <QtCore/QString>
 #include <cstdio>

@@ -1,4 +1,4 @@
-// loadMachine(): a folder's two files, and messages that name file and line.
+// loadMachine(): the two files of a folder, and error messages that name file and line.
 
 #include "machine_loader.h"
 #include "rows.h"
@@ -15,7 +15,7 @@ namespace {
 const QByteArray registryFile = "Windows Registry Editor Version 5.00\n[HKEY_LOCAL_MACHINE\\A]\n@=\"B\"\n";
 const QByteArray systemFile = "{\"GetUserName\": \"Jim\"}";
 
-/// A temporary machine folder; a null text writes no file.
+/// A temporary machine folder. A null QByteArray means no file.
 class Folder
 {
 public:
@@ -48,7 +48,7 @@ void bothFiles()
     QCOMPARE(*machine->system.GetUserName, QStringLiteral("Jim"));
 }
 
-void missingFilesKnowNothing()
+void missingFilesDescribeNothing()
 {
     const auto row = [](const QString &name, const QByteArray &registry, const QByteArray &system) {
         addTestRow(name, [=] {
@@ -92,7 +92,7 @@ void malformedFile()
     row("an empty registry file", QByteArray(""), systemFile, "/registry.reg:1: the first line is not \"Windows Registry Editor Version 5.00\"");
     row("a line of the system file", registryFile, QByteArray("{\n  \"timeZone\": none\n}"), "/system.json:2: illegal value");
     row("a member of the system file", registryFile, QByteArray("{\n  \"GetUserName\": 5\n}"), "/system.json: 'GetUserName' is not a text");
-    row("both: the registry is told", QByteArray("REGEDIT4\n"), QByteArray("{"), "/registry.reg:1: the first line is not \"Windows Registry Editor Version 5.00\"");
+    row("both files are malformed: the message is about the registry", QByteArray("REGEDIT4\n"), QByteArray("{"), "/registry.reg:1: the first line is not \"Windows Registry Editor Version 5.00\"");
 }
 
 void fileThatCannotBeRead()
@@ -100,7 +100,7 @@ void fileThatCannotBeRead()
     const auto row = [](const QString &title, const QString &name) {
         addTestRow(title, [=] {
             const Folder folder {QByteArray(), QByteArray()};
-            QVERIFY(QDir(folder.path()).mkdir(name)); // a folder of that name
+            QVERIFY(QDir(folder.path()).mkdir(name)); // a folder instead of a file
             QString error;
             QVERIFY(!loadMachine(folder.path(), error));
             const QString start = folder.path() + QLatin1Char('/') + name + QStringLiteral(": ");
@@ -123,7 +123,7 @@ void exampleMachine()
 void addTests()
 {
     addTestRow("bothFiles", bothFiles);
-    addTestRows("missingFilesKnowNothing", missingFilesKnowNothing);
+    addTestRows("missingFilesDescribeNothing", missingFilesDescribeNothing);
     addTestRows("missingFolder", missingFolder);
     addTestRows("malformedFile", malformedFile);
     addTestRows("fileThatCannotBeRead", fileThatCannotBeRead);

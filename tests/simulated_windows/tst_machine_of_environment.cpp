@@ -1,4 +1,4 @@
-// Without install() the machine of VKSYSTEMINFO_MACHINE answers.
+// Without install() the calls answer for the machine that VKSYSTEMINFO_MACHINE names.
 
 #include "rows.h"
 #include "simulated_windows.h"
@@ -25,8 +25,8 @@ void userName()
         });
     };
     row("a machine", QStringLiteral(MACHINES_DIR "/workstation"), QByteArray("J\u00f6rn\n"), QByteArray());
-    row("none: every call fails", QString(), QByteArray("failed\n"), QByteArray());
-    row("one that is not there: it is told, and every call fails", "no/such/machine", QByteArray("failed\n"), QByteArray("no/such/machine: no such machine folder\n"));
+    row("no machine: every call fails", QString(), QByteArray("failed\n"), QByteArray());
+    row("a machine that does not exist: a message, and every call fails", "no/such/machine", QByteArray("failed\n"), QByteArray("no/such/machine: no such machine folder\n"));
 }
 
 void addTests()

@@ -1,4 +1,4 @@
-// The registry in memory: names, order, and changes during an enumeration.
+// RegistryKey and its functions: names, order, and changes during an enumeration.
 
 #include "registry_tree.h"
 #include "rows.h"
@@ -41,17 +41,17 @@ void upperCase()
         add(name, QString::fromUtf8(text), QString::fromUtf8(expected));
     };
     row("Latin letters", "az_AZ09", "AZ_AZ09");
-    row("letters with marks", "\u00e4\u00e9\u00ff", "\u00c4\u00c9\u0178");
+    row("letters with diacritics", "\u00e4\u00e9\u00ff", "\u00c4\u00c9\u0178");
     row("Greek and Cyrillic letters", "\u03b1\u0436", "\u0391\u0416");
-    row("sharp s stays", "\u00df", "\u00df");
-    row("i without a dot stays", "\u0131", "\u0131");
-    row("I with a dot stays", "\u0130", "\u0130");
-    row("the long s stays", "\u017f", "\u017f");
-    row("the micro sign stays", "\u00b5", "\u00b5");
-    row("the final sigma stays", "\u03c2", "\u03c2");
-    row("a ligature stays", "\ufb01", "\ufb01");
-    row("letters beyond 16 bits stay", "\U00010428", "\U00010428");
-    add("a lone surrogate stays", QString(QChar(0xd801)), QString(QChar(0xd801)));
+    row("sharp s is unchanged", "\u00df", "\u00df");
+    row("dotless i is unchanged", "\u0131", "\u0131");
+    row("I with a dot is unchanged", "\u0130", "\u0130");
+    row("the long s is unchanged", "\u017f", "\u017f");
+    row("the micro sign is unchanged", "\u00b5", "\u00b5");
+    row("the final sigma is unchanged", "\u03c2", "\u03c2");
+    row("a ligature is unchanged", "\ufb01", "\ufb01");
+    row("letters outside the BMP are unchanged", "\U00010428", "\U00010428");
+    add("a lone surrogate is unchanged", QString(QChar(0xd801)), QString(QChar(0xd801)));
 }
 
 void subKeysKeepTheirOrderWhenTheyChange()
@@ -87,7 +87,7 @@ void valuesKeepTheirPlaceWhenTheyChange()
     QVERIFY(!key.findValue(QStringLiteral("a")));
 }
 
-void removedKeyLivesOnForItsHolder()
+void removedKeyStaysValidForItsOwner()
 {
     RegistryKey key(QStringLiteral("K"));
     const auto held = key.createSubKey(QStringLiteral("a"));
@@ -106,12 +106,12 @@ void paths()
             createKey(root, QStringLiteral("A\\B"));
             const auto found = findKey(root, path);
             QCOMPARE(found ? found->name() : QString(), name);
-            QVERIFY2(root->subKeyCount() == 1, "looking makes no keys");
+            QVERIFY2(root->subKeyCount() == 1, "findKey() does not create keys");
         });
     };
     row("one name", "A", "A");
-    row("letters of either case", "a\\b", "B");
-    row("empty: the key itself", QString(), "HKEY_LOCAL_MACHINE");
+    row("names are case-insensitive", "a\\b", "B");
+    row("an empty path: the key itself", QString(), "HKEY_LOCAL_MACHINE");
     row("doubled and trailing backslashes", "A\\\\B\\\\", "B");
     row("missing", "A\\C", QString());
     row("below a missing one", "C\\B", QString());
@@ -136,9 +136,9 @@ void wholePaths()
         });
     };
     row("a key of a root", "HKEY_USERS\\A\\B", "B");
-    row("a root in other letters", "hkey_Users\\A", "A");
+    row("a root in another case", "hkey_Users\\A", "A");
     row("a root", "HKEY_CURRENT_USER", "HKEY_CURRENT_USER");
-    row("a root's short name", "HKLM\\A", QString());
+    row("the short name of a root", "HKLM\\A", QString());
     row("empty", QString(), QString());
 }
 
@@ -152,18 +152,18 @@ void deniedKeys()
             createKey(root, QStringLiteral("A\\BB"));
             findKey(root, QStringLiteral("A\\B"))->setDenied(true);
             QCOMPARE(isDenied(root, path), denied);
-            QVERIFY2(isDenied(findKey(root, QStringLiteral("A\\B")), QStringLiteral("C")), "from the key on");
-            QVERIFY2(!isDenied(findKey(root, QStringLiteral("A\\B\\C")), QString()), "what is above the start does not count");
+            QVERIFY2(isDenied(findKey(root, QStringLiteral("A\\B")), QStringLiteral("C")), "a path that starts at the denied key");
+            QVERIFY2(!isDenied(findKey(root, QStringLiteral("A\\B\\C")), QString()), "a denied key above the start is ignored");
         });
     };
-    row("the key", "A\\B", true);
-    row("in other letters", "a\\b\\", true);
-    row("below it", "A\\B\\C", true);
-    row("missing below it", "A\\B\\None", true);
-    row("above it", "A", false);
-    row("beside it", "A\\BB", false);
+    row("the denied key", "A\\B", true);
+    row("the denied key in another case", "a\\b\\", true);
+    row("a key below it", "A\\B\\C", true);
+    row("a missing key below it", "A\\B\\None", true);
+    row("its parent", "A", false);
+    row("its sibling", "A\\BB", false);
     row("missing", "A\\None", false);
-    row("the start itself", QString(), false);
+    row("an empty path", QString(), false);
 }
 
 void addTests()
@@ -171,7 +171,7 @@ void addTests()
     addTestRows("upperCase", upperCase);
     addTestRow("subKeysKeepTheirOrderWhenTheyChange", subKeysKeepTheirOrderWhenTheyChange);
     addTestRow("valuesKeepTheirPlaceWhenTheyChange", valuesKeepTheirPlaceWhenTheyChange);
-    addTestRow("removedKeyLivesOnForItsHolder", removedKeyLivesOnForItsHolder);
+    addTestRow("removedKeyStaysValidForItsOwner", removedKeyStaysValidForItsOwner);
     addTestRows("paths", paths);
     addTestRow("rootsHaveTheirNames", rootsHaveTheirNames);
     addTestRows("wholePaths", wholePaths);

@@ -1,4 +1,4 @@
-// GetAdaptersInfo: the layout of the list, and texts that are too long.
+// GetAdaptersInfo(): layout of the list, and texts that are too long.
 
 #include "described_windows.h"
 #include "poisoned_buffer.h"
@@ -51,16 +51,16 @@ void sizeNeeded()
         addTestRow(name, [=] {
             const DescribedWindows windows(QByteArray(), adapters(list));
             PoisonedBuffer buffer(needed + 100);
-            for (const ULONG room : {ULONG(0), ULONG(1), needed - 1}) {
-                ULONG size = room;
+            for (const ULONG capacity : {ULONG(0), ULONG(1), needed - 1}) {
+                ULONG size = capacity;
                 QCOMPARE(GetAdaptersInfo(records(buffer), &size), DWORD(ERROR_BUFFER_OVERFLOW));
                 QCOMPARE(size, needed);
                 QVERIFY(buffer.isUntouched());
             }
             ULONG size = needed;
             QCOMPARE(GetAdaptersInfo(nullptr, &size), DWORD(ERROR_BUFFER_OVERFLOW));
-            for (const ULONG room : {needed, needed + 100}) {
-                size = room;
+            for (const ULONG capacity : {needed, needed + 100}) {
+                size = capacity;
                 QCOMPARE(GetAdaptersInfo(records(buffer), &size), DWORD(ERROR_SUCCESS));
                 QCOMPARE(size, needed);
                 QVERIFY(buffer.isUntouchedFrom(int(needed)));
@@ -69,15 +69,15 @@ void sizeNeeded()
     };
     row("one adapter", QByteArray("[{}]"), ULONG(704));
     row("two adapters", QByteArray("[{}, {}]"), ULONG(1408));
-    row("one gateway stands in the record", QByteArray(R"([{"GatewayList": [["1", ""]]}])"), ULONG(704));
-    row("three gateways: two behind", QByteArray(R"([{"GatewayList": [["1", ""], ["2", ""], ["3", ""]]}])"), ULONG(704 + 2 * 48));
-    row("two DHCP servers: one behind", QByteArray(R"([{"DhcpServer": [["1", ""], ["2", ""]]}])"), ULONG(704 + 48));
-    row("of several adapters together", QByteArray(R"([{"GatewayList": [["1", ""], ["2", ""]]}, {"GatewayList": [["1", ""], ["2", ""]],
+    row("one gateway is part of the record", QByteArray(R"([{"GatewayList": [["1", ""]]}])"), ULONG(704));
+    row("three gateways: two after the records", QByteArray(R"([{"GatewayList": [["1", ""], ["2", ""], ["3", ""]]}])"), ULONG(704 + 2 * 48));
+    row("two DHCP servers: one after the records", QByteArray(R"([{"DhcpServer": [["1", ""], ["2", ""]]}])"), ULONG(704 + 48));
+    row("further addresses of several adapters", QByteArray(R"([{"GatewayList": [["1", ""], ["2", ""]]}, {"GatewayList": [["1", ""], ["2", ""]],
                            "DhcpServer": [["1", ""], ["2", ""]]}])"),
         ULONG(2 * 704 + 3 * 48));
 }
 
-void furtherAddressesLieBehindAllRecords()
+void furtherAddressesFollowAllRecords()
 {
     const DescribedWindows windows(QByteArray(), adapters(R"([
         {"Index": 1, "GatewayList": [["10.0.0.1", "255.0.0.0"], ["10.0.0.2", "255.0.0.0"], ["10.0.0.3", ""]]},
@@ -120,11 +120,11 @@ void allFields()
     QCOMPARE(addresses(adapter.SecondaryWinsServer), QStringList(QStringLiteral("10.0.0.5/255.0.0.0")));
     QCOMPARE(qint64(adapter.LeaseObtained), qint64(1701337145));
     QCOMPARE(qint64(adapter.LeaseExpires), qint64(0x123456789abcdef));
-    QCOMPARE(adapter.ComboIndex, DWORD(0)); // what a description does not name
+    QCOMPARE(adapter.ComboIndex, DWORD(0)); // not part of a description
     QVERIFY(!adapter.CurrentIpAddress && !adapter.Next);
 }
 
-void textsAreCutToTheirFields()
+void textsAreTruncatedToTheirFields()
 {
     const QByteArray longText(400, 'x');
     const DescribedWindows windows(QByteArray(),
@@ -140,7 +140,7 @@ void textsAreCutToTheirFields()
     QCOMPARE(QByteArray(adapter.GatewayList.IpMask.String), QByteArray(15, 'x'));
 }
 
-void adapterMadeWithoutLists()
+void recordWithoutAddresses()
 {
     machine::Machine machine;
     machine.system.GetAdaptersInfo.value.emplace(1);
@@ -155,10 +155,10 @@ void addTests()
 {
     addTestRows("failures", failures);
     addTestRows("sizeNeeded", sizeNeeded);
-    addTestRow("furtherAddressesLieBehindAllRecords", furtherAddressesLieBehindAllRecords);
+    addTestRow("furtherAddressesFollowAllRecords", furtherAddressesFollowAllRecords);
     addTestRow("allFields", allFields);
-    addTestRow("textsAreCutToTheirFields", textsAreCutToTheirFields);
-    addTestRow("adapterMadeWithoutLists", adapterMadeWithoutLists);
+    addTestRow("textsAreTruncatedToTheirFields", textsAreTruncatedToTheirFields);
+    addTestRow("recordWithoutAddresses", recordWithoutAddresses);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// What the calls return for a member of system.json: a value, an error, or no member.
+// Results of the calls if a member of system.json is a value, an error, or absent.
 
 #include "calls.h"
 #include "described_windows.h"
@@ -56,14 +56,14 @@ void errorsOfTheDescription()
     rows("GetSystemWindowsDirectoryW", "GetSystemWindowsDirectory");
     rows("GetSystemWow64DirectoryW", "GetSystemWow64Directory");
     rows("EnumProcessModules", "EnumProcessModules");
-    row("one computer name with an error", "GetComputerNameExW", member("GetComputerNameEx", "{\"0\": {\"error\": 87}}"), 87);
-    row("one computer name absent", "GetComputerNameExW", member("GetComputerNameEx", "{\"1\": \"A\"}"), 0);
-    row("one folder with an error", "SHGetSpecialFolderPathW", member("SHGetSpecialFolderPath", "{\"5\": {\"error\": 2}}"), 2);
-    row("one folder absent", "SHGetSpecialFolderPathW", member("SHGetSpecialFolderPath", "{\"2\": \"A\"}"), 0);
-    row("one volume with an error", "GetVolumeInformationW",
+    row("a computer name with an error", "GetComputerNameExW", member("GetComputerNameEx", "{\"0\": {\"error\": 87}}"), 87);
+    row("an absent computer name", "GetComputerNameExW", member("GetComputerNameEx", "{\"1\": \"A\"}"), 0);
+    row("a folder with an error", "SHGetSpecialFolderPathW", member("SHGetSpecialFolderPath", "{\"5\": {\"error\": 2}}"), 2);
+    row("an absent folder", "SHGetSpecialFolderPathW", member("SHGetSpecialFolderPath", "{\"2\": \"A\"}"), 0);
+    row("a volume with an error", "GetVolumeInformationW",
         member("drives", "{\"C:\\\\\": {\"GetVolumeInformation\": {\"error\": 21}}}"), 21);
     row("one volume absent", "GetVolumeInformationW", member("drives", "{\"C:\\\\\": {}}"), 0);
-    row("one drive's space with an error", "GetDiskFreeSpaceExW",
+    row("the free space of a drive with an error", "GetDiskFreeSpaceExW",
         member("drives", "{\"C:\\\\\": {\"GetDiskFreeSpaceEx\": {\"error\": 21}}}"), 21);
     row("a library that is absent", "LoadLibraryW", "{}", ERROR_MOD_NOT_FOUND);
     row("a library that is null", "LoadLibraryW", member("libraries", "{\"dnssd.dll\": null}"), ERROR_MOD_NOT_FOUND);
@@ -90,9 +90,9 @@ void version()
     };
     row("none", QByteArray(), QByteArray(), QString());
     row("a text", QByteArray("Service Pack 1"), QByteArray("Service Pack 1"), QStringLiteral("Service Pack 1"));
-    row("in the code page", QByteArray("\u00e4\u0416"), QByteArray("\xe4?"), QStringLiteral("\u00e4\u0416"));
-    row("as long as the field", QByteArray(127, 'x'), QByteArray(127, 'x'), QString(127, QLatin1Char('x')));
-    row("longer than the field: cut", QByteArray(300, 'x'), QByteArray(127, 'x'), QString(127, QLatin1Char('x')));
+    row("a text in the ANSI code page", QByteArray("\u00e4\u0416"), QByteArray("\xe4?"), QStringLiteral("\u00e4\u0416"));
+    row("a text as long as the field", QByteArray(127, 'x'), QByteArray(127, 'x'), QString(127, QLatin1Char('x')));
+    row("a text longer than the field is truncated", QByteArray(300, 'x'), QByteArray(127, 'x'), QString(127, QLatin1Char('x')));
 }
 
 void productInfo()
@@ -106,8 +106,8 @@ void productInfo()
         });
     };
     row("a type", member("GetProductInfo", "{\"dwReturnedProductType\": 48}"), QStringLiteral("30000000"));
-    row("no type: zero", member("GetProductInfo", "{}"), QStringLiteral("00000000"));
-    row("an error: nothing", member("GetProductInfo", "{\"error\": 87}"), QString());
+    row("no type: 0", member("GetProductInfo", "{}"), QStringLiteral("00000000"));
+    row("an error: the type is unchanged", member("GetProductInfo", "{\"error\": 87}"), QString());
 }
 
 void processors()
@@ -118,7 +118,7 @@ void processors()
     SYSTEM_INFO information;
     std::memset(&information, 0xcc, sizeof information);
     GetSystemInfo(&information);
-    QCOMPARE(int(information.wProcessorArchitecture), 9);
+    QCOMPARE(information.wProcessorArchitecture, WORD(PROCESSOR_ARCHITECTURE_AMD64));
     QCOMPARE(int(information.wReserved), 0);
     QCOMPARE(reinterpret_cast<quintptr>(information.lpMaximumApplicationAddress), quintptr(0x7ffffffeffff));
     QCOMPARE(information.dwActiveProcessorMask, ~DWORD_PTR(0));
@@ -176,14 +176,14 @@ void drives()
     row("full", QByteArray(R"({"GetDriveType": 3, "GetVolumeInformation": {"volumeName": "V", "fileSystemName": "NTFS"},
                           "GetDiskFreeSpaceEx": {"freeBytesAvailableToCaller": "0xffffffffffffffff", "totalNumberOfBytes": 2}})"),
         QStringLiteral("3, V NTFS, 18446744073709551615 2"));
-    row("nothing given", QByteArray("{}"), QStringLiteral("0, -, -"));
-    row("not listed", QByteArray("null"), QStringLiteral("0, -, -"));
-    row("names of nothing", QByteArray("{\"GetVolumeInformation\": {}}"), QStringLiteral("0,  , -"));
+    row("a drive without members", QByteArray("{}"), QStringLiteral("0, -, -"));
+    row("a drive that is not described", QByteArray("null"), QStringLiteral("0, -, -"));
+    row("empty names", QByteArray("{\"GetVolumeInformation\": {}}"), QStringLiteral("0,  , -"));
     row("a name as long as the buffer: with its terminator it does not fit", QByteArray("{\"GetVolumeInformation\": {\"volumeName\": \"12345678\"}}"), QStringLiteral("0, -, -"));
     row("a name that fits exactly", QByteArray("{\"GetVolumeInformation\": {\"volumeName\": \"1234567\"}}"), QStringLiteral("0, 1234567 , -"));
 }
 
-void driveOfEitherCase()
+void drivesAreCaseInsensitive()
 {
     const DescribedWindows windows(QByteArray(), member("drives", "{\"c:\\\\\": {\"GetDriveType\": 3}}"));
     QCOMPARE(GetDriveTypeW(L"C:\\"), UINT(DRIVE_FIXED));
@@ -270,7 +270,7 @@ void specialFolders()
     QVERIFY(programs.isUntouchedFrom(2 * 5));
     PoisonedBuffer longPath(2 * MAX_PATH);
     QVERIFY(SHGetSpecialFolderPathW(nullptr, longPath.wide(), CSIDL_PERSONAL, FALSE));
-    QCOMPARE(longPath.wideText(), QString(259, QLatin1Char('x'))); // fills MAX_PATH, the least that a caller provides
+    QCOMPARE(longPath.wideText(), QString(259, QLatin1Char('x'))); // MAX_PATH without the terminator
     QVERIFY(longPath.isUntouchedFrom(2 * MAX_PATH));
 }
 
@@ -290,7 +290,7 @@ void addTests()
     addTestRow("metrics", metrics);
     addTestRow("computerNames", computerNames);
     addTestRows("drives", drives);
-    addTestRow("driveOfEitherCase", driveOfEitherCase);
+    addTestRow("drivesAreCaseInsensitive", drivesAreCaseInsensitive);
     addTestRows("logicalDrives", logicalDrives);
     addTestRow("longDirectory", longDirectory);
     addTestRows("expansionFailures", expansionFailures);

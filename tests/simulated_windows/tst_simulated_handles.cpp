@@ -1,4 +1,4 @@
-// The handle table: open handles and misused ones.
+// openHandles() and handleMisuses() of the simulated Windows.
 
 #include "described_windows.h"
 #include "simulated_windows.h"
@@ -16,13 +16,13 @@ private Q_SLOTS:
     void cleanup();
     void openHandlesAreListed();
     void rootsAreNotListed();
-    void handlesAreNeverGivenOutTwice();
-    void handlesAreNoPointers();
+    void handlesAreNeverReused();
+    void handlesAreNotPointers();
     void misuses_data();
     void misuses();
-    void failingCloseClosesAllTheSame();
-    void resetForgets();
-    void keyOutlivesItsRemoval();
+    void failingCloseInvalidatesTheHandle();
+    void resetClearsHandlesAndMisuses();
+    void openKeyOutlivesItsRemoval();
 
 private:
     std::unique_ptr<DescribedWindows> m_windows;
@@ -37,14 +37,14 @@ HKEY openKey(const char *path = "A")
     return key;
 }
 
-/// A use of a handle, by the name that handleMisuses() gives it.
+/// A use of a handle, and its name in the text of handleMisuses().
 struct Misuse
 {
     QString name;
     std::function<void(HANDLE)> use;
 };
 
-QString noted(const QString &use, HANDLE handle)
+QString misuseText(const QString &use, HANDLE handle)
 {
     return QStringLiteral("%1 of handle 0x%2").arg(use).arg(reinterpret_cast<quintptr>(handle), 0, 16);
 }
@@ -91,12 +91,12 @@ void SimulatedHandlesTest::rootsAreNotListed()
 {
     DWORD size = 0;
     RegQueryValueExA(HKEY_LOCAL_MACHINE, "", nullptr, nullptr, nullptr, &size);
-    QCOMPARE(RegCloseKey(HKEY_LOCAL_MACHINE), LSTATUS(ERROR_SUCCESS));
+    QCOMPARE(RegCloseKey(HKEY_LOCAL_MACHINE), ERROR_SUCCESS);
     QCOMPARE(simulated::openHandles(), QStringList());
     QCOMPARE(simulated::handleMisuses(), QStringList());
 }
 
-void SimulatedHandlesTest::handlesAreNeverGivenOutTwice()
+void SimulatedHandlesTest::handlesAreNeverReused()
 {
     const HKEY first = openKey();
     RegCloseKey(first);
@@ -106,7 +106,7 @@ void SimulatedHandlesTest::handlesAreNeverGivenOutTwice()
     QVERIFY(openKey() != second);
 }
 
-void SimulatedHandlesTest::handlesAreNoPointers()
+void SimulatedHandlesTest::handlesAreNotPointers()
 {
     QVERIFY(reinterpret_cast<quintptr>(openKey()) < 0x100000);
 }
@@ -150,13 +150,13 @@ void SimulatedHandlesTest::misuses()
     const HANDLE wrong[] = {unknown, nullptr, closedKey, freedLibrary, ofAnotherKind};
     for (const HANDLE handle : wrong) {
         misuse.use(handle);
-        expected += noted(misuse.name, handle);
+        expected += misuseText(misuse.name, handle);
     }
     QCOMPARE(simulated::handleMisuses(), expected);
-    QCOMPARE(simulated::openHandles().size(), 1); // the handle of another kind
+    QCOMPARE(simulated::openHandles().size(), 1); // a handle of another type
 }
 
-void SimulatedHandlesTest::failingCloseClosesAllTheSame()
+void SimulatedHandlesTest::failingCloseInvalidatesTheHandle()
 {
     const HKEY key = openKey();
     const HMODULE library = LoadLibraryW(L"dnssd.dll");
@@ -168,10 +168,10 @@ void SimulatedHandlesTest::failingCloseClosesAllTheSame()
     }
     QCOMPARE(simulated::openHandles(), QStringList());
     QCOMPARE(RegCloseKey(key), LSTATUS(ERROR_INVALID_HANDLE));
-    QCOMPARE(simulated::handleMisuses(), QStringList(noted(QStringLiteral("RegCloseKey"), key)));
+    QCOMPARE(simulated::handleMisuses(), QStringList(misuseText(QStringLiteral("RegCloseKey"), key)));
 }
 
-void SimulatedHandlesTest::resetForgets()
+void SimulatedHandlesTest::resetClearsHandlesAndMisuses()
 {
     const HKEY key = openKey();
     RegCloseKey(nullptr);
@@ -181,12 +181,12 @@ void SimulatedHandlesTest::resetForgets()
     QCOMPARE(RegCloseKey(key), LSTATUS(ERROR_INVALID_HANDLE));
 }
 
-void SimulatedHandlesTest::keyOutlivesItsRemoval()
+void SimulatedHandlesTest::openKeyOutlivesItsRemoval()
 {
     const HKEY key = openKey("A\\B");
     simulated::machineInUse().registry.root(machine::RegistryRoot::LocalMachine)->removeSubKey(QStringLiteral("A"));
     DWORD size = 0;
-    QCOMPARE(RegQueryValueExW(key, L"", nullptr, nullptr, nullptr, &size), LSTATUS(ERROR_SUCCESS));
+    QCOMPARE(RegQueryValueExW(key, L"", nullptr, nullptr, nullptr, &size), ERROR_SUCCESS);
     QCOMPARE(size, DWORD(4));
     HKEY again = key;
     QCOMPARE(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "A\\B", 0, KEY_READ, &again), LSTATUS(ERROR_FILE_NOT_FOUND));

@@ -1,4 +1,4 @@
-// Modules of the process, and libraries with their own functions.
+// Modules of the process, and libraries and their functions.
 
 #include "described_windows.h"
 #include "poisoned_buffer.h"
@@ -18,7 +18,7 @@ GetProperty propertyOf(HMODULE library)
     return reinterpret_cast<GetProperty>(reinterpret_cast<void *>(GetProcAddress(library, "DNSServiceGetProperty")));
 }
 
-/// "error, version, size"; the call stores the last two.
+/// "result, version, size" of a call; the call stores the last two.
 QString answerOf(GetProperty property)
 {
     DWORD version = poison;
@@ -45,32 +45,32 @@ HMODULE load(int number)
 
 void names()
 {
-    const auto row = [](const QString &title, int index, DWORD room, DWORD length, const QString &name) {
+    const auto row = [](const QString &title, int index, DWORD capacity, DWORD length, const QString &name) {
         addTestRow(title, [=] {
             const DescribedWindows windows(QByteArray(), "{\"EnumProcessModules\": [\"C:\\\\a.exe\", null, \"\"]}");
             HMODULE modules[4] = {};
             DWORD needed = 0;
             QVERIFY(EnumProcessModules(GetCurrentProcess(), modules, sizeof modules, &needed));
             QCOMPARE(needed, DWORD(24));
-            PoisonedBuffer buffer(2 * room);
-            QCOMPARE(GetModuleFileNameExW(GetCurrentProcess(), modules[index], buffer.wide(), room), length);
+            PoisonedBuffer buffer(2 * capacity);
+            QCOMPARE(GetModuleFileNameExW(GetCurrentProcess(), modules[index], buffer.wide(), capacity), length);
             const bool written = length > 0 || index == 2;
             QCOMPARE(buffer.isUntouched(), !written);
             if (written)
                 QCOMPARE(buffer.wideText(), name);
-            QVERIFY(buffer.isUntouchedFrom(2 * int(room)));
+            QVERIFY(buffer.isUntouchedFrom(2 * int(capacity)));
         });
     };
     row("fits", 0, DWORD(64), DWORD(8), "C:\\a.exe");
-    row("fits exactly", 0, DWORD(9), DWORD(8), "C:\\a.exe");
-    row("is cut", 0, DWORD(8), DWORD(8), "C:\\a.ex");
-    row("is cut to nothing", 0, DWORD(1), DWORD(1), QString());
-    row("cannot be read", 1, DWORD(64), DWORD(0), QString());
-    row("is empty", 2, DWORD(64), DWORD(0), QString());
-    row("of a module behind the last one", 3, DWORD(64), DWORD(0), QString());
+    row("a name that fits exactly", 0, DWORD(9), DWORD(8), "C:\\a.exe");
+    row("a name that is truncated", 0, DWORD(8), DWORD(8), "C:\\a.ex");
+    row("a name that is truncated to 0 characters", 0, DWORD(1), DWORD(1), QString());
+    row("a name that cannot be read", 1, DWORD(64), DWORD(0), QString());
+    row("an empty name", 2, DWORD(64), DWORD(0), QString());
+    row("the name of a module after the last one", 3, DWORD(64), DWORD(0), QString());
 }
 
-void nameIntoNoRoom()
+void nameIntoABufferOfSizeZero()
 {
     const DescribedWindows windows(QByteArray(), "{\"EnumProcessModules\": [\"C:\\\\a.exe\"]}");
     HMODULE module = nullptr;
@@ -98,7 +98,7 @@ void manyModules()
     QCOMPARE(QString::fromWCharArray(name), QStringLiteral("last.dll"));
 }
 
-void libraryAnswers()
+void libraryFunctionResults()
 {
     const auto row = [](const QString &name, const QByteArray &library, const QString &expected) {
         addTestRow(name, [=] {
@@ -113,8 +113,8 @@ void libraryAnswers()
         });
     };
     row("a version", QByteArray("{\"DNSServiceGetProperty\": {\"error\": 0, \"DaemonVersion\": 3210000}}"), "0, 3210000, 4");
-    row("an error: nothing else is written", QByteArray("{\"DNSServiceGetProperty\": {\"error\": -65563, \"DaemonVersion\": 1}}"), "-65563, 3735928559, 4");
-    row("nothing given: version 0", QByteArray("{\"DNSServiceGetProperty\": {}}"), "0, 0, 4");
+    row("an error: version and size are unchanged", QByteArray("{\"DNSServiceGetProperty\": {\"error\": -65563, \"DaemonVersion\": 1}}"), "-65563, 3735928559, 4");
+    row("no members: version 0", QByteArray("{\"DNSServiceGetProperty\": {}}"), "0, 0, 4");
     row("a library without the function", QByteArray("{}"), QString());
 }
 
@@ -143,7 +143,7 @@ void eightLibrariesAtOnce()
     QVERIFY(!modules.contains(nullptr));
     for (int i = 0; i < 8; ++i)
         QCOMPARE(answerOf(propertyOf(modules.at(i))), QStringLiteral("0, %1, 4").arg(i));
-    QVERIFY2(!load(8), "there is no place for a ninth");
+    QVERIFY2(!load(8), "a ninth library cannot be loaded");
     QVERIFY(FreeLibrary(modules.at(2)));
     const HMODULE ninth = load(9);
     QVERIFY(ninth);
@@ -151,7 +151,7 @@ void eightLibrariesAtOnce()
     QCOMPARE(answerOf(propertyOf(modules.at(3))), QStringLiteral("0, 3, 4"));
 }
 
-void placesAreFreeAgainAfterReset()
+void resetUnloadsLibraries()
 {
     for (int round = 0; round < 20; ++round) {
         const DescribedWindows windows = tenLibraries(); // closes every handle
@@ -173,11 +173,11 @@ void libraryThatChangesWhileItIsLoaded()
     const DescribedWindows windows = tenLibraries();
     const HMODULE library = load(1);
     simulated::machineInUse().system.libraries.remove(QStringLiteral("1.dll"));
-    QVERIFY2(!propertyOf(library), "the description in use decides");
+    QVERIFY2(!propertyOf(library), "the current description applies");
     QVERIFY(FreeLibrary(library));
 }
 
-void kernelKnowsOneFunction()
+void kernelExportsOneFunction()
 {
     const DescribedWindows windows(QByteArray(), "{\"GetProductInfo\": {}}");
     const HMODULE kernel = GetModuleHandleW(L"kernel32.dll");
@@ -191,15 +191,15 @@ void kernelKnowsOneFunction()
 void addTests()
 {
     addTestRows("names", names);
-    addTestRow("nameIntoNoRoom", nameIntoNoRoom);
+    addTestRow("nameIntoABufferOfSizeZero", nameIntoABufferOfSizeZero);
     addTestRow("manyModules", manyModules);
-    addTestRows("libraryAnswers", libraryAnswers);
+    addTestRows("libraryFunctionResults", libraryFunctionResults);
     addTestRow("eachLibraryHasItsOwnFunction", eachLibraryHasItsOwnFunction);
     addTestRow("eightLibrariesAtOnce", eightLibrariesAtOnce);
-    addTestRow("placesAreFreeAgainAfterReset", placesAreFreeAgainAfterReset);
+    addTestRow("resetUnloadsLibraries", resetUnloadsLibraries);
     addTestRow("freedLibraryHasNoFunctions", freedLibraryHasNoFunctions);
     addTestRow("libraryThatChangesWhileItIsLoaded", libraryThatChangesWhileItIsLoaded);
-    addTestRow("kernelKnowsOneFunction", kernelKnowsOneFunction);
+    addTestRow("kernelExportsOneFunction", kernelExportsOneFunction);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// Journal, faults and the hook before each call.
+// Journal, faults, and the function that runs before each call.
 
 #include "calls.h"
 #include "described_windows.h"
@@ -100,7 +100,7 @@ void faultFailsTheCall()
             }
             if (call.failure == FailingCall::LastError)
                 QCOMPARE(GetLastError(), DWORD(1234));
-            QVERIFY2(buffer.isUntouchedFrom(4), "after the size, which the caller sets");
+            QVERIFY2(buffer.isUntouchedFrom(4), "memory after the size member is unchanged");
             QCOMPARE(lastOf(call.name).result, failedResult(call.failure, 1234));
             QVERIFY(call.make(untouched) != failedResult(call.failure, 1234));
         });
@@ -130,12 +130,12 @@ void faultFailsTheCallAfterItWroteItsResults()
         });
     };
     for (const FailingCall &call : failingCalls()) {
-        if (call.name != "GetAdaptersInfo") // its buffer here is too small: it fails by itself
+        if (call.name != "GetAdaptersInfo") // fails without the fault, because its buffer is too small
             row(call.name.constData(), call);
     }
 }
 
-void failedOpenLeavesADeadHandle()
+void failedOpenWithResultsGivesAnInvalidHandle()
 {
     const DescribedWindows windows(answeringRegistry(), answeringSystem());
     const Fault fault = Fault::everyCall("RegOpenKeyExA", 5, simulated::BeforeFailing::WritesResults);
@@ -147,7 +147,7 @@ void failedOpenLeavesADeadHandle()
     QVERIFY(!simulated::handleMisuses().isEmpty());
     key = nullptr;
     QCOMPARE(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Missing", 0, KEY_READ, &key), LSTATUS(ERROR_FILE_NOT_FOUND));
-    QVERIFY2(key == nullptr, "a call that fails by itself stays what it is");
+    QVERIFY2(key == nullptr, "a call that fails without the fault keeps its error");
 }
 
 void withoutMachineEveryCallFails()
@@ -159,7 +159,7 @@ void withoutMachineEveryCallFails()
             QVERIFY(!simulated::knowsMachine());
             PoisonedBuffer buffer(512);
             QCOMPARE(call.make(buffer) == 0, call.failure != FailingCall::Status);
-            QVERIFY2(buffer.isUntouchedFrom(4), "after the size, which the caller sets");
+            QVERIFY2(buffer.isUntouchedFrom(4), "memory after the size member is unchanged");
         });
     };
     for (const FailingCall &call : failingCalls()) {
@@ -175,8 +175,8 @@ void journalOfRegistryCalls()
     HKEY b = nullptr;
     char text[64];
     WCHAR wide[64];
-    RegOpenKeyExA(HKEY_LOCAL_MACHINE, "a", 0, 0x20119, &a);
-    RegOpenKeyExW(a, L"B", 0, 0x20019, &b);
+    RegOpenKeyExA(HKEY_LOCAL_MACHINE, "a", 0, KEY_READ | KEY_WOW64_64KEY, &a);
+    RegOpenKeyExW(a, L"B", 0, KEY_READ, &b);
     DWORD size = 64;
     RegQueryValueExA(b, "Name", nullptr, nullptr, reinterpret_cast<LPBYTE>(text), &size);
     size = 64;
@@ -232,7 +232,7 @@ void journalOfSystemCalls()
     GetComputerNameExW(ComputerNameNetBIOS, text, &size);
     size = 64;
     GetUserNameW(text, &size);
-    SetErrorMode(1);
+    SetErrorMode(SEM_FAILCRITICALERRORS);
     GetLogicalDrives();
     GetDriveTypeW(L"C:\\");
     GetVolumeInformationW(L"C:\\", text, 32, nullptr, nullptr, nullptr, text + 32, 31);
@@ -288,7 +288,7 @@ void journalOfOptionalArguments()
                           "owner", ""}));
 }
 
-void everyCallFailsWhileTheFaultLives()
+void everyCallFailsWhileTheFaultExists()
 {
     const DescribedWindows windows(answeringRegistry());
     QCOMPARE(queryResult(), QByteArray("0"));
@@ -309,7 +309,7 @@ void numberedCallFails()
             QByteArray results;
             for (int i = 0; i < 3; ++i) {
                 results += queryResult() + ' ';
-                RegCloseKey(HKEY_LOCAL_MACHINE); // of another name: not counted
+                RegCloseKey(HKEY_LOCAL_MACHINE); // has another name, so it is not counted
             }
             QCOMPARE(results.trimmed(), expected);
             QCOMPARE(fault.hits(), std::size_t(number < 3 ? 1 : 0));
@@ -318,7 +318,7 @@ void numberedCallFails()
     row("the first", 0, QByteArray("5 0 0"));
     row("the second", 1, QByteArray("0 5 0"));
     row("the third", 2, QByteArray("0 0 5"));
-    row("one that is not made", 3, QByteArray("0 0 0"));
+    row("a call that is not made", 3, QByteArray("0 0 0"));
 }
 
 void numberedCallOfAllFails()
@@ -342,7 +342,7 @@ void numberedCallOfAllFails()
     row("the fourth, a query", 3, QByteArray("0 0 0 5"));
 }
 
-void callsAreCountedFromTheFaultOn()
+void callsAreCountedFromTheCreationOfTheFault()
 {
     const DescribedWindows windows(answeringRegistry());
     queryResults(5);
@@ -359,7 +359,7 @@ void faultOfAnotherName()
     QCOMPARE(fault.hits(), std::size_t(0));
 }
 
-void firstOfTwoFaultsWins()
+void firstOfTwoFaultsApplies()
 {
     const DescribedWindows windows(answeringRegistry());
     const Fault first = Fault::nthCall("RegQueryValueExA", 0, 5);
@@ -369,7 +369,7 @@ void firstOfTwoFaultsWins()
     QCOMPARE(second.hits(), std::size_t(1));
 }
 
-void movedFaultGoesOn()
+void movedFaultStaysActive()
 {
     const DescribedWindows windows(answeringRegistry());
     {
@@ -384,7 +384,7 @@ void movedFaultGoesOn()
     QCOMPARE(queryResult(), QByteArray("0"));
 }
 
-void hookIsToldOfEveryCall()
+void hookRunsBeforeEveryCall()
 {
     const DescribedWindows windows(answeringRegistry());
     QStringList told;
@@ -420,10 +420,10 @@ void hookChangesTheRegistryBetweenCalls()
     };
     QCOMPARE(sizeOfValue(), DWORD(6));
     QCOMPARE(sizeOfValue(), DWORD(100));
-    QCOMPARE(sizeOfValue(), DWORD(0)); // of a missing value
+    QCOMPARE(sizeOfValue(), DWORD(0)); // the value is missing
 }
 
-void hookIsGoneAfterReset()
+void resetRemovesTheHook()
 {
     int told = 0;
     simulated::setBeforeCall([&](std::size_t, const QByteArray &) { ++told; });
@@ -432,7 +432,7 @@ void hookIsGoneAfterReset()
     QCOMPARE(told, 0);
 }
 
-void resetForgets()
+void resetClearsJournalAndFaults()
 {
     const DescribedWindows windows(answeringRegistry());
     const Fault fault = Fault::everyCall("RegQueryValueExA", 5);
@@ -446,10 +446,10 @@ void resetForgets()
     QCOMPARE(SetErrorMode(0), UINT(0));
     QCOMPARE(queryResult(), QByteArray("0"));
     QCOMPARE(fault.hits(), std::size_t(0));
-    QVERIFY2(simulated::knowsMachine(), "the machine stays");
+    QVERIFY2(simulated::knowsMachine(), "the machine stays installed");
 }
 
-void lastErrorIsLeftBySuccess()
+void successDoesNotChangeTheLastError()
 {
     const DescribedWindows windows(answeringRegistry(), answeringSystem());
     SetLastError(poison);
@@ -463,24 +463,24 @@ void addTests()
     addTestRows("callsSucceedAndAreRecorded", callsSucceedAndAreRecorded);
     addTestRows("faultFailsTheCall", faultFailsTheCall);
     addTestRows("faultFailsTheCallAfterItWroteItsResults", faultFailsTheCallAfterItWroteItsResults);
-    addTestRow("failedOpenLeavesADeadHandle", failedOpenLeavesADeadHandle);
+    addTestRow("failedOpenWithResultsGivesAnInvalidHandle", failedOpenWithResultsGivesAnInvalidHandle);
     addTestRows("withoutMachineEveryCallFails", withoutMachineEveryCallFails);
     addTestRow("journalOfRegistryCalls", journalOfRegistryCalls);
     addTestRow("journalOfFailingCalls", journalOfFailingCalls);
     addTestRow("journalOfSystemCalls", journalOfSystemCalls);
     addTestRow("journalOfOptionalArguments", journalOfOptionalArguments);
-    addTestRow("everyCallFailsWhileTheFaultLives", everyCallFailsWhileTheFaultLives);
+    addTestRow("everyCallFailsWhileTheFaultExists", everyCallFailsWhileTheFaultExists);
     addTestRows("numberedCallFails", numberedCallFails);
     addTestRows("numberedCallOfAllFails", numberedCallOfAllFails);
-    addTestRow("callsAreCountedFromTheFaultOn", callsAreCountedFromTheFaultOn);
+    addTestRow("callsAreCountedFromTheCreationOfTheFault", callsAreCountedFromTheCreationOfTheFault);
     addTestRow("faultOfAnotherName", faultOfAnotherName);
-    addTestRow("firstOfTwoFaultsWins", firstOfTwoFaultsWins);
-    addTestRow("movedFaultGoesOn", movedFaultGoesOn);
-    addTestRow("hookIsToldOfEveryCall", hookIsToldOfEveryCall);
+    addTestRow("firstOfTwoFaultsApplies", firstOfTwoFaultsApplies);
+    addTestRow("movedFaultStaysActive", movedFaultStaysActive);
+    addTestRow("hookRunsBeforeEveryCall", hookRunsBeforeEveryCall);
     addTestRow("hookChangesTheRegistryBetweenCalls", hookChangesTheRegistryBetweenCalls);
-    addTestRow("hookIsGoneAfterReset", hookIsGoneAfterReset);
-    addTestRow("resetForgets", resetForgets);
-    addTestRow("lastErrorIsLeftBySuccess", lastErrorIsLeftBySuccess);
+    addTestRow("resetRemovesTheHook", resetRemovesTheHook);
+    addTestRow("resetClearsJournalAndFaults", resetClearsJournalAndFaults);
+    addTestRow("successDoesNotChangeTheLastError", successDoesNotChangeTheLastError);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// _localtime32_s in the zone of the description, and the text of asctime_s.
+// _localtime32_s() in the described time zone, and the text of asctime_s().
 
 #include "described_windows.h"
 #include "poisoned_buffer.h"
@@ -30,18 +30,18 @@ void localTime()
             QCOMPARE(textOf(seconds), expected);
         });
     };
-    row("the beginning", 0, 0, "Thu Jan  1 00:00:00 1970\n");
+    row("the first second", 0, 0, "Thu Jan  1 00:00:00 1970\n");
     row("the first Sunday", 259200, 0, "Sun Jan  4 00:00:00 1970\n");
-    row("an hour east", 1701337145, -60, "Thu Nov 30 10:39:05 2023\n");
-    row("five hours west", 1701337145, 300, "Thu Nov 30 04:39:05 2023\n");
-    row("five and a half hours east", 1701337145, -330, "Thu Nov 30 15:09:05 2023\n");
-    row("the same zone in summer", 1688200000, -60, "Sat Jul  1 09:26:40 2023\n");
-    row("west of the beginning", 0, 300, "Wed Dec 31 19:00:00 1969\n");
-    row("the end", std::numeric_limits<qint32>::max(), 0, "Tue Jan 19 03:14:07 2038\n");
-    row("east of the end", std::numeric_limits<qint32>::max(), -840, "Tue Jan 19 17:14:07 2038\n");
+    row("an hour east of UTC", 1701337145, -60, "Thu Nov 30 10:39:05 2023\n");
+    row("five hours west of UTC", 1701337145, 300, "Thu Nov 30 04:39:05 2023\n");
+    row("five and a half hours east of UTC", 1701337145, -330, "Thu Nov 30 15:09:05 2023\n");
+    row("no daylight saving time", 1688200000, -60, "Sat Jul  1 09:26:40 2023\n");
+    row("the first second, west of UTC", 0, 300, "Wed Dec 31 19:00:00 1969\n");
+    row("the last second", std::numeric_limits<qint32>::max(), 0, "Tue Jan 19 03:14:07 2038\n");
+    row("the last second, east of UTC", std::numeric_limits<qint32>::max(), -840, "Tue Jan 19 17:14:07 2038\n");
 }
 
-void isIndependentOfTheProcess()
+void timeZoneOfTheProcessIsIgnored()
 {
     qputenv("TZ", "America/New_York");
     tzset();
@@ -61,15 +61,15 @@ void negativeTimeFails()
             QCOMPARE(simulated::journal().back().value, QString::number(seconds));
         });
     };
-    row("one second before the beginning", -1, 0);
-    row("one second before, east", -1, -60);
-    row("the smallest", std::numeric_limits<qint32>::min(), 0);
+    row("one second before 1970", -1, 0);
+    row("one second before 1970, east of UTC", -1, -60);
+    row("the smallest time", std::numeric_limits<qint32>::min(), 0);
 }
 
 void addTests()
 {
     addTestRows("localTime", localTime);
-    addTestRow("isIndependentOfTheProcess", isIndependentOfTheProcess);
+    addTestRow("timeZoneOfTheProcessIsIgnored", timeZoneOfTheProcessIsIgnored);
     addTestRows("negativeTimeFails", negativeTimeFails);
 }
 

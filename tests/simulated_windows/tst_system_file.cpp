@@ -1,5 +1,5 @@
-// readSystemFile(): every member, what is missing, numbers, and what is wrong; what
-// writeSystemFile() makes of the rare ones.
+// readSystemFile(): every member, missing members, numbers and errors. writeSystemFile(): rare
+// members.
 
 #include "system_file.h"
 #include "test_main.h"
@@ -14,12 +14,12 @@ class SystemFileTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void nothingGiven_data();
-    void nothingGiven();
+    void emptyObject_data();
+    void emptyObject();
     void failures_data();
     void failures();
     void version();
-    void versionIsCutToItsFields();
+    void versionIsTruncatedToItsFields();
     void productInfo_data();
     void productInfo();
     void systemInfo();
@@ -27,13 +27,13 @@ private Q_SLOTS:
     void quota();
     void numbers_data();
     void numbers();
-    void numbersAreCutToTheirFields_data();
-    void numbersAreCutToTheirFields();
+    void numbersAreTruncatedToTheirFields_data();
+    void numbersAreTruncatedToTheirFields();
     void metrics();
     void computerNames();
     void texts_data();
     void texts();
-    void membersGivenTwice();
+    void duplicateMembers();
     void drives();
     void environment();
     void environmentOfAVariableNamedError();
@@ -44,15 +44,15 @@ private Q_SLOTS:
     void winSxS();
     void libraries();
     void adapters();
-    void adapterOfNothing();
+    void emptyAdapter();
     void timeZone_data();
     void timeZone();
     void ansiCodePage_data();
     void ansiCodePage();
     void unknownMembersAreIgnored_data();
     void unknownMembersAreIgnored();
-    void wrongForms_data();
-    void wrongForms();
+    void wrongTypes_data();
+    void wrongTypes();
     void syntaxErrors_data();
     void syntaxErrors();
     void failureOfAllComputerNamesIsWritten();
@@ -80,7 +80,7 @@ SystemAnswers read(const QByteArray &json)
     return readMachine(json).system;
 }
 
-/// A line for each key below \a key that is denied.
+/// The paths of the denied keys below \a key.
 QStringList deniedBelow(const RegistryKey &key, const QString &path)
 {
     QStringList names;
@@ -104,7 +104,7 @@ SystemAnswers readMember(const QByteArray &name, const QByteArray &value)
     return read("{\"" + name + "\": " + value + '}');
 }
 
-/// Whether the member \a name is answered, and with which error if it is not.
+/// Whether the call \a name has an answer, and the error if it fails.
 struct State
 {
     bool given;
@@ -150,7 +150,7 @@ QString addresses(const std::vector<AddressRecord> &list)
 
 } // namespace
 
-void SystemFileTest::nothingGiven_data()
+void SystemFileTest::emptyObject_data()
 {
     QTest::addColumn<QByteArray>("name");
     QTest::addColumn<QByteArray>("json");
@@ -160,7 +160,7 @@ void SystemFileTest::nothingGiven_data()
     }
 }
 
-void SystemFileTest::nothingGiven()
+void SystemFileTest::emptyObject()
 {
     QFETCH(QByteArray, name);
     QFETCH(QByteArray, json);
@@ -207,12 +207,12 @@ void SystemFileTest::version()
     QCOMPARE(int(record.wProductType), 3);
 
     const SystemAnswers sparse = readMember("GetVersionEx", "{}");
-    QVERIFY2(bool(sparse.GetVersionEx), "a record without fields is one of zeros");
+    QVERIFY2(bool(sparse.GetVersionEx), "a record without fields has zeros");
     QCOMPARE(sparse.GetVersionEx->dwMajorVersion, 0u);
     QCOMPARE(sparse.GetVersionEx->szCSDVersion, QString());
 }
 
-void SystemFileTest::versionIsCutToItsFields()
+void SystemFileTest::versionIsTruncatedToItsFields()
 {
     const SystemAnswers answers = readMember("GetVersionEx", R"({
         "dwMajorVersion": 4294967302, "wServicePackMajor": 65537, "wSuiteMask": "0x1ff00", "wProductType": 257})");
@@ -234,7 +234,7 @@ void SystemFileTest::productInfo_data()
         << QByteArray("{\"GetProductInfo\": {\"error\": 5}}") << true << false << 0u;
     QTest::newRow("a type")
         << QByteArray("{\"GetProductInfo\": {\"dwReturnedProductType\": 48}}") << true << true << 48u;
-    QTest::newRow("no type: zero") << QByteArray("{\"GetProductInfo\": {}}") << true << true << 0u;
+    QTest::newRow("no type: 0") << QByteArray("{\"GetProductInfo\": {}}") << true << true << 0u;
     QTest::newRow("a type of 32 bits") << QByteArray("{\"GetProductInfo\": {\"dwReturnedProductType\": \"0xabcdabcd\"}}")
                                        << true << true << 0xabcdabcdu;
 }
@@ -302,24 +302,24 @@ void SystemFileTest::numbers_data()
     QTest::addColumn<quint64>("expected");
     QTest::newRow("zero") << QByteArray("0") << quint64(0);
     QTest::newRow("an integer") << QByteArray("17055318016") << quint64(17055318016);
-    QTest::newRow("with an exponent") << QByteArray("1e3") << quint64(1000);
-    QTest::newRow("with a fraction of nothing") << QByteArray("5.0") << quint64(5);
-    QTest::newRow("the first integer that a double lacks") << QByteArray("9007199254740993") << quint64(9007199254740993);
-    QTest::newRow("the largest signed one") << QByteArray("9223372036854775807") << quint64(9223372036854775807);
-    QTest::newRow("long, with a fraction of nothing: the next double")
+    QTest::newRow("an integer with an exponent") << QByteArray("1e3") << quint64(1000);
+    QTest::newRow("an integer with a fraction of 0") << QByteArray("5.0") << quint64(5);
+    QTest::newRow("the smallest integer that a double cannot represent") << QByteArray("9007199254740993") << quint64(9007199254740993);
+    QTest::newRow("the largest signed integer") << QByteArray("9223372036854775807") << quint64(9223372036854775807);
+    QTest::newRow("a long integer with a fraction of 0: rounded to a double")
         << QByteArray("12345678901234567890.0") << quint64(12345678901234567168u);
     QTest::newRow("negative") << QByteArray("-1") << ~quint64(0);
     QTest::newRow("2^63") << QByteArray("9223372036854775808") << (quint64(1) << 63);
-    QTest::newRow("the largest one") << QByteArray("18446744073709551615") << ~quint64(0);
-    QTest::newRow("beyond 64 bits: cut") << QByteArray("36893488147419103239") << quint64(7);
-    QTest::newRow("far beyond: cut") << QByteArray("1e300") << quint64(0);
-    QTest::newRow("text in hexadecimal") << QByteArray("\"0x2a\"") << quint64(42);
-    QTest::newRow("text in capital hexadecimal") << QByteArray("\"0XFF\"") << quint64(255);
+    QTest::newRow("the largest integer") << QByteArray("18446744073709551615") << ~quint64(0);
+    QTest::newRow("more than 64 bits: truncated") << QByteArray("36893488147419103239") << quint64(7);
+    QTest::newRow("far more than 64 bits: truncated") << QByteArray("1e300") << quint64(0);
+    QTest::newRow("a hexadecimal text") << QByteArray("\"0x2a\"") << quint64(42);
+    QTest::newRow("a hexadecimal text with capital digits") << QByteArray("\"0XFF\"") << quint64(255);
     QTest::newRow("text beyond 2^53") << QByteArray("\"0x20000000000001\"") << quint64(9007199254740993);
-    QTest::newRow("text of all bits") << QByteArray("\"0xffffffffffffffff\"") << ~quint64(0);
-    QTest::newRow("text beyond 64 bits: cut") << QByteArray("\"0x10000000000000005\"") << quint64(5);
-    QTest::newRow("text in decimal") << QByteArray("\"010\"") << quint64(10);
-    QTest::newRow("negative text") << QByteArray("\"-0x2\"") << ~quint64(1);
+    QTest::newRow("a text with all bits set") << QByteArray("\"0xffffffffffffffff\"") << ~quint64(0);
+    QTest::newRow("a text of more than 64 bits: truncated") << QByteArray("\"0x10000000000000005\"") << quint64(5);
+    QTest::newRow("a decimal text") << QByteArray("\"010\"") << quint64(10);
+    QTest::newRow("a negative text") << QByteArray("\"-0x2\"") << ~quint64(1);
 }
 
 void SystemFileTest::numbers()
@@ -330,7 +330,7 @@ void SystemFileTest::numbers()
     QCOMPARE(answers.GlobalMemoryStatusEx->ullTotalPhys, expected);
 }
 
-void SystemFileTest::numbersAreCutToTheirFields_data()
+void SystemFileTest::numbersAreTruncatedToTheirFields_data()
 {
     QTest::addColumn<QByteArray>("number");
     QTest::addColumn<quint32>("mask");
@@ -341,7 +341,7 @@ void SystemFileTest::numbersAreCutToTheirFields_data()
     QTest::newRow("negative") << QByteArray("-5") << 0xfffffffbu << -5;
 }
 
-void SystemFileTest::numbersAreCutToTheirFields()
+void SystemFileTest::numbersAreTruncatedToTheirFields()
 {
     QFETCH(QByteArray, number);
     QFETCH(quint32, mask);
@@ -362,7 +362,7 @@ void SystemFileTest::computerNames()
     const SystemAnswers answers
         = readMember("GetComputerNameEx", "{\"0\": \"PC\", \"2\": \"\", \"3\": null, \"4\": {\"error\": 87}}");
     QCOMPARE(*answers.GetComputerNameEx.value(0), QStringLiteral("PC"));
-    QVERIFY2(bool(answers.GetComputerNameEx.value(2)), "an empty name is a name");
+    QVERIFY2(bool(answers.GetComputerNameEx.value(2)), "an empty name is valid");
     QVERIFY(!answers.GetComputerNameEx.value(1));
     QVERIFY(!answers.GetComputerNameEx.value(3));
     QCOMPARE(answers.GetComputerNameEx.value(3).error, 0u);
@@ -379,14 +379,14 @@ void SystemFileTest::texts_data()
     QTest::newRow("UTF-8") << QByteArray("\"J\xc3\xb6rn \xf0\x9f\x98\x80\"") << QStringLiteral("J\u00f6rn \U0001f600");
     QTest::newRow("escapes") << QByteArray("\"C:\\\\A\\u0041\\n\"") << QStringLiteral("C:\\AA\n");
     QTest::newRow("many digits") << QByteArray("\"\\\" 12345678901234567890\"") << QStringLiteral("\" 12345678901234567890");
-    QTest::newRow("a byte-order mark is a character") << QByteArray("\"\xef\xbb\xbf"
-                                                                    "A\"")
-                                                      << QStringLiteral("\ufeffA");
-    QTest::newRow("a byte-order mark as escape") << QByteArray("\"\\ufeffA\"") << QStringLiteral("\ufeffA");
+    QTest::newRow("U+FEFF is a character") << QByteArray("\"\xef\xbb\xbf"
+                                                         "A\"")
+                                           << QStringLiteral("\ufeffA");
+    QTest::newRow("U+FEFF as an escape sequence") << QByteArray("\"\\ufeffA\"") << QStringLiteral("\ufeffA");
     QTest::newRow("a lone surrogate") << QByteArray("\"A\\ud800\"") << QString(QStringLiteral("A") + QChar(0xd800));
-    QTest::newRow("a null as it is") << QByteArray("\"A\0B\"", 5)
-                                     << QString(QStringLiteral("A") + QChar(0) + QStringLiteral("B"));
-    QTest::newRow("a null") << QByteArray("\"A\\u0000B\"") << QString(QStringLiteral("A") + QChar(0) + QStringLiteral("B"));
+    QTest::newRow("U+0000 unescaped") << QByteArray("\"A\0B\"", 5)
+                                      << QString(QStringLiteral("A") + QChar(0) + QStringLiteral("B"));
+    QTest::newRow("U+0000 as an escape sequence") << QByteArray("\"A\\u0000B\"") << QString(QStringLiteral("A") + QChar(0) + QStringLiteral("B"));
 }
 
 void SystemFileTest::texts()
@@ -398,11 +398,11 @@ void SystemFileTest::texts()
     QCOMPARE(*readMember("GetSystemWow64Directory", json).GetSystemWow64Directory, expected);
 }
 
-void SystemFileTest::membersGivenTwice()
+void SystemFileTest::duplicateMembers()
 {
     QCOMPARE(*read(R"({"GetUserName": "A", "GetUserName": "B"})").GetUserName, QStringLiteral("B"));
     const SystemAnswers answers = readMember("environment", R"({"path": "A", "Path": "B", "PATH": "C"})");
-    QCOMPARE(answers.environment.value(QStringLiteral("PATH")), QStringLiteral("A")); // the last by code units
+    QCOMPARE(answers.environment.value(QStringLiteral("PATH")), QStringLiteral("A")); // of the last name in the order of code units
     const QByteArray value = "{\"ullTotalPhys\": {}, \"ullTotalPhys\": 18446744073709551615}";
     QCOMPARE(readMember("GlobalMemoryStatusEx", value).GlobalMemoryStatusEx->ullTotalPhys, ~quint64(0));
 }
@@ -481,8 +481,8 @@ void SystemFileTest::modules()
     QCOMPARE(answers.EnumProcessModules->size(), std::size_t(3));
     QCOMPARE(*answers.EnumProcessModules->at(0), QStringLiteral("C:\\a.exe"));
     QVERIFY(!answers.EnumProcessModules->at(1));
-    QVERIFY2(answers.EnumProcessModules->at(2).has_value(), "an empty name is a name");
-    QVERIFY2(bool(readMember("EnumProcessModules", "[]").EnumProcessModules), "no modules is an answer");
+    QVERIFY2(answers.EnumProcessModules->at(2).has_value(), "an empty name is valid");
+    QVERIFY2(bool(readMember("EnumProcessModules", "[]").EnumProcessModules), "an empty list of modules is valid");
 }
 
 void SystemFileTest::winSxS_data()
@@ -507,7 +507,7 @@ void SystemFileTest::winSxS()
         QTEST(answers.folders.contains(path), "exists");
         QTEST(answers.folders.value(path).directories, "names");
     }
-    QVERIFY2(read("{\"timeZone\": 0" + member + '}').folders.isEmpty(), "without a Windows directory it is nowhere");
+    QVERIFY2(read("{\"timeZone\": 0" + member + '}').folders.isEmpty(), "no Windows directory: no folder");
 }
 
 void SystemFileTest::libraries()
@@ -555,15 +555,15 @@ void SystemFileTest::adapters()
     QCOMPARE(answers.GetAdaptersInfo->at(1).LeaseObtained, qint64(-1));
 }
 
-void SystemFileTest::adapterOfNothing()
+void SystemFileTest::emptyAdapter()
 {
     const SystemAnswers answers = readMember("GetAdaptersInfo", "[{}, {\"GatewayList\": []}]");
     for (const AdapterRecord &adapter : *answers.GetAdaptersInfo) {
-        QCOMPARE(addresses(adapter.GatewayList), QStringLiteral("/")); // one at least, of empty texts
+        QCOMPARE(addresses(adapter.GatewayList), QStringLiteral("/")); // an entry with empty texts
         QCOMPARE(addresses(adapter.DhcpServer), QStringLiteral("/"));
         QCOMPARE(adapter.AdapterName, QString());
     }
-    QVERIFY2(bool(readMember("GetAdaptersInfo", "[]").GetAdaptersInfo), "no adapters is an answer");
+    QVERIFY2(bool(readMember("GetAdaptersInfo", "[]").GetAdaptersInfo), "an empty list of adapters is valid");
 }
 
 void SystemFileTest::timeZone_data()
@@ -601,7 +601,7 @@ void SystemFileTest::ansiCodePage()
 void SystemFileTest::unknownMembersAreIgnored_data()
 {
     QTest::addColumn<QByteArray>("json");
-    QTest::newRow("of the file") << QByteArray("{\"GetTickCount\": [1, {}], \"GetUserName\": \"A\"}");
+    QTest::newRow("of the top level") << QByteArray("{\"GetTickCount\": [1, {}], \"GetUserName\": \"A\"}");
     QTest::newRow("of a record") << QByteArray("{\"GetVersionEx\": {\"note\": \"A\"}, \"GetUserName\": \"A\"}");
     QTest::newRow("of a drive") << QByteArray("{\"drives\": {\"C:\\\\\": {\"note\": []}}, \"GetUserName\": \"A\"}");
     QTest::newRow("of an adapter") << QByteArray("{\"GetAdaptersInfo\": [{\"note\": {}}], \"GetUserName\": \"A\"}");
@@ -619,7 +619,7 @@ void SystemFileTest::unknownMembersAreIgnored()
     QCOMPARE(read(json).GetUserName.value.value_or(QString()), QStringLiteral("A"));
 }
 
-void SystemFileTest::wrongForms_data()
+void SystemFileTest::wrongTypes_data()
 {
     QTest::addColumn<QByteArray>("json");
     QTest::addColumn<QString>("expected");
@@ -630,17 +630,17 @@ void SystemFileTest::wrongForms_data()
     const auto noNumber = [&](const char *member) {
         return QByteArray("'") + member + "' " + number;
     };
-    row("a text that is a number", R"({"GetUserName": 5})", "'GetUserName' is not a text");
-    row("a text that is a list", R"({"GetSystemWindowsDirectory": []})", "'GetSystemWindowsDirectory' is not a text");
-    row("a text that is a record", R"({"GetSystemWow64Directory": {}})", "'GetSystemWow64Directory' is not a text");
-    row("a field that is no text", R"({"GetVersionEx": {"szCSDVersion": 5}})", "'GetVersionEx.szCSDVersion' is not a text");
+    row("a number instead of a text", R"({"GetUserName": 5})", "'GetUserName' is not a text");
+    row("a list instead of a text", R"({"GetSystemWindowsDirectory": []})", "'GetSystemWindowsDirectory' is not a text");
+    row("an object instead of a text", R"({"GetSystemWow64Directory": {}})", "'GetSystemWow64Directory' is not a text");
+    row("a field that is not a text", R"({"GetVersionEx": {"szCSDVersion": 5}})", "'GetVersionEx.szCSDVersion' is not a text");
     row("a number with a fraction", R"({"GetLogicalDrives": 1.5})", noNumber("GetLogicalDrives").constData());
-    row("a number that is true", R"({"timeZone": true})", noNumber("timeZone").constData());
-    row("a number that is a word", R"({"GetSystemInfo": {"dwPageSize": "big"}})", noNumber("GetSystemInfo.dwPageSize").constData());
-    row("a number of no digits", R"({"GetSystemInfo": {"dwPageSize": "0x"}})", noNumber("GetSystemInfo.dwPageSize").constData());
-    row("a number of an empty text", R"({"GetSystemInfo": {"dwPageSize": ""}})", noNumber("GetSystemInfo.dwPageSize").constData());
-    row("a number of hexadecimal digits alone", R"({"GetSystemInfo": {"dwPageSize": "ff"}})", noNumber("GetSystemInfo.dwPageSize").constData());
-    row("a metric that is no number", R"({"GetSystemMetrics": {"89": []}})", noNumber("GetSystemMetrics.89").constData());
+    row("true instead of a number", R"({"timeZone": true})", noNumber("timeZone").constData());
+    row("a text that is not a number", R"({"GetSystemInfo": {"dwPageSize": "big"}})", noNumber("GetSystemInfo.dwPageSize").constData());
+    row("a text without digits", R"({"GetSystemInfo": {"dwPageSize": "0x"}})", noNumber("GetSystemInfo.dwPageSize").constData());
+    row("an empty text instead of a number", R"({"GetSystemInfo": {"dwPageSize": ""}})", noNumber("GetSystemInfo.dwPageSize").constData());
+    row("hexadecimal digits without 0x", R"({"GetSystemInfo": {"dwPageSize": "ff"}})", noNumber("GetSystemInfo.dwPageSize").constData());
+    row("a metric that is not a number", R"({"GetSystemMetrics": {"89": []}})", noNumber("GetSystemMetrics.89").constData());
     row("a record that is a number", R"({"GetVersionEx": 5})", "'GetVersionEx' is not an object");
     row("a record that is a list", R"({"GetSystemInfo": []})", "'GetSystemInfo' is not an object");
     row("names that are a list", R"({"GetComputerNameEx": ["A"]})", "'GetComputerNameEx' is not an object");
@@ -666,14 +666,14 @@ void SystemFileTest::wrongForms_data()
     row("an address that is a number", R"({"GetAdaptersInfo": [{"PrimaryWinsServer": [10, ""]}]})",
         "'GetAdaptersInfo.PrimaryWinsServer' is not a text");
     row("another code page", R"({"ansiCodePage": 437})", "'ansiCodePage' is not 1252, 1250, 1251, 932 or 65001");
-    row("denied keys that are no list", R"({"deniedKeys": {"HKEY_LOCAL_MACHINE\\A": 1}})", "'deniedKeys' is not a list");
+    row("denied keys that are not a list", R"({"deniedKeys": {"HKEY_LOCAL_MACHINE\\A": 1}})", "'deniedKeys' is not a list");
     row("a denied key that is a number", R"({"deniedKeys": [5]})", "'deniedKeys' is not a text");
-    row("a denied key of no root", R"({"deniedKeys": ["HKLM\\A"]})", "'deniedKeys' is not a list of whole key names");
-    row("the first of two is told", R"({"GetUserName": 5, "ansiCodePage": 437})",
+    row("a denied key without a root", R"({"deniedKeys": ["HKLM\\A"]})", "'deniedKeys' is not a list of whole key names");
+    row("two errors: the message is about the first", R"({"GetUserName": 5, "ansiCodePage": 437})",
         "'ansiCodePage' is not 1252, 1250, 1251, 932 or 65001");
 }
 
-void SystemFileTest::wrongForms()
+void SystemFileTest::wrongTypes()
 {
     QFETCH(QByteArray, json);
     QFETCH(QString, expected);
@@ -689,17 +689,17 @@ void SystemFileTest::syntaxErrors_data()
 {
     QTest::addColumn<QByteArray>("json");
     QTest::addColumn<int>("line");
-    QTest::newRow("nothing at all") << QByteArray() << 1;
-    QTest::newRow("no object") << QByteArray("[1]") << 1;
+    QTest::newRow("an empty file") << QByteArray() << 1;
+    QTest::newRow("not an object") << QByteArray("[1]") << 1;
     QTest::newRow("a word") << QByteArray("{\n\n  \"GetUserName\": Jim\n}\n") << 3;
     QTest::newRow("a missing comma") << QByteArray("{\n\"timeZone\": 0\n\"GetUserName\": \"A\"\n}\n") << 3;
     QTest::newRow("a name without quotation marks") << QByteArray("{\n\"timeZone\": 0,\nGetUserName: \"A\"\n}\n") << 3;
     QTest::newRow("a text that does not end") << QByteArray("{\n\"GetUserName\": \"A}") << 2;
     QTest::newRow("an object that does not end") << QByteArray("{\n\"timeZone\": 0") << 2;
-    QTest::newRow("something behind the object") << QByteArray("{\n}\nmore") << 3;
-    QTest::newRow("a byte that is no UTF-8") << QByteArray("{\n\"GetUserName\": \"A\xff\"\n}\n") << 2;
-    QTest::newRow("objects in objects without end") << "{\n" + QByteArray("{\"a\":").repeated(1000000).mid(1) << 2;
-    QTest::newRow("lists in lists without end") << "{\"a\":\n" + QByteArray(1000000, '[') << 2;
+    QTest::newRow("characters after the object") << QByteArray("{\n}\nmore") << 3;
+    QTest::newRow("a byte that is not UTF-8") << QByteArray("{\n\"GetUserName\": \"A\xff\"\n}\n") << 2;
+    QTest::newRow("too deeply nested objects") << "{\n" + QByteArray("{\"a\":").repeated(1000000).mid(1) << 2;
+    QTest::newRow("too deeply nested lists") << "{\"a\":\n" + QByteArray(1000000, '[') << 2;
     QTest::newRow("carriage returns") << QByteArray("{\r\n\"timeZone\": zero\r\n}\r\n") << 2;
 }
 
@@ -725,10 +725,10 @@ void SystemFileTest::failureOfAllComputerNamesIsWritten()
 void SystemFileTest::leaseTimesAreWritten_data()
 {
     QTest::addColumn<qint64>("time");
-    QTest::newRow("the smallest") << std::numeric_limits<qint64>::min();
-    QTest::newRow("the largest") << std::numeric_limits<qint64>::max();
-    QTest::newRow("beyond what a double holds") << -(qint64(1) << 53) - 1;
-    QTest::newRow("what a double holds") << -(qint64(1) << 53) + 1;
+    QTest::newRow("the smallest integer") << std::numeric_limits<qint64>::min();
+    QTest::newRow("the largest integer") << std::numeric_limits<qint64>::max();
+    QTest::newRow("an integer that a double cannot represent") << -(qint64(1) << 53) - 1;
+    QTest::newRow("the largest integer that a double represents") << -(qint64(1) << 53) + 1;
     QTest::newRow("before 1970") << qint64(-1);
 }
 
@@ -754,10 +754,10 @@ void SystemFileTest::deniedKeys_data()
     row("absent", "{}", {});
     row("null", R"({"deniedKeys": null})", {});
     row("none", R"({"deniedKeys": []})", {});
-    row("each is created with its parents", R"({"deniedKeys": ["HKEY_LOCAL_MACHINE\\A\\B", "HKEY_CURRENT_USER\\C"]})",
+    row("denied keys are created with their parents", R"({"deniedKeys": ["HKEY_LOCAL_MACHINE\\A\\B", "HKEY_CURRENT_USER\\C"]})",
         {QStringLiteral("HKEY_LOCAL_MACHINE\\A\\B"), QStringLiteral("HKEY_CURRENT_USER\\C")});
-    row("a root in other letters", R"({"deniedKeys": ["hkey_classes_root\\A"]})", {QStringLiteral("HKEY_CLASSES_ROOT\\A")});
-    row("one inside another", R"({"deniedKeys": ["HKEY_USERS\\A\\B", "HKEY_USERS\\A"]})",
+    row("a root in another case", R"({"deniedKeys": ["hkey_classes_root\\A"]})", {QStringLiteral("HKEY_CLASSES_ROOT\\A")});
+    row("a denied key below another", R"({"deniedKeys": ["HKEY_USERS\\A\\B", "HKEY_USERS\\A"]})",
         {QStringLiteral("HKEY_USERS\\A"), QStringLiteral("HKEY_USERS\\A\\B")});
     row("a root", R"({"deniedKeys": ["HKEY_USERS"]})", {QStringLiteral("HKEY_USERS")});
 }
@@ -780,7 +780,7 @@ void SystemFileTest::deniedKeysOfARegistry()
     QString error;
     int line = 0;
     QVERIFY(readSystemFile(R"({"deniedKeys": ["HKEY_LOCAL_MACHINE\\ALPHA\\beta"]})", machine, error, line));
-    QVERIFY2(key->isDenied(), "the key that is there, whatever the letters");
+    QVERIFY2(key->isDenied(), "an existing key, case-insensitively");
     QVERIFY(key->findValue(QStringLiteral("Value")));
     QCOMPARE(deniedIn(machine), QStringList(QStringLiteral("HKEY_LOCAL_MACHINE\\Alpha\\Beta")));
 }

@@ -1,4 +1,4 @@
-// QDir over folders of the described machine.
+// QDir lists folders of the described machine.
 
 #include "described_windows.h"
 #include "simulated_windows.h"
@@ -17,10 +17,10 @@ private Q_SLOTS:
     void folder();
     void names_data();
     void names();
-    void filesBesideDirectories();
+    void filtersForFilesAndDirectories();
     void anyFolder();
-    void otherFilesAreTheProcess();
-    void followsTheMachine();
+    void otherPathsAreRealFiles();
+    void foldersChangeWithTheMachine();
 };
 
 namespace {
@@ -32,7 +32,7 @@ QByteArray system(const QByteArray &windowsDirectory, const QByteArray &names)
 
 QDir winSxS(const QString &windowsDirectory = QStringLiteral("C:\\Windows"))
 {
-    simulated::knowsMachine(); // as every call before it does
+    simulated::knowsMachine(); // like every simulated call, installs the file engine
     return QDir(windowsDirectory + QStringLiteral("\\WinSxS"));
 }
 
@@ -45,9 +45,9 @@ void WindowsFilesTest::folder_data()
     QTest::addColumn<bool>("exists");
     const QByteArray windows("\"C:\\\\Windows\"");
     const QString path = QStringLiteral("C:\\Windows\\WinSxS");
-    QTest::newRow("there") << system(windows, "[]") << path << true;
-    QTest::newRow("in other letters") << system(windows, "[]") << QStringLiteral("c:\\WINDOWS\\winsxs") << true;
-    QTest::newRow("the description in other letters")
+    QTest::newRow("an existing folder") << system(windows, "[]") << path << true;
+    QTest::newRow("paths are case-insensitive") << system(windows, "[]") << QStringLiteral("c:\\WINDOWS\\winsxs") << true;
+    QTest::newRow("the description in another case")
         << system("\"c:\\\\WINDOWS\"", "[]") << path << true;
     QTest::newRow("a directory that ends with a backslash")
         << system("\"C:\\\\Windows\\\\\"", "[]") << QStringLiteral("C:\\Windows\\\\WinSxS") << true;
@@ -60,7 +60,7 @@ void WindowsFilesTest::folder_data()
     QTest::newRow("not in the description")
         << QByteArray("{\"GetSystemWindowsDirectory\": \"C:\\\\Windows\"}") << path << false;
     QTest::newRow("null") << system(windows, "null") << path << false;
-    QTest::newRow("of another directory") << system(windows, "[]") << QStringLiteral("D:\\Windows\\WinSxS") << false;
+    QTest::newRow("below another directory") << system(windows, "[]") << QStringLiteral("D:\\Windows\\WinSxS") << false;
     QTest::newRow("no Windows directory") << system("null", "[]") << path << false;
     QTest::newRow("a longer name") << system(windows, "[]") << QStringLiteral("C:\\Windows\\WinSxS2") << false;
 }
@@ -74,10 +74,10 @@ void WindowsFilesTest::folder()
     simulated::knowsMachine();
     const QDir directory(asked);
     QCOMPARE(directory.exists(), exists);
-    QString expected = asked; // with forward slashes, one at a time, as on Windows
+    QString expected = asked; // with single forward slashes, as on Windows
     expected.replace(QLatin1Char('\\'), QLatin1Char('/'));
     for (int i = expected.indexOf(QLatin1String("//"), 1); i > 0; i = expected.indexOf(QLatin1String("//"), 1))
-        expected.remove(i, 1); // those of a share at the beginning stay
+        expected.remove(i, 1); // except the two of a share
     QCOMPARE(directory.absolutePath(), expected);
     if (!exists)
         QCOMPARE(directory.entryList(), QStringList());
@@ -94,16 +94,16 @@ void WindowsFilesTest::names_data()
     const QString dot = QStringLiteral(".");
     const QString dots = QStringLiteral("..");
     const QString a = QStringLiteral("a");
-    row("an empty folder has itself and its parent", "[]", "*", {dot, dots});
+    row("an empty folder lists itself and its parent", "[]", "*", {dot, dots});
     row("all, by name", "[\"c\", \"a\", \"b\"]", "*", {dot, dots, a, QStringLiteral("b"), QStringLiteral("c")});
-    row("capital letters first", "[\"b\", \"a\", \"B\", \"A\"]", "*",
+    row("names in the order of code units", "[\"b\", \"a\", \"B\", \"A\"]", "*",
         {dot, dots, QStringLiteral("A"), QStringLiteral("B"), a, QStringLiteral("b")});
-    row("the filter takes letters of either case", "[\"x_microsoft.vc80.crt_1\", \"x_Microsoft.VC90.CRT_2\", \"x_MICROSOFT\"]",
+    row("the filter is case-insensitive", "[\"x_microsoft.vc80.crt_1\", \"x_Microsoft.VC90.CRT_2\", \"x_MICROSOFT\"]",
         "*Microsoft.VC*CRT*", {QStringLiteral("x_Microsoft.VC90.CRT_2"), QStringLiteral("x_microsoft.vc80.crt_1")});
-    row("a name that is the filter alone", "[\"Microsoft.VCCRT\", \"Microsoft.VCMFC\"]", "*Microsoft.VC*CRT*",
+    row("a name that is only the text of the filter", "[\"Microsoft.VCCRT\", \"Microsoft.VCMFC\"]", "*Microsoft.VC*CRT*",
         {QStringLiteral("Microsoft.VCCRT")});
-    row("nothing for the filter", "[\"a\"]", "b*", {});
-    row("letters of any kind", "[\"\u00e4\", \"\u0416\"]", "?", {dot, QStringLiteral("\u00e4"), QStringLiteral("\u0416")});
+    row("no name matches the filter", "[\"a\"]", "b*", {});
+    row("non-ASCII letters", "[\"\u00e4\", \"\u0416\"]", "?", {dot, QStringLiteral("\u00e4"), QStringLiteral("\u0416")});
     row("a name with blanks", "[\"a b\"]", "a*", {QStringLiteral("a b")});
 }
 
@@ -117,7 +117,7 @@ void WindowsFilesTest::names()
     QCOMPARE(winSxS().entryList({filter}, QDir::Files, QDir::Name), QStringList());
 }
 
-void WindowsFilesTest::filesBesideDirectories()
+void WindowsFilesTest::filtersForFilesAndDirectories()
 {
     const DescribedWindows windows(QByteArray(), system("\"C:\\\\Windows\"", "[\"a\", \"c\"]"));
     {
@@ -148,7 +148,7 @@ void WindowsFilesTest::anyFolder()
     QVERIFY(!QDir(QStringLiteral("D:\\")).exists());
 }
 
-void WindowsFilesTest::otherFilesAreTheProcess()
+void WindowsFilesTest::otherPathsAreRealFiles()
 {
     const DescribedWindows windows(QByteArray(), system("\"C:\\\\Windows\"", "[]"));
     simulated::knowsMachine();
@@ -156,7 +156,7 @@ void WindowsFilesTest::otherFilesAreTheProcess()
     QVERIFY(!QDir(QStringLiteral("C:\\Windows")).exists());
 }
 
-void WindowsFilesTest::followsTheMachine()
+void WindowsFilesTest::foldersChangeWithTheMachine()
 {
     {
         const DescribedWindows windows(QByteArray(), system("\"C:\\\\Windows\"", "[\"a\"]"));

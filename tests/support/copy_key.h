@@ -3,7 +3,7 @@
 
 #include "registry_tree.h"
 
-/// Adds what \a from holds to \a to, with all keys below it.
+/// Adds the values and sub-keys of \a from to \a to, and copies whether it is denied.
 inline void copyKey(const machine::RegistryKey &from, machine::RegistryKey &to)
 {
     to.setDenied(from.isDenied());

@@ -1,4 +1,4 @@
-// Makes a described machine answer the sections' calls.
+// Makes the sections' calls answer for a described machine.
 //
 // With the simulated Windows the whole machine answers. On Windows only its registry
 // does: the test writes it below one volatile key of its own in HKEY_CURRENT_USER, and
@@ -15,7 +15,7 @@
 #include <QtCore/QByteArray>
 #include <memory>
 
-/// The machine answers while the object exists. One at a time.
+/// The machine answers while the object exists. Only one object may exist at a time.
 class DescribedWindows
 {
 public:
@@ -26,7 +26,7 @@ public:
     explicit DescribedWindows(machine::Machine machine);
     ~DescribedWindows();
 
-    /// The machine of a folder of machines/.
+    /// Loads the folder machines/NAME. Ends the process if that fails, as parse() does.
     static machine::Machine load(const QString &name);
     static machine::Machine parse(const QByteArray &registryFile, const QByteArray &systemFile);
 

@@ -13,7 +13,7 @@ void check(LSTATUS status, const char *what)
         qFatal("%s failed with %ld", what, long(status));
 }
 
-/// RegSetValueExW adds a terminator when the bytes after the data are zero; these are not.
+/// RegSetValueExW adds a terminator if the bytes after the data are zero, so they are 0xff here.
 void writeValue(HKEY key, const RegistryValue &value)
 {
     const QByteArray data = value.data + QByteArray(4, '\xff');
@@ -22,7 +22,7 @@ void writeValue(HKEY key, const RegistryValue &value)
           "RegSetValueEx");
 }
 
-/// Grants everybody access to \a key, or nobody.
+/// Grants or denies everybody access to \a key.
 void setAccess(HKEY key, bool granted)
 {
     ACL nobody;
@@ -34,7 +34,7 @@ void setAccess(HKEY key, bool granted)
           "RegSetKeySecurity");
 }
 
-/// Volatile: Windows deletes it when the user logs off, even after a crash.
+/// Creates a volatile key, which Windows deletes when the user logs off.
 HKEY createKey(HKEY parent, const QString &path)
 {
     HKEY key = nullptr;
@@ -43,7 +43,7 @@ HKEY createKey(HKEY parent, const QString &path)
     return key;
 }
 
-/// Appends the denied keys, which stay open, to \a denied.
+/// Appends the denied keys to \a denied and leaves them open.
 void writeKey(HKEY key, const RegistryKey &description, std::vector<HKEY> &denied, bool belowDenied = false)
 {
     for (const RegistryValue &value : description.values())
@@ -62,7 +62,7 @@ void writeKey(HKEY key, const RegistryKey &description, std::vector<HKEY> &denie
     }
 }
 
-/// False when a key in it does not open.
+/// False if a key in it cannot be opened.
 bool removeTree(const QString &path)
 {
     const LSTATUS status = RegDeleteTreeW(HKEY_CURRENT_USER, wide(path));
@@ -93,7 +93,7 @@ struct DescribedWindows::Private
 DescribedWindows::DescribedWindows(machine::Machine machine)
     : d(std::make_unique<Private>())
 {
-    // A crashed process with the same number may have left its key with denied keys in it.
+    // A crashed process with the same ID may have left a tree that contains denied keys.
     while (!removeTree(d->path))
         d->path += QStringLiteral(" again");
     const HKEY key = createKey(HKEY_CURRENT_USER, d->path);
@@ -109,7 +109,7 @@ DescribedWindows::DescribedWindows(machine::Machine machine)
 DescribedWindows::~DescribedWindows()
 {
     for (const Private::Root &root : d->roots) {
-        // Later code must find the real root again.
+        // Restores the predefined key.
         check(RegOverridePredefKey(root.root, nullptr), "RegOverridePredefKey");
         RegCloseKey(root.replacement);
     }

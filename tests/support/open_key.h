@@ -1,31 +1,16 @@
-// The owner of an open registry key.
+// Opens a registry key by the wide call.
 #pragma once
 
 #include "wide_text.h"
+#include "win/registry_key.h"
 
-class OpenKey
+using velkor::SystemInfo::WinSysInfo::RegistryKey;
+
+/// Null if the key cannot be opened.
+inline RegistryKey openKeyWide(HKEY root, const QString &path, REGSAM access = KEY_READ)
 {
-public:
-    OpenKey(HKEY root, const QString &path, REGSAM access = KEY_READ)
-    {
-        if (RegOpenKeyExW(root, wide(path), 0, access, &m_key) != LSTATUS(ERROR_SUCCESS))
-            m_key = nullptr;
-    }
-    /// Owns \a key, which is open.
-    static OpenKey owning(HKEY key) { return OpenKey(key); }
-    ~OpenKey()
-    {
-        if (m_key)
-            RegCloseKey(m_key);
-    }
-    OpenKey(const OpenKey &) = delete;
-    OpenKey &operator=(const OpenKey &) = delete;
-
-    /// Null where the key does not open.
-    HKEY handle() const { return m_key; }
-
-private:
-    explicit OpenKey(HKEY key) : m_key(key) { }
-
-    HKEY m_key = nullptr;
-};
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(root, wide(path), 0, access, &key) != ERROR_SUCCESS)
+        return nullptr;
+    return RegistryKey(key);
+}

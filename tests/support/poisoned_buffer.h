@@ -5,14 +5,14 @@
 #include <QtCore/QString>
 #include <windows.h>
 
-/// The value of a number before a call that may not write it.
+/// The value of a variable before a call that must not change it.
 constexpr DWORD poison = 0xdeadbeef;
 
-/// A buffer filled with 0xCC, with a margin of the same after its end.
+/// A buffer filled with 0xCC. 64 more such bytes follow, which a call must not change.
 class PoisonedBuffer
 {
 public:
-    explicit PoisonedBuffer(DWORD room) : m_bytes(int(room) + margin, poisonByte) { }
+    explicit PoisonedBuffer(DWORD size) : m_bytes(int(size) + margin, poisonByte) { }
 
     BYTE *bytes() { return reinterpret_cast<BYTE *>(m_bytes.data()); }
     CHAR *narrow() { return m_bytes.data(); }

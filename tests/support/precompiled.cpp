@@ -1,2 +1,2 @@
-// Nothing but the precompiled header.
+// Compiles the precompiled header.
 int main() { }

@@ -1,4 +1,4 @@
-// What most tests include, compiled once. A test still includes what it uses.
+// Headers that most tests include, compiled once. Each test still includes what it uses.
 #pragma once
 
 #include <QtCore/QtCore>

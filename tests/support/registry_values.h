@@ -6,7 +6,7 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
-/// A key below HKEY_LOCAL_MACHINE; its values follow.
+/// The heading of a key below HKEY_LOCAL_MACHINE.
 inline QByteArray machineKey(const QByteArray &path)
 {
     return "[HKEY_LOCAL_MACHINE\\" + path + "]\n";
@@ -18,13 +18,13 @@ inline QByteArray utf16Data(const QString &text)
     return QByteArray(reinterpret_cast<const char *>(text.utf16()), 2 * text.size());
 }
 
-/// A value with exactly these bytes. \a type is the number that stands in "hex(TYPE)".
+/// A value of the type number \a type with the bytes \a data.
 inline QByteArray hexValue(const QByteArray &name, quint32 type, const QByteArray &data)
 {
     return '"' + name + "\"=hex(" + QByteArray::number(type, 16) + "):" + data.toHex(',') + '\n';
 }
 
-/// REG_SZ with its terminator.
+/// A terminated REG_SZ.
 inline QByteArray textValue(const QByteArray &name, const QString &text)
 {
     return hexValue(name, 1, utf16Data(text + QChar()));
@@ -42,7 +42,7 @@ inline QByteArray numberValue(const QByteArray &name, quint32 number)
     return '"' + name + "\"=dword:" + QByteArray::number(number, 16) + '\n';
 }
 
-/// REG_MULTI_SZ, each string and the whole of it terminated.
+/// A REG_MULTI_SZ with both levels of terminators.
 inline QByteArray listValue(const QByteArray &name, const QStringList &strings)
 {
     QString data;
@@ -51,7 +51,7 @@ inline QByteArray listValue(const QByteArray &name, const QStringList &strings)
     return hexValue(name, 7, utf16Data(data + QChar()));
 }
 
-/// system.json that denies these keys below \a parent; an empty name is the parent itself.
+/// A system.json that denies the keys \a names below \a parent. An empty name is the parent itself.
 inline QByteArray deniedBelow(const QByteArray &parent, const QByteArrayList &names)
 {
     QByteArrayList texts;

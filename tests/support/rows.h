@@ -1,17 +1,17 @@
-// Tests as tables: a row is a name and a check.
+// Data-driven tests whose rows are a name and a function.
 #pragma once
 
 #include "test_main.h"
 
 #include <functional>
 
-/// A row of the test that is about to run. \a check compares as a QtTest function does.
+/// Adds a row to the current test. \a check is its test function: it uses QCOMPARE and QVERIFY.
 void addTestRow(const QString &name, const std::function<void()> &check);
 
-/// The rows that a function adds; "GROUP: " starts their names.
+/// Calls \a rows, and prefixes the names of the rows that it adds with "GROUP: ".
 void addTestRows(const QString &group, void (*rows)());
 
-/// The rows that a function adds, as a test class.
+/// A test class whose rows \a rows adds.
 class RowTest : public QObject
 {
     Q_OBJECT

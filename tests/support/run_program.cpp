@@ -5,14 +5,14 @@
 ProgramRun runProgram(const QString &program, const QStringList &arguments, const QProcessEnvironment &environment,
                       const QString &workingDirectory)
 {
-    constexpr int longest = 120000; // milliseconds
+    constexpr int timeout = 120000; // milliseconds
     QProcess process;
     process.setProcessEnvironment(environment);
     if (!workingDirectory.isEmpty())
         process.setWorkingDirectory(workingDirectory);
     process.start(program, arguments);
     ProgramRun run;
-    if (process.waitForFinished(longest) && process.exitStatus() == QProcess::NormalExit)
+    if (process.waitForFinished(timeout) && process.exitStatus() == QProcess::NormalExit)
         run.exitCode = process.exitCode();
     else
         process.kill();

@@ -1,4 +1,4 @@
-// Running a program as a user would.
+// Runs a program and collects its output.
 #pragma once
 
 #include <QtCore/QByteArray>
@@ -7,7 +7,7 @@
 
 struct ProgramRun
 {
-    int exitCode = -1; // -1 when it did not start, crashed or took too long
+    int exitCode = -1; // -1 if the program did not start, crashed or timed out
     QByteArray output;
     QByteArray errors;
 };

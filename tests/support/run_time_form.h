@@ -1,11 +1,11 @@
-// How the run-time library in use writes a day of one digit.
+// asctime_s() pads a one-digit day with a blank or a zero, depending on the C run-time library.
 #pragma once
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 #include <time.h>
 
-/// The Universal C run-time library puts a blank before a day below 10, msvcrt a zero.
+/// True for msvcrt, which pads with a zero. The Universal C run-time library pads with a blank.
 inline bool dayHasZero()
 {
     struct tm time = {};
@@ -15,7 +15,7 @@ inline bool dayHasZero()
     return asctime_s(text, sizeof text, &time) == 0 && QByteArray(text).startsWith("Sun Jan 04");
 }
 
-/// Converts a text of the Universal C run-time library's asctime_s to the form of the
+/// Converts a text of the Universal C run-time library's asctime_s() to the form of the
 /// library in use.
 inline QString inFormOfRunTime(QString text)
 {

@@ -26,8 +26,8 @@ QString callText(const simulated::Call &call)
     return text;
 }
 
-/// The first problem when each call fails in turn; empty when there is none.
-QString problemOfAnyFailure(const machine::Machine &machine, const QString &title, const SectionRows::Section &section)
+/// Runs the section once for each of its calls, which fails. Returns the first problem.
+QString problemOfAnyFailure(const machine::Machine &machine, const QString &heading, const SectionRows::Section &section)
 {
     for (std::size_t number = 0;; ++number) {
         const DescribedWindows windows(machine);
@@ -35,7 +35,7 @@ QString problemOfAnyFailure(const machine::Machine &machine, const QString &titl
         const QString text = section();
         if (fault.hits() == 0)
             return number > 0 ? QString() : QStringLiteral("no call at all");
-        if (!text.startsWith(title) || !handleProblems().isEmpty())
+        if (!text.startsWith(heading) || !handleProblems().isEmpty())
             return QStringLiteral("call %1 fails: ").arg(number) + handleProblems() + QLatin1Char('\n') + text;
     }
 }
@@ -56,13 +56,13 @@ void SectionRows::text(const QString &name, const Described &described, const QS
     addTestRow(name, [=, rows = *this] {
         const DescribedWindows windows(described.machine);
         const QString text = rows.m_section();
-        COMPARE_TEXT(text + handleProblems(), rows.m_title + lines);
+        COMPARE_TEXT(text + handleProblems(), rows.m_heading + lines);
     });
 }
 
-void SectionRows::workstation(const QString &file) const
+void SectionRows::workstation(const QString &file, const QString &name) const
 {
-    addTestRow(QStringLiteral("workstation"), [=, section = m_section] {
+    addTestRow(name, [=, section = m_section] {
         QFile golden(QStringLiteral(GOLDEN_DIR "/workstation/") + file);
         QVERIFY(golden.open(QIODevice::ReadOnly));
         const DescribedWindows windows(DescribedWindows::load(QStringLiteral("workstation")));
@@ -76,7 +76,7 @@ void SectionRows::withoutMachine(const QString &lines) const
 {
     addTestRow(QStringLiteral("without a machine"), [=, rows = *this] {
         simulated::installNothing();
-        COMPARE_TEXT(rows.m_section(), rows.m_title + lines);
+        COMPARE_TEXT(rows.m_section(), rows.m_heading + lines);
     });
 }
 
@@ -96,7 +96,7 @@ void SectionRows::failure(const QString &name, const Described &described, const
         const DescribedWindows windows(described.machine);
         const simulated::Fault fault = simulated::Fault::nthCall(call, std::size_t(number), error);
         const QString text = rows.m_section();
-        COMPARE_TEXT(text + handleProblems(), rows.m_title + lines);
+        COMPARE_TEXT(text + handleProblems(), rows.m_heading + lines);
         QCOMPARE(fault.hits(), std::size_t(1));
     });
 }
@@ -104,7 +104,7 @@ void SectionRows::failure(const QString &name, const Described &described, const
 void SectionRows::anyFailure(const QString &name, const Described &described) const
 {
     addTestRow(name, [=, rows = *this] {
-        QCOMPARE(problemOfAnyFailure(described.machine, rows.m_title, rows.m_section), QString());
+        QCOMPARE(problemOfAnyFailure(described.machine, rows.m_heading, rows.m_section), QString());
     });
 }
 
@@ -141,13 +141,13 @@ void SectionRows::anyFailure(const QString &, const Described &) const
 #endif
 
 void SectionRows::failures(const Described &described, const QByteArray &call, int first, const QStringList &lines,
-                           const QStringList &names, const QString &before, const QString &behind) const
+                           const QStringList &names, const QString &before, const QString &after) const
 {
     for (int i = 0; i < lines.size(); ++i) {
         QStringList others = lines;
         others.removeAt(i);
-        failure(names.value(i, QStringLiteral("call %1 fails: its line alone is missing").arg(i)), described, call, first + i,
-                before + others.join(QString()) + behind);
+        failure(names.value(i, QStringLiteral("call %1 fails: only its line is missing").arg(i)), described, call, first + i,
+                before + others.join(QString()) + after);
     }
 }
 
@@ -156,14 +156,14 @@ void SectionRows::valuesOfKey(const QString &path, const QByteArray &values, con
 {
     const QByteArray key = '[' + path.toLatin1() + "]\n";
     const Described full = key + values;
-    text(QStringLiteral("no key: the title alone"), "", {});
-    text(QStringLiteral("an empty key: the title alone"), key, {});
+    text(QStringLiteral("no key: only the heading"), "", {});
+    text(QStringLiteral("an empty key: only the heading"), key, {});
     text(QStringLiteral("everything, in the order of the report"), full, lines.join(QString()));
     calls(QStringLiteral("calls of a full machine"), full, keyCalls(path, queries, access));
     calls(QStringLiteral("calls without the key"), "", openCall(path, access));
-    failure(QStringLiteral("the key does not open"), full, "RegOpenKeyExA", 0, {});
+    failure(QStringLiteral("the key cannot be opened"), full, "RegOpenKeyExA", 0, {});
     failures(full, "RegQueryValueExA", 0, lines, failureNames);
-    failure(QStringLiteral("the key does not close: nothing shows"), full, "RegCloseKey", 0, lines.join(QString()));
+    failure(QStringLiteral("the key cannot be closed: the text is unchanged"), full, "RegCloseKey", 0, lines.join(QString()));
 }
 
 QString openCall(const QString &key, REGSAM access)

@@ -49,7 +49,7 @@ int main(int argc, char *argv[])
     const auto found = argc > 1 ? testClasses().find(QString::fromLocal8Bit(argv[1])) : testClasses().end();
     if (found == testClasses().end())
         return listTests(argv[0]);
-    // QtTest sees its own arguments only.
+    // QtTest must not see the name of the test class.
     std::vector<char *> arguments(argv, argv + argc + 1);
     arguments.erase(arguments.begin() + 1);
     --argc;

@@ -1,13 +1,13 @@
-// Many test classes in one program, each run by name and in a process of its own.
+// Several test classes in one program; each run executes the one that the command line names.
 //
-// A source tst_NAME.cpp ends with one of the macros below and is the test NAME of
+// A source tst_NAME.cpp ends with one of the macros below. It is the test NAME of
 // ctest: `test_sections NAME [ARGUMENT OF QtTest]...`. The macros are modelled on
 // QTEST_APPLESS_MAIN, QTEST_GUILESS_MAIN and QTEST_MAIN.
 #pragma once
 
 #include <QtTest/QtTest>
 
-/// The application object that a test class runs under.
+/// The application object that exists while a test class runs.
 enum class TestApplication {
     None,
     Core,

@@ -1,10 +1,10 @@
-// Comparing whole report texts.
+// Compares whole texts of the report.
 #pragma once
 
 #include <QtCore/QString>
 #include <QtTest/QtTest>
 
-/// As QCOMPARE, but shows the first line that differs, with its blanks, first.
+/// Like QCOMPARE, but the message starts with the first line that differs, in quotation marks.
 #define COMPARE_TEXT(actual, expected)                             \
   do {                                                             \
     const QString actualText = (actual);                           \

@@ -1,12 +1,12 @@
-// Whether a program may change the Windows it runs on beyond keys and files of its own.
+// Tells whether a test program may write outside its own keys and files.
 #pragma once
 
 #include <windows.h>
 
 #include <cstdio>
 
-/// True only under Wine, in a prefix that scripts/lib/common.sh has marked as made by this
-/// project and that holds nothing of the user's. False on every other Windows.
+/// True only under Wine, in a prefix that this project created: scripts/lib/common.sh marks such a
+/// prefix with a file. It contains no data of the user.
 inline bool isThrowAwayWindows()
 {
     if (!GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version"))
@@ -19,7 +19,7 @@ inline bool isThrowAwayWindows()
     return GetFileAttributesW(mark) != INVALID_FILE_ATTRIBUTES;
 }
 
-/// isThrowAwayWindows(). When it is false, writes to standard error that \a program refuses.
+/// isThrowAwayWindows(). If it is false, an error message says that \a program refuses to run.
 inline bool mayChangeWindows(const char *program)
 {
     if (isThrowAwayWindows())

@@ -1,4 +1,4 @@
-// DescribedWindows on a real Windows: it replaces the roots and does not change the
+// DescribedWindows on a real Windows: replaces the root keys and changes nothing else in the
 // registry.
 
 #include "described_windows.h"
@@ -15,15 +15,15 @@ class DescribedWindowsTest : public QObject
 private Q_SLOTS:
     void rootsAreReplaced_data();
     void rootsAreReplaced();
-    void registryItselfStaysAsItIs();
+    void realRegistryIsUnchanged();
     void keysAreVolatile_data();
     void keysAreVolatile();
-    void keyOfACrashedProcessIsEmptied();
+    void treeOfACrashedProcessIsRemoved();
 };
 
 namespace {
 
-/// HKEY_CURRENT_USER itself; opening the root by name returns its name.
+/// A handle of the user's root key that RegOverridePredefKey() does not affect.
 HKEY currentUser()
 {
     HKEY key = nullptr;
@@ -42,8 +42,8 @@ QStringList subKeys(HKEY key)
 
 QStringList subKeys(HKEY root, const QString &path)
 {
-    const OpenKey key(root, path);
-    return key.handle() ? subKeys(key.handle()) : QStringList();
+    const RegistryKey key = openKeyWide(root, path);
+    return key.get() ? subKeys(key.get()) : QStringList();
 }
 
 QStringList difference(QStringList from, const QStringList &names)
@@ -71,9 +71,9 @@ void DescribedWindowsTest::rootsAreReplaced_data()
     const auto row = [](const char *name, HKEY root, const QStringList &expected) {
         QTest::newRow(name) << quintptr(root) << expected;
     };
-    row("the machine", HKEY_LOCAL_MACHINE, {"MachineKey", "Software"});
-    row("the user", HKEY_CURRENT_USER, {"UserKey"});
-    row("the classes", HKEY_CLASSES_ROOT, {"ClassesKey", "Installer"});
+    row("HKEY_LOCAL_MACHINE", HKEY_LOCAL_MACHINE, {"MachineKey", "Software"});
+    row("HKEY_CURRENT_USER", HKEY_CURRENT_USER, {"UserKey"});
+    row("HKEY_CLASSES_ROOT", HKEY_CLASSES_ROOT, {"ClassesKey", "Installer"});
 }
 
 void DescribedWindowsTest::rootsAreReplaced()
@@ -90,34 +90,34 @@ void DescribedWindowsTest::rootsAreReplaced()
     QVERIFY(before != expected);
 }
 
-// Keys that were opened before the roots are replaced still belong to the real registry.
-void DescribedWindowsTest::registryItselfStaysAsItIs()
+// Keys that are opened before the roots are replaced belong to the real registry.
+void DescribedWindowsTest::realRegistryIsUnchanged()
 {
-    const OpenKey machine(HKEY_LOCAL_MACHINE, "Software");
-    const OpenKey machineClasses(HKEY_LOCAL_MACHINE, "Software\\Classes");
-    const OpenKey user = OpenKey::owning(currentUser());
-    const OpenKey software(HKEY_CURRENT_USER, "Software");
-    const QStringList machineBefore = subKeys(machine.handle());
-    const QStringList machineClassesBefore = subKeys(machineClasses.handle());
-    const QStringList userBefore = subKeys(user.handle());
-    const QStringList softwareBefore = subKeys(software.handle());
-    const QStringList userClassesBefore = subKeys(software.handle(), "Classes");
+    const RegistryKey machine = openKeyWide(HKEY_LOCAL_MACHINE, "Software");
+    const RegistryKey machineClasses = openKeyWide(HKEY_LOCAL_MACHINE, "Software\\Classes");
+    const RegistryKey user(currentUser());
+    const RegistryKey software = openKeyWide(HKEY_CURRENT_USER, "Software");
+    const QStringList machineBefore = subKeys(machine.get());
+    const QStringList machineClassesBefore = subKeys(machineClasses.get());
+    const QStringList userBefore = subKeys(user.get());
+    const QStringList softwareBefore = subKeys(software.get());
+    const QStringList userClassesBefore = subKeys(software.get(), "Classes");
     QVERIFY(!machineBefore.isEmpty() && !machineClassesBefore.isEmpty() && !userBefore.isEmpty()
             && !softwareBefore.isEmpty());
     {
         const DescribedWindows windows(description());
-        QCOMPARE(subKeys(machine.handle()), machineBefore);
-        QCOMPARE(subKeys(machineClasses.handle()), machineClassesBefore);
-        QCOMPARE(subKeys(user.handle()), userBefore);
-        QCOMPARE(subKeys(software.handle(), "Classes"), userClassesBefore);
-        QCOMPARE(difference(subKeys(software.handle()), softwareBefore),
+        QCOMPARE(subKeys(machine.get()), machineBefore);
+        QCOMPARE(subKeys(machineClasses.get()), machineClassesBefore);
+        QCOMPARE(subKeys(user.get()), userBefore);
+        QCOMPARE(subKeys(software.get(), "Classes"), userClassesBefore);
+        QCOMPARE(difference(subKeys(software.get()), softwareBefore),
                  QStringList(QStringLiteral("vkSystemInfo test %1").arg(GetCurrentProcessId())));
     }
-    QCOMPARE(subKeys(machine.handle()), machineBefore);
-    QCOMPARE(subKeys(machineClasses.handle()), machineClassesBefore);
-    QCOMPARE(subKeys(user.handle()), userBefore);
-    QCOMPARE(subKeys(software.handle(), "Classes"), userClassesBefore);
-    QCOMPARE(subKeys(software.handle()), softwareBefore);
+    QCOMPARE(subKeys(machine.get()), machineBefore);
+    QCOMPARE(subKeys(machineClasses.get()), machineClassesBefore);
+    QCOMPARE(subKeys(user.get()), userBefore);
+    QCOMPARE(subKeys(software.get(), "Classes"), userClassesBefore);
+    QCOMPARE(subKeys(software.get()), softwareBefore);
 }
 
 void DescribedWindowsTest::keysAreVolatile_data()
@@ -127,14 +127,14 @@ void DescribedWindowsTest::keysAreVolatile_data()
     const auto row = [](const char *name, HKEY root, const char *path) {
         QTest::newRow(name) << quintptr(root) << QString(path);
     };
-    row("the machine", HKEY_LOCAL_MACHINE, "Added");
-    row("the user", HKEY_CURRENT_USER, "Added");
-    row("the classes", HKEY_CLASSES_ROOT, "Added");
+    row("HKEY_LOCAL_MACHINE", HKEY_LOCAL_MACHINE, "Added");
+    row("HKEY_CURRENT_USER", HKEY_CURRENT_USER, "Added");
+    row("HKEY_CLASSES_ROOT", HKEY_CLASSES_ROOT, "Added");
     row("a described key", HKEY_LOCAL_MACHINE, "MachineKey\\Added");
-    row("a described key of the classes", HKEY_CLASSES_ROOT, "Installer\\Products\\A1\\Added");
+    row("a described key below HKEY_CLASSES_ROOT", HKEY_CLASSES_ROOT, "Installer\\Products\\A1\\Added");
 }
 
-// Windows creates no permanent key below a volatile one.
+// Windows refuses to create a permanent key below a volatile one.
 void DescribedWindowsTest::keysAreVolatile()
 {
     QFETCH(quintptr, root);
@@ -146,23 +146,23 @@ void DescribedWindowsTest::keysAreVolatile()
              LSTATUS(ERROR_CHILD_MUST_BE_VOLATILE));
 }
 
-void DescribedWindowsTest::keyOfACrashedProcessIsEmptied()
+void DescribedWindowsTest::treeOfACrashedProcessIsRemoved()
 {
-    const OpenKey software(HKEY_CURRENT_USER, "Software", KEY_READ | KEY_WRITE);
+    const RegistryKey software = openKeyWide(HKEY_CURRENT_USER, "Software", KEY_READ | KEY_WRITE);
     QString own;
     QStringList roots;
     {
-        const QStringList before = subKeys(software.handle());
+        const QStringList before = subKeys(software.get());
         const DescribedWindows windows(description());
-        own = difference(subKeys(software.handle()), before).join('\n');
-        roots = subKeys(software.handle(), own);
+        own = difference(subKeys(software.get()), before).join('\n');
+        roots = subKeys(software.get(), own);
     }
     QCOMPARE(roots.size(), 3);
     for (const QString &root : qAsConst(roots)) {
         HKEY stale = nullptr;
-        QCOMPARE(RegCreateKeyExW(software.handle(), wide(own + '\\' + root + "\\Stale"), 0, nullptr, REG_OPTION_VOLATILE,
+        QCOMPARE(RegCreateKeyExW(software.get(), wide(own + '\\' + root + "\\Stale"), 0, nullptr, REG_OPTION_VOLATILE,
                                  KEY_WRITE, nullptr, &stale, nullptr),
-                 LSTATUS(ERROR_SUCCESS));
+                 ERROR_SUCCESS);
         RegCloseKey(stale);
     }
     const DescribedWindows windows("");

@@ -1,4 +1,4 @@
-// The code units of a text, for the wide calls of Windows.
+// Passes a QString to the wide calls of Windows.
 #pragma once
 
 #include <QtCore/QString>

@@ -7,8 +7,8 @@
 VKSYSTEMINFO_WINEPREFIX=$(mktemp -d)
 export VKSYSTEMINFO_WINEPREFIX
 WINEPREFIX=$VKSYSTEMINFO_WINEPREFIX
-mark_new_prefix # before Wine puts anything into it
-export LC_ALL=C.UTF-8 # Wine takes its code page from it
+mark_new_prefix # the prefix must still be empty
+export LC_ALL=C.UTF-8 # sets Wine's code page
 failures=0
 
 end_prefix() {
@@ -17,7 +17,7 @@ end_prefix() {
 }
 trap end_prefix EXIT
 
-# Windows stays up until the end: some keys do not outlive it.
+# Volatile keys last until the server ends, so it stays up.
 WINEPREFIX=$VKSYSTEMINFO_WINEPREFIX wineserver -p
 
 wine_run() { "$WINE_RUN" "$@" 2>/dev/null; }
@@ -28,8 +28,7 @@ wine_change() {
   wine_run "$@"
 }
 
-# value KEY NAME: the data of a registry value as Wine's reg.exe tells it; empty when
-# there is none.
+# value KEY NAME: prints the data of a registry value, from Wine's reg.exe; empty without one
 value() {
   wine_run reg query "$1" /v "$2" | tr -d '\r' | sed -n 's/^ \{1,\}[^ ].* REG_[A-Z_]* \{1,\}//p' | head -n 1
 }
@@ -44,18 +43,17 @@ check() {
   fi
 }
 
-# Wine writes down its displays anew for each window that is the first one. So there is
-# one that stays.
+# Wine rewrites the registry keys of its displays when the first window opens. A window that stays
+# open prevents that.
 keep_a_window() {
   wine_run notepad &
   wine_run "$VKREPORT" --platform-name >/dev/null
 }
 
-# Brings the keys of the described workstation that make sense on another machine into
-# the registry: adapters, drivers, devices, products. The video adapters as keys that
-# last as long as Windows is up.
+# Imports the keys of the described workstation that are valid on another machine: adapters,
+# drivers, devices, products. The keys of the video adapters are volatile.
 import_workstation() {
-  local folder line wanted=yes # the file's first line, too
+  local folder line wanted=yes # includes the first line of the file
   local keys='\\Control\\Class|\\Enum\\|\\DEVICEMAP\\|SharedDLLs|OpenGLDrivers|OEMInformation|^\[HKEY_(CLASSES_ROOT|CURRENT_USER)'
   folder=$(mktemp -d)
   while IFS= read -r line; do

@@ -1,11 +1,11 @@
-"""Holds the lines of a report that vkSystemInfo.dll made under Wine against answers got
-by other ways in the same minute: Wine's registry editor, wmic, cmd and ipconfig, and
-what Linux says of the same machine. Nothing of the project is asked but the report.
+"""Compares the lines of a report of vkSystemInfo.dll under Wine with data from other sources:
+Wine's registry editor, wmic and cmd, and Linux itself. It uses no code of the project except
+the program that prints the report.
 
     conformance.py RUN_WINE VKREPORT PREFIX
 
-RUN_WINE runs a Windows program in the Wine prefix PREFIX. Each line that a check confirms
-is counted; the lines that none reaches are listed at the end.
+RUN_WINE runs a Windows program in the Wine prefix PREFIX. The output has the number of the
+lines that a check confirms, and lists the other lines. A section without a check does not fail.
 """
 
 import datetime
@@ -20,12 +20,22 @@ import tempfile
 RUN_WINE, VKREPORT, PREFIX = sys.argv[1:4]
 SEPARATOR = "-" * 72
 CLASS_RULE = "-" * 28
+SECTIONS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "docs", "sections.md")
 
 failures = 0
 
 
+def first_lines():
+    """The first lines of all sections, from the table in docs/sections.md."""
+    with open(SECTIONS, encoding="utf-8") as stream:
+        return tuple(re.findall(r"^\| `[^`]+` \| `([^`]+)` \|", stream.read(), re.MULTILINE))
+
+
+HEADINGS = first_lines()
+
+
 def wine(*command):
-    """What a Windows program prints."""
+    """The output of a Windows program."""
     result = subprocess.run([RUN_WINE, *command], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
     data = result.stdout
     text = data.decode("utf-16") if data[:2] == b"\xff\xfe" else data.decode("cp437")
@@ -43,33 +53,33 @@ def failed(what, actual, expected):
 
 
 class Report:
-    """The lines of the report, and which of them a check has confirmed."""
+    """The lines of the report, and whether a check has confirmed them."""
 
     def __init__(self, text):
         self.lines = text.split("\n")
         self.confirmed = [False] * len(self.lines)
 
     def find(self, line):
-        """The number of the line that starts with a text."""
+        """The number of the first line that starts with a text."""
         for number, candidate in enumerate(self.lines):
             if candidate.startswith(line):
                 return number
         return None
 
     def section(self, heading):
-        """The numbers of the lines below a heading, to the next separator."""
+        """The numbers of the lines after a heading, up to a separator or the next section."""
         first = self.find(heading)
         if first is None:
             failed(f"heading {heading!r}", None, heading)
             return []
         self.confirmed[first] = True
         last = first + 1
-        while last < len(self.lines) and self.lines[last] != SEPARATOR:
+        while last < len(self.lines) and self.lines[last] != SEPARATOR and not self.lines[last].startswith(HEADINGS):
             last += 1
         return list(range(first + 1, last))
 
     def line(self, label, expected, numbers=None):
-        """The one line with a label (in a section) says what is expected; no line for None."""
+        """Checks the text after a label; None expects no line. numbers restricts the search to a section."""
         numbers = range(len(self.lines)) if numbers is None else numbers
         found = [number for number in numbers if self.lines[number].startswith(label)]
         actual = self.lines[found[0]][len(label):] if found else None
@@ -79,7 +89,7 @@ class Report:
             self.confirmed[number] = actual == expected
 
     def block(self, heading, expected, numbers=None):
-        """A whole section, or a part of one, line by line."""
+        """Checks all lines of a section, or the lines with the given numbers."""
         numbers = self.section(heading) if numbers is None else numbers
         actual = [self.lines[number] for number in numbers]
         if actual != expected:
@@ -91,7 +101,7 @@ class Report:
 
 
 class Key:
-    """A key as the registry editor exports it: values by lower-case name, in order."""
+    """A key in an export of the registry editor. Names of values are case-insensitive."""
 
     def __init__(self, path):
         self.path = path
@@ -112,7 +122,7 @@ def unescaped(text):
 
 
 def decoded(data):
-    """The data of a value: text, list of texts, number or bytes."""
+    """The data of a value as a text, a list of texts, a number or bytes."""
     if data.startswith('"'):
         return unescaped(data[1:-1])
     if data.startswith("dword:"):
@@ -129,7 +139,7 @@ def decoded(data):
 
 
 def exported(path):
-    """A key and everything below it, in the editor's order; empty when there is none."""
+    """A key and all keys below it, in the order of the export; empty if the key does not exist."""
     with tempfile.TemporaryDirectory() as folder:
         file = os.path.join(folder, "key.reg")
         wine("reg", "export", path, "Z:" + file.replace("/", "\\"), "/y")
@@ -161,13 +171,13 @@ def below(keys, parent):
 
 
 def wmic(thing, name):
-    """The values of a property, one for each object."""
+    """The values of a property of all objects."""
     lines = wine("wmic", *thing.split(), "get", name).split("\n")
     return [line.strip() for line in lines[1:] if line.strip()]
 
 
 def scaled(count):
-    """Bytes in the report's words, by plain division."""
+    """A size in the format of the report, truncated to one decimal digit."""
     for power, unit in ((3, "GByte"), (2, "MByte"), (1, "KByte")):
         if count >= 1024 ** power:
             return f"{count * 10 // 1024 ** power // 10}.{count * 10 // 1024 ** power % 10} {unit}"
@@ -175,7 +185,7 @@ def scaled(count):
 
 
 def lines_of(key, table):
-    """Lines of values that are there, by a table of names and labels."""
+    """The lines of the existing values; the table has pairs of name and label."""
     return [label + str(key.get(name)) for name, label in table if key.get(name) is not None]
 
 
@@ -183,14 +193,14 @@ def first_text(data):
     return data[0] if isinstance(data, list) else data
 
 
-# What is compared
+# The checks
 
 def windows_version(report):
     release = wine("cmd", "/c", "ver").strip().rsplit(" ", 1)[1]
-    report.line("From GetVersionEx: ", "6.2.9200")  # what programs without a manifest are told
+    report.line("From GetVersionEx: ", "6.2.9200")  # the version for programs without a manifest
     report.line("From registry:     ", release)
     name = report.find(" " * 19)
-    expected = "Windows 10 0x1c, " + wmic("os", "OSArchitecture")[0]  # 0x1c: Wine's edition, without a name
+    expected = "Windows 10 0x1c, " + wmic("os", "OSArchitecture")[0]  # 0x1c: the edition of Wine has no name
     report.line(" " * 19, expected, [name])
     key = values_of(r"HKLM\Software\Microsoft\Windows NT\CurrentVersion")
     table = [(name, f"{name + ':':24}") for name in
@@ -287,7 +297,7 @@ def devices(report):
         expected.append(device_class.get("Class") + ":")
         written = False
         for driver in below(keys, device_class):
-            if written: # also where this key has nothing to tell
+            if written:  # Quirk: also before a key without lines
                 expected.append("")
             block = lines_of(driver, class_table)
             expected += block
@@ -298,9 +308,8 @@ def devices(report):
     device_table = [("Class", "   Class:               "), ("DeviceDesc", "   Device Description:  "),
                     ("FriendlyName", "   Friendly Name:       "), ("LocationInformation", "   LocationInformation: "),
                     ("HardwareID", "   Hardware ID:         "), ("Service", "   Service:             ")]
-    expected = []
     for enumerator in ("FDC", "IDE", "SCSI", "USBSTOR"):
-        expected.append(f">>> Info about '{enumerator}' disk devices from registry:")
+        expected = []
         keys = exported("HKLM\\SYSTEM\\CurrentControlSet\\Enum\\" + enumerator)
         for device in below(keys, keys[0]) if keys else []:
             expected.append(device.name)
@@ -310,16 +319,12 @@ def devices(report):
                         expected.append(label + first_text(instance.get(name)))
                 expected.append("")
             expected.append("")
-    first = ">>> Info about 'FDC' disk devices from registry:"
-    report.block(first, expected[1:])
+        report.block(f">>> Info about '{enumerator}' disk devices from registry:", expected)
 
-    expected = []
     for device_map in ("PARALLEL PORTS", "SERIALCOMM"):
-        expected.append(f">> Info about '{device_map}' ports from registry:")
         keys = exported("HKLM\\HARDWARE\\DEVICEMAP\\" + device_map)
-        if keys:
-            expected += [f"{name}   {keys[0].get(name)}" for name in keys[0].names] + [""]
-    report.block(">> Info about 'PARALLEL PORTS' ports from registry:", expected[1:])
+        expected = [f"{name}   {keys[0].get(name)}" for name in keys[0].names] + [""] if keys else []
+        report.block(f">> Info about '{device_map}' ports from registry:", expected)
 
 
 def video(report):
@@ -348,7 +353,7 @@ def video(report):
         service = next((key.get("Service") for key in configurations if key.name == "Video"), None)
         if service is not None:
             expected.append("### Service: " + service)
-        # The last one is met again at the end of the list.
+        # Quirk: the report lists the last configuration again, unless it is "Video".
         for key in configurations + configurations[-1:]:
             if key.name.lower() == "video":
                 continue
@@ -402,13 +407,14 @@ def products(report):
             expected += [f"Open command for '{known[1]}':", command]
         expected.append("")
     if len(expected) < 10:
-        failed("products to look at", len(expected), "the described machine's")
-    expected += [">>> Info about installed Velkor Visual Basic applications from registry:", ""]
+        failed("lines about products", len(expected), "the products of the described machine")
+    report.block(">>> Info about installed Velkor applications from registry:", expected)
+    expected = [""]
     keys = exported(r"HKCU\Software\Microsoft\Installer\Products")
     for product in below(keys, keys[0]):
         if product.get("ProductName") in ("M4-M8-vkUpdate", "Device Flasher", "T-BOX-vkUpdate"):
             expected += values(product) + [""]
-    report.block(">>> Info about installed Velkor applications from registry:", expected)
+    report.block(">>> Info about installed Velkor Visual Basic applications from registry:", expected)
 
 
 def folders(report):
@@ -431,6 +437,7 @@ def folders(report):
     numbers = report.section("Windows system directories")
     report.line("System directory:      ", wine("cmd", "/c", "echo %SystemRoot%").strip(), numbers)
     shell = values_of(r"HKCU\Software\Microsoft\Windows\CurrentVersion\Explorer\Shell Folders")
+    numbers = report.section("Special Folders: ")
     for label, value in (("CSIDL_PERSONAL    ", shell.get("Personal")), ("CSIDL_PROGRAMS    ", shell.get("Programs")),
                          ("CSIDL_LOCAL_APPDATA    ", shell.get("Local AppData")), ("CSIDL_APPDATA    ", shell.get("AppData")),
                          ("CSIDL_PROGRAM_FILES    ", wine("cmd", "/c", "echo %ProgramFiles%").strip())):
@@ -447,12 +454,12 @@ def drives(report):
         failed("drives", listed, letters)
     for number, letter in zip(numbers, letters):
         status = os.statvfs(os.path.join(PREFIX, "dosdevices", letter.lower() + ":"))
-        # Space that this user may use comes and goes by a little while others work.
+        # Other processes may change the free space meanwhile, so 0.5 GByte of difference are permitted.
         free = re.search(r"Free: ([0-9.]+) (GByte|MByte)", report.lines[number])
         free_now = status.f_bavail * status.f_frsize / 1024 ** 3
-        told = float(free.group(1)) / (1 if free.group(2) == "GByte" else 1024)
+        reported = float(free.group(1)) / (1 if free.group(2) == "GByte" else 1024)
         total = scaled(status.f_blocks * status.f_frsize)
-        if abs(told - free_now) > 0.5 or f"Total: {total} " not in report.lines[number] \
+        if abs(reported - free_now) > 0.5 or f"Total: {total} " not in report.lines[number] \
                 or not report.lines[number].startswith(f"{letter}:\\ fixed drive "):
             failed(f"drive {letter}", report.lines[number], f"fixed drive, {free_now:.2f} GByte free of {total}")
         else:
@@ -461,8 +468,8 @@ def drives(report):
 
 def dns_sd(report):
     for label, library in (("Standard Bonjour: ", "dnssd.dll"), ("velkor DNS-SD: ", "vkdnssd.dll")):
-        there = os.path.exists(os.path.join(PREFIX, "drive_c", "windows", "system32", library))
-        report.line(label, None if there else "not installed.")
+        exists = os.path.exists(os.path.join(PREFIX, "drive_c", "windows", "system32", library))
+        report.line(label, None if exists else "not installed.")
     shared = values_of(r"HKLM\SOFTWARE\Microsoft\Windows\CurrentVersion\SharedDLLs")
     counted = next((shared.get(name) for name in shared.names if name.lower().endswith(r"\system32\vkdnssd.dll")), None)
     if counted is not None:
@@ -474,9 +481,9 @@ def modules(report):
     for position, number in enumerate(numbers):
         path = report.lines[number]
         unix = os.path.join(PREFIX, "dosdevices", path[:2].lower(), *path[3:].split("\\"))
-        # Wine's own libraries are mapped from its folder when the prefix has none of them.
+        # Paths of Windows are case-insensitive.
         if not os.path.exists(unix) and not find_ignoring_case(os.path.join(PREFIX, "dosdevices", path[:2].lower()), path[3:]):
-            failed("a module that is no file", path, unix)
+            failed("a module that is not a file", path, unix)
         else:
             report.confirmed[number] = True
         if position == 0 and not path.lower().endswith("vkreport.exe"):
@@ -552,13 +559,13 @@ def network(report):
 
 def qt_half(report, before, after):
     moment = report.find("Local Date and Time: ")
-    told = datetime.datetime.strptime(report.lines[moment][21:], "%d.%m.%Y %H:%M:%S")
-    if not before.replace(microsecond=0) <= told <= after:
-        failed("local time", told, (before, after))
+    reported = datetime.datetime.strptime(report.lines[moment][21:], "%d.%m.%Y %H:%M:%S")
+    if not before.replace(microsecond=0) <= reported <= after:
+        failed("local time", reported, (before, after))
     else:
         report.confirmed[moment] = True
     offset = datetime.datetime.now().astimezone().utcoffset()
-    utc = (told - offset).strftime("%d.%m.%Y %H:%M:%S")
+    utc = (reported - offset).strftime("%d.%m.%Y %H:%M:%S")
     report.line("UTC   Date and Time: ", utc)
     report.line("ActiveBias: ", f"{int(-offset.total_seconds() // 60)} min")
 
@@ -569,13 +576,13 @@ def qt_half(report, before, after):
 
     numbers = report.section("System environemnt")
     listed = {report.lines[number][2:]: number for number in numbers}
-    # Linux's variables that Windows has of its own are not handed on; PWD and _ are the shell's.
-    # One of several lines or beyond ASCII cannot be told apart in what cmd prints.
-    untold = {name for name, value in os.environ.items() if "\n" in value or not value.isascii()}
+    # "set" runs with other values of the variables of the shell. The output of cmd is ambiguous for
+    # values with line breaks or non-ASCII characters.
+    ambiguous = {name for name, value in os.environ.items() if "\n" in value or not value.isascii()}
     for line in wine("cmd", "/c", "set").split("\n"):
         name = line.split("=", 1)[0]
         if not re.fullmatch(r"[A-Za-z_][\w()]*", name) or "=" not in line \
-                or name in untold or name in ("PROMPT", "_", "PWD", "OLDPWD", "SHLVL"):
+                or name in ambiguous or name in ("PROMPT", "_", "PWD", "OLDPWD", "SHLVL"):
             continue
         if line in listed:
             report.confirmed[listed[line]] = True
@@ -594,10 +601,10 @@ def main():
         check(report)
     qt_half(report, before, after)
     fixed = {"", SEPARATOR}
-    told = [number for number, line in enumerate(report.lines) if line not in fixed]
-    confirmed = sum(report.confirmed[number] for number in told)
-    print(f"{confirmed} of {len(told)} lines are confirmed by other means; not looked at:")
-    for number in told:
+    varying = [number for number, line in enumerate(report.lines) if line not in fixed]
+    confirmed = sum(report.confirmed[number] for number in varying)
+    print(f"{confirmed} of {len(varying)} lines are confirmed by other sources. Lines without a check:")
+    for number in varying:
         if not report.confirmed[number]:
             print("    " + report.lines[number])
     sys.exit(1 if failures else 0)

@@ -1,14 +1,13 @@
-// A host that knows neither header nor import library: it finds the functions of the DLL
-// by their names.
+// A host without the header and the import library: it finds the functions of the DLL by name.
 //
-//   foreign_host vkSystemInfo.dll                   both of these
-//   foreign_host vkSystemInfo.dll without-opengl    the first of these, where Qt has no OpenGL
+//   foreign_host vkSystemInfo.dll                   both tests
+//   foreign_host vkSystemInfo.dll without-opengl    the first test, if Qt has no OpenGL
 //
-// It keeps a result of every exported function, frees the DLL, and then reads and
-// destroys the results.
+// First test: keeps a result of every exported function, frees the DLL, then reads and destroys
+// the results.
 //
-// It loads the DLL, makes a report and frees the DLL again, a hundred times. It must not
-// crash, and after the first rounds neither handles nor memory may grow.
+// Second test: loads the DLL, makes a report and frees the DLL, a hundred times. The host must not
+// crash, and after the first rounds neither the handles nor the memory may grow.
 
 #include "process_counts.h"
 
@@ -20,10 +19,10 @@
 namespace {
 
 constexpr int rounds = 100;
-constexpr int warmUp = 20; // Qt and Wine fill their caches
+constexpr int warmUp = 20; // rounds in which Qt and Wine fill their caches
 constexpr SIZE_T allowedGrowth = 4 * 1024 * 1024;
 
-/// COpenGLVersionInfo, as this host declares it.
+/// The host's own declaration of COpenGLVersionInfo.
 struct OpenGLVersion
 {
     bool isDefault;
@@ -94,7 +93,7 @@ constexpr Function functions[] = {
     {"_ZN6velkor10SystemInfo9separatorEv", text},
 };
 
-/// How many functions the DLL exports by name.
+/// The number of functions that the DLL exports by name.
 DWORD exportCount(HMODULE module)
 {
     const auto start = reinterpret_cast<const BYTE *>(module);
@@ -115,11 +114,11 @@ struct Result
 {
     const char *function;
     QString text;
-    QByteArray copy; // made while the DLL was loaded
+    QByteArray copy; // of the text, made while the DLL is loaded
 };
 
-/// A result of every function, the DLL being freed again. Nothing when a function is
-/// missing here or there, gives no text, or the DLL stays loaded.
+/// A result of every function; the DLL is freed before the function returns. Empty if the functions
+/// are not exactly the exported ones, if one returns no text, or if the DLL stays loaded.
 std::vector<Result> keptResults(const char *library)
 {
     const HMODULE module = LoadLibraryA(library);
@@ -142,7 +141,7 @@ std::vector<Result> keptResults(const char *library)
     return results;
 }
 
-/// Both DNS-SD libraries of the tests are found meanwhile, so that there are versions.
+/// With both DNS-SD libraries of the tests, so that their checks return versions.
 bool resultsOutliveTheLibrary(const char *library, bool withoutOpenGL)
 {
     const QString folder = QCoreApplication::applicationDirPath() + QStringLiteral("/dnssd_libraries/running");
@@ -156,7 +155,7 @@ bool resultsOutliveTheLibrary(const char *library, bool withoutOpenGL)
         if (!isMapped(result.text.data_ptr()) || result.text.toUtf8() != result.copy) {
             std::printf("%s: the result went with the library\n", result.function);
             std::fflush(stdout);
-            TerminateProcess(GetCurrentProcess(), 1); // destroying it would crash
+            TerminateProcess(GetCurrentProcess(), 1); // the destructor of the result would crash
         }
         result.text += QLatin1Char('.');
         result.text.clear();
@@ -191,7 +190,7 @@ bool neitherHandlesNorMemoryGrow(const char *library)
             handles = handleCount();
             bytes = workingSet();
         }
-        // Contexts leave memory with the graphics driver, so they come before the measuring.
+        // The graphics driver keeps memory of contexts, so reports with OpenGL precede the measurement.
         const bool noOpenGL = round >= warmUp || round % 5 != 0;
         if (!wholeReport(library, noOpenGL)) {
             std::printf("round %d: no whole report, or the library stayed loaded\n", round);
@@ -204,7 +203,7 @@ bool neitherHandlesNorMemoryGrow(const char *library)
                 static_cast<unsigned long long>(bytes / 1024), static_cast<unsigned long long>(bytesAtEnd / 1024), warmUp,
                 rounds);
     if (handles == 0 || bytes == 0)
-        return false; // nothing was measured
+        return false; // the measurement failed
     return handlesAtEnd <= handles + 2 && bytesAtEnd <= bytes + allowedGrowth;
 }
 
@@ -212,7 +211,7 @@ bool neitherHandlesNorMemoryGrow(const char *library)
 
 int main(int argc, char *argv[])
 {
-    const QApplication application(argc, argv); // takes Qt's own options out of the arguments
+    const QApplication application(argc, argv); // removes the options of Qt from argv
     const bool withoutOpenGL = argc > 2 && qstrcmp(argv[2], "without-opengl") == 0;
     if (argc < 2 || !resultsOutliveTheLibrary(argv[1], withoutOpenGL))
         return 1;

@@ -1,10 +1,9 @@
-// Puts keys of a described machine into the registry of the Windows it runs on, as keys
-// that last until Windows ends. Wine keeps the keys of its displays that way, and nothing
-// lasting can be put below such a key: what the registry editor would do fails there.
-// Refuses outside of a Wine prefix of this project's own.
+// Imports keys of a described machine into the registry as volatile keys. The registry editor
+// fails below the keys of Wine's displays: they are volatile, and Windows refuses to create
+// permanent keys below volatile ones. Refuses to run outside a Wine prefix of this project.
 //
-//   import_registry registry.reg PATH     the keys at and below PATH of HKEY_LOCAL_MACHINE
-//   import_registry --deny PATH           an empty key there that nobody can open
+//   import_registry registry.reg PATH     imports the key PATH of HKEY_LOCAL_MACHINE and all below
+//   import_registry --deny PATH           creates an empty key there that nobody can open
 
 #include "registry_file.h"
 #include "throw_away_windows.h"
@@ -22,7 +21,7 @@ namespace {
 
 using machine::RegistryKey;
 
-/// \a key and all below it, at \a path; false as soon as Windows refuses.
+/// Writes \a key and all keys below it at \a path. False if a call fails.
 bool import(const RegistryKey &key, const QString &path)
 {
     HKEY created = nullptr;
@@ -46,7 +45,7 @@ bool import(const RegistryKey &key, const QString &path)
     return true;
 }
 
-/// Creates a key and takes every right to it away.
+/// Creates a key and denies everybody access to it.
 bool deny(const QString &path)
 {
     ACL nobody;

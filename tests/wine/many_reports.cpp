@@ -1,7 +1,6 @@
-// A host that makes a thousand reports without OpenGL: the working set stays as it is
-// after the first ones, and the handles as well, but for the one key of the OEM
-// information that each report leaves open. Refuses outside of a Wine prefix of this
-// project's own, for it creates that key where there is none.
+// A host that makes a thousand reports without OpenGL. After the first ones the working set does
+// not grow. Each report leaves one handle open, that of the OEM key. Refuses to run outside a Wine
+// prefix of this project, because it creates that key if it does not exist.
 
 #include "process_counts.h"
 #include "throw_away_windows.h"
@@ -13,10 +12,10 @@
 namespace {
 
 constexpr int reports = 1000;
-constexpr int warmUp = 50; // Qt and Wine fill their caches
+constexpr int warmUp = 50; // reports during which Qt and Wine fill their caches
 constexpr SIZE_T allowedGrowth = 2 * 1024 * 1024;
 
-/// The key that a report leaves open, for as long as this is there.
+/// The OEM key, which exists at least as long as the object.
 class OemKey
 {
 public:
@@ -73,6 +72,6 @@ int main(int argc, char *argv[])
                 handles, handlesAtEnd, expected, static_cast<unsigned long long>(bytes / 1024),
                 static_cast<unsigned long long>(bytesAtEnd / 1024));
     if (handles == 0 || bytes == 0)
-        return 1; // nothing was measured
+        return 1; // the measurement failed
     return handlesAtEnd == expected && bytesAtEnd <= bytes + allowedGrowth ? 0 : 1;
 }

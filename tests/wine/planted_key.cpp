@@ -1,9 +1,9 @@
-// A key of the kind that Windows Installer keeps, in the registry itself: planted before the
-// tests and looked for after them. Refuses outside of a Wine prefix of this project's own.
+// Creates a key like those of Windows Installer in the registry before the tests, and checks after
+// them that it still exists. Refuses to run outside a Wine prefix of this project.
 //
 //   planted_key plant | check
 //
-// check takes the key out again, and fails as well when a test left a key of its own.
+// check removes the key. It also fails if a test left one of its own keys.
 
 #include "throw_away_windows.h"
 
@@ -38,18 +38,18 @@ bool isPlanted()
         && std::wcscmp(data, productName) == 0;
 }
 
-/// With the keys above it that nothing else is in.
-void takeOut()
+/// Also removes the parent keys that are empty then.
+void removePlantedKey()
 {
     RegDeleteKeyW(HKEY_CLASSES_ROOT, planted);
     RegDeleteKeyW(HKEY_CLASSES_ROOT, products);
     RegDeleteKeyW(HKEY_CLASSES_ROOT, installer);
 }
 
-/// The number of keys that a test made for itself and did not delete.
+/// The number of keys that DescribedWindows created and did not delete.
 int keysLeftByTests()
 {
-    constexpr wchar_t start[] = L"vkSystemInfo test "; // as DescribedWindows names them
+    constexpr wchar_t start[] = L"vkSystemInfo test "; // see described_windows_real.cpp
     constexpr std::size_t length = sizeof start / sizeof *start - 1;
     HKEY software = nullptr;
     if (RegOpenKeyExW(HKEY_CURRENT_USER, L"Software", 0, KEY_READ, &software) != ERROR_SUCCESS)
@@ -82,6 +82,6 @@ int main(int argc, char *argv[])
     const bool survived = isPlanted();
     if (!survived)
         std::printf("HKEY_CLASSES_ROOT\\%ls is no longer as it was planted\n", planted);
-    takeOut();
+    removePlantedKey();
     return survived && keysLeftByTests() == 0 ? 0 : 1;
 }

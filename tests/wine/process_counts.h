@@ -1,4 +1,4 @@
-// What the process holds at a moment.
+// Counts the handles and the memory of the process.
 #pragma once
 
 #include <QtCore/qglobal.h>
@@ -7,13 +7,13 @@
 
 #include <psapi.h>
 
-/// Counted one by one: Wine does not tell the number.
+/// Tests every possible handle, because Wine does not report their number.
 inline DWORD handleCount()
 {
-    constexpr quintptr beyond = 0x8000; // handles are multiples of 4, low ones first
+    constexpr quintptr end = 0x8000; // handles are multiples of 4; Wine uses low numbers first
     DWORD count = 0;
     DWORD flags = 0;
-    for (quintptr handle = 4; handle < beyond; handle += 4)
+    for (quintptr handle = 4; handle < end; handle += 4)
         count += GetHandleInformation(reinterpret_cast<HANDLE>(handle), &flags) ? 1 : 0;
     return count;
 }

@@ -14,7 +14,7 @@ QJsonArray parse(const QByteArray &description)
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(description, &error);
     if (!document.isArray())
-        qFatal("the description of the screens is no array: %s", qPrintable(error.errorString()));
+        qFatal("the description of the screens is not an array: %s", qPrintable(error.errorString()));
     return document.array();
 }
 

@@ -6,7 +6,7 @@
 #include <qpa/qplatformintegration.h>
 #include <vector>
 
-/// Screens and nothing to show on them.
+/// A platform integration that only has screens.
 class DescribedIntegration : public QPlatformIntegration
 {
 public:

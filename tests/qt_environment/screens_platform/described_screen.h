@@ -4,13 +4,13 @@
 #include <qpa/qplatformscreen.h>
 #include <vector>
 
-/// A screen that is what a JSON object says.
+/// A screen with the properties of a JSON object.
 class DescribedScreen : public QPlatformScreen
 {
 public:
     explicit DescribedScreen(const QJsonObject &description);
 
-    /// Takes its siblings out of all screens, in the order of the description.
+    /// Selects the virtual siblings of the screen; \a screens has the order of the description.
     void findSiblings(const std::vector<DescribedScreen *> &screens);
     bool isPrimary() const;
     bool isListed() const;
