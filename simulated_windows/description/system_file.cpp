@@ -12,8 +12,8 @@
 namespace machine {
 namespace {
 
-/// Reads JSON values into fields by the type of the field. Keeps the error of the first value of a
-/// wrong type.
+/// Converts JSON values to C++ fields. The type of the field selects the conversion. `error`
+/// describes the first value of a wrong type.
 class Reader
 {
 public:
@@ -38,7 +38,7 @@ public:
     }
 
 private:
-    /// Ignores a member.
+    /// A JSON value that is ignored.
     struct Anything
     {
     };
@@ -60,7 +60,7 @@ private:
         m_path.removeLast();
     }
 
-    /// A number, which is truncated to the field, or a record.
+    /// Reads an integer, truncated to the width of \a field, or the members of a record.
     template <typename T>
     void read(const QJsonValue &value, T &field)
     {
@@ -120,11 +120,11 @@ private:
     template <typename T>
     void read(const QJsonValue &value, std::optional<T> &field)
     {
-        if (!value.isNull()) // null is an entry of a list
+        if (!value.isNull()) // an array element can be null
             read(value, field.emplace());
     }
 
-    /// An empty list leaves the default of a record.
+    /// An empty array leaves \a list unchanged, so the record keeps its default elements.
     template <typename T>
     void read(const QJsonValue &value, std::vector<T> &list)
     {
@@ -135,7 +135,7 @@ private:
             read(element, list.emplace_back());
     }
 
-    /// Members whose names are numbers; others are ignored.
+    /// Reads an object whose member names are integers, decimal or "0x...". Ignores other members.
     template <typename T>
     void read(const QJsonValue &value, QMap<int, T> &map)
     {
@@ -162,7 +162,7 @@ private:
         readEntries(value, libraries, [](const QString &name) { return std::make_optional(name.toLower()); });
     }
 
-    /// Not a call, so "error" is a variable like any other.
+    /// The environment is not a call, so {"error": N} is not a failure: "error" is the name of a variable.
     void read(const QJsonValue &value, QMap<QString, QString> &environment)
     {
         const QJsonObject object = toObject(value);
@@ -200,7 +200,7 @@ private:
         return value.toArray();
     }
 
-    /// An integer, or a text such as "0x8000000000000000", truncated to 64 bits.
+    /// Returns an integer, or the integer in a string such as "0x8000000000000000", modulo 2^64.
     quint64 toNumber(const QJsonValue &value)
     {
         quint64 number = 0;
@@ -217,7 +217,8 @@ private:
         return 0;
     }
 
-    /// Whether \a value is {"error": N}. Sets \a number.
+    /// Returns true if \a value has a member "error" that is a number or a string with an integer.
+    /// Stores it in \a number.
     bool isFailure(const QJsonValue &value, quint32 &number)
     {
         const QJsonValue member = value.toObject().value(QLatin1String("error"));
@@ -228,7 +229,7 @@ private:
         return true;
     }
 
-    /// "0x..." or decimal digits with an optional sign, truncated to 64 bits.
+    /// Parses "0x..." or decimal digits, with an optional '-', modulo 2^64.
     static bool parseNumber(const QString &text, quint64 &number)
     {
         const bool negative = text.startsWith(QLatin1Char('-'));
@@ -253,16 +254,16 @@ private:
             error = QStringLiteral("'%1' is not %2").arg(m_path.join(QLatin1Char('.')), QLatin1String(what));
     }
 
-    QStringList m_path; // the names of the nested members of the current value
+    QStringList m_path; // the member names from the root of the file to the current value
 };
 
-/// Converts long integers to texts, because QJsonValue stores doubles and would round them. The
-/// expression skips texts and fractions.
-QByteArray withLongIntegersAsTexts(const QByteArray &json)
+/// Puts integers of 16 or more digits in quotation marks: QJsonValue stores doubles and would round
+/// them. The expression skips strings, and numbers with a fraction or an exponent.
+QByteArray withLongIntegersAsStrings(const QByteArray &json)
 {
     static const QRegularExpression longInteger(
         QStringLiteral(R"("(?:[^"\\]++|\\.)*+"(*SKIP)(*FAIL)|(?<![\d.eE+-])(-?[1-9]\d{15,}+)(?![.eE]))"));
-    QString text = QString::fromLatin1(json.constData(), json.size()); // the size, because of nulls
+    QString text = QString::fromLatin1(json.constData(), json.size()); // the size keeps null bytes
     return text.replace(longInteger, QStringLiteral("\"\\1\"")).toLatin1();
 }
 
@@ -273,9 +274,9 @@ bool readSystemFile(const QByteArray &contents, Machine &machine, QString &error
     QByteArray text = contents;
     if (text.startsWith("\xef\xbb\xbf"))
         text.remove(0, 3);
-    // A byte-order mark is valid only at the start of the file. Elsewhere U+FEFF is a character.
+    // Escapes other U+FEFF characters, because Qt removes U+FEFF from the start of a string.
     text.replace("\xef\xbb\xbf", "\\ufeff");
-    text = withLongIntegersAsTexts(text);
+    text = withLongIntegersAsStrings(text);
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(text, &parseError);
     if (document.isNull()) {

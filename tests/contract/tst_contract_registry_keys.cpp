@@ -1,4 +1,4 @@
-// RegOpenKeyEx(), both forms, and RegCloseKey(): the key that a path opens.
+// RegOpenKeyExA(), RegOpenKeyExW() and RegCloseKey(): which key a path opens.
 
 #include "contract.h"
 #include "rows.h"
@@ -23,7 +23,8 @@ HKEY poisonedKey()
     return reinterpret_cast<HKEY>(quintptr(poison));
 }
 
-/// The value "Where" of \a key, which the function closes, or the error \a status.
+/// Closes \a key and returns its value "Where", or "not closed" if RegCloseKey() fails. If \a status is
+/// an error, returns only its number, and ", handle set" if \a key is not null.
 QString whereIs(LSTATUS status, HKEY key)
 {
     if (status != ERROR_SUCCESS)
@@ -35,7 +36,7 @@ QString whereIs(LSTATUS status, HKEY key)
     return closed == ERROR_SUCCESS ? QString::fromWCharArray(text) : QStringLiteral("not closed");
 }
 
-QString openNarrow(HKEY root, const QByteArray &path, REGSAM mask = KEY_READ)
+QString openAnsi(HKEY root, const QByteArray &path, REGSAM mask = KEY_READ)
 {
     HKEY key = poisonedKey();
     const LSTATUS status = RegOpenKeyExA(root, path.constData(), 0, mask, &key);
@@ -54,27 +55,27 @@ void paths()
     const auto row = [](const char *name, const QString &path, const QString &expected) {
         addTestRow(name, [=] {
             const DescribedWindows windows(registry());
-            QCOMPARE(openNarrow(HKEY_LOCAL_MACHINE, path.toLatin1()), expected);
+            QCOMPARE(openAnsi(HKEY_LOCAL_MACHINE, path.toLatin1()), expected);
             QCOMPARE(openWide(HKEY_LOCAL_MACHINE, path), expected);
         });
     };
     row("one name", "Alpha", "Alpha");
     row("two names", "Alpha\\Beta", "Alpha, Beta");
     row("names are case-insensitive", "aLPHA\\BETA gamma", "Alpha, Beta Gamma");
-    row("an empty path: the key itself", "", "root");
-    row("a trailing backslash", "Alpha\\", "Alpha");
-    row("several trailing backslashes", "Alpha\\Beta\\\\\\", "Alpha, Beta");
-    row("a doubled backslash", "Alpha\\\\Beta", "Alpha, Beta");
-    row("a tripled backslash", "Alpha\\\\\\Beta", "Alpha, Beta");
-    row("a leading backslash", "\\Alpha", "161");
-    row("two leading backslashes", "\\\\Alpha", "161");
-    row("only a backslash", "\\", "161");
-    row("a leading backslash before a missing key", "\\Missing", "161");
-    row("a missing key: no handle", "Missing", "2");
-    row("a missing sub-key: no handle", "Alpha\\Missing", "2");
-    row("below a missing key: no handle", "Missing\\Beta", "2");
-    row("the start of a name", "Alph", "2");
-    row("a name followed by more characters", "Alphas", "2");
+    row("an empty path: the root", "", "root");
+    row("a trailing backslash is ignored", "Alpha\\", "Alpha");
+    row("several trailing backslashes are ignored", "Alpha\\Beta\\\\\\", "Alpha, Beta");
+    row("a doubled backslash separates like one", "Alpha\\\\Beta", "Alpha, Beta");
+    row("a tripled backslash separates like one", "Alpha\\\\\\Beta", "Alpha, Beta");
+    row("a leading backslash: ERROR_BAD_PATHNAME", "\\Alpha", "161");
+    row("two leading backslashes: ERROR_BAD_PATHNAME", "\\\\Alpha", "161");
+    row("only a backslash: ERROR_BAD_PATHNAME", "\\", "161");
+    row("a leading backslash before a missing key: ERROR_BAD_PATHNAME", "\\Missing", "161");
+    row("a missing key: ERROR_FILE_NOT_FOUND, no handle", "Missing", "2");
+    row("a missing sub-key: ERROR_FILE_NOT_FOUND, no handle", "Alpha\\Missing", "2");
+    row("a sub-key of a missing key: ERROR_FILE_NOT_FOUND, no handle", "Missing\\Beta", "2");
+    row("a prefix of a key name does not match", "Alph", "2");
+    row("a key name with an extra character does not match", "Alphas", "2");
     row("a forward slash does not separate keys", "Alpha/Beta", "2");
     row("a value is not a key", "Alpha\\Where", "2");
 }
@@ -93,12 +94,12 @@ void caseOfNonAsciiLetters()
     row("Cyrillic letters", "\u0436\u0451", "\u0416\u0401", true);
     row("y with diaeresis, whose capital is outside Latin-1", "\u00ff", "\u0178", true);
     row("full-width letters", "\uff41", "\uff21", true);
-    row("sharp s has no capital", "\u00df", "SS", false);
-    row("dotless i is not the small letter of I", "\u0131", "I", false);
-    row("the long s is not the small letter of S", "\u017f", "S", false);
-    row("the micro sign is not the small letter of Greek Mu", "\u00b5", "\u039c", false);
-    row("the final sigma is not the small letter of Sigma", "\u03c2", "\u03a3", false);
-    row("letters outside the BMP have no case", "\U00010428", "\U00010400", false);
+    row("sharp s does not match SS", "\u00df", "SS", false);
+    row("dotless i does not match I", "\u0131", "I", false);
+    row("long s does not match S", "\u017f", "S", false);
+    row("the micro sign does not match capital Mu", "\u00b5", "\u039c", false);
+    row("final sigma does not match capital Sigma", "\u03c2", "\u03a3", false);
+    row("letters outside the BMP are case-sensitive", "\U00010428", "\U00010400", false);
 }
 
 void belowAnOpenKey()
@@ -107,23 +108,23 @@ void belowAnOpenKey()
         addTestRow(name, [=] {
             const DescribedWindows windows(registry());
             const RegistryKey alpha = openKeyWide(HKEY_LOCAL_MACHINE, "Alpha");
-            QCOMPARE(openNarrow(alpha.get(), path.toLatin1()), expected);
+            QCOMPARE(openAnsi(alpha.get(), path.toLatin1()), expected);
             QCOMPARE(openWide(alpha.get(), path), expected);
         });
     };
     row("a sub-key", "Beta", "Alpha, Beta");
     row("an empty path: the key itself", QString(), "Alpha");
-    row("a trailing backslash", "Beta\\", "Alpha, Beta");
-    row("a missing key: no handle", "Alpha", "2");
-    row("a leading backslash", "\\Beta", "161");
+    row("a trailing backslash is ignored", "Beta\\", "Alpha, Beta");
+    row("a missing key: ERROR_FILE_NOT_FOUND, no handle", "Alpha", "2");
+    row("a leading backslash: ERROR_BAD_PATHNAME", "\\Beta", "161");
 }
 
-void narrowPathIsInTheAnsiCodePage()
+void pathOfAnsiFunctionIsInTheCodePage()
 {
     const auto row = [](const QString &name, const QByteArray &path, const QString &expected) {
         addTestRow(name, [=] {
             const DescribedWindows windows(registry());
-            QCOMPARE(openNarrow(HKEY_LOCAL_MACHINE, path), expected);
+            QCOMPARE(openAnsi(HKEY_LOCAL_MACHINE, path), expected);
             QCOMPARE(openWide(HKEY_LOCAL_MACHINE, QStringLiteral("\u0416")), QStringLiteral("zhe"));
             QCOMPARE(openWide(HKEY_LOCAL_MACHINE, QStringLiteral("\u0436")), QStringLiteral("zhe"));
         });
@@ -131,11 +132,11 @@ void narrowPathIsInTheAnsiCodePage()
     row("letters of the code page", QByteArray("Gr\xf6\xdf"
                                                "e"),
         QStringLiteral("size"));
-    row("letters in upper case; sharp s has no upper case", QByteArray("GR\xd6\xdf"
-                                                                       "E"),
+    row("upper-case letters of the code page match", QByteArray("GR\xd6\xdf"
+                                                                "E"),
         QStringLiteral("size"));
-    row("the same name in UTF-8 is another name", QByteArray("Gr\u00f6\u00dfe"), "2");
-    row("a letter outside the code page becomes a question mark", QByteArray("?"), "2");
+    row("the UTF-8 bytes of the name do not match: ERROR_FILE_NOT_FOUND", QByteArray("Gr\u00f6\u00dfe"), "2");
+    row("a question mark does not match a letter outside the code page: ERROR_FILE_NOT_FOUND", QByteArray("?"), "2");
 }
 
 void access()
@@ -143,13 +144,13 @@ void access()
     const auto row = [](const QString &name, const REGSAM &mask) {
         addTestRow(name, [=] {
             const DescribedWindows windows(registry());
-            QCOMPARE(openNarrow(HKEY_LOCAL_MACHINE, "Alpha\\Beta", mask), QStringLiteral("Alpha, Beta"));
+            QCOMPARE(openAnsi(HKEY_LOCAL_MACHINE, "Alpha\\Beta", mask), QStringLiteral("Alpha, Beta"));
             QCOMPARE(openWide(HKEY_LOCAL_MACHINE, QStringLiteral("Alpha\\Beta"), mask), QStringLiteral("Alpha, Beta"));
-            QCOMPARE(openNarrow(HKEY_LOCAL_MACHINE, "Missing", mask), QStringLiteral("2"));
+            QCOMPARE(openAnsi(HKEY_LOCAL_MACHINE, "Missing", mask), QStringLiteral("2"));
         });
     };
-    row("read", REGSAM(0x20019));
-    row("read, 64-bit view: the same key", REGSAM(0x20119));
+    row("KEY_READ", REGSAM(0x20019));
+    row("KEY_READ with KEY_WOW64_64KEY opens the same key", REGSAM(0x20119));
 }
 
 void roots()
@@ -157,7 +158,7 @@ void roots()
     const auto row = [](const QString &name, const quintptr &root, const QString &path, const QString &expected) {
         addTestRow(name, [=] {
             const DescribedWindows windows(registry());
-            QCOMPARE(openNarrow(reinterpret_cast<HKEY>(root), path.toLatin1()), expected);
+            QCOMPARE(openAnsi(reinterpret_cast<HKEY>(root), path.toLatin1()), expected);
             QCOMPARE(openWide(reinterpret_cast<HKEY>(root), path), expected);
         });
     };
@@ -165,7 +166,7 @@ void roots()
     row("HKEY_LOCAL_MACHINE", number(HKEY_LOCAL_MACHINE), "Alpha", "Alpha");
     row("HKEY_CURRENT_USER", number(HKEY_CURRENT_USER), "Alpha", "user");
     row("HKEY_CLASSES_ROOT", number(HKEY_CLASSES_ROOT), "vkSystemInfoContract", "classes");
-    row("HKEY_USERS differs from HKEY_CURRENT_USER", number(HKEY_USERS), "Alpha", "2");
+    row("HKEY_USERS does not contain the keys of HKEY_CURRENT_USER: ERROR_FILE_NOT_FOUND", number(HKEY_USERS), "Alpha", "2");
 }
 
 void nullPathOpensTheKeyItself()
@@ -185,22 +186,22 @@ void deniedKeys()
         addTestRow(name, [=] {
             const DescribedWindows windows(registry() + "[HKEY_LOCAL_MACHINE\\Alpha\\Beta\\Delta]\n\"Where\"=\"below\"\n",
                                            R"({"deniedKeys": ["HKEY_LOCAL_MACHINE\\Alpha\\Beta", "HKEY_LOCAL_MACHINE\\New\\Denied"]})");
-            QCOMPARE(openNarrow(HKEY_LOCAL_MACHINE, path.toLatin1()), expected);
+            QCOMPARE(openAnsi(HKEY_LOCAL_MACHINE, path.toLatin1()), expected);
             QCOMPARE(openWide(HKEY_LOCAL_MACHINE, path), expected);
             if (path.startsWith(QLatin1String("Alpha\\"))) {
                 const RegistryKey alpha = openKeyWide(HKEY_LOCAL_MACHINE, "Alpha");
-                QCOMPARE(openNarrow(alpha.get(), path.mid(6).toLatin1()), expected);
+                QCOMPARE(openAnsi(alpha.get(), path.mid(6).toLatin1()), expected);
             }
         });
     };
-    row("the key itself: no handle", "Alpha\\Beta", "5");
-    row("in another case", "ALPHA\\beta", "5");
-    row("a key below it: no handle", "Alpha\\Beta\\Delta", "5");
-    row("a missing key below it", "Alpha\\Beta\\Missing", "2");
-    row("its parent", "Alpha", "Alpha");
-    row("its sibling", "Alpha\\Beta Gamma", "Alpha, Beta Gamma");
-    row("a denied key that registry.reg does not contain", "New\\Denied", "5");
-    row("the parent of that key exists without values", "New", "");
+    row("the denied key: ERROR_ACCESS_DENIED, no handle", "Alpha\\Beta", "5");
+    row("the denied key in upper and lower case: ERROR_ACCESS_DENIED", "ALPHA\\beta", "5");
+    row("a sub-key of the denied key: ERROR_ACCESS_DENIED, no handle", "Alpha\\Beta\\Delta", "5");
+    row("a missing sub-key of the denied key: ERROR_FILE_NOT_FOUND", "Alpha\\Beta\\Missing", "2");
+    row("the parent of the denied key opens", "Alpha", "Alpha");
+    row("a sibling of the denied key opens", "Alpha\\Beta Gamma", "Alpha, Beta Gamma");
+    row("a denied key that registry.reg does not contain: ERROR_ACCESS_DENIED", "New\\Denied", "5");
+    row("the parent of a denied key that registry.reg does not contain exists", "New", "");
 }
 
 void deniedKeysAreEnumerated()
@@ -214,7 +215,7 @@ void deniedKeysAreEnumerated()
     QCOMPARE(QByteArray(name), QByteArray("Beta Gamma"));
 }
 
-void invalidCalls()
+void nullRootIsAnInvalidHandle()
 {
     const DescribedWindows windows(registry());
     HKEY key = nullptr;
@@ -222,20 +223,40 @@ void invalidCalls()
     QCOMPARE(RegOpenKeyExW(nullptr, L"Alpha", 0, KEY_READ, &key), LSTATUS(ERROR_INVALID_HANDLE));
 }
 
+HKEY openedAlpha()
+{
+    HKEY key = nullptr;
+    RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Alpha", 0, KEY_READ, &key);
+    return key;
+}
+
 void closing()
 {
-    const DescribedWindows windows(registry());
-    HKEY first = nullptr;
-    HKEY second = nullptr;
-    QCOMPARE(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Alpha", 0, KEY_READ, &first), ERROR_SUCCESS);
-    QCOMPARE(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Alpha", 0, KEY_READ, &second), ERROR_SUCCESS);
-    QVERIFY2(first != second, "each opening has its own handle");
-    QCOMPARE(RegCloseKey(first), ERROR_SUCCESS);
-    QCOMPARE(RegCloseKey(first), LSTATUS(ERROR_INVALID_HANDLE));
-    QCOMPARE(whereIs(ERROR_SUCCESS, second), QStringLiteral("Alpha"));
-    QCOMPARE(RegCloseKey(nullptr), LSTATUS(ERROR_INVALID_HANDLE));
-    QCOMPARE(RegCloseKey(HKEY_CLASSES_ROOT), ERROR_SUCCESS);
-    QCOMPARE(openNarrow(HKEY_CLASSES_ROOT, "vkSystemInfoContract"), QStringLiteral("classes"));
+    addTestRow("each open returns a new handle, which stays open if the other is closed", [] {
+        const DescribedWindows windows(registry());
+        const HKEY first = openedAlpha();
+        const HKEY second = openedAlpha();
+        QVERIFY(first && second);
+        QVERIFY(first != second);
+        QCOMPARE(RegCloseKey(first), ERROR_SUCCESS);
+        QCOMPARE(whereIs(ERROR_SUCCESS, second), QStringLiteral("Alpha"));
+    });
+    addTestRow("closing twice fails: ERROR_INVALID_HANDLE", [] {
+        const DescribedWindows windows(registry());
+        const HKEY key = openedAlpha();
+        QVERIFY(key);
+        QCOMPARE(RegCloseKey(key), ERROR_SUCCESS);
+        QCOMPARE(RegCloseKey(key), LSTATUS(ERROR_INVALID_HANDLE));
+    });
+    addTestRow("closing null fails: ERROR_INVALID_HANDLE", [] {
+        const DescribedWindows windows(registry());
+        QCOMPARE(RegCloseKey(nullptr), LSTATUS(ERROR_INVALID_HANDLE));
+    });
+    addTestRow("closing a predefined key succeeds, and the key stays usable", [] {
+        const DescribedWindows windows(registry());
+        QCOMPARE(RegCloseKey(HKEY_CLASSES_ROOT), ERROR_SUCCESS);
+        QCOMPARE(openAnsi(HKEY_CLASSES_ROOT, "vkSystemInfoContract"), QStringLiteral("classes"));
+    });
 }
 
 void addTests()
@@ -243,14 +264,14 @@ void addTests()
     addTestRows("paths", paths);
     addTestRows("caseOfNonAsciiLetters", caseOfNonAsciiLetters);
     addTestRows("belowAnOpenKey", belowAnOpenKey);
-    addTestRows("narrowPathIsInTheAnsiCodePage", narrowPathIsInTheAnsiCodePage);
+    addTestRows("pathOfAnsiFunctionIsInTheCodePage", pathOfAnsiFunctionIsInTheCodePage);
     addTestRows("access", access);
     addTestRows("roots", roots);
     addTestRow("nullPathOpensTheKeyItself", nullPathOpensTheKeyItself);
     addTestRows("deniedKeys", deniedKeys);
     addTestRow("deniedKeysAreEnumerated", deniedKeysAreEnumerated);
-    addTestRow("invalidCalls", invalidCalls);
-    addTestRow("closing", closing);
+    addTestRow("nullRootIsAnInvalidHandle", nullRootIsAnInvalidHandle);
+    addTestRows("closing", closing);
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include "win/adapter_details.h"
 #include "win/windows_sections.h"
 
+#include <QtCore/QFile>
 #include <QtTest/QtTest>
 
 using namespace velkor::SystemInfo;
@@ -37,6 +38,7 @@ private Q_SLOTS:
     void seedsGiveTheSameReport();
     void bytesDecodeToFaultsAndChanges();
     void bytesDenyAKey();
+    void committedInputsMeanWhatTheyAreNamed();
 };
 
 void TestFuzzSeeds::seedsGiveTheSameReport_data()
@@ -90,6 +92,20 @@ void TestFuzzSeeds::bytesDenyAKey()
                                                                     "41"
                                                                     "fe"));
     QVERIFY(!other.machine.registry.root(machine::RegistryRoot::LocalMachine)->findSubKey(QStringLiteral("A"))->isDenied());
+}
+
+// The inputs name keys and values by their numbers, which change with the section table.
+void TestFuzzSeeds::committedInputsMeanWhatTheyAreNamed()
+{
+    QFile file(QStringLiteral(CORPUS_DIR "/report/hand-memory-size-of-nine-bytes"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const HostileMachine hostile = hostileMachine(file.readAll());
+    const auto root = hostile.machine.registry.root(machine::RegistryRoot::LocalMachine);
+    const auto key = machine::findKey(root, QStringLiteral("SYSTEM\\CurrentControlSet\\Control\\Video\\0\\0"));
+    QVERIFY(key);
+    const machine::RegistryValue *value = key->findValue(QStringLiteral("HardwareInformation.qwMemorySize"));
+    QVERIFY(value);
+    QCOMPARE(value->data.size(), 9);
 }
 
 TEST_WITHOUT_APPLICATION(TestFuzzSeeds);

@@ -20,12 +20,12 @@ class SectionTableTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void filesExist();
+    void sourceAndTestExistOnce();
     void namesAreUnique();
     void textsStartWithTheirHeadings();
-    void documentListsTheSections();
-    void registryReadsIncludeEveryCall_data();
-    void registryReadsIncludeEveryCall();
+    void sectionsMdIsUpToDate();
+    void tableListsEveryRegistryRead_data();
+    void tableListsEveryRegistryRead();
 };
 
 namespace {
@@ -50,7 +50,7 @@ QString rootName(HKEY root)
     return root == HKEY_CURRENT_USER ? QStringLiteral("HKEY_CURRENT_USER") : QStringLiteral("HKEY_LOCAL_MACHINE");
 }
 
-/// Rows of a Markdown table: name, first line and file of each section.
+/// The rows of docs/sections.md: name, first line of the heading, and source file of each section.
 QByteArray sectionRows()
 {
     QByteArray rows;
@@ -62,7 +62,7 @@ QByteArray sectionRows()
     return rows;
 }
 
-/// Whether \a read includes the key at \a path, which starts with the name of its root.
+/// Whether \a read includes the key at \a path. \a path starts with the root name.
 bool includesKey(const RegistryRead &read, const QString &path)
 {
     const QStringList patterns = (rootName(read.root) + QLatin1Char('\\') + read.path).split(QLatin1Char('\\'));
@@ -92,7 +92,7 @@ bool isRegistryRead(const simulated::Call &call)
 
 } // namespace
 
-void SectionTableTest::filesExist()
+void SectionTableTest::sourceAndTestExistOnce()
 {
     for (const Section &section : SectionTable()) {
         const QString file = text(section.file) + QStringLiteral(".cpp");
@@ -119,8 +119,9 @@ void SectionTableTest::textsStartWithTheirHeadings()
     }
 }
 
-// If UPDATE_DOCUMENTS is set in the environment, the test writes the list instead.
-void SectionTableTest::documentListsTheSections()
+// If the environment variable UPDATE_DOCUMENTS is set, the test writes docs/sections.md and does not
+// compare it.
+void SectionTableTest::sectionsMdIsUpToDate()
 {
     QFile document(QStringLiteral(PROJECT_DIR "/docs/sections.md"));
     QVERIFY(document.open(QIODevice::ReadWrite));
@@ -134,7 +135,7 @@ void SectionTableTest::documentListsTheSections()
         COMPARE_TEXT(QString::fromUtf8(text), QString::fromUtf8(expected));
 }
 
-void SectionTableTest::registryReadsIncludeEveryCall_data()
+void SectionTableTest::tableListsEveryRegistryRead_data()
 {
     QTest::addColumn<QString>("machine");
     QTest::addColumn<int>("row");
@@ -151,7 +152,7 @@ void SectionTableTest::registryReadsIncludeEveryCall_data()
 
 // vkcapture copies the keys and values that the table lists, so the table must list every key and
 // value that a section reads.
-void SectionTableTest::registryReadsIncludeEveryCall()
+void SectionTableTest::tableListsEveryRegistryRead()
 {
     QFETCH(QString, machine);
     QFETCH(int, row);

@@ -1,12 +1,11 @@
-// Tests of a section as rows. A row describes a machine and states the text of the
-// section on it, or the calls that the section makes.
+// Table-driven tests of a section. A row has a machine and the expected text or the expected calls.
 //
 // Rows of texts run on every platform. With the simulated Windows they also fail if the section
-// leaves a handle open or misuses one. Rows of calls and of failing calls exist only with the
-// simulated Windows.
+// leaves a handle open, closes one twice or uses an invalid one. Rows of calls and of failing calls
+// exist only with the simulated Windows.
 #pragma once
 
-#include <windows.h> // must precede machine.h, some of whose members are macros of windows.h
+#include <windows.h> // must precede machine.h: some of its identifiers (GetVersionEx) are macros of windows.h
 
 #include "described_windows.h"
 #include "registry_values.h"
@@ -21,11 +20,11 @@ constexpr bool windowsIsSimulated = true;
 constexpr bool windowsIsSimulated = false;
 #endif
 
-/// The machine of a row.
+/// A machine, or the contents of its two files. Converts implicitly.
 struct Described
 {
     Described(machine::Machine described) : machine(std::move(described)) { }
-    /// registry.reg without its first line, and system.json.
+    /// \a registry: registry.reg without its first line. \a system: system.json.
     Described(const QByteArray &registry, const QByteArray &system = "{}")
         : machine(DescribedWindows::parse(registry, system))
     { }
@@ -40,29 +39,30 @@ class SectionRows
 public:
     using Section = std::function<QString()>;
 
-    /// Each text of the section starts with \a heading; rows state the lines after it.
+    /// Each text of the section starts with \a heading. Rows have only the lines after it.
     SectionRows(Section section, const QString &heading) : m_section(std::move(section)), m_heading(heading) { }
 
+    /// Adds a row: the expected text on \a described is the heading followed by \a lines.
     void text(const QString &name, const Described &described, const QString &lines) const;
-    /// The text on machines/workstation, compared with \a file of tests/golden/workstation.
+    /// Adds a row: the text on machines/workstation, compared with \a file of tests/golden/workstation.
     void workstation(const QString &file, const QString &name = QStringLiteral("workstation")) const;
-    /// The text if no machine is described: every call fails.
+    /// Adds a row: the text if no machine is described, so every call fails.
     void withoutMachine(const QString &lines) const;
-    /// The calls of the section, compared with \a journal in the form of journalText().
+    /// Adds a row: the calls of the section, in the form of journalText(), compared with \a journal.
     void calls(const QString &name, const Described &described, const QString &journal) const;
-    /// The text if the call \a call with the number \a number, counted from 0, fails with \a error.
+    /// Adds a row: the text if call \a number (from 0) of the function \a call fails with \a error.
     void failure(const QString &name, const Described &described, const QByteArray &call, int number, const QString &lines,
                  DWORD error = ERROR_ACCESS_DENIED) const;
-    /// A row for each of \a lines: if the call of the line fails, only the line is missing. The calls
-    /// have consecutive numbers from \a first. A row without a name in \a names gets its number.
+    /// Adds one row for each element of \a lines. In row i, call \a first + i of \a call fails. The text
+    /// is \a before, all lines except line i, and \a after. The default row name contains i.
     void failures(const Described &described, const QByteArray &call, int first, const QStringList &lines,
                   const QStringList &names = {}, const QString &before = {}, const QString &after = {}) const;
-    /// Rows for a section that shows the values of one key: texts with and without the key, calls,
-    /// and each call failing. \a values are lines of registry.reg. \a queries have the form of
-    /// keyCalls(), and \a lines are the lines of the section in the same order.
+    /// Adds the rows of a section that shows the values of one key. There are rows for: all values, an
+    /// empty key, no key, the calls, and the failure of each call. \a values are lines of registry.reg.
+    /// \a queries have the form of keyCalls(). \a lines are the lines of the section in the same order.
     void valuesOfKey(const QString &path, const QByteArray &values, const QStringList &queries, const QStringList &lines,
                      const QStringList &failureNames = {}, REGSAM access = KEY_READ) const;
-    /// Each call fails in turn: the heading stays, and the section closes every handle.
+    /// Adds a row in which each call fails in turn: the heading stays, and the section closes every handle.
     void anyFailure(const QString &name, const Described &described) const;
 
 private:
@@ -70,16 +70,17 @@ private:
     QString m_heading;
 };
 
-// Lines of a journal. openCall() opens \a key; keyCalls() also queries values and closes the key.
-// A query is "NAME SIZE".
+// Lines of a journal. openCall() returns the line of RegOpenKeyExA. keyCalls() returns this line, the
+// lines of the queries, and the line of RegCloseKey. An element of \a queries is "VALUE_NAME SIZE".
 QString openCall(const QString &key, REGSAM access = KEY_READ);
 QString keyCalls(const QString &key, const QStringList &queries, REGSAM access = KEY_READ);
 
 #ifdef SIMULATED_WINDOWS
-/// A line for each call since the machine was installed: its name, the key or file, the
-/// value in quotation marks, the access mask, the size that the caller passed, and the optional
-/// arguments that are not null.
+/// A line for each call since the machine was installed. Each line has the function name, the key or
+/// file, the value in quotation marks, the access mask, the size that the caller passed, and the
+/// optional arguments that are not null.
 QString journalText();
-/// The handles that the section left open or misused, one on each line.
+/// The handles that the section left open, closed twice or used although they are invalid, one on
+/// each line.
 QString handleProblems();
 #endif
