@@ -67,8 +67,8 @@ QStringList names(Enumerate enumerate)
 
 void subKeyNames()
 {
-    const auto row = [](const char *name, Form form, DWORD index, DWORD capacity, const QString &expected) {
-        addTestRow(name, [=] {
+    const auto row = [](const char *rowName, Form form, DWORD index, DWORD capacity, const QString &expected) {
+        addTestRow(rowName, [=] {
             const DescribedWindows windows(threeKeys());
             const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
             PoisonedBuffer name(capacity * unitSize(form));
@@ -99,8 +99,8 @@ void subKeyNames()
 
 void subKeyNamesWithoutSize()
 {
-    const auto row = [](const char *name, Form form, DWORD index, DWORD capacity, const QString &expected) {
-        addTestRow(name, [=] {
+    const auto row = [](const char *rowName, Form form, DWORD index, DWORD capacity, const QString &expected) {
+        addTestRow(rowName, [=] {
             const DescribedWindows windows(threeKeys());
             const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
             PoisonedBuffer name(capacity * unitSize(form));
@@ -121,9 +121,9 @@ void subKeyNamesWithoutSize()
 
 void orderOfSubKeys()
 {
-    const auto row = [](const char *name, const char *given, const char *expected, const QByteArray &wineDeviation = "") {
+    const auto row = [](const char *rowName, const char *given, const char *expected, const QByteArray &wineDeviation = "") {
         const auto list = [](const char *text) { return QString::fromUtf8(text).split('|'); };
-        addTestRow(name, [=, given = list(given), expected = list(expected)] {
+        addTestRow(rowName, [=, given = list(given), expected = list(expected)] {
             const DescribedWindows windows(subKeys(given));
             const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
             const QStringList actual
@@ -147,9 +147,9 @@ void orderOfSubKeys()
 
 void values()
 {
-    const auto row = [](const char *name, Form form, DWORD index, DWORD nameCapacity, DWORD capacity, const QString &expected,
+    const auto row = [](const char *rowName, Form form, DWORD index, DWORD nameCapacity, DWORD capacity, const QString &expected,
                         const QByteArray &wineDeviation = "") {
-        addTestRow(name, [=] {
+        addTestRow(rowName, [=] {
             const DescribedWindows windows(threeValues());
             const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
             PoisonedBuffer name(nameCapacity * unitSize(form));
@@ -195,8 +195,8 @@ void values()
 
 void valuesWithoutData()
 {
-    const auto row = [](const QString &name, Form form, DWORD size) {
-        addTestRow(name, [=] {
+    const auto row = [](const QString &rowName, Form form, DWORD size) {
+        addTestRow(rowName, [=] {
             const DescribedWindows windows(threeValues());
             const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
             PoisonedBuffer name(64);
@@ -216,8 +216,8 @@ void valuesWithoutData()
 
 void orderOfValues()
 {
-    const auto row = [](const QString &name, const QByteArray &given, const QStringList &expected, const QByteArray &wineDeviation) {
-        addTestRow(name, [=] {
+    const auto row = [](const QString &rowName, const QByteArray &given, const QStringList &expected, const QByteArray &wineDeviation) {
+        addTestRow(rowName, [=] {
             const DescribedWindows windows(contractKey() + given);
             const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
             const QStringList actual = names([&](DWORD index, PoisonedBuffer &name) {
@@ -236,8 +236,8 @@ void orderOfValues()
 
 void invalidCalls()
 {
-    const auto row = [](const QString &name, Form form) {
-        addTestRow(name, [=] {
+    const auto row = [](const QString &rowName, Form form) {
+        addTestRow(rowName, [=] {
             const DescribedWindows windows(threeValues());
             const RegistryKey key = openKeyWide(HKEY_LOCAL_MACHINE, contractPath);
             PoisonedBuffer name(64);

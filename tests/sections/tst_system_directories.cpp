@@ -28,9 +28,8 @@ const QString wow64Line("System Wow64 directory:  C:\\Windows\\SysWOW64\n");
 
 void textRows()
 {
-    const auto row = [](const char *name, const QString &windowsDirectory, const QString &wow64Directory,
-                        const QString &lines) {
-        rows.text(name, machineOf(windowsDirectory, wow64Directory), lines);
+    const auto row = [](const char *name, const QString &windows, const QString &wow64, const QString &lines) {
+        rows.text(name, machineOf(windows, wow64), lines);
     };
     const QString longest(1023, 'w');
     const QString tooLong(1024, 'w');
@@ -70,10 +69,10 @@ void callRows()
 
 void directoriesOfThisSystem()
 {
-    const QString windowsDirectory = qEnvironmentVariable("SystemRoot");
-    QVERIFY(!windowsDirectory.isEmpty());
-    const QString expected = heading + QStringLiteral("System directory:      ") + windowsDirectory
-        + "\nSystem Wow64 directory:  " + windowsDirectory + "\\syswow64\n";
+    const QString systemRoot = qEnvironmentVariable("SystemRoot");
+    QVERIFY(!systemRoot.isEmpty());
+    const QString expected = heading + QStringLiteral("System directory:      ") + systemRoot
+        + "\nSystem Wow64 directory:  " + systemRoot + "\\syswow64\n";
     COMPARE_TEXT(windowsSystemDirectories().toLower(), expected.toLower());
 }
 void addRows()
