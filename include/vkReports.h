@@ -1,0 +1,320 @@
+// Reports as data: reads the text of a report, converts it, compares it.
+//
+//     Document document = read(bytes);
+//     QByteArray json = toJson(document);
+//     Comparison comparison = compare(read(older), document);
+//
+// Everything starts from the finished text, so a report of another machine, year or build is read
+// as well as one of today. No function here asks the platform, needs a QCoreApplication or keeps
+// state between calls. All functions can be called from any thread; an object is used by one
+// thread at a time. No function throws, apart from std::bad_alloc.
+//
+// Static library: link vkSystemInfo::vkReports and Qt5::Core.
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QFlags>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace velkor {
+namespace Reports {
+
+/// The version of the JSON form. It grows when a key changes its meaning, not when keys are added.
+constexpr int schemaVersion = 1;
+
+// ---------------------------------------------------------------------------------------------
+// The catalogue: what a report can contain
+
+enum class Type {
+    Text,
+    Number,   ///< integer of up to 32 bits
+    Number64, ///< integer of up to 64 bits; a decimal text in JSON
+    Real,     ///< floating-point number
+    Bytes,    ///< count of bytes, up to 64 bits; a decimal text in JSON
+    Version,  ///< numbers with points between them
+    Date,     ///< date, or date and time
+    List,     ///< texts
+};
+
+enum class Changes {
+    Rarely,      ///< only when somebody or something changes the machine
+    EveryMoment, ///< times, free memory, process ids
+    Slowly,      ///< free disk space: a difference is one only if it is large
+};
+
+enum class Reveal {
+    Nothing = 0,
+    User = 0x1,
+    Host = 0x2,
+    Organisation = 0x4,
+    Address = 0x8,
+    SerialNumber = 0x10,
+    Path = 0x20,
+    Printer = 0x40,
+    DriveLabel = 0x80,
+    NetworkDrive = 0x100,
+    Secret = 0x200,
+};
+Q_DECLARE_FLAGS(Reveals, Reveal)
+Q_DECLARE_OPERATORS_FOR_FLAGS(Reveals)
+
+/// A fact of the format. The rows are in the order of the report.
+struct FactRow
+{
+    const char *section; ///< name of the section, such as "memoryInfo"
+    const char *item;    ///< kind of the item that the fact belongs to; empty for the section itself
+    const char *key;     ///< stable name in camel case, unique within section and item; empty for a fixed line
+    /// The line as the format has it; "%1", "%2" are the values. Facts of one line have equal lines.
+    const char *line;
+    int place;        ///< which of the line's values is this fact: 1, 2, ...
+    Type type;
+    const char *unit; ///< "Byte", "MHz", "min", "Hz", "mm", "inch", "dpi", "bit", "px", "%", or empty
+    Changes changes;
+    Reveals reveals;
+    unsigned form;    ///< how the reader recognises the line; see FactForm in reports/catalogue.h
+    const char *only; ///< the only text that the value can have, or empty
+
+    /// The label as it stands in the text: what precedes the value in its line, with its spaces.
+    QString label() const;
+};
+
+/// A kind of item: processors, drivers, drives, interfaces.
+struct ItemRow
+{
+    const char *section; ///< name of the section; "diskDevicesFromRegistry" stands for all of that function
+    const char *kind;    ///< name in camel case, such as "processor"
+    const char *list;    ///< name of a list of them, such as "processors"
+    const char *parent;  ///< kind of the item around it, or empty
+    const char *identity;      ///< key of the fact that identifies the item
+    const char *otherIdentity; ///< used if that fact is missing; or empty
+    const char *before;        ///< literal text before the item in the format
+    const char *between;       ///< literal text between two items
+    const char *after;         ///< literal text after the item
+};
+
+enum class Half {
+    Windows,
+    Qt,
+    OpenGL,
+};
+
+struct SectionRow
+{
+    const char *name; ///< name of the function; an argument follows after a colon
+    /// The lines at its beginning that hold no value, with their line feeds. Empty if the section
+    /// begins with a fact.
+    const char *heading;
+    Half half;
+    bool separator;    ///< followed by a separator line
+    const char *facts; ///< name in FactRow::section and ItemRow::section
+};
+
+const std::vector<FactRow> &factRows();
+const std::vector<ItemRow> &itemRows();
+const std::vector<SectionRow> &sectionRows();
+
+/// The 72 hyphens between sections, without the line feed.
+QByteArray separatorLine();
+/// The heading line of a half, without the line feed; empty for OpenGL, which has none.
+QByteArray halfHeading(Half half);
+
+// ---------------------------------------------------------------------------------------------
+// The document: a text and what stands where in it
+
+/// What a text went through after the library wrote it, and what the reader cannot decide.
+enum class State {
+    CrLf = 0x1,                    ///< lines end with carriage return and line feed, or carriage return alone
+    MailQuotes = 0x2,              ///< lines begin with ">"
+    ByteOrderMark = 0x4,
+    Utf16 = 0x8,                   ///< the bytes were UTF-16
+    TrailingBlanksStripped = 0x10,
+    LeadingBlanksStripped = 0x20,
+    BlanksCollapsed = 0x40,        ///< runs of spaces became one
+    NoBreakSpaces = 0x80,          ///< U+00A0 or tabs for spaces
+    WrappedLines = 0x100,          ///< long lines were broken at spaces
+    ForeignText = 0x200,           ///< text that is no report before, between or after
+    StartMissing = 0x400,
+    EndMissing = 0x800,            ///< also when the OpenGL section begins and does not end
+    SectionsMissing = 0x1000,      ///< a section between two others is missing
+    NativeDigits = 0x2000,         ///< dates with other digits than 0 to 9
+    SeveralReports = 0x4000,
+    NoReport = 0x8000,             ///< nothing of a report was found
+    Ambiguous = 0x10000,           ///< a value may pose as structure; see Document::ambiguous()
+    NotUtf8 = 0x20000,             ///< some bytes are no UTF-8
+};
+Q_DECLARE_FLAGS(States, State)
+Q_DECLARE_OPERATORS_FOR_FLAGS(States)
+
+/// The names of the states that are set, as JSON has them: "crLf", "mailQuotes".
+QStringList stateNames(States states);
+
+/// A value in the text.
+struct Fact
+{
+    int row = 0;   ///< index in factRows()
+    int item = -1; ///< index in Document::items(), or -1 if it belongs to the section itself
+    int begin = 0; ///< offset in Document::text()
+    int end = 0;
+};
+
+struct Item
+{
+    int kind = 0;    ///< index in itemRows()
+    int section = 0; ///< index in Document::sections()
+    int parent = -1; ///< index in Document::items(), or -1
+    int begin = 0;   ///< offset of its first line
+    int end = 0;     ///< offset after its last line
+    int firstFact = 0; ///< index in Document::facts()
+    int lastFact = 0;  ///< index after the last one, which includes those of the items in it
+};
+
+struct Section
+{
+    int row = 0;    ///< index in sectionRows()
+    int report = 0; ///< 0 for the first report of the text, 1 for the second
+    int begin = 0;
+    int end = 0;
+    int firstFact = 0;
+    int lastFact = 0;
+    int firstItem = 0;
+    int lastItem = 0;
+};
+
+enum class PlaceKind {
+    Heading,   ///< lines at the beginning of a half or a section
+    Separator, ///< 72 hyphens
+    Label,     ///< what the format itself puts around values, with the line ends
+    Value,
+    Empty,     ///< an empty line
+    Quote,     ///< the mail quote at the beginning of a line
+    Other,     ///< what no rule knows
+};
+
+struct Place
+{
+    PlaceKind kind = PlaceKind::Other;
+    int begin = 0;
+    int end = 0;
+    int fact = -1; ///< index in Document::facts(), for a value
+};
+
+class DocumentData;
+
+/// A text, and the sections, items and facts in it. Copying is cheap (implicitly shared, const).
+class Document
+{
+public:
+    Document();
+    explicit Document(std::shared_ptr<const DocumentData> data);
+
+    /// The bytes that were read, unchanged.
+    QByteArray bytes() const;
+    /// The text that all offsets refer to: the bytes themselves, or their UTF-8 form if they were
+    /// UTF-16 (an unpaired surrogate becomes the three bytes that UTF-8 would have for it).
+    const QByteArray &text() const;
+
+    States states() const;
+    /// Offsets of lines that may belong to a value or to the structure, in ascending order.
+    const std::vector<int> &ambiguous() const;
+
+    const std::vector<Section> &sections() const;
+    const std::vector<Item> &items() const;
+    const std::vector<Fact> &facts() const;
+    /// Every byte of text() in exactly one place, in order, without gaps.
+    std::vector<Place> places() const;
+
+    const FactRow &row(const Fact &fact) const;
+
+    /// The value's bytes, without the line ends, quotes and indentation of its further lines. A
+    /// line break inside becomes a line feed, or a space if lines were wrapped.
+    QByteArray value(const Fact &fact) const;
+    /// value() as text, for people and for comparisons: no-break spaces become spaces, and spaces
+    /// at both ends are removed. Bytes that are no UTF-8 become replacement characters.
+    QString display(const Fact &fact) const;
+    /// The entries of a fact of type List; value() alone for other types.
+    std::vector<QByteArray> values(const Fact &fact) const;
+    /// The number of a fact of type Number, Number64 or Bytes; of "70.6 GByte" the smallest count
+    /// that is written so. Empty if the value is no number.
+    std::optional<qint64> integer(const Fact &fact) const;
+    std::optional<quint64> bytes64(const Fact &fact) const;
+    std::optional<double> real(const Fact &fact) const;
+    /// The date of a fact of type Date in ISO 8601: "2021-07-19" or "2023-12-05T09:41:07"; empty
+    /// if the value is no date. The time has no time zone: the fact's meaning says which one it is.
+    QString isoDate(const Fact &fact) const;
+
+    /// The fact with this key that belongs to \a item, or to \a section itself if \a item is -1;
+    /// null if there is none. Of several the first.
+    const Fact *find(int section, int item, const char *key) const;
+    /// The section with this name in the first report that has it; -1 if there is none.
+    int findSection(const char *name) const;
+    /// What identifies an item among its siblings: a drive's letter, a module's file name in lower
+    /// case. Empty if the fact is missing.
+    QString identity(int item) const;
+
+    const DocumentData &data() const;
+
+private:
+    std::shared_ptr<const DocumentData> d;
+};
+
+/// Reads any bytes. Never fails: what is no report becomes PlaceKind::Other.
+Document read(const QByteArray &bytes);
+
+// ---------------------------------------------------------------------------------------------
+// JSON
+
+/// The document as JSON, UTF-8, with line feeds. docs/report.schema.json describes it.
+QByteArray toJson(const Document &document);
+/// Reads what toJson() wrote: the document of the same bytes. If it is anything else, returns
+/// nothing and sets \a error to a message for the user.
+std::optional<Document> fromJson(const QByteArray &json, QString *error = nullptr);
+
+// ---------------------------------------------------------------------------------------------
+// Comparison
+
+enum class Difference {
+    Changed,
+    Added,
+    Removed,
+};
+
+/// Which of two values is newer or larger; Unknown for texts and for values that cannot be ordered.
+enum class Order {
+    Unknown,
+    OldIsNewer,
+    NewIsNewer,
+};
+
+/// A fact, an item or a section that differs.
+struct Change
+{
+    Difference difference = Difference::Changed;
+    QString section; ///< name of the section
+    /// Names of the items around the fact, outermost first: "deviceClass Display", "driver PCI\VEN_1002".
+    QStringList items;
+    int row = -1;            ///< index in factRows(); -1 if a whole item or section was added or removed
+    QString oldValue;        ///< as Document::display() gives it; empty if added
+    QString newValue;        ///< empty if removed
+    QStringList addedEntries;   ///< of a list
+    QStringList removedEntries; ///< of a list
+    Order order = Order::Unknown;
+    bool everyMoment = false; ///< changes from moment to moment
+    bool sameIdentity = false; ///< several items have that identity and were paired in order
+};
+
+struct Comparison
+{
+    std::vector<Change> changes; ///< in the order of the catalogue
+    /// True if nothing differs but what changes every moment.
+    bool same() const;
+};
+
+/// Compares the first report of each document.
+Comparison compare(const Document &older, const Document &newer);
+
+} // namespace Reports
+} // namespace velkor
