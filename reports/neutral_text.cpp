@@ -37,7 +37,7 @@ QString visible(ushort unit)
 }
 
 /// \a text with all characters visible that \a hides names or that no form can show.
-template<typename Hides>
+template <typename Hides>
 QString withVisible(const QString &text, Hides hides)
 {
     QString result;
