@@ -1,4 +1,4 @@
-#include "values.h"
+#include "value_comparison.h"
 
 #include <QtCore/QHash>
 #include <algorithm>
