@@ -384,5 +384,40 @@ QByteArray comparisonMarkdown(const ComparisonTable &table, const ComparisonOpti
 QByteArray comparisonHtml(const Comparison &comparison, const ComparisonOptions &options);
 QByteArray comparisonHtml(const ComparisonTable &table, const ComparisonOptions &options);
 
+// ---------------------------------------------------------------------------------------------
+// Formats for people
+//
+// Values come from strangers. In Markdown and HTML none of them has an effect: no mention, link,
+// image, HTML or script. Text is copied as it is; terminalText() of the programs makes it harmless.
+
+struct WriteOptions
+{
+    std::vector<int> sections; ///< indexes in sectionRows(); empty for everything
+    /// For Markdown and text: the result has at most so many UTF-16 code units, which is how issue
+    /// trackers count characters. What was left out is said in the result. 0 for no limit.
+    int maxLength = 0;
+    bool onlySummary = false; ///< writes summary() and nothing else
+};
+
+/// What support asks first. The value is not made harmless.
+struct SummaryLine
+{
+    const char *key = ""; ///< stable name in camel case, such as "memory"
+    QString label;        ///< for people, such as "Memory"
+    QString value;
+};
+
+/// At most 20 lines, and one more for each further disk that is nearly full and each call that failed.
+/// Lines about facts that the document does not have are missing.
+std::vector<SummaryLine> summary(const Document &document);
+
+/// The sections of \a options as they stand in the text. All of them without a limit are the bytes
+/// that were read.
+QByteArray toText(const Document &document, const WriteOptions &options = {});
+/// Markdown for issue trackers: tables, and code blocks in folds.
+QByteArray toMarkdown(const Document &document, const WriteOptions &options = {});
+/// One page without scripts, which loads nothing.
+QByteArray toHtml(const Document &document, const WriteOptions &options = {});
+
 } // namespace Reports
 } // namespace velkor

@@ -1,31 +1,14 @@
 #include "comparison_words.h"
 
+#include "labels.h"
 #include "section_names.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace velkor {
 namespace Reports {
 
 namespace {
-
-/// "physicalDpiX" is "physical dpi x".
-QString wordsOf(const QString &key)
-{
-    QString words;
-    for (const QChar letter : key) {
-        if (letter.isUpper())
-            words += QLatin1Char(' ');
-        words += letter.toLower();
-    }
-    return words;
-}
-
-bool hasSeveralValues(const FactRow &row)
-{
-    return std::strstr(row.line, "%2") != nullptr;
-}
 
 QString orderWord(const Change &change)
 {
@@ -78,12 +61,7 @@ std::vector<const Change *> shown(const std::vector<Change> &changes, bool all)
 
 QString factTitle(int row)
 {
-    const FactRow &fact = factRows()[std::size_t(row)];
-    QString title = fact.label().simplified();
-    while (title.endsWith(QLatin1Char(':')) || title.endsWith(QLatin1Char('=')) || title.endsWith(QLatin1Char(' ')))
-        title.chop(1);
-    const bool hasLetter = std::any_of(title.begin(), title.end(), [](QChar c) { return c.isLetter(); });
-    return hasLetter && !hasSeveralValues(fact) ? title : wordsOf(QString::fromUtf8(fact.key));
+    return factLabel(factRows()[std::size_t(row)]);
 }
 
 QString sectionHeading(const QString &section)

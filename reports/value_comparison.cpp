@@ -1,5 +1,7 @@
 #include "value_comparison.h"
 
+#include "nearly_full.h"
+
 #include <QtCore/QHash>
 #include <algorithm>
 #include <cstring>
@@ -232,11 +234,6 @@ QStringList entriesWithout(const QStringList &list, const QStringList &other)
             result += entry;
     }
     return result;
-}
-
-bool isNearlyFull(quint64 free, quint64 total)
-{
-    return free < nearlyFullBytes || double(free) < double(total) * nearlyFullShare;
 }
 
 bool isLargeChange(quint64 oldFree, quint64 oldTotal, quint64 newFree, quint64 newTotal)

@@ -40,13 +40,9 @@ std::optional<QStringList> entries(const Document &document, const Fact &fact);
 /// The entries of \a list without those of \a other. Each of equal entries counts.
 QStringList entriesWithout(const QStringList &list, const QStringList &other);
 
-/// A drive is nearly full if less than this share or less than this size is free.
-constexpr double nearlyFullShare = 0.05;
-constexpr quint64 nearlyFullBytes = quint64(1) << 30;
 /// Free space that differs by more than this share of the drive's size is a difference.
 constexpr double largeChangeShare = 0.1;
 
-bool isNearlyFull(quint64 free, quint64 total);
 /// Whether a change of the free space is one to report.
 bool isLargeChange(quint64 oldFree, quint64 oldTotal, quint64 newFree, quint64 newTotal);
 
