@@ -1,12 +1,9 @@
 // The lines that support asks for first.
 
 #include "catalogue.h"
-#include "formats.h"
 #include "labels.h"
 #include "nearly_full.h"
 #include "state_texts.h"
-
-#include <algorithm>
 
 namespace velkor {
 namespace Reports {
@@ -76,7 +73,7 @@ private:
         return place >= 0 && m_document.find(place, -1, key);
     }
     /// Calls \a visit(section, item) for each item of that kind in the section.
-    template<typename Visit>
+    template <typename Visit>
     void forItems(const char *section, const char *kind, Visit visit) const
     {
         const int place = m_document.findSection(section);
@@ -244,8 +241,7 @@ void Summary::addFailures()
             const Fact &fact = m_document.facts()[std::size_t(i)];
             const FactRow &row = m_document.row(fact);
             if (row.form & Failure) {
-                failures << QStringLiteral("%1: %2: %3").arg(QString::fromLatin1(sectionRows()[std::size_t(section.row)].name),
-                                                             factLabel(row), m_document.display(fact));
+                failures << QStringLiteral("%1: %2: %3").arg(QString::fromLatin1(sectionRows()[std::size_t(section.row)].name), factLabel(row), m_document.display(fact));
             }
         }
     }
@@ -279,17 +275,6 @@ std::vector<SummaryLine> Summary::lines()
 std::vector<SummaryLine> summary(const Document &document)
 {
     return Summary(document).lines();
-}
-
-QString summaryText(const std::vector<SummaryLine> &lines)
-{
-    int width = 0;
-    for (const SummaryLine &line : lines)
-        width = std::max(width, line.label.size());
-    QString text;
-    for (const SummaryLine &line : lines)
-        text += (line.label + QLatin1Char(':')).leftJustified(width + 2) + line.value + QLatin1Char('\n');
-    return text;
 }
 
 } // namespace Reports
