@@ -190,6 +190,7 @@ enum class PlaceKind {
     Label,     ///< what the format itself puts around values, with the line ends
     Value,
     Empty,     ///< an empty line
+    Mark,      ///< the byte-order mark
     Quote,     ///< the mail quote at the beginning of a line
     Other,     ///< what no rule knows
 };
@@ -216,6 +217,12 @@ public:
     /// The text that all offsets refer to: the bytes themselves, or their UTF-8 form if they were
     /// UTF-16 (an unpaired surrogate becomes the three bytes that UTF-8 would have for it).
     const QByteArray &text() const;
+    /// "UTF-8", "UTF-16LE" or "UTF-16BE".
+    QByteArray encoding() const;
+    /// What ends the lines: "\n", "\r\n" or "\r".
+    QByteArray lineEnd() const;
+    /// The mail quote that lines of the report begin with, such as "> "; or empty.
+    QByteArray linePrefix() const;
 
     States states() const;
     /// Offsets of lines that may belong to a value or to the structure, in ascending order.
@@ -224,7 +231,7 @@ public:
     const std::vector<Section> &sections() const;
     const std::vector<Item> &items() const;
     const std::vector<Fact> &facts() const;
-    /// Every byte of text() in exactly one place, in order, without gaps.
+    /// Every byte of text() in exactly one place, in order, without gaps. Empty values have none.
     std::vector<Place> places() const;
 
     const FactRow &row(const Fact &fact) const;

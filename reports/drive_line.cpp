@@ -1,0 +1,205 @@
+#include "drive_line.h"
+
+namespace velkor {
+namespace Reports {
+
+namespace {
+
+constexpr std::string_view types[] = {
+    "no root dir mounted  ",
+    "removable media      ",
+    "fixed drive          ",
+    "remote/network drive ",
+    "CD/DVD drive         ",
+    "RAM disk drive       ",
+};
+
+constexpr int rootLength = 3; // "C:\"
+
+enum Part {
+    Root,
+    Type,
+    FileSystem,
+    Label,
+    Free,
+    Total,
+};
+
+std::string_view trimmed(std::string_view text)
+{
+    while (!text.empty() && text.back() == ' ')
+        text.remove_suffix(1);
+    return text;
+}
+
+class DriveLine
+{
+public:
+    DriveLine(const char *text, int begin, int end, Span *spans, Alterations *altered)
+        : m_text(text)
+        , m_begin(begin)
+        , m_end(end)
+        , m_spans(spans)
+        , m_altered(altered)
+    {
+    }
+
+    bool match()
+    {
+        return matchRoot() && matchType() && matchSizes() && matchVolume();
+    }
+
+private:
+    std::string_view view(int begin, int end) const
+    {
+        return std::string_view(m_text + begin, std::size_t(end - begin));
+    }
+
+    int afterBlanks(int at) const
+    {
+        while (at < m_end) {
+            const int length = blankLength(m_text, at, m_end);
+            if (length == 0)
+                break;
+            at += length;
+        }
+        return at;
+    }
+
+    int beforeBlanks(int from, int at) const
+    {
+        while (at > from) {
+            if (blankLength(m_text, at - 1, m_end) == 1)
+                at -= 1;
+            else if (at - 2 >= from && blankLength(m_text, at - 2, m_end) == 2)
+                at -= 2;
+            else
+                break;
+        }
+        return at;
+    }
+
+    bool matchRoot()
+    {
+        if (m_end - m_begin < rootLength || m_text[m_begin] < 'A' || m_text[m_begin] > 'Z' || m_text[m_begin + 1] != ':'
+            || m_text[m_begin + 2] != '\\')
+            return false;
+        m_spans[Root] = {m_begin, m_begin + rootLength};
+        m_begin += rootLength;
+        if (m_altered) {
+            m_altered->trailing |= m_begin == m_end;
+            m_begin = afterBlanks(m_begin);
+            return true;
+        }
+        if (m_begin == m_end || m_text[m_begin] != ' ')
+            return false;
+        ++m_begin;
+        return true;
+    }
+
+    bool matchType()
+    {
+        m_spans[Type] = {};
+        for (const std::string_view padded : types) {
+            const std::string_view type = trimmed(padded);
+            const std::string_view rest = view(m_begin, m_end);
+            if (rest.substr(0, type.size()) != type)
+                continue;
+            if (!m_altered && rest.substr(0, padded.size()) != padded)
+                continue;
+            m_spans[Type] = {m_begin, m_begin + int(type.size())};
+            m_begin += int(m_altered ? type.size() : padded.size());
+            if (m_altered)
+                m_begin = afterBlanks(m_begin);
+            return true;
+        }
+        return true;
+    }
+
+    /// Moves \a end before the size that ends there, "70.6 GByte", if \a label stands before it.
+    bool cutSize(std::string_view label, int &end, Span &span) const
+    {
+        const std::size_t found = view(m_begin, end).rfind(label);
+        if (found == std::string_view::npos)
+            return false;
+        const int valueBegin = m_begin + int(found + label.size());
+        const std::string_view size = view(valueBegin, end);
+        if (size.empty() || size.front() < '0' || size.front() > '9' || size.size() > 32
+            || size.substr(size.size() >= 4 ? size.size() - 4 : 0) != "Byte")
+            return false;
+        span = {valueBegin, end};
+        end = m_begin + int(found);
+        return true;
+    }
+
+    bool matchSizes()
+    {
+        m_spans[Free] = {};
+        m_spans[Total] = {};
+        int end = m_end;
+        if (m_altered)
+            end = beforeBlanks(m_begin, end);
+        else if (end > m_begin && m_text[end - 1] == ' ')
+            --end;
+        else
+            return true;
+        Span total;
+        Span available;
+        if (!cutSize(" Total: ", end, total) || !cutSize("Free: ", end, available))
+            return true;
+        m_spans[Free] = available;
+        m_spans[Total] = total;
+        if (m_altered && m_end == total.end)
+            m_altered->trailing = true;
+        m_end = end;
+        return true;
+    }
+
+    bool matchVolume()
+    {
+        m_spans[FileSystem] = {};
+        m_spans[Label] = {};
+        if (m_begin == m_end)
+            return true;
+        if (m_altered)
+            return matchAlteredVolume();
+        const std::string_view volume = view(m_begin, m_end);
+        const std::size_t gap = volume.find("  ");
+        if (gap == std::string_view::npos || volume.size() < gap + 4 || volume.substr(volume.size() - 2) != "  ")
+            return false;
+        m_spans[FileSystem] = {m_begin, m_begin + int(gap)};
+        m_spans[Label] = {m_begin + int(gap) + 2, m_end - 2};
+        return true;
+    }
+
+    bool matchAlteredVolume()
+    {
+        m_altered->collapsed = true;
+        const int end = beforeBlanks(m_begin, m_end);
+        if (end == m_begin)
+            return true;
+        int gap = m_begin;
+        while (gap < end && blankLength(m_text, gap, end) == 0)
+            ++gap;
+        m_spans[FileSystem] = {m_begin, gap};
+        const int label = afterBlanks(gap);
+        m_spans[Label] = {label < end ? label : end, end};
+        return true;
+    }
+
+    const char *m_text;
+    int m_begin;
+    int m_end;
+    Span *m_spans;
+    Alterations *m_altered;
+};
+
+} // namespace
+
+bool matchDrive(const char *text, int begin, int end, Span *spans, Alterations *altered)
+{
+    return DriveLine(text, begin, end, spans, altered).match();
+}
+
+} // namespace Reports
+} // namespace velkor

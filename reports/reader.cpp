@@ -1,0 +1,865 @@
+#include "reader.h"
+
+#include "text_encoding.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace velkor {
+namespace Reports {
+
+namespace {
+
+constexpr int strongWeight = 6; // characters that prove a line without its heading
+constexpr int hyphensOfClass = 28;
+constexpr int underscoresOfInterface = 55;
+
+bool isRun(std::string_view line, char character, int length)
+{
+    return int(line.size()) == length && line.find_first_not_of(character) == std::string_view::npos;
+}
+
+bool isKind(const char *name, const char *kind)
+{
+    return std::strcmp(name, kind) == 0;
+}
+
+bool hasNativeDigits(std::string_view value)
+{
+    const QString text = QString::fromUtf8(value.data(), int(value.size()));
+    return std::any_of(text.begin(), text.end(), [](QChar c) { return c.unicode() > 0x7f && c.isDigit(); });
+}
+
+/// Values of these types are written from numbers, so they have no line breaks.
+bool isOneLine(Type type)
+{
+    return type == Type::Number || type == Type::Number64 || type == Type::Real || type == Type::Bytes;
+}
+
+int lastSection()
+{
+    return int(sectionRows().size()) - 1;
+}
+
+int lastWindowsSection()
+{
+    int last = -1;
+    for (const SectionRow &row : sectionRows())
+        last += row.half == Half::Windows ? 1 : 0;
+    return last;
+}
+
+/// A section that the report leaves out if a call fails, or that the host can leave out.
+bool isOptional(int section)
+{
+    const char *name = sectionRows()[std::size_t(section)].name;
+    return isKind(name, "userName") || isKind(name, "someEnvironmentVariables") || isKind(name, "GetOpenGLInfo");
+}
+
+/// Which sections of the reports are missing.
+States missingSections(const std::vector<Section> &sections)
+{
+    States states;
+    int report = -1;
+    int previous = -1;
+    const auto endReport = [&] {
+        for (int row = previous + 1; report >= 0 && row <= lastSection(); ++row)
+            states.setFlag(State::EndMissing, states.testFlag(State::EndMissing) || !isOptional(row));
+    };
+    for (const Section &section : sections) {
+        const bool first = section.report != report;
+        if (first)
+            endReport();
+        if (first && section.row != 0)
+            states |= State::StartMissing;
+        for (int row = previous + 1; !first && row < section.row; ++row)
+            states.setFlag(State::SectionsMissing, states.testFlag(State::SectionsMissing) || !isOptional(row));
+        report = section.report;
+        previous = section.row;
+    }
+    endReport();
+    return states;
+}
+
+} // namespace
+
+void SpaceEvidence::count(const LineForm &form, bool emptyValue)
+{
+    m_leading.exact += form.hasLeading() ? 1 : 0;
+    m_collapsed.exact += form.hasRuns() ? 1 : 0;
+    m_trailing.exact += emptyValue && form.hasTrailing() ? 1 : 0;
+}
+
+bool SpaceEvidence::allows(const Alterations &found) const
+{
+    return found.noBreak || ((!found.leading || m_leading.allows()) && (!found.trailing || m_trailing.allows())
+        && (!found.collapsed || m_collapsed.allows()));
+}
+
+void SpaceEvidence::count(const Alterations &found)
+{
+    m_leading.altered += found.leading ? 1 : 0;
+    m_trailing.altered += found.trailing ? 1 : 0;
+    m_collapsed.altered += found.collapsed ? 1 : 0;
+    m_noBreak |= found.noBreak;
+}
+
+States SpaceEvidence::states() const
+{
+    States states;
+    states.setFlag(State::LeadingBlanksStripped, m_leading.altered > 0);
+    states.setFlag(State::TrailingBlanksStripped, m_trailing.altered > 0);
+    states.setFlag(State::BlanksCollapsed, m_collapsed.altered > 0);
+    states.setFlag(State::NoBreakSpaces, m_noBreak);
+    return states;
+}
+
+Reader::Reader(DocumentData &data, const Transport &transport)
+    : m_data(data)
+    , m_transport(transport)
+    , m_text(data.text.constData())
+    , m_size(data.text.size())
+{
+}
+
+void Reader::read()
+{
+    int begin = 0;
+    if (m_data.text.startsWith("\xef\xbb\xbf")) {
+        begin = 3;
+        mark(PlaceKind::Mark, 0, begin);
+        m_states |= State::ByteOrderMark;
+    }
+    m_previous.next = begin;
+    while (begin < m_size) {
+        m_line = lineAt(begin);
+        if (m_line.content > m_line.begin)
+            m_states |= State::MailQuotes;
+        readLine();
+        m_previous = m_line;
+        begin = m_line.next;
+    }
+    finish();
+}
+
+// -------------------------------------------------------------------------------------------------
+// Lines
+
+TextLine Reader::lineAt(int begin) const
+{
+    TextLine line;
+    line.begin = begin;
+    const char last = m_transport.lineEnd[m_transport.lineEnd.size() - 1];
+    const void *found = std::memchr(m_text + begin, last, std::size_t(m_size - begin));
+    line.end = found ? int(static_cast<const char *>(found) - m_text) : m_size;
+    line.next = found ? line.end + 1 : m_size;
+    if (m_transport.lineEnd.size() == 2 && line.end > begin && m_text[line.end - 1] == '\r')
+        --line.end;
+    line.content = begin;
+    const QByteArray &prefix = m_transport.linePrefix;
+    if (prefix.isEmpty())
+        return line;
+    const std::string_view bytes(m_text + begin, std::size_t(line.end - begin));
+    const std::string_view quote(prefix.constData(), std::size_t(prefix.size()));
+    Alterations ignored;
+    if (bytes.substr(0, quote.size()) == quote) {
+        if (headingAt(m_text, line.content, line.end, &ignored) == noSection || quote.size() > 1)
+            line.content += prefix.size();
+    } else if (quote.back() == ' ' && bytes == quote.substr(0, quote.size() - 1)) {
+        line.content = line.end;
+    }
+    return line;
+}
+
+TextLine Reader::peek() const
+{
+    return m_line.next < m_size ? lineAt(m_line.next) : TextLine {m_size, m_size, m_size, m_size};
+}
+
+bool Reader::isHeading(const TextLine &line, int &begins) const
+{
+    Alterations ignored;
+    begins = headingAt(m_text, line.content, line.end, &ignored);
+    return begins != noSection;
+}
+
+// -------------------------------------------------------------------------------------------------
+// Structure
+
+void Reader::readLine()
+{
+    if (readForced() || readSeparator())
+        return;
+    if (m_section == noSection) {
+        if (readHeading(true) || resumes() || startsWithoutHeading())
+            return;
+        if (m_line.isEmpty()) {
+            mark(PlaceKind::Empty, m_line.begin, m_line.next);
+            return;
+        }
+        mark(PlaceKind::Other, m_line.begin, m_line.next);
+        m_states |= State::ForeignText;
+        m_separated = true;
+        return;
+    }
+    readSectionLine();
+}
+
+/// Lines that are values whatever stands in them.
+bool Reader::readForced()
+{
+    if (m_valueOnNextLine) {
+        takeNextLine();
+        return true;
+    }
+    if (!m_afterRule || m_section == noSection)
+        return false;
+    m_afterRule = false;
+    int begins = noSection;
+    if (isSeparator(m_text, m_line.content, m_line.end) && (m_line.next == m_size || isHeading(peek(), begins)))
+        return false;
+    if (m_line.isEmpty())
+        return false;
+    if (m_line.content > m_line.begin)
+        mark(PlaceKind::Quote, m_line.begin, m_line.content);
+    for (int i = 0; i < int(m_form->lines.size()); ++i) {
+        const LineForm &form = m_form->lines[std::size_t(i)];
+        Span spans[maximalValues];
+        if (!form.has(Anything) || !form.has(Opens))
+            continue;
+        if (form.match(m_text, m_line.content, m_line.end, spans)) {
+            accept(form, i, spans);
+            return true;
+        }
+        if (form.matchBeginning(m_text, m_line.content, m_line.end, spans) && !readExact()) {
+            accept(form, i, spans);
+            m_pendingSuffix = form.suffix();
+        }
+        return true;
+    }
+    return false;
+}
+
+/// Decides whether a line of hyphens separates sections: then the heading of a later section follows,
+/// or the text ends.
+bool Reader::readSeparator()
+{
+    if (!isSeparator(m_text, m_line.content, m_line.end)) {
+        const int hyphens = m_section == noSection ? -1 : gluedSeparator(m_text, m_line.content, m_line.end);
+        if (hyphens < 0)
+            return false;
+        for (int i = 0; i < int(m_form->lines.size()); ++i) {
+            const LineForm &form = m_form->lines[std::size_t(i)];
+            Span spans[maximalValues];
+            if (!form.has(NoLineEnd) || !form.match(m_text, m_line.content, hyphens, spans))
+                continue;
+            accept(form, i, spans);
+            leave();
+            mark(PlaceKind::Separator, hyphens, m_line.next);
+            m_separated = true;
+            return true;
+        }
+        return false;
+    }
+    int begins = noSection;
+    const bool headingFollows = isHeading(peek(), begins);
+    const int section = m_section;
+    leave();
+    if (m_line.content > m_line.begin)
+        mark(PlaceKind::Quote, m_line.begin, m_line.content);
+    mark(PlaceKind::Separator, m_line.content, m_line.next);
+    m_suspended = headingFollows || section == lastSection() ? noSection : section;
+    m_separated = true;
+    return true;
+}
+
+/// Enters the half or the section that the line begins. \a expected: a heading can stand here.
+bool Reader::readHeading(bool expected)
+{
+    Alterations alterations;
+    const int begins = headingAt(m_text, m_line.content, m_line.end, &alterations);
+    if (begins == noSection)
+        return false;
+    if (begins < 0) {
+        int follows = noSection;
+        const TextLine next = peek();
+        const bool proven = isHeading(next, follows) || next.begin == m_size;
+        if (!expected && !proven)
+            return false;
+        if (!expected)
+            noteAmbiguous();
+        leave();
+        if (begins == windowsHalf || m_report < 0) {
+            ++m_report;
+            m_order = -1;
+            m_orderBeforeJump = -1;
+            m_spaces = m_report > 0 ? SpaceEvidence() : m_spaces;
+        }
+        if (m_line.content > m_line.begin)
+            mark(PlaceKind::Quote, m_line.begin, m_line.content);
+        mark(PlaceKind::Heading, m_line.content, m_line.next);
+        m_separated = true;
+        m_suspended = noSection;
+        if (begins == qtHalf)
+            m_order = std::max(m_order, lastWindowsSection());
+        return true;
+    }
+    if (!expected && begins <= m_order)
+        return false;
+    if (beginsWithFact(begins)) {
+        if (!expected && !(m_section != noSection && begins == m_section + 1))
+            return false;
+        enter(begins, false);
+        readSectionLine();
+        return true;
+    }
+    m_spaces.count(alterations);
+    if (!expected && isOpenEnded())
+        noteAmbiguous();
+    enter(begins, true);
+    return true;
+}
+
+/// True if any line can be an entry of the section, so that its end shows only by a separator.
+bool Reader::isOpenEnded() const
+{
+    const auto takesAnything = [](const LineForm &form) {
+        return form.has(Anything) || (form.weight() < strongWeight && form.has(Opens));
+    };
+    return sectionRow().separator && std::any_of(m_form->lines.begin(), m_form->lines.end(), takesAnything);
+}
+
+void Reader::enter(int section, bool heading)
+{
+    const int from = m_section;
+    leave();
+    if (m_report < 0)
+        m_report = 0;
+    if (section <= m_order) {
+        if (m_orderBeforeJump >= 0 && section > m_orderBeforeJump && m_separated) {
+            noteAmbiguous(); // the sections after the jump may belong to a value
+        } else {
+            if (from != noSection || !m_separated)
+                noteAmbiguous();
+            ++m_report;
+        }
+        m_orderBeforeJump = -1;
+    } else if (section > m_order + 2 && m_order >= 0) {
+        m_orderBeforeJump = m_order;
+    }
+    m_order = section;
+    m_section = section;
+    m_form = &sectionForm(section);
+    m_separated = false;
+    m_suspended = noSection;
+    m_lastForm = -1;
+    m_lastFact = -1;
+    m_emptyLines = 0;
+    m_atStart = true;
+    m_afterRule = false;
+    m_valueOnNextLine = false;
+    m_pendingSuffix = {};
+    m_levels.assign(1, {-1, 0});
+    Section entered;
+    entered.row = section;
+    entered.report = m_report;
+    entered.begin = m_line.begin;
+    entered.end = m_line.next;
+    entered.firstFact = int(m_data.facts.size());
+    entered.firstItem = int(m_data.items.size());
+    m_data.sections.push_back(entered);
+    if (!heading)
+        return;
+    if (m_line.content > m_line.begin)
+        mark(PlaceKind::Quote, m_line.begin, m_line.content);
+    mark(PlaceKind::Heading, m_line.content, m_line.next);
+}
+
+void Reader::leave()
+{
+    if (m_section == noSection)
+        return;
+    closeItems(0);
+    Section &section = m_data.sections.back();
+    section.end = m_line.begin;
+    section.lastFact = int(m_data.facts.size());
+    section.lastItem = int(m_data.items.size());
+    m_section = noSection;
+    m_form = nullptr;
+    m_valueOnNextLine = false;
+    m_pendingSuffix = {};
+}
+
+/// After a separator without a heading: a line of the section before it shows that the separator
+/// belongs to a value.
+bool Reader::resumes()
+{
+    if (m_suspended == noSection || m_data.sections.empty() || m_lastFact < 0)
+        return false;
+    const SectionForm &form = sectionForm(m_suspended);
+    for (int i = 0; i < int(form.lines.size()); ++i) {
+        const LineForm &line = form.lines[std::size_t(i)];
+        Span spans[maximalValues];
+        if (line.has(Anything) || line.has(NextLine) || !line.match(m_text, m_line.content, m_line.end, spans))
+            continue;
+        Section &section = m_data.sections.back();
+        m_section = m_suspended;
+        m_form = &sectionForm(m_section);
+        m_suspended = noSection;
+        m_levels.assign(1, {-1, 0});
+        Fact &last = m_data.facts[std::size_t(m_lastFact)];
+        absorb(last.end);
+        last.end = std::max(last.end, m_previous.end);
+        for (int item = last.item; item >= 0; item = m_data.items[std::size_t(item)].parent)
+            m_levels.insert(m_levels.begin() + 1, {item, 0});
+        section.end = m_line.next;
+        noteAmbiguous();
+        readSectionLine();
+        return true;
+    }
+    return false;
+}
+
+/// A line whose section is known without a heading: the beginning of the section is missing.
+bool Reader::startsWithoutHeading()
+{
+    std::vector<int> candidates;
+    std::size_t longest = 0;
+    for (int section = 0; section <= lastSection(); ++section) {
+        for (const LineForm &line : sectionForm(section).lines) {
+            Span spans[maximalValues];
+            if (line.weight() < strongWeight || line.row().line[0] != m_text[m_line.content]
+                || !line.match(m_text, m_line.content, m_line.end, spans))
+                continue;
+            const std::size_t length = std::size_t(line.row().label().size());
+            if (length > longest)
+                candidates.clear();
+            longest = std::max(longest, length);
+            if (length == longest && (candidates.empty() || candidates.back() != section))
+                candidates.push_back(section);
+        }
+    }
+    if (candidates.empty())
+        return false;
+    enter(candidates.size() == 1 ? candidates.front() : sectionBeforeNextHeading(candidates), false);
+    m_atStart = false;
+    m_states |= m_report == 0 && m_data.sections.size() == 1 ? State::StartMissing : State::SectionsMissing;
+    readSectionLine();
+    return true;
+}
+
+int Reader::sectionBeforeNextHeading(const std::vector<int> &candidates) const
+{
+    for (int begin = m_line.next; begin < m_size;) {
+        const TextLine line = lineAt(begin);
+        int begins = noSection;
+        if (isHeading(line, begins) && begins >= 0) {
+            int best = candidates.front();
+            for (const int candidate : candidates)
+                best = candidate < begins ? candidate : best;
+            return best;
+        }
+        begin = line.next;
+    }
+    return candidates.front();
+}
+
+// -------------------------------------------------------------------------------------------------
+// Lines of a section
+
+void Reader::readSectionLine()
+{
+    if (m_line.content > m_line.begin)
+        mark(PlaceKind::Quote, m_line.begin, m_line.content);
+    if (m_line.isEmpty()) {
+        readEmptyLine();
+        return;
+    }
+    if (readRule() || (isWrapped() && readWrapped()) || readExact() || (m_pendingSuffix.empty() && readHeading(false)))
+        return;
+    if (!m_pendingSuffix.empty()) {
+        finishBeginning();
+        return;
+    }
+    if (readAltered(strongWeight) || readAnything() || readBeginning() || readAltered(1) || continueValue())
+        return;
+    mark(PlaceKind::Other, m_line.content, m_line.next);
+}
+
+void Reader::readEmptyLine()
+{
+    mark(PlaceKind::Empty, m_line.content, m_line.next);
+    ++m_emptyLines;
+    if (!inKind("instance") && !inKind("device"))
+        return;
+    // An empty line ends an instance, a further one ends the device.
+    closeItems(m_levels.size() - 1);
+}
+
+/// The line that begins the block of a device class or of an interface.
+bool Reader::readRule()
+{
+    const std::string_view line(m_text + m_line.content, std::size_t(m_line.end - m_line.content));
+    const bool drivers = isKind(sectionRow().facts, "driverInfoFromRegistry") && isRun(line, '-', hyphensOfClass);
+    const bool interfaces = isKind(sectionRow().facts, "qtNetworkInterfaces") && isRun(line, '_', underscoresOfInterface);
+    if (!drivers && !interfaces)
+        return false;
+    closeItems(1);
+    m_afterRule = true;
+    m_pendingSuffix = {};
+    m_lastFact = -1;
+    return true;
+}
+
+/// True if the line before was broken at a space because this line's first word did not fit.
+bool Reader::isWrapped() const
+{
+    const int column = m_transport.wrapColumn;
+    const int before = m_previous.end - m_previous.content;
+    if (column == 0 || before == 0 || before > column || m_previous.next != m_line.begin || m_lastFact < 0)
+        return false;
+    const std::string_view line(m_text + m_line.content, std::size_t(m_line.end - m_line.content));
+    const std::string_view word = line.substr(0, line.find(' '));
+    const std::string_view previous(m_text + m_previous.content, std::size_t(before));
+    if (word.empty())
+        return false;
+    const bool path = word.substr(0, 2) == "\\\\" || word.substr(1, 2) == ":\\" || word.front() == '/';
+    return !path && previous.find(' ') != std::string_view::npos && before + 1 + int(word.size()) > column;
+}
+
+bool Reader::readWrapped()
+{
+    for (const LineForm &form : m_form->lines) {
+        Span spans[maximalValues];
+        if (form.weight() >= strongWeight && form.match(m_text, m_line.content, m_line.end, spans))
+            return false;
+    }
+    int begins = noSection;
+    if (isHeading(m_line, begins) || !continueValue())
+        return false;
+    m_states |= State::WrappedLines;
+    return true;
+}
+
+bool Reader::readExact()
+{
+    const int count = int(m_form->lines.size());
+    for (int step = 1; step <= count; ++step) {
+        const int index = (m_lastForm + step) % count;
+        const LineForm &form = m_form->lines[std::size_t(index)];
+        Span spans[maximalValues];
+        if (form.has(Anything) || form.has(NextLine) || !form.match(m_text, m_line.content, m_line.end, spans))
+            continue;
+        if (!mayFollow(form, index))
+            continue;
+        if (isRepeated(form, index)) {
+            noteAmbiguous();
+            if (continueValue())
+                return true;
+        }
+        accept(form, index, spans);
+        return true;
+    }
+    return false;
+}
+
+/// The conditions of lines that little text identifies.
+bool Reader::mayFollow(const LineForm &form, int formIndex) const
+{
+    if (form.item() < 0 || !form.has(Opens))
+        return true;
+    const char *kind = itemRows()[std::size_t(form.item())].kind;
+    if (isKind(kind, "product"))
+        return m_atStart || m_emptyLines > 0 || m_lastForm < 0;
+    if (isKind(kind, "openGLDriver"))
+        return m_lastForm == formIndex || m_lastForm == formIndex - 1;
+    if (isKind(kind, "screen"))
+        return m_line.end - m_line.content > 1 && m_text[m_line.end - 1] != '#';
+    return true;
+}
+
+/// True if the item, or the section, has a line of that form already.
+bool Reader::isRepeated(const LineForm &form, int formIndex) const
+{
+    if (form.has(Opens) || form.valueCount() == 0)
+        return false;
+    for (auto level = m_levels.rbegin(); level != m_levels.rend(); ++level) {
+        const int kind = level->item < 0 ? -1 : m_data.items[std::size_t(level->item)].kind;
+        if (kind == form.item())
+            return (level->seen >> formIndex & 1) != 0 && !(m_emptyLines > 0 && inKind("driver"));
+    }
+    return false;
+}
+
+bool Reader::readAnything()
+{
+    for (int i = 0; i < int(m_form->lines.size()); ++i) {
+        const LineForm &form = m_form->lines[std::size_t(i)];
+        Span spans[maximalValues];
+        if (form.has(Anything) && mayStand(form) && form.match(m_text, m_line.content, m_line.end, spans)) {
+            accept(form, i, spans);
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Whether an item that any text can begin may begin here.
+bool Reader::mayStand(const LineForm &form) const
+{
+    const char *kind = itemRows()[std::size_t(form.item())].kind;
+    const bool indented = m_text[m_line.content] == ' ';
+    if (isKind(kind, "module") || isKind(kind, "assembly"))
+        return true;
+    if (isKind(kind, "deviceClass"))
+        return m_lastForm < 0;
+    if (isKind(kind, "device"))
+        return !indented && (m_lastForm < 0 || !inKind("instance"));
+    return isKind(kind, "configuration") && !indented && mayBeConfiguration();
+}
+
+/// A configuration is named by its number. Another name can only be told from a value's further
+/// line by what stands around it.
+bool Reader::mayBeConfiguration() const
+{
+    const std::string_view name(m_text + m_line.content, std::size_t(m_line.end - m_line.content));
+    if (name.size() == 4 && name.find_first_not_of("0123456789") == std::string_view::npos)
+        return true;
+    return m_lastForm < 0 || inKind("adapter") || m_data.facts[std::size_t(m_lastFact)].end < m_previous.begin;
+}
+
+bool Reader::readAltered(int weight)
+{
+    const int count = int(m_form->lines.size());
+    for (int step = 1; step <= count; ++step) {
+        const int index = (m_lastForm + step) % count;
+        const LineForm &form = m_form->lines[std::size_t(index)];
+        const bool spacesOnly = form.weight() == 0;
+        if (form.has(Anything) || form.has(NextLine) || form.weight() < weight * (spacesOnly ? 0 : 1)
+            || (spacesOnly && (weight > 1 || !mayBeStripped(form))))
+            continue;
+        Span spans[maximalValues];
+        Alterations alterations;
+        if (!form.matchAltered(m_text, m_line.content, m_line.end, spans, &alterations) || !m_spaces.allows(alterations)
+            || !mayFollow(form, index) || isRepeated(form, index))
+            continue;
+        m_spaces.count(alterations);
+        accept(form, index, spans, true);
+        return true;
+    }
+    return false;
+}
+
+/// A line of which only spaces at its beginning are the format's: without them it can be anything.
+bool Reader::mayBeStripped(const LineForm &form) const
+{
+    if (m_text[m_line.content] == ' ')
+        return true;
+    if (form.item() >= 0)
+        return m_spaces.leadingStripped() || m_lastForm < 0 || form.has(Opens);
+    return m_lastFact >= 0 && m_data.facts[std::size_t(m_lastFact)].item < 0
+        && factRows()[std::size_t(m_data.facts[std::size_t(m_lastFact)].row)].type == Type::Version;
+}
+
+/// A line whose value goes on in the next line, so that the text after the value is missing.
+bool Reader::readBeginning()
+{
+    for (int i = 0; i < int(m_form->lines.size()); ++i) {
+        const LineForm &form = m_form->lines[std::size_t(i)];
+        Span spans[maximalValues];
+        if (form.has(Anything) || form.has(NextLine) || form.weight() < strongWeight
+            || isOneLine(form.row(std::max(form.valueCount() - 1, 0)).type)
+            || !form.matchBeginning(m_text, m_line.content, m_line.end, spans) || isRepeated(form, i))
+            continue;
+        accept(form, i, spans);
+        m_pendingSuffix = form.suffix();
+        m_valueOnNextLine = false;
+        return true;
+    }
+    return false;
+}
+
+void Reader::finishBeginning()
+{
+    const std::string_view line(m_text + m_line.content, std::size_t(m_line.end - m_line.content));
+    Fact &fact = m_data.facts[std::size_t(m_lastFact)];
+    absorb(fact.end);
+    fact.end = m_line.end;
+    if (line.size() < m_pendingSuffix.size() || line.substr(line.size() - m_pendingSuffix.size()) != m_pendingSuffix)
+        return;
+    fact.end -= int(m_pendingSuffix.size());
+    m_pendingSuffix = {};
+    m_emptyLines = 0;
+    m_valueOnNextLine = nextLineIsValue(m_lastForm);
+}
+
+/// Gives the line to the value before it.
+bool Reader::continueValue()
+{
+    if (m_lastFact < m_data.sections.back().firstFact)
+        return false;
+    Fact &fact = m_data.facts[std::size_t(m_lastFact)];
+    const FactRow &row = factRows()[std::size_t(fact.row)];
+    const LineForm &form = m_form->lines[std::size_t(m_lastForm)];
+    if (isOneLine(row.type) || !form.suffix().empty() || *row.only != '\0')
+        return false;
+    absorb(fact.end);
+    fact.end = m_line.end;
+    return true;
+}
+
+void Reader::accept(const LineForm &form, int formIndex, const Span *spans, bool altered)
+{
+    m_pendingSuffix = {};
+    if (form.has(Opens))
+        openItem(form.item());
+    else
+        placeIn(form.item());
+    m_levels.back().seen |= quint64(1) << formIndex;
+    m_lastFact = -1;
+    bool emptyValue = form.valueCount() == 0;
+    for (int i = 0; i < form.valueCount(); ++i) {
+        if (spans[i].begin < 0)
+            continue;
+        emptyValue = spans[i].begin == spans[i].end;
+        if (form.row(i).type == Type::Date && hasNativeDigits({m_text + spans[i].begin, std::size_t(spans[i].end - spans[i].begin)}))
+            m_states |= State::NativeDigits;
+        m_lastFact = int(m_data.facts.size());
+        m_data.facts.push_back({form.firstRow() + i, m_levels.back().item, spans[i].begin, spans[i].end});
+    }
+    if (!altered)
+        m_spaces.count(form, emptyValue);
+    m_lastForm = formIndex;
+    m_emptyLines = 0;
+    m_atStart = false;
+    m_valueOnNextLine = nextLineIsValue(formIndex);
+}
+
+bool Reader::nextLineIsValue(int formIndex) const
+{
+    const std::size_t next = std::size_t(formIndex) + 1;
+    return next < m_form->lines.size() && m_form->lines[next].has(NextLine);
+}
+
+void Reader::takeNextLine()
+{
+    m_valueOnNextLine = false;
+    if (m_line.content > m_line.begin)
+        mark(PlaceKind::Quote, m_line.begin, m_line.content);
+    const Span span {m_line.content, m_line.end};
+    accept(m_form->lines[std::size_t(m_lastForm) + 1], m_lastForm + 1, &span);
+}
+
+/// Begins an item of that kind in the item around it.
+void Reader::openItem(int kind)
+{
+    const ItemRow &row = itemRows()[std::size_t(kind)];
+    std::size_t depth = 1;
+    for (std::size_t i = 1; i < m_levels.size(); ++i) {
+        const Item &around = m_data.items[std::size_t(m_levels[i].item)];
+        if (isKind(itemRows()[std::size_t(around.kind)].kind, row.parent))
+            depth = i + 1;
+    }
+    closeItems(depth);
+    Item item;
+    item.kind = kind;
+    item.section = int(m_data.sections.size()) - 1;
+    item.parent = m_levels.back().item;
+    item.begin = m_line.begin;
+    item.firstFact = int(m_data.facts.size());
+    m_levels.push_back({int(m_data.items.size()), 0});
+    m_data.items.push_back(item);
+}
+
+/// Makes the item of that kind the innermost one. A driver and an instance begin with their first line.
+void Reader::placeIn(int kind)
+{
+    if (kind < 0) {
+        closeItems(1);
+        return;
+    }
+    for (std::size_t i = m_levels.size(); i-- > 1;) {
+        if (m_data.items[std::size_t(m_levels[i].item)].kind != kind)
+            continue;
+        if (m_emptyLines > 0 && inKind("driver"))
+            break;
+        closeItems(i + 1);
+        return;
+    }
+    openItem(kind);
+}
+
+/// Ends the items that are nested deeper than \a depth levels; the section itself is the first level.
+void Reader::closeItems(std::size_t depth)
+{
+    while (m_levels.size() > depth) {
+        const int index = m_levels.back().item;
+        if (index >= 0) {
+            m_data.items[std::size_t(index)].end = m_line.begin;
+            m_data.items[std::size_t(index)].lastFact = int(m_data.facts.size());
+        }
+        m_levels.pop_back();
+    }
+}
+
+// -------------------------------------------------------------------------------------------------
+// Places
+
+void Reader::mark(PlaceKind kind, int begin, int end)
+{
+    std::vector<Mark> &marks = m_data.marks;
+    if (begin == end || (!marks.empty() && begin < marks.back().end)) // a line that was looked at before
+        return;
+    if (!marks.empty() && marks.back().kind == kind && marks.back().end == begin && kind == PlaceKind::Other)
+        marks.back().end = end;
+    else
+        marks.push_back({kind, begin, end});
+}
+
+/// Removes the marks from \a begin on: a value covers them.
+void Reader::absorb(int begin)
+{
+    std::vector<Mark> &marks = m_data.marks;
+    while (!marks.empty() && marks.back().end > begin) {
+        if (marks.back().begin < begin) {
+            marks.back().end = begin;
+            break;
+        }
+        marks.pop_back();
+    }
+}
+
+void Reader::noteAmbiguous()
+{
+    m_states |= State::Ambiguous;
+    if (m_data.ambiguous.empty() || m_data.ambiguous.back() < m_line.begin)
+        m_data.ambiguous.push_back(m_line.begin);
+}
+
+bool Reader::inKind(const char *kind) const
+{
+    const int item = m_levels.empty() ? -1 : m_levels.back().item;
+    return item >= 0 && isKind(itemRows()[std::size_t(m_data.items[std::size_t(item)].kind)].kind, kind);
+}
+
+const SectionRow &Reader::sectionRow() const
+{
+    return sectionRows()[std::size_t(m_section)];
+}
+
+void Reader::finish()
+{
+    const bool open = m_section != noSection;
+    m_line.begin = m_line.content = m_line.end = m_line.next = m_size;
+    leave();
+    States states = m_states | m_spaces.states();
+    states.setFlag(State::NoReport, m_data.sections.empty());
+    states.setFlag(State::SeveralReports, m_report > 0);
+    states.setFlag(State::CrLf, m_transport.lineEnd != "\n");
+    if (open)
+        states |= State::EndMissing;
+    m_data.states |= states | missingSections(m_data.sections);
+}
+
+} // namespace Reports
+} // namespace velkor

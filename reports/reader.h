@@ -1,0 +1,136 @@
+// Finds the structure of a text.
+#pragma once
+
+#include "document_data.h"
+#include "headings.h"
+#include "transport.h"
+
+namespace velkor {
+namespace Reports {
+
+/// A line without its quote and its line end.
+struct TextLine
+{
+    int begin = 0;   ///< of the quote
+    int content = 0; ///< after the quote
+    int end = 0;     ///< before the line end
+    int next = 0;    ///< of the next line
+
+    bool isEmpty() const { return content == end; }
+};
+
+/// How often the format's spaces are as they were written, and how often not. A line that differs
+/// is taken for one of the format only if lines of that text do differ: a value with a line break
+/// can look like a label, but it does not have the label's spaces.
+class SpaceEvidence
+{
+public:
+    void count(const LineForm &form, bool emptyValue);
+    bool allows(const Alterations &found) const;
+    void count(const Alterations &found);
+    States states() const;
+    bool leadingStripped() const { return m_leading.altered > 0; }
+
+private:
+    struct Kind
+    {
+        int exact = 0;
+        int altered = 0;
+        bool allows() const { return altered > 0 || exact == 0; }
+    };
+    Kind m_leading;
+    Kind m_trailing;
+    Kind m_collapsed;
+    bool m_noBreak = false;
+};
+
+class Reader
+{
+public:
+    Reader(DocumentData &data, const Transport &transport);
+    void read();
+
+private:
+    // Lines
+    TextLine lineAt(int begin) const;
+    TextLine peek() const;
+    bool isHeading(const TextLine &line, int &begins) const;
+
+    // Structure
+    void readLine();
+    bool readForced();
+    bool readSeparator();
+    bool readHeading(bool expected);
+    void enter(int section, bool heading);
+    void leave();
+    bool isOpenEnded() const;
+    bool resumes();
+    bool startsWithoutHeading();
+    int sectionBeforeNextHeading(const std::vector<int> &candidates) const;
+
+    // Lines of a section
+    void readSectionLine();
+    void readEmptyLine();
+    bool readRule();
+    bool isWrapped() const;
+    bool readWrapped();
+    bool readExact();
+    bool mayFollow(const LineForm &form, int formIndex) const;
+    bool isRepeated(const LineForm &form, int formIndex) const;
+    bool readAnything();
+    bool mayStand(const LineForm &form) const;
+    bool mayBeConfiguration() const;
+    bool readAltered(int weight);
+    bool mayBeStripped(const LineForm &form) const;
+    bool readBeginning();
+    void finishBeginning();
+    bool continueValue();
+    void accept(const LineForm &form, int formIndex, const Span *spans, bool altered = false);
+    bool nextLineIsValue(int formIndex) const;
+    void takeNextLine();
+    void openItem(int kind);
+    void placeIn(int kind);
+    void closeItems(std::size_t depth);
+
+    // Places
+    void mark(PlaceKind kind, int begin, int end);
+    void absorb(int begin);
+    void noteAmbiguous();
+    bool inKind(const char *kind) const;
+    const SectionRow &sectionRow() const;
+    void finish();
+
+    struct Level
+    {
+        int item;
+        quint64 seen;
+    };
+
+    DocumentData &m_data;
+    const Transport m_transport;
+    const char *const m_text;
+    const int m_size;
+    TextLine m_line;
+    TextLine m_previous;
+    SpaceEvidence m_spaces;
+    States m_states;
+
+    int m_section = noSection; ///< index in sectionRows()
+    const SectionForm *m_form = nullptr;
+    int m_report = -1;
+    int m_order = -1;         ///< the last section of this report
+    int m_orderBeforeJump = -1;
+    int m_suspended = noSection; ///< the section before a separator that no heading follows
+    bool m_separated = true;  ///< a separator, a half's heading or foreign text precedes
+    int m_lastForm = -1;
+    int m_lastFact = -1;
+    int m_emptyLines = 0;     ///< directly before this line
+    bool m_atStart = false;   ///< directly after the section's heading
+    bool m_afterRule = false; ///< after the line that begins a class or an interface
+    bool m_valueOnNextLine = false;
+    std::string_view m_pendingSuffix; ///< of a value that goes on
+    std::vector<Level> m_levels; ///< the section and the items around the line
+};
+
+} // namespace Reports
+} // namespace velkor

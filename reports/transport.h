@@ -1,0 +1,19 @@
+// What happened to a text on its way: line ends, mail quotes, wrapped lines.
+#pragma once
+
+#include <QtCore/QByteArray>
+
+namespace velkor {
+namespace Reports {
+
+struct Transport
+{
+    QByteArray lineEnd = QByteArrayLiteral("\n");
+    QByteArray linePrefix; ///< the mail quote at the beginning of lines
+    int wrapColumn = 0;    ///< the length at which lines were broken; 0 if they were not
+};
+
+Transport detectTransport(const QByteArray &text);
+
+} // namespace Reports
+} // namespace velkor
