@@ -100,8 +100,8 @@ FactEntry entryOf(const FactRow &row)
 bool isWanted(const FactRow &row, const std::vector<int> &sections)
 {
     return sections.empty() || std::any_of(sections.begin(), sections.end(), [&row](int section) {
-        return qstrcmp(sectionRows()[std::size_t(section)].facts, row.section) == 0;
-    });
+               return qstrcmp(sectionRows()[std::size_t(section)].facts, row.section) == 0;
+           });
 }
 
 constexpr std::size_t columns = 8;

@@ -45,7 +45,9 @@ pre { border: 1px solid var(--line); background: var(--band); padding: 0.5rem 0.
   :root { color-scheme: light; --text: #000; --back: #fff; --soft: #333; --line: #999; --band: #fff; --link: #000;
     --warn: #fff; --warn-line: #000; }
   @page { margin: 15mm; }
-  body { max-width: none; padding: 0; font-size: 10pt; }
+  body { max-width: none; padding: 0; font-size: 9pt; line-height: 1.25; }
+  h3 { margin: 0.9rem 0 0.3rem; }
+  th, td { padding: 0.06rem 0.4rem; }
   nav { break-after: page; }
   .back { display: none; }
   h2 { break-before: page; }

@@ -45,6 +45,20 @@ QString valueCell(const QString &value)
     return value.isEmpty() ? QStringLiteral("*(empty)*") : markdownCode(value);
 }
 
+/// The entries of a list below each other; of a long one in one line.
+QString factCell(const Document &document, const Fact &fact)
+{
+    const std::vector<QByteArray> values = document.row(fact).type == Type::List ? document.values(fact) : std::vector<QByteArray>();
+    if (values.size() < 2)
+        return valueCell(shownValue(document, fact));
+    if (isLongList(document, fact))
+        return markdownCode(document.display(fact).simplified());
+    QStringList cells;
+    for (const QByteArray &value : values)
+        cells << valueCell(QString::fromUtf8(value));
+    return cells.join(QLatin1String("<br>"));
+}
+
 QString fold(const QString &title, const QString &content)
 {
     return QLatin1String("<details><summary>") + htmlText(title) + QLatin1String("</summary>\n\n") + content
@@ -64,7 +78,7 @@ QString ownFacts(const Document &document, const OutlineNode &node, bool isShort
         const Fact &fact = document.facts()[std::size_t(index)];
         const bool isCounted = isShort && isLongList(document, fact);
         rows += tableRow(factLabel(document.row(fact)),
-                         isCounted ? listCount(document, fact) : valueCell(shownValue(document, fact)));
+                         isCounted ? listCount(document, fact) : factCell(document, fact));
     }
     return rows.isEmpty() ? rows : tableHead(QStringLiteral("Fact"), QStringLiteral("Value")) + rows + QLatin1Char('\n');
 }
