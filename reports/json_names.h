@@ -22,6 +22,7 @@ constexpr char reports[] = "reports";
 constexpr char sections[] = "sections";
 constexpr char name[] = "name";
 constexpr char facts[] = "facts";
+constexpr char leftOut[] = "leftOut";
 constexpr char value[] = "value";
 constexpr char text[] = "text";
 constexpr char base64[] = "base64";

@@ -78,21 +78,15 @@ QByteArray realValue(const std::optional<double> &number)
     return QByteArray::number(*number, 'g', QLocale::FloatingPointShortest);
 }
 
-QByteArray number64Value(const Document &document, const Fact &fact)
-{
-    if (const std::optional<quint64> number = document.bytes64(fact))
-        return decimalText(number);
-    return decimalText(document.integer(fact));
-}
-
 QByteArray valueOf(const Document &document, const Fact &fact, Type type)
 {
     switch (type) {
     case Type::Number:
         return integerValue(document.integer(fact));
     case Type::Number64:
+        return decimalText(document.integer(fact));
     case Type::Bytes:
-        return number64Value(document, fact);
+        return decimalText(document.bytes64(fact));
     case Type::Real:
         return realValue(document.real(fact));
     case Type::Date: {
@@ -115,6 +109,7 @@ public:
     {
     }
     QByteArray write(const StoredText &stored);
+    QByteArray writeSection(const TreeNode &section);
 
 private:
     void addHead(const StoredText &stored);
@@ -288,6 +283,10 @@ void JsonWriter::addItems(const TreeNode &node, int kind, int indent)
 void JsonWriter::addSection(const TreeNode &section)
 {
     m_json += '{' + key(Json::Key::name) + quoted(sectionRows()[size_t(section.row)].name) + (m_isCompact ? "," : ", ");
+    if (section.isLeftOut) {
+        m_json += key(Json::Key::leftOut) + "true}";
+        return;
+    }
     addFacts(section);
     bool first = false;
     for (const LineStep &step : lineSteps(section.row, sectionItself)) {
@@ -337,6 +336,12 @@ QByteArray JsonWriter::write(const StoredText &stored)
     return m_json + "}\n";
 }
 
+QByteArray JsonWriter::writeSection(const TreeNode &section)
+{
+    addSection(section);
+    return m_json;
+}
+
 } // namespace
 
 QByteArray jsonText(const QByteArray &bytes)
@@ -349,6 +354,11 @@ QByteArray jsonText(const QByteArray &bytes)
 QByteArray jsonDocument(const Document &document, const StoredText &stored, JsonStyle style)
 {
     return JsonWriter(document, style).write(stored);
+}
+
+QByteArray jsonOfSection(const Document &document, const TreeNode &section)
+{
+    return JsonWriter(document, JsonStyle::Compact).writeSection(section);
 }
 
 } // namespace Reports

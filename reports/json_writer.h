@@ -18,5 +18,8 @@ QByteArray jsonText(const QByteArray &bytes);
 /// The JSON of \a stored, which belongs to \a document.
 QByteArray jsonDocument(const Document &document, const StoredText &stored, JsonStyle style);
 
+/// The JSON of a section of \a document, in compact style.
+QByteArray jsonOfSection(const Document &document, const TreeNode &section);
+
 } // namespace Reports
 } // namespace velkor

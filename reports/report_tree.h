@@ -21,6 +21,7 @@ struct TreeNode
 {
     int row = 0;              ///< of the section: index in sectionRows()
     int kind = sectionItself; ///< index in itemRows()
+    bool isLeftOut = false;   ///< the section has facts and items in the text, but not here
     std::vector<TreeFact> facts; ///< with different rows
     std::vector<TreeNode> items;
 
