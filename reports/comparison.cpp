@@ -94,11 +94,9 @@ void Comparer::compareFact(int node, const Fact *oldFact, const Fact *newFact)
     if (newFact)
         change.newValue = m_newer.display(*newFact);
     if (oldFact && newFact) {
-        const auto oldEntries = entries(m_older, *oldFact);
-        const auto newEntries = entries(m_newer, *newFact);
-        if (oldEntries && newEntries) {
-            change.addedEntries = entriesWithout(*newEntries, *oldEntries);
-            change.removedEntries = entriesWithout(*oldEntries, *newEntries);
+        if (const auto entries = entryChange(m_older, *oldFact, m_newer, *newFact)) {
+            change.addedEntries = entries->added;
+            change.removedEntries = entries->removed;
         }
     }
     m_result.changes.push_back(std::move(change));

@@ -11,6 +11,7 @@ namespace {
 constexpr int widestLine = 110;  ///< wider changes have a line for each value
 constexpr int widestTitle = 36;  ///< longer titles do not widen the column
 constexpr int widestCell = 40;   ///< wider cells of a table have a line each
+constexpr std::size_t mostFacts = 10; ///< more facts of an item that was added or removed are counted
 
 enum class Colour {
     Removed = 31,
@@ -112,8 +113,11 @@ void TextWriter::addMissing(const Change &change)
     const std::vector<ItemFact> facts = factsToShow(change);
     for (const ItemFact &fact : facts)
         width = std::max(width, factTitle(fact.row).size());
-    for (const ItemFact &fact : facts)
-        m_lines.add(blanks(8) + padded(factTitle(fact.row), std::min(width, widestTitle)) + QStringLiteral("  ") + safe(fact.value));
+    const std::size_t count = std::min(facts.size(), mostFacts);
+    for (std::size_t i = 0; i < count; ++i)
+        m_lines.add(blanks(8) + padded(factTitle(facts[i].row), std::min(width, widestTitle)) + QStringLiteral("  ") + safe(facts[i].value));
+    if (count < facts.size())
+        m_lines.add(blanks(8) + QStringLiteral("... and %1 more").arg(facts.size() - count));
 }
 
 void TextWriter::addFact(const Change &change, int indentation, int width)
@@ -203,8 +207,10 @@ std::size_t TableWriter::addSection(std::size_t begin)
     std::vector<int> widths;
     for (const QString &heading : headings)
         widths.push_back(heading.size());
+    bool hasColumns = false;
     for (; end < m_rows.size() && m_rows[end]->section == m_rows[begin]->section; ++end) {
         const QStringList all = cells(*m_rows[end]);
+        hasColumns = hasColumns || !isWide(all);
         for (int i = 0; i < all.size() && !isWide(all); ++i)
             widths[std::size_t(i)] = std::max(widths[std::size_t(i)], all.at(i).size());
     }
@@ -213,7 +219,8 @@ std::size_t TableWriter::addSection(std::size_t begin)
     QString line;
     for (int i = 0; i < headings.size(); ++i)
         line += padded(headings.at(i), widths[std::size_t(i)]) + QStringLiteral("  ");
-    m_lines.add(line.left(line.lastIndexOf(QLatin1Char(']')) + 1));
+    if (hasColumns)
+        m_lines.add(line.left(line.lastIndexOf(QLatin1Char(']')) + 1));
     QStringList items;
     for (std::size_t i = begin; i < end; ++i) {
         if (m_rows[i]->items != items && !m_rows[i]->items.isEmpty())

@@ -67,9 +67,10 @@ std::optional<Sign> signOf(const std::optional<T> &a, const std::optional<T> &b)
 
 std::optional<Sign> compareNumbers(const Document &older, const Fact &oldFact, const Document &newer, const Fact &newFact)
 {
-    if (const auto result = signOf(older.integer(oldFact), newer.integer(newFact)))
-        return result;
-    if (const auto result = signOf(older.bytes64(oldFact), newer.bytes64(newFact)))
+    const bool isBytes = older.row(oldFact).type == Type::Bytes;
+    const auto result = isBytes ? signOf(older.bytes64(oldFact), newer.bytes64(newFact))
+                                : signOf(older.integer(oldFact), newer.integer(newFact));
+    if (result)
         return result;
     const QString a = older.display(oldFact);
     const QString b = newer.display(newFact);
@@ -99,10 +100,26 @@ std::optional<Sign> compareByType(const Document &older, const Fact &oldFact, co
     return std::nullopt;
 }
 
-/// Whether the report lost the difference between one blank and several.
-bool blanksAreUncertain(const Document &document)
+/// Whether a report lost the difference between one blank and several.
+bool blanksAreUncertain(const Document &older, const Document &newer)
 {
-    return bool(document.states() & (States(State::BlanksCollapsed) | State::WrappedLines | State::NoBreakSpaces));
+    const States uncertain = States(State::BlanksCollapsed) | State::WrappedLines | State::NoBreakSpaces;
+    return bool((older.states() | newer.states()) & uncertain);
+}
+
+QString withCertainBlanks(const QString &text, bool uncertain)
+{
+    return uncertain ? text.simplified() : text;
+}
+
+QStringList listEntries(const Document &document, const Fact &fact, bool uncertain)
+{
+    QStringList result;
+    for (const QByteArray &value : document.values(fact)) {
+        const QString entry = QString::fromUtf8(value).replace(QChar(QChar::Nbsp), QLatin1Char(' ')).trimmed();
+        result += withCertainBlanks(entry, uncertain);
+    }
+    return result;
 }
 
 bool equalLists(const FactRow &row, QStringList a, QStringList b)
@@ -114,16 +131,6 @@ bool equalLists(const FactRow &row, QStringList a, QStringList b)
     return a == b;
 }
 
-bool equalTexts(const Document &older, const Fact &oldFact, const Document &newer, const Fact &newFact, bool ignoreCase)
-{
-    QString a = older.display(oldFact);
-    QString b = newer.display(newFact);
-    if (blanksAreUncertain(older) || blanksAreUncertain(newer)) {
-        a = a.simplified();
-        b = b.simplified();
-    }
-    return a.compare(b, ignoreCase ? Qt::CaseInsensitive : Qt::CaseSensitive) == 0;
-}
 
 bool equalBytes(const Document &older, const Fact &oldFact, const Document &newer, const Fact &newFact)
 {
@@ -132,19 +139,25 @@ bool equalBytes(const Document &older, const Fact &oldFact, const Document &newe
         && std::memcmp(older.text().constData() + oldFact.begin, newer.text().constData() + newFact.begin, std::size_t(size)) == 0;
 }
 
-QStringList listEntries(const Document &document, const Fact &fact)
-{
-    QStringList result;
-    for (const QByteArray &value : document.values(fact))
-        result += QString::fromUtf8(value).simplified();
-    return result;
-}
-
 /// Whether the fact is the value of an environment variable.
 bool isVariable(const FactRow &row)
 {
     return std::strcmp(row.section, "someEnvironmentVariables") == 0
         || (std::strcmp(row.section, "qtSystemEnvironment") == 0 && std::strcmp(row.key, "value") == 0);
+}
+
+/// The entries of a list, or of an environment variable with semicolons. Nothing for other values.
+std::optional<QStringList> entriesOf(const Document &document, const Fact &fact, bool uncertain)
+{
+    const FactRow &row = document.row(fact);
+    if (row.type == Type::List)
+        return listEntries(document, fact, uncertain);
+    if (isVariable(row)) {
+        const QString value = withCertainBlanks(document.display(fact), uncertain);
+        if (value.contains(QLatin1Char(';')))
+            return value.split(QLatin1Char(';'), Qt::SkipEmptyParts);
+    }
+    return std::nullopt;
 }
 
 } // namespace
@@ -196,10 +209,12 @@ ValueComparison compareValues(const Document &older, const Fact &oldFact, const 
         return {*result == 0, *result == 0 ? Order::Unknown : order};
     }
     const FactRow &row = older.row(oldFact);
-    const bool equal = row.type == Type::List
-        ? equalLists(row, listEntries(older, oldFact), listEntries(newer, newFact))
-        : equalTexts(older, oldFact, newer, newFact, ignoreCase);
-    return {equal, Order::Unknown};
+    const bool uncertain = blanksAreUncertain(older, newer);
+    if (row.type == Type::List)
+        return {equalLists(row, listEntries(older, oldFact, uncertain), listEntries(newer, newFact, uncertain)), Order::Unknown};
+    const QString a = withCertainBlanks(older.display(oldFact), uncertain);
+    const QString b = withCertainBlanks(newer.display(newFact), uncertain);
+    return {a.compare(b, ignoreCase ? Qt::CaseInsensitive : Qt::CaseSensitive) == 0, Order::Unknown};
 }
 
 bool orderMatters(const FactRow &row)
@@ -210,17 +225,14 @@ bool orderMatters(const FactRow &row)
                         [&](const char *key) { return std::strcmp(row.key, key) == 0; });
 }
 
-std::optional<QStringList> entries(const Document &document, const Fact &fact)
+std::optional<EntryChange> entryChange(const Document &older, const Fact &oldFact, const Document &newer, const Fact &newFact)
 {
-    const FactRow &row = document.row(fact);
-    if (row.type == Type::List)
-        return listEntries(document, fact);
-    if (isVariable(row)) {
-        const QString value = document.display(fact);
-        if (value.contains(QLatin1Char(';')))
-            return value.split(QLatin1Char(';'), Qt::SkipEmptyParts);
-    }
-    return std::nullopt;
+    const bool uncertain = blanksAreUncertain(older, newer);
+    const auto oldEntries = entriesOf(older, oldFact, uncertain);
+    const auto newEntries = entriesOf(newer, newFact, uncertain);
+    if (!oldEntries || !newEntries)
+        return std::nullopt;
+    return EntryChange {entriesWithout(*newEntries, *oldEntries), entriesWithout(*oldEntries, *newEntries)};
 }
 
 QStringList entriesWithout(const QStringList &list, const QStringList &other)

@@ -34,11 +34,17 @@ ValueComparison compareValues(const Document &older, const Fact &oldFact, const 
 /// Whether the order of the entries of this list has a meaning.
 bool orderMatters(const FactRow &row);
 
-/// The entries of a list, or of an environment variable with semicolons. Nothing for other values.
-std::optional<QStringList> entries(const Document &document, const Fact &fact);
-
 /// The entries of \a list without those of \a other. Each of equal entries counts.
 QStringList entriesWithout(const QStringList &list, const QStringList &other);
+
+struct EntryChange
+{
+    QStringList added;
+    QStringList removed;
+};
+
+/// What differs in two lists, or in two environment variables with semicolons. Nothing for other values.
+std::optional<EntryChange> entryChange(const Document &older, const Fact &oldFact, const Document &newer, const Fact &newFact);
 
 /// Free space that differs by more than this share of the drive's size is a difference.
 constexpr double largeChangeShare = 0.1;
