@@ -1,6 +1,6 @@
 #include "reader.h"
 
-#include "text_encoding.h"
+#include "altered_line.h"
 
 #include <algorithm>
 #include <cstring>
@@ -11,6 +11,8 @@ namespace Reports {
 namespace {
 
 constexpr int strongWeight = 6; // characters that prove a line without its heading
+constexpr int resumedSections = 5; // how many sections a value can hold and still be told from them
+constexpr int examinedFacts = 64;
 constexpr int hyphensOfClass = 28;
 constexpr int underscoresOfInterface = 55;
 
@@ -57,7 +59,7 @@ bool isOptional(int section)
 }
 
 /// Which sections of the reports are missing.
-States missingSections(const std::vector<Section> &sections)
+States missingSections(const std::vector<Section> &sections, bool hasBeginning)
 {
     States states;
     int report = -1;
@@ -71,7 +73,7 @@ States missingSections(const std::vector<Section> &sections)
         if (first)
             endReport();
         if (first && section.row != 0)
-            states |= State::StartMissing;
+            states |= hasBeginning && section.report == 0 ? State::SectionsMissing : State::StartMissing;
         for (int row = previous + 1; !first && row < section.row; ++row)
             states.setFlag(State::SectionsMissing, states.testFlag(State::SectionsMissing) || !isOptional(row));
         report = section.report;
@@ -133,7 +135,7 @@ void Reader::read()
     m_previous.next = begin;
     while (begin < m_size) {
         m_line = lineAt(begin);
-        if (m_line.content > m_line.begin)
+        if (m_line.content > m_line.begin && !m_line.formFeed)
             m_states |= State::MailQuotes;
         readLine();
         m_previous = m_line;
@@ -153,9 +155,14 @@ TextLine Reader::lineAt(int begin) const
     const void *found = std::memchr(m_text + begin, last, std::size_t(m_size - begin));
     line.end = found ? int(static_cast<const char *>(found) - m_text) : m_size;
     line.next = found ? line.end + 1 : m_size;
-    if (m_transport.lineEnd.size() == 2 && line.end > begin && m_text[line.end - 1] == '\r')
+    while (m_transport.carriageReturns && line.end > begin && m_text[line.end - 1] == '\r')
         --line.end;
     line.content = begin;
+    if (line.content < line.end && m_text[line.content] == '\f') {
+        ++line.content;
+        line.formFeed = true;
+        return line;
+    }
     const QByteArray &prefix = m_transport.linePrefix;
     if (prefix.isEmpty())
         return line;
@@ -193,16 +200,20 @@ void Reader::readLine()
     if (m_section == noSection) {
         if (readHeading(true) || resumes() || startsWithoutHeading())
             return;
-        if (m_line.isEmpty()) {
-            mark(PlaceKind::Empty, m_line.begin, m_line.next);
-            return;
-        }
-        mark(PlaceKind::Other, m_line.begin, m_line.next);
-        m_states |= State::ForeignText;
-        m_separated = true;
+        readForeignLine();
         return;
     }
     readSectionLine();
+}
+
+/// A line outside of every section.
+void Reader::readForeignLine()
+{
+    markQuote();
+    const std::string_view line(m_text + m_line.content, std::size_t(m_line.end - m_line.content));
+    const bool blank = line.find_first_not_of(" \t") == std::string_view::npos;
+    mark(blank ? PlaceKind::Empty : PlaceKind::Other, m_line.content, m_line.next);
+    m_interrupted = true;
 }
 
 /// Lines that are values whatever stands in them.
@@ -220,8 +231,7 @@ bool Reader::readForced()
         return false;
     if (m_line.isEmpty())
         return false;
-    if (m_line.content > m_line.begin)
-        mark(PlaceKind::Quote, m_line.begin, m_line.content);
+    markQuote();
     for (int i = 0; i < int(m_form->lines.size()); ++i) {
         const LineForm &form = m_form->lines[std::size_t(i)];
         Span spans[maximalValues];
@@ -257,6 +267,7 @@ bool Reader::readSeparator()
             leave();
             mark(PlaceKind::Separator, hyphens, m_line.next);
             m_separated = true;
+            m_interrupted = false;
             return true;
         }
         return false;
@@ -264,12 +275,15 @@ bool Reader::readSeparator()
     int begins = noSection;
     const bool headingFollows = isHeading(peek(), begins);
     const int section = m_section;
+    if (section == noSection && m_separated && !m_interrupted && m_order >= 0 && m_order < lastSection()
+        && !isOptional(m_order + 1))
+        noteAmbiguous(); // nothing between two separators
     leave();
-    if (m_line.content > m_line.begin)
-        mark(PlaceKind::Quote, m_line.begin, m_line.content);
+    markQuote();
     mark(PlaceKind::Separator, m_line.content, m_line.next);
     m_suspended = headingFollows || section == lastSection() ? noSection : section;
     m_separated = true;
+    m_interrupted = false;
     return true;
 }
 
@@ -292,14 +306,17 @@ bool Reader::readHeading(bool expected)
         if (begins == windowsHalf || m_report < 0) {
             ++m_report;
             m_order = -1;
-            m_orderBeforeJump = -1;
-            m_spaces = m_report > 0 ? SpaceEvidence() : m_spaces;
+            if (m_report > 0) {
+                m_states |= m_spaces.states();
+                m_spaces = SpaceEvidence();
+            }
         }
-        if (m_line.content > m_line.begin)
-            mark(PlaceKind::Quote, m_line.begin, m_line.content);
+        markQuote();
         mark(PlaceKind::Heading, m_line.content, m_line.next);
         m_separated = true;
+        m_interrupted = false;
         m_suspended = noSection;
+        m_hasBeginning |= begins == windowsHalf && m_report == 0;
         if (begins == qtHalf)
             m_order = std::max(m_order, lastWindowsSection());
         return true;
@@ -331,26 +348,21 @@ bool Reader::isOpenEnded() const
 
 void Reader::enter(int section, bool heading)
 {
-    const int from = m_section;
     leave();
     if (m_report < 0)
         m_report = 0;
-    if (section <= m_order) {
-        if (m_orderBeforeJump >= 0 && section > m_orderBeforeJump && m_separated) {
-            noteAmbiguous(); // the sections after the jump may belong to a value
-        } else {
-            if (from != noSection || !m_separated)
-                noteAmbiguous();
-            ++m_report;
-        }
-        m_orderBeforeJump = -1;
-    } else if (section > m_order + 2 && m_order >= 0) {
-        m_orderBeforeJump = m_order;
+    // A report does not go back. A value with line breaks can look like that, but so can two
+    // reports of which the second has no beginning.
+    if (section <= m_order && m_separated && !m_interrupted) {
+        noteAmbiguous();
+    } else if (section <= m_order) {
+        ++m_report;
     }
     m_order = section;
     m_section = section;
     m_form = &sectionForm(section);
     m_separated = false;
+    m_interrupted = false;
     m_suspended = noSection;
     m_lastForm = -1;
     m_lastFact = -1;
@@ -370,8 +382,7 @@ void Reader::enter(int section, bool heading)
     m_data.sections.push_back(entered);
     if (!heading)
         return;
-    if (m_line.content > m_line.begin)
-        mark(PlaceKind::Quote, m_line.begin, m_line.content);
+    markQuote();
     mark(PlaceKind::Heading, m_line.content, m_line.next);
 }
 
@@ -390,60 +401,142 @@ void Reader::leave()
     m_pendingSuffix = {};
 }
 
-/// After a separator without a heading: a line of the section before it shows that the separator
-/// belongs to a value.
+/// A line of a section that has ended shows that its end belongs to a value.
 bool Reader::resumes()
 {
-    if (m_suspended == noSection || m_data.sections.empty() || m_lastFact < 0)
-        return false;
-    const SectionForm &form = sectionForm(m_suspended);
-    for (int i = 0; i < int(form.lines.size()); ++i) {
-        const LineForm &line = form.lines[std::size_t(i)];
-        Span spans[maximalValues];
-        if (line.has(Anything) || line.has(NextLine) || !line.match(m_text, m_line.content, m_line.end, spans))
+    std::vector<Section> &sections = m_data.sections;
+    const int last = int(sections.size()) - 1;
+    const int first = m_section == noSection ? last : last - 1;
+    for (int i = first; i >= 0 && i > last - resumedSections; --i) {
+        const Section &section = sections[std::size_t(i)];
+        if (section.report != m_report)
+            return false;
+        const bool suspended = i == last && m_suspended == section.row;
+        if (!suspended && !repeatsLater(section.row))
             continue;
-        Section &section = m_data.sections.back();
-        m_section = m_suspended;
-        m_form = &sectionForm(m_section);
-        m_suspended = noSection;
-        m_levels.assign(1, {-1, 0});
-        Fact &last = m_data.facts[std::size_t(m_lastFact)];
-        absorb(last.end);
-        last.end = std::max(last.end, m_previous.end);
-        for (int item = last.item; item >= 0; item = m_data.items[std::size_t(item)].parent)
-            m_levels.insert(m_levels.begin() + 1, {item, 0});
-        section.end = m_line.next;
-        noteAmbiguous();
-        readSectionLine();
+        if (section.lastFact > section.firstFact && goesOnIn(section)) {
+            resume(i);
+            return true;
+        }
+    }
+    return false;
+}
+
+/// True if the line is one of the section's that it does not have yet.
+bool Reader::goesOnIn(const Section &section) const
+{
+    const int last = section.lastFact - 1;
+    for (const LineForm &form : sectionForm(section.row).lines) {
+        Span spans[maximalValues];
+        const bool proves = form.weight() >= strongWeight || (form.weight() > 0 && form.hasLeading());
+        if (!proves || form.has(Anything) || form.has(NextLine) || form.valueCount() == 0
+            || !form.match(m_text, m_line.content, m_line.end, spans))
+            continue;
+        for (int i = last; i >= section.firstFact && i > last - examinedFacts && !form.has(Opens); --i) {
+            const Fact &fact = m_data.facts[std::size_t(i)];
+            if (fact.row == form.firstRow() && fact.item == m_data.facts[std::size_t(last)].item)
+                return false;
+        }
         return true;
     }
     return false;
 }
 
-/// A line whose section is known without a heading: the beginning of the section is missing.
-bool Reader::startsWithoutHeading()
+/// True if the heading after the next separator is one that the report had after that section.
+bool Reader::repeatsLater(int section)
 {
-    std::vector<int> candidates;
+    if (m_nextHeadingFrom > m_line.begin || m_nextHeadingAt < m_line.begin) {
+        m_nextHeadingFrom = m_line.begin;
+        m_nextHeading = noSection;
+        m_nextHeadingAt = m_size;
+        for (int begin = m_line.next; begin < m_size;) {
+            const TextLine line = lineAt(begin);
+            begin = line.next;
+            if (!isSeparator(m_text, line.content, line.end) || begin >= m_size)
+                continue;
+            isHeading(lineAt(begin), m_nextHeading);
+            m_nextHeadingAt = begin;
+            break;
+        }
+    }
+    return m_nextHeading > section && m_nextHeading <= m_order;
+}
+
+/// Goes on in a section that seemed to have ended. What was read since belongs to its last value.
+void Reader::resume(int index)
+{
+    if (m_section != noSection)
+        leave();
+    m_data.sections.resize(std::size_t(index) + 1);
+    Section &section = m_data.sections.back();
+    m_data.items.resize(std::size_t(section.lastItem));
+    m_data.facts.resize(std::size_t(section.lastFact));
+    Fact &last = m_data.facts.back();
+    absorb(last.end);
+    last.end = m_previous.end;
+    m_section = section.row;
+    m_form = &sectionForm(m_section);
+    m_order = m_section;
+    m_suspended = noSection;
+    m_separated = false;
+    m_interrupted = false;
+    m_lastFact = section.lastFact - 1;
+    m_lastForm = -1;
+    m_emptyLines = 0;
+    m_levels.assign(1, {-1, 0});
+    for (int item = last.item; item >= 0; item = m_data.items[std::size_t(item)].parent)
+        m_levels.insert(m_levels.begin() + 1, {item, 0});
+    for (int i = section.lastFact - 1; i >= section.firstFact && i >= section.lastFact - examinedFacts; --i) {
+        const Fact &fact = m_data.facts[std::size_t(i)];
+        for (int form = 0; form < int(m_form->lines.size()); ++form) {
+            if (m_form->lines[std::size_t(form)].firstRow() != fact.row)
+                continue;
+            m_lastForm = std::max(m_lastForm, i == section.lastFact - 1 ? form : -1);
+            for (Level &level : m_levels)
+                level.seen |= level.item == fact.item ? quint64(1) << form : 0;
+        }
+    }
+    readSectionLine();
+}
+
+/// The sections that have such a line; those with the longest label.
+std::vector<int> Reader::sectionsWith(const TextLine &text) const
+{
+    std::vector<int> sections;
     std::size_t longest = 0;
     for (int section = 0; section <= lastSection(); ++section) {
         for (const LineForm &line : sectionForm(section).lines) {
             Span spans[maximalValues];
-            if (line.weight() < strongWeight || line.row().line[0] != m_text[m_line.content]
-                || !line.match(m_text, m_line.content, m_line.end, spans))
+            if (line.weight() < strongWeight || text.isEmpty() || line.row().line[0] != m_text[text.content]
+                || !line.match(m_text, text.content, text.end, spans))
                 continue;
-            const std::size_t length = std::size_t(line.row().label().size());
+            const std::size_t length = std::strlen(line.row().line);
             if (length > longest)
-                candidates.clear();
+                sections.clear();
             longest = std::max(longest, length);
-            if (length == longest && (candidates.empty() || candidates.back() != section))
-                candidates.push_back(section);
+            if (length == longest && (sections.empty() || sections.back() != section))
+                sections.push_back(section);
         }
     }
+    return sections;
+}
+
+/// A line whose section is known without a heading: the beginning of the section is missing.
+bool Reader::startsWithoutHeading()
+{
+    const std::vector<int> candidates = sectionsWith(m_line);
     if (candidates.empty())
+        return false;
+    const TextLine next = peek();
+    int begins = noSection;
+    const std::vector<int> ofNext = sectionsWith(next);
+    const bool proven = ofNext == candidates || next.begin == m_size || isHeading(next, begins)
+        || isSeparator(m_text, next.content, next.end);
+    if (!proven)
         return false;
     enter(candidates.size() == 1 ? candidates.front() : sectionBeforeNextHeading(candidates), false);
     m_atStart = false;
-    m_states |= m_report == 0 && m_data.sections.size() == 1 ? State::StartMissing : State::SectionsMissing;
+    m_states |= m_data.sections.size() == 1 && !m_hasBeginning ? State::StartMissing : State::SectionsMissing;
     readSectionLine();
     return true;
 }
@@ -469,8 +562,7 @@ int Reader::sectionBeforeNextHeading(const std::vector<int> &candidates) const
 
 void Reader::readSectionLine()
 {
-    if (m_line.content > m_line.begin)
-        mark(PlaceKind::Quote, m_line.begin, m_line.content);
+    markQuote();
     if (m_line.isEmpty()) {
         readEmptyLine();
         return;
@@ -481,7 +573,8 @@ void Reader::readSectionLine()
         finishBeginning();
         return;
     }
-    if (readAltered(strongWeight) || readAnything() || readBeginning() || readAltered(1) || continueValue())
+    if (readAltered(strongWeight) || readAnything() || readBeginning() || readAltered(1) || resumes()
+        || continueValue())
         return;
     mark(PlaceKind::Other, m_line.content, m_line.next);
 }
@@ -552,8 +645,9 @@ bool Reader::readExact()
             continue;
         if (!mayFollow(form, index))
             continue;
-        if (isRepeated(form, index)) {
-            noteAmbiguous();
+        if (isRepeated(form, index) && !givesBack(form, index)) {
+            if (index >= m_lastForm)
+                noteAmbiguous();
             if (continueValue())
                 return true;
         }
@@ -587,6 +681,31 @@ bool Reader::isRepeated(const LineForm &form, int formIndex) const
         const int kind = level->item < 0 ? -1 : m_data.items[std::size_t(level->item)].kind;
         if (kind == form.item())
             return (level->seen >> formIndex & 1) != 0 && !(m_emptyLines > 0 && inKind("driver"));
+    }
+    return false;
+}
+
+/// A line that stands twice: if the order of the lines shows that the first one belongs to the value
+/// before it, gives it to that value.
+bool Reader::givesBack(const LineForm &form, int formIndex)
+{
+    if (formIndex < m_lastForm || form.valueCount() != 1)
+        return false;
+    std::vector<Fact> &facts = m_data.facts;
+    const int first = std::max(m_data.sections.back().firstFact + 1, int(facts.size()) - examinedFacts);
+    for (int i = int(facts.size()) - 2; i >= first; --i) {
+        const std::size_t at = std::size_t(i);
+        if (facts[at + 1].item != m_levels.back().item || facts[at].item != facts[at + 1].item)
+            return false;
+        if (facts[at].row != form.firstRow())
+            continue;
+        Fact &before = facts[at - 1];
+        if (facts[at + 1].row > facts[at].row || before.item != facts[at].item || isOneLine(factRows()[std::size_t(before.row)].type))
+            return false;
+        before.end = facts[at].end;
+        facts.erase(facts.begin() + i);
+        --m_lastFact;
+        return true;
     }
     return false;
 }
@@ -630,6 +749,7 @@ bool Reader::mayBeConfiguration() const
 
 bool Reader::readAltered(int weight)
 {
+    const AlteredLine line(m_text, m_line.content, m_line.end);
     const int count = int(m_form->lines.size());
     for (int step = 1; step <= count; ++step) {
         const int index = (m_lastForm + step) % count;
@@ -640,8 +760,8 @@ bool Reader::readAltered(int weight)
             continue;
         Span spans[maximalValues];
         Alterations alterations;
-        if (!form.matchAltered(m_text, m_line.content, m_line.end, spans, &alterations) || !m_spaces.allows(alterations)
-            || !mayFollow(form, index) || isRepeated(form, index))
+        if (!line.match(form, spans, &alterations) || !m_spaces.allows(alterations) || !mayFollow(form, index)
+            || isRepeated(form, index))
             continue;
         m_spaces.count(alterations);
         accept(form, index, spans, true);
@@ -701,7 +821,7 @@ bool Reader::continueValue()
     Fact &fact = m_data.facts[std::size_t(m_lastFact)];
     const FactRow &row = factRows()[std::size_t(fact.row)];
     const LineForm &form = m_form->lines[std::size_t(m_lastForm)];
-    if (isOneLine(row.type) || !form.suffix().empty() || *row.only != '\0')
+    if (m_line.formFeed || isOneLine(row.type) || !form.suffix().empty() || *row.only != '\0')
         return false;
     absorb(fact.end);
     fact.end = m_line.end;
@@ -744,8 +864,7 @@ bool Reader::nextLineIsValue(int formIndex) const
 void Reader::takeNextLine()
 {
     m_valueOnNextLine = false;
-    if (m_line.content > m_line.begin)
-        mark(PlaceKind::Quote, m_line.begin, m_line.content);
+    markQuote();
     const Span span {m_line.content, m_line.end};
     accept(m_form->lines[std::size_t(m_lastForm) + 1], m_lastForm + 1, &span);
 }
@@ -829,6 +948,12 @@ void Reader::absorb(int begin)
     }
 }
 
+/// Marks what precedes the line's content: a quote, or the form feed of a page.
+void Reader::markQuote()
+{
+    mark(m_line.formFeed ? PlaceKind::Other : PlaceKind::Quote, m_line.begin, m_line.content);
+}
+
 void Reader::noteAmbiguous()
 {
     m_states |= State::Ambiguous;
@@ -855,10 +980,23 @@ void Reader::finish()
     States states = m_states | m_spaces.states();
     states.setFlag(State::NoReport, m_data.sections.empty());
     states.setFlag(State::SeveralReports, m_report > 0);
-    states.setFlag(State::CrLf, m_transport.lineEnd != "\n");
-    if (open)
+    states.setFlag(State::CrLf, m_transport.carriageReturns || m_transport.lineEnd != "\n");
+    if (open || !m_data.tail.isEmpty())
         states |= State::EndMissing;
-    m_data.states |= states | missingSections(m_data.sections);
+    states |= missingSections(m_data.sections, m_hasBeginning);
+    if (hasForeignText(states.testFlag(State::StartMissing)))
+        states |= State::ForeignText;
+    m_data.states |= states;
+}
+
+/// The rest of the line in which a text begins is not foreign.
+bool Reader::hasForeignText(bool startMissing) const
+{
+    const auto isForeign = [&](const Mark &mark) {
+        const QByteArray text = m_data.text.mid(mark.begin, mark.end - mark.begin);
+        return mark.kind == PlaceKind::Other && !(startMissing && mark.begin == 0 && text.indexOf('\n') == text.size() - 1);
+    };
+    return std::any_of(m_data.marks.begin(), m_data.marks.end(), isForeign);
 }
 
 } // namespace Reports

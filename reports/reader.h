@@ -12,9 +12,10 @@ namespace Reports {
 struct TextLine
 {
     int begin = 0;   ///< of the quote
-    int content = 0; ///< after the quote
+    int content = 0; ///< after the quote or the form feed
     int end = 0;     ///< before the line end
     int next = 0;    ///< of the next line
+    bool formFeed = false; ///< a page begins with the line
 
     bool isEmpty() const { return content == end; }
 };
@@ -58,6 +59,7 @@ private:
 
     // Structure
     void readLine();
+    void readForeignLine();
     bool readForced();
     bool readSeparator();
     bool readHeading(bool expected);
@@ -65,6 +67,10 @@ private:
     void leave();
     bool isOpenEnded() const;
     bool resumes();
+    bool goesOnIn(const Section &section) const;
+    bool repeatsLater(int section);
+    void resume(int index);
+    std::vector<int> sectionsWith(const TextLine &text) const;
     bool startsWithoutHeading();
     int sectionBeforeNextHeading(const std::vector<int> &candidates) const;
 
@@ -77,6 +83,7 @@ private:
     bool readExact();
     bool mayFollow(const LineForm &form, int formIndex) const;
     bool isRepeated(const LineForm &form, int formIndex) const;
+    bool givesBack(const LineForm &form, int formIndex);
     bool readAnything();
     bool mayStand(const LineForm &form) const;
     bool mayBeConfiguration() const;
@@ -94,11 +101,13 @@ private:
 
     // Places
     void mark(PlaceKind kind, int begin, int end);
+    void markQuote();
     void absorb(int begin);
     void noteAmbiguous();
     bool inKind(const char *kind) const;
     const SectionRow &sectionRow() const;
     void finish();
+    bool hasForeignText(bool startMissing) const;
 
     struct Level
     {
@@ -119,15 +128,19 @@ private:
     const SectionForm *m_form = nullptr;
     int m_report = -1;
     int m_order = -1;         ///< the last section of this report
-    int m_orderBeforeJump = -1;
+    bool m_hasBeginning = false; ///< the first report has the heading of the Windows half
     int m_suspended = noSection; ///< the section before a separator that no heading follows
-    bool m_separated = true;  ///< a separator, a half's heading or foreign text precedes
+    bool m_separated = true;  ///< a separator or a half's heading precedes
+    bool m_interrupted = true; ///< foreign text or an empty line precedes
     int m_lastForm = -1;
     int m_lastFact = -1;
     int m_emptyLines = 0;     ///< directly before this line
     bool m_atStart = false;   ///< directly after the section's heading
     bool m_afterRule = false; ///< after the line that begins a class or an interface
     bool m_valueOnNextLine = false;
+    int m_nextHeading = noSection; ///< after the first separator from m_nextHeadingFrom on
+    int m_nextHeadingFrom = 0;
+    int m_nextHeadingAt = -1;
     std::string_view m_pendingSuffix; ///< of a value that goes on
     std::vector<Level> m_levels; ///< the section and the items around the line
 };

@@ -78,6 +78,16 @@ QByteArray quoteOfHeadings(const QByteArray &text)
     return {};
 }
 
+/// True if a space stands between other characters.
+bool hasInnerSpace(const char *begin, const char *end)
+{
+    while (begin < end && *begin == ' ')
+        ++begin;
+    while (end > begin && (end[-1] == ' ' || end[-1] == '\r'))
+        --end;
+    return std::memchr(begin, ' ', std::size_t(end - begin)) != nullptr;
+}
+
 /// The longest line that has a space in it, if all lines are short enough to have been broken there.
 int wrapColumn(const QByteArray &text, const QByteArray &lineEnd, int prefixLength)
 {
@@ -89,10 +99,10 @@ int wrapColumn(const QByteArray &text, const QByteArray &lineEnd, int prefixLeng
             end = text.size();
         const int length = end - begin - (lineEnd.size() - 1) - prefixLength;
         if (length > longest) {
-            const void *space = std::memchr(text.constData() + begin + prefixLength, ' ', std::size_t(end - begin - prefixLength));
-            if (space && length > longestWrap)
+            const bool canBreak = hasInnerSpace(text.constData() + begin + prefixLength, text.constData() + end);
+            if (canBreak && length > longestWrap)
                 return 0;
-            if (space)
+            if (canBreak)
                 longest = length;
         }
         begin = end + 1;
@@ -121,6 +131,7 @@ Transport detectTransport(const QByteArray &text)
         transport.lineEnd = QByteArrayLiteral("\r");
     else if (2 * evidence.withCarriageReturn > evidence.lines)
         transport.lineEnd = QByteArrayLiteral("\r\n");
+    transport.carriageReturns = evidence.withCarriageReturn > 0 && transport.lineEnd != "\r";
     transport.wrapColumn = wrapColumn(text, transport.lineEnd, transport.linePrefix.size());
     return transport;
 }

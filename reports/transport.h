@@ -8,7 +8,8 @@ namespace Reports {
 
 struct Transport
 {
-    QByteArray lineEnd = QByteArrayLiteral("\n");
+    QByteArray lineEnd = QByteArrayLiteral("\n"); ///< of most lines
+    bool carriageReturns = false; ///< before line feeds they belong to the line end
     QByteArray linePrefix; ///< the mail quote at the beginning of lines
     int wrapColumn = 0;    ///< the length at which lines were broken; 0 if they were not
 };

@@ -1,0 +1,28 @@
+// A line whose spaces may have changed on the way.
+#pragma once
+
+#include "line_form.h"
+
+#include <string>
+
+namespace velkor {
+namespace Reports {
+
+class AlteredLine
+{
+public:
+    AlteredLine(const char *text, int begin, int end);
+
+    /// Matches the line, also if spaces are missing or others. The spans are offsets in the text.
+    bool match(const LineForm &form, Span *spans, Alterations *alterations) const;
+
+private:
+    const char *m_text;
+    int m_begin;
+    int m_end;
+    std::string m_plain;      ///< the line with spaces for no-break spaces and tabs; empty if it has none
+    std::vector<int> m_offsets; ///< of the bytes of m_plain, and of its end, in the text
+};
+
+} // namespace Reports
+} // namespace velkor
