@@ -130,7 +130,8 @@ QStringList briefs(const Comparison &comparison)
 
 const char *name(Order order)
 {
-    return order == Order::Unknown ? "unknown" : order == Order::NewIsNewer ? "new" : "old";
+    return order == Order::Unknown ? "unknown" : order == Order::NewIsNewer ? "new"
+                                                                            : "old";
 }
 
 QByteArray separator()
@@ -260,7 +261,7 @@ void ComparisonTest::nothingDiffers_data()
     QTest::newRow("a greeting before it") << "Hello,\n\nhere is the report.\n\n" + text;
     const QString utf16 = QString::fromUtf8(text);
     QTest::newRow("UTF-16") << "\xff\xfe" + QByteArray(reinterpret_cast<const char *>(utf16.utf16()), utf16.size() * 2);
-    QTest::newRow("no-break spaces") << QByteArray(text).replace("  ", "\xc2\xa0 ");
+    QTest::newRow("no-break spaces") << QByteArray(text).replace(' ', "\xc2\xa0");
     QByteArray stripped;
     for (const QByteArray &one : text.split('\n')) {
         QByteArray rest = one;
@@ -378,21 +379,35 @@ void ComparisonTest::lists_data()
     QTest::addColumn<QStringList>("added");
     QTest::addColumn<QStringList>("removed");
     const QByteArray extensions = "#### QGLFormat #### \nglGetString(GL_EXTENSIONS) = ";
-    QTest::newRow("extensions in another order") << extensions + "GL_a GL_b \n" << extensions + "GL_b GL_a \n" << false << QStringList() << QStringList();
-    QTest::newRow("one extension more, one less") << extensions + "GL_a GL_b \n" << extensions + "GL_c GL_a \n" << true << QStringList("GL_c") << QStringList("GL_b");
-    QTest::newRow("one of two equal extensions less") << extensions + "GL_a GL_a \n" << extensions + "GL_a \n" << true << QStringList() << QStringList("GL_a");
+    QTest::newRow("extensions in another order") << extensions + "GL_a GL_b \n"
+                                                 << extensions + "GL_b GL_a \n"
+                                                 << false << QStringList() << QStringList();
+    QTest::newRow("one extension more, one less") << extensions + "GL_a GL_b \n"
+                                                  << extensions + "GL_c GL_a \n"
+                                                  << true << QStringList("GL_c") << QStringList("GL_b");
+    QTest::newRow("one of two equal extensions less") << extensions + "GL_a GL_a \n"
+                                                      << extensions + "GL_a \n"
+                                                      << true << QStringList() << QStringList("GL_a");
     const QByteArray paths = "QCoreApplication:\nLibrary Paths:        ";
     const QByteArray next = "\n                      ";
     QTest::newRow("library paths in another order")
-        << paths + "C:/a" + next + "C:/b\n" << paths + "C:/b" + next + "C:/a\n" << true << QStringList() << QStringList();
+        << paths + "C:/a" + next + "C:/b\n"
+        << paths + "C:/b" + next + "C:/a\n"
+        << true << QStringList() << QStringList();
     QTest::newRow("one library path more")
-        << paths + "C:/a\n" << paths + "C:/b" + next + "C:/a\n" << true << QStringList("C:/b") << QStringList();
+        << paths + "C:/a\n"
+        << paths + "C:/b" + next + "C:/a\n"
+        << true << QStringList("C:/b") << QStringList();
     const QByteArray bios = "BIOS information from Registry\nSystemBiosVersion:     ";
     const QByteArray nextBios = "\n                       ";
     QTest::newRow("BIOS strings in another order")
-        << bios + "A  1" + nextBios + "B\n" << bios + "B" + nextBios + "A  1\n" << true << QStringList() << QStringList();
+        << bios + "A  1" + nextBios + "B\n"
+        << bios + "B" + nextBios + "A  1\n"
+        << true << QStringList() << QStringList();
     QTest::newRow("other BIOS strings keep their blanks")
-        << bios + "A  1" + nextBios + "B\n" << bios + "A  2" + nextBios + "B\n" << true << QStringList("A  2") << QStringList("A  1");
+        << bios + "A  1" + nextBios + "B\n"
+        << bios + "A  2" + nextBios + "B\n"
+        << true << QStringList("A  2") << QStringList("A  1");
     QTest::newRow("a search path")
         << environment("  Path=C:\\a;C:\\b;\n") << environment("  Path=C:\\b;C:\\c;\n") << true << QStringList("C:\\c") << QStringList("C:\\a");
     QTest::newRow("a search path in another order")
