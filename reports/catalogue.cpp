@@ -275,10 +275,10 @@ const std::vector<FactRow> &factRows()
         driver.text("infSection", "   InfSection:         %1"),
         driver.text("infSectionExt", "   InfSectionExt:      %1"),
 
-        timeZone.number("activeTimeBias", "ActiveTimeBias: %1 min (offset to UTC)", "min"),
-        timeZone.number("bias", "Bias:           %1 min (offset to UTC)", "min"),
-        timeZone.number("daylightBias", "DaylightBias:   %1 min (additional offset if daylight saving is active)", "min"),
-        timeZone.number("standardBias", "StandardBias:   %1 min (additional offset if no daylight saving is active)", "min"),
+        timeZone.number("activeTimeBias", "ActiveTimeBias: %1", "min"),
+        timeZone.number("bias", "Bias:           %1", "min"),
+        timeZone.number("daylightBias", "DaylightBias:   %1", "min"),
+        timeZone.number("standardBias", "StandardBias:   %1", "min"),
         timeZone.text("daylightName", "DaylightName:   %1"),
         timeZone.text("standardName", "StandardName:   %1"),
 
@@ -336,8 +336,8 @@ const std::vector<FactRow> &factRows()
         port.text("name", portLine, nothing, Opens | NotEmpty),
         port.text("port", portLine, nothing, Opens | NotEmpty, 2),
 
-        quota.bytes("used", "Used [bytes]:           %1", everyMoment),
-        quota.bytes("allowed", "Allowed [bytes]:        %1"),
+        quota.bytes("usedBytes", "Used [bytes]:           %1", everyMoment),
+        quota.bytes("allowedBytes", "Allowed [bytes]:        %1"),
 
         directories.failure("systemDirectoryTooLong", "buffer for sysDir too small, need %1"),
         directories.text("systemDirectory", "System directory:      %1", path),
@@ -365,13 +365,13 @@ const std::vector<FactRow> &factRows()
 
         dateTime.date("localDateAndTime", "Local Date and Time: %1", everyMoment),
         dateTime.date("utcDateAndTime", "UTC   Date and Time: %1", everyMoment),
-        dateTime.number("activeBias", "ActiveBias: %1 min", "min"),
+        dateTime.number("activeBias", "ActiveBias: %1", "min"),
 
-        qtGlobal.version("linkedVersion", "Qt version this object was linked against: %1"),
-        qtGlobal.version("currentVersion", "Qt version currently used for execution:   %1"),
-        qtGlobal.text("endianess", "Endianess detected by Qt:                  %1"),
-        qtGlobal.number("wordsize", "Pointer size QSysInfo::Wordsize   %1bits", "bit"),
-        qtGlobal.number("pointerSize", "Pointer size QT_POINTER_SIZE      %1bytes", "Byte"),
+        qtGlobal.version("qtVersionThisObjectWasLinkedAgainst", "Qt version this object was linked against: %1"),
+        qtGlobal.version("qtVersionCurrentlyUsedForExecution", "Qt version currently used for execution:   %1"),
+        qtGlobal.text("endianessDetectedByQt", "Endianess detected by Qt:                  %1"),
+        qtGlobal.number("wordsize", "Pointer size QSysInfo::Wordsize   %1", "bit"),
+        qtGlobal.number("pointerSize", "Pointer size QT_POINTER_SIZE      %1", "Byte"),
 
         coreApplication.version("applicationVersion", "Application Version:  %1"),
         coreApplication.text("applicationName", "Application Name:     %1"),
@@ -394,7 +394,7 @@ const std::vector<FactRow> &factRows()
         screen.real("logicalDpiX", logicalDpi, "dpi", 1),
         screen.real("logicalDpiY", logicalDpi, "dpi", 2),
         screen.real("devicePixelRatio", "  devicePixelRatio: %1", "", 1),
-        screen.real("refreshRate", "  RefreshRate: %1 Hz", "Hz", 1),
+        screen.real("refreshRate", "  RefreshRate: %1", "Hz", 1),
         screen.real("physicalWidth", physicalSize, "mm", 1),
         screen.real("physicalHeight", physicalSize, "mm", 2),
         screen.real("physicalWidthInch", physicalSize, "inch", 3),

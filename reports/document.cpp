@@ -22,7 +22,9 @@ std::vector<QByteArray> linesOf(const DocumentData &data, const Fact &fact)
             lines.push_back(data.text.mid(begin, fact.end - begin));
             return lines;
         }
-        const int end = data.lineEnd.size() == 2 && found > begin && data.text[found - 1] == '\r' ? found - 1 : found;
+        int end = found;
+        while (data.carriageReturns && end > begin && data.text[end - 1] == '\r')
+            --end;
         lines.push_back(data.text.mid(begin, end - begin));
         begin = found + 1;
         const QByteArray &prefix = data.linePrefix;
@@ -302,9 +304,10 @@ Document read(const QByteArray &bytes)
         data->tail = bytes.size() % 2 == 1 ? bytes.right(1) : QByteArray();
         data->states |= State::Utf16;
     }
-    data->states.setFlag(State::NotUtf8, !isUtf8(data->text));
+    data->states.setFlag(State::NotUtf8, encoding == Encoding::Utf8 && !isUtf8(data->text));
     const Transport transport = detectTransport(data->text);
     data->lineEnd = transport.lineEnd;
+    data->carriageReturns = transport.carriageReturns;
     data->linePrefix = transport.linePrefix;
     Reader(*data, transport).read();
     return Document(data);

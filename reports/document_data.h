@@ -21,6 +21,7 @@ public:
     QByteArray encoding = QByteArrayLiteral("UTF-8");
     QByteArray tail; ///< the last byte of UTF-16 with an odd number of bytes
     QByteArray lineEnd = QByteArrayLiteral("\n");
+    bool carriageReturns = false; ///< before line feeds they belong to the line end
     QByteArray linePrefix;
     States states;
     std::vector<int> ambiguous;

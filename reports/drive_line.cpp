@@ -1,5 +1,7 @@
 #include "drive_line.h"
 
+#include <algorithm>
+
 namespace velkor {
 namespace Reports {
 
@@ -57,25 +59,15 @@ private:
 
     int afterBlanks(int at) const
     {
-        while (at < m_end) {
-            const int length = blankLength(m_text, at, m_end);
-            if (length == 0)
-                break;
-            at += length;
-        }
+        while (at < m_end && m_text[at] == ' ')
+            ++at;
         return at;
     }
 
     int beforeBlanks(int from, int at) const
     {
-        while (at > from) {
-            if (blankLength(m_text, at - 1, m_end) == 1)
-                at -= 1;
-            else if (at - 2 >= from && blankLength(m_text, at - 2, m_end) == 2)
-                at -= 2;
-            else
-                break;
-        }
+        while (at > from && m_text[at - 1] == ' ')
+            --at;
         return at;
     }
 
@@ -109,8 +101,13 @@ private:
                 continue;
             m_spans[Type] = {m_begin, m_begin + int(type.size())};
             m_begin += int(m_altered ? type.size() : padded.size());
-            if (m_altered)
-                m_begin = afterBlanks(m_begin);
+            if (m_altered) {
+                const int next = afterBlanks(m_begin);
+                const bool shorter = next - m_begin != int(padded.size() - type.size());
+                m_altered->collapsed |= shorter && next > m_begin;
+                m_altered->trailing |= shorter && next == m_begin;
+                m_begin = next;
+            }
             return true;
         }
         return true;
@@ -174,16 +171,14 @@ private:
 
     bool matchAlteredVolume()
     {
-        m_altered->collapsed = true;
         const int end = beforeBlanks(m_begin, m_end);
         if (end == m_begin)
             return true;
-        int gap = m_begin;
-        while (gap < end && blankLength(m_text, gap, end) == 0)
-            ++gap;
+        const int gap = int(std::min(view(0, end).find(' ', std::size_t(m_begin)), std::size_t(end)));
+        const int label = std::min(afterBlanks(gap), end);
         m_spans[FileSystem] = {m_begin, gap};
-        const int label = afterBlanks(gap);
-        m_spans[Label] = {label < end ? label : end, end};
+        m_spans[Label] = {label, end};
+        m_altered->collapsed |= label - gap != 2 || m_end - end != 2;
         return true;
     }
 

@@ -50,10 +50,10 @@ bool endsWith(std::string_view text, std::string_view literal)
 }
 
 /// Matches literals whose spaces may have changed on the way.
-class AlteredLine
+class AlteredText
 {
 public:
-    AlteredLine(const char *text, int end, Alterations *alterations)
+    AlteredText(const char *text, int end, Alterations *alterations)
         : m_text(text)
         , m_end(end)
         , m_alterations(alterations)
@@ -84,18 +84,14 @@ private:
     int matchBlanks(int expected, int at, bool leading, bool last)
     {
         int found = 0;
-        while (at < m_end && !(last && found == expected && m_text[at] == ' ')) {
-            const int length = blankLength(m_text, at, m_end);
-            if (length == 0)
-                break;
-            m_alterations->noBreak |= m_text[at] != ' ';
-            at += length;
+        while (at < m_end && m_text[at] == ' ' && !(last && found == expected)) {
+            ++at;
             ++found;
         }
-        if (leading)
-            m_alterations->leading |= found < expected;
-        else if (at == m_end)
-            m_alterations->trailing |= found < expected;
+        if (found == 0 && leading)
+            m_alterations->leading = true;
+        else if (found < expected && at == m_end)
+            m_alterations->trailing = true;
         else if (found == 0)
             return -1;
         else
@@ -115,6 +111,11 @@ int blankLength(const char *text, int at, int end)
     if (text[at] == ' ' || text[at] == '\t')
         return 1;
     return text[at] == '\xc2' && at + 1 < end && text[at + 1] == '\xa0' ? 2 : 0;
+}
+
+bool Alterations::any() const
+{
+    return leading || trailing || collapsed || noBreak;
 }
 
 LineForm::LineForm(int firstRow, int rowCount)
@@ -209,7 +210,7 @@ bool LineForm::matchAltered(const char *text, int begin, int end, Span *spans, A
 {
     if (m_drive)
         return matchDrive(text, begin, end, spans, alterations);
-    AlteredLine line(text, end, alterations);
+    AlteredText line(text, end, alterations);
     int at = line.match(m_literals.front(), begin, true);
     if (at < 0)
         return false;
@@ -224,7 +225,7 @@ bool LineForm::matchAltered(const char *text, int begin, int end, Span *spans, A
         int candidate = at + (i == 0 && has(NotEmpty) ? 1 : 0);
         for (; candidate <= end; ++candidate) {
             Alterations tried = *alterations;
-            AlteredLine rest(text, end, &tried);
+            AlteredText rest(text, end, &tried);
             after = rest.match(next, candidate, false);
             if (after >= 0 && (i + 1 < m_valueCount || after == end)) {
                 *alterations = tried;

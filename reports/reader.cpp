@@ -1,6 +1,6 @@
 #include "reader.h"
 
-#include "text_encoding.h"
+#include "altered_line.h"
 
 #include <algorithm>
 #include <cstring>
@@ -11,6 +11,10 @@ namespace Reports {
 namespace {
 
 constexpr int strongWeight = 6; // characters that prove a line without its heading
+constexpr int longWeight = 12;  // that prove it alone
+constexpr int resumedSections = 5; // how many sections a value can hold and still be told from them
+constexpr int examinedFacts = 64;
+constexpr int peekedLines = 3;
 constexpr int hyphensOfClass = 28;
 constexpr int underscoresOfInterface = 55;
 
@@ -41,6 +45,14 @@ int lastSection()
     return int(sectionRows().size()) - 1;
 }
 
+int findSectionRow(const char *name)
+{
+    int row = lastSection();
+    while (row >= 0 && !isKind(sectionRows()[std::size_t(row)].name, name))
+        --row;
+    return row;
+}
+
 int lastWindowsSection()
 {
     int last = -1;
@@ -57,7 +69,7 @@ bool isOptional(int section)
 }
 
 /// Which sections of the reports are missing.
-States missingSections(const std::vector<Section> &sections)
+States missingSections(const std::vector<Section> &sections, bool hasBeginning)
 {
     States states;
     int report = -1;
@@ -71,7 +83,7 @@ States missingSections(const std::vector<Section> &sections)
         if (first)
             endReport();
         if (first && section.row != 0)
-            states |= State::StartMissing;
+            states |= hasBeginning && section.report == 0 ? State::SectionsMissing : State::StartMissing;
         for (int row = previous + 1; !first && row < section.row; ++row)
             states.setFlag(State::SectionsMissing, states.testFlag(State::SectionsMissing) || !isOptional(row));
         report = section.report;
@@ -133,7 +145,7 @@ void Reader::read()
     m_previous.next = begin;
     while (begin < m_size) {
         m_line = lineAt(begin);
-        if (m_line.content > m_line.begin)
+        if (m_line.content > m_line.begin && !m_line.formFeed)
             m_states |= State::MailQuotes;
         readLine();
         m_previous = m_line;
@@ -153,9 +165,14 @@ TextLine Reader::lineAt(int begin) const
     const void *found = std::memchr(m_text + begin, last, std::size_t(m_size - begin));
     line.end = found ? int(static_cast<const char *>(found) - m_text) : m_size;
     line.next = found ? line.end + 1 : m_size;
-    if (m_transport.lineEnd.size() == 2 && line.end > begin && m_text[line.end - 1] == '\r')
+    while (m_transport.carriageReturns && line.end > begin && m_text[line.end - 1] == '\r')
         --line.end;
     line.content = begin;
+    if (line.content < line.end && m_text[line.content] == '\f') {
+        ++line.content;
+        line.formFeed = true;
+        return line;
+    }
     const QByteArray &prefix = m_transport.linePrefix;
     if (prefix.isEmpty())
         return line;
@@ -173,7 +190,18 @@ TextLine Reader::lineAt(int begin) const
 
 TextLine Reader::peek() const
 {
-    return m_line.next < m_size ? lineAt(m_line.next) : TextLine {m_size, m_size, m_size, m_size};
+    TextLine line;
+    line.begin = line.content = line.end = line.next = m_size;
+    return m_line.next < m_size ? lineAt(m_line.next) : line;
+}
+
+/// The next line that is not empty, of the next few.
+TextLine Reader::peekText() const
+{
+    TextLine line = peek();
+    for (int i = 0; i < peekedLines && line.isEmpty() && line.next < m_size; ++i)
+        line = lineAt(line.next);
+    return line;
 }
 
 bool Reader::isHeading(const TextLine &line, int &begins) const
@@ -193,16 +221,20 @@ void Reader::readLine()
     if (m_section == noSection) {
         if (readHeading(true) || resumes() || startsWithoutHeading())
             return;
-        if (m_line.isEmpty()) {
-            mark(PlaceKind::Empty, m_line.begin, m_line.next);
-            return;
-        }
-        mark(PlaceKind::Other, m_line.begin, m_line.next);
-        m_states |= State::ForeignText;
-        m_separated = true;
+        readForeignLine();
         return;
     }
     readSectionLine();
+}
+
+/// A line outside of every section.
+void Reader::readForeignLine()
+{
+    markQuote();
+    const std::string_view line(m_text + m_line.content, std::size_t(m_line.end - m_line.content));
+    const bool blank = line.find_first_not_of(" \t") == std::string_view::npos;
+    mark(blank ? PlaceKind::Empty : PlaceKind::Other, m_line.content, m_line.next);
+    m_interrupted = true;
 }
 
 /// Lines that are values whatever stands in them.
@@ -212,16 +244,13 @@ bool Reader::readForced()
         takeNextLine();
         return true;
     }
-    if (!m_afterRule || m_section == noSection)
+    if (!m_afterRule || m_section == noSection || m_line.isEmpty())
         return false;
     m_afterRule = false;
     int begins = noSection;
-    if (isSeparator(m_text, m_line.content, m_line.end) && (m_line.next == m_size || isHeading(peek(), begins)))
+    if (isSeparator(m_text, m_line.content, m_line.end) && (m_line.next == m_size || isHeading(peekText(), begins)))
         return false;
-    if (m_line.isEmpty())
-        return false;
-    if (m_line.content > m_line.begin)
-        mark(PlaceKind::Quote, m_line.begin, m_line.content);
+    markQuote();
     for (int i = 0; i < int(m_form->lines.size()); ++i) {
         const LineForm &form = m_form->lines[std::size_t(i)];
         Span spans[maximalValues];
@@ -257,32 +286,57 @@ bool Reader::readSeparator()
             leave();
             mark(PlaceKind::Separator, hyphens, m_line.next);
             m_separated = true;
+            m_interrupted = false;
             return true;
         }
         return false;
     }
     int begins = noSection;
-    const bool headingFollows = isHeading(peek(), begins);
+    const bool headingFollows = isHeading(peekText(), begins);
     const int section = m_section;
+    if (section == noSection && m_separated && !m_interrupted && m_order >= 0 && m_order < lastSection()
+        && !isOptional(m_order + 1))
+        noteAmbiguous(); // nothing between two separators
     leave();
-    if (m_line.content > m_line.begin)
-        mark(PlaceKind::Quote, m_line.begin, m_line.content);
+    markQuote();
     mark(PlaceKind::Separator, m_line.content, m_line.next);
     m_suspended = headingFollows || section == lastSection() ? noSection : section;
     m_separated = true;
+    m_interrupted = false;
     return true;
+}
+
+/// What the line and the one that was broken off it begin. Extends the line if they do.
+int Reader::wrappedHeading()
+{
+    if (m_transport.wrapColumn == 0 || m_line.next == m_size)
+        return noSection;
+    const TextLine next = peek();
+    const int length = lengthOf(m_text + m_line.begin, m_text + next.end);
+    if (next.isEmpty() || length <= m_transport.wrapColumn || next.end - m_line.begin > longestHeading)
+        return noSection;
+    Alterations ignored;
+    const int begins = headingAt(m_text, m_line.content, next.end, &ignored);
+    if (begins == noSection || (begins >= 0 && beginsWithFact(begins)))
+        return noSection;
+    m_line.end = next.end;
+    m_line.next = next.next;
+    m_states |= State::WrappedLines;
+    return begins;
 }
 
 /// Enters the half or the section that the line begins. \a expected: a heading can stand here.
 bool Reader::readHeading(bool expected)
 {
     Alterations alterations;
-    const int begins = headingAt(m_text, m_line.content, m_line.end, &alterations);
+    int begins = headingAt(m_text, m_line.content, m_line.end, &alterations);
+    if (begins == noSection)
+        begins = wrappedHeading();
     if (begins == noSection)
         return false;
     if (begins < 0) {
         int follows = noSection;
-        const TextLine next = peek();
+        const TextLine next = peekText();
         const bool proven = isHeading(next, follows) || next.begin == m_size;
         if (!expected && !proven)
             return false;
@@ -292,14 +346,17 @@ bool Reader::readHeading(bool expected)
         if (begins == windowsHalf || m_report < 0) {
             ++m_report;
             m_order = -1;
-            m_orderBeforeJump = -1;
-            m_spaces = m_report > 0 ? SpaceEvidence() : m_spaces;
+            if (m_report > 0) {
+                m_states |= m_spaces.states();
+                m_spaces = SpaceEvidence();
+            }
         }
-        if (m_line.content > m_line.begin)
-            mark(PlaceKind::Quote, m_line.begin, m_line.content);
+        markQuote();
         mark(PlaceKind::Heading, m_line.content, m_line.next);
         m_separated = true;
+        m_interrupted = false;
         m_suspended = noSection;
+        m_hasBeginning |= begins == windowsHalf && m_report == 0;
         if (begins == qtHalf)
             m_order = std::max(m_order, lastWindowsSection());
         return true;
@@ -307,6 +364,8 @@ bool Reader::readHeading(bool expected)
     if (!expected && begins <= m_order)
         return false;
     if (beginsWithFact(begins)) {
+        if (m_order < 0 ? alterations.any() : !m_spaces.allows(alterations))
+            return false;
         if (!expected && !(m_section != noSection && begins == m_section + 1))
             return false;
         enter(begins, false);
@@ -331,26 +390,21 @@ bool Reader::isOpenEnded() const
 
 void Reader::enter(int section, bool heading)
 {
-    const int from = m_section;
     leave();
     if (m_report < 0)
         m_report = 0;
-    if (section <= m_order) {
-        if (m_orderBeforeJump >= 0 && section > m_orderBeforeJump && m_separated) {
-            noteAmbiguous(); // the sections after the jump may belong to a value
-        } else {
-            if (from != noSection || !m_separated)
-                noteAmbiguous();
-            ++m_report;
-        }
-        m_orderBeforeJump = -1;
-    } else if (section > m_order + 2 && m_order >= 0) {
-        m_orderBeforeJump = m_order;
+    // A report does not go back. A value with line breaks can look like that, but so can two
+    // reports of which the second has no beginning.
+    if (section <= m_order && m_separated && !m_interrupted) {
+        noteAmbiguous();
+    } else if (section <= m_order) {
+        ++m_report;
     }
     m_order = section;
     m_section = section;
     m_form = &sectionForm(section);
     m_separated = false;
+    m_interrupted = false;
     m_suspended = noSection;
     m_lastForm = -1;
     m_lastFact = -1;
@@ -370,8 +424,7 @@ void Reader::enter(int section, bool heading)
     m_data.sections.push_back(entered);
     if (!heading)
         return;
-    if (m_line.content > m_line.begin)
-        mark(PlaceKind::Quote, m_line.begin, m_line.content);
+    markQuote();
     mark(PlaceKind::Heading, m_line.content, m_line.next);
 }
 
@@ -390,32 +443,136 @@ void Reader::leave()
     m_pendingSuffix = {};
 }
 
-/// After a separator without a heading: a line of the section before it shows that the separator
-/// belongs to a value.
+/// A line of a section that has ended shows that its end belongs to a value.
 bool Reader::resumes()
 {
-    if (m_suspended == noSection || m_data.sections.empty() || m_lastFact < 0)
-        return false;
-    const SectionForm &form = sectionForm(m_suspended);
-    for (int i = 0; i < int(form.lines.size()); ++i) {
-        const LineForm &line = form.lines[std::size_t(i)];
-        Span spans[maximalValues];
-        if (line.has(Anything) || line.has(NextLine) || !line.match(m_text, m_line.content, m_line.end, spans))
+    std::vector<Section> &sections = m_data.sections;
+    const int last = int(sections.size()) - 1;
+    const int first = m_section == noSection ? last : last - 1;
+    for (int i = first; i >= 0 && i > last - resumedSections; --i) {
+        const Section &section = sections[std::size_t(i)];
+        if (section.report != m_report)
+            return false;
+        const bool suspended = i == last && m_suspended == section.row;
+        if (!suspended && !repeatsLater(section.row))
             continue;
-        Section &section = m_data.sections.back();
-        m_section = m_suspended;
-        m_form = &sectionForm(m_section);
-        m_suspended = noSection;
-        m_levels.assign(1, {-1, 0});
-        Fact &last = m_data.facts[std::size_t(m_lastFact)];
-        absorb(last.end);
-        last.end = std::max(last.end, m_previous.end);
-        for (int item = last.item; item >= 0; item = m_data.items[std::size_t(item)].parent)
-            m_levels.insert(m_levels.begin() + 1, {item, 0});
-        section.end = m_line.next;
-        noteAmbiguous();
-        readSectionLine();
+        if (section.lastFact > section.firstFact && goesOnIn(section)) {
+            resume(i);
+            return true;
+        }
+    }
+    return false;
+}
+
+/// True if the line is one of the section's that it does not have yet.
+bool Reader::goesOnIn(const Section &section) const
+{
+    const int last = section.lastFact - 1;
+    for (const LineForm &form : sectionForm(section.row).lines) {
+        Span spans[maximalValues];
+        const bool proves = form.weight() >= strongWeight || (form.weight() > 0 && form.hasLeading());
+        if (!proves || form.has(Anything) || form.has(NextLine) || form.valueCount() == 0
+            || !form.match(m_text, m_line.content, m_line.end, spans))
+            continue;
+        for (int i = last; i >= section.firstFact && i > last - examinedFacts && !form.has(Opens); --i) {
+            const Fact &fact = m_data.facts[std::size_t(i)];
+            if (fact.row == form.firstRow() && fact.item == m_data.facts[std::size_t(last)].item)
+                return false;
+        }
         return true;
+    }
+    return false;
+}
+
+/// True if the heading after the next separator is one that the report had after that section.
+bool Reader::repeatsLater(int section)
+{
+    if (m_nextHeadingFrom > m_line.begin || m_nextHeadingAt < m_line.begin) {
+        m_nextHeadingFrom = m_line.begin;
+        m_nextHeading = noSection;
+        m_nextHeadingAt = m_size;
+        for (int begin = m_line.next; begin < m_size;) {
+            const TextLine line = lineAt(begin);
+            begin = line.next;
+            if (!isSeparator(m_text, line.content, line.end) || begin >= m_size)
+                continue;
+            isHeading(lineAt(begin), m_nextHeading);
+            m_nextHeadingAt = begin;
+            break;
+        }
+    }
+    return m_nextHeading > section && m_nextHeading <= m_order;
+}
+
+/// Goes on in a section that seemed to have ended. What was read since belongs to its last value.
+void Reader::resume(int index)
+{
+    if (m_section != noSection)
+        leave();
+    m_data.sections.resize(std::size_t(index) + 1);
+    Section &section = m_data.sections.back();
+    m_data.items.resize(std::size_t(section.lastItem));
+    m_data.facts.resize(std::size_t(section.lastFact));
+    Fact &last = m_data.facts.back();
+    absorb(last.end);
+    last.end = m_previous.end;
+    m_section = section.row;
+    m_form = &sectionForm(m_section);
+    m_order = m_section;
+    m_suspended = noSection;
+    m_separated = false;
+    m_interrupted = false;
+    m_lastFact = section.lastFact - 1;
+    m_lastForm = -1;
+    m_emptyLines = 0;
+    m_levels.assign(1, {-1, 0});
+    for (int item = last.item; item >= 0; item = m_data.items[std::size_t(item)].parent)
+        m_levels.insert(m_levels.begin() + 1, {item, 0});
+    for (int i = section.lastFact - 1; i >= section.firstFact && i >= section.lastFact - examinedFacts; --i) {
+        const Fact &fact = m_data.facts[std::size_t(i)];
+        for (int form = 0; form < int(m_form->lines.size()); ++form) {
+            if (m_form->lines[std::size_t(form)].firstRow() != fact.row)
+                continue;
+            m_lastForm = std::max(m_lastForm, i == section.lastFact - 1 ? form : -1);
+            for (Level &level : m_levels)
+                level.seen |= level.item == fact.item ? quint64(1) << form : 0;
+        }
+    }
+    readSectionLine();
+}
+
+/// The sections that have such a line; those with the longest label.
+std::vector<int> Reader::sectionsWith(const TextLine &text) const
+{
+    std::vector<int> sections;
+    std::size_t longest = 0;
+    for (int section = 0; section <= lastSection(); ++section) {
+        for (const LineForm &line : sectionForm(section).lines) {
+            Span spans[maximalValues];
+            if (line.weight() < strongWeight || text.isEmpty() || line.row().line[0] != m_text[text.content]
+                || !line.match(m_text, text.content, text.end, spans))
+                continue;
+            const std::size_t length = std::strlen(line.row().line);
+            if (length > longest)
+                sections.clear();
+            longest = std::max(longest, length);
+            if (length == longest && (sections.empty() || sections.back() != section))
+                sections.push_back(section);
+        }
+    }
+    return sections;
+}
+
+/// True if the line's label alone shows what it is.
+bool Reader::hasLongLabel() const
+{
+    for (int section = 0; section <= lastSection(); ++section) {
+        for (const LineForm &line : sectionForm(section).lines) {
+            Span spans[maximalValues];
+            if ((line.hasRuns() || line.weight() >= longWeight) && line.weight() >= strongWeight
+                && line.match(m_text, m_line.content, m_line.end, spans))
+                return true;
+        }
     }
     return false;
 }
@@ -423,27 +580,18 @@ bool Reader::resumes()
 /// A line whose section is known without a heading: the beginning of the section is missing.
 bool Reader::startsWithoutHeading()
 {
-    std::vector<int> candidates;
-    std::size_t longest = 0;
-    for (int section = 0; section <= lastSection(); ++section) {
-        for (const LineForm &line : sectionForm(section).lines) {
-            Span spans[maximalValues];
-            if (line.weight() < strongWeight || line.row().line[0] != m_text[m_line.content]
-                || !line.match(m_text, m_line.content, m_line.end, spans))
-                continue;
-            const std::size_t length = std::size_t(line.row().label().size());
-            if (length > longest)
-                candidates.clear();
-            longest = std::max(longest, length);
-            if (length == longest && (candidates.empty() || candidates.back() != section))
-                candidates.push_back(section);
-        }
-    }
+    const std::vector<int> candidates = sectionsWith(m_line);
     if (candidates.empty())
+        return false;
+    const TextLine next = peek();
+    int begins = noSection;
+    const std::vector<int> ofNext = sectionsWith(next);
+    const bool ends = next.begin == m_size || isHeading(next, begins) || isSeparator(m_text, next.content, next.end);
+    if (ofNext != candidates && !(ends && hasLongLabel()))
         return false;
     enter(candidates.size() == 1 ? candidates.front() : sectionBeforeNextHeading(candidates), false);
     m_atStart = false;
-    m_states |= m_report == 0 && m_data.sections.size() == 1 ? State::StartMissing : State::SectionsMissing;
+    m_states |= m_data.sections.size() == 1 && !m_hasBeginning ? State::StartMissing : State::SectionsMissing;
     readSectionLine();
     return true;
 }
@@ -469,19 +617,20 @@ int Reader::sectionBeforeNextHeading(const std::vector<int> &candidates) const
 
 void Reader::readSectionLine()
 {
-    if (m_line.content > m_line.begin)
-        mark(PlaceKind::Quote, m_line.begin, m_line.content);
+    markQuote();
     if (m_line.isEmpty()) {
         readEmptyLine();
         return;
     }
-    if (readRule() || (isWrapped() && readWrapped()) || readExact() || (m_pendingSuffix.empty() && readHeading(false)))
+    joinWrapped();
+    if (readRule() || readExact() || (m_pendingSuffix.empty() && readHeading(false)))
         return;
     if (!m_pendingSuffix.empty()) {
         finishBeginning();
         return;
     }
-    if (readAltered(strongWeight) || readAnything() || readBeginning() || readAltered(1) || continueValue())
+    if (readAltered(strongWeight) || readAnything() || readBeginning() || readAltered(1) || resumes()
+        || startsModules() || continueValue())
         return;
     mark(PlaceKind::Other, m_line.content, m_line.next);
 }
@@ -511,34 +660,56 @@ bool Reader::readRule()
     return true;
 }
 
-/// True if the line before was broken at a space because this line's first word did not fit.
-bool Reader::isWrapped() const
+/// Extends the line by those that were broken off it.
+void Reader::joinWrapped()
 {
     const int column = m_transport.wrapColumn;
-    const int before = m_previous.end - m_previous.content;
-    if (column == 0 || before == 0 || before > column || m_previous.next != m_line.begin || m_lastFact < 0)
-        return false;
-    const std::string_view line(m_text + m_line.content, std::size_t(m_line.end - m_line.content));
-    const std::string_view word = line.substr(0, line.find(' '));
-    const std::string_view previous(m_text + m_previous.content, std::size_t(before));
-    if (word.empty())
-        return false;
-    const bool path = word.substr(0, 2) == "\\\\" || word.substr(1, 2) == ":\\" || word.front() == '/';
-    return !path && previous.find(' ') != std::string_view::npos && before + 1 + int(word.size()) > column;
+    TextLine last = m_line;
+    while (column > 0 && m_line.next < m_size) {
+        const TextLine next = peek();
+        if (!isBrokenOff(last, next))
+            return;
+        m_line.end = next.end;
+        m_line.next = next.next;
+        m_line.wrapped = true;
+        m_states |= State::WrappedLines;
+        last = next;
+    }
 }
 
-bool Reader::readWrapped()
+/// True if \a before was broken at a space because the first word of \a line did not fit.
+bool Reader::isBrokenOff(const TextLine &before, const TextLine &line) const
 {
+    const std::string_view text(m_text + line.content, std::size_t(line.end - line.content));
+    const std::string_view word = text.substr(0, text.find(' '));
+    const std::string_view previous(m_text + before.content, std::size_t(before.end - before.content));
+    const int length = lengthOf(m_text + before.begin, m_text + before.end);
+    const int wordLength = lengthOf(word.data(), word.data() + word.size());
+    if (word.empty() || previous.empty() || length > m_transport.wrapColumn || line.formFeed
+        || length + 1 + wordLength <= m_transport.wrapColumn || previous.find_last_not_of(" -_") == std::string_view::npos)
+        return false;
+    const bool path = word.substr(0, 2) == "\\\\" || (word.size() > 2 && word.substr(1, 2) == ":\\") || word.front() == '/';
+    if (path && isKind(sectionRow().facts, "loadedModules"))
+        return false;
+    int begins = noSection;
+    return !isHeading(before, begins) && !isRun(text, '-', hyphensOfClass) && !isRun(text, '_', underscoresOfInterface)
+        && !isSeparator(m_text, line.content, line.end) && !isHeading(line, begins) && !isKnown(line);
+}
+
+/// True if the line's label shows that the section has such a line.
+bool Reader::isKnown(const TextLine &line) const
+{
+    const AlteredLine altered(m_text, line.content, line.end);
     for (const LineForm &form : m_form->lines) {
         Span spans[maximalValues];
-        if (form.weight() >= strongWeight && form.match(m_text, m_line.content, m_line.end, spans))
-            return false;
+        Alterations alterations;
+        if (form.weight() >= strongWeight
+            && (form.match(m_text, line.content, line.end, spans)
+                || form.matchBeginning(m_text, line.content, line.end, spans)
+                || (altered.match(form, spans, &alterations) && m_spaces.allows(alterations))))
+            return true;
     }
-    int begins = noSection;
-    if (isHeading(m_line, begins) || !continueValue())
-        return false;
-    m_states |= State::WrappedLines;
-    return true;
+    return false;
 }
 
 bool Reader::readExact()
@@ -552,8 +723,9 @@ bool Reader::readExact()
             continue;
         if (!mayFollow(form, index))
             continue;
-        if (isRepeated(form, index)) {
-            noteAmbiguous();
+        if (isRepeated(form, index) && !givesBack(form, index)) {
+            if (index >= m_lastForm)
+                noteAmbiguous();
             if (continueValue())
                 return true;
         }
@@ -587,6 +759,31 @@ bool Reader::isRepeated(const LineForm &form, int formIndex) const
         const int kind = level->item < 0 ? -1 : m_data.items[std::size_t(level->item)].kind;
         if (kind == form.item())
             return (level->seen >> formIndex & 1) != 0 && !(m_emptyLines > 0 && inKind("driver"));
+    }
+    return false;
+}
+
+/// A line that stands twice: if the order of the lines shows that the first one belongs to the value
+/// before it, gives it to that value.
+bool Reader::givesBack(const LineForm &form, int formIndex)
+{
+    if (formIndex < m_lastForm || form.valueCount() != 1)
+        return false;
+    std::vector<Fact> &facts = m_data.facts;
+    const int first = std::max(m_data.sections.back().firstFact + 1, int(facts.size()) - examinedFacts);
+    for (int i = int(facts.size()) - 2; i >= first; --i) {
+        const std::size_t at = std::size_t(i);
+        if (facts[at + 1].item != m_levels.back().item || facts[at].item != facts[at + 1].item)
+            return false;
+        if (facts[at].row != form.firstRow())
+            continue;
+        Fact &before = facts[at - 1];
+        if (facts[at + 1].row > facts[at].row || before.item != facts[at].item || isOneLine(factRows()[std::size_t(before.row)].type))
+            return false;
+        before.end = facts[at].end;
+        facts.erase(facts.begin() + i);
+        --m_lastFact;
+        return true;
     }
     return false;
 }
@@ -630,6 +827,8 @@ bool Reader::mayBeConfiguration() const
 
 bool Reader::readAltered(int weight)
 {
+    const std::string_view prefix(m_transport.linePrefix.constData(), std::size_t(m_transport.linePrefix.size()));
+    const AlteredLine line(m_text, m_line.content, m_line.end, m_line.wrapped, prefix);
     const int count = int(m_form->lines.size());
     for (int step = 1; step <= count; ++step) {
         const int index = (m_lastForm + step) % count;
@@ -640,14 +839,35 @@ bool Reader::readAltered(int weight)
             continue;
         Span spans[maximalValues];
         Alterations alterations;
-        if (!form.matchAltered(m_text, m_line.content, m_line.end, spans, &alterations) || !m_spaces.allows(alterations)
-            || !mayFollow(form, index) || isRepeated(form, index))
+        if (!line.match(form, spans, &alterations) || !m_spaces.allows(alterations) || !mayFollow(form, index)
+            || isRepeated(form, index))
             continue;
         m_spaces.count(alterations);
         accept(form, index, spans, true);
         return true;
     }
     return false;
+}
+
+/// A module of which everything before is missing.
+bool Reader::startsModules()
+{
+    static const int section = findSectionRow("loadedModules");
+    if (section <= m_section || !isModule(m_line) || !(isModule(peek()) || m_line.next == m_size))
+        return false;
+    enter(section, false);
+    m_states |= State::SectionsMissing;
+    return readAnything();
+}
+
+/// True if the line is the path of a file that programs load.
+bool Reader::isModule(const TextLine &line) const
+{
+    const std::string_view path(m_text + line.content, std::size_t(line.end - line.content));
+    if (path.size() < 8 || path.substr(1, 2) != ":\\")
+        return false;
+    const QByteArray suffix = QByteArray(path.data() + path.size() - 4, 4).toLower();
+    return suffix == ".dll" || suffix == ".exe" || suffix == ".drv";
 }
 
 /// A line of which only spaces at its beginning are the format's: without them it can be anything.
@@ -701,7 +921,7 @@ bool Reader::continueValue()
     Fact &fact = m_data.facts[std::size_t(m_lastFact)];
     const FactRow &row = factRows()[std::size_t(fact.row)];
     const LineForm &form = m_form->lines[std::size_t(m_lastForm)];
-    if (isOneLine(row.type) || !form.suffix().empty() || *row.only != '\0')
+    if (m_line.formFeed || isOneLine(row.type) || !form.suffix().empty() || *row.only != '\0')
         return false;
     absorb(fact.end);
     fact.end = m_line.end;
@@ -744,8 +964,7 @@ bool Reader::nextLineIsValue(int formIndex) const
 void Reader::takeNextLine()
 {
     m_valueOnNextLine = false;
-    if (m_line.content > m_line.begin)
-        mark(PlaceKind::Quote, m_line.begin, m_line.content);
+    markQuote();
     const Span span {m_line.content, m_line.end};
     accept(m_form->lines[std::size_t(m_lastForm) + 1], m_lastForm + 1, &span);
 }
@@ -829,6 +1048,12 @@ void Reader::absorb(int begin)
     }
 }
 
+/// Marks what precedes the line's content: a quote, or the form feed of a page.
+void Reader::markQuote()
+{
+    mark(m_line.formFeed ? PlaceKind::Other : PlaceKind::Quote, m_line.begin, m_line.content);
+}
+
 void Reader::noteAmbiguous()
 {
     m_states |= State::Ambiguous;
@@ -855,10 +1080,23 @@ void Reader::finish()
     States states = m_states | m_spaces.states();
     states.setFlag(State::NoReport, m_data.sections.empty());
     states.setFlag(State::SeveralReports, m_report > 0);
-    states.setFlag(State::CrLf, m_transport.lineEnd != "\n");
-    if (open)
+    states.setFlag(State::CrLf, m_transport.carriageReturns || m_transport.lineEnd != "\n");
+    if (open || !m_data.tail.isEmpty())
         states |= State::EndMissing;
-    m_data.states |= states | missingSections(m_data.sections);
+    states |= missingSections(m_data.sections, m_hasBeginning);
+    if (!m_data.sections.empty() && hasForeignText(states.testFlag(State::StartMissing)))
+        states |= State::ForeignText;
+    m_data.states |= states;
+}
+
+/// The rest of the line in which a text begins is not foreign.
+bool Reader::hasForeignText(bool startMissing) const
+{
+    const auto isForeign = [&](const Mark &mark) {
+        const QByteArray text = m_data.text.mid(mark.begin, mark.end - mark.begin);
+        return mark.kind == PlaceKind::Other && !(startMissing && mark.begin == 0 && text.indexOf('\n') == text.size() - 1);
+    };
+    return std::any_of(m_data.marks.begin(), m_data.marks.end(), isForeign);
 }
 
 } // namespace Reports

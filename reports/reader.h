@@ -12,9 +12,11 @@ namespace Reports {
 struct TextLine
 {
     int begin = 0;   ///< of the quote
-    int content = 0; ///< after the quote
+    int content = 0; ///< after the quote or the form feed
     int end = 0;     ///< before the line end
     int next = 0;    ///< of the next line
+    bool formFeed = false; ///< a page begins with the line
+    bool wrapped = false;  ///< further lines were broken off it; their line ends are in the content
 
     bool isEmpty() const { return content == end; }
 };
@@ -54,10 +56,13 @@ private:
     // Lines
     TextLine lineAt(int begin) const;
     TextLine peek() const;
+    TextLine peekText() const;
+    int wrappedHeading();
     bool isHeading(const TextLine &line, int &begins) const;
 
     // Structure
     void readLine();
+    void readForeignLine();
     bool readForced();
     bool readSeparator();
     bool readHeading(bool expected);
@@ -65,6 +70,11 @@ private:
     void leave();
     bool isOpenEnded() const;
     bool resumes();
+    bool goesOnIn(const Section &section) const;
+    bool repeatsLater(int section);
+    void resume(int index);
+    std::vector<int> sectionsWith(const TextLine &text) const;
+    bool hasLongLabel() const;
     bool startsWithoutHeading();
     int sectionBeforeNextHeading(const std::vector<int> &candidates) const;
 
@@ -72,15 +82,19 @@ private:
     void readSectionLine();
     void readEmptyLine();
     bool readRule();
-    bool isWrapped() const;
-    bool readWrapped();
+    void joinWrapped();
+    bool isBrokenOff(const TextLine &before, const TextLine &line) const;
+    bool isKnown(const TextLine &line) const;
     bool readExact();
     bool mayFollow(const LineForm &form, int formIndex) const;
     bool isRepeated(const LineForm &form, int formIndex) const;
+    bool givesBack(const LineForm &form, int formIndex);
     bool readAnything();
     bool mayStand(const LineForm &form) const;
     bool mayBeConfiguration() const;
     bool readAltered(int weight);
+    bool startsModules();
+    bool isModule(const TextLine &line) const;
     bool mayBeStripped(const LineForm &form) const;
     bool readBeginning();
     void finishBeginning();
@@ -94,11 +108,13 @@ private:
 
     // Places
     void mark(PlaceKind kind, int begin, int end);
+    void markQuote();
     void absorb(int begin);
     void noteAmbiguous();
     bool inKind(const char *kind) const;
     const SectionRow &sectionRow() const;
     void finish();
+    bool hasForeignText(bool startMissing) const;
 
     struct Level
     {
@@ -119,15 +135,19 @@ private:
     const SectionForm *m_form = nullptr;
     int m_report = -1;
     int m_order = -1;         ///< the last section of this report
-    int m_orderBeforeJump = -1;
+    bool m_hasBeginning = false; ///< the first report has the heading of the Windows half
     int m_suspended = noSection; ///< the section before a separator that no heading follows
-    bool m_separated = true;  ///< a separator, a half's heading or foreign text precedes
+    bool m_separated = true;  ///< a separator or a half's heading precedes
+    bool m_interrupted = true; ///< foreign text or an empty line precedes
     int m_lastForm = -1;
     int m_lastFact = -1;
     int m_emptyLines = 0;     ///< directly before this line
     bool m_atStart = false;   ///< directly after the section's heading
     bool m_afterRule = false; ///< after the line that begins a class or an interface
     bool m_valueOnNextLine = false;
+    int m_nextHeading = noSection; ///< after the first separator from m_nextHeadingFrom on
+    int m_nextHeadingFrom = 0;
+    int m_nextHeadingAt = -1;
     std::string_view m_pendingSuffix; ///< of a value that goes on
     std::vector<Level> m_levels; ///< the section and the items around the line
 };

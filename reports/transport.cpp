@@ -78,8 +78,18 @@ QByteArray quoteOfHeadings(const QByteArray &text)
     return {};
 }
 
-/// The longest line that has a space in it, if all lines are short enough to have been broken there.
-int wrapColumn(const QByteArray &text, const QByteArray &lineEnd, int prefixLength)
+/// True if a space stands between other characters.
+bool hasInnerSpace(const char *begin, const char *end)
+{
+    while (begin < end && isQuoteCharacter(*begin))
+        ++begin;
+    while (end > begin && (end[-1] == ' ' || end[-1] == '\r'))
+        --end;
+    return std::memchr(begin, ' ', std::size_t(end - begin)) != nullptr;
+}
+
+/// The longest line, with its quote, that has a space in it, if all lines are short enough to have been broken there.
+int wrapColumn(const QByteArray &text, const QByteArray &lineEnd)
 {
     int longest = 0;
     const char last = lineEnd[lineEnd.size() - 1];
@@ -87,12 +97,12 @@ int wrapColumn(const QByteArray &text, const QByteArray &lineEnd, int prefixLeng
         int end = text.indexOf(last, begin);
         if (end < 0)
             end = text.size();
-        const int length = end - begin - (lineEnd.size() - 1) - prefixLength;
-        if (length > longest) {
-            const void *space = std::memchr(text.constData() + begin + prefixLength, ' ', std::size_t(end - begin - prefixLength));
-            if (space && length > longestWrap)
+        if (end - begin > longest) {
+            const int length = lengthOf(text.constData() + begin, text.constData() + end);
+            const bool canBreak = length > longest && hasInnerSpace(text.constData() + begin, text.constData() + end);
+            if (canBreak && length > longestWrap)
                 return 0;
-            if (space)
+            if (canBreak)
                 longest = length;
         }
         begin = end + 1;
@@ -101,6 +111,13 @@ int wrapColumn(const QByteArray &text, const QByteArray &lineEnd, int prefixLeng
 }
 
 } // namespace
+
+int lengthOf(const char *begin, const char *end)
+{
+    while (end > begin && end[-1] == '\r')
+        --end;
+    return int(std::count_if(begin, end, [](char character) { return (uchar(character) & 0xc0) != 0x80; }));
+}
 
 Transport detectTransport(const QByteArray &text)
 {
@@ -121,7 +138,8 @@ Transport detectTransport(const QByteArray &text)
         transport.lineEnd = QByteArrayLiteral("\r");
     else if (2 * evidence.withCarriageReturn > evidence.lines)
         transport.lineEnd = QByteArrayLiteral("\r\n");
-    transport.wrapColumn = wrapColumn(text, transport.lineEnd, transport.linePrefix.size());
+    transport.carriageReturns = evidence.withCarriageReturn > 0 && transport.lineEnd != "\r";
+    transport.wrapColumn = wrapColumn(text, transport.lineEnd);
     return transport;
 }
 

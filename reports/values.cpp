@@ -149,7 +149,8 @@ std::optional<quint64> bytesOf(const QByteArray &text)
 std::optional<double> realOf(const QByteArray &text)
 {
     bool valid = false;
-    const double value = QLocale::c().toDouble(QString::fromUtf8(text).trimmed(), &valid);
+    const QString number = QString::fromUtf8(text).trimmed().section(QLatin1Char(' '), 0, 0);
+    const double value = QLocale::c().toDouble(number, &valid);
     return valid && std::isfinite(value) ? std::optional<double>(value) : std::nullopt;
 }
 

@@ -16,7 +16,7 @@ std::optional<qint64> integerOf(const QByteArray &text);
 /// "70.6 GByte" the smallest count that is written so.
 std::optional<quint64> bytesOf(const QByteArray &text);
 
-/// The number that \a text is, as the format writes it; not infinite.
+/// The number at the beginning of \a text, as the format writes it: "95.9161", "60.02 Hz"; not infinite.
 std::optional<double> realOf(const QByteArray &text);
 
 /// The date of \a text in ISO 8601, or an empty text. Understands the forms that a report has:
