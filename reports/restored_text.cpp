@@ -1,0 +1,26 @@
+#include "restored_text.h"
+
+#include "text_encoding.h"
+
+namespace velkor {
+namespace Reports {
+
+std::optional<QByteArray> restoredBytes(const StoredText &stored, int limit)
+{
+    const std::optional<QByteArray> canonical = canonicalText(stored.trees, limit);
+    if (!canonical)
+        return std::nullopt;
+    std::optional<QByteArray> text = applyEdits(*canonical, stored.form, stored.layout, limit);
+    if (!text)
+        return std::nullopt;
+    if (stored.hasMark)
+        text->prepend(byteOrderMark);
+    if (stored.encoding == "UTF-16LE")
+        text = toUtf16(*text, Encoding::Utf16LittleEndian);
+    else if (stored.encoding == "UTF-16BE")
+        text = toUtf16(*text, Encoding::Utf16BigEndian);
+    return *text + stored.tail;
+}
+
+} // namespace Reports
+} // namespace velkor

@@ -1,0 +1,26 @@
+// What JSON holds of a text, and the text that it gives again.
+#pragma once
+
+#include "line_edits.h"
+
+namespace velkor {
+namespace Reports {
+
+constexpr char byteOrderMark[] = "\xef\xbb\xbf";
+constexpr int maximalText = 1 << 29; ///< bytes of a text that JSON is read into
+
+struct StoredText
+{
+    QByteArray encoding = QByteArrayLiteral("UTF-8");
+    bool hasMark = false;
+    QByteArray tail; ///< see DocumentData
+    TextForm form;
+    ReportTrees trees;
+    std::vector<LineEdit> layout;
+};
+
+/// The bytes of the text. Nothing if the layout does not fit, or if they are more than \a limit.
+std::optional<QByteArray> restoredBytes(const StoredText &stored, int limit);
+
+} // namespace Reports
+} // namespace velkor
