@@ -35,12 +35,14 @@ bool isPlainNumber(const QString &text)
 QString words(const QString &key)
 {
     QString result;
-    for (const QChar next : key) {
-        if (next.isUpper())
+    for (int i = 0; i < key.size(); ++i) {
+        const bool followsSmall = i > 0 && !key.at(i - 1).isUpper();
+        const bool precedesSmall = i > 0 && i + 1 < key.size() && key.at(i + 1).isLower();
+        if (key.at(i).isUpper() && (followsSmall || precedesSmall))
             result += QLatin1Char(' ');
-        result += next.toLower();
+        result += key.at(i).toLower();
     }
-    return result;
+    return result.replace(QLatin1String("open gl"), QLatin1String("OpenGL"));
 }
 
 QString factLabel(const FactRow &row)

@@ -6,7 +6,7 @@
 namespace velkor {
 namespace Reports {
 
-/// "minimumApplicationAddress" as "minimum application address".
+/// "minimumApplicationAddress" as "minimum application address", "openGLDrivers" as "OpenGL drivers".
 QString words(const QString &key);
 
 /// The label of the text without the signs around it, "From GetVersionEx"; the words of the key if

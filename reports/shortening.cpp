@@ -78,10 +78,9 @@ public:
         reduce(Form::Counts);
         reduce(Form::Gone);
         restore();
-        const LeftOut all = leftOut();
-        const QString note = m_note(all);
+        const QString note = noteText();
         if (m_maxLength > 0 && m_length + note.size() > m_maxLength)
-            return withoutNames(all);
+            return withoutParts();
         QString result = m_title + note;
         result.reserve(int(m_length) + note.size());
         for (std::size_t i = 0; i < m_parts.size(); ++i)
@@ -101,7 +100,7 @@ private:
     /// Whether text and note are short enough. The note is written only if the text alone is.
     bool fits() const
     {
-        return m_maxLength <= 0 || (m_length <= m_maxLength && m_length + m_note(leftOut()).size() <= m_maxLength);
+        return m_maxLength <= 0 || (m_length <= m_maxLength && m_length + noteText().size() <= m_maxLength);
     }
 
     void setForm(std::size_t part, Form form)
@@ -170,14 +169,22 @@ private:
         return result;
     }
 
-    /// The result if not even title and note are short enough.
-    QString withoutNames(LeftOut all) const
+    /// A note with many names takes the place of parts in a short text.
+    QString noteText() const
     {
+        LeftOut all = leftOut();
+        const QString note = m_note(all);
+        if (m_maxLength <= 0 || note.size() <= m_maxLength / 4)
+            return note;
         all.counted.clear();
         all.dropped.clear();
-        const QString note = m_note(all);
-        if (m_title.size() + note.size() <= m_maxLength)
-            return m_title + note;
+        return m_note(all);
+    }
+
+    /// The result if not even title and note are short enough.
+    QString withoutParts() const
+    {
+        const QString note = noteText();
         return note.size() <= m_maxLength ? note : m_title.left(m_maxLength);
     }
 

@@ -18,7 +18,7 @@ struct Part
     QString counts; ///< shorter form; empty if there is none
 };
 
-/// What became of the parts. The names are empty if a note with them would be too long.
+/// What became of the parts. The lists are empty if a note with them would be too long.
 struct LeftOut
 {
     QStringList counted; ///< names of the parts that are shown as counts, each once
@@ -28,8 +28,8 @@ struct LeftOut
 };
 
 /// \a title, a note and the parts, at most \a maxLength UTF-16 code units. \a note gives the text of
-/// the note; it is empty if nothing was left out. If not even title and note are short enough, the result
-/// is the beginning of \a title, which must have no effect wherever it is cut. No limit if \a maxLength
+/// the note; it is empty if nothing was left out. If title and note are too long, the result is the note,
+/// or the beginning of \a title, which must have no effect wherever it is cut. No limit if \a maxLength
 /// is 0. Fast if there are few different names.
 QString shortened(const QString &title, const std::vector<Part> &parts, int maxLength,
                   const std::function<QString(const LeftOut &)> &note);

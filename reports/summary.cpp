@@ -1,12 +1,9 @@
 // The lines that support asks for first.
 
 #include "catalogue.h"
-#include "formats.h"
 #include "labels.h"
 #include "nearly_full.h"
 #include "state_texts.h"
-
-#include <algorithm>
 
 namespace velkor {
 namespace Reports {
@@ -41,6 +38,12 @@ QString inBrackets(const QString &before, const QString &text)
     return text.isEmpty() ? QString() : QStringLiteral(" (%1%2)").arg(before, text);
 }
 
+/// "15.8 GByte" of "17055318016 Byte = 15.8 GByte".
+QString inGBytes(const QString &text)
+{
+    return text.section(QStringLiteral(" = "), -1);
+}
+
 class Summary
 {
 public:
@@ -53,6 +56,7 @@ private:
     void addMachine();
     void addGraphics();
     void addProgram();
+    void addDnsSd();
     void addPlace();
     void addNetwork();
     void addDisks();
@@ -76,7 +80,7 @@ private:
         return place >= 0 && m_document.find(place, -1, key);
     }
     /// Calls \a visit(section, item) for each item of that kind in the section.
-    template<typename Visit>
+    template <typename Visit>
     void forItems(const char *section, const char *kind, Visit visit) const
     {
         const int place = m_document.findSection(section);
@@ -88,6 +92,7 @@ private:
                 visit(place, item);
         }
     }
+    QString dnsSdText(const char *name, const char *section, const char *key) const;
     QString adapterText(int section, int item) const;
     QString screenText(int section, int item) const;
     QString diskText(int section, int item) const;
@@ -124,8 +129,8 @@ void Summary::addMachine()
     });
     const QString number = factOf("processorInfo", "numberOfProcessors");
     add("processor", "Processor", joined({shortList(names), number.isEmpty() ? QString() : number + QStringLiteral(" logical")}));
-    const QString free = factOf("memoryInfo", "availPhys");
-    add("memory", "Memory", joined({factOf("memoryInfo", "totalPhys"), free.isEmpty() ? QString() : QStringLiteral("free: ") + free}));
+    const QString free = inGBytes(factOf("memoryInfo", "availPhys"));
+    add("memory", "Memory", joined({inGBytes(factOf("memoryInfo", "totalPhys")), free.isEmpty() ? QString() : QStringLiteral("free: ") + free}));
 }
 
 QString Summary::adapterText(int section, int item) const
@@ -176,9 +181,25 @@ void Summary::addProgram()
     const QString version = factOf("qtCoreApplication", "applicationVersion");
     add("application", "Application",
         joined({name, version}, QStringLiteral(" ")) + inBrackets(QString(), factOf("qtCoreApplication", "applicationFilePath")));
+    addDnsSd();
+}
+
+/// "installed" and the version, or what failed.
+QString Summary::dnsSdText(const char *name, const char *section, const char *key) const
+{
+    QString state = factOf(section, key);
+    if (state.endsWith(QLatin1Char('.')))
+        state.chop(1);
+    const QString failed = factOf(section, "versionFailed");
+    const QString version = failed.isEmpty() ? factOf(section, "dnsSdVersion") : QStringLiteral("no version: ") + failed;
+    return state.isEmpty() ? state : QString::fromLatin1(name) + QLatin1Char(' ') + joined({state, version});
+}
+
+void Summary::addDnsSd()
+{
     add("dnsSd", "DNS-SD",
-        joined({factOf("checkStandardBonjour", "standardBonjour"), factOf("checkStandardBonjour", "dnsSdVersion"),
-                factOf("checkVelkorBonjour", "velkorDnsSd"), factOf("checkVelkorBonjour", "dnsSdVersion")}));
+        shortList({dnsSdText("dnssd.dll", "checkStandardBonjour", "standardBonjour"),
+                   dnsSdText("vkdnssd.dll", "checkVelkorBonjour", "velkorDnsSd")}));
 }
 
 void Summary::addPlace()
@@ -244,8 +265,7 @@ void Summary::addFailures()
             const Fact &fact = m_document.facts()[std::size_t(i)];
             const FactRow &row = m_document.row(fact);
             if (row.form & Failure) {
-                failures << QStringLiteral("%1: %2: %3").arg(QString::fromLatin1(sectionRows()[std::size_t(section.row)].name),
-                                                             factLabel(row), m_document.display(fact));
+                failures << QStringLiteral("%1: %2: %3").arg(QString::fromLatin1(sectionRows()[std::size_t(section.row)].name), factLabel(row).simplified(), m_document.display(fact));
             }
         }
     }
@@ -279,17 +299,6 @@ std::vector<SummaryLine> Summary::lines()
 std::vector<SummaryLine> summary(const Document &document)
 {
     return Summary(document).lines();
-}
-
-QString summaryText(const std::vector<SummaryLine> &lines)
-{
-    int width = 0;
-    for (const SummaryLine &line : lines)
-        width = std::max(width, line.label.size());
-    QString text;
-    for (const SummaryLine &line : lines)
-        text += (line.label + QLatin1Char(':')).leftJustified(width + 2) + line.value + QLatin1Char('\n');
-    return text;
 }
 
 } // namespace Reports

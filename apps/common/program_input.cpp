@@ -1,6 +1,7 @@
 #include "program_input.h"
 
 #include <QtCore/QFile>
+#include <algorithm>
 
 #ifdef Q_OS_WIN
 #  include <fcntl.h>
@@ -11,6 +12,9 @@
 #endif
 
 namespace {
+
+// More memory than that is not used: standard input may have no end.
+constexpr int largestInput = 512 * 1024 * 1024;
 
 #ifdef Q_OS_WIN
 int descriptorOf(std::FILE *stream)
@@ -48,6 +52,20 @@ bool openInput(QFile &file, const QString &fileName)
     return file.open(descriptorOf(stdin), QIODevice::ReadOnly);
 }
 
+/// Pipes give their bytes in pieces.
+QByteArray readUpTo(QFile &file, int size)
+{
+    constexpr qint64 piece = 1024 * 1024;
+    QByteArray bytes;
+    while (bytes.size() < size) {
+        const QByteArray next = file.read(std::min<qint64>(piece, size - bytes.size()));
+        if (next.isEmpty())
+            break;
+        bytes += next;
+    }
+    return bytes;
+}
+
 } // namespace
 
 bool readInput(const QString &fileName, QByteArray &bytes, QString &error)
@@ -55,11 +73,13 @@ bool readInput(const QString &fileName, QByteArray &bytes, QString &error)
     QFile file(fileName);
     const bool isOpen = openInput(file, fileName);
     if (isOpen)
-        bytes = file.readAll();
-    if (isOpen && file.error() == QFileDevice::NoError)
+        bytes = readUpTo(file, largestInput + 1);
+    const bool isRead = isOpen && file.error() == QFileDevice::NoError;
+    if (isRead && bytes.size() <= largestInput)
         return true;
     const QString name = fileName == QLatin1String("-") ? QStringLiteral("standard input") : QStringLiteral("'%1'").arg(fileName);
-    error = QStringLiteral("cannot read %1: %2").arg(name, file.errorString());
+    const QString reason = isRead ? QStringLiteral("it is larger than 512 MByte") : file.errorString();
+    error = QStringLiteral("cannot read %1: %2").arg(name, reason);
     return false;
 }
 

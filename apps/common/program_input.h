@@ -5,7 +5,7 @@
 #include <QtCore/QString>
 #include <cstdio>
 
-/// Reads the whole file, or standard input if the name is "-". On failure \a error is a message for the user.
+/// Reads the whole file, or standard input if the name is "-", of at most 512 MByte. On failure \a error is a message for the user.
 bool readInput(const QString &fileName, QByteArray &bytes, QString &error);
 
 /// Whether a person sees what is written to \a stream.
