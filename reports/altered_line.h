@@ -11,7 +11,8 @@ namespace Reports {
 class AlteredLine
 {
 public:
-    AlteredLine(const char *text, int begin, int end);
+    /// \a wrapped: there are line ends in the line, and \a prefix is the quote that may follow them.
+    AlteredLine(const char *text, int begin, int end, bool wrapped = false, std::string_view prefix = {});
 
     /// Matches the line, also if spaces are missing or others. The spans are offsets in the text.
     bool match(const LineForm &form, Span *spans, Alterations *alterations) const;
@@ -20,7 +21,8 @@ private:
     const char *m_text;
     int m_begin;
     int m_end;
-    std::string m_plain;      ///< the line with spaces for no-break spaces and tabs; empty if it has none
+    bool m_noBreak = false;
+    std::string m_plain; ///< the line with spaces for no-break spaces, tabs and line ends; empty if it has none
     std::vector<int> m_offsets; ///< of the bytes of m_plain, and of its end, in the text
 };
 

@@ -103,8 +103,9 @@ private:
             m_begin += int(m_altered ? type.size() : padded.size());
             if (m_altered) {
                 const int next = afterBlanks(m_begin);
-                m_altered->collapsed |= next < m_end && next - m_begin != int(padded.size() - type.size());
-                m_altered->trailing |= next == m_end && next - m_begin != int(padded.size() - type.size());
+                const bool shorter = next - m_begin != int(padded.size() - type.size());
+                m_altered->collapsed |= shorter && next > m_begin;
+                m_altered->trailing |= shorter && next == m_begin;
                 m_begin = next;
             }
             return true;

@@ -1,5 +1,7 @@
 #include "headings.h"
 
+#include "altered_line.h"
+
 #include <algorithm>
 #include <array>
 #include <string>
@@ -11,14 +13,14 @@ namespace Reports {
 namespace {
 
 constexpr int separatorLength = 72;
-constexpr int longestHeading = 120; // with some spaces more than the format has
 
 /// \a line with single spaces in the place of runs, and without spaces at its ends.
 std::string normalised(const char *text, int begin, int end)
 {
     std::string result;
     for (int at = begin; at < end;) {
-        const int length = blankLength(text, at, end);
+        const bool lineEnd = text[at] == '\n' || text[at] == '\r'; // of a wrapped heading
+        const int length = lineEnd ? 1 : blankLength(text, at, end);
         if (length == 0) {
             result += text[at];
             ++at;
@@ -99,17 +101,23 @@ const HeadingTable &table()
 }
 
 /// A section without a heading begins with one of its first lines, which have equal labels.
-int factHeadingAt(const char *text, int begin, int end)
+int factHeadingAt(const char *text, int begin, int end, Alterations *alterations)
 {
+    const AlteredLine line(text, begin, end);
     for (const int section : table().facts()) {
-        Span spans[maximalValues];
-        const LineForm &form = sectionForm(section).lines.front();
-        Alterations ignored;
-        if (form.match(text, begin, end, spans) || form.matchAltered(text, begin, end, spans, &ignored))
+        for (const LineForm &form : sectionForm(section).lines) {
+            Span spans[maximalValues];
+            const std::string_view label = sectionForm(section).lines.front().row().line;
+            if (form.row().line != label && form.row().line[0] != label[0])
+                continue;
+            if (form.match(text, begin, end, spans))
+                return section;
+            Alterations found;
+            if (!line.match(form, spans, &found))
+                continue;
+            *alterations = found;
             return section;
-        const LineForm &last = sectionForm(section).lines.back();
-        if (form.row().line == last.row().line && last.match(text, begin, end, spans))
-            return section;
+        }
     }
     return noSection;
 }
@@ -142,7 +150,7 @@ int headingAt(const char *text, int begin, int end, Alterations *alterations)
             return heading->begins;
         }
     }
-    return table().canBeginFact(text[at]) ? factHeadingAt(text, at, end) : noSection;
+    return table().canBeginFact(text[at]) ? factHeadingAt(text, at, end, alterations) : noSection;
 }
 
 bool isSeparator(const char *text, int begin, int end)

@@ -9,6 +9,7 @@ namespace Reports {
 constexpr int noSection = -1;
 constexpr int windowsHalf = -2;
 constexpr int qtHalf = -3;
+constexpr int longestHeading = 120; ///< in bytes, with some spaces more than the format has
 
 /// What a line begins: an index in sectionRows(), windowsHalf, qtHalf, or noSection. Spaces may have
 /// changed; \a alterations says how. A section that begins with a fact begins with that fact's line.

@@ -113,6 +113,11 @@ int blankLength(const char *text, int at, int end)
     return text[at] == '\xc2' && at + 1 < end && text[at + 1] == '\xa0' ? 2 : 0;
 }
 
+bool Alterations::any() const
+{
+    return leading || trailing || collapsed || noBreak;
+}
+
 LineForm::LineForm(int firstRow, int rowCount)
     : m_firstRow(firstRow)
     , m_valueCount(factRows()[std::size_t(firstRow)].place == 0 ? 0 : rowCount)

@@ -24,6 +24,8 @@ struct Alterations
     bool trailing = false;  ///< spaces at the end are missing
     bool collapsed = false; ///< a run of spaces is shorter
     bool noBreak = false;   ///< no-break spaces or tabs in the place of spaces
+
+    bool any() const;
 };
 
 /// A line of the format: literals with values between them.

@@ -11,8 +11,10 @@ namespace Reports {
 namespace {
 
 constexpr int strongWeight = 6; // characters that prove a line without its heading
+constexpr int longWeight = 12;  // that prove it alone
 constexpr int resumedSections = 5; // how many sections a value can hold and still be told from them
 constexpr int examinedFacts = 64;
+constexpr int peekedLines = 3;
 constexpr int hyphensOfClass = 28;
 constexpr int underscoresOfInterface = 55;
 
@@ -41,6 +43,14 @@ bool isOneLine(Type type)
 int lastSection()
 {
     return int(sectionRows().size()) - 1;
+}
+
+int findSectionRow(const char *name)
+{
+    int row = lastSection();
+    while (row >= 0 && !isKind(sectionRows()[std::size_t(row)].name, name))
+        --row;
+    return row;
 }
 
 int lastWindowsSection()
@@ -180,7 +190,18 @@ TextLine Reader::lineAt(int begin) const
 
 TextLine Reader::peek() const
 {
-    return m_line.next < m_size ? lineAt(m_line.next) : TextLine {m_size, m_size, m_size, m_size};
+    TextLine line;
+    line.begin = line.content = line.end = line.next = m_size;
+    return m_line.next < m_size ? lineAt(m_line.next) : line;
+}
+
+/// The next line that is not empty, of the next few.
+TextLine Reader::peekText() const
+{
+    TextLine line = peek();
+    for (int i = 0; i < peekedLines && line.isEmpty() && line.next < m_size; ++i)
+        line = lineAt(line.next);
+    return line;
 }
 
 bool Reader::isHeading(const TextLine &line, int &begins) const
@@ -223,13 +244,11 @@ bool Reader::readForced()
         takeNextLine();
         return true;
     }
-    if (!m_afterRule || m_section == noSection)
+    if (!m_afterRule || m_section == noSection || m_line.isEmpty())
         return false;
     m_afterRule = false;
     int begins = noSection;
-    if (isSeparator(m_text, m_line.content, m_line.end) && (m_line.next == m_size || isHeading(peek(), begins)))
-        return false;
-    if (m_line.isEmpty())
+    if (isSeparator(m_text, m_line.content, m_line.end) && (m_line.next == m_size || isHeading(peekText(), begins)))
         return false;
     markQuote();
     for (int i = 0; i < int(m_form->lines.size()); ++i) {
@@ -273,7 +292,7 @@ bool Reader::readSeparator()
         return false;
     }
     int begins = noSection;
-    const bool headingFollows = isHeading(peek(), begins);
+    const bool headingFollows = isHeading(peekText(), begins);
     const int section = m_section;
     if (section == noSection && m_separated && !m_interrupted && m_order >= 0 && m_order < lastSection()
         && !isOptional(m_order + 1))
@@ -287,16 +306,37 @@ bool Reader::readSeparator()
     return true;
 }
 
+/// What the line and the one that was broken off it begin. Extends the line if they do.
+int Reader::wrappedHeading()
+{
+    if (m_transport.wrapColumn == 0 || m_line.next == m_size)
+        return noSection;
+    const TextLine next = peek();
+    const int length = lengthOf(m_text + m_line.begin, m_text + next.end);
+    if (next.isEmpty() || length <= m_transport.wrapColumn || next.end - m_line.begin > longestHeading)
+        return noSection;
+    Alterations ignored;
+    const int begins = headingAt(m_text, m_line.content, next.end, &ignored);
+    if (begins == noSection || (begins >= 0 && beginsWithFact(begins)))
+        return noSection;
+    m_line.end = next.end;
+    m_line.next = next.next;
+    m_states |= State::WrappedLines;
+    return begins;
+}
+
 /// Enters the half or the section that the line begins. \a expected: a heading can stand here.
 bool Reader::readHeading(bool expected)
 {
     Alterations alterations;
-    const int begins = headingAt(m_text, m_line.content, m_line.end, &alterations);
+    int begins = headingAt(m_text, m_line.content, m_line.end, &alterations);
+    if (begins == noSection)
+        begins = wrappedHeading();
     if (begins == noSection)
         return false;
     if (begins < 0) {
         int follows = noSection;
-        const TextLine next = peek();
+        const TextLine next = peekText();
         const bool proven = isHeading(next, follows) || next.begin == m_size;
         if (!expected && !proven)
             return false;
@@ -324,6 +364,8 @@ bool Reader::readHeading(bool expected)
     if (!expected && begins <= m_order)
         return false;
     if (beginsWithFact(begins)) {
+        if (m_order < 0 ? alterations.any() : !m_spaces.allows(alterations))
+            return false;
         if (!expected && !(m_section != noSection && begins == m_section + 1))
             return false;
         enter(begins, false);
@@ -521,6 +563,20 @@ std::vector<int> Reader::sectionsWith(const TextLine &text) const
     return sections;
 }
 
+/// True if the line's label alone shows what it is.
+bool Reader::hasLongLabel() const
+{
+    for (int section = 0; section <= lastSection(); ++section) {
+        for (const LineForm &line : sectionForm(section).lines) {
+            Span spans[maximalValues];
+            if ((line.hasRuns() || line.weight() >= longWeight) && line.weight() >= strongWeight
+                && line.match(m_text, m_line.content, m_line.end, spans))
+                return true;
+        }
+    }
+    return false;
+}
+
 /// A line whose section is known without a heading: the beginning of the section is missing.
 bool Reader::startsWithoutHeading()
 {
@@ -530,9 +586,8 @@ bool Reader::startsWithoutHeading()
     const TextLine next = peek();
     int begins = noSection;
     const std::vector<int> ofNext = sectionsWith(next);
-    const bool proven = ofNext == candidates || next.begin == m_size || isHeading(next, begins)
-        || isSeparator(m_text, next.content, next.end);
-    if (!proven)
+    const bool ends = next.begin == m_size || isHeading(next, begins) || isSeparator(m_text, next.content, next.end);
+    if (ofNext != candidates && !(ends && hasLongLabel()))
         return false;
     enter(candidates.size() == 1 ? candidates.front() : sectionBeforeNextHeading(candidates), false);
     m_atStart = false;
@@ -567,14 +622,15 @@ void Reader::readSectionLine()
         readEmptyLine();
         return;
     }
-    if (readRule() || (isWrapped() && readWrapped()) || readExact() || (m_pendingSuffix.empty() && readHeading(false)))
+    joinWrapped();
+    if (readRule() || readExact() || (m_pendingSuffix.empty() && readHeading(false)))
         return;
     if (!m_pendingSuffix.empty()) {
         finishBeginning();
         return;
     }
     if (readAltered(strongWeight) || readAnything() || readBeginning() || readAltered(1) || resumes()
-        || continueValue())
+        || startsModules() || continueValue())
         return;
     mark(PlaceKind::Other, m_line.content, m_line.next);
 }
@@ -604,34 +660,57 @@ bool Reader::readRule()
     return true;
 }
 
-/// True if the line before was broken at a space because this line's first word did not fit.
-bool Reader::isWrapped() const
+/// Extends the line by those that were broken off it.
+void Reader::joinWrapped()
 {
     const int column = m_transport.wrapColumn;
-    const int before = m_previous.end - m_previous.content;
-    if (column == 0 || before == 0 || before > column || m_previous.next != m_line.begin || m_lastFact < 0)
-        return false;
-    const std::string_view line(m_text + m_line.content, std::size_t(m_line.end - m_line.content));
-    const std::string_view word = line.substr(0, line.find(' '));
-    const std::string_view previous(m_text + m_previous.content, std::size_t(before));
-    if (word.empty())
-        return false;
-    const bool path = word.substr(0, 2) == "\\\\" || word.substr(1, 2) == ":\\" || word.front() == '/';
-    return !path && previous.find(' ') != std::string_view::npos && before + 1 + int(word.size()) > column;
+    TextLine last = m_line;
+    while (column > 0 && m_line.next < m_size) {
+        const TextLine next = peek();
+        if (!isBrokenOff(last, next))
+            return;
+        m_line.end = next.end;
+        m_line.next = next.next;
+        m_line.wrapped = true;
+        m_states |= State::WrappedLines;
+        last = next;
+    }
 }
 
-bool Reader::readWrapped()
+/// True if \a before was broken at a space because the first word of \a line did not fit.
+bool Reader::isBrokenOff(const TextLine &before, const TextLine &line) const
 {
+    const std::string_view text(m_text + line.content, std::size_t(line.end - line.content));
+    const std::string_view word = text.substr(0, text.find(' '));
+    const std::string_view previous(m_text + before.content, std::size_t(before.end - before.content));
+    const int length = lengthOf(m_text + before.begin, m_text + before.end);
+    const int wordLength = lengthOf(word.data(), word.data() + word.size());
+    const bool oneWord = previous.find(' ', std::min(previous.find_first_not_of(' '), previous.size())) == std::string_view::npos;
+    if (word.empty() || previous.empty() || (length > m_transport.wrapColumn && !oneWord) || line.formFeed
+        || length + 1 + wordLength <= m_transport.wrapColumn || previous.find_last_not_of(" -_") == std::string_view::npos)
+        return false;
+    const bool path = word.substr(0, 2) == "\\\\" || (word.size() > 2 && word.substr(1, 2) == ":\\") || word.front() == '/';
+    if (path && isKind(sectionRow().facts, "loadedModules"))
+        return false;
+    int begins = noSection;
+    return !isHeading(before, begins) && !isRun(text, '-', hyphensOfClass) && !isRun(text, '_', underscoresOfInterface)
+        && !isSeparator(m_text, line.content, line.end) && !isHeading(line, begins) && !isKnown(line);
+}
+
+/// True if the line's label shows that the section has such a line.
+bool Reader::isKnown(const TextLine &line) const
+{
+    const AlteredLine altered(m_text, line.content, line.end);
     for (const LineForm &form : m_form->lines) {
         Span spans[maximalValues];
-        if (form.weight() >= strongWeight && form.match(m_text, m_line.content, m_line.end, spans))
-            return false;
+        Alterations alterations;
+        if (form.weight() >= strongWeight
+            && (form.match(m_text, line.content, line.end, spans)
+                || form.matchBeginning(m_text, line.content, line.end, spans)
+                || (altered.match(form, spans, &alterations) && m_spaces.allows(alterations))))
+            return true;
     }
-    int begins = noSection;
-    if (isHeading(m_line, begins) || !continueValue())
-        return false;
-    m_states |= State::WrappedLines;
-    return true;
+    return false;
 }
 
 bool Reader::readExact()
@@ -749,7 +828,8 @@ bool Reader::mayBeConfiguration() const
 
 bool Reader::readAltered(int weight)
 {
-    const AlteredLine line(m_text, m_line.content, m_line.end);
+    const std::string_view prefix(m_transport.linePrefix.constData(), std::size_t(m_transport.linePrefix.size()));
+    const AlteredLine line(m_text, m_line.content, m_line.end, m_line.wrapped, prefix);
     const int count = int(m_form->lines.size());
     for (int step = 1; step <= count; ++step) {
         const int index = (m_lastForm + step) % count;
@@ -760,7 +840,9 @@ bool Reader::readAltered(int weight)
             continue;
         Span spans[maximalValues];
         Alterations alterations;
-        if (!line.match(form, spans, &alterations) || !m_spaces.allows(alterations) || !mayFollow(form, index)
+        const bool matches = line.match(form, spans, &alterations);
+        alterations.trailing &= m_transport.wrapColumn == 0; // lost where lines were broken
+        if (!matches || !m_spaces.allows(alterations) || !mayFollow(form, index)
             || isRepeated(form, index))
             continue;
         m_spaces.count(alterations);
@@ -768,6 +850,27 @@ bool Reader::readAltered(int weight)
         return true;
     }
     return false;
+}
+
+/// A module of which everything before is missing.
+bool Reader::startsModules()
+{
+    static const int section = findSectionRow("loadedModules");
+    if (section <= m_section || m_transport.wrapColumn > 0 || !isModule(m_line) || !(isModule(peek()) || m_line.next == m_size))
+        return false;
+    enter(section, false);
+    m_states |= State::SectionsMissing;
+    return readAnything();
+}
+
+/// True if the line is the path of a file that programs load.
+bool Reader::isModule(const TextLine &line) const
+{
+    const std::string_view path(m_text + line.content, std::size_t(line.end - line.content));
+    if (path.size() < 8 || path.substr(1, 2) != ":\\")
+        return false;
+    const QByteArray suffix = QByteArray(path.data() + path.size() - 4, 4).toLower();
+    return suffix == ".dll" || suffix == ".exe" || suffix == ".drv";
 }
 
 /// A line of which only spaces at its beginning are the format's: without them it can be anything.
@@ -984,7 +1087,7 @@ void Reader::finish()
     if (open || !m_data.tail.isEmpty())
         states |= State::EndMissing;
     states |= missingSections(m_data.sections, m_hasBeginning);
-    if (hasForeignText(states.testFlag(State::StartMissing)))
+    if (!m_data.sections.empty() && hasForeignText(states.testFlag(State::StartMissing)))
         states |= State::ForeignText;
     m_data.states |= states;
 }

@@ -16,6 +16,7 @@ struct TextLine
     int end = 0;     ///< before the line end
     int next = 0;    ///< of the next line
     bool formFeed = false; ///< a page begins with the line
+    bool wrapped = false;  ///< further lines were broken off it; their line ends are in the content
 
     bool isEmpty() const { return content == end; }
 };
@@ -55,6 +56,8 @@ private:
     // Lines
     TextLine lineAt(int begin) const;
     TextLine peek() const;
+    TextLine peekText() const;
+    int wrappedHeading();
     bool isHeading(const TextLine &line, int &begins) const;
 
     // Structure
@@ -71,6 +74,7 @@ private:
     bool repeatsLater(int section);
     void resume(int index);
     std::vector<int> sectionsWith(const TextLine &text) const;
+    bool hasLongLabel() const;
     bool startsWithoutHeading();
     int sectionBeforeNextHeading(const std::vector<int> &candidates) const;
 
@@ -78,8 +82,9 @@ private:
     void readSectionLine();
     void readEmptyLine();
     bool readRule();
-    bool isWrapped() const;
-    bool readWrapped();
+    void joinWrapped();
+    bool isBrokenOff(const TextLine &before, const TextLine &line) const;
+    bool isKnown(const TextLine &line) const;
     bool readExact();
     bool mayFollow(const LineForm &form, int formIndex) const;
     bool isRepeated(const LineForm &form, int formIndex) const;
@@ -88,6 +93,8 @@ private:
     bool mayStand(const LineForm &form) const;
     bool mayBeConfiguration() const;
     bool readAltered(int weight);
+    bool startsModules();
+    bool isModule(const TextLine &line) const;
     bool mayBeStripped(const LineForm &form) const;
     bool readBeginning();
     void finishBeginning();

@@ -81,15 +81,15 @@ QByteArray quoteOfHeadings(const QByteArray &text)
 /// True if a space stands between other characters.
 bool hasInnerSpace(const char *begin, const char *end)
 {
-    while (begin < end && *begin == ' ')
+    while (begin < end && isQuoteCharacter(*begin))
         ++begin;
     while (end > begin && (end[-1] == ' ' || end[-1] == '\r'))
         --end;
     return std::memchr(begin, ' ', std::size_t(end - begin)) != nullptr;
 }
 
-/// The longest line that has a space in it, if all lines are short enough to have been broken there.
-int wrapColumn(const QByteArray &text, const QByteArray &lineEnd, int prefixLength)
+/// The longest line, with its quote, that has a space in it, if all lines are short enough to have been broken there.
+int wrapColumn(const QByteArray &text, const QByteArray &lineEnd)
 {
     int longest = 0;
     const char last = lineEnd[lineEnd.size() - 1];
@@ -97,9 +97,9 @@ int wrapColumn(const QByteArray &text, const QByteArray &lineEnd, int prefixLeng
         int end = text.indexOf(last, begin);
         if (end < 0)
             end = text.size();
-        const int length = end - begin - (lineEnd.size() - 1) - prefixLength;
-        if (length > longest) {
-            const bool canBreak = hasInnerSpace(text.constData() + begin + prefixLength, text.constData() + end);
+        if (end - begin > longest) {
+            const int length = lengthOf(text.constData() + begin, text.constData() + end);
+            const bool canBreak = length > longest && hasInnerSpace(text.constData() + begin, text.constData() + end);
             if (canBreak && length > longestWrap)
                 return 0;
             if (canBreak)
@@ -111,6 +111,13 @@ int wrapColumn(const QByteArray &text, const QByteArray &lineEnd, int prefixLeng
 }
 
 } // namespace
+
+int lengthOf(const char *begin, const char *end)
+{
+    while (end > begin && end[-1] == '\r')
+        --end;
+    return int(std::count_if(begin, end, [](char character) { return (uchar(character) & 0xc0) != 0x80; }));
+}
 
 Transport detectTransport(const QByteArray &text)
 {
@@ -132,7 +139,7 @@ Transport detectTransport(const QByteArray &text)
     else if (2 * evidence.withCarriageReturn > evidence.lines)
         transport.lineEnd = QByteArrayLiteral("\r\n");
     transport.carriageReturns = evidence.withCarriageReturn > 0 && transport.lineEnd != "\r";
-    transport.wrapColumn = wrapColumn(text, transport.lineEnd, transport.linePrefix.size());
+    transport.wrapColumn = wrapColumn(text, transport.lineEnd);
     return transport;
 }
 

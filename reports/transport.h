@@ -14,6 +14,9 @@ struct Transport
     int wrapColumn = 0;    ///< the length at which lines were broken; 0 if they were not
 };
 
+/// The number of characters of UTF-8, without carriage returns at the end.
+int lengthOf(const char *begin, const char *end);
+
 Transport detectTransport(const QByteArray &text);
 
 } // namespace Reports
