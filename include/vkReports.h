@@ -296,18 +296,29 @@ enum class Order {
     NewIsNewer,
 };
 
+/// A fact of an item that was added or removed.
+struct ItemFact
+{
+    int row = 0; ///< index in factRows()
+    QString value; ///< as Document::display() gives it
+};
+
 /// A fact, an item or a section that differs.
 struct Change
 {
     Difference difference = Difference::Changed;
     QString section; ///< name of the section
     /// Names of the items around the fact, outermost first: "deviceClass Display", "driver PCI\VEN_1002".
+    /// The second item with the same identity is "driver PCI\VEN_1002 #2".
     QStringList items;
     int row = -1;            ///< index in factRows(); -1 if a whole item or section was added or removed
     QString oldValue;        ///< as Document::display() gives it; empty if added
     QString newValue;        ///< empty if removed
-    QStringList addedEntries;   ///< of a list
-    QStringList removedEntries; ///< of a list
+    /// Of a list, and of an environment variable whose entries are separated by semicolons. Both
+    /// are empty if only the order differs.
+    QStringList addedEntries;
+    QStringList removedEntries;
+    std::vector<ItemFact> facts; ///< of an item that was added or removed, with those of the items in it
     Order order = Order::Unknown;
     bool everyMoment = false; ///< changes from moment to moment
     bool sameIdentity = false; ///< several items have that identity and were paired in order
@@ -315,13 +326,98 @@ struct Change
 
 struct Comparison
 {
-    std::vector<Change> changes; ///< in the order of the catalogue
+    /// In the order of the catalogue. The facts of an item precede those of the items in it; items
+    /// that were added follow the others.
+    std::vector<Change> changes;
     /// True if nothing differs but what changes every moment.
     bool same() const;
 };
 
-/// Compares the first report of each document.
+/// Compares the first report of each document. docs/comparing.md says how facts are paired and
+/// when two values are equal.
 Comparison compare(const Document &older, const Document &newer);
+
+/// A fact, an item or a section that is not the same in all of several reports.
+struct ComparisonRow
+{
+    QString section;   ///< as in Change
+    QStringList items; ///< as in Change
+    int row = -1;      ///< index in factRows(); -1 for an item or a section that some reports do not have
+    /// One for each report: the value, or an empty text for an item or a section. Nothing if the
+    /// report does not have it.
+    std::vector<std::optional<QString>> values;
+    bool everyMoment = false;
+    bool sameIdentity = false;
+};
+
+struct ComparisonTable
+{
+    std::size_t reports = 0; ///< how many were compared
+    std::vector<ComparisonRow> rows; ///< in the order of Comparison::changes
+    bool same() const;
+};
+
+/// Compares the first report of each of several documents. Values are different if one of them
+/// differs from the first.
+ComparisonTable compareSeveral(const std::vector<Document> &documents);
+
+/// What the writers of comparisons show.
+struct ComparisonOptions
+{
+    QStringList reportNames; ///< names of the reports for the reader, such as file names
+    bool all = false;        ///< also what changes every moment
+    bool colours = false;    ///< escape sequences for a terminal; text only
+};
+
+// The writers neutralise all values and names; the texts are UTF-8 with line feeds.
+
+/// For people: text for a terminal.
+QByteArray comparisonText(const Comparison &comparison, const ComparisonOptions &options);
+QByteArray comparisonText(const ComparisonTable &table, const ComparisonOptions &options);
+/// For programs: docs/comparison.schema.json describes it. It has all changes: options.all has no effect.
+QByteArray comparisonJson(const Comparison &comparison, const ComparisonOptions &options);
+QByteArray comparisonJson(const ComparisonTable &table, const ComparisonOptions &options);
+/// For issue trackers.
+QByteArray comparisonMarkdown(const Comparison &comparison, const ComparisonOptions &options);
+QByteArray comparisonMarkdown(const ComparisonTable &table, const ComparisonOptions &options);
+/// One file without scripts.
+QByteArray comparisonHtml(const Comparison &comparison, const ComparisonOptions &options);
+QByteArray comparisonHtml(const ComparisonTable &table, const ComparisonOptions &options);
+
+// ---------------------------------------------------------------------------------------------
+// Formats for people
+//
+// Values come from strangers. In Markdown and HTML none of them has an effect: no mention, link,
+// image, HTML or script. Text is copied as it is; terminalText() of the programs makes it harmless.
+
+struct WriteOptions
+{
+    std::vector<int> sections; ///< indexes in sectionRows(); empty for everything
+    /// For Markdown and text: the result has at most so many UTF-16 code units, which is how issue
+    /// trackers count characters. What was left out is said in the result. 0 for no limit.
+    int maxLength = 0;
+    bool onlySummary = false; ///< writes summary() and nothing else
+};
+
+/// What support asks first. The value is not made harmless.
+struct SummaryLine
+{
+    const char *key = ""; ///< stable name in camel case, such as "memory"
+    QString label;        ///< for people, such as "Memory"
+    QString value;
+};
+
+/// At most 20 lines, and one more for each further disk that is nearly full and each call that failed.
+/// Lines about facts that the document does not have are missing.
+std::vector<SummaryLine> summary(const Document &document);
+
+/// The sections of \a options as they stand in the text. All of them without a limit are the bytes
+/// that were read.
+QByteArray toText(const Document &document, const WriteOptions &options = {});
+/// Markdown for issue trackers: tables, and code blocks in folds.
+QByteArray toMarkdown(const Document &document, const WriteOptions &options = {});
+/// One page without scripts, which loads nothing.
+QByteArray toHtml(const Document &document, const WriteOptions &options = {});
 
 } // namespace Reports
 } // namespace velkor

@@ -6,8 +6,9 @@
 namespace velkor {
 namespace Reports {
 
-/// For a terminal: control characters (C0 but line feed, DEL, C1), line and paragraph separators and
-/// characters that change the direction of text become visible: "\x1b" for escape, "\u202e".
+/// For a terminal: control characters (C0 but line feed, DEL, C1), line and paragraph separators,
+/// characters that change the direction of text and unpaired surrogates become visible: "\x1b" for
+/// escape, "\u202e".
 QString terminalText(const QString &text);
 
 /// For the content and the attributes of HTML: & < > " ' become references, and control characters
@@ -15,10 +16,11 @@ QString terminalText(const QString &text);
 QString htmlText(const QString &text);
 
 /// A code span of Markdown that shows \a text on one line: no mention, link, image or HTML in it
-/// has an effect. Line breaks become visible. Never empty.
+/// has an effect. Line breaks become visible, and so do "|", which would end a cell of a table even in
+/// a code span, and all backticks if there are more than eight in a row. Never empty.
 QString markdownCode(const QString &text);
 
-/// A code block with a fence that \a text does not contain.
+/// A code block with a fence that \a text does not contain. Ends with a line feed.
 QString markdownBlock(const QString &text);
 
 /// \a text with an apostrophe before it if a spreadsheet would take it for a formula. Numbers stay

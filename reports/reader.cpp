@@ -685,7 +685,8 @@ bool Reader::isBrokenOff(const TextLine &before, const TextLine &line) const
     const std::string_view previous(m_text + before.content, std::size_t(before.end - before.content));
     const int length = lengthOf(m_text + before.begin, m_text + before.end);
     const int wordLength = lengthOf(word.data(), word.data() + word.size());
-    if (word.empty() || previous.empty() || length > m_transport.wrapColumn || line.formFeed
+    const bool oneWord = previous.find(' ', std::min(previous.find_first_not_of(' '), previous.size())) == std::string_view::npos;
+    if (word.empty() || previous.empty() || (length > m_transport.wrapColumn && !oneWord) || line.formFeed
         || length + 1 + wordLength <= m_transport.wrapColumn || previous.find_last_not_of(" -_") == std::string_view::npos)
         return false;
     const bool path = word.substr(0, 2) == "\\\\" || (word.size() > 2 && word.substr(1, 2) == ":\\") || word.front() == '/';
@@ -839,7 +840,9 @@ bool Reader::readAltered(int weight)
             continue;
         Span spans[maximalValues];
         Alterations alterations;
-        if (!line.match(form, spans, &alterations) || !m_spaces.allows(alterations) || !mayFollow(form, index)
+        const bool matches = line.match(form, spans, &alterations);
+        alterations.trailing &= m_transport.wrapColumn == 0; // lost where lines were broken
+        if (!matches || !m_spaces.allows(alterations) || !mayFollow(form, index)
             || isRepeated(form, index))
             continue;
         m_spaces.count(alterations);
@@ -853,7 +856,7 @@ bool Reader::readAltered(int weight)
 bool Reader::startsModules()
 {
     static const int section = findSectionRow("loadedModules");
-    if (section <= m_section || !isModule(m_line) || !(isModule(peek()) || m_line.next == m_size))
+    if (section <= m_section || m_transport.wrapColumn > 0 || !isModule(m_line) || !(isModule(peek()) || m_line.next == m_size))
         return false;
     enter(section, false);
     m_states |= State::SectionsMissing;

@@ -12,18 +12,26 @@
 
 bool writeToStandardOutput(const QString &text)
 {
+    return writeToStandardOutput(text.toUtf8());
+}
+
+bool writeToStandardOutput(const QByteArray &bytes)
+{
 #ifdef Q_OS_WIN
     _setmode(_fileno(stdout), _O_BINARY); // do not convert line feeds
 #endif
-    const QByteArray bytes = text.toUtf8();
     return std::fwrite(bytes.constData(), 1, std::size_t(bytes.size()), stdout) == std::size_t(bytes.size())
         && std::fflush(stdout) == 0;
 }
 
 bool writeToFile(const QString &text, const QString &fileName, QString &error)
 {
+    return writeToFile(text.toUtf8(), fileName, error);
+}
+
+bool writeToFile(const QByteArray &bytes, const QString &fileName, QString &error)
+{
     QSaveFile file(fileName);
-    const QByteArray bytes = text.toUtf8();
     if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
         return true;
     error = QStringLiteral("cannot write '%1': %2").arg(fileName, file.errorString());

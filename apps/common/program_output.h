@@ -2,6 +2,7 @@
 // Messages go to standard error.
 #pragma once
 
+#include <QtCore/QByteArray>
 #include <QtCore/QString>
 
 enum ExitCode {
@@ -16,6 +17,10 @@ bool writeToStandardOutput(const QString &text);
 /// Writes \a text to a file as UTF-8. On failure no partial file remains, and \a error is
 /// a message for the user.
 bool writeToFile(const QString &text, const QString &fileName, QString &error);
+
+/// The same for bytes, which are written as they are.
+bool writeToStandardOutput(const QByteArray &bytes);
+bool writeToFile(const QByteArray &bytes, const QString &fileName, QString &error);
 
 /// Writes one line to standard error.
 void complain(const QString &message);

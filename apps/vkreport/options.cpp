@@ -1,0 +1,217 @@
+#include "options.h"
+
+#include "neutral_text.h"
+#include "section_names.h"
+#include "sections.h"
+
+#include <QtCore/QCommandLineParser>
+#include <algorithm>
+#include <vkSystemInfo.h>
+
+using namespace velkor;
+
+namespace {
+
+const QCommandLineOption noOpenGL(QStringLiteral("no-opengl"),
+                                  QStringLiteral("Leave out the OpenGL section; create no OpenGL context."));
+const QCommandLineOption section(QStringLiteral("section"),
+                                 QStringLiteral("Print this section only. Can be given several times. A section of the Windows "
+                                                "half is taken from the whole report; with --input its heading will do."),
+                                 QStringLiteral("NAME"));
+const QCommandLineOption listSections(QStringLiteral("list-sections"),
+                                      QStringLiteral("Print the names of the sections."));
+const QCommandLineOption listFacts(QStringLiteral("list-facts"),
+                                   QStringLiteral("Print what a report can contain; as text or JSON."));
+const QCommandLineOption input(QStringList {QStringLiteral("i"), QStringLiteral("input")},
+                               QStringLiteral("Read a report, as text or JSON, instead of making one; - is standard input."),
+                               QStringLiteral("FILE"));
+const QCommandLineOption format(QStringLiteral("format"),
+                                QStringLiteral("Write text (the default), json, markdown or html."),
+                                QStringLiteral("FORMAT"));
+const QCommandLineOption summary(QStringLiteral("summary"), QStringLiteral("Print only the facts that support asks for first."));
+const QCommandLineOption maxLength(QStringLiteral("max-length"),
+                                   QStringLiteral("Leave out the least important facts of text or Markdown until it has at most N "
+                                                  "characters. Issue trackers accept 65536."),
+                                   QStringLiteral("N"));
+const QCommandLineOption output(QStringList {QStringLiteral("o"), QStringLiteral("output")},
+                                QStringLiteral("Write to this file instead of standard output."),
+                                QStringLiteral("FILE"));
+const QCommandLineOption platformName(QStringLiteral("platform-name"),
+                                      QStringLiteral("Print the name of the Windows release."));
+const QCommandLineOption openGLVersion(QStringLiteral("opengl-version"),
+                                       QStringLiteral("Print the supported OpenGL version."));
+const QCommandLineOption bonjour(QStringLiteral("bonjour"),
+                                 QStringLiteral("Print which DNS-SD client libraries are installed."));
+const QCommandLineOption timings(QStringLiteral("timings"),
+                                 QStringLiteral("Run the report or the given sections again and print to standard error how "
+                                                "long each part takes."));
+
+struct FormatName
+{
+    const char *name;
+    Format format;
+};
+
+constexpr FormatName formatNames[] = {
+    {"text", Format::Text},
+    {"json", Format::Json},
+    {"markdown", Format::Markdown},
+    {"html", Format::Html},
+};
+
+/// Options of which the first makes no sense with one of the others.
+struct Contradiction
+{
+    const QCommandLineOption *option;
+    std::vector<const QCommandLineOption *> others;
+};
+
+const std::vector<Contradiction> &contradictions()
+{
+    static const std::vector<Contradiction> all = {
+        {&input, {&noOpenGL, &listSections, &listFacts, &platformName, &openGLVersion, &bonjour, &timings}},
+        {&listFacts, {&listSections, &platformName, &openGLVersion, &bonjour, &timings, &summary, &maxLength, &noOpenGL}},
+        {&summary, {&section, &listSections, &platformName, &openGLVersion, &bonjour, &timings}},
+        {&maxLength, {&listSections, &platformName, &openGLVersion, &bonjour, &timings}},
+        {&format, {&listSections, &platformName, &openGLVersion, &bonjour, &timings}},
+    };
+    return all;
+}
+
+QString nameOf(const QCommandLineOption &option)
+{
+    return QLatin1String("--") + option.names().constLast();
+}
+
+void describe(QCommandLineParser &parser)
+{
+    parser.setApplicationDescription(QStringLiteral(
+        "Prints a system information report, or reads one and converts it.\n\n"
+        "The OpenGL section creates an OpenGL context. Without --no-opengl the program needs a\n"
+        "display with OpenGL; on Linux this is an X server, such as the one of xvfb-run.\n"
+        "With --input it needs none.\n"
+        "On Linux the environment variable VKSYSTEMINFO_MACHINE names the folder that describes\n"
+        "the machine to report."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addOptions({noOpenGL, section, listSections, listFacts, input, format, summary, maxLength, output, platformName,
+                       openGLVersion, bonjour, timings});
+}
+
+/// Whether the library exports all these sections, so that they can be called one by one.
+bool areExported(const QStringList &names)
+{
+    return std::all_of(names.cbegin(), names.cend(), [](const QString &name) { return findSection(name) != nullptr; });
+}
+
+/// The functions below return a message for the user if something is wrong, else an empty text.
+
+QString contradictionIn(const QCommandLineParser &parser)
+{
+    for (const Contradiction &contradiction : contradictions()) {
+        for (const QCommandLineOption *other : contradiction.others) {
+            if (parser.isSet(*contradiction.option) && parser.isSet(*other))
+                return QStringLiteral("%1 and %2 cannot be used together").arg(nameOf(*contradiction.option), nameOf(*other));
+        }
+    }
+    return {};
+}
+
+QString readFormat(const QCommandLineParser &parser, Options &options)
+{
+    if (!parser.isSet(format))
+        return {};
+    const QString name = parser.value(format);
+    const auto *found = std::find_if(std::begin(formatNames), std::end(formatNames), [&name](const FormatName &known) {
+        return name == QLatin1String(known.name);
+    });
+    if (found == std::end(formatNames))
+        return QStringLiteral("there is no format '%1'. The formats are: text, json, markdown, html").arg(name);
+    options.format = found->format;
+    if (options.listFacts && options.format != Format::Text && options.format != Format::Json)
+        return QStringLiteral("--list-facts writes text or json");
+    return {};
+}
+
+QString readMaxLength(const QCommandLineParser &parser, Options &options)
+{
+    if (!parser.isSet(maxLength))
+        return {};
+    bool isNumber = false;
+    options.write.maxLength = parser.value(maxLength).toInt(&isNumber);
+    if (!isNumber || options.write.maxLength <= 0)
+        return QStringLiteral("--max-length requires a number greater than 0, not '%1'").arg(parser.value(maxLength));
+    if (options.format != Format::Text && options.format != Format::Markdown)
+        return QStringLiteral("--max-length shortens text and markdown only");
+    return {};
+}
+
+/// The sections that the library exports are called one by one, in the order of the command line. If one
+/// is not exported, all are taken from the whole report.
+QString readSections(const QCommandLineParser &parser, Options &options)
+{
+    options.sections = parser.values(section);
+    QString error;
+    options.write.sections = Reports::resolveSections(options.sections, error);
+    if (areExported(options.sections) || error.isEmpty())
+        return {};
+    if (!options.input.isNull() || options.listFacts)
+        return error;
+    const auto isUnknown = [](const QString &name) { return Reports::resolveSection(name).empty(); };
+    const auto unknown = std::find_if(options.sections.cbegin(), options.sections.cend(), isUnknown);
+    return QStringLiteral("there is no section '%1'. The sections are: %2").arg(*unknown, sectionNames().join(QStringLiteral(", ")));
+}
+
+QString readOptions(const QCommandLineParser &parser, Options &options)
+{
+    if (!parser.positionalArguments().isEmpty())
+        return QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().constFirst());
+    options.noOpenGL = parser.isSet(noOpenGL);
+    options.listSections = parser.isSet(listSections);
+    options.listFacts = parser.isSet(listFacts);
+    options.platformName = parser.isSet(platformName);
+    options.openGLVersion = parser.isSet(openGLVersion);
+    options.bonjour = parser.isSet(bonjour);
+    options.timings = parser.isSet(timings);
+    options.write.onlySummary = parser.isSet(summary);
+    if (parser.isSet(input))
+        options.input = QLatin1String("") + parser.value(input);
+    if (parser.isSet(output))
+        options.output = QLatin1String("") + parser.value(output);
+    for (const auto read : {readSections, readFormat, readMaxLength}) {
+        const QString error = read(parser, options);
+        if (!error.isEmpty())
+            return error;
+    }
+    if (options.timings && !areExported(options.sections))
+        return QStringLiteral("--timings measures the sections of --list-sections only");
+    if (options.timings && options.asksForParts() && options.sections.isEmpty())
+        return QStringLiteral("--timings requires the whole report or --section");
+    return contradictionIn(parser);
+}
+
+} // namespace
+
+bool Options::needsDocument() const
+{
+    return !input.isNull() || !areExported(sections) || format != Format::Text || write.onlySummary || write.maxLength > 0;
+}
+
+std::optional<ExitCode> parseOptions(Options &options)
+{
+    QCommandLineParser parser;
+    describe(parser);
+    if (!parser.parse(QCoreApplication::arguments())) {
+        complain(Reports::terminalText(parser.errorText()));
+        return WrongUsage;
+    }
+    if (parser.isSet(QStringLiteral("help")))
+        return writeToStandardOutput(parser.helpText()) ? Done : Failed;
+    if (parser.isSet(QStringLiteral("version")))
+        return writeToStandardOutput(QStringLiteral("vkreport %1\n").arg(SystemInfo::libVersionString())) ? Done : Failed;
+    const QString error = readOptions(parser, options);
+    if (error.isEmpty())
+        return std::nullopt;
+    complain(Reports::terminalText(error));
+    return WrongUsage;
+}

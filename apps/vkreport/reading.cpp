@@ -1,0 +1,58 @@
+#include "reading.h"
+
+#include "neutral_text.h"
+#include "program_input.h"
+#include "program_output.h"
+
+#include <QtCore/QFileInfo>
+
+using namespace velkor;
+
+namespace {
+
+constexpr qint64 longWork = 10 * 1024 * 1024; // bytes
+
+/// JSON that went through PowerShell is UTF-16 or has a byte-order mark.
+QByteArray withoutMark(const QByteArray &bytes)
+{
+    if (bytes.startsWith("\xef\xbb\xbf"))
+        return bytes.mid(3);
+    if (bytes.startsWith("\xff\xfe") && bytes.size() % 2 == 0)
+        return QString::fromUtf16(reinterpret_cast<const ushort *>(bytes.constData()), bytes.size() / 2).toUtf8();
+    return bytes;
+}
+
+/// The first character that is no space decides; the key decides between JSON and a text that begins with "{".
+bool isJson(const QByteArray &bytes)
+{
+    constexpr int beginning = 1024;
+    const QByteArray first = bytes.left(beginning);
+    return first.trimmed().startsWith('{') && first.contains("\"schemaVersion\"");
+}
+
+} // namespace
+
+std::optional<Reports::Document> readReport(const QString &fileName)
+{
+    QByteArray bytes;
+    QString error;
+    showProgress("reading", QFileInfo(fileName).size());
+    if (!readInput(fileName, bytes, error)) {
+        complain(Reports::terminalText(error));
+        return std::nullopt;
+    }
+    showProgress("finding facts", bytes.size());
+    const QByteArray json = withoutMark(bytes.left(2048));
+    if (!isJson(json))
+        return Reports::read(bytes);
+    auto document = Reports::fromJson(withoutMark(bytes), &error);
+    if (!document)
+        complain(Reports::terminalText(QStringLiteral("cannot read the JSON: %1").arg(error)));
+    return document;
+}
+
+void showProgress(const char *work, qint64 size)
+{
+    if (size >= longWork && isTerminal(stderr))
+        complain(QStringLiteral("%1 (%2 MByte)").arg(QLatin1String(work)).arg(size / (1024 * 1024)));
+}

@@ -1,0 +1,31 @@
+// The facts of the catalogue for people and programs.
+#pragma once
+
+#include "vkReports.h"
+
+namespace velkor {
+namespace Reports {
+
+/// A fact as the list shows it. A fact that stands on several lines of the format has one entry.
+struct FactEntry
+{
+    QString section;
+    QString item; ///< kinds of the items around it, outermost first: "deviceClass > driver"; or empty
+    QString key;
+    QString label;
+    QString type; ///< "text", "bytes", "version"
+    QString unit;
+    QString changes;     ///< "rarely", "slowly", "every moment"
+    QStringList reveals; ///< "user", "path"
+};
+
+/// The facts of these sections, which are indexes in sectionRows(); of all if there are none.
+std::vector<FactEntry> factList(const std::vector<int> &sections = {});
+
+QByteArray factListText(const std::vector<FactEntry> &facts);
+QByteArray factListJson(const std::vector<FactEntry> &facts);
+/// The rows of a table in Markdown.
+QByteArray factListMarkdown(const std::vector<FactEntry> &facts);
+
+} // namespace Reports
+} // namespace velkor
