@@ -155,7 +155,7 @@ void ValueComparisonTest::listsWhoseOrderMatters()
         if (fact.type == Type::List)
             (orderMatters(fact) ? ordered : sets) += QString::fromUtf8(fact.key);
     }
-    QCOMPARE(ordered, QStringList({"systemBiosVersion", "videoBiosVersion", "installedDisplayDrivers", "openGlDriverName", "openGlDriverNameWow", "libraryPaths"}));
+    QCOMPARE(ordered, QStringList({"systemBiosVersion", "videoBiosVersion", "installedDisplayDrivers", "openGlDriverName", "openGlDriverNameWoW", "libraryPaths"}));
     QCOMPARE(sets, QStringList({"activeProcessors", "virtualSiblings", "glExtensions"}));
 }
 
