@@ -40,7 +40,7 @@ void ItemMatcher::addItems(std::size_t document, const std::vector<int> &section
 }
 
 void ItemMatcher::addLevel(std::size_t document, const std::vector<int> &items,
-                                    const std::vector<int> &sectionNodes, std::vector<int> &nodeOfItem)
+                           const std::vector<int> &sectionNodes, std::vector<int> &nodeOfItem)
 {
     const Document &source = m_pairing.documents()[document];
     std::vector<std::pair<ItemKey, int>> touched;

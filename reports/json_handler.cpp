@@ -159,7 +159,7 @@ bool JsonHandler::boolean(bool value)
 {
     if (isAt(Place::Root, Key::byteOrderMark))
         m_stored.hasMark = value;
-    else if (!isAt(Place::Section, Key::leftOut))
+    else if (!isAt(Place::Section, Key::leftOut) || !value)
         return unexpected();
     return valueEnds();
 }
@@ -441,6 +441,9 @@ bool JsonHandler::closeSection()
 {
     if (m_section.section < 0)
         return fail(QStringLiteral("\"name\" is missing"));
+    const bool isLeftOut = hasSeen(m_frames.back(), Key::leftOut);
+    if (hasSeen(m_frames.back(), Key::facts) == isLeftOut || (isLeftOut && !m_section.items.empty()))
+        return fail(QStringLiteral("neither \"facts\" nor \"leftOut\" alone"));
     TreeNode node;
     if (!resolve(m_section, m_section.section, sectionItself, node))
         return false;

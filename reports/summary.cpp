@@ -147,8 +147,8 @@ QString Summary::adapterText(int section, int item) const
 
 QString Summary::screenText(int section, int item) const
 {
-    const QString width = factOf(section, item, "width").section(QLatin1Char(' '), 0, 0);
-    const QString height = factOf(section, item, "height").section(QLatin1Char(' '), 0, 0);
+    const QString width = factOf(section, item, "sizeWidth").section(QLatin1Char(' '), 0, 0);
+    const QString height = factOf(section, item, "sizeHeight").section(QLatin1Char(' '), 0, 0);
     const QString size = width.isEmpty() || height.isEmpty() ? QString() : QStringLiteral("%1 x %2").arg(width, height);
     const QString ratio = factOf(section, item, "devicePixelRatio");
     return joined({size, factOf(section, item, "logicalDpiX"), ratio.isEmpty() ? QString() : QStringLiteral("ratio ") + ratio,

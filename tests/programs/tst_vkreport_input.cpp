@@ -203,7 +203,7 @@ void VkReportInputTest::sections_data()
     QTest::newRow("a heading in other letters") << QStringList("qLOCALE") << locale;
     QTest::newRow("two, in the order of the report") << QStringList({"qtLocale", "wordSize"}) << word + locale;
     QTest::newRow("with an argument") << QStringList("portsFromRegistry:PARALLEL PORTS")
-                                      << QByteArray(">> Info about 'PARALLEL PORTS' ports from registry:\n\n");
+                                      << QByteArray(">> Info about 'PARALLEL PORTS' ports from registry:\n");
 }
 
 void VkReportInputTest::sections()
