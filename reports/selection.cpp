@@ -25,7 +25,9 @@ std::vector<Part> textParts(const Document &document)
     const int first = count > 0 ? document.sections().front().begin : document.text().size();
     const bool isForeign = document.states().testFlag(State::ForeignText) || count == 0;
     parts.push_back({isForeign ? QStringLiteral("text before the report") : QStringLiteral("heading"),
-                     isForeign ? lessThanSections : moreThanSections, QString::fromUtf8(document.text().left(first)), {}});
+                     isForeign ? lessThanSections : moreThanSections,
+                     QString::fromUtf8(document.text().left(first)),
+                     {}});
     for (int i = 0; i < count; ++i) {
         const int begin = document.sections()[std::size_t(i)].begin;
         const int end = i + 1 < count ? document.sections()[std::size_t(i + 1)].begin : document.text().size();
