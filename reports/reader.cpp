@@ -943,7 +943,7 @@ void Reader::finishBeginning()
 /// Gives the line to the value before it.
 bool Reader::continueValue()
 {
-    if (m_lastFact < m_data.sections.back().firstFact)
+    if (m_lastForm < 0 || m_lastFact < m_data.sections.back().firstFact) // a section that goes on has no last line
         return false;
     Fact &fact = m_data.facts[std::size_t(m_lastFact)];
     const FactRow &row = factRows()[std::size_t(fact.row)];
