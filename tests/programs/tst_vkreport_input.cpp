@@ -5,6 +5,7 @@
 #include "texts.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -44,6 +45,7 @@ private Q_SLOTS:
     void terminalShowsNoEscape_data();
     void terminalShowsNoEscape();
     void progressOnATerminal();
+    void outputToAPipeDoesNotReplaceIt();
 #endif
 
 private:
@@ -425,6 +427,21 @@ void VkReportInputTest::progressOnATerminal()
                                                                       "vkreport: finding facts (11 MByte)\n"
                                                                       "vkreport: writing (11 MByte)\n"));
     QCOMPARE(vkreport({"--input", input}).errors, QByteArray());
+}
+
+// The same holds for devices such as the null device. A test must not risk to replace one.
+void VkReportInputTest::outputToAPipeDoesNotReplaceIt()
+{
+    const QString pipe = m_folder->filePath(QStringLiteral("pipe"));
+    QCOMPARE(runProgram(QStringLiteral("mkfifo"), {pipe}).exitCode, 0);
+    QProcess reader;
+    reader.start(QStringLiteral("cat"), {pipe});
+    QVERIFY(reader.waitForStarted());
+    const ProgramRun run = vkreport({"--input", file("report", workstation()), "--output", pipe});
+    QCOMPARE(run.exitCode, 0);
+    QVERIFY(reader.waitForFinished());
+    QCOMPARE(reader.readAllStandardOutput(), workstation());
+    QVERIFY(QFileInfo::exists(pipe) && !QFileInfo(pipe).isFile());
 }
 
 #endif
