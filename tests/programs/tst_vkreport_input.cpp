@@ -399,7 +399,8 @@ void VkReportInputTest::terminalShowsNoEscape()
 {
     QFETCH(QStringList, arguments);
     const QByteArray hostile = "\x1b]0;title\x07\x1b[2J\xc2\x9b"
-                               "31m\xe2\x80\xae\x08\x9b";
+                               "31m\xe2\x80\xae\x08\x9b"
+        + QByteArray(1, '\0');
     QByteArray text = hostile + '\n' + workstation() + hostile;
     text.replace("From registry:     ", "From registry:     " + hostile);
     const QString input = file("report", text);
@@ -412,6 +413,7 @@ void VkReportInputTest::terminalShowsNoEscape()
     for (const QChar next : shown)
         QVERIFY2(next == QLatin1Char('\n') || (next.category() != QChar::Other_Control && next.unicode() != 0x202e),
                  qPrintable(QString::number(next.unicode(), 16)));
+    QVERIFY(!arguments.contains(QStringLiteral("text")) || shown.contains(QStringLiteral("GL_EXTENSIONS")));
     QVERIFY(arguments.contains(QStringLiteral("json")) || shown.contains(QStringLiteral("\\x1b]0;title\\x07")));
     const ProgramRun piped = vkreport({"--input", input});
     QCOMPARE(piped.output, text);
