@@ -88,11 +88,11 @@ void CanonicalWriter::addNode(const TreeNode &node)
     for (const LineStep &step : steps) {
         if (isTooLong())
             return;
-        if (step.what == LineStep::Items)
+        if (step.what == LineStep::What::Items)
             addItems(node, step.kind);
-        else if (step.what == LineStep::Fixed && !standsForNothing(step.line))
+        else if (step.what == LineStep::What::Text && !standsForNothing(step.line))
             append(QByteArray(step.line) + '\n');
-        else if (step.what == LineStep::Line && isWritten(node, steps, step))
+        else if (step.what == LineStep::What::Facts && isWritten(node, steps, step))
             addLine(node, step);
     }
 }
