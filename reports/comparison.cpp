@@ -62,7 +62,8 @@ void Comparer::compareNode(int node)
 Change Comparer::changeOf(int node, bool isOld, bool isNew) const
 {
     Change change;
-    change.difference = isOld && isNew ? Difference::Changed : isNew ? Difference::Added : Difference::Removed;
+    change.difference = isOld && isNew ? Difference::Changed : isNew ? Difference::Added
+                                                                     : Difference::Removed;
     change.section = m_pairing.sectionName(node);
     change.items = m_pairing.itemNames(node);
     change.sameIdentity = m_pairing.hasSameIdentity(node);

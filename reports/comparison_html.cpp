@@ -141,7 +141,8 @@ QByteArray comparisonHtml(const ComparisonTable &table, const ComparisonOptions 
         page.begin(row->section, row->items, head, table.reports + 1);
         QString cells = title(row->row >= 0 ? factTitle(row->row) : QStringLiteral("is in the report"));
         for (const auto &value : row->values)
-            cells += row->row < 0 ? cell(presence(value.has_value())) : value ? cell(*value) : QStringLiteral("<td>-</td>");
+            cells += row->row < 0 ? cell(presence(value.has_value())) : value ? cell(*value)
+                                                                              : QStringLiteral("<td>-</td>");
         page.add(cells);
     }
     return page.utf8();

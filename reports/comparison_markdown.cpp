@@ -142,7 +142,8 @@ QByteArray comparisonMarkdown(const ComparisonTable &table, const ComparisonOpti
         }
         QStringList cells(rowTitle(*row));
         for (const auto &value : row->values)
-            cells += row->row < 0 ? presence(value.has_value()) : value ? cell(*value) : QStringLiteral("-");
+            cells += row->row < 0 ? presence(value.has_value()) : value ? cell(*value)
+                                                                        : QStringLiteral("-");
         text += tableRow(cells);
     }
     return text.toUtf8();

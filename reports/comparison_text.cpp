@@ -8,9 +8,9 @@ namespace Reports {
 
 namespace {
 
-constexpr int widestLine = 110;  ///< wider changes have a line for each value
-constexpr int widestTitle = 36;  ///< longer titles do not widen the column
-constexpr int widestCell = 40;   ///< wider cells of a table have a line each
+constexpr int widestLine = 110;       ///< wider changes have a line for each value
+constexpr int widestTitle = 36;       ///< longer titles do not widen the column
+constexpr int widestCell = 40;        ///< wider cells of a table have a line each
 constexpr std::size_t mostFacts = 10; ///< more facts of an item that was added or removed are counted
 
 enum class Colour {
@@ -186,8 +186,9 @@ private:
 QStringList TableWriter::cells(const ComparisonRow &row) const
 {
     const bool isFact = row.row >= 0;
-    QStringList result(isFact ? QStringLiteral("  ") + factTitle(row.row)
-                              : row.items.isEmpty() ? QStringLiteral("  the whole section") : QStringLiteral("  is in the report"));
+    QStringList result(isFact                    ? QStringLiteral("  ") + factTitle(row.row)
+                           : row.items.isEmpty() ? QStringLiteral("  the whole section")
+                                                 : QStringLiteral("  is in the report"));
     for (const auto &value : row.values)
         result += isFact ? (value ? safe(*value) : QStringLiteral("-")) : presence(value.has_value());
     return result;

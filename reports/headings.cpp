@@ -47,6 +47,12 @@ struct Heading
     std::string line;
 };
 
+/// The first character of the line, which is that of the only text that the line can have.
+char firstCharacter(const FactRow &row)
+{
+    return row.line[0] == '%' && row.only[0] != '\0' ? row.only[0] : row.line[0];
+}
+
 class HeadingTable
 {
 public:
@@ -85,7 +91,7 @@ private:
     {
         m_facts.push_back(section);
         for (const LineForm &form : sectionForm(section).lines)
-            m_firstOfFact[uchar(form.row().line[0])] = true;
+            m_firstOfFact[uchar(firstCharacter(form.row()))] = true;
     }
 
     std::unordered_map<std::string, Heading> m_headings;

@@ -13,10 +13,10 @@ struct OwnedFacts;
 /// A section or an item that at least one of the documents has.
 struct Node
 {
-    int parent = -1;    ///< index of the node around it; -1 for a section
-    int sectionRow = 0; ///< index in sectionRows()
-    int kind = -1;      ///< index in itemRows(); -1 for a section
-    int occurrence = 0; ///< 1 for the second node with the same parent, kind and identity
+    int parent = -1;           ///< index of the node around it; -1 for a section
+    int sectionRow = 0;        ///< index in sectionRows()
+    int kind = -1;             ///< index in itemRows(); -1 for a section
+    int occurrence = 0;        ///< 1 for the second node with the same parent, kind and identity
     bool sameIdentity = false; ///< there are several nodes with that identity
     bool identical = false;    ///< a section that has the same bytes in all documents; its items have no nodes
     QString identity;

@@ -3,8 +3,9 @@
 #include "vkReports.h"
 
 #include <algorithm>
-#include <numeric>
+#include <cstdlib>
 #include <set>
+#include <utility>
 
 namespace velkor {
 namespace Reports {
@@ -13,6 +14,10 @@ namespace {
 
 /// Longer texts are not compared letter by letter: the time grows with their length.
 constexpr int longestText = 100;
+/// Shorter texts are parts of too many names.
+constexpr int shortestText = 3;
+/// With more than one error in so many letters a text is another word.
+constexpr int lettersPerError = 3;
 
 /// Without the signs around it: "#### QGLFormat #### " is "QGLFormat".
 QString withoutDecoration(const QString &text)
@@ -41,34 +46,26 @@ QStringList spellings(int section)
             QString::fromUtf8(row.heading).simplified().toLower()};
 }
 
-/// Counts the letters to insert, remove, replace, or swap with the next one.
-int editDistance(const QString &a, const QString &b)
+/// Counts the letters of \a text to insert, remove, replace, or swap with the next one, so that it
+/// becomes a part of \a name.
+int errorsAsPart(const QString &text, const QString &name)
 {
     std::vector<int> beforeLast;
-    std::vector<int> last(std::size_t(b.size()) + 1);
-    std::iota(last.begin(), last.end(), 0);
-    for (int i = 1; i <= a.size(); ++i) {
+    std::vector<int> last(std::size_t(name.size()) + 1, 0); // the part can begin anywhere
+    for (int i = 1; i <= text.size(); ++i) {
         std::vector<int> current(last.size());
         current[0] = i;
-        for (int j = 1; j <= b.size(); ++j) {
+        for (int j = 1; j <= name.size(); ++j) {
             const std::size_t k = std::size_t(j);
-            const bool equal = a.at(i - 1) == b.at(j - 1);
+            const bool equal = text.at(i - 1) == name.at(j - 1);
             current[k] = std::min({last[k] + 1, current[k - 1] + 1, last[k - 1] + (equal ? 0 : 1)});
-            if (i > 1 && j > 1 && a.at(i - 1) == b.at(j - 2) && a.at(i - 2) == b.at(j - 1))
+            if (i > 1 && j > 1 && text.at(i - 1) == name.at(j - 2) && text.at(i - 2) == name.at(j - 1))
                 current[k] = std::min(current[k], beforeLast[k - 2] + 1);
         }
         beforeLast = std::move(last);
         last = std::move(current);
     }
-    return last.back();
-}
-
-/// Smaller is more similar. A part of the name, "memory", is more similar than any typo.
-int distance(const QString &text, const QString &spelling)
-{
-    if (text.size() >= 3 && spelling.contains(text))
-        return -longestText + spelling.indexOf(text);
-    return editDistance(text, spelling);
+    return *std::min_element(last.begin(), last.end());
 }
 
 } // namespace
@@ -95,16 +92,17 @@ std::vector<int> resolveSection(const QString &text)
 QString nearestSection(const QString &text)
 {
     const QString wanted = withoutDecoration(text).toLower();
-    if (wanted.isEmpty() || wanted.size() > longestText)
+    if (wanted.size() < shortestText || wanted.size() > longestText)
         return {};
     int nearest = -1;
-    int least = std::max(1, wanted.size() / 2); // with more errors than that the text is another word
+    // First the number of errors, then the difference of the lengths.
+    std::pair<int, int> least(wanted.size() / lettersPerError + 1, 0);
     for (int section = 0; section < int(sectionRows().size()); ++section) {
         const QStringList all = spellings(section);
         for (const QString &spelling : all) {
-            const int errors = spelling.isEmpty() ? longestText : distance(wanted, spelling);
-            if (errors < least || (errors == least && nearest < 0)) {
-                least = errors;
+            const std::pair<int, int> found(errorsAsPart(wanted, spelling), std::abs(spelling.size() - wanted.size()));
+            if (found < least) {
+                least = found;
                 nearest = section;
             }
         }

@@ -1,5 +1,6 @@
 #include "value_comparison.h"
 
+#include "catalogue.h"
 #include "nearly_full.h"
 
 #include <QtCore/QHash>
@@ -54,7 +55,8 @@ bool isNumber(const QString &text)
 template <typename T>
 Sign sign(const T &a, const T &b)
 {
-    return a < b ? -1 : b < a ? 1 : 0;
+    return a < b ? -1 : b < a ? 1
+                              : 0;
 }
 
 template <typename T>
@@ -115,9 +117,13 @@ QString withCertainBlanks(const QString &text, bool uncertain)
 QStringList listEntries(const Document &document, const Fact &fact, bool uncertain)
 {
     QStringList result;
+    const bool isSpaced = document.row(fact).form & (Spaced | Ends);
     for (const QByteArray &value : document.values(fact)) {
         const QString entry = QString::fromUtf8(value).replace(QChar(QChar::Nbsp), QLatin1Char(' ')).trimmed();
-        result += withCertainBlanks(entry, uncertain);
+        if (isSpaced) // a no-break space separates as well
+            result += entry.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        else
+            result += withCertainBlanks(entry, uncertain);
     }
     return result;
 }
@@ -130,7 +136,6 @@ bool equalLists(const FactRow &row, QStringList a, QStringList b)
     }
     return a == b;
 }
-
 
 bool equalBytes(const Document &older, const Fact &oldFact, const Document &newer, const Fact &newFact)
 {

@@ -13,4 +13,4 @@ struct Input
 /// Reads a report as text or JSON from a file, or from standard input for "-". Writes warnings
 /// about what is missing to standard error. Returns nothing, after a message, if that fails or if
 /// there is no report in it.
-std::optional<Input> readReport(const QString &fileName);
+std::optional<Input> readInputReport(const QString &fileName);

@@ -122,7 +122,7 @@ Result run(const QCommandLineParser &parser)
         return Trouble;
     std::vector<Document> documents;
     for (const QString &file : request->files) {
-        const auto input = readReport(file);
+        const auto input = readInputReport(file);
         if (!input)
             return Trouble;
         request->options.reportNames += input->name;

@@ -3,7 +3,7 @@
 #include "fact_list.h"
 #include "neutral_text.h"
 #include "program_input.h"
-#include "reading.h"
+#include "report_input.h"
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>

@@ -1,4 +1,4 @@
-#include "reading.h"
+#include "report_input.h"
 
 #include "neutral_text.h"
 #include "program_input.h"
