@@ -44,8 +44,8 @@ bool hasLine(const TreeNode &node, const LineStep &step)
 bool isWritten(const TreeNode &node, const std::vector<LineStep> &steps, const LineStep &step)
 {
     return hasLine(node, step) && std::none_of(step.instead.begin(), step.instead.end(), [&](int other) {
-        return hasLine(node, steps[size_t(other)]);
-    });
+               return hasLine(node, steps[size_t(other)]);
+           });
 }
 
 /// A line such as "<no address>" stands in the place of items.

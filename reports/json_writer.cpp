@@ -59,7 +59,7 @@ QByteArray quoted(const QByteArray &text)
     return json;
 }
 
-template<typename Number>
+template <typename Number>
 QByteArray decimalText(const std::optional<Number> &number)
 {
     return number ? '"' + QByteArray::number(*number) + '"' : QByteArray("null");

@@ -19,7 +19,7 @@ struct LineStep
     /// Steps with all these facts and more, or the same facts in an earlier line. If all facts of
     /// one of them are present, this line is not written.
     std::vector<int> instead;
-    int kind = -1;         ///< of the items: index in itemRows()
+    int kind = -1; ///< of the items: index in itemRows()
     bool lineEnd = true;
 };
 

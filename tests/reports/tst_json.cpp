@@ -257,7 +257,8 @@ void JsonTest::shortTexts_data()
     QTest::newRow("section heading alone") << QByteArray("Memory Information:\n");
     QTest::newRow("line and paragraph separators") << QByteArray("Memory Information:\nMemoryLoad:            \xe2\x80\xa8\xe2\x80\xa9\n");
     QTest::newRow("escape sequence") << QByteArray("User name:                    \x1b[31m\n");
-    QTest::newRow("control character of two bytes") << QByteArray("User name:                    \xc2\x9b" "31m\n");
+    QTest::newRow("control character of two bytes") << QByteArray("User name:                    \xc2\x9b"
+                                                                  "31m\n");
     QTest::newRow("largest character") << QByteArray("User name:                    \xf4\x8f\xbf\xbf\n");
     QTest::newRow("above the largest character") << QByteArray("User name:                    \xf4\x90\x80\x80\n");
     QTest::newRow("overlong character") << QByteArray("User name:                    \xc0\xaf\n");
