@@ -3,11 +3,11 @@
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vkSystemInfo)
-install(TARGETS vkSystemInfo EXPORT vkSystemInfoTargets
+install(TARGETS vkSystemInfo vkReports EXPORT vkSystemInfoTargets
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT sdk
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT sdk
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT sdk)
-install(FILES include/vkSystemInfo.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT sdk)
+install(FILES include/vkSystemInfo.h include/vkReports.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT sdk)
 install(EXPORT vkSystemInfoTargets NAMESPACE vkSystemInfo:: DESTINATION ${package_dir} COMPONENT sdk)
 configure_package_config_file(cmake/vkSystemInfoConfig.cmake.in ${PROJECT_BINARY_DIR}/vkSystemInfoConfig.cmake
     INSTALL_DESTINATION ${package_dir})
@@ -15,7 +15,21 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/vkSystemInfoConfigVersion
 install(FILES ${PROJECT_BINARY_DIR}/vkSystemInfoConfig.cmake ${PROJECT_BINARY_DIR}/vkSystemInfoConfigVersion.cmake
     DESTINATION ${package_dir} COMPONENT sdk)
 install(FILES LICENSE README.md CHANGELOG.md DESTINATION . COMPONENT sdk)
-install(DIRECTORY docs DESTINATION . COMPONENT sdk)
+install(DIRECTORY docs DESTINATION . COMPONENT sdk PATTERN man EXCLUDE)
+
+# The programs with their manual pages and the completion of bash. They find the library of the SDK.
+set(programs vkreport vkcompare)
+set_target_properties(${programs} PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+install(TARGETS ${programs} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT sdk)
+install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT sdk)
+install(DIRECTORY completions/ DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT sdk)
+if(CMAKE_STRIP)
+    foreach(program ${programs})
+        install(CODE "execute_process(COMMAND \"${CMAKE_STRIP}\"
+            \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/${program}${CMAKE_EXECUTABLE_SUFFIX}\"
+            COMMAND_ERROR_IS_FATAL ANY)" COMPONENT sdk)
+    endforeach()
+endif()
 
 if(MINGW)
     install(FILES $<TARGET_FILE:vkSystemInfo>.debug DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT symbols)
@@ -37,7 +51,8 @@ if(MINGW)
         endif()
         list(APPEND run_time ${file})
     endforeach()
-    install(TARGETS vkreport vkcapture RUNTIME DESTINATION . COMPONENT portable)
+    install(TARGETS ${programs} vkcapture RUNTIME DESTINATION . COMPONENT portable)
+    install(DIRECTORY docs DESTINATION . COMPONENT portable PATTERN man EXCLUDE)
     install(FILES $<TARGET_FILE:vkSystemInfo> ${run_time} LICENSE DESTINATION . COMPONENT portable)
     # The symbols of vkSystemInfo.dll are an archive of their own; the others are not shipped.
     install(CODE "file(GLOB libraries \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/lib*.dll\" \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/*.exe\")

@@ -7,15 +7,20 @@ namespace Reports {
 
 namespace {
 
-/// Equal for items with equal facts, apart from those that change by themselves.
+/// Equal for items with equal facts, apart from those that change by themselves. It hashes the bytes, not the
+/// values: items whose bytes differ and whose values do not are paired in order.
 uint fingerprint(const Document &document, int item)
 {
     const Item &place = document.items()[std::size_t(item)];
     uint result = 0;
     for (int i = place.firstFact; i < place.lastFact; ++i) {
         const Fact &fact = document.facts()[std::size_t(i)];
-        if (document.row(fact).changes == Changes::Rarely)
-            result = result * 31U + ::qHash(document.display(fact), uint(keyRow(fact.row)));
+        if (document.row(fact).changes != Changes::Rarely)
+            continue;
+        int end = fact.end;
+        while (end > fact.begin && document.text().at(end - 1) == ' ')
+            --end;
+        result = result * 31U + qHashBits(document.text().constData() + fact.begin, std::size_t(end - fact.begin), uint(keyRow(fact.row)));
     }
     return result;
 }

@@ -1,8 +1,6 @@
 #include "json_writer.h"
 #include "text_form.h"
 
-#include <algorithm>
-
 namespace velkor {
 namespace Reports {
 
@@ -84,25 +82,29 @@ StoredText wholeText(const QByteArray &bytes)
     return stored;
 }
 
+/// The JSON, if it is short enough and gives the bytes again.
+std::optional<QByteArray> checkedJson(const Document &document, const QByteArray &bytes, const StoredText &stored, JsonStyle style)
+{
+    const QByteArray json = jsonDocument(document, stored, style);
+    if (isTooLong(json.size(), bytes.size()) || restoredBytes(stored, restoredLimit(json.size())) != bytes)
+        return std::nullopt;
+    return json;
+}
+
 } // namespace
 
 QByteArray toJson(const Document &document)
 {
     const QByteArray bytes = document.bytes();
-    const int limit = std::max(bytes.size(), maximalText);
     StoredText stored = storedText(document);
-    if (restoredBytes(stored, limit) != bytes)
-        stored = wholeText(bytes);
-    QByteArray json = jsonDocument(document, stored, JsonStyle::Readable);
-    if (isTooLong(json.size(), bytes.size()))
-        json = jsonDocument(document, stored, JsonStyle::Compact);
-    if (!isTooLong(json.size(), bytes.size()))
-        return json;
+    for (const JsonStyle style : {JsonStyle::Readable, JsonStyle::Compact}) {
+        if (const std::optional<QByteArray> json = checkedJson(document, bytes, stored, style))
+            return *json;
+    }
     leaveOutLongSections(stored, document);
-    json = jsonDocument(document, stored, JsonStyle::Compact);
-    if (restoredBytes(stored, limit) == bytes && !isTooLong(json.size(), bytes.size()))
-        return json;
-    return jsonDocument(document, wholeText(bytes), JsonStyle::Compact);
+    if (const std::optional<QByteArray> json = checkedJson(document, bytes, stored, JsonStyle::Compact))
+        return *json;
+    return jsonDocument(document, wholeText(bytes), JsonStyle::Readable);
 }
 
 } // namespace Reports

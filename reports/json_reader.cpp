@@ -16,7 +16,7 @@ std::optional<QByteArray> bytesFromJson(const QByteArray &json, QString &error)
         return std::nullopt;
     }
     const StoredText stored = handler.stored();
-    const std::optional<QByteArray> bytes = restoredBytes(stored, maximalText);
+    const std::optional<QByteArray> bytes = restoredBytes(stored, restoredLimit(json.size()));
     if (!bytes) {
         error = QStringLiteral("layout: it does not fit the reports, or the text is too long");
         return std::nullopt;

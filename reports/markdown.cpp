@@ -65,6 +65,11 @@ QString fold(const QString &title, const QString &content)
         + QLatin1String("\n</details>\n\n");
 }
 
+QString lineCount(int count)
+{
+    return count == 1 ? QStringLiteral("1 line") : QStringLiteral("%1 lines").arg(count);
+}
+
 QString quoted(const QString &sentences)
 {
     return sentences.isEmpty() ? QString() : QLatin1String("> ") + sentences + QLatin1String("\n\n");
@@ -172,7 +177,7 @@ private:
                 lines += QLatin1Char('\n');
         }
         if (!lines.isEmpty())
-            m_parts.push_back({QStringLiteral("text that is no report"), -1, QStringLiteral("## Text that is no report\n\n") + fold(QStringLiteral("%1 lines").arg(lines.count(QLatin1Char('\n'))), markdownBlock(lines)), {}});
+            m_parts.push_back({QStringLiteral("text that is no report"), -1, QStringLiteral("## Text that is no report\n\n") + fold(lineCount(lines.count(QLatin1Char('\n'))), markdownBlock(lines)), {}});
     }
 
     const Document &m_document;

@@ -14,6 +14,23 @@ bool changesDirection(ushort unit)
         || (unit >= 0x2066 && unit <= 0x206f);
 }
 
+/// Characters without a width, which make different texts look equal. Some scripts and emoji need the
+/// joiners U+200C and U+200D.
+bool hasNoWidth(ushort unit)
+{
+    return unit == 0x00ad || unit == 0x180e || unit == 0x200b || (unit >= 0x2060 && unit <= 0x2064) || unit == 0xfeff
+        || (unit >= 0xfff9 && unit <= 0xfffb);
+}
+
+/// Whether the tag characters U+E0000 to U+E007F begin at \a i; they are invisible.
+bool isTag(const QString &text, int i)
+{
+    constexpr ushort firstHigh = 0xdb40;
+    constexpr ushort lastLow = 0xdc7f;
+    return text.at(i).unicode() == firstHigh && i + 1 < text.size() && text.at(i + 1).isLowSurrogate()
+        && text.at(i + 1).unicode() <= lastLow;
+}
+
 bool isControl(ushort unit)
 {
     constexpr ushort lineSeparator = 0x2028;
@@ -36,6 +53,12 @@ QString visible(ushort unit)
         + QStringLiteral("%1").arg(unit, isShort ? 2 : 4, 16, QLatin1Char('0'));
 }
 
+bool mustBeVisible(ushort unit)
+{
+    constexpr ushort firstNoncharacter = 0xfffe;
+    return isControl(unit) || changesDirection(unit) || hasNoWidth(unit) || unit >= firstNoncharacter;
+}
+
 /// \a text with all characters visible that \a hides names or that no form can show.
 template <typename Hides>
 QString withVisible(const QString &text, Hides hides)
@@ -44,16 +67,15 @@ QString withVisible(const QString &text, Hides hides)
     result.reserve(text.size());
     for (int i = 0; i < text.size(); ++i) {
         const ushort unit = text.at(i).unicode();
-        if (isControl(unit) || changesDirection(unit) || isAlone(text, i) || unit >= 0xfffe) {
-            if (unit == '\n' && !hides(unit))
-                result += QLatin1Char('\n');
-            else
-                result += visible(unit);
-        } else if (hides(unit)) {
-            result += visible(unit);
-        } else {
-            result += text.at(i);
+        if (isTag(text, i)) {
+            result += visible(unit) + visible(text.at(++i).unicode());
+            continue;
         }
+        const bool isHidden = unit != '\n' && (mustBeVisible(unit) || isAlone(text, i));
+        if (isHidden || hides(unit))
+            result += visible(unit);
+        else
+            result += text.at(i);
     }
     return result;
 }

@@ -7,8 +7,8 @@ namespace velkor {
 namespace Reports {
 
 /// For a terminal: control characters (C0 but line feed, DEL, C1), line and paragraph separators,
-/// characters that change the direction of text and unpaired surrogates become visible: "\x1b" for
-/// escape, "\u202e".
+/// characters that change the direction of text or have no width, and unpaired surrogates become
+/// visible: "\x1b" for escape, "\u202e".
 QString terminalText(const QString &text);
 
 /// For the content and the attributes of HTML: & < > " ' become references, and control characters

@@ -68,6 +68,28 @@ bool isOptional(int section)
     return isKind(name, "userName") || isKind(name, "someEnvironmentVariables") || isKind(name, "GetOpenGLInfo");
 }
 
+struct StrongLine
+{
+    int section;
+    const LineForm *form;
+};
+
+/// The lines that begin with that character and prove their section without its heading.
+const std::vector<StrongLine> &strongLines(char first)
+{
+    static const std::vector<std::vector<StrongLine>> lines = [] {
+        std::vector<std::vector<StrongLine>> result(256);
+        for (int section = 0; section <= lastSection(); ++section) {
+            for (const LineForm &form : sectionForm(section).lines) {
+                if (form.weight() >= strongWeight)
+                    result[uchar(form.row().line[0])].push_back({section, &form});
+            }
+        }
+        return result;
+    }();
+    return lines[uchar(first)];
+}
+
 /// Which sections of the reports are missing.
 States missingSections(const std::vector<Section> &sections, bool hasBeginning)
 {
@@ -219,6 +241,10 @@ void Reader::readLine()
     if (readForced() || readSeparator())
         return;
     if (m_section == noSection) {
+        if (m_line.isEmpty()) {
+            readForeignLine();
+            return;
+        }
         if (readHeading(true) || resumes() || startsWithoutHeading())
             return;
         readForeignLine();
@@ -546,19 +572,18 @@ std::vector<int> Reader::sectionsWith(const TextLine &text) const
 {
     std::vector<int> sections;
     std::size_t longest = 0;
-    for (int section = 0; section <= lastSection(); ++section) {
-        for (const LineForm &line : sectionForm(section).lines) {
-            Span spans[maximalValues];
-            if (line.weight() < strongWeight || text.isEmpty() || line.row().line[0] != m_text[text.content]
-                || !line.match(m_text, text.content, text.end, spans))
-                continue;
-            const std::size_t length = std::strlen(line.row().line);
-            if (length > longest)
-                sections.clear();
-            longest = std::max(longest, length);
-            if (length == longest && (sections.empty() || sections.back() != section))
-                sections.push_back(section);
-        }
+    if (text.isEmpty())
+        return sections;
+    for (const StrongLine &line : strongLines(m_text[text.content])) {
+        Span spans[maximalValues];
+        if (!line.form->match(m_text, text.content, text.end, spans))
+            continue;
+        const std::size_t length = std::strlen(line.form->row().line);
+        if (length > longest)
+            sections.clear();
+        longest = std::max(longest, length);
+        if (length == longest && (sections.empty() || sections.back() != line.section))
+            sections.push_back(line.section);
     }
     return sections;
 }
@@ -566,15 +591,12 @@ std::vector<int> Reader::sectionsWith(const TextLine &text) const
 /// True if the line's label alone shows what it is.
 bool Reader::hasLongLabel() const
 {
-    for (int section = 0; section <= lastSection(); ++section) {
-        for (const LineForm &line : sectionForm(section).lines) {
-            Span spans[maximalValues];
-            if ((line.hasRuns() || line.weight() >= longWeight) && line.weight() >= strongWeight
-                && line.match(m_text, m_line.content, m_line.end, spans))
-                return true;
-        }
-    }
-    return false;
+    const std::vector<StrongLine> &lines = strongLines(m_text[m_line.content]);
+    return std::any_of(lines.begin(), lines.end(), [this](const StrongLine &line) {
+        Span spans[maximalValues];
+        return (line.form->hasRuns() || line.form->weight() >= longWeight)
+            && line.form->match(m_text, m_line.content, m_line.end, spans);
+    });
 }
 
 /// A line whose section is known without a heading: the beginning of the section is missing.
@@ -638,6 +660,8 @@ void Reader::readSectionLine()
 void Reader::readEmptyLine()
 {
     mark(PlaceKind::Empty, m_line.content, m_line.next);
+    if (m_transport.doubleSpaced && m_previous.next == m_line.begin && !m_previous.isEmpty())
+        return; // the second line end of the line before
     ++m_emptyLines;
     if (!inKind("instance") && !inKind("device"))
         return;
@@ -919,7 +943,7 @@ void Reader::finishBeginning()
 /// Gives the line to the value before it.
 bool Reader::continueValue()
 {
-    if (m_lastFact < m_data.sections.back().firstFact)
+    if (m_lastForm < 0 || m_lastFact < m_data.sections.back().firstFact) // a section that goes on has no last line
         return false;
     Fact &fact = m_data.facts[std::size_t(m_lastFact)];
     const FactRow &row = factRows()[std::size_t(fact.row)];
@@ -948,7 +972,10 @@ void Reader::accept(const LineForm &form, int formIndex, const Span *spans, bool
         if (form.row(i).type == Type::Date && hasNativeDigits({m_text + spans[i].begin, std::size_t(spans[i].end - spans[i].begin)}))
             m_states |= State::NativeDigits;
         m_lastFact = int(m_data.facts.size());
-        m_data.facts.push_back({form.firstRow() + i, m_levels.back().item, spans[i].begin, spans[i].end});
+        int begin = spans[i].begin;
+        while (form.row(i).type == Type::Number && begin < spans[i].end && m_text[begin] == ' ')
+            ++begin; // the format aligns some numbers to the right
+        m_data.facts.push_back({form.firstRow() + i, m_levels.back().item, begin, spans[i].end});
     }
     if (!altered)
         m_spaces.count(form, emptyValue);
@@ -1032,7 +1059,8 @@ void Reader::mark(PlaceKind kind, int begin, int end)
     std::vector<Mark> &marks = m_data.marks;
     if (begin == end || (!marks.empty() && begin < marks.back().end)) // a line that was looked at before
         return;
-    if (!marks.empty() && marks.back().kind == kind && marks.back().end == begin && kind == PlaceKind::Other)
+    const bool joins = kind == PlaceKind::Other || kind == PlaceKind::Empty;
+    if (joins && !marks.empty() && marks.back().kind == kind && marks.back().end == begin)
         marks.back().end = end;
     else
         marks.push_back({kind, begin, end});

@@ -2,8 +2,17 @@
 
 #include "text_encoding.h"
 
+#include <algorithm>
+
 namespace velkor {
 namespace Reports {
+
+int restoredLimit(int json)
+{
+    constexpr qint64 ofShortJson = 1 << 20;
+    constexpr qint64 growth = 8;
+    return int(std::min<qint64>(maximalText, growth * json + ofShortJson));
+}
 
 std::optional<QByteArray> restoredBytes(const StoredText &stored, int limit)
 {

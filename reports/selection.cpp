@@ -18,11 +18,16 @@ const char *nameOf(const Document &document, int section)
 /// The sections with what follows them up to the next one: the joined parts are the text.
 std::vector<Part> textParts(const Document &document)
 {
-    constexpr int foreignText = 0;
+    constexpr int lessThanSections = 0;
+    constexpr int moreThanSections = 1000;
     std::vector<Part> parts;
     const int count = int(document.sections().size());
     const int first = count > 0 ? document.sections().front().begin : document.text().size();
-    parts.push_back({QStringLiteral("text before the report"), foreignText, QString::fromUtf8(document.text().left(first)), {}});
+    const bool isForeign = document.states().testFlag(State::ForeignText) || count == 0;
+    parts.push_back({isForeign ? QStringLiteral("text before the report") : QStringLiteral("heading"),
+                     isForeign ? lessThanSections : moreThanSections,
+                     QString::fromUtf8(document.text().left(first)),
+                     {}});
     for (int i = 0; i < count; ++i) {
         const int begin = document.sections()[std::size_t(i)].begin;
         const int end = i + 1 < count ? document.sections()[std::size_t(i + 1)].begin : document.text().size();

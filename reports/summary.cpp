@@ -174,8 +174,8 @@ void Summary::addGraphics()
 
 void Summary::addProgram()
 {
-    const QString linked = factOf("qtGlobal", "linkedVersion");
-    const QString used = factOf("qtGlobal", "currentVersion");
+    const QString linked = factOf("qtGlobal", "qtVersionThisObjectWasLinkedAgainst");
+    const QString used = factOf("qtGlobal", "qtVersionCurrentlyUsedForExecution");
     add("qt", "Qt", linked == used ? used : joined({used, linked.isEmpty() ? linked : QStringLiteral("linked against ") + linked}));
     const QString name = factOf("qtCoreApplication", "applicationName");
     const QString version = factOf("qtCoreApplication", "applicationVersion");
@@ -206,7 +206,7 @@ void Summary::addPlace()
 {
     add("date", "Date of the report", factOf("qtDateTime", "localDateAndTime"));
     add("locale", "Locale", joined({factOf("qtLocale", "language"), factOf("qtLocale", "country")}));
-    const QString bias = factOf("timeZoneInfoFromRegistry", "activeTimeBias");
+    const QString bias = factOf("timeZoneInfoFromRegistry", "activeTimeBias").section(QStringLiteral(" ("), 0, 0);
     add("timeZone", "Time zone",
         factOf("timeZoneInfoFromRegistry", "standardName") + inBrackets(QStringLiteral("offset to UTC: "), bias));
 }

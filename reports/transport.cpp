@@ -14,6 +14,7 @@ namespace {
 constexpr int longestPrefix = 40;
 constexpr int examinedMarks = 256;  // lines of the structure that are looked at
 constexpr int examinedLines = 400;  // lines that are looked at if there are no such lines
+constexpr int doubleSpacedLines = 20; // a report begins with more lines than that before an empty one
 constexpr int shortestWrap = 65;
 constexpr int longestWrap = 100;
 
@@ -110,6 +111,22 @@ int wrapColumn(const QByteArray &text, const QByteArray &lineEnd)
     return longest >= shortestWrap ? longest : 0;
 }
 
+/// True if each of the first lines is followed by an empty one.
+bool isDoubleSpaced(const QByteArray &text, const QByteArray &lineEnd)
+{
+    const char last = lineEnd[lineEnd.size() - 1];
+    int lines = 0;
+    int begin = 0;
+    for (; lines < doubleSpacedLines; ++lines) {
+        const int end = text.indexOf(last, begin);
+        const bool empty = end == begin || (end == begin + 1 && text[begin] == '\r');
+        if (end < 0 || empty != (lines % 2 == 1))
+            return false;
+        begin = end + 1;
+    }
+    return true;
+}
+
 } // namespace
 
 int lengthOf(const char *begin, const char *end)
@@ -139,6 +156,7 @@ Transport detectTransport(const QByteArray &text)
     else if (2 * evidence.withCarriageReturn > evidence.lines)
         transport.lineEnd = QByteArrayLiteral("\r\n");
     transport.carriageReturns = evidence.withCarriageReturn > 0 && transport.lineEnd != "\r";
+    transport.doubleSpaced = isDoubleSpaced(text, transport.lineEnd);
     transport.wrapColumn = wrapColumn(text, transport.lineEnd);
     return transport;
 }

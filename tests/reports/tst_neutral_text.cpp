@@ -62,6 +62,9 @@ void NeutralTextTest::terminal_data()
     row("a no-break space stays", u(u"\u00a0"), u(u"\u00a0"));
     row("overrides and isolates", u(u"\u202e\u202a\u2066\u2069\u200f\u200e\u061c"),
         u(u"\\u202e\\u202a\\u2066\\u2069\\u200f\\u200e\\u061c"));
+    row("characters without a width", u(u"ad\u200bmin\ufeff\u00ad\u2060"), u(u"ad\\u200bmin\\ufeff\\xad\\u2060"));
+    row("tags, and a character after them", u(u"\U000e0069\U000e007f\U000e0100"), u(u"\\udb40\\udc69\\udb40\\udc7f\U000e0100"));
+    row("noncharacters", u(u"a\ufffe\uffff\ufffd"), u(u"a\\ufffe\\uffff\ufffd"));
     row("neighbours of those stay", u(u"\u200d\u2010\u2030\u2070"), u(u"\u200d\u2010\u2030\u2070"));
     row("separators of lines and paragraphs", u(u"\u2028\u2029"), u(u"\\u2028\\u2029"));
     row("a high surrogate alone", QString(QChar(0xd83d)) + QLatin1Char('a'), u(u"\\ud83da"));
