@@ -1,5 +1,5 @@
-# Install rules, and the archives of scripts/package: an SDK for developers of hosts, a
-# portable vkreport with all DLLs that it needs, and the symbols.
+# Install rules, and the archives of scripts/package: an SDK for developers of hosts, the
+# portable programs with all DLLs that they need, and the symbols.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vkSystemInfo)
@@ -32,6 +32,12 @@ if(CMAKE_STRIP)
 endif()
 
 if(MINGW)
+    # Debug information would make up most of the SDK.
+    install(CODE "set(folder \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}\")
+        execute_process(COMMAND ${CMAKE_STRIP} --strip-debug \"\${folder}/${CMAKE_INSTALL_LIBDIR}/$<TARGET_FILE_NAME:vkReports>\"
+            COMMAND_ERROR_IS_FATAL ANY)
+        execute_process(COMMAND ${CMAKE_STRIP} \"\${folder}/${CMAKE_INSTALL_BINDIR}/$<TARGET_FILE_NAME:vkreport>\"
+            \"\${folder}/${CMAKE_INSTALL_BINDIR}/$<TARGET_FILE_NAME:vkcompare>\" COMMAND_ERROR_IS_FATAL ANY)" COMPONENT sdk)
     install(FILES $<TARGET_FILE:vkSystemInfo>.debug DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT symbols)
 
     # The portable folder contains Qt and the run-time libraries of the compiler.

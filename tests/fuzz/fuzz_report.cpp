@@ -9,6 +9,7 @@
 
 #include "fuzz_target.h"
 #include "hostile_machine.h"
+#include "installed_machine.h"
 #include "known_names.h"
 
 #include "report/section_table.h"
@@ -25,8 +26,6 @@ using namespace velkor::SystemInfo;
 using machine::RegistryRoot;
 
 namespace {
-
-constexpr std::size_t mostCalls = 60000; // after that many, every enumeration ends
 
 /// The texts of a run.
 struct Run
@@ -194,44 +193,16 @@ void checkCost(const Size &size, std::size_t names, std::size_t calls, const Run
     require(length <= most, "the length of the text is proportional to the machine", QByteArray::number(qulonglong(length)));
 }
 
-/// Ends every enumeration after too many calls. If keys are opened by other names than their own,
-/// the number of calls grows with the square of the number of keys.
-void endEnumerations(std::vector<simulated::Fault> &faults)
-{
-    constexpr quint32 noMoreItems = 259; // ERROR_NO_MORE_ITEMS
-    for (const char *call : {"RegEnumKeyExA", "RegEnumKeyExW", "RegEnumKeyA", "RegEnumValueA"})
-        faults.push_back(simulated::Fault::everyCall(call, noMoreItems));
-}
-
 Run run(const QByteArray &bytes)
 {
     HostileMachine hostile = hostileMachine(bytes);
     const Size size = sizeOf(hostile.machine);
     const std::size_t names = lengthOfNames(hostile.machine.system);
-    simulated::reset();
-    simulated::install(std::move(hostile.machine));
-    std::vector<simulated::Fault> faults;
-    bool hasMemory = true;
-    for (const CallFault &fault : hostile.faults) {
-        hasMemory = hasMemory && !fault.call.isEmpty() && fault.call != "HeapAlloc";
-        if (fault.call.isEmpty())
-            faults.push_back(simulated::Fault::nthOfAll(fault.number, fault.error));
-        else if (fault.every)
-            faults.push_back(simulated::Fault::everyCall(fault.call, fault.error));
-        else
-            faults.push_back(simulated::Fault::nthCall(fault.call, fault.number, fault.error));
-    }
-    std::size_t limitedAt = 0;
-    simulated::setBeforeCall([&](std::size_t number, const QByteArray &) {
-        for (const Change &change : hostile.changes) {
-            if (change.beforeCall == number)
-                takeSteps(change.steps, simulated::machineInUse());
-        }
-        if (number >= mostCalls && limitedAt == 0) {
-            limitedAt = number;
-            endEnumerations(faults);
-        }
+    const bool isConstant = hostile.changes.empty();
+    const bool hasMemory = std::none_of(hostile.faults.begin(), hostile.faults.end(), [](const CallFault &fault) {
+        return fault.call.isEmpty() || fault.call == "HeapAlloc";
     });
+    const InstalledMachine installed(std::move(hostile));
 
     Run run;
     run.windowsHalf = WinSysInfo::allWinInfos();
@@ -240,14 +211,10 @@ Run run(const QByteArray &bytes)
     run.others = driverText() + adapterTexts() + WinSysInfo::windowsVersion(false);
     checkHandles();
     checkCalls();
-    if (limitedAt > 0)
-        require(simulated::callCount() < limitedAt + 20000, "every enumeration ends");
-    else if (hostile.changes.empty())
+    if (installed.limitedAt() > 0)
+        require(simulated::callCount() < installed.limitedAt() + 20000, "every enumeration ends");
+    else if (isConstant)
         checkCost(size, names, simulated::callCount(), run);
-
-    faults.clear();
-    simulated::reset();
-    simulated::installNothing();
     return run;
 }
 

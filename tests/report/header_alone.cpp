@@ -1,6 +1,6 @@
 #include <vkSystemInfo.h>
 
-// The public header compiles alone, under strict flags.
+// A public header compiles alone, under strict flags.
 velkor::SystemInfo::COpenGLVersionInfo headerAlone()
 {
     return velkor::SystemInfo::ScanOpenGLInfo::GetOpenGLVersionCached();
