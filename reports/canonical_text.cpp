@@ -90,7 +90,7 @@ void CanonicalWriter::addNode(const TreeNode &node)
             return;
         if (step.what == LineStep::Items)
             addItems(node, step.kind);
-        else if (step.what == LineStep::Fixed && !standsForNothing(step.line))
+        else if (step.what == LineStep::FixedLine && !standsForNothing(step.line))
             append(QByteArray(step.line) + '\n');
         else if (step.what == LineStep::Line && isWritten(node, steps, step))
             addLine(node, step);

@@ -79,7 +79,7 @@ void Planner::addLine(size_t row)
         return;
     }
     LineStep step;
-    step.what = fact.form & Fixed ? LineStep::Fixed : LineStep::Line;
+    step.what = fact.form & Fixed ? LineStep::FixedLine : LineStep::Line;
     step.line = fact.line;
     step.lineEnd = !(fact.form & NoLineEnd);
     if (step.what == LineStep::Line)

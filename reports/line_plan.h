@@ -9,9 +9,9 @@ namespace Reports {
 struct LineStep
 {
     enum What {
-        Line,  ///< the line of one or more facts
-        Fixed, ///< a line without a value
-        Items, ///< the items of a kind
+        Line,      ///< the line of one or more facts
+        FixedLine, ///< a line without a value
+        Items,     ///< the items of a kind
     };
     What what = Line;
     const char *line = "";

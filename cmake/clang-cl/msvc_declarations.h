@@ -4,6 +4,11 @@
 #pragma clang system_header
 
 #include <cstddef>
+#include <stdlib.h>
+
+// Functions of the C library that mingw-w64's headers do not declare. libc++'s <locale> calls them.
+extern "C" float __cdecl _strtof_l(const char *, char **, _locale_t);
+extern "C" long double __cdecl _strtold_l(const char *, char **, _locale_t);
 
 // Used by Qt's containers.
 namespace stdext {
