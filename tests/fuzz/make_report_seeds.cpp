@@ -9,6 +9,7 @@
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QSet>
+#include <algorithm>
 #include <cstdio>
 
 using namespace velkor::Reports;
@@ -98,18 +99,21 @@ QByteArray escaped(const QByteArray &word)
     return text;
 }
 
-/// The words of the dictionary, each once and none too long.
+/// The words of the dictionary, each once.
 QSet<QByteArray> words()
 {
     QSet<QByteArray> words = {halfHeading(Half::Windows) + '\n', halfHeading(Half::Qt) + '\n', "\r\n", "\n> ", "\xef\xbb\xbf"};
     for (const SectionRow &section : sectionRows())
         words += section.heading;
-    for (const FactRow &fact : factRows())
-        words += {fact.label().toUtf8(), '\n' + fact.label().toUtf8(), '"' + QByteArray(fact.key) + "\":"};
-    for (const ItemRow &item : itemRows())
-        words += {item.before, item.between, item.after};
-    for (auto it = words.begin(); it != words.end();)
-        it = it->isEmpty() || it->size() > longestWord ? words.erase(it) : it + 1;
+    for (const FactRow &fact : factRows()) {
+        words += fact.label().toUtf8();
+        words += '\n' + fact.label().toUtf8();
+        words += '"' + QByteArray(fact.key) + "\":";
+    }
+    for (const ItemRow &item : itemRows()) {
+        for (const char *text : {item.before, item.between, item.after})
+            words += text;
+    }
     return words;
 }
 
@@ -118,8 +122,10 @@ QByteArray dictionary()
     QList<QByteArray> sorted = words().values();
     std::sort(sorted.begin(), sorted.end());
     QByteArray text;
-    for (const QByteArray &word : qAsConst(sorted))
-        text += '"' + escaped(word) + "\"\n";
+    for (const QByteArray &word : qAsConst(sorted)) {
+        if (!word.isEmpty() && word.size() <= longestWord)
+            text += '"' + escaped(word) + "\"\n";
+    }
     return text;
 }
 
