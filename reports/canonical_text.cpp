@@ -44,8 +44,8 @@ bool hasLine(const TreeNode &node, const LineStep &step)
 bool isWritten(const TreeNode &node, const std::vector<LineStep> &steps, const LineStep &step)
 {
     return hasLine(node, step) && std::none_of(step.instead.begin(), step.instead.end(), [&](int other) {
-        return hasLine(node, steps[size_t(other)]);
-    });
+               return hasLine(node, steps[size_t(other)]);
+           });
 }
 
 /// A line such as "<no address>" stands in the place of items.
@@ -88,11 +88,11 @@ void CanonicalWriter::addNode(const TreeNode &node)
     for (const LineStep &step : steps) {
         if (isTooLong())
             return;
-        if (step.what == LineStep::Items)
+        if (step.what == LineStep::What::Items)
             addItems(node, step.kind);
-        else if (step.what == LineStep::FixedLine && !standsForNothing(step.line))
+        else if (step.what == LineStep::What::Text && !standsForNothing(step.line))
             append(QByteArray(step.line) + '\n');
-        else if (step.what == LineStep::Line && isWritten(node, steps, step))
+        else if (step.what == LineStep::What::Facts && isWritten(node, steps, step))
             addLine(node, step);
     }
 }

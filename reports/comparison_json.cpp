@@ -1,35 +1,39 @@
 #include "comparison_words.h"
+#include "neutral_text.h"
 
 namespace velkor {
 namespace Reports {
 
 namespace {
 
-/// Whether a terminal or a reader of JSON could take the character for more than text.
-bool needsEscape(const QString &text, int i)
+/// The units of a character as escapes.
+QString escaped(const QString &character)
 {
-    const ushort unit = text.at(i).unicode();
-    const bool isControl = unit < 0x20 || (unit >= 0x7f && unit < 0xa0) || unit == 0x2028 || unit == 0x2029;
-    const bool changesDirection = unit == 0x061c || unit == 0x200e || unit == 0x200f || (unit >= 0x202a && unit <= 0x202e)
-        || (unit >= 0x2066 && unit <= 0x2069);
-    const bool isAlone = (text.at(i).isHighSurrogate() && !(i + 1 < text.size() && text.at(i + 1).isLowSurrogate()))
-        || (text.at(i).isLowSurrogate() && !(i > 0 && text.at(i - 1).isHighSurrogate()));
-    return isControl || changesDirection || isAlone;
+    QString result;
+    for (const QChar unit : character)
+        result += QStringLiteral("\\u%1").arg(unit.unicode(), 4, 16, QLatin1Char('0'));
+    return result;
 }
 
+/// What a terminal could take for more than text is escaped.
 QString quoted(const QString &text)
 {
+    const bool isHarmless = terminalText(text) == text;
     QString result(QLatin1Char('"'));
     for (int i = 0; i < text.size(); ++i) {
         const QChar next = text.at(i);
-        if (next == QLatin1Char('"') || next == QLatin1Char('\\'))
+        if (next == QLatin1Char('"') || next == QLatin1Char('\\')) {
             result += QLatin1Char('\\') + next;
-        else if (next == QLatin1Char('\n'))
+        } else if (next == QLatin1Char('\n')) {
             result += QStringLiteral("\\n");
-        else if (needsEscape(text, i))
-            result += QStringLiteral("\\u%1").arg(next.unicode(), 4, 16, QLatin1Char('0'));
-        else
+        } else if (isHarmless) {
             result += next;
+        } else {
+            const bool isPair = next.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
+            const QString character = text.mid(i, isPair ? 2 : 1);
+            result += terminalText(character) == character ? character : escaped(character);
+            i += isPair ? 1 : 0;
+        }
     }
     return result + QLatin1Char('"');
 }

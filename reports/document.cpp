@@ -3,6 +3,7 @@
 #include "reader.h"
 #include "text_encoding.h"
 #include "values.h"
+#include "decoded_text.h"
 
 #include <cstring>
 
@@ -215,7 +216,7 @@ QByteArray Document::value(const Fact &fact) const
 
 QString Document::display(const Fact &fact) const
 {
-    QString text = QString::fromUtf8(value(fact));
+    QString text = decodedText(value(fact));
     text.replace(QChar(QChar::Nbsp), QLatin1Char(' '));
     return text.trimmed();
 }

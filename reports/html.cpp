@@ -1,5 +1,6 @@
 // One page without scripts. Every value goes through htmlText().
 
+#include "decoded_text.h"
 #include "formats.h"
 #include "html_style.h"
 #include "labels.h"
@@ -102,7 +103,7 @@ private:
             return addCell(m_document.display(fact));
         m_html += isLongList(m_document, fact) ? "<td><ul class=\"values many\">" : "<td><ul class=\"values\">";
         for (const QByteArray &value : values)
-            add(QLatin1String("<li>") + htmlText(QString::fromUtf8(value)) + QLatin1String("</li>"));
+            add(QLatin1String("<li>") + htmlText(decodedText(value)) + QLatin1String("</li>"));
         m_html += "</ul></td>";
     }
 

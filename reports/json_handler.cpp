@@ -15,7 +15,7 @@ namespace {
 
 namespace Key = Json::Key;
 
-constexpr int shownLength = 40;     // of a stranger's text in a message
+constexpr int shownLength = 40;    // of a stranger's text in a message
 constexpr size_t maximalDepth = 3; // a section, an item and an item in it
 
 /// A stranger's text for a message: short, in ASCII and without control characters.

@@ -11,9 +11,9 @@ namespace Reports {
 
 /// What a fact in JSON has in the place of its value.
 enum class JsonValue {
-    Text,    ///< the fact is a string
-    List,    ///< the fact is an array
-    Null,    ///< the others are objects with a value and a text
+    Text, ///< the fact is a string
+    List, ///< the fact is an array
+    Null, ///< the others are objects with a value and a text
     Integer,
     Real,
     String,

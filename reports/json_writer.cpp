@@ -59,7 +59,7 @@ QByteArray quoted(const QByteArray &text)
     return json;
 }
 
-template<typename Number>
+template <typename Number>
 QByteArray decimalText(const std::optional<Number> &number)
 {
     return number ? '"' + QByteArray::number(*number) + '"' : QByteArray("null");
@@ -259,7 +259,7 @@ void JsonWriter::addItem(const TreeNode &item, int indent)
             startElement(first);
             m_json += key(factRows()[size_t(row)].key) + fact(*item.find(row));
         }
-        if (step.what == LineStep::Items && hasKind(item, step.kind)) {
+        if (step.what == LineStep::What::Items && hasKind(item, step.kind)) {
             startElement(first);
             addItems(item, step.kind, indent + 1);
         }
@@ -290,7 +290,7 @@ void JsonWriter::addSection(const TreeNode &section)
     addFacts(section);
     bool first = false;
     for (const LineStep &step : lineSteps(section.row, sectionItself)) {
-        if (step.what != LineStep::Items || !hasKind(section, step.kind))
+        if (step.what != LineStep::What::Items || !hasKind(section, step.kind))
             continue;
         startLine(first, 3);
         addItems(section, step.kind, 4);

@@ -9,7 +9,7 @@ namespace Reports {
 
 namespace {
 
-constexpr int nearby = 24;      // lines that are searched for a pair of equal ones
+constexpr int nearby = 24;       // lines that are searched for a pair of equal ones
 constexpr int maximalBlanks = 8; // the format has fewer empty lines in a row
 
 /// Positions of lines by their hashes.

@@ -216,6 +216,8 @@ bool LineForm::matchAltered(const char *text, int begin, int end, Span *spans, A
         return false;
     if (m_valueCount == 0)
         return at == end;
+    if (m_valueCount == 2 && !m_only.empty())
+        return matchAlteredOnly(text, at, end, spans, alterations);
     for (int i = 0; i < m_valueCount; ++i) {
         const std::string_view next = m_literals[std::size_t(i) + 1];
         spans[i] = {at, end};
@@ -243,6 +245,22 @@ bool LineForm::matchAltered(const char *text, int begin, int end, Span *spans, A
         return std::string_view(text + last.begin, std::size_t(last.end - last.begin)) == m_only;
     }
     return true;
+}
+
+/// The last value is known, so it is looked for from the end, and the spaces before it.
+bool LineForm::matchAlteredOnly(const char *text, int begin, int end, Span *spans, Alterations *alterations) const
+{
+    const std::string_view rest(text + begin, std::size_t(end - begin));
+    if (!endsWith(rest, m_only))
+        return false;
+    const int only = end - int(m_only.size());
+    int valueEnd = only;
+    while (valueEnd > begin && text[valueEnd - 1] == ' ')
+        --valueEnd;
+    alterations->collapsed |= only - valueEnd < int(m_literals[1].size());
+    spans[0] = {begin, valueEnd};
+    spans[1] = {only, end};
+    return valueEnd < only && valueEnd > begin;
 }
 
 const SectionForm &sectionForm(int section)

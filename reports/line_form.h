@@ -57,6 +57,7 @@ public:
 
 private:
     bool matchFrom(const char *text, int at, int end, Span *spans, bool whole) const;
+    bool matchAlteredOnly(const char *text, int begin, int end, Span *spans, Alterations *alterations) const;
     bool matchOnly(const char *text, int begin, int end, Span *spans) const;
 
     int m_firstRow;

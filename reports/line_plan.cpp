@@ -79,10 +79,10 @@ void Planner::addLine(size_t row)
         return;
     }
     LineStep step;
-    step.what = fact.form & Fixed ? LineStep::FixedLine : LineStep::Line;
+    step.what = fact.form & Fixed ? LineStep::What::Text : LineStep::What::Facts;
     step.line = fact.line;
     step.lineEnd = !(fact.form & NoLineEnd);
-    if (step.what == LineStep::Line)
+    if (step.what == LineStep::What::Facts)
         step.rows = {firstRowOfKey(int(row))};
     m_steps.push_back(step);
 }
@@ -99,7 +99,7 @@ void Planner::addItems(int kind)
         }
     }
     LineStep step;
-    step.what = LineStep::Items;
+    step.what = LineStep::What::Items;
     step.kind = kind;
     m_steps.push_back(step);
 }
@@ -107,7 +107,7 @@ void Planner::addItems(int kind)
 void Planner::addInstead()
 {
     for (size_t i = 0; i < m_steps.size(); ++i) {
-        for (size_t j = 0; j < m_steps.size() && m_steps[i].what == LineStep::Line; ++j) {
+        for (size_t j = 0; j < m_steps.size() && m_steps[i].what == LineStep::What::Facts; ++j) {
             std::vector<int> rows = m_steps[i].rows;
             std::vector<int> others = m_steps[j].rows;
             std::sort(rows.begin(), rows.end());

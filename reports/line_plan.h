@@ -8,18 +8,18 @@ namespace Reports {
 
 struct LineStep
 {
-    enum What {
-        Line,      ///< the line of one or more facts
-        FixedLine, ///< a line without a value
-        Items,     ///< the items of a kind
+    enum class What {
+        Facts, ///< the line of one or more facts
+        Text,  ///< a line without a value
+        Items, ///< the items of a kind
     };
-    What what = Line;
+    What what = What::Facts;
     const char *line = "";
     std::vector<int> rows; ///< the facts of the line, by place; see firstRowOfKey()
     /// Steps with all these facts and more, or the same facts in an earlier line. If all facts of
     /// one of them are present, this line is not written.
     std::vector<int> instead;
-    int kind = -1;         ///< of the items: index in itemRows()
+    int kind = -1; ///< of the items: index in itemRows()
     bool lineEnd = true;
 };
 

@@ -1,6 +1,7 @@
 // Markdown as GitHub and other issue trackers read it. Words of the catalogue stand as they are;
 // every value is in a code span or block.
 
+#include "decoded_text.h"
 #include "formats.h"
 #include "labels.h"
 #include "neutral_text.h"
@@ -55,7 +56,7 @@ QString factCell(const Document &document, const Fact &fact)
         return markdownCode(document.display(fact).simplified());
     QStringList cells;
     for (const QByteArray &value : values)
-        cells << valueCell(QString::fromUtf8(value));
+        cells << valueCell(decodedText(value));
     return cells.join(QLatin1String("<br>"));
 }
 

@@ -1,4 +1,5 @@
 #include "outline.h"
+#include "decoded_text.h"
 
 #include <algorithm>
 
@@ -68,7 +69,7 @@ QString textBetween(const Document &document, int begin, int end)
     QByteArray bytes = document.text().mid(begin, end - begin);
     if (document.states().testFlag(State::CrLf))
         bytes.replace("\r\n", "\n").replace('\r', '\n');
-    return QString::fromUtf8(bytes);
+    return decodedText(bytes);
 }
 
 } // namespace Reports

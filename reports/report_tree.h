@@ -19,9 +19,9 @@ struct TreeFact
 /// A section or an item.
 struct TreeNode
 {
-    int row = 0;              ///< of the section: index in sectionRows()
-    int kind = sectionItself; ///< index in itemRows()
-    bool isLeftOut = false;   ///< the section has facts and items in the text, but not here
+    int row = 0;                 ///< of the section: index in sectionRows()
+    int kind = sectionItself;    ///< index in itemRows()
+    bool isLeftOut = false;      ///< the section has facts and items in the text, but not here
     std::vector<TreeFact> facts; ///< with different rows
     std::vector<TreeNode> items;
 

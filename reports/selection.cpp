@@ -1,5 +1,6 @@
 // Text of chosen sections.
 
+#include "decoded_text.h"
 #include "formats.h"
 #include "labels.h"
 #include "outline.h"
@@ -26,7 +27,7 @@ std::vector<Part> textParts(const Document &document)
     const bool isForeign = document.states().testFlag(State::ForeignText) || count == 0;
     parts.push_back({isForeign ? QStringLiteral("text before the report") : QStringLiteral("heading"),
                      isForeign ? lessThanSections : moreThanSections,
-                     QString::fromUtf8(document.text().left(first)),
+                     decodedText(document.text().left(first)),
                      {}});
     for (int i = 0; i < count; ++i) {
         const int begin = document.sections()[std::size_t(i)].begin;
@@ -36,7 +37,7 @@ std::vector<Part> textParts(const Document &document)
         const QString shortForm = counts.isEmpty()
             ? QString()
             : QStringLiteral("[%1: %2]\n").arg(name, counts.join(QStringLiteral(", ")));
-        parts.push_back({name, importanceOf(nameOf(document, i)) + 1, QString::fromUtf8(document.text().mid(begin, end - begin)),
+        parts.push_back({name, importanceOf(nameOf(document, i)) + 1, decodedText(document.text().mid(begin, end - begin)),
                          shortForm});
     }
     return parts;
@@ -50,7 +51,7 @@ std::vector<Part> chosenParts(const Document &document, const WriteOptions &opti
             continue;
         const Section &section = document.sections()[std::size_t(i)];
         const QByteArray text = document.text().mid(section.begin, section.end - section.begin);
-        parts.push_back({QString::fromLatin1(nameOf(document, i)), importanceOf(nameOf(document, i)), QString::fromUtf8(text), {}});
+        parts.push_back({QString::fromLatin1(nameOf(document, i)), importanceOf(nameOf(document, i)), decodedText(text), {}});
     }
     return parts;
 }
@@ -81,7 +82,7 @@ QByteArray toText(const Document &document, const WriteOptions &options)
         const Part all {QStringLiteral("summary"), 0, summaryText(summary(document)), {}};
         return shortened({}, {all}, options.maxLength, writeNote).toUtf8();
     }
-    const bool isLimited = options.maxLength > 0 && QString::fromUtf8(document.text()).size() > options.maxLength;
+    const bool isLimited = options.maxLength > 0 && decodedText(document.text()).size() > options.maxLength;
     if (options.sections.empty())
         return isLimited ? shortened({}, textParts(document), options.maxLength, writeNote).toUtf8() : document.bytes();
     return isLimited ? shortened({}, chosenParts(document, options), options.maxLength, writeNote).toUtf8()

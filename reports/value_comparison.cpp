@@ -1,6 +1,7 @@
 #include "value_comparison.h"
 
 #include "catalogue.h"
+#include "decoded_text.h"
 #include "nearly_full.h"
 
 #include <QtCore/QHash>
@@ -119,7 +120,7 @@ QStringList listEntries(const Document &document, const Fact &fact, bool uncerta
     QStringList result;
     const bool isSpaced = document.row(fact).form & (Spaced | Ends);
     for (const QByteArray &value : document.values(fact)) {
-        const QString entry = QString::fromUtf8(value).replace(QChar(QChar::Nbsp), QLatin1Char(' ')).trimmed();
+        const QString entry = decodedText(value).replace(QChar(QChar::Nbsp), QLatin1Char(' ')).trimmed();
         if (isSpaced) // a no-break space separates as well
             result += entry.split(QLatin1Char(' '), Qt::SkipEmptyParts);
         else

@@ -1,6 +1,8 @@
 #include "program_output.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QSaveFile>
 #include <QtCore/QTextStream>
 #include <cstdio>
@@ -9,6 +11,29 @@
 #  include <fcntl.h>
 #  include <io.h>
 #endif
+
+namespace {
+
+bool replaceFile(const QByteArray &bytes, const QString &fileName, QString &error)
+{
+    QSaveFile file(fileName);
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+        return true;
+    error = file.errorString();
+    return false;
+}
+
+/// QSaveFile would put a file in the place of a device or a pipe.
+bool writeToDevice(const QByteArray &bytes, const QString &fileName, QString &error)
+{
+    QFile file(fileName);
+    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(bytes) == bytes.size())
+        return true;
+    error = file.errorString();
+    return false;
+}
+
+} // namespace
 
 bool writeToStandardOutput(const QString &text)
 {
@@ -31,10 +56,11 @@ bool writeToFile(const QString &text, const QString &fileName, QString &error)
 
 bool writeToFile(const QByteArray &bytes, const QString &fileName, QString &error)
 {
-    QSaveFile file(fileName);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+    const QFileInfo existing(fileName);
+    const bool isDevice = existing.exists() && !existing.isFile() && !existing.isDir();
+    if (isDevice ? writeToDevice(bytes, fileName, error) : replaceFile(bytes, fileName, error))
         return true;
-    error = QStringLiteral("cannot write '%1': %2").arg(fileName, file.errorString());
+    error = QStringLiteral("cannot write '%1': %2").arg(fileName, error);
     return false;
 }
 

@@ -14,7 +14,7 @@ enum ExitCode {
 /// Writes \a text to standard output as UTF-8, without converting line feeds.
 bool writeToStandardOutput(const QString &text);
 
-/// Writes \a text to a file as UTF-8. On failure no partial file remains, and \a error is
+/// Writes \a text to a file as UTF-8; to a device or a pipe without replacing it. On failure no partial file remains, and \a error is
 /// a message for the user.
 bool writeToFile(const QString &text, const QString &fileName, QString &error);
 

@@ -1,5 +1,6 @@
 #include "conversion.h"
 
+#include "decoded_text.h"
 #include "fact_list.h"
 #include "neutral_text.h"
 #include "program_input.h"
@@ -59,7 +60,7 @@ bool isWholeText(const Options &options)
 /// A terminal would execute what it finds in a stranger's report. Files and pipes get every byte.
 QByteArray forTerminal(const Document &document, const QByteArray &bytes, const Options &options)
 {
-    QString text = QString::fromUtf8(isWholeText(options) ? document.text() : bytes);
+    QString text = Reports::decodedText(isWholeText(options) ? document.text() : bytes);
     text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     return Reports::terminalText(text).toUtf8();
 }

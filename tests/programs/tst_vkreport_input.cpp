@@ -5,6 +5,7 @@
 #include "texts.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -44,6 +45,7 @@ private Q_SLOTS:
     void terminalShowsNoEscape_data();
     void terminalShowsNoEscape();
     void progressOnATerminal();
+    void outputToAPipeDoesNotReplaceIt();
 #endif
 
 private:
@@ -397,7 +399,8 @@ void VkReportInputTest::terminalShowsNoEscape()
 {
     QFETCH(QStringList, arguments);
     const QByteArray hostile = "\x1b]0;title\x07\x1b[2J\xc2\x9b"
-                               "31m\xe2\x80\xae\x08\x9b";
+                               "31m\xe2\x80\xae\x08\x9b"
+        + QByteArray(1, '\0');
     QByteArray text = hostile + '\n' + workstation() + hostile;
     text.replace("From registry:     ", "From registry:     " + hostile);
     const QString input = file("report", text);
@@ -410,6 +413,7 @@ void VkReportInputTest::terminalShowsNoEscape()
     for (const QChar next : shown)
         QVERIFY2(next == QLatin1Char('\n') || (next.category() != QChar::Other_Control && next.unicode() != 0x202e),
                  qPrintable(QString::number(next.unicode(), 16)));
+    QVERIFY(!arguments.contains(QStringLiteral("text")) || shown.contains(QStringLiteral("GL_EXTENSIONS")));
     QVERIFY(arguments.contains(QStringLiteral("json")) || shown.contains(QStringLiteral("\\x1b]0;title\\x07")));
     const ProgramRun piped = vkreport({"--input", input});
     QCOMPARE(piped.output, text);
@@ -425,6 +429,21 @@ void VkReportInputTest::progressOnATerminal()
                                                                       "vkreport: finding facts (11 MByte)\n"
                                                                       "vkreport: writing (11 MByte)\n"));
     QCOMPARE(vkreport({"--input", input}).errors, QByteArray());
+}
+
+// The same holds for devices such as the null device. A test must not risk to replace one.
+void VkReportInputTest::outputToAPipeDoesNotReplaceIt()
+{
+    const QString pipe = m_folder->filePath(QStringLiteral("pipe"));
+    QCOMPARE(runProgram(QStringLiteral("mkfifo"), {pipe}).exitCode, 0);
+    QProcess reader;
+    reader.start(QStringLiteral("cat"), {pipe});
+    QVERIFY(reader.waitForStarted());
+    const ProgramRun run = vkreport({"--input", file("report", workstation()), "--output", pipe});
+    QCOMPARE(run.exitCode, 0);
+    QVERIFY(reader.waitForFinished());
+    QCOMPARE(reader.readAllStandardOutput(), workstation());
+    QVERIFY(QFileInfo::exists(pipe) && !QFileInfo(pipe).isFile());
 }
 
 #endif

@@ -25,6 +25,7 @@ private Q_SLOTS:
     void htmlLinksHaveTargets();
     void htmlOfSections();
     void statesAreSaid();
+    void nothingIsHiddenAfterANull();
     void maxLength_data();
     void maxLength();
     void maxLengthSaysWhatIsMissing();
@@ -236,6 +237,21 @@ void FormatsTest::statesAreSaid()
         QVERIFY(text.contains("The report was quoted in a mail"));
         QVERIFY(text.contains("There is text that does not belong to a report."));
     }
+}
+
+// QString::fromUtf8() of a QByteArray ends at a null.
+void FormatsTest::nothingIsHiddenAfterANull()
+{
+    QByteArray text = QByteArray("before\0after\n", 13) + workstation();
+    text.replace("ProductName:            Windows 10 Pro", QByteArray("ProductName:            Win\0dows", 32));
+    const Document document = read(text);
+    for (const QByteArray &output : {toMarkdown(document), toHtml(document)}) {
+        QVERIFY(output.contains("before\\x00after"));
+        QVERIFY(output.contains("Win\\x00dows"));
+        QVERIFY(output.contains("17055318016 Byte"));
+    }
+    QVERIFY(toText(document, atMost(text.size() - 100)).contains("17055318016 Byte"));
+    QVERIFY(summaryLines(document).contains(QStringLiteral("dows, Professional")));
 }
 
 void FormatsTest::maxLength_data()

@@ -66,7 +66,8 @@ void JsonReaderTest::smallestDocument()
     QCOMPARE(empty->bytes(), QByteArray());
     const std::optional<Document> text = fromJson(document("[]", R"(["a\r\n",{"base64":"/w=="},"b"])"));
     QVERIFY(text);
-    QCOMPARE(text->bytes(), QByteArray("a\r\n\xff" "b"));
+    QCOMPARE(text->bytes(), QByteArray("a\r\n\xff"
+                                       "b"));
 }
 
 void JsonReaderTest::errorMayBeNull()

@@ -114,8 +114,7 @@ Object typeDefinitions()
          valueWithText("An integer of up to 32 bits; null if the text shows none.",
                        {{"type", {"integer", "null"}}, {"minimum", -2147483648LL}, {"maximum", 4294967295LL}})},
         {"number64", valueWithText("An integer of up to 64 bits in decimal digits.", pattern("^-?[0-9]{1,20}$"))},
-        {"bytes", valueWithText("A count of bytes in decimal digits. Of \"70.6 GByte\", the smallest one that is written so.",
-                                pattern("^[0-9]{1,20}$"))},
+        {"bytes", valueWithText("A count of bytes in decimal digits. Of \"70.6 GByte\", the smallest one that is written so.", pattern("^[0-9]{1,20}$"))},
         {"real", valueWithText("A floating-point number.", {{"type", {"number", "null"}}})},
         {"date", valueWithText("A date, or a date and a time without a time zone, in ISO 8601.", pattern(date))},
     };
