@@ -70,7 +70,7 @@ struct FactRow
     const char *key;     ///< stable name in camel case, unique within section and item; empty for a fixed line
     /// The line as the format has it; "%1", "%2" are the values. Facts of one line have equal lines.
     const char *line;
-    int place;        ///< which of the line's values is this fact: 1, 2, ...
+    int place; ///< which of the line's values is this fact: 1, 2, ...
     Type type;
     const char *unit; ///< "Byte", "MHz", "min", "Hz", "mm", "inch", "dpi", "bit", "px", "%", or empty
     Changes changes;
@@ -85,10 +85,10 @@ struct FactRow
 /// A kind of item: processors, drivers, drives, interfaces.
 struct ItemRow
 {
-    const char *section; ///< name of the section; "diskDevicesFromRegistry" stands for all of that function
-    const char *kind;    ///< name in camel case, such as "processor"
-    const char *list;    ///< name of a list of them, such as "processors"
-    const char *parent;  ///< kind of the item around it, or empty
+    const char *section;       ///< name of the section; "diskDevicesFromRegistry" stands for all of that function
+    const char *kind;          ///< name in camel case, such as "processor"
+    const char *list;          ///< name of a list of them, such as "processors"
+    const char *parent;        ///< kind of the item around it, or empty
     const char *identity;      ///< key of the fact that identifies the item
     const char *otherIdentity; ///< used if that fact is missing; or empty
     const char *before;        ///< literal text before the item in the format
@@ -127,24 +127,24 @@ QByteArray halfHeading(Half half);
 
 /// What a text went through after the library wrote it, and what the reader cannot decide.
 enum class State {
-    CrLf = 0x1,                    ///< lines end with carriage return and line feed, or carriage return alone
-    MailQuotes = 0x2,              ///< lines begin with ">"
+    CrLf = 0x1,       ///< lines end with carriage return and line feed, or carriage return alone
+    MailQuotes = 0x2, ///< lines begin with ">"
     ByteOrderMark = 0x4,
-    Utf16 = 0x8,                   ///< the bytes were UTF-16
+    Utf16 = 0x8, ///< the bytes were UTF-16
     TrailingBlanksStripped = 0x10,
     LeadingBlanksStripped = 0x20,
-    BlanksCollapsed = 0x40,        ///< runs of spaces became one
-    NoBreakSpaces = 0x80,          ///< U+00A0 or tabs for spaces
-    WrappedLines = 0x100,          ///< long lines were broken at spaces
-    ForeignText = 0x200,           ///< text that is no report before, between or after
+    BlanksCollapsed = 0x40, ///< runs of spaces became one
+    NoBreakSpaces = 0x80,   ///< U+00A0 or tabs for spaces
+    WrappedLines = 0x100,   ///< long lines were broken at spaces
+    ForeignText = 0x200,    ///< text that is no report before, between or after
     StartMissing = 0x400,
-    EndMissing = 0x800,            ///< also when the OpenGL section begins and does not end
-    SectionsMissing = 0x1000,      ///< a section between two others is missing
-    NativeDigits = 0x2000,         ///< dates with other digits than 0 to 9
+    EndMissing = 0x800,       ///< also when the OpenGL section begins and does not end
+    SectionsMissing = 0x1000, ///< a section between two others is missing
+    NativeDigits = 0x2000,    ///< dates with other digits than 0 to 9
     SeveralReports = 0x4000,
-    NoReport = 0x8000,             ///< nothing of a report was found
-    Ambiguous = 0x10000,           ///< a value may pose as structure; see Document::ambiguous()
-    NotUtf8 = 0x20000,             ///< some bytes are no UTF-8
+    NoReport = 0x8000,   ///< nothing of a report was found
+    Ambiguous = 0x10000, ///< a value may pose as structure; see Document::ambiguous()
+    NotUtf8 = 0x20000,   ///< some bytes are no UTF-8
 };
 Q_DECLARE_FLAGS(States, State)
 Q_DECLARE_OPERATORS_FOR_FLAGS(States)
@@ -163,11 +163,11 @@ struct Fact
 
 struct Item
 {
-    int kind = 0;    ///< index in itemRows()
-    int section = 0; ///< index in Document::sections()
-    int parent = -1; ///< index in Document::items(), or -1
-    int begin = 0;   ///< offset of its first line
-    int end = 0;     ///< offset after its last line
+    int kind = 0;      ///< index in itemRows()
+    int section = 0;   ///< index in Document::sections()
+    int parent = -1;   ///< index in Document::items(), or -1
+    int begin = 0;     ///< offset of its first line
+    int end = 0;       ///< offset after its last line
     int firstFact = 0; ///< index in Document::facts()
     int lastFact = 0;  ///< index after the last one, which includes those of the items in it
 };
@@ -189,10 +189,10 @@ enum class PlaceKind {
     Separator, ///< 72 hyphens
     Label,     ///< what the format itself puts around values, with the line ends
     Value,
-    Empty,     ///< an empty line
-    Mark,      ///< the byte-order mark
-    Quote,     ///< the mail quote at the beginning of a line
-    Other,     ///< what no rule knows
+    Empty, ///< an empty line
+    Mark,  ///< the byte-order mark
+    Quote, ///< the mail quote at the beginning of a line
+    Other, ///< what no rule knows
 };
 
 struct Place
@@ -299,7 +299,7 @@ enum class Order {
 /// A fact of an item that was added or removed.
 struct ItemFact
 {
-    int row = 0; ///< index in factRows()
+    int row = 0;   ///< index in factRows()
     QString value; ///< as Document::display() gives it
 };
 
@@ -311,16 +311,16 @@ struct Change
     /// Names of the items around the fact, outermost first: "deviceClass Display", "driver PCI\VEN_1002".
     /// The second item with the same identity is "driver PCI\VEN_1002 #2".
     QStringList items;
-    int row = -1;            ///< index in factRows(); -1 if a whole item or section was added or removed
-    QString oldValue;        ///< as Document::display() gives it; empty if added
-    QString newValue;        ///< empty if removed
+    int row = -1;     ///< index in factRows(); -1 if a whole item or section was added or removed
+    QString oldValue; ///< as Document::display() gives it; empty if added
+    QString newValue; ///< empty if removed
     /// Of a list, and of an environment variable whose entries are separated by semicolons. Both
     /// are empty if only the order differs.
     QStringList addedEntries;
     QStringList removedEntries;
     std::vector<ItemFact> facts; ///< of an item that was added or removed, with those of the items in it
     Order order = Order::Unknown;
-    bool everyMoment = false; ///< changes from moment to moment
+    bool everyMoment = false;  ///< changes from moment to moment
     bool sameIdentity = false; ///< several items have that identity and were paired in order
 };
 
@@ -352,7 +352,7 @@ struct ComparisonRow
 
 struct ComparisonTable
 {
-    std::size_t reports = 0; ///< how many were compared
+    std::size_t reports = 0;         ///< how many were compared
     std::vector<ComparisonRow> rows; ///< in the order of Comparison::changes
     bool same() const;
 };

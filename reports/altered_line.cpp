@@ -4,9 +4,7 @@ namespace velkor {
 namespace Reports {
 
 AlteredLine::AlteredLine(const char *text, int begin, int end, bool wrapped, std::string_view prefix)
-    : m_text(text)
-    , m_begin(begin)
-    , m_end(end)
+    : m_text(text), m_begin(begin), m_end(end)
 {
     const std::string_view line(text + begin, std::size_t(end - begin));
     m_noBreak = line.find('\t') != std::string_view::npos || line.find("\xc2\xa0") != std::string_view::npos;

@@ -22,7 +22,7 @@ private:
     int m_begin;
     int m_end;
     bool m_noBreak = false;
-    std::string m_plain; ///< the line with spaces for no-break spaces, tabs and line ends; empty if it has none
+    std::string m_plain;        ///< the line with spaces for no-break spaces, tabs and line ends; empty if it has none
     std::vector<int> m_offsets; ///< of the bytes of m_plain, and of its end, in the text
 };
 

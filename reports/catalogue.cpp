@@ -129,7 +129,9 @@ constexpr Group accessibility {"qtAccessibility", ""};
 constexpr Group printers {"qtPrinterInfo", ""};
 constexpr Group printer {"qtPrinterInfo", "printer"};
 constexpr Group hostInfo {"qtHostInfo", ""};
-constexpr Group interface {"qtNetworkInterfaces", "interface"};
+constexpr Group interface {
+    "qtNetworkInterfaces", "interface"
+};
 constexpr Group entry {"qtNetworkInterfaces", "address"};
 constexpr Group gateway {"qtNetworkInterfaces", "gateway"};
 constexpr Group dhcpServer {"qtNetworkInterfaces", "dhcpServer"};

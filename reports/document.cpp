@@ -1,9 +1,9 @@
 #include "document_data.h"
 
+#include "decoded_text.h"
 #include "reader.h"
 #include "text_encoding.h"
 #include "values.h"
-#include "decoded_text.h"
 
 #include <cstring>
 
@@ -98,9 +98,24 @@ const std::shared_ptr<const DocumentData> &emptyData()
 QStringList stateNames(States states)
 {
     static constexpr const char *names[] = {
-        "crLf", "mailQuotes", "byteOrderMark", "utf16", "trailingBlanksStripped", "leadingBlanksStripped", "blanksCollapsed",
-        "noBreakSpaces", "wrappedLines", "foreignText", "startMissing", "endMissing", "sectionsMissing", "nativeDigits",
-        "severalReports", "noReport", "ambiguous", "notUtf8",
+        "crLf",
+        "mailQuotes",
+        "byteOrderMark",
+        "utf16",
+        "trailingBlanksStripped",
+        "leadingBlanksStripped",
+        "blanksCollapsed",
+        "noBreakSpaces",
+        "wrappedLines",
+        "foreignText",
+        "startMissing",
+        "endMissing",
+        "sectionsMissing",
+        "nativeDigits",
+        "severalReports",
+        "noReport",
+        "ambiguous",
+        "notUtf8",
     };
     QStringList result;
     int bit = 0;

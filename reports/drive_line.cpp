@@ -38,11 +38,7 @@ class DriveLine
 {
 public:
     DriveLine(const char *text, int begin, int end, Span *spans, Alterations *altered)
-        : m_text(text)
-        , m_begin(begin)
-        , m_end(end)
-        , m_spans(spans)
-        , m_altered(altered)
+        : m_text(text), m_begin(begin), m_end(end), m_spans(spans), m_altered(altered)
     {
     }
 

@@ -54,9 +54,7 @@ class AlteredText
 {
 public:
     AlteredText(const char *text, int end, Alterations *alterations)
-        : m_text(text)
-        , m_end(end)
-        , m_alterations(alterations)
+        : m_text(text), m_end(end), m_alterations(alterations)
     {
     }
 
@@ -119,9 +117,7 @@ bool Alterations::any() const
 }
 
 LineForm::LineForm(int firstRow, int rowCount)
-    : m_firstRow(firstRow)
-    , m_valueCount(factRows()[std::size_t(firstRow)].place == 0 ? 0 : rowCount)
-    , m_form(factRows()[std::size_t(firstRow)].form)
+    : m_firstRow(firstRow), m_valueCount(factRows()[std::size_t(firstRow)].place == 0 ? 0 : rowCount), m_form(factRows()[std::size_t(firstRow)].form)
 {
     const std::string_view line = row().line;
     m_item = findItemRow(row());

@@ -69,7 +69,7 @@ private:
     bool m_leading = false;
     bool m_trailing = false;
     bool m_drive = false;
-    std::string_view m_only; ///< of the last value
+    std::string_view m_only;                  ///< of the last value
     std::vector<std::string_view> m_literals; ///< valueCount() + 1
 };
 

@@ -3,6 +3,7 @@
 
 #include "document_data.h"
 #include "headings.h"
+#include "space_evidence.h"
 #include "transport.h"
 
 namespace velkor {
@@ -11,39 +12,14 @@ namespace Reports {
 /// A line without its quote and its line end.
 struct TextLine
 {
-    int begin = 0;   ///< of the quote
-    int content = 0; ///< after the quote or the form feed
-    int end = 0;     ///< before the line end
-    int next = 0;    ///< of the next line
+    int begin = 0;         ///< of the quote
+    int content = 0;       ///< after the quote or the form feed
+    int end = 0;           ///< before the line end
+    int next = 0;          ///< of the next line
     bool formFeed = false; ///< a page begins with the line
     bool wrapped = false;  ///< further lines were broken off it; their line ends are in the content
 
     bool isEmpty() const { return content == end; }
-};
-
-/// How often the format's spaces are as they were written, and how often not. A line that differs
-/// is taken for one of the format only if lines of that text do differ: a value with a line break
-/// can look like a label, but it does not have the label's spaces.
-class SpaceEvidence
-{
-public:
-    void count(const LineForm &form, bool emptyValue);
-    bool allows(const Alterations &found) const;
-    void count(const Alterations &found);
-    States states() const;
-    bool leadingStripped() const { return m_leading.altered > 0; }
-
-private:
-    struct Kind
-    {
-        int exact = 0;
-        int altered = 0;
-        bool allows() const { return altered > 0 || exact == 0; }
-    };
-    Kind m_leading;
-    Kind m_trailing;
-    Kind m_collapsed;
-    bool m_noBreak = false;
 };
 
 class Reader
@@ -134,11 +110,11 @@ private:
     int m_section = noSection; ///< index in sectionRows()
     const SectionForm *m_form = nullptr;
     int m_report = -1;
-    int m_order = -1;         ///< the last section of this report
+    int m_order = -1;            ///< the last section of this report
     bool m_hasBeginning = false; ///< the first report has the heading of the Windows half
     int m_suspended = noSection; ///< the section before a separator that no heading follows
-    bool m_separated = true;  ///< a separator or a half's heading precedes
-    bool m_interrupted = true; ///< foreign text or an empty line precedes
+    bool m_separated = true;     ///< a separator or a half's heading precedes
+    bool m_interrupted = true;   ///< foreign text or an empty line precedes
     int m_lastForm = -1;
     int m_lastFact = -1;
     int m_emptyLines = 0;     ///< directly before this line
@@ -149,7 +125,7 @@ private:
     int m_nextHeadingFrom = 0;
     int m_nextHeadingAt = -1;
     std::string_view m_pendingSuffix; ///< of a value that goes on
-    std::vector<Level> m_levels; ///< the section and the items around the line
+    std::vector<Level> m_levels;      ///< the section and the items around the line
 };
 
 } // namespace Reports

@@ -72,8 +72,10 @@ int sequenceLength(uchar lead)
 /// The bounds of the second byte: they exclude overlong forms, surrogates and codes above U+10FFFF.
 bool isSecondByte(uchar lead, uchar second)
 {
-    const uchar from = lead == 0xe0 ? 0xa0 : lead == 0xf0 ? 0x90 : 0x80;
-    const uchar to = lead == 0xed ? 0x9f : lead == 0xf4 ? 0x8f : 0xbf;
+    const uchar from = lead == 0xe0 ? 0xa0 : lead == 0xf0 ? 0x90
+                                                          : 0x80;
+    const uchar to = lead == 0xed ? 0x9f : lead == 0xf4 ? 0x8f
+                                                        : 0xbf;
     return second >= from && second <= to;
 }
 

@@ -12,8 +12,8 @@ namespace Reports {
 namespace {
 
 constexpr int longestPrefix = 40;
-constexpr int examinedMarks = 256;  // lines of the structure that are looked at
-constexpr int examinedLines = 400;  // lines that are looked at if there are no such lines
+constexpr int examinedMarks = 256;    // lines of the structure that are looked at
+constexpr int examinedLines = 400;    // lines that are looked at if there are no such lines
 constexpr int doubleSpacedLines = 20; // a report begins with more lines than that before an empty one
 constexpr int shortestWrap = 65;
 constexpr int longestWrap = 100;

@@ -9,10 +9,10 @@ namespace Reports {
 struct Transport
 {
     QByteArray lineEnd = QByteArrayLiteral("\n"); ///< of most lines
-    bool carriageReturns = false; ///< before line feeds they belong to the line end
-    bool doubleSpaced = false; ///< every second line is empty: each line end became two
-    QByteArray linePrefix; ///< the mail quote at the beginning of lines
-    int wrapColumn = 0;    ///< the length at which lines were broken; 0 if they were not
+    bool carriageReturns = false;                 ///< before line feeds they belong to the line end
+    bool doubleSpaced = false;                    ///< every second line is empty: each line end became two
+    QByteArray linePrefix;                        ///< the mail quote at the beginning of lines
+    int wrapColumn = 0;                           ///< the length at which lines were broken; 0 if they were not
 };
 
 /// The number of characters of UTF-8, without carriage returns at the end.

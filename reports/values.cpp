@@ -1,8 +1,8 @@
 #include "values.h"
 
 #include <QtCore/QDateTime>
-#include <QtCore/QStringList>
 #include <QtCore/QLocale>
+#include <QtCore/QStringList>
 #include <cmath>
 #include <cstring>
 

@@ -114,12 +114,14 @@ void CatalogueTest::sectionsOfTheLibrary()
 {
     QStringList ours;
     for (const SectionRow &row : sectionRows()) {
-        const char half = row.half == Half::Windows ? 'W' : row.half == Half::Qt ? 'Q' : 'O';
+        const char half = row.half == Half::Windows ? 'W' : row.half == Half::Qt ? 'Q'
+                                                                                 : 'O';
         ours += QStringLiteral("%1 %2 %3").arg(name(row.name)).arg(QLatin1Char(half)).arg(row.separator);
     }
     QStringList theirs;
     for (const SystemInfo::Section &section : SystemInfo::SectionTable()) {
-        const char half = section.part == SystemInfo::Part::Windows ? 'W' : section.part == SystemInfo::Part::Qt ? 'Q' : 'O';
+        const char half = section.part == SystemInfo::Part::Windows ? 'W' : section.part == SystemInfo::Part::Qt ? 'Q'
+                                                                                                                 : 'O';
         theirs += QStringLiteral("%1 %2 %3")
                       .arg(name(section.name))
                       .arg(QLatin1Char(half))
