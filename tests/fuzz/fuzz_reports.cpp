@@ -86,7 +86,7 @@ void checkNoControls(const QByteArray &text, const char *what)
 void checkHtml(const QByteArray &html)
 {
     checkNoControls(html, "HTML has no control characters");
-    constexpr const char *names[] = {"!DOCTYPE", "a", "body", "div", "h1", "h2", "h3", "h4", "head", "html", "li", "meta",
+    constexpr const char *names[] = {"!DOCTYPE", "a", "body", "div", "h1", "h2", "h3", "h4", "h5", "h6", "head", "html", "li", "meta",
                                      "nav", "ol", "p", "pre", "span", "strong", "style", "table", "tbody", "td", "th",
                                      "thead", "title", "tr", "ul"};
     for (int at = html.indexOf('<'); at >= 0; at = html.indexOf('<', at + 1)) {
