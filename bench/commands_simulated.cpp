@@ -4,6 +4,7 @@
 #include "commands.h"
 #include "costs.h"
 #include "growth.h"
+#include "report_reading.h"
 
 #include <cstdio>
 
@@ -89,6 +90,16 @@ ExitCode growth(const QStringList &arguments, bool)
     return Done;
 }
 
+ExitCode reading(const QStringList &arguments, bool)
+{
+    const uint factor = arguments.value(0).toUInt();
+    const int runs = arguments.value(1).toInt();
+    if (factor == 0 || runs < 0)
+        return WrongUsage;
+    writeReportReading(factor, runs);
+    return Done;
+}
+
 } // namespace
 
 std::vector<Command> commands()
@@ -100,6 +111,7 @@ std::vector<Command> commands()
         {"cold", "FILE SIDE NAME   the time of the first run in this process; SIDE is 'library' or 'baseline'", cold},
         {"time", "RUNS [NAME]...   the times of these subjects, or of all", time},
         {"growth", "FACTOR         the cost of a report with FACTOR times as many drivers, devices and so on", growth},
+        {"reading", "FACTOR RUNS   the cost of reading such a report, and of comparing two", reading},
     };
 }
 

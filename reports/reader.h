@@ -75,6 +75,7 @@ private:
     bool readBeginning();
     void finishBeginning();
     bool continueValue();
+    void extend(Fact &fact);
     void accept(const LineForm &form, int formIndex, const Span *spans, bool altered = false);
     bool nextLineIsValue(int formIndex) const;
     void takeNextLine();

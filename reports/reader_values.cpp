@@ -86,14 +86,22 @@ void Reader::finishBeginning()
 {
     const std::string_view line(m_text + m_line.content, std::size_t(m_line.end - m_line.content));
     Fact &fact = m_data.facts[std::size_t(m_lastFact)];
-    absorb(fact.end);
-    fact.end = m_line.end;
+    extend(fact);
     if (line.size() < m_pendingSuffix.size() || line.substr(line.size() - m_pendingSuffix.size()) != m_pendingSuffix)
         return;
     fact.end -= int(m_pendingSuffix.size());
     m_pendingSuffix = {};
     m_emptyLines = 0;
     m_valueOnNextLine = nextLineIsValue(m_lastForm);
+}
+
+/// Gives the line to the value. An empty line in a value seemed to end its item.
+void Reader::extend(Fact &fact)
+{
+    absorb(fact.end);
+    fact.end = m_line.end;
+    for (int item = fact.item; item >= 0; item = m_data.items[std::size_t(item)].parent)
+        m_data.items[std::size_t(item)].end = std::max(m_data.items[std::size_t(item)].end, m_line.next);
 }
 
 /// Gives the line to the value before it.
@@ -106,8 +114,7 @@ bool Reader::continueValue()
     const LineForm &form = m_form->lines[std::size_t(m_lastForm)];
     if (m_line.formFeed || isOneLine(row.type) || !form.suffix().empty() || *row.only != '\0')
         return false;
-    absorb(fact.end);
-    fact.end = m_line.end;
+    extend(fact);
     return true;
 }
 

@@ -5,6 +5,11 @@
 
 #include <corecrt.h>
 #include <cstddef>
+#include <stdlib.h>
+
+// Functions of the C library that mingw-w64's headers do not declare. libc++'s <locale> calls them.
+extern "C" float __cdecl _strtof_l(const char *, char **, _locale_t);
+extern "C" long double __cdecl _strtold_l(const char *, char **, _locale_t);
 
 // Used by libc++'s <locale>.
 extern "C" float _strtof_l(const char *text, char **end, _locale_t locale);
