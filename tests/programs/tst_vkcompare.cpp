@@ -6,6 +6,7 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -51,7 +52,8 @@ namespace {
 
 QString pairFile(const char *name)
 {
-    return QStringLiteral(PAIRS_DIR "/") + QString::fromLatin1(name);
+    const QFileInfo file(QStringLiteral(PROJECT_DIR "/tests/reports/pairs/") + QLatin1String(name));
+    return file.absoluteFilePath(); // with a drive on Windows: the program runs in another folder
 }
 
 QByteArray section(const QByteArray &text)
@@ -90,7 +92,9 @@ void VkCompareTest::write(const char *name, const QByteArray &contents)
 
 ProgramRun VkCompareTest::vkcompare(const QStringList &arguments) const
 {
-    return runProgram(QStringLiteral(VKCOMPARE), arguments, QProcessEnvironment::systemEnvironment(), m_folder.path());
+    ProgramRun run = runProgram(QStringLiteral(VKCOMPARE), arguments, QProcessEnvironment::systemEnvironment(), m_folder.path());
+    run.errors.replace("\r\n", "\n"); // standard error is a text stream on Windows
+    return run;
 }
 
 void VkCompareTest::initTestCase()
