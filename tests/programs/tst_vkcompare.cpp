@@ -52,7 +52,7 @@ namespace {
 
 QString pairFile(const char *name)
 {
-    const QFileInfo file(QStringLiteral(PROJECT_DIR "/tests/reports/pairs/") + QLatin1String(name));
+    const QFileInfo file(QStringLiteral(PAIRS_DIR "/") + QLatin1String(name));
     return file.absoluteFilePath(); // with a drive on Windows: the program runs in another folder
 }
 
