@@ -35,9 +35,7 @@ if(MINGW)
     # Debug information would make up most of the SDK.
     install(CODE "set(folder \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}\")
         execute_process(COMMAND ${CMAKE_STRIP} --strip-debug \"\${folder}/${CMAKE_INSTALL_LIBDIR}/$<TARGET_FILE_NAME:vkReports>\"
-            COMMAND_ERROR_IS_FATAL ANY)
-        execute_process(COMMAND ${CMAKE_STRIP} \"\${folder}/${CMAKE_INSTALL_BINDIR}/$<TARGET_FILE_NAME:vkreport>\"
-            \"\${folder}/${CMAKE_INSTALL_BINDIR}/$<TARGET_FILE_NAME:vkcompare>\" COMMAND_ERROR_IS_FATAL ANY)" COMPONENT sdk)
+            COMMAND_ERROR_IS_FATAL ANY)" COMPONENT sdk)
     install(FILES $<TARGET_FILE:vkSystemInfo>.debug DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT symbols)
 
     # The portable folder contains Qt and the run-time libraries of the compiler.

@@ -143,7 +143,7 @@ enum class State {
     NativeDigits = 0x2000,    ///< dates with other digits than 0 to 9
     SeveralReports = 0x4000,
     NoReport = 0x8000,   ///< nothing of a report was found
-    Ambiguous = 0x10000, ///< a value may pose as structure; see Document::ambiguous()
+    Ambiguous = 0x10000, ///< the text contradicts the format whichever way it is read; see Document::ambiguous()
     NotUtf8 = 0x20000,   ///< some bytes are no UTF-8
 };
 Q_DECLARE_FLAGS(States, State)

@@ -15,7 +15,8 @@ constexpr const char pageBegin[] = R"(<!DOCTYPE html>
 <style>
 body { font-family: sans-serif; margin: 2em; }
 table { border-collapse: collapse; }
-th, td { border: 1px solid #999; padding: 0.2em 0.5em; text-align: left; vertical-align: top; overflow-wrap: anywhere; }
+th, td { border: 1px solid #999; padding: 0.2em 0.5em; text-align: left; vertical-align: top; }
+td { overflow-wrap: anywhere; }
 td { white-space: pre-wrap; font-family: monospace; }
 th.item { background: #eee; font-family: monospace; }
 .removed { background: #fdd; }

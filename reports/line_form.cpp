@@ -10,6 +10,8 @@ namespace Reports {
 
 namespace {
 
+constexpr int mostFurtherSpaces = 16; // that a run can have more than in the format
+
 int countBlanks(std::string_view text)
 {
     return int(std::count(text.begin(), text.end(), ' '));
@@ -84,7 +86,8 @@ private:
         int found = 0;
         while (at < m_end && m_text[at] == ' ' && !(last && found == expected)) {
             ++at;
-            ++found;
+            if (++found > expected + mostFurtherSpaces)
+                return -1; // bounds the time for long runs of spaces
         }
         if (found == 0 && leading)
             m_alterations->leading = true;

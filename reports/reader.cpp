@@ -195,8 +195,10 @@ void Reader::finish()
 bool Reader::hasForeignText(bool startMissing) const
 {
     const auto isForeign = [&](const Mark &mark) {
-        const QByteArray text = m_data.text.mid(mark.begin, mark.end - mark.begin);
-        return mark.kind == PlaceKind::Other && !(startMissing && mark.begin == 0 && text.indexOf('\n') == text.size() - 1);
+        if (mark.kind != PlaceKind::Other)
+            return false;
+        const bool oneLine = m_data.text.indexOf('\n', mark.begin) == mark.end - 1;
+        return !(startMissing && mark.begin == 0 && oneLine);
     };
     return std::any_of(m_data.marks.begin(), m_data.marks.end(), isForeign);
 }

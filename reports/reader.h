@@ -52,7 +52,7 @@ private:
     std::vector<int> sectionsWith(const TextLine &text) const;
     bool hasLongLabel() const;
     bool startsWithoutHeading();
-    int sectionBeforeNextHeading(const std::vector<int> &candidates) const;
+    int sectionBeforeNextHeading(const std::vector<int> &candidates);
 
     // Lines of a section
     void readSectionLine();
@@ -93,6 +93,12 @@ private:
     void finish();
     bool hasForeignText(bool startMissing) const;
 
+    struct HeadingAhead
+    {
+        int at;
+        int begins;
+    };
+
     struct Level
     {
         int item;
@@ -122,7 +128,8 @@ private:
     bool m_atStart = false;   ///< directly after the section's heading
     bool m_afterRule = false; ///< after the line that begins a class or an interface
     bool m_valueOnNextLine = false;
-    int m_nextHeading = noSection; ///< after the first separator from m_nextHeadingFrom on
+    HeadingAhead m_headingAhead {-1, noSection}; ///< the first heading of a section after a line, once looked for
+    int m_nextHeading = noSection;               ///< after the first separator from m_nextHeadingFrom on
     int m_nextHeadingFrom = 0;
     int m_nextHeadingAt = -1;
     std::string_view m_pendingSuffix; ///< of a value that goes on

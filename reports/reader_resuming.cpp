@@ -166,20 +166,24 @@ bool Reader::startsWithoutHeading()
     return true;
 }
 
-int Reader::sectionBeforeNextHeading(const std::vector<int> &candidates) const
+int Reader::sectionBeforeNextHeading(const std::vector<int> &candidates)
 {
-    for (int begin = m_line.next; begin < m_size;) {
-        const TextLine line = lineAt(begin);
-        int begins = noSection;
-        if (isHeading(line, begins) && begins >= 0) {
-            int best = candidates.front();
-            for (const int candidate : candidates)
-                best = candidate < begins ? candidate : best;
-            return best;
+    if (m_headingAhead.at < m_line.next) {
+        m_headingAhead = {m_size, noSection};
+        for (int begin = m_line.next; begin < m_size;) {
+            const TextLine line = lineAt(begin);
+            int begins = noSection;
+            if (isHeading(line, begins) && begins >= 0) {
+                m_headingAhead = {begin, begins};
+                break;
+            }
+            begin = line.next;
         }
-        begin = line.next;
     }
-    return candidates.front();
+    int best = candidates.front();
+    for (const int candidate : candidates)
+        best = candidate < m_headingAhead.begins ? candidate : best;
+    return best;
 }
 
 /// A module of which everything before is missing.

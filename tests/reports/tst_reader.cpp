@@ -23,6 +23,8 @@ private Q_SLOTS:
     void lists();
     void valuesOfSeveralLines();
     void largeNoise();
+    void costlyTexts_data();
+    void costlyTexts();
 };
 
 namespace {
@@ -241,6 +243,34 @@ void ReaderTest::largeNoise()
         QCOMPARE(flawOfPlaces(document), QString());
         QCOMPARE(document.states().testFlag(State::NoReport), !bytes.startsWith("Version"));
     }
+}
+
+/// Texts that a reader that looks back or ahead without limit would need hours for, which is longer than
+/// ctest waits.
+void ReaderTest::costlyTexts_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    const QByteArray separator = separatorLine() + '\n';
+    QTest::newRow("sections without headings") << ("DNS-SD version: 1\nDNS-SD version: 2\n" + separator).repeated(30000);
+    QTest::newRow("a line of spaces between addresses")
+        << "Network Interfaces Info\n" + QByteArray(55, '_') + "\nlo\n" + QByteArray(3000000, ' ') + "\n" + separator;
+    QTest::newRow("a line of no-break spaces")
+        << "Network Interfaces Info\n" + QByteArray(55, '_') + "\nlo\n" + QByteArray("\xc2\xa0").repeated(1500000) + "\n" + separator;
+    QTest::newRow("sections that resume") << "Windows version: \n"
+            + ("From GetVersionEx: 6.2\n" + separator + "Memory Information:\n").repeated(30000);
+    QTest::newRow("headings that go back") << ("QLocale\n" + separator + "Qt Global\n" + separator).repeated(15000);
+    QTest::newRow("labels that repeat") << "OEM Information from Registry\n" + QByteArray("Model:     x\n").repeated(200000);
+    QTest::newRow("rules") << ">>> Info about drivers from registry:\n\n" + (QByteArray(28, '-') + "\nA\n").repeated(80000);
+    QTest::newRow("wrapped lines") << "Windows version: \n" + ("Last service pack installed: " + QByteArray(40, 'x') + " \n").repeated(40000);
+    QTest::newRow("quotes") << QByteArray("> QLocale\n") + QByteArray("> > > > \n").repeated(300000);
+}
+
+void ReaderTest::costlyTexts()
+{
+    QFETCH(QByteArray, text);
+    const Document document = read(text);
+    QCOMPARE(document.bytes(), text);
+    QCOMPARE(flawOfPlaces(document), QString());
 }
 
 TEST_WITHOUT_APPLICATION(ReaderTest);
