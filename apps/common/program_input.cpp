@@ -55,7 +55,7 @@ bool openInput(QFile &file, const QString &fileName)
 /// Pipes give their bytes in pieces.
 QByteArray readUpTo(QFile &file, int size)
 {
-    constexpr qint64 piece = 1024 * 1024;
+    constexpr qint64 piece = qint64(1024) * 1024;
     QByteArray bytes;
     while (bytes.size() < size) {
         const QByteArray next = file.read(std::min<qint64>(piece, size - bytes.size()));

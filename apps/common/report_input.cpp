@@ -10,7 +10,7 @@ using namespace velkor;
 
 namespace {
 
-constexpr qint64 longWork = 10 * 1024 * 1024; // bytes
+constexpr qint64 longWork = qint64(10) * 1024 * 1024; // bytes
 
 /// JSON that went through PowerShell is UTF-16 or has a byte-order mark.
 QByteArray withoutMark(const QByteArray &bytes)
@@ -54,5 +54,5 @@ std::optional<Reports::Document> readReport(const QString &fileName)
 void showProgress(const char *work, qint64 size)
 {
     if (size >= longWork && isTerminal(stderr))
-        complain(QStringLiteral("%1 (%2 MByte)").arg(QLatin1String(work)).arg(size / (1024 * 1024)));
+        complain(QStringLiteral("%1 (%2 MByte)").arg(QLatin1String(work)).arg(size / (qint64(1024) * 1024)));
 }

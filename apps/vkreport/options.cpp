@@ -179,7 +179,7 @@ QString readOptions(const QCommandLineParser &parser, Options &options)
     if (parser.isSet(output))
         options.output = QLatin1String("") + parser.value(output);
     for (const auto read : {readSections, readFormat, readMaxLength}) {
-        const QString error = read(parser, options);
+        QString error = read(parser, options);
         if (!error.isEmpty())
             return error;
     }
