@@ -77,9 +77,10 @@ bool isUtf8(const QByteArray &bytes)
 void checkNoControls(const QByteArray &text, const char *what)
 {
     require(std::none_of(text.begin(), text.end(), [](char byte) {
-        const uchar code = uchar(byte);
-        return (code < 0x20 && byte != '\n' && byte != '\t') || code == 0x7f;
-    }), what, text);
+                const uchar code = uchar(byte);
+                return (code < 0x20 && byte != '\n' && byte != '\t') || code == 0x7f;
+            }),
+            what, text);
     require(isUtf8(text), "it is UTF-8", text);
 }
 
