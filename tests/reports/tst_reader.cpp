@@ -22,6 +22,7 @@ private Q_SLOTS:
     void factsOfDamaged();
     void lists();
     void valuesOfSeveralLines();
+    void itemsHoldTheirValues();
     void largeNoise();
     void costlyTexts_data();
     void costlyTexts();
@@ -226,6 +227,15 @@ void ReaderTest::valuesOfSeveralLines()
     QCOMPARE(document.value(document.facts()[0]), QByteArray("one\ntwo\n\nthree"));
     QCOMPARE(document.value(document.facts()[1]), QByteArray("four"));
     QCOMPARE(document.linePrefix(), QByteArray("> "));
+}
+
+void ReaderTest::itemsHoldTheirValues()
+{
+    // An empty line ends an instance, and the line after it shows that it belongs to a value.
+    const Document document = read(">>> Info about 'SCSI' disk devices from registry:\nDisk\n   Service:             one\n\n   two\n"
+                                   "------------------------------------------------------------------------\n");
+    QCOMPARE(flawOfPlaces(document), QString());
+    QCOMPARE(document.value(document.facts().back()), QByteArray("one\n\n   two"));
 }
 
 void ReaderTest::largeNoise()
