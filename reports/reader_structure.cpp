@@ -57,6 +57,7 @@ bool Reader::readSeparator()
                 continue;
             accept(form, i, spans);
             leave();
+            m_data.sections.back().end = hyphens;
             mark(PlaceKind::Separator, hyphens, m_line.next);
             m_separated = true;
             m_interrupted = false;

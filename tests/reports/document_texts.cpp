@@ -41,6 +41,11 @@ QString flawOfItems(const Document &document)
     for (const Section &section : document.sections()) {
         if (section.begin < end || section.end < section.begin)
             return QStringLiteral("the section at %1 overlaps another").arg(section.begin);
+        for (int i = section.firstFact; i < section.lastFact; ++i) {
+            const Fact &fact = document.facts()[std::size_t(i)];
+            if (fact.begin < section.begin || fact.end > section.end)
+                return QStringLiteral("the fact at %1 is outside of its section").arg(fact.begin);
+        }
         end = section.end;
     }
     return {};
