@@ -9,12 +9,14 @@ namespace Reports {
 
 namespace {
 
-std::vector<ItemFact> factsOf(const Document &document, const Item &item)
+/// The item's own facts, without those of the items in it.
+std::vector<ItemFact> factsOf(const Document &document, int index)
 {
+    const Item &item = document.items()[std::size_t(index)];
     std::vector<ItemFact> facts;
     for (int i = item.firstFact; i < item.lastFact; ++i) {
         const Fact &fact = document.facts()[std::size_t(i)];
-        if (document.row(fact).key[0] != '\0')
+        if (fact.item == index && document.row(fact).key[0] != '\0')
             facts.push_back({fact.row, document.display(fact)});
     }
     return facts;
@@ -76,7 +78,7 @@ void Comparer::addMissing(int node)
     Change change = changeOf(node, isOld, !isOld);
     if (!change.items.isEmpty()) {
         const Document &document = isOld ? m_older : m_newer;
-        change.facts = factsOf(document, document.items()[std::size_t(m_pairing.place(node, isOld ? 0 : 1))]);
+        change.facts = factsOf(document, m_pairing.place(node, isOld ? 0 : 1));
     }
     m_result.changes.push_back(std::move(change));
 }

@@ -21,11 +21,24 @@ QString orderWord(const Change &change)
     return isNew ? QStringLiteral("larger") : QStringLiteral("smaller");
 }
 
+/// Whether the values are lists with semicolons and have equal entries.
+static bool haveEqualEntries(const Change &change)
+{
+    const QLatin1Char separator(';');
+    if (!change.oldValue.contains(separator))
+        return false;
+    QStringList a = change.oldValue.split(separator, Qt::SkipEmptyParts);
+    QStringList b = change.newValue.split(separator, Qt::SkipEmptyParts);
+    a.sort();
+    b.sort();
+    return a == b;
+}
+
 bool isOtherOrder(const Change &change)
 {
-    return change.difference == Difference::Changed && change.row >= 0
-        && factRows()[std::size_t(change.row)].type == Type::List && change.addedEntries.isEmpty()
-        && change.removedEntries.isEmpty();
+    if (change.difference != Difference::Changed || change.row < 0 || !change.addedEntries.isEmpty() || !change.removedEntries.isEmpty())
+        return false;
+    return factRows()[std::size_t(change.row)].type == Type::List || haveEqualEntries(change);
 }
 
 QString counted(std::size_t count, const char *one, const char *many)

@@ -26,7 +26,8 @@ std::vector<QByteArray> linesOf(const DocumentData &data, const Fact &fact)
         int end = found;
         while (data.carriageReturns && end > begin && data.text[end - 1] == '\r')
             --end;
-        lines.push_back(data.text.mid(begin, end - begin));
+        if (!data.doubleSpaced || end > begin)
+            lines.push_back(data.text.mid(begin, end - begin));
         begin = found + 1;
         const QByteArray &prefix = data.linePrefix;
         if (prefix.isEmpty())
@@ -323,6 +324,7 @@ Document read(const QByteArray &bytes)
     data->states.setFlag(State::NotUtf8, encoding == Encoding::Utf8 && !isUtf8(data->text));
     const Transport transport = detectTransport(data->text);
     data->lineEnd = transport.lineEnd;
+    data->doubleSpaced = transport.doubleSpaced;
     data->carriageReturns = transport.carriageReturns;
     data->linePrefix = transport.linePrefix;
     Reader(*data, transport).read();

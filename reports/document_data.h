@@ -22,6 +22,7 @@ public:
     QByteArray tail; ///< the last byte of UTF-16 with an odd number of bytes
     QByteArray lineEnd = QByteArrayLiteral("\n");
     bool carriageReturns = false; ///< before line feeds they belong to the line end
+    bool doubleSpaced = false;    ///< each line end became two
     QByteArray linePrefix;
     States states;
     std::vector<int> ambiguous;

@@ -91,7 +91,7 @@ private:
         }
         if (found == 0 && leading)
             m_alterations->leading = true;
-        else if (found < expected && at == m_end)
+        else if (found == 0 && at == m_end)
             m_alterations->trailing = true;
         else if (found == 0)
             return -1;

@@ -36,6 +36,9 @@ void Reader::readSectionLine()
         return;
     }
     joinWrapped();
+    // Without its runs of spaces a line can look like one with a shorter label.
+    if (m_spaces.collapsed() && m_pendingSuffix.empty() && readAltered(strongWeight))
+        return;
     if (readRule() || readExact() || (m_pendingSuffix.empty() && readHeading(false)))
         return;
     if (!m_pendingSuffix.empty()) {

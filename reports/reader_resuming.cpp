@@ -161,7 +161,7 @@ bool Reader::startsWithoutHeading()
         return false;
     enter(candidates.size() == 1 ? candidates.front() : sectionBeforeNextHeading(candidates), false);
     m_atStart = false;
-    m_states |= m_data.sections.size() == 1 && !m_hasBeginning ? State::StartMissing : State::SectionsMissing;
+    m_states.setFlag(State::StartMissing, m_states.testFlag(State::StartMissing) || (m_data.sections.size() == 1 && !m_hasBeginning));
     readSectionLine();
     return true;
 }

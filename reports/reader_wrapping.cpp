@@ -76,8 +76,8 @@ bool Reader::isBrokenOff(const TextLine &before, const TextLine &line) const
         || length + 1 + wordLength <= m_transport.wrapColumn || previous.find_last_not_of(" -_") == std::string_view::npos)
         return false;
     const bool path = word.substr(0, 2) == "\\\\" || (word.size() > 2 && word.substr(1, 2) == ":\\") || word.front() == '/';
-    if (path && isKind(sectionRow().facts, "loadedModules"))
-        return false;
+    if ((path && isKind(sectionRow().facts, "loadedModules")) || isKind(sectionRow().facts, "winSxSDirectoryEntries"))
+        return false; // an assembly's name has no spaces
     int begins = noSection;
     return !isHeading(before, begins) && !isRun(text, '-', hyphensOfClass) && !isRun(text, '_', underscoresOfInterface)
         && !isSeparator(m_text, line.content, line.end) && !isHeading(line, begins) && !isKnown(line);
@@ -90,6 +90,9 @@ bool Reader::isKnown(const TextLine &line) const
     for (const LineForm &form : m_form->lines) {
         Span spans[maximalValues];
         Alterations alterations;
+        const bool severalValues = form.valueCount() > 1 && form.weight() > 1;
+        if (severalValues && form.match(m_text, line.content, line.end, spans))
+            return true;
         if (form.weight() >= strongWeight
             && (form.match(m_text, line.content, line.end, spans)
                 || form.matchBeginning(m_text, line.content, line.end, spans)

@@ -16,6 +16,7 @@ public:
     bool allows(const Alterations &found) const;
     void count(const Alterations &found);
     States states() const;
+    bool collapsed() const { return m_collapsed.altered > 0; }
     bool leadingStripped() const { return m_leading.altered > 0; }
 
 private:

@@ -79,6 +79,12 @@ private:
         const int place = m_document.findSection(section);
         return place >= 0 && m_document.find(place, -1, key);
     }
+    /// True if the text ends in that section, so that its absence of items says nothing.
+    bool isCutOff(const char *section) const
+    {
+        return m_document.states().testFlag(State::EndMissing)
+            && m_document.findSection(section) == int(m_document.sections().size()) - 1;
+    }
     /// Calls \a visit(section, item) for each item of that kind in the section.
     template <typename Visit>
     void forItems(const char *section, const char *kind, Visit visit) const
@@ -226,6 +232,8 @@ void Summary::addNetwork()
     QStringList interfaces;
     forItems("qtNetworkInterfaces", "interface", [&](int section, int item) { interfaces << interfaceText(section, item); });
     const QString list = shortList(interfaces);
+    if (list.isEmpty() && isCutOff("qtNetworkInterfaces"))
+        return;
     add("network", "Network", list.isEmpty() ? QStringLiteral("not connected") : QStringLiteral("connected: ") + list);
 }
 
@@ -253,7 +261,7 @@ void Summary::addDisks()
         add("nearlyFull", "Nearly full", disk);
     if (disks.size() > mostLines)
         add("nearlyFull", "Nearly full", QStringLiteral("and %1 more").arg(disks.size() - mostLines));
-    if (disks.isEmpty())
+    if (disks.isEmpty() && !isCutOff("diskInformation"))
         add("nearlyFull", "Nearly full", QStringLiteral("no disk"));
 }
 

@@ -155,7 +155,7 @@ Transport detectTransport(const QByteArray &text)
         transport.lineEnd = QByteArrayLiteral("\r");
     else if (2 * evidence.withCarriageReturn > evidence.lines)
         transport.lineEnd = QByteArrayLiteral("\r\n");
-    transport.carriageReturns = evidence.withCarriageReturn > 0 && transport.lineEnd != "\r";
+    transport.carriageReturns = transport.lineEnd != "\r" && text.contains("\r\n");
     transport.doubleSpaced = isDoubleSpaced(text, transport.lineEnd);
     transport.wrapColumn = wrapColumn(text, transport.lineEnd);
     return transport;

@@ -5,6 +5,7 @@
 #include "nearly_full.h"
 
 #include <QtCore/QHash>
+#include <QtCore/QRegularExpression>
 #include <algorithm>
 #include <cstring>
 
@@ -101,6 +102,27 @@ std::optional<Sign> compareByType(const Document &older, const Fact &oldFact, co
         break;
     }
     return std::nullopt;
+}
+
+/// What follows the number at the beginning of \a text: its unit, and the same number in another form.
+QString afterNumber(const QString &text)
+{
+    static const QRegularExpression number(QStringLiteral("^-?(0x[0-9a-f]+|[0-9]+(\\.[0-9]+)?(e[+-][0-9]+)?)"));
+    const QRegularExpressionMatch match = number.match(text);
+    return text.mid(match.capturedLength()).simplified();
+}
+
+/// For values with equal numbers: whether the rest of the texts is equal, too.
+bool haveEqualRests(const Document &older, const Fact &oldFact, const Document &newer, const Fact &newFact)
+{
+    const Type type = older.row(oldFact).type;
+    const bool isNumeric = type == Type::Number || type == Type::Number64 || type == Type::Bytes || type == Type::Real;
+    if (!isNumeric)
+        return true;
+    const QString a = afterNumber(older.display(oldFact));
+    const QString b = afterNumber(newer.display(newFact));
+    const auto repeatsNumber = [](const QString &rest) { return rest.isEmpty() || rest.startsWith(QLatin1String("= ")); };
+    return a == b || ((a.isEmpty() || b.isEmpty()) && repeatsNumber(a) && repeatsNumber(b));
 }
 
 /// Whether a report lost the difference between one blank and several.
@@ -210,7 +232,10 @@ ValueComparison compareValues(const Document &older, const Fact &oldFact, const 
 {
     if (equalBytes(older, oldFact, newer, newFact))
         return {true, Order::Unknown};
-    if (const auto result = compareByType(older, oldFact, newer, newFact)) {
+    const auto result = compareByType(older, oldFact, newer, newFact);
+    if (result && *result == 0 && !haveEqualRests(older, oldFact, newer, newFact))
+        return {false, Order::Unknown};
+    if (result) {
         const Order order = *result < 0 ? Order::NewIsNewer : Order::OldIsNewer;
         return {*result == 0, *result == 0 ? Order::Unknown : order};
     }

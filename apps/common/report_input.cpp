@@ -23,11 +23,12 @@ QByteArray withoutMark(const QByteArray &bytes)
 }
 
 /// The first character that is no space decides; the key decides between JSON and a text that begins with "{".
+constexpr int beginningOfText = 1024; // bytes, of which the first is not a space
+
 bool isJson(const QByteArray &bytes)
 {
-    constexpr int beginning = 1024;
-    const QByteArray first = bytes.left(beginning);
-    return first.trimmed().startsWith('{') && first.contains("\"schemaVersion\"");
+    const QByteArray first = bytes.left(beginningOfText).trimmed();
+    return first.startsWith('{') && bytes.contains("\"schemaVersion\"");
 }
 
 } // namespace

@@ -19,6 +19,8 @@ constexpr Warning warnings[] = {
     {State::EndMissing, "the end of the report is missing; what it said is compared as if it had been removed"},
     {State::SectionsMissing, "sections in the middle of the report are missing; they are compared as if they had been removed"},
     {State::SeveralReports, "there are several reports; only the first one is compared"},
+    {State::WrappedLines, "lines were wrapped; where they were joined again, a value can seem to differ"},
+    {State::BlanksCollapsed, "runs of spaces were shortened; a value can seem to differ"},
     {State::Ambiguous, "some lines may be a value or the structure of the report"},
 };
 

@@ -115,6 +115,19 @@ Answer answerOf(const Request &request, const std::vector<Document> &documents)
     return {request.format->writeTable(table, request.options), table.same()};
 }
 
+/// The name of a requested section that no report has, if none of the requested ones is there; or empty.
+QString missingSection(const Request &request, const std::vector<Document> &documents)
+{
+    for (const int row : request.sections) {
+        const char *name = sectionRows()[std::size_t(row)].name;
+        for (const Document &document : documents) {
+            if (document.findSection(name) >= 0)
+                return {};
+        }
+    }
+    return request.sections.empty() ? QString() : QString::fromLatin1(sectionRows()[std::size_t(request.sections.front())].name);
+}
+
 Result run(const QCommandLineParser &parser)
 {
     auto request = requestOf(parser);
@@ -127,6 +140,11 @@ Result run(const QCommandLineParser &parser)
             return Trouble;
         request->options.reportNames += input->name;
         documents.push_back(input->document);
+    }
+    const QString missing = missingSection(*request, documents);
+    if (!missing.isEmpty()) {
+        complain(QStringLiteral("no report has the section '%1'").arg(missing));
+        return Trouble;
     }
     const Answer answer = answerOf(*request, documents);
     QString error = QStringLiteral("cannot write to standard output");

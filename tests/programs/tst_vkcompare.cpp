@@ -116,7 +116,8 @@ void VkCompareTest::exitCodes_data()
     QTest::newRow("a minute apart") << QStringList({pairFile("minute-apart/OLD.txt"), pairFile("minute-apart/NEW.txt")}) << 0;
     QTest::newRow("a minute apart, all values")
         << QStringList({"--all", pairFile("minute-apart/OLD.txt"), pairFile("minute-apart/NEW.txt")}) << 0;
-    QTest::newRow("a section without differences") << QStringList({"--section", "memoryInfo", "old.txt", "new.txt"}) << 0;
+    QTest::newRow("a section without differences") << QStringList({"--section", "oemInfoFromRegistry", "old.txt", "other.txt"}) << 0;
+    QTest::newRow("a section that no report has") << QStringList({"--section", "memoryInfo", "old.txt", "new.txt"}) << 2;
     QTest::newRow("three, of which one differs") << QStringList({"old.txt", "old.txt", "new.txt"}) << 1;
     QTest::newRow("three equal ones") << QStringList({"old.txt", "old.txt", "old.txt"}) << 0;
     QTest::newRow("a missing file") << QStringList({"old.txt", "missing.txt"}) << 2;

@@ -306,6 +306,8 @@ void ComparisonTest::values_data()
     row("fewer processors", number, "10", "9", "old");
     row("the same number, spelled with zeros", number, "8", "008", "");
     row("the same number, also in hexadecimal digits", number, "8 = 0x8", "8", "");
+    row("the same number, and other words after it", number, "8", "8 (broken)", "unknown");
+    row("the same number, and another one after it", number, "40457 = 0x9e09", "40457 = 0xffff", "unknown");
     row("a number of 32 digits", number, "99999999999999999999999999999999", "100000000000000000000000000000000", "new");
     row("the same number of 32 digits", number, "00099999999999999999999999999999999", "99999999999999999999999999999999", "");
     row("a number and a text", number, "8", "many", "unknown");

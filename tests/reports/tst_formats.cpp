@@ -136,23 +136,24 @@ void FormatsTest::summaryOfAWholeReport()
                      "-65563 (kDNSServiceErr_ServiceNotRunning)\n"));
 }
 
-// 12.5 of 256.0 GByte are less than 5 %, 13.0 are more. Under 1 GByte a small disk is full as well. An
-// optical disc is always full.
+// 12.5 of 256.0 GByte are less than 5 %, 13.0 are more. A disk of 10 GByte or more is full with less
+// than 1 GByte as well. An optical disc is always full.
 void FormatsTest::summaryNamesFullDisks()
 {
     const QByteArray text = "Disk information: \n"
                             "C:\\ fixed drive          NTFS  Windows  Free: 12.5 GByte Total: 256.0 GByte \n"
                             "D:\\ fixed drive          NTFS  Data  Free: 13.0 GByte Total: 256.0 GByte \n"
                             "E:\\ CD/DVD drive         CDFS  Setup  Free: 0.0 GByte Total: 0.7 GByte \n"
-                            "F:\\ removable drive      FAT32  Stick  Free: 0.9 GByte Total: 3.8 GByte \n"
-                            "G:\\ removable drive      FAT32  Stick  Free: 1.0 GByte Total: 3.8 GByte \n"
+                            "F:\\ removable media      FAT32  Stick  Free: 0.9 GByte Total: 15.0 GByte \n"
+                            "G:\\ removable media      FAT32  Stick  Free: 1.0 GByte Total: 15.0 GByte \n"
+                            "H:\\ removable media      FAT32  Stick  Free: 0.9 GByte Total: 3.8 GByte \n"
                             "------------------------------------------------------------------------\n";
     QStringList disks;
     for (const SummaryLine &line : summary(read(text))) {
         if (qstrcmp(line.key, "nearlyFull") == 0)
             disks << line.value;
     }
-    QCOMPARE(disks, QStringList({QStringLiteral("C:\\ free: 12.5 GByte of 256.0 GByte"), QStringLiteral("F:\\ free: 0.9 GByte of 3.8 GByte")}));
+    QCOMPARE(disks, QStringList({QStringLiteral("C:\\ free: 12.5 GByte of 256.0 GByte"), QStringLiteral("F:\\ free: 0.9 GByte of 15.0 GByte")}));
 }
 
 void FormatsTest::summaryOfNothing()

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void lists();
     void valuesOfSeveralLines();
     void itemsHoldTheirValues();
+    void carriageReturnsInOneSection();
     void largeNoise();
     void costlyTexts_data();
     void costlyTexts();
@@ -236,6 +237,21 @@ void ReaderTest::itemsHoldTheirValues()
                                    "------------------------------------------------------------------------\n");
     QCOMPARE(flawOfPlaces(document), QString());
     QCOMPARE(document.value(document.facts().back()), QByteArray("one\n\n   two"));
+}
+
+void ReaderTest::carriageReturnsInOneSection()
+{
+    const QByteArray text = contentsOf(dataFile("workstation.txt"));
+    const int begin = text.indexOf("Memory Information:");
+    const int end = text.indexOf("AvailVirtual:");
+    QByteArray changed = text.mid(begin, end - begin);
+    changed.replace("\n", "\r\n");
+    const Document document = read(text.left(begin) + changed + text.mid(end));
+    QCOMPARE(stateNames(document.states()), QStringList {QStringLiteral("crLf")});
+    QCOMPARE(document.facts().size(), read(text).facts().size());
+    QVERIFY(compare(read(text), document).same());
+    const Fact *load = document.find(document.findSection("memoryInfo"), -1, "memoryLoad");
+    QCOMPARE(document.value(*load), QByteArray("45%"));
 }
 
 void ReaderTest::largeNoise()
