@@ -270,7 +270,7 @@ void FormatsTest::maxLength()
     QFETCH(QByteArray, text);
     const Document document = read(text);
     std::vector<int> lengths;
-    for (int length = 1; length < 65536; length += length < 300 ? 1 : length / 7)
+    for (int length = 1; length < 65536; length += length < 40 ? 1 : length / 4)
         lengths.push_back(length);
     for (const int length : lengths) {
         for (const bool isSummary : {false, true}) {

@@ -67,7 +67,7 @@ void GeneratedReportsTest::reports()
 {
     bool given = false;
     const int wanted = qEnvironmentVariableIntValue("GENERATED_REPORTS", &given);
-    const int count = given ? wanted : 150;
+    const int count = given ? wanted : 60;
     std::mt19937 random(20231205);
     qint64 lines = 0;
     qint64 others = 0;

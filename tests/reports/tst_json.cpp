@@ -272,7 +272,7 @@ void JsonTest::shortTexts()
 void JsonTest::randomBytes()
 {
     std::mt19937 random(20261122); // NOLINT(cert-msc51-cpp): the same bytes in each run
-    for (int i = 0; i < 500; ++i) {
+    for (int i = 0; i < 200; ++i) {
         QByteArray bytes(int(random() % 300), '\0');
         const unsigned values = i % 2 ? 256 : 8;
         for (char &byte : bytes)
@@ -289,7 +289,7 @@ void JsonTest::editedReports()
     const QList<QByteArray> lines = report.split('\n');
     std::mt19937 random(7); // NOLINT(cert-msc51-cpp): the same edits in each run
     const auto anyLine = [&](const QList<QByteArray> &from) { return int(random() % unsigned(from.size())); };
-    for (int i = 0; i < 3000; ++i) {
+    for (int i = 0; i < 400; ++i) {
         const int length = 1 + int(random() % 120);
         QList<QByteArray> edited = lines.mid(anyLine(lines), length);
         for (unsigned edits = random() % 8; edits > 0; --edits) {
