@@ -1,6 +1,7 @@
 #include "reader.h"
 
 #include "section_order.h"
+#include "text_runs.h"
 
 #include <algorithm>
 #include <cstring>
@@ -11,11 +12,6 @@ namespace Reports {
 namespace {
 
 constexpr int peekedLines = 3;
-
-bool isKind(const char *name, const char *kind)
-{
-    return std::strcmp(name, kind) == 0;
-}
 
 } // namespace
 

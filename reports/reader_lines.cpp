@@ -4,29 +4,13 @@
 #include "altered_line.h"
 #include "section_order.h"
 #include "strong_lines.h"
+#include "text_runs.h"
 
 #include <algorithm>
 #include <cstring>
 
 namespace velkor {
 namespace Reports {
-
-namespace {
-
-constexpr int hyphensOfClass = 28;
-constexpr int underscoresOfInterface = 55;
-
-bool isRun(std::string_view line, char character, int length)
-{
-    return int(line.size()) == length && line.find_first_not_of(character) == std::string_view::npos;
-}
-
-bool isKind(const char *name, const char *kind)
-{
-    return std::strcmp(name, kind) == 0;
-}
-
-} // namespace
 
 void Reader::readSectionLine()
 {

@@ -2,6 +2,7 @@
 #include "reader.h"
 
 #include "strong_lines.h"
+#include "text_runs.h"
 
 #include <algorithm>
 #include <cstring>
@@ -12,11 +13,6 @@ namespace Reports {
 namespace {
 
 constexpr int examinedFacts = 64;
-
-bool isKind(const char *name, const char *kind)
-{
-    return std::strcmp(name, kind) == 0;
-}
 
 bool hasNativeDigits(std::string_view value)
 {

@@ -1,18 +1,11 @@
 #include "section_order.h"
 
+#include "text_runs.h"
+
 #include <cstring>
 
 namespace velkor {
 namespace Reports {
-
-namespace {
-
-bool isKind(const char *name, const char *kind)
-{
-    return std::strcmp(name, kind) == 0;
-}
-
-} // namespace
 
 int lastSection()
 {
