@@ -1,4 +1,4 @@
-// Reports as data: reads the text of a report, converts it, compares it.
+// Reports as data: reads the text of a report, converts it, compares it, redacts it.
 //
 //     Document document = read(bytes);
 //     QByteArray json = toJson(document);
@@ -25,6 +25,8 @@ namespace Reports {
 
 /// The version of the JSON form. It grows when a key changes its meaning, not when keys are added.
 constexpr int schemaVersion = 1;
+
+struct Redaction;
 
 // ---------------------------------------------------------------------------------------------
 // The catalogue: what a report can contain
@@ -276,6 +278,8 @@ Document read(const QByteArray &bytes);
 
 /// The document as JSON, UTF-8, with line feeds. docs/report.schema.json describes it.
 QByteArray toJson(const Document &document);
+/// The same with a member "redaction", which fromJson() ignores. \a document is one of \a redaction.
+QByteArray toJson(const Document &document, const Redaction &redaction);
 /// Reads what toJson() wrote: the document of the same bytes. If it is anything else, returns
 /// nothing and sets \a error to a message for the user.
 std::optional<Document> fromJson(const QByteArray &json, QString *error = nullptr);
@@ -383,6 +387,92 @@ QByteArray comparisonMarkdown(const ComparisonTable &table, const ComparisonOpti
 /// One file without scripts.
 QByteArray comparisonHtml(const Comparison &comparison, const ComparisonOptions &options);
 QByteArray comparisonHtml(const ComparisonTable &table, const ComparisonOptions &options);
+
+// ---------------------------------------------------------------------------------------------
+// Redaction
+//
+// Replaces what identifies somebody or something, and secrets, by aliases such as "user-1". The
+// result is still a report: with the same headings, lines and facts. docs/privacy.md says what is
+// found, where, and what cannot be found.
+
+enum class AliasKind {
+    User,         ///< "user-1"
+    Host,         ///< "host-1"
+    Domain,       ///< "domain-1"
+    Organisation, ///< "org-1"
+    Product,      ///< "product-1": product ids of Windows
+    Serial,       ///< "serial-1"
+    Mac,          ///< "mac-1"
+    Ip,           ///< "ip-1"
+    Printer,      ///< "printer-1"
+    Label,        ///< "label-1": of a drive
+    Share,        ///< "share-1": of a network drive
+    Folder,       ///< "folder-1": below a user's folder or a share
+    Secret,       ///< "secret-1"
+    Word,         ///< "word-1": from RedactionOptions::hide
+};
+
+/// Why something was replaced.
+enum class Reason {
+    Fact = 0x1,          ///< it is the value of a fact that reveals it
+    SameElsewhere = 0x2, ///< it occurs again, perhaps in another spelling
+    Folder = 0x4,        ///< a path says what it is
+    Form = 0x8,          ///< it looks like one: an address, a mail address, a key
+    Environment = 0x10,  ///< it is the value of a variable that holds a name
+    Hidden = 0x20,       ///< RedactionOptions::hide names it
+};
+Q_DECLARE_FLAGS(Reasons, Reason)
+Q_DECLARE_OPERATORS_FOR_FLAGS(Reasons)
+
+/// What was replaced, and by what.
+struct Alias
+{
+    AliasKind kind = AliasKind::Word;
+    QString text;  ///< such as "user-1"
+    int count = 0; ///< how many places were replaced
+    Reasons reasons;
+    QStringList spellings; ///< as they stood in the texts, each once; none of a secret
+};
+
+struct RedactionOptions
+{
+    /// Key of the aliases. With a key an alias is "user-" and 12 digits of an HMAC (SHA-256), the
+    /// same in every report that is redacted with this key. Without one, aliases are numbered in
+    /// the order in which they are needed: the same alias in two calls means nothing.
+    QByteArray key;
+    /// Words or patterns to hide; see redactionEntryError().
+    QStringList hide;
+    /// Words or patterns to keep. An entry of hide has precedence.
+    QStringList keep;
+};
+
+struct Redaction
+{
+    std::vector<Document> documents; ///< in the order in which they were given
+    std::vector<Alias> aliases;      ///< in the order in which they occur
+    int environmentValues = 0;       ///< how many values of variables became their length
+};
+
+/// Replaces identities and secrets in all \a documents, which belong together: the same name has the
+/// same alias in all of them. Redacting the result again changes nothing.
+Redaction redact(const std::vector<Document> &documents, const RedactionOptions &options = {});
+
+/// What is wrong with an entry of RedactionOptions::hide or keep; empty if nothing is. An entry is a
+/// text of at most 256 characters, without line breaks, which is found in any case of letters. With "*" (any
+/// number of characters), "?" (one) or "[...]" (one of these) it is a pattern of a whole word, as for
+/// names of files. Wrong entries are ignored by redact().
+QString redactionEntryError(const QString &entry);
+
+/// "user", "org": what precedes the hyphen of an alias.
+QString aliasKindName(AliasKind kind);
+
+/// What was replaced, how often and why, for people. The first line says that the result is not
+/// anonymous. No original text is in it. UTF-8 with line feeds.
+QByteArray redactionText(const Redaction &redaction);
+/// The same for programs: an object of JSON.
+QByteArray redactionJson(const Redaction &redaction);
+/// What stands for what, without secrets: an object of JSON. Whoever has it can undo the redaction.
+QByteArray aliasMapJson(const Redaction &redaction);
 
 // ---------------------------------------------------------------------------------------------
 // Formats for people
