@@ -19,11 +19,9 @@ char decodedSeparator(char high, char low)
 char separatorAt(std::string_view text, std::size_t at)
 {
     const char c = characterAt(text, at);
-    if (c == ':' || c == '.' || c == '-' || c == '_' || c == ' ')
+    if (c == ':' || c == '.' || c == '-' || c == '_')
         return c;
-    if (c != '%' || hexValue(characterAt(text, at + 1)) < 0 || hexValue(characterAt(text, at + 2)) < 0)
-        return '\0';
-    return decodedSeparator(text[at + 1], text[at + 2]);
+    return isPercentCode(text, at) ? decodedSeparator(text[at + 1], text[at + 2]) : '\0';
 }
 
 std::size_t separatorLength(std::string_view text, std::size_t at, char separator)

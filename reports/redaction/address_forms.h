@@ -7,13 +7,13 @@
 namespace velkor {
 namespace Reports {
 
-inline bool isDecimal(char c)
+constexpr bool isDecimal(char c)
 {
     return c >= '0' && c <= '9';
 }
 
 /// The value of a hexadecimal digit, or -1.
-inline int hexValue(char c)
+constexpr int hexValue(char c)
 {
     if (isDecimal(c))
         return c - '0';
@@ -21,13 +21,13 @@ inline int hexValue(char c)
     return letter >= 'a' && letter <= 'f' ? letter - 'a' + 10 : -1;
 }
 
-inline bool isAsciiLetter(char c)
+constexpr bool isAsciiLetter(char c)
 {
     const int letter = c | 0x20;
     return letter >= 'a' && letter <= 'z';
 }
 
-inline bool isAlphanumeric(char c)
+constexpr bool isAlphanumeric(char c)
 {
     return isDecimal(c) || isAsciiLetter(c);
 }
@@ -38,8 +38,14 @@ inline char characterAt(std::string_view text, std::size_t at)
     return at < text.size() ? text[at] : '\0';
 }
 
-/// The separator at \a at, also percent-coded: one of ":.-_ ", or a null character.
+/// The separator at \a at, also percent-coded: one of ":.-_", or a null character.
 char separatorAt(std::string_view text, std::size_t at);
+/// Whether "%" and two hexadecimal digits are at \a at.
+inline bool isPercentCode(std::string_view text, std::size_t at)
+{
+    return characterAt(text, at) == '%' && hexValue(characterAt(text, at + 1)) >= 0 && hexValue(characterAt(text, at + 2)) >= 0;
+}
+
 /// How many bytes \a separator has at \a at; 0 if it is not there.
 std::size_t separatorLength(std::string_view text, std::size_t at, char separator);
 /// Whether \a text continues at \a at with \a word, which is in small letters.
@@ -54,13 +60,15 @@ bool readIp4(std::string_view text, std::size_t at, char separator, AddressPlace
 bool readIp6(std::string_view text, std::size_t at, char separator, AddressPlace &place);
 /// 32 digits before ".ip6.arpa".
 bool readReversedIp6(std::string_view text, std::size_t at, AddressPlace &place);
-/// "00:00:5E:00:53:1A" and its forms, or the last six of more pairs. \a end is where the pairs end.
-bool readPairs(std::string_view text, std::size_t at, char separator, AddressPlace &place, std::size_t &end);
+/// "00:00:5E:00:53:1A" and its forms, or the last six of more pairs.
+bool readPairs(std::string_view text, std::size_t at, char separator, AddressPlace &place);
 /// "0:0:5e:0:53:1a".
 bool readShortMac(std::string_view text, std::size_t at, AddressPlace &place);
 /// "0000.5e00.531a".
 bool readMacOfThree(std::string_view text, std::size_t at, char separator, AddressPlace &place);
-/// "00005E00531A"; \a at is before twelve hexadecimal digits.
+/// Whether twelve hexadecimal digits begin at \a at and no other digit or letter is beside them.
+bool isPlainMac(std::string_view text, std::size_t at);
+/// "00005E00531A"; see isPlainMac().
 AddressPlace plainMac(std::string_view text, std::size_t at);
 
 } // namespace Reports

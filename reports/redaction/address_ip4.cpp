@@ -14,9 +14,9 @@ constexpr int largestNumber = 255;
 
 struct Number
 {
-    std::size_t begin = 0;
-    std::size_t end = 0;
-    int value = 0;
+    std::size_t begin;
+    std::size_t end;
+    int value;
 };
 
 bool readNumber(std::string_view text, std::size_t at, Number &number)

@@ -9,8 +9,8 @@ namespace {
 
 constexpr int groupsOfAddress = 8;
 constexpr std::size_t longestGroup = 4;
-constexpr int digitsOfAddress = 32;
 constexpr int bytesOfAddress = 16;
+constexpr std::size_t lengthOfReversed = 63; ///< 32 digits with points between them
 constexpr int bytesBeforeMapped = 12;
 constexpr char literalDomain[] = ".ipv6-literal.net";
 
@@ -144,20 +144,18 @@ bool readIp6(std::string_view text, std::size_t at, char separator, AddressPlace
 
 bool readReversedIp6(std::string_view text, std::size_t at, AddressPlace &place)
 {
-    QByteArray bytes(bytesOfAddress, '\0');
-    for (int i = 0; i < digitsOfAddress; ++i) {
-        const int value = hexValue(characterAt(text, at + 2 * std::size_t(i)));
-        if (value < 0 || characterAt(text, at + 2 * std::size_t(i) + 1) != '.')
+    for (std::size_t i = at; i < at + lengthOfReversed; i += 2) {
+        if (hexValue(characterAt(text, i)) < 0 || characterAt(text, i + 1) != '.')
             return false;
-        const int byte = (digitsOfAddress - 1 - i) / 2;
-        bytes[byte] = char(uchar(bytes[byte]) | value << (i % 2 * 4));
     }
-    place.end = at + 2 * digitsOfAddress - 1;
-    if (!continuesWith(text, place.end, ".ip6.arpa"))
+    if (!continuesWith(text, at + lengthOfReversed, ".ip6.arpa"))
         return false;
+    place.canonical.clear();
+    for (std::size_t i = at + lengthOfReversed + 1; i > at; i -= 4)
+        place.canonical.append(char(hexValue(text[i - 2]) * 16 + hexValue(text[i - 4])));
     place.begin = at;
+    place.end = at + lengthOfReversed;
     place.family = AddressFamily::Ip6;
-    place.canonical = bytes;
     place.isCertain = true;
     return true;
 }

@@ -29,7 +29,7 @@ bool hasLetter(std::string_view text)
     return false;
 }
 
-/// "21-10-26-13-17-53" can be a time; bytes between blanks or underscores can be anything.
+/// "21-10-26-13-17-53" can be a time; numbers with underscores can be anything.
 bool isCertainMac(std::string_view spelling, char separator)
 {
     return separator == ':' || (separator == '-' && hasLetter(spelling));
@@ -37,20 +37,21 @@ bool isCertainMac(std::string_view spelling, char separator)
 
 } // namespace
 
-bool readPairs(std::string_view text, std::size_t at, char separator, AddressPlace &place, std::size_t &end)
+bool readPairs(std::string_view text, std::size_t at, char separator, AddressPlace &place)
 {
     std::size_t lastPairs[bytesOfMac] = {};
     int count = 0;
+    std::size_t end = at;
     std::size_t length = 0;
     for (std::size_t next = at; isPair(text, next); next = end + length) {
         lastPairs[count++ % bytesOfMac] = next;
         end = next + 2;
         length = separatorLength(text, end, separator);
-        if (length == 0 || (separator == ' ' && count > bytesOfMac)) // a dump of bytes is not passed over
+        if (length == 0)
             break;
     }
     const bool isAlone = count == bytesOfMac && !(length > 0 && hexValue(characterAt(text, end + length)) >= 0);
-    if (count < bytesOfMac || (separator == ' ' && (!isAlone || followsGroup(text, at))))
+    if (count < bytesOfMac)
         return false;
     place.family = AddressFamily::Mac;
     place.begin = lastPairs[count % bytesOfMac];
@@ -104,6 +105,18 @@ bool readMacOfThree(std::string_view text, std::size_t at, char separator, Addre
     const bool goesOn = separatorLength(text, at, separator) > 0 && hexValue(characterAt(text, at + 1)) >= 0;
     place.isCertain = separator == '.' && hasLetter(text.substr(place.begin, at - place.begin));
     return !goesOn && !followsGroup(text, place.begin);
+}
+
+bool isPlainMac(std::string_view text, std::size_t at)
+{
+    const bool afterPrefix = at >= 2 && text[at - 1] == 'x' && text[at - 2] == '0';
+    if (at > 0 && isAlphanumeric(text[at - 1]) && !afterPrefix && !(at >= 3 && isPercentCode(text, at - 3)))
+        return false;
+    for (std::size_t i = 0; i < 2 * bytesOfMac; ++i) {
+        if (hexValue(characterAt(text, at + i)) < 0)
+            return false;
+    }
+    return !isAlphanumeric(characterAt(text, at + 2 * bytesOfMac));
 }
 
 AddressPlace plainMac(std::string_view text, std::size_t at)

@@ -2,7 +2,9 @@
 
 #include "address_forms.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace velkor {
 namespace Reports {
@@ -10,35 +12,47 @@ namespace Reports {
 namespace {
 
 constexpr std::size_t digitsOfMac = 12;
+constexpr std::size_t blockSize = 8;
 
 enum CharacterClass : unsigned char {
-    Other,
-    Letter, ///< "g" to "z"
-    HexLetter,
-    Digit,
-    Colon,
-    Percent,
+    Hexadecimal = 0x1,
+    Separator = 0x2, ///< or the start of a percent-coded one
 };
 
-std::array<CharacterClass, 256> characterClasses()
+constexpr std::array<unsigned char, 256> characterClasses()
 {
-    std::array<CharacterClass, 256> classes {};
+    std::array<unsigned char, 256> classes {};
     for (int i = 0; i < 128; ++i) {
-        const char c = char(i);
-        if (isDecimal(c))
-            classes[std::size_t(i)] = Digit;
-        else if (hexValue(c) >= 0)
-            classes[std::size_t(i)] = HexLetter;
-        else if (isAsciiLetter(c))
-            classes[std::size_t(i)] = Letter;
+        if (hexValue(char(i)) >= 0)
+            classes[std::size_t(i)] = Hexadecimal;
     }
-    classes[':'] = Colon;
-    classes['%'] = Percent;
+    for (const char c : {':', '.', '-', '_', '%'})
+        classes[std::size_t(c)] = Separator;
     return classes;
 }
 
-/// Passes over a text once. At each word that begins with a hexadecimal digit, and each number after letters, it
-/// tries the forms that the separator after it allows.
+constexpr std::array<unsigned char, 256> classes = characterClasses();
+
+unsigned classOf(char c)
+{
+    return classes[static_cast<unsigned char>(c)];
+}
+
+bool isHex(char c)
+{
+    return classOf(c) == Hexadecimal;
+}
+
+bool hasSeparator(const char *block)
+{
+    return ((classOf(block[0]) | classOf(block[1]) | classOf(block[2]) | classOf(block[3]) | classOf(block[4])
+             | classOf(block[5]) | classOf(block[6]) | classOf(block[7]))
+            & Separator)
+        != 0;
+}
+
+/// Finds the addresses that have separators. Passes over the text once; at each separator after a hexadecimal
+/// digit it tries the forms that this separator allows.
 class AddressFinder
 {
 public:
@@ -50,21 +64,18 @@ public:
     std::vector<AddressPlace> find();
 
 private:
-    CharacterClass classAt(std::size_t at) const { return classes_[static_cast<unsigned char>(text_[at])]; }
-    bool isHexAt(std::size_t at) const { return at < text_.size() && hexValue(text_[at]) >= 0; }
-    std::size_t endOfDigits(std::size_t at, CharacterClass least) const;
-    std::size_t passWord(std::size_t at);
-    std::size_t passDigits(std::size_t begin, std::size_t end, bool beginsWord);
-    std::size_t passColon(std::size_t at);
+    void findBetween(std::size_t begin, std::size_t end);
+    bool canFollowDigit(std::size_t separator) const;
+    bool canBeFirst(std::size_t separator) const;
+    bool readAround(std::size_t separator);
+    bool readGap(std::size_t colon);
+    bool beginsWord(std::size_t at) const;
     bool readForms(std::size_t begin, std::size_t end, char separator);
     bool readAfterColon(std::size_t begin, std::size_t length);
     bool readAfterHyphen(std::size_t begin, std::size_t length);
-    bool readAfterPoint(std::size_t begin, std::size_t length);
-    bool readNumbers(std::size_t begin, std::size_t end, char separator);
-    bool readSixPairs(std::size_t begin, char separator);
+    bool readNumbers(std::size_t end, char separator);
 
     const std::string_view text_;
-    const std::array<CharacterClass, 256> classes_ = characterClasses();
     std::vector<AddressPlace> places_;
     AddressPlace place_;
     std::size_t next_ = 0; ///< where to continue after the last place
@@ -73,79 +84,74 @@ private:
 std::vector<AddressPlace> AddressFinder::find()
 {
     std::size_t i = 0;
-    while (i < text_.size()) {
-        const CharacterClass c = classAt(i);
-        if (c == Other)
-            ++i;
-        else if (c == Colon)
-            i = passColon(i);
-        else if (c == Percent)
-            i += isHexAt(i + 1) && isHexAt(i + 2) ? 3 : 1;
-        else
-            i = passWord(i);
+    for (; i + blockSize <= text_.size(); i += blockSize) {
+        if (hasSeparator(text_.data() + i))
+            findBetween(i, i + blockSize);
     }
+    findBetween(i, text_.size());
     return std::move(places_);
 }
 
-/// The end of the digits from \a at on; \a least is HexLetter or Digit.
-std::size_t AddressFinder::endOfDigits(std::size_t at, CharacterClass least) const
+void AddressFinder::findBetween(std::size_t begin, std::size_t end)
 {
-    while (at < text_.size() && classAt(at) >= least && classAt(at) <= Digit)
-        ++at;
-    return at;
-}
-
-/// Passes over letters and digits until one of them begins an address.
-std::size_t AddressFinder::passWord(std::size_t at)
-{
-    bool beginsWord = true;
-    while (at < text_.size()) {
-        const CharacterClass c = classAt(at);
-        if (c == Letter || (c == HexLetter && !beginsWord)) {
-            ++at;
-        } else if (c == HexLetter || c == Digit) {
-            const std::size_t begin = at;
-            at = endOfDigits(at, beginsWord ? HexLetter : Digit);
-            const std::size_t found = passDigits(begin, at, beginsWord);
-            if (found != at)
-                return found;
-            beginsWord = at - begin == 1 && text_[begin] == '0' && characterAt(text_, at) == 'x';
-            at += beginsWord ? 1 : 0;
+    const char *const text = text_.data();
+    for (std::size_t i = begin; i < end; ++i) {
+        if (classOf(text[i]) != Separator)
             continue;
-        } else {
-            return at;
-        }
-        beginsWord = false;
+        const bool canBeAddress = i > 0 && isHex(text[i - 1]) ? canFollowDigit(i) : canBeFirst(i);
+        if (canBeAddress && i >= next_ && readAround(i))
+            places_.push_back(place_);
     }
-    return at;
 }
 
-/// Returns the end of the address that begins with these digits, or their own end.
-std::size_t AddressFinder::passDigits(std::size_t begin, std::size_t end, bool beginsWord)
+bool AddressFinder::canFollowDigit(std::size_t separator) const
 {
-    const std::size_t length = end - begin;
-    const char separator = separatorAt(text_, end);
-    bool found = false;
-    if (separator != '\0')
-        found = (beginsWord && length <= 4 && readForms(begin, end, separator)) || readNumbers(begin, end, separator);
-    if (!found && beginsWord && length == digitsOfMac && !isAlphanumeric(characterAt(text_, end))) {
-        place_ = plainMac(text_, begin);
+    const char next = characterAt(text_, separator + 1);
+    return isHex(next) || next == text_[separator] || next == '%';
+}
+
+/// Whether a separator that follows no digit can be the first of "::".
+bool AddressFinder::canBeFirst(std::size_t separator) const
+{
+    const char c = text_[separator];
+    const char next = characterAt(text_, separator + 1);
+    return (c == ':' && (next == ':' || next == '%')) || (c == '%' && next == '3');
+}
+
+/// Tries the forms of an address whose first separator is at \a separator.
+bool AddressFinder::readAround(std::size_t separator)
+{
+    constexpr std::size_t longestRun = 7; // a percent-coded character and a group
+    std::size_t begin = separator;
+    while (begin > next_ && separator - begin < longestRun && isHex(text_[begin - 1]))
+        --begin;
+    if (begin >= 1 && separator - begin >= 2 && isPercentCode(text_, begin - 1))
+        begin += 2;
+    const char c = separatorAt(text_, separator);
+    if (begin == separator)
+        return c == ':' && readGap(separator);
+    const bool found = (beginsWord(begin) && separator - begin <= 4 && readForms(begin, separator, c)) || readNumbers(separator, c);
+    if (found)
         next_ = place_.end;
-        found = true;
-    }
-    if (!found)
-        return end;
-    places_.push_back(place_);
-    return next_;
+    return found;
 }
 
-std::size_t AddressFinder::passColon(std::size_t at)
+bool AddressFinder::beginsWord(std::size_t at) const
 {
-    const bool isDouble = characterAt(text_, at + 1) == ':' && characterAt(text_, at + 2) != ':';
-    if (!isDouble || (at > 0 && (isAlphanumeric(text_[at - 1]) || text_[at - 1] == ':')) || !readIp6(text_, at, ':', place_))
-        return at + 1;
-    places_.push_back(place_);
-    return place_.end;
+    return at == 0 || !isAlphanumeric(text_[at - 1]) || (at >= 3 && isPercentCode(text_, at - 3));
+}
+
+/// An address that begins with "::".
+bool AddressFinder::readGap(std::size_t colon)
+{
+    const std::size_t second = colon + separatorLength(text_, colon, ':');
+    const std::size_t length = separatorLength(text_, second, ':');
+    const bool isThird = (colon > 0 && text_[colon - 1] == ':') || (colon >= 3 && separatorAt(text_, colon - 3) == ':');
+    const bool hasThird = separatorLength(text_, second + length, ':') > 0;
+    if (length == 0 || isThird || hasThird || !beginsWord(colon) || !readIp6(text_, colon, ':', place_))
+        return false;
+    next_ = place_.end;
+    return true;
 }
 
 bool AddressFinder::readForms(std::size_t begin, std::size_t end, char separator)
@@ -155,54 +161,72 @@ bool AddressFinder::readForms(std::size_t begin, std::size_t end, char separator
         return readAfterColon(begin, length);
     if (separator == '-')
         return readAfterHyphen(begin, length);
-    if (separator == '.')
-        return readAfterPoint(begin, length);
-    return length == 2 && readSixPairs(begin, separator);
+    if (separator == '.' && length == 1)
+        return readReversedIp6(text_, begin, place_);
+    if (separator == '.' && length == 4)
+        return readMacOfThree(text_, begin, '.', place_);
+    return separator == '_' && length == 2 && readPairs(text_, begin, '_', place_);
 }
 
 bool AddressFinder::readAfterColon(std::size_t begin, std::size_t length)
 {
-    const bool found = readIp6(text_, begin, ':', place_) || (length == 4 && readMacOfThree(text_, begin, ':', place_));
-    next_ = place_.end;
-    if (found || (length == 2 && readSixPairs(begin, ':')))
-        return true;
-    const bool isShort = length <= 2 && readShortMac(text_, begin, place_);
-    next_ = place_.end;
-    return isShort;
+    return readIp6(text_, begin, ':', place_) || (length == 4 && readMacOfThree(text_, begin, ':', place_))
+        || (length == 2 && readPairs(text_, begin, ':', place_)) || (length <= 2 && readShortMac(text_, begin, place_));
 }
 
 bool AddressFinder::readAfterHyphen(std::size_t begin, std::size_t length)
 {
-    const bool found = readIp6(text_, begin, '-', place_) || (length == 4 && readMacOfThree(text_, begin, '-', place_));
-    next_ = place_.end;
-    return found || (length == 2 && readSixPairs(begin, '-'));
-}
-
-bool AddressFinder::readAfterPoint(std::size_t begin, std::size_t length)
-{
-    const bool found = length == 1 ? readReversedIp6(text_, begin, place_)
-                                   : length == 4 && readMacOfThree(text_, begin, '.', place_);
-    next_ = place_.end;
-    return found;
-}
-
-bool AddressFinder::readSixPairs(std::size_t begin, char separator)
-{
-    return readPairs(text_, begin, separator, place_, next_);
+    return readIp6(text_, begin, '-', place_) || (length == 4 && readMacOfThree(text_, begin, '-', place_))
+        || (length == 2 && readPairs(text_, begin, '-', place_));
 }
 
 /// IPv4 at the decimal digits before \a end.
-bool AddressFinder::readNumbers(std::size_t begin, std::size_t end, char separator)
+bool AddressFinder::readNumbers(std::size_t end, char separator)
 {
     std::size_t first = end;
-    while (first > begin && isDecimal(text_[first - 1]))
+    while (first > next_ && end - first <= 3 && isDecimal(text_[first - 1]))
         --first;
-    if (first == end || end - first > 3 || (separator != '.' && separator != '-' && separator != '_'))
+    if (first == end || end - first > 3 || separator == ':' || separator == '\0')
         return false;
     const bool insideVersion = separator == '.' && first >= 2 && text_[first - 1] == '.' && isDecimal(text_[first - 2]);
-    const bool found = !insideVersion && readIp4(text_, first, separator, place_);
-    next_ = place_.end;
-    return found;
+    return !insideVersion && readIp4(text_, first, separator, place_);
+}
+
+/// The MAC addresses without separators. Looks at three of eight bytes: these are digits in each run of twelve.
+std::vector<AddressPlace> plainMacs(std::string_view text)
+{
+    std::vector<AddressPlace> places;
+    std::size_t end = 0;
+    for (std::size_t i = 1; i + 4 < text.size(); i += blockSize) {
+        if (!isHex(text[i]) || !isHex(text[i + 2]) || !isHex(text[i + 4]))
+            continue;
+        std::size_t begin = i;
+        while (begin > end && i - begin < digitsOfMac && isHex(text[begin - 1]))
+            --begin;
+        if (begin >= end && isPlainMac(text, begin)) {
+            places.push_back(plainMac(text, begin));
+            end = places.back().end;
+        }
+    }
+    return places;
+}
+
+/// Adds those of \a others that overlap none of \a places.
+void merge(std::vector<AddressPlace> &places, std::vector<AddressPlace> &&others)
+{
+    if (others.empty())
+        return;
+    std::vector<AddressPlace> merged;
+    merged.reserve(places.size() + others.size());
+    auto place = places.begin();
+    for (AddressPlace &other : others) {
+        for (; place != places.end() && place->begin < other.end; ++place)
+            merged.push_back(std::move(*place));
+        if (merged.empty() || merged.back().end <= other.begin)
+            merged.push_back(std::move(other));
+    }
+    std::move(place, places.end(), std::back_inserter(merged));
+    places = std::move(merged);
 }
 
 /// Whether all bits that are 1 precede all that are 0.
@@ -242,7 +266,9 @@ bool isCommonIp6(const QByteArray &bytes)
 
 std::vector<AddressPlace> findAddresses(std::string_view text)
 {
-    return AddressFinder(text).find();
+    std::vector<AddressPlace> places = AddressFinder(text).find();
+    merge(places, plainMacs(text));
+    return places;
 }
 
 bool isCommonAddress(const AddressPlace &address)

@@ -15,6 +15,7 @@ class AddressesTest : public QObject
 private Q_SLOTS:
     void found_data();
     void found();
+    void digitsAtEveryOffset();
     void common_data();
     void common();
     void nothingInReports_data();
@@ -77,6 +78,7 @@ void ip4Rows()
     row("percent-coded", "a%3D192%2E0%2e2%2E57%2F", "192%2E0%2e2%2E57=c0000239!");
     row("reversed", "57.2.0.192.in-addr.arpa", "57.2.0.192=c0000239!");
     row("reversed, capitals", "57.2.0.10.IN-ADDR.ARPA.", "57.2.0.10=0a000239!");
+    row("percent-coded brackets", "%5B%3A%3Affff%3A192.0.2.57%5D", "%3A%3Affff%3A192.0.2.57=c0000239!");
     row("largest number", "192.0.2.255", "192.0.2.255=c00002ff!");
     row("too large a number", "192.0.2.256", "");
     row("too many digits", "192.0.2.0057", "");
@@ -134,8 +136,7 @@ void macRows()
     row("hyphens between bytes", "00-00-5e-00-53-1a", "00-00-5e-00-53-1a=" + mac + '!');
     row("hyphens, digits only", "00-00-50-00-53-10", "00-00-50-00-53-10=000050005310?");
     row("underscores between bytes", "00_00_5E_00_53_1A", "00_00_5E_00_53_1A=" + mac + '?');
-    row("blanks", "00 00 5E 00 53 1A", "00 00 5E 00 53 1A=" + mac + '?');
-    row("a dump", "00 00 5E 00 53 1A 00", "");
+    row("bytes with blanks", "00 00 5E 00 53 1A", "");
     row("three groups", "0000.5e00.531a", "0000.5e00.531a=" + mac + '!');
     row("three groups with hyphens", "0000-5e00-531a", "0000-5e00-531a=" + mac + '?');
     row("three groups with colons", "0000:5e00:531a", "0000:5e00:531a=" + mac + '?');
@@ -143,6 +144,8 @@ void macRows()
     row("twelve digits", "a 00005E00531A", "00005E00531A=" + mac + '?');
     row("twelve digits in an instance", "BTHENUM\\DEV_00005E00531A\\8&1", "00005E00531A=" + mac + '?');
     row("twelve digits after 0x", "0x00005E00531A", "00005E00531A=" + mac + '?');
+    row("twelve digits between addresses", "192.0.2.1 00005E00531A ::1",
+        "192.0.2.1=c0000201! 00005E00531A=" + mac + "? ::1=00000000000000000000000000000001!");
     row("thirteen digits", "00005E00531A0", "");
     row("at the end of a GUID", "{4d36e972-e325-11ce-bfc1-00005e00531a}", "00005e00531a=" + mac + '?');
     row("percent-coded MAC", "00%3A00%3A5E%3A00%3A53%3A1A", "00%3A00%3A5E%3A00%3A53%3A1A=" + mac + '!');
@@ -172,11 +175,19 @@ void AddressesTest::found()
     QCOMPARE(described(text), expected);
 }
 
+void AddressesTest::digitsAtEveryOffset()
+{
+    for (int before = 0; before < 20; ++before) {
+        for (int after = 0; after < 20; ++after)
+            QCOMPARE(described(QByteArray(before, '-') + mac + QByteArray(after, ' ')), QByteArray(mac + "=" + mac + '?'));
+    }
+}
+
 void AddressesTest::common_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<bool>("expected");
-    for (const char *text : {"0.0.0.0", "127.0.0.1", "127.255.255.255", "255.255.255.255", "224.0.0.251", "239.255.255.250",
+    for (const char *text : {"0.0.0.0", "127.0.0.1", "255.0.0.0", "127.255.255.255", "255.255.255.255", "224.0.0.251", "239.255.255.250",
                              "255.255.255.0", "255.255.254.0", "255.0.0.0", "255.255.255.128", "[::]", "::1", "ff02::fb",
                              "ffff:ffff:ffff:ffff::", "ffff:ffff:ffff:fff0::", "::ffff:127.0.0.1", "00:00:00:00:00:00",
                              "FF-FF-FF-FF-FF-FF", "000000000000"})
@@ -201,7 +212,7 @@ void AddressesTest::nothingInReports_data()
     QTest::addColumn<QByteArrayList>("expected");
     // The certain addresses of the reports, in the order in which they first occur.
     QTest::newRow("example") << "docs/example-report.txt"
-                             << QByteArrayList {"::1", "ffff:ffff:ffff:ffff:ffff:ffff:ffff:ffff", "127.0.0.1", "127.255.255.255",
+                             << QByteArrayList {"::1", "ffff:ffff:ffff:ffff:ffff:ffff:ffff:ffff", "127.0.0.1", "255.0.0.0", "127.255.255.255",
                                                 "02:00:5E:10:00:01", "fe80::5eff:fe10:1", "ffff:ffff:ffff:ffff::",
                                                 "192.0.2.17", "255.255.255.0", "192.0.2.255", "192.0.2.1", "255.255.255.255"};
     QTest::newRow("wine") << "tests/golden/wine/all_win_infos.txt" << QByteArrayList {};
