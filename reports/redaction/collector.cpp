@@ -67,32 +67,18 @@ struct Contents
 class Collector
 {
 public:
-    Collector(const Document &readDocument, const WordList &hideList, const WordList &keepList, Identities &known)
+    Collector(const Document &readDocument, WordList &hideList, WordList &keepList, Identities &known)
         : document(readDocument), hide(hideList), keep(keepList), identities(known)
     {
     }
 
     Collected run()
     {
-        for (const Fact &fact : document.facts()) {
-            if (namesProgram(document.row(fact)))
-                result.programFolders.insert(folded(document.display(fact)));
-        }
         forEachRegion(document, [this](const Region &region) { collect(region); });
         return std::move(result);
     }
 
 private:
-    /// Programs have folders of their name below those of users.
-    static bool namesProgram(const FactRow &row)
-    {
-        for (const char *key : {"applicationName", "organizationName", "productName"}) {
-            if (qstrcmp(row.key, key) == 0)
-                return true;
-        }
-        return false;
-    }
-
     void collect(const Region &visited)
     {
         region = &visited;
@@ -108,6 +94,8 @@ private:
             variable = decoded(text);
             return;
         }
+        if (treatment.isProgram)
+            result.programFolders.insert(folded(text));
         found = listed();
         if (treatment.what == What::Variable)
             collectVariable();
@@ -400,8 +388,8 @@ private:
     }
 
     const Document &document;
-    const WordList &hide;
-    const WordList &keep;
+    WordList &hide;
+    WordList &keep;
     Identities &identities;
     Collected result;
     const Region *region = nullptr;
@@ -412,7 +400,7 @@ private:
 
 } // namespace
 
-Collected collect(const Document &document, const WordList &hide, const WordList &keep, Identities &identities)
+Collected collect(const Document &document, WordList &hide, WordList &keep, Identities &identities)
 {
     return Collector(document, hide, keep, identities).run();
 }
