@@ -8,6 +8,7 @@
 #include "serial_numbers.h"
 
 #include <algorithm>
+#include <array>
 
 namespace velkor {
 namespace Reports {
@@ -46,22 +47,40 @@ bool isCommonDomain(std::string_view name)
 }
 
 /// Which bytes a text has, so that what cannot be in it is not searched.
-struct Contents
+class Contents
 {
+public:
     explicit Contents(std::string_view text)
     {
-        for (const char byte : text) {
-            hasSeparator = hasSeparator || byte == '\\' || byte == '/';
-            hasAt = hasAt || byte == '@';
-            hasEqual = hasEqual || byte == '=';
-            hasDigit = hasDigit || (byte >= '0' && byte <= '9');
-        }
+        for (const char byte : text)
+            found |= marks()[static_cast<unsigned char>(byte)];
     }
 
-    bool hasSeparator = false;
-    bool hasAt = false;
-    bool hasEqual = false;
-    bool hasDigit = false;
+    bool hasSeparator() const { return (found & separator) != 0; }
+    bool hasDigit() const { return (found & digit) != 0; }
+    /// One of "@", "=", ":", "/" and "\\", or a digit: names of accounts stand beside them.
+    bool hasMark() const { return found != 0; }
+
+private:
+    static constexpr unsigned char separator = 1;
+    static constexpr unsigned char digit = 2;
+    static constexpr unsigned char other = 4;
+    using Marks = std::array<unsigned char, 256>;
+
+    static const Marks &marks()
+    {
+        static constexpr Marks all = [] {
+            Marks bytes {};
+            for (unsigned char byte = '0'; byte <= '9'; ++byte)
+                bytes[byte] = digit;
+            bytes[std::size_t('\\')] = bytes[std::size_t('/')] = separator;
+            bytes[std::size_t('@')] = bytes[std::size_t('=')] = bytes[std::size_t(':')] = other;
+            return bytes;
+        }();
+        return all;
+    }
+
+    unsigned char found = 0;
 };
 
 class Collector
@@ -245,16 +264,16 @@ private:
         if (treatment.what == What::Search)
             searchSecrets(isFree);
         Findings findings;
-        if (contents.hasSeparator) {
+        if (contents.hasSeparator()) {
             findPathNames(text, treatment.paths, findings, result.programFolders);
             take(findings);
             searchAccountPairs();
         }
-        if (contents.hasAt || contents.hasDigit || contents.hasSeparator || contents.hasEqual) {
+        if (contents.hasMark()) {
             findAccountNames(text, isFree, findings);
             take(findings);
         }
-        if (!contents.hasDigit)
+        if (!contents.hasDigit())
             return;
         findSerialNumbers(text, treatment.isDevice, findings);
         take(findings);

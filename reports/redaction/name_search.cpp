@@ -9,7 +9,7 @@ namespace Reports {
 
 namespace {
 
-constexpr int maximalLength = 1000; // of a spelling
+constexpr int maximalLength = 250; // of a spelling
 
 bool isSeparator(char16_t code)
 {
@@ -37,10 +37,10 @@ bool isBoundary(SymbolClass left, SymbolClass right)
 class NameScan
 {
 public:
-    static constexpr std::size_t ringSize = 1024;
+    static constexpr std::size_t ringSize = 256; // more than the longest spelling
 
     NameScan(NameSearch &search, std::string_view text, std::vector<NamePlace> &places)
-        : names(search), bytes(text), found(places), ring(search.ring)
+        : names(search), bytes(text), found(places), ring(search.ring.data())
     {
     }
 
@@ -155,7 +155,7 @@ private:
     const NameSearch &names;
     std::string_view bytes;
     std::vector<NamePlace> &found;
-    std::vector<Symbol> &ring;
+    Symbol *ring;
     std::size_t count = 0;
     int pending = -1; ///< node whose spelling ends with the last symbol
 };
@@ -164,9 +164,8 @@ NameSearch::NameSearch()
     : nodes(1)
     , rootChildren()
     , starts()
-    , keys(1024)
-    , targets(1024)
-    , ring(NameScan::ringSize)
+    , keys(256)
+    , targets(256)
 {
     starts.fill(specialBytes());
     for (int byte = 0; byte < 256; ++byte) {
@@ -280,6 +279,7 @@ void NameSearch::add(const std::u16string &spelling, int name, Boundaries bounda
 
 void NameSearch::build()
 {
+    ring.resize(NameScan::ringSize);
     std::stable_sort(order.begin(), order.end(), [this](const Edge &left, const Edge &right) {
         return nodes[std::size_t(left.to)].depth < nodes[std::size_t(right.to)].depth;
     });
@@ -304,6 +304,8 @@ int NameSearch::step(int node, char16_t code) const
 void NameSearch::find(std::string_view text, std::vector<NamePlace> &places)
 {
     places.clear();
+    if (isEmpty())
+        return;
     NameScan(*this, text, places).run();
 }
 
