@@ -104,7 +104,7 @@ bool readColon(std::string_view text, std::size_t at, std::size_t first, SecretP
     const char next = characterAt(text, at + 1);
     if (next == '/' && characterAt(text, at + 2) == '/')
         return readPasswordInAddress(text, at + 3, place);
-    if (next == ':' || next == '=' || next == '\\' || (at > first && text[at - 1] == ':'))
+    if (next == ':' || next == '=' || (at > first && text[at - 1] == ':'))
         return false;
     return readAssignment(text, at, at + 1, first, place) || readOracleLogin(text, at, place);
 }

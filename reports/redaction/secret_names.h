@@ -10,7 +10,7 @@ enum class SecretName {
     None,
     Certain,   ///< "password"; any value
     Probable,  ///< "token_prod", "auth"; a value that is no ordinary word
-    Query,     ///< "sig"; any value in a query, otherwise one that looks random
+    Query,     ///< "sig"; in a query only
     Header,    ///< "Authorization"; a scheme can precede the value
     WholeLine, ///< "passphrase", "Cookie"; the value can have blanks
     Directory, ///< "PWD", which is a password or the current folder

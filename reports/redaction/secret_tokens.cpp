@@ -369,7 +369,7 @@ bool looksRandom(std::string_view text)
         digits += kind == 1;
         upper += kind == 2;
         lower += kind == 3;
-        changes += previous != 0 && kind != previous;
+        changes += kind != 4 && previous != 4 && previous != 0 && kind != previous;
         previous = kind;
         isHex = isHex && hexValue(c) >= 0;
     }

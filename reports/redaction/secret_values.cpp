@@ -254,7 +254,7 @@ bool isPlausible(std::string_view text, const Assignment &assignment, std::strin
     case SecretName::Query: {
         const char before = assignment.nameBegin > 0 ? text[assignment.nameBegin - 1] : '\0';
         const bool isSignature = continuesWith(text, assignment.nameBegin, "sig") || continuesWith(text, assignment.nameBegin, "sid");
-        return looksGenerated(value) || (isSignature && (before == '?' || before == '&'));
+        return (before == '?' || before == '&') && (isSignature || looksGenerated(value));
     }
     default:
         return true;
@@ -344,7 +344,7 @@ bool readSecretValue(std::string_view text, const Assignment &assignment, Secret
         place = quotedPlace(text, begin, assignment.around, false);
     } else if (place.begin == begin && assignment.name == SecretName::WholeLine) {
         const std::size_t end = endOfLine(text, begin);
-        place.end = std::max(place.end, std::min(end, text.substr(0, end).find_first_of("\";", begin)));
+        place.end = std::max(place.end, std::min(end, text.substr(0, end).find('"', begin)));
     } else if (assignment.name == SecretName::Header) {
         passScheme(text, place);
     }

@@ -176,6 +176,9 @@ void SecretFinder::findRandom(std::size_t inside)
         return;
     SecretPlace run = runAround(inside, isBase64Character);
     base64End_ = run.end;
+    const char before = run.begin > 0 ? text_[run.begin - 1] : '\0';
+    if (before == '.' || before == '/' || before == '\\') // a path
+        return;
     while (run.end < text_.size() && text_[run.end] == '=' && run.end < base64End_ + 2)
         ++run.end;
     if (looksRandom(text_.substr(run.begin, base64End_ - run.begin)))
