@@ -2,6 +2,8 @@
 
 #include "address_forms.h"
 
+#include <cstdint>
+
 namespace velkor {
 namespace Reports {
 
@@ -75,13 +77,19 @@ std::string_view withoutNumber(std::string_view name)
 
 bool endsWith(std::string_view text, std::string_view end)
 {
-    return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+    if (text.size() < end.size())
+        return false;
+    for (std::size_t i = 1; i <= end.size(); ++i) {
+        if (text[text.size() - i] != end[end.size() - i])
+            return false;
+    }
+    return true;
 }
 
 template <std::size_t size>
-bool isOneOf(std::string_view text, const char *const (&list)[size])
+bool isOneOf(std::string_view text, const std::string_view (&list)[size])
 {
-    for (const char *entry : list) {
+    for (const std::string_view entry : list) {
         if (text == entry)
             return true;
     }
@@ -89,16 +97,16 @@ bool isOneOf(std::string_view text, const char *const (&list)[size])
 }
 
 template <std::size_t size>
-bool endsWithOneOf(std::string_view text, const char *const (&list)[size])
+bool endsWithOneOf(std::string_view text, const std::string_view (&list)[size])
 {
-    for (const char *entry : list) {
+    for (const std::string_view entry : list) {
         if (endsWith(text, entry))
             return true;
     }
     return false;
 }
 
-const char *const certainEnds[] = {
+constexpr std::string_view certainEnds[] = {
     "password",
     "passwords",
     "passwd",
@@ -129,7 +137,7 @@ const char *const certainEnds[] = {
 };
 
 /// Before "key".
-const char *const kindsOfKey[] = {
+constexpr std::string_view kindsOfKey[] = {
     "api",
     "access",
     "account",
@@ -179,16 +187,18 @@ const char *const kindsOfKey[] = {
     "decryption",
 };
 
-const char *const certainWords[] = {"pass", "pat", "jwt", "creds", "psk", "otp", "senha", "bearer", "passkey"};
-const char *const probableWords[] = {"auth", "cred", "pin", "license", "licence", "lic", "serialnumber", "keys"};
-const char *const queryWords[] = {"sig", "signature", "key", "code", "sas", "sid", "session", "sessionid", "hash", "nonce", "apikeys"};
-const char *const wholeLineEnds[] = {"passphrase", "passphrases", "cookie", "cookies"};
+constexpr std::string_view certainWords[] = {"pass", "pat", "jwt", "creds", "psk", "otp", "senha", "bearer", "passkey"};
+constexpr std::string_view probableWords[] = {"auth", "cred", "pin", "license", "licence", "lic", "serialnumber", "keys"};
+constexpr std::string_view queryWords[] = {"sig", "signature", "key", "code", "sas", "sid", "sessionid"};
+constexpr std::string_view wholeLineEnds[] = {"passphrase", "passphrases", "cookie", "cookies"};
+
+constexpr std::string_view otherEnds[] = {"key", "pwd"};
 
 /// Inside of a name: "TOKEN_PROD".
-const char *const innerWords[] = {"password", "passwd", "passphrase", "secret", "token", "credential", "apikey", "api_key", "kennwort", "passwort"};
+constexpr std::string_view innerWords[] = {"password", "passwd", "passphrase", "secret", "token", "credential", "apikey", "api_key", "kennwort", "passwort"};
 
 /// The last word of a name with an inner word that is no secret: "password_file".
-const char *const harmlessEnds[] = {
+constexpr std::string_view harmlessEnds[] = {
     "file",
     "path",
     "dir",
@@ -254,6 +264,71 @@ const char *const harmlessEnds[] = {
     "askpass",
 };
 
+/// A set of the endings of names: three letters in any case. It also has some endings of other names.
+class Endings
+{
+public:
+    constexpr Endings()
+    {
+        addAll(certainEnds);
+        addAll(certainWords);
+        addAll(probableWords);
+        addAll(queryWords);
+        addAll(wholeLineEnds);
+        addAll(otherEnds);
+    }
+
+    constexpr bool contains(char third, char second, char last) const
+    {
+        const unsigned hash = hashOf(third, second, last);
+        return (bits_[hash / 64] >> hash % 64 & 1) != 0;
+    }
+
+private:
+    template<std::size_t size>
+    constexpr void addAll(const std::string_view (&list)[size])
+    {
+        for (const std::string_view entry : list) {
+            const std::size_t length = entry.size();
+            const unsigned hash = hashOf(entry[length - 3], entry[length - 2], entry[length - 1]);
+            bits_[hash / 64] |= std::uint64_t(1) << hash % 64;
+        }
+    }
+
+    static constexpr unsigned hashOf(char third, char second, char last)
+    {
+        return (unsigned(third & 31) * 37 + unsigned(second & 31) * 101 + unsigned(last & 31) * 331) % 2048;
+    }
+
+    std::uint64_t bits_[2048 / 64] = {};
+};
+
+constexpr Endings endings;
+
+/// Two letters that each of the inner words has.
+bool isInnerPair(char first, char second)
+{
+    switch (second | 0x20) {
+    case 's':
+        return (first | 0x20) == 's';
+    case 'r':
+        return (first | 0x20) == 'c';
+    case 'k':
+        return (first | 0x20) == 'o';
+    case 'i':
+        return (first | 0x20) == 'p';
+    case 'n':
+        return (first | 0x20) == 'n';
+    default:
+        return false;
+    }
+}
+
+bool isNumberOrSeparator(char c)
+{
+    return isDecimal(c) || c == '_' || c == '-' || c == '.';
+}
+
 bool isCertain(const Words &words)
 {
     const std::string_view all = words.all();
@@ -272,9 +347,9 @@ bool isProbable(const Words &words)
         return true;
     if (words.hasBlank || isOneOf(words.last(), harmlessEnds))
         return false;
-    for (const char *word : innerWords) {
+    for (const std::string_view word : innerWords) {
         const std::size_t at = words.words().find(word);
-        const std::size_t end = at + std::string_view(word).size();
+        const std::size_t end = at + word.size();
         if (at != std::string_view::npos && end < words.separatedSize && words.separated[end] == '_')
             return true;
     }
@@ -282,6 +357,24 @@ bool isProbable(const Words &words)
 }
 
 } // namespace
+
+bool canBeSecretName(std::string_view text, std::size_t end, std::size_t first)
+{
+    const std::size_t least = end > first + longestName ? end - longestName : first;
+    while (end > least && isNumberOrSeparator(text[end - 1]))
+        --end;
+    if (end < least + 3)
+        return false;
+    if (endings.contains(text[end - 3], text[end - 2], text[end - 1]))
+        return true;
+    if (end >= least + 13 && (text[end - 1] | 0x20) == 'n' && (text[end - 6] | 0x20) == 'z') // "authorization"
+        return true;
+    for (std::size_t at = end - 1; at > least && static_cast<unsigned char>(text[at - 1]) > ' '; --at) {
+        if (isInnerPair(text[at - 1], text[at]))
+            return true;
+    }
+    return false;
+}
 
 SecretName secretName(std::string_view name)
 {

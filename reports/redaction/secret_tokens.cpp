@@ -4,6 +4,7 @@
 #include "secret_values.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace velkor {
 namespace Reports {
@@ -20,16 +21,17 @@ enum class Alphabet {
 
 /// So many characters decide whether it is a token, so that no part of a text is read again and again.
 constexpr std::size_t longestChecked = 64;
+constexpr std::size_t leastToken = 16;
 
 struct Token
 {
-    const char *prefix;
+    std::string_view prefix;
     std::size_t least; ///< characters after the prefix
     Alphabet alphabet;
 };
 
-/// Sorted by the first character, which find() relies on only for speed.
-const Token tokens[] = {
+/// Sorted by the first character.
+constexpr Token tokens[] = {
     {"A3T", 17, Alphabet::Capitals},
     {"AAAAB3NzaC1", 32, Alphabet::Url}, // keys of SSH
     {"AAAAC3NzaC1", 32, Alphabet::Url},
@@ -116,8 +118,8 @@ const Token tokens[] = {
 };
 
 /// Before a run, with the point between them.
-const char *const prefixesWithPoint[] = {"SG.", "hvs.", "hvb.", "ya29.", "xoxe.", "hvr."};
-const char *const webhooks[] = {
+constexpr std::string_view prefixesWithPoint[] = {"SG.", "hvs.", "hvb.", "ya29.", "xoxe.", "hvr."};
+constexpr std::string_view webhooks[] = {
     "hooks.slack.com/",
     "discord.com/api/webhooks/",
     "discordapp.com/api/webhooks/",
@@ -132,7 +134,13 @@ const char *const webhooks[] = {
 
 bool startsWith(std::string_view text, std::size_t at, std::string_view prefix)
 {
-    return text.size() - at >= prefix.size() && text.compare(at, prefix.size(), prefix) == 0;
+    if (text.size() - at < prefix.size())
+        return false;
+    for (std::size_t i = 0; i < prefix.size(); ++i) {
+        if (text[at + i] != prefix[i])
+            return false;
+    }
+    return true;
 }
 
 bool isIn(char c, Alphabet alphabet)
@@ -167,12 +175,32 @@ std::size_t endOfBase64(std::string_view text, std::size_t at)
     return at;
 }
 
+constexpr unsigned char noToken = 255;
+
+/// For each character the first token that begins with it.
+struct FirstTokens
+{
+    constexpr FirstTokens()
+    {
+        for (unsigned char &row : rows)
+            row = noToken;
+        for (std::size_t i = std::size(tokens); i-- > 0;)
+            rows[std::size_t(tokens[i].prefix[0])] = static_cast<unsigned char>(i);
+    }
+
+    unsigned char rows[128] = {};
+};
+
+constexpr FirstTokens firstTokens;
+
 bool hasToken(std::string_view text, std::size_t at, SecretPlace &place)
 {
-    for (const Token &token : tokens) {
-        if (token.prefix[0] != text[at] || !startsWith(text, at, token.prefix))
+    const char first = text[at];
+    for (const Token *row = tokens + firstTokens.rows[std::size_t(first)]; row != std::end(tokens) && row->prefix[0] == first; ++row) {
+        const Token &token = *row;
+        if (!startsWith(text, at, token.prefix))
             continue;
-        const std::size_t begin = at + std::string_view(token.prefix).size();
+        const std::size_t begin = at + token.prefix.size();
         std::size_t end = begin;
         while (end < text.size() && end - begin < longestChecked && isIn(text[end], token.alphabet))
             ++end;
@@ -180,24 +208,8 @@ bool hasToken(std::string_view text, std::size_t at, SecretPlace &place)
             continue;
         while (end < text.size() && isIn(text[end], token.alphabet))
             ++end;
-        place = {at, token.prefix[0] == 'A' ? endOfBase64(text, end) : end};
+        place = {at, first == 'A' ? endOfBase64(text, end) : end};
         return true;
-    }
-    return false;
-}
-
-bool canBeginToken(char c)
-{
-    constexpr std::string_view first = "ACGNPSadfghklnoprstwx";
-    return first.find(c) != std::string_view::npos;
-}
-
-bool findKnownToken(std::string_view text, SecretPlace run, SecretPlace &place)
-{
-    for (std::size_t at = run.begin; at + 16 <= run.end; ++at) {
-        const bool begins = at == run.begin || text[at - 1] == '-' || text[at - 1] == '_';
-        if (begins && canBeginToken(text[at]) && hasToken(text, at, place))
-            return true;
     }
     return false;
 }
@@ -213,13 +225,26 @@ std::size_t endOfParts(std::string_view text, std::size_t at)
     return at;
 }
 
-bool findJsonToken(std::string_view text, SecretPlace run, SecretPlace &place)
+/// A JSON web token
+bool hasJsonToken(std::string_view text, std::size_t at, std::size_t runEnd, SecretPlace &place)
 {
-    for (std::size_t at = run.begin; at + 16 <= run.end; ++at) {
-        if (!startsWith(text, at, "eyJ") || (at > run.begin && isAlphanumeric(text[at - 1])))
-            continue;
-        place = {at, endOfParts(text, run.end)};
-        return place.end > run.end || isMixed(text.substr(at, run.end - at));
+    if (!startsWith(text, at, "eyJ"))
+        return false;
+    const std::size_t end = endOfParts(text, runEnd);
+    place = {at, end};
+    return end > runEnd || isMixed(text.substr(at, std::min(runEnd - at, longestChecked)));
+}
+
+bool findKnownToken(std::string_view text, SecretPlace run, SecretPlace &place)
+{
+    bool begins = true;
+    for (std::size_t at = run.begin; at + leastToken <= run.end; ++at) {
+        const char c = text[at];
+        if (begins && c == 'e' && hasJsonToken(text, at, run.end, place))
+            return true;
+        if (begins && firstTokens.rows[std::size_t(c)] != noToken && hasToken(text, at, place))
+            return true;
+        begins = c == '-' || c == '_';
     }
     return false;
 }
@@ -227,6 +252,8 @@ bool findJsonToken(std::string_view text, SecretPlace run, SecretPlace &place)
 /// A run after "SG." and the like.
 bool findAfterPoint(std::string_view text, SecretPlace run, SecretPlace &place)
 {
+    if (run.begin == 0 || text[run.begin - 1] != '.')
+        return false;
     for (const std::string_view prefix : prefixesWithPoint) {
         const std::size_t size = prefix.size();
         if (run.begin < size || text.compare(run.begin - size, size, prefix) != 0)
@@ -348,7 +375,7 @@ bool isBase64Character(char c)
 
 bool findToken(std::string_view text, SecretPlace run, SecretPlace &place)
 {
-    return findKnownToken(text, run, place) || findJsonToken(text, run, place) || findAfterPoint(text, run, place)
+    return findKnownToken(text, run, place) || findAfterPoint(text, run, place)
         || findBotToken(text, run, place) || findKeyInGroups(text, run, place) || findTokenOfThreeParts(text, run, place)
         || findWebhook(text, run, place);
 }

@@ -97,7 +97,7 @@ private:
     void findAtMarks(std::size_t at, std::uint64_t marks);
     void findInRun(std::size_t inside);
     void findRandom(std::size_t inside);
-    SecretPlace runAround(std::size_t inside, bool (*isInRun)(char)) const;
+    SecretPlace runAround(std::size_t inside, CharacterClass character) const;
     void add(SecretPlace place);
 
     const std::string_view text_;
@@ -128,7 +128,7 @@ void SecretFinder::findIn(std::size_t begin, std::uint64_t block, unsigned previ
     const std::uint64_t marks = marksOf(block, previous);
     if (marks != 0)
         findAtMarks(begin, marks);
-    if (!isFull(block, Base64))
+    if (!isFull(block, Base64) || (block & lowestBits * Word) == 0) // a line of hyphens
         return;
     if (isFull(block, Token) && begin >= runEnd_)
         findInRun(begin);
@@ -147,12 +147,12 @@ void SecretFinder::findAtMarks(std::size_t at, std::uint64_t marks)
     }
 }
 
-SecretPlace SecretFinder::runAround(std::size_t inside, bool (*isInRun)(char)) const
+SecretPlace SecretFinder::runAround(std::size_t inside, CharacterClass character) const
 {
     SecretPlace run {inside, inside};
-    while (run.begin > next_ && isInRun(text_[run.begin - 1]))
+    while (run.begin > next_ && (classOf(text_[run.begin - 1]) & character) != 0)
         --run.begin;
-    while (run.end < text_.size() && isInRun(text_[run.end]))
+    while (run.end < text_.size() && (classOf(text_[run.end]) & character) != 0)
         ++run.end;
     return run;
 }
@@ -161,7 +161,7 @@ void SecretFinder::findInRun(std::size_t inside)
 {
     if (inside < next_)
         return;
-    const SecretPlace run = runAround(inside, isTokenCharacter);
+    const SecretPlace run = runAround(inside, Token);
     runEnd_ = run.end;
     SecretPlace place;
     if (run.end - run.begin >= leastRun && findToken(text_, run, place))
@@ -174,7 +174,7 @@ void SecretFinder::findRandom(std::size_t inside)
 {
     if (inside < next_)
         return;
-    SecretPlace run = runAround(inside, isBase64Character);
+    SecretPlace run = runAround(inside, Base64);
     base64End_ = run.end;
     const char before = run.begin > 0 ? text_[run.begin - 1] : '\0';
     if (before == '.' || before == '/' || before == '\\') // a path
