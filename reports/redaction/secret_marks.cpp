@@ -159,7 +159,7 @@ bool readLogin(std::string_view text, SecretPlace value, SecretPlace &place)
 /// "--password x"; "--password=x" has another mark.
 bool readOption(std::string_view text, std::size_t at, std::size_t first, SecretPlace &place)
 {
-    if (at > 0 && !canPrecedeOption(text[at - 1]))
+    if ((at > 0 && !canPrecedeOption(text[at - 1])) || !isAsciiLetter(characterAt(text, at + 1)))
         return false;
     std::size_t end = at + 1;
     while (end - at < longestName && isNameCharacter(characterAt(text, end)))
@@ -233,6 +233,9 @@ bool readOne(std::string_view text, std::size_t at, std::size_t first, SecretPla
 
 bool readMark(std::string_view text, std::size_t at, std::size_t first, std::vector<SecretPlace> &places, std::size_t &end)
 {
+    const int second = characterAt(text, at + 1) | 0x20;
+    if (isAsciiLetter(text[at]) && second != 'e' && second != 'a')
+        return false;
     if (isAsciiLetter(text[at]) && at >= 5 && continuesWith(text, at - 1 - (text[at - 1] == ' ' ? 3 : 2), "---"))
         return readKeyBlock(text, at, places, end);
     SecretPlace place;

@@ -285,7 +285,7 @@ public:
     }
 
 private:
-    template<std::size_t size>
+    template <std::size_t size>
     constexpr void addAll(const std::string_view (&list)[size])
     {
         for (const std::string_view entry : list) {
@@ -305,20 +305,23 @@ private:
 
 constexpr Endings endings;
 
-/// Two letters that each of the inner words has.
-bool isInnerPair(char first, char second)
+/// Whether the letters at \a at are a part that one of the inner words has and few other words have.
+bool isInnerPart(std::string_view text, std::size_t at)
 {
-    switch (second | 0x20) {
+    const int first = text[at] | 0x20;
+    const int second = text[at + 1] | 0x20;
+    const int third = characterAt(text, at + 2) | 0x20;
+    switch (second) {
     case 's':
-        return (first | 0x20) == 's';
+        return first == 's';
     case 'r':
-        return (first | 0x20) == 'c';
+        return first == 'c' && third == 'e';
     case 'k':
-        return (first | 0x20) == 'o';
+        return first == 'o' && third == 'e';
     case 'i':
-        return (first | 0x20) == 'p';
+        return first == 'p' && (third == 'k' || third == ('_' | 0x20) || third == ('-' | 0x20));
     case 'n':
-        return (first | 0x20) == 'n';
+        return first == 'n' && third == 'w';
     default:
         return false;
     }
@@ -370,7 +373,7 @@ bool canBeSecretName(std::string_view text, std::size_t end, std::size_t first)
     if (end >= least + 13 && (text[end - 1] | 0x20) == 'n' && (text[end - 6] | 0x20) == 'z') // "authorization"
         return true;
     for (std::size_t at = end - 1; at > least && static_cast<unsigned char>(text[at - 1]) > ' '; --at) {
-        if (isInnerPair(text[at - 1], text[at]))
+        if (isInnerPart(text, at - 1))
             return true;
     }
     return false;
