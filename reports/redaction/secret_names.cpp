@@ -327,6 +327,24 @@ bool isInnerPart(std::string_view text, std::size_t at)
     }
 }
 
+/// Whether the last word before \a end has several words in it, and one of them can be one of the inner words.
+bool hasInnerPart(std::string_view text, std::size_t end, std::size_t least)
+{
+    std::size_t begin = end;
+    bool isJoined = false;
+    char next = '\0';
+    for (; begin > least && static_cast<unsigned char>(text[begin - 1]) > ' '; --begin) {
+        const char c = text[begin - 1];
+        isJoined |= c == '_' || c == '-' || c == '.' || (isLower(c) && isUpper(next));
+        next = c;
+    }
+    for (; isJoined && begin + 1 < end; ++begin) {
+        if (isInnerPart(text, begin))
+            return true;
+    }
+    return false;
+}
+
 bool isNumberOrSeparator(char c)
 {
     return isDecimal(c) || c == '_' || c == '-' || c == '.';
@@ -372,11 +390,7 @@ bool canBeSecretName(std::string_view text, std::size_t end, std::size_t first)
         return true;
     if (end >= least + 13 && (text[end - 1] | 0x20) == 'n' && (text[end - 6] | 0x20) == 'z') // "authorization"
         return true;
-    for (std::size_t at = end - 1; at > least && static_cast<unsigned char>(text[at - 1]) > ' '; --at) {
-        if (isInnerPart(text, at - 1))
-            return true;
-    }
-    return false;
+    return hasInnerPart(text, end, least);
 }
 
 SecretName secretName(std::string_view name)

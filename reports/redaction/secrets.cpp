@@ -110,16 +110,15 @@ private:
 
 std::vector<SecretPlace> SecretFinder::find()
 {
+    char last[blockSize] = {};
+    const std::size_t lastBegin = text_.size() / blockSize * blockSize;
+    text_.copy(last, blockSize, lastBegin);
     unsigned previous = 0;
-    std::size_t i = 0;
-    for (; i + blockSize <= text_.size(); i += blockSize) {
-        const std::uint64_t block = classesOf(text_.data() + i);
+    for (std::size_t i = 0; i <= lastBegin; i += blockSize) {
+        const std::uint64_t block = classesOf(i < lastBegin ? text_.data() + i : last);
         findIn(i, block, previous);
         previous = unsigned(block >> 56);
     }
-    char last[blockSize] = {};
-    text_.copy(last, text_.size() - i, i);
-    findIn(i, classesOf(last), previous);
     return std::move(places_);
 }
 
