@@ -1,136 +1,15 @@
 #include "secret_tokens.h"
 
 #include "address_forms.h"
+#include "secret_token_lists.h"
 #include "secret_values.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace velkor {
 namespace Reports {
 
 namespace {
-
-enum class Alphabet {
-    Capitals, ///< and digits
-    Hex,
-    Plain,  ///< letters and digits
-    Url,    ///< and "-", "_"
-    Points, ///< and "."
-};
-
-/// So many characters decide whether it is a token, so that no part of a text is read again and again.
-constexpr std::size_t longestChecked = 64;
-constexpr std::size_t leastToken = 16;
-
-struct Token
-{
-    std::string_view prefix;
-    std::size_t least; ///< characters after the prefix
-    Alphabet alphabet;
-};
-
-/// Sorted by the first character.
-constexpr Token tokens[] = {
-    {"A3T", 17, Alphabet::Capitals},
-    {"AAAAB3NzaC1", 32, Alphabet::Url}, // keys of SSH
-    {"AAAAC3NzaC1", 32, Alphabet::Url},
-    {"AAAAE2VjZHNh", 32, Alphabet::Url},
-    {"AAAAGnNrL", 32, Alphabet::Url},
-    {"AAAAInNrL", 32, Alphabet::Url},
-    {"ABIA", 16, Alphabet::Capitals},
-    {"ACCA", 16, Alphabet::Capitals},
-    {"AGE-SECRET-KEY-", 40, Alphabet::Url},
-    {"AKIA", 16, Alphabet::Capitals},
-    {"ASIA", 16, Alphabet::Capitals},
-    {"ATATT3", 40, Alphabet::Url},
-    {"ATCTT3", 40, Alphabet::Url},
-    {"AIza", 30, Alphabet::Url},
-    {"CFPAT-", 30, Alphabet::Url},
-    {"GOCSPX-", 20, Alphabet::Url},
-    {"NRAK-", 20, Alphabet::Plain},
-    {"PMAK-", 20, Alphabet::Url},
-    {"SK", 32, Alphabet::Hex},
-    {"atlasv1", 20, Alphabet::Url},
-    {"dapi", 32, Alphabet::Hex},
-    {"dckr_pat_", 20, Alphabet::Url},
-    {"doo_v1_", 32, Alphabet::Hex},
-    {"dop_v1_", 32, Alphabet::Hex},
-    {"dor_v1_", 32, Alphabet::Hex},
-    {"dp.pt.", 30, Alphabet::Plain},
-    {"figd_", 20, Alphabet::Url},
-    {"gho_", 20, Alphabet::Plain},
-    {"ghp_", 20, Alphabet::Plain},
-    {"ghr_", 20, Alphabet::Plain},
-    {"ghs_", 20, Alphabet::Plain},
-    {"ghu_", 20, Alphabet::Plain},
-    {"github_pat_", 20, Alphabet::Url},
-    {"glagent-", 20, Alphabet::Url},
-    {"glc_", 20, Alphabet::Plain},
-    {"glcbt-", 20, Alphabet::Url},
-    {"gldt-", 20, Alphabet::Url},
-    {"glft-", 20, Alphabet::Url},
-    {"glimt-", 20, Alphabet::Url},
-    {"glpat-", 16, Alphabet::Url},
-    {"glptt-", 20, Alphabet::Url},
-    {"glrt-", 16, Alphabet::Url},
-    {"glsa_", 20, Alphabet::Url},
-    {"glsoat-", 16, Alphabet::Url},
-    {"gsk_", 20, Alphabet::Plain},
-    {"hf_", 30, Alphabet::Plain},
-    {"key-", 32, Alphabet::Hex},
-    {"lin_api_", 30, Alphabet::Plain},
-    {"npm_", 30, Alphabet::Plain},
-    {"ntn_", 30, Alphabet::Plain},
-    {"ops_eyJ", 30, Alphabet::Url},
-    {"pat-na1-", 30, Alphabet::Url},
-    {"phc_", 30, Alphabet::Plain},
-    {"pscale_", 30, Alphabet::Points},
-    {"pypi-A", 30, Alphabet::Url},
-    {"rk_live_", 16, Alphabet::Plain},
-    {"rk_test_", 16, Alphabet::Plain},
-    {"rubygems_", 32, Alphabet::Hex},
-    {"sbp_", 32, Alphabet::Hex},
-    {"secret_", 40, Alphabet::Plain},
-    {"shpat_", 32, Alphabet::Hex},
-    {"shpca_", 32, Alphabet::Hex},
-    {"shppa_", 32, Alphabet::Hex},
-    {"shpss_", 32, Alphabet::Hex},
-    {"sk-", 20, Alphabet::Url},
-    {"sk_live_", 16, Alphabet::Plain},
-    {"sk_test_", 16, Alphabet::Plain},
-    {"sntrys_", 30, Alphabet::Url},
-    {"sq0atp-", 20, Alphabet::Url},
-    {"sq0csp-", 30, Alphabet::Url},
-    {"tfp_", 30, Alphabet::Url},
-    {"whsec_", 24, Alphabet::Plain},
-    {"xai-", 30, Alphabet::Plain},
-    {"xapp-", 20, Alphabet::Url},
-    {"xoxa-", 16, Alphabet::Url},
-    {"xoxb-", 16, Alphabet::Url},
-    {"xoxc-", 16, Alphabet::Url},
-    {"xoxd-", 16, Alphabet::Url},
-    {"xoxe-", 16, Alphabet::Url},
-    {"xoxo-", 16, Alphabet::Url},
-    {"xoxp-", 16, Alphabet::Url},
-    {"xoxr-", 16, Alphabet::Url},
-    {"xoxs-", 16, Alphabet::Url},
-};
-
-/// Before a run, with the point between them.
-constexpr std::string_view prefixesWithPoint[] = {"SG.", "hvs.", "hvb.", "ya29.", "xoxe.", "hvr."};
-constexpr std::string_view webhooks[] = {
-    "hooks.slack.com/",
-    "discord.com/api/webhooks/",
-    "discordapp.com/api/webhooks/",
-    "outlook.office.com/webhook",
-    "webhook.office.com/",
-    "hooks.zapier.com/",
-    "api.telegram.org/",
-    "hooks.office.com/",
-    "chat.googleapis.com/",
-    "mattermost",
-};
 
 bool startsWith(std::string_view text, std::size_t at, std::string_view prefix)
 {
@@ -174,24 +53,6 @@ std::size_t endOfBase64(std::string_view text, std::size_t at)
         ++at;
     return at;
 }
-
-constexpr unsigned char noToken = 255;
-
-/// For each character the first token that begins with it.
-struct FirstTokens
-{
-    constexpr FirstTokens()
-    {
-        for (unsigned char &row : rows)
-            row = noToken;
-        for (std::size_t i = std::size(tokens); i-- > 0;)
-            rows[std::size_t(tokens[i].prefix[0])] = static_cast<unsigned char>(i);
-    }
-
-    unsigned char rows[128] = {};
-};
-
-constexpr FirstTokens firstTokens;
 
 bool hasToken(std::string_view text, std::size_t at, SecretPlace &place)
 {
@@ -321,40 +182,6 @@ bool findWebhook(std::string_view text, SecretPlace run, SecretPlace &place)
     return false;
 }
 
-bool isUpperOrDigit(char c)
-{
-    return isDecimal(c) || (c >= 'A' && c <= 'Z');
-}
-
-bool isLowerOrDigit(char c)
-{
-    return isDecimal(c) || (c >= 'a' && c <= 'z');
-}
-
-/// "ABCDE-12345-...": groups of equal length, in capitals or small letters.
-bool isKeyInGroups(std::string_view run)
-{
-    const std::size_t length = run.find('-');
-    if (length == std::string_view::npos || length < 4 || length > 8 || (run.size() + 1) % (length + 1) != 0)
-        return false;
-    const std::size_t groups = (run.size() + 1) / (length + 1);
-    std::size_t letters = 0;
-    std::size_t mixed = 0;
-    for (std::size_t at = 0; at < run.size(); at += length + 1) {
-        const std::string_view group = run.substr(at, length);
-        const bool isUniform = std::all_of(group.begin(), group.end(), isUpperOrDigit) || std::all_of(group.begin(), group.end(), isLowerOrDigit);
-        if (!isUniform || (at > 0 && run[at - 1] != '-'))
-            return false;
-        const auto digits = std::size_t(std::count_if(group.begin(), group.end(), isDecimal));
-        letters += length - digits;
-        mixed += digits > 0 && digits < length;
-    }
-    if (letters == 0) // of BitLocker, or a long number
-        return (length == 6 && groups == 8) || (groups >= 5 && length >= 4);
-    const bool isCapitals = std::all_of(run.begin(), run.end(), [](char c) { return c == '-' || isUpperOrDigit(c); });
-    return (length == 5 && groups == 5 && (isCapitals || mixed >= 2)) || (groups >= 4 && groups <= 10 && mixed >= 2);
-}
-
 bool findKeyInGroups(std::string_view text, SecretPlace run, SecretPlace &place)
 {
     place = run;
@@ -378,34 +205,6 @@ bool findToken(std::string_view text, SecretPlace run, SecretPlace &place)
     return findKnownToken(text, run, place) || findAfterPoint(text, run, place)
         || findBotToken(text, run, place) || findKeyInGroups(text, run, place) || findTokenOfThreeParts(text, run, place)
         || findWebhook(text, run, place);
-}
-
-bool looksRandom(std::string_view text)
-{
-    constexpr std::size_t leastHex = 32;
-    std::size_t digits = 0;
-    std::size_t upper = 0;
-    std::size_t lower = 0;
-    std::size_t changes = 0;
-    int previous = 0;
-    bool isHex = true;
-    for (const char c : text) {
-        const int kind = isDecimal(c) ? 1 : c >= 'A' && c <= 'Z' ? 2
-            : isAsciiLetter(c)                                   ? 3
-                                                                 : 4;
-        digits += kind == 1;
-        upper += kind == 2;
-        lower += kind == 3;
-        changes += kind != 4 && previous != 4 && previous != 0 && kind != previous;
-        previous = kind;
-        isHex = isHex && hexValue(c) >= 0;
-    }
-    if (isHex)
-        return text.size() >= leastHex && digits >= 4 && digits + 4 <= text.size() && (upper == 0 || lower == 0 || changes * 3 >= text.size());
-    const bool isOneCase = (upper == 0 || lower == 0) && digits + upper + lower == text.size();
-    if (isOneCase)
-        return text.size() >= 24 && digits >= 5 && upper + lower >= 5 && changes * 10 >= text.size() * 3;
-    return text.size() >= 20 && digits >= 2 && upper >= 2 && lower >= 2 && changes * 10 >= text.size() * 4;
 }
 
 } // namespace Reports
