@@ -82,29 +82,39 @@ StoredText wholeText(const QByteArray &bytes)
     return stored;
 }
 
-/// The JSON, if it is short enough and gives the bytes again.
-std::optional<QByteArray> checkedJson(const Document &document, const QByteArray &bytes, const StoredText &stored, JsonStyle style)
+/// The JSON, if it is short enough without \a redaction and gives the bytes again.
+std::optional<QByteArray> checkedJson(const Document &document, const StoredText &stored, JsonStyle style, const QByteArray &redaction)
 {
-    const QByteArray json = jsonDocument(document, stored, style);
-    if (isTooLong(json.size(), bytes.size()) || restoredBytes(stored, restoredLimit(json.size())) != bytes)
+    const QByteArray bytes = document.bytes();
+    const QByteArray json = jsonDocument(document, stored, style, redaction);
+    if (isTooLong(json.size() - redaction.size(), bytes.size()) || restoredBytes(stored, restoredLimit(json.size())) != bytes)
         return std::nullopt;
     return json;
+}
+
+QByteArray jsonWith(const Document &document, const QByteArray &redaction)
+{
+    StoredText stored = storedText(document);
+    for (const JsonStyle style : {JsonStyle::Readable, JsonStyle::Compact}) {
+        if (const std::optional<QByteArray> json = checkedJson(document, stored, style, redaction))
+            return *json;
+    }
+    leaveOutLongSections(stored, document);
+    if (const std::optional<QByteArray> json = checkedJson(document, stored, JsonStyle::Compact, redaction))
+        return *json;
+    return jsonDocument(document, wholeText(document.bytes()), JsonStyle::Readable, redaction);
 }
 
 } // namespace
 
 QByteArray toJson(const Document &document)
 {
-    const QByteArray bytes = document.bytes();
-    StoredText stored = storedText(document);
-    for (const JsonStyle style : {JsonStyle::Readable, JsonStyle::Compact}) {
-        if (const std::optional<QByteArray> json = checkedJson(document, bytes, stored, style))
-            return *json;
-    }
-    leaveOutLongSections(stored, document);
-    if (const std::optional<QByteArray> json = checkedJson(document, bytes, stored, JsonStyle::Compact))
-        return *json;
-    return jsonDocument(document, wholeText(bytes), JsonStyle::Readable);
+    return jsonWith(document, {});
+}
+
+QByteArray toJson(const Document &document, const Redaction &redaction)
+{
+    return jsonWith(document, redactionJson(redaction).trimmed());
 }
 
 } // namespace Reports

@@ -17,6 +17,7 @@ namespace Key = Json::Key;
 
 constexpr int shownLength = 40;    // of a stranger's text in a message
 constexpr size_t maximalDepth = 3; // a section, an item and an item in it
+constexpr int maximalIgnoredDepth = 16;
 
 /// A stranger's text for a message: short, in ASCII and without control characters.
 QString shown(const std::string &text)
@@ -145,10 +146,38 @@ bool JsonHandler::hasSeen(const Frame &frame, const char *name) const
     return std::find(frame.seen.begin(), frame.seen.end(), keyNumber(name)) != frame.seen.end();
 }
 
+// A member whose value is ignored: it can hold anything.
+
+bool JsonHandler::isIgnored() const
+{
+    return m_ignoredDepth > 0 || isAt(Place::Root, Key::redaction);
+}
+
+bool JsonHandler::ignoredValueEnds()
+{
+    return m_ignoredDepth > 0 || valueEnds();
+}
+
+bool JsonHandler::openIgnored()
+{
+    if (m_ignoredDepth == maximalIgnoredDepth)
+        return fail(QStringLiteral("more than %1 objects and arrays in each other").arg(maximalIgnoredDepth));
+    ++m_ignoredDepth;
+    return true;
+}
+
+bool JsonHandler::closeIgnored()
+{
+    --m_ignoredDepth;
+    return ignoredValueEnds();
+}
+
 // Events
 
 bool JsonHandler::null()
 {
+    if (isIgnored())
+        return ignoredValueEnds();
     if (!isAt(Place::Value, Key::value))
         return unexpected();
     m_nodes.back()->facts.back().value = JsonValue::Null;
@@ -157,6 +186,8 @@ bool JsonHandler::null()
 
 bool JsonHandler::boolean(bool value)
 {
+    if (isIgnored())
+        return ignoredValueEnds();
     if (isAt(Place::Root, Key::byteOrderMark))
         m_stored.hasMark = value;
     else if (!isAt(Place::Section, Key::leftOut) || !value)
@@ -171,6 +202,8 @@ bool JsonHandler::number_integer(qlonglong value)
 
 bool JsonHandler::number_unsigned(qulonglong value)
 {
+    if (isIgnored())
+        return ignoredValueEnds();
     if (value > qulonglong(std::numeric_limits<qint64>::max()))
         return fail(QStringLiteral("the number is too large"));
     return integer(qint64(value));
@@ -178,6 +211,8 @@ bool JsonHandler::number_unsigned(qulonglong value)
 
 bool JsonHandler::integer(qint64 value)
 {
+    if (isIgnored())
+        return ignoredValueEnds();
     if (isAt(Place::Root, Key::schemaVersion)) {
         if (value != schemaVersion)
             return fail(QStringLiteral("version %1 of the JSON form is not known, only version %2").arg(value).arg(schemaVersion));
@@ -195,6 +230,8 @@ bool JsonHandler::integer(qint64 value)
 
 bool JsonHandler::number_float(double, const std::string &)
 {
+    if (isIgnored())
+        return ignoredValueEnds();
     if (isAt(Place::Root, Key::schemaVersion))
         return fail(QStringLiteral("the version is no integer"));
     if (!isAt(Place::Value, Key::value))
@@ -210,6 +247,8 @@ bool JsonHandler::binary(std::vector<std::uint8_t> &)
 
 bool JsonHandler::string(std::string &value)
 {
+    if (isIgnored())
+        return ignoredValueEnds();
     if (isAt(Place::Value, Key::value)) {
         m_nodes.back()->facts.back().value = JsonValue::String;
         return valueEnds();
@@ -319,6 +358,8 @@ bool JsonHandler::text(const QByteArray &bytes)
 
 bool JsonHandler::key(std::string &name)
 {
+    if (m_ignoredDepth > 0)
+        return true;
     Frame &frame = m_frames.back();
     const int number = keyNumber(name);
     if (number < 0)
@@ -341,6 +382,8 @@ bool JsonHandler::openFact(Place place, JsonValue value)
 
 bool JsonHandler::start_object(std::size_t)
 {
+    if (isIgnored())
+        return openIgnored();
     const Place place = m_frames.back().place;
     if (place == Place::Outside)
         return open(Place::Root);
@@ -373,6 +416,8 @@ bool JsonHandler::start_object(std::size_t)
 
 bool JsonHandler::start_array(std::size_t)
 {
+    if (isIgnored())
+        return openIgnored();
     const Frame &frame = m_frames.back();
     if (isAt(Place::Root, Key::states))
         return open(Place::States);
@@ -392,11 +437,13 @@ bool JsonHandler::start_array(std::size_t)
 
 bool JsonHandler::end_array()
 {
-    return close();
+    return m_ignoredDepth > 0 ? closeIgnored() : close();
 }
 
 bool JsonHandler::end_object()
 {
+    if (m_ignoredDepth > 0)
+        return closeIgnored();
     switch (m_frames.back().place) {
     case Place::Root:
         return closeRoot();

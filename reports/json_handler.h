@@ -92,6 +92,10 @@ private:
     static bool isArray(Place place);
     bool fail(const QString &message);
     bool unexpected();
+    bool isIgnored() const;
+    bool ignoredValueEnds();
+    bool openIgnored();
+    bool closeIgnored();
     QString path() const;
     bool isAt(Place place, const char *key) const;
     bool isFact() const;
@@ -119,6 +123,7 @@ private:
     JsonNode m_section;
     std::vector<JsonNode *> m_nodes; // the section and the items that are being read
     std::vector<Frame> m_frames;
+    int m_ignoredDepth = 0; // of the objects and arrays that are being read in a member whose value is ignored
     QString m_error;
 };
 

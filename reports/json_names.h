@@ -11,6 +11,7 @@ namespace Key {
 constexpr char format[] = "format";
 constexpr char schemaVersion[] = "schemaVersion";
 constexpr char sha256[] = "sha256";
+constexpr char redaction[] = "redaction";
 constexpr char states[] = "states";
 constexpr char encoding[] = "encoding";
 constexpr char byteOrderMark[] = "byteOrderMark";

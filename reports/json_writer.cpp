@@ -108,11 +108,11 @@ public:
         : m_document(document), m_isCompact(style == JsonStyle::Compact)
     {
     }
-    QByteArray write(const StoredText &stored);
+    QByteArray write(const StoredText &stored, const QByteArray &redaction);
     QByteArray writeSection(const TreeNode &section);
 
 private:
-    void addHead(const StoredText &stored);
+    void addHead(const StoredText &stored, const QByteArray &redaction);
     void addMember(const char *key, const QByteArray &value);
     void addReports(const ReportTrees &trees);
     void addSection(const TreeNode &section);
@@ -187,7 +187,7 @@ std::vector<QByteArray> blankNames(const TextForm &form)
     return names;
 }
 
-void JsonWriter::addHead(const StoredText &stored)
+void JsonWriter::addHead(const StoredText &stored, const QByteArray &redaction)
 {
     namespace Key = Json::Key;
     std::vector<QByteArray> states;
@@ -195,6 +195,8 @@ void JsonWriter::addHead(const StoredText &stored)
         states.push_back(name.toUtf8());
     addMember(Key::format, quoted(Json::formatName));
     addMember(Key::schemaVersion, QByteArray::number(schemaVersion));
+    if (!redaction.isEmpty())
+        addMember(Key::redaction, redaction);
     addMember(Key::sha256, quoted(QCryptographicHash::hash(m_document.bytes(), QCryptographicHash::Sha256).toHex()));
     addMember(Key::states, array(states));
     addMember(Key::encoding, quoted(stored.encoding));
@@ -326,10 +328,10 @@ void JsonWriter::addLayout(const std::vector<LineEdit> &layout)
     m_json += ']';
 }
 
-QByteArray JsonWriter::write(const StoredText &stored)
+QByteArray JsonWriter::write(const StoredText &stored, const QByteArray &redaction)
 {
     m_json = "{";
-    addHead(stored);
+    addHead(stored, redaction);
     addReports(stored.trees);
     addLayout(stored.layout);
     newLine(0);
@@ -351,9 +353,9 @@ QByteArray jsonText(const QByteArray &bytes)
     return "{\"base64\":\"" + bytes.toBase64() + "\"}";
 }
 
-QByteArray jsonDocument(const Document &document, const StoredText &stored, JsonStyle style)
+QByteArray jsonDocument(const Document &document, const StoredText &stored, JsonStyle style, const QByteArray &redaction)
 {
-    return JsonWriter(document, style).write(stored);
+    return JsonWriter(document, style).write(stored, redaction);
 }
 
 QByteArray jsonOfSection(const Document &document, const TreeNode &section)

@@ -20,9 +20,11 @@ def texts(source):
 
 
 def documents(write_json, files):
+    """The JSON of the reports, and of the same reports after redaction."""
     with tempfile.TemporaryDirectory() as folder:
         subprocess.run([write_json, folder, *files], check=True)
-        return [json.loads((pathlib.Path(folder) / f"{i}.json").read_bytes()) for i in range(len(files))]
+        return [[json.loads((pathlib.Path(folder) / f"{i}.{ending}").read_bytes()) for i in range(len(files))]
+                for ending in ("json", "redacted.json")]
 
 
 def section(document, name):
@@ -45,6 +47,19 @@ def remove_root(key):
     def change(document):
         del document[key]
     return change
+
+
+def set_redaction(key, value):
+    def change(document):
+        document["redaction"][key] = value
+    return change
+
+
+def with_alias(**members):
+    """Adds an alias that is right apart from these members."""
+    alias = {"alias": "user-1", "kind": "user", "count": 1, "reasons": ["fact"]}
+    alias.update(members)
+    return lambda document: document["redaction"]["aliases"].append({k: v for k, v in alias.items() if v is not None})
 
 
 def add_item(section_name, list_name, item):
@@ -90,6 +105,17 @@ WRONG = {
     "list of another section": add_item("memoryInfo", "modules", {"path": "x"}),
     "unknown section": lambda document: document["reports"][0]["sections"].append({"name": "extra", "facts": {}}),
     "section without facts": lambda document: section(document, "memoryInfo").pop("facts"),
+    "redaction as text": set_root("redaction", "all"),
+    "anonymous report": set_redaction("anonymous", True),
+    "redaction with more": set_redaction("extra", 1),
+    "redaction without aliases": lambda document: document["redaction"].pop("aliases"),
+    "number of environment values as text": set_redaction("environmentValues", "1"),
+    "alias without a kind": with_alias(kind=None),
+    "alias of an unknown kind": with_alias(kind="animal"),
+    "alias with a count below zero": with_alias(count=-1),
+    "alias with an unknown reason": with_alias(reasons=["guess"]),
+    "alias with a reason twice": with_alias(reasons=["fact", "fact"]),
+    "alias with what it stands for": with_alias(spellings=["x"]),
     "report without sections": lambda document: document["reports"].append({}),
 }
 
@@ -101,18 +127,27 @@ def main():
     validator = jsonschema.Draft202012Validator(schema)
     files = texts(source)
     failures = 0
-    right = documents(write_json, files)
-    for file, document in zip(files, right):
+    right, redacted = documents(write_json, files)
+    for file, document in [*zip(files, right), *zip(files, redacted)]:
         for error in validator.iter_errors(document):
             print(f"FAIL  {file}: {error.json_path}: {error.message[:300]}")
             failures += 1
+    for file, document, original in zip(files, redacted, right):
+        if "redaction" not in document or "redaction" in original:
+            print(f"FAIL  {file}: the member \"redaction\" is in the JSON of the redacted report only")
+            failures += 1
+    document = copy.deepcopy(redacted[0])
+    with_alias()(document)
+    if not validator.is_valid(document):
+        print("FAIL  right, but not valid: an alias")
+        failures += 1
     for name, change in WRONG.items():
-        document = copy.deepcopy(right[0])
+        document = copy.deepcopy(redacted[0])
         change(document)
         if validator.is_valid(document):
             print(f"FAIL  valid, but wrong: {name}")
             failures += 1
-    print(f"{len(right)} reports, {len(WRONG)} wrong documents, {failures} failures")
+    print(f"{len(right)} reports, each also redacted, {len(WRONG)} wrong documents, {failures} failures")
     return 1 if failures else 0
 
 

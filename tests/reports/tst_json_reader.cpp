@@ -17,6 +17,8 @@ private Q_SLOTS:
     void errorMayBeNull();
     void valuesOfNumbersAreNotUsed();
     void checksumMayBeMissing();
+    void redactionIsIgnored_data();
+    void redactionIsIgnored();
     void refuses_data();
     void refuses();
     void refusesDeepNesting_data();
@@ -96,6 +98,38 @@ void JsonReaderTest::checksumMayBeMissing()
     QVERIFY(!json.contains("sha256"));
 }
 
+void JsonReaderTest::redactionIsIgnored_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::newRow("null") << QByteArray("null");
+    QTest::newRow("boolean") << QByteArray("true");
+    QTest::newRow("integer") << QByteArray("-1");
+    QTest::newRow("integer of 64 bits") << QByteArray("18446744073709551615");
+    QTest::newRow("real") << QByteArray("1.5");
+    QTest::newRow("text") << QByteArray("\"\\u0000\"");
+    QTest::newRow("empty array") << QByteArray("[]");
+    QTest::newRow("empty object") << QByteArray("{}");
+    QTest::newRow("what toJson() writes") << redactionJson(Redaction {{}, {{AliasKind::User, QStringLiteral("user-1"), 1, Reason::Fact, {}}}, 2});
+    QTest::newRow("each kind of value") << QByteArray(R"([null,true,1,-1,1.5,"x",[],{},[[1],{"a":[{}]}]])");
+    QTest::newRow("keys of the form") << QByteArray(R"({"format":1,"layout":["x"],"redaction":{"redaction":null},"reports":{}})");
+    QTest::newRow("key twice") << QByteArray(R"({"a":1,"a":[]})");
+    QTest::newRow("16 levels") << QByteArray("[").repeated(16) + QByteArray("]").repeated(16);
+}
+
+void JsonReaderTest::redactionIsIgnored()
+{
+    QFETCH(QByteArray, value);
+    const QByteArray json = memory(R"("memoryLoad":{"value":15,"text":"15%"})");
+    const QByteArray before = QByteArray(json).replace("\"encoding\"", "\"redaction\":" + value + ",\"encoding\"");
+    const QByteArray after = json.chopped(1) + ",\"redaction\":" + value + '}';
+    QString error;
+    for (const QByteArray &redacted : {before, after}) {
+        const std::optional<Document> document = fromJson(redacted, &error);
+        QVERIFY2(document, qPrintable(error));
+        QCOMPARE(document->bytes(), fromJson(json)->bytes());
+    }
+}
+
 void JsonReaderTest::refuses_data()
 {
     QTest::addColumn<QByteArray>("json");
@@ -140,6 +174,14 @@ void JsonReaderTest::refuses_data()
            "schemaVersion: this kind of value is not expected here");
     addRow("missing version", changed("\"schemaVersion\":1,", ""), "\"schemaVersion\" is missing");
     addRow("missing layout", changed(",\"layout\":[]", ""), "\"layout\" is missing");
+    addRow("redaction twice", changed("\"reports\":[]", "\"redaction\":{},\"redaction\":{},\"reports\":[]"),
+           "the key \"redaction\" is there twice");
+    addRow("redaction of 17 levels",
+           changed("\"reports\":[]", "\"redaction\":" + QByteArray("[").repeated(17) + QByteArray("]").repeated(17) + ",\"reports\":[]"),
+           "redaction: more than 16 objects and arrays in each other");
+    addRow("redaction in a section", section(R"({"name":"memoryInfo","facts":{},"redaction":{}})"),
+           "reports[0].sections[0].redaction: this kind of value is not expected here");
+    addRow("redaction without an end", "{\"redaction\":[", "redaction: no valid JSON at byte 15");
     addRow("unknown encoding", changed("UTF-8", "UTF-32"), "encoding: the encoding \"UTF-32\" is not known");
     addRow("mark as number", changed("false", "0"), "byteOrderMark: this kind of value is not expected here");
     addRow("unknown line end", changed("\\n", "x"), "lineEnd: the line end is not known");
@@ -232,6 +274,8 @@ void JsonReaderTest::refusesDeepNesting_data()
     QByteArray arrays(1000000, '[');
     QTest::newRow("arrays") << arrays;
     QTest::newRow("arrays in a fact") << section(R"({"name":"processorInfo","facts":{"activeProcessors":)" + arrays);
+    QTest::newRow("arrays in the redaction") << "{\"redaction\":" + arrays;
+    QTest::newRow("objects in the redaction") << "{\"redaction\":" + QByteArray("{\"a\":").repeated(100000);
     QTest::newRow("objects in a fact") << memory(QByteArray("\"memoryLoad\":{\"text\":").repeated(100000));
     QTest::newRow("items") << section("{\"name\":\"driverInfoFromRegistry\"," + QByteArray("\"drivers\":[{").repeated(100000));
 }

@@ -207,6 +207,34 @@ Object definitions(Object &sections)
     return result;
 }
 
+/// What toJson() with a redaction writes.
+Object redactionSchema()
+{
+    std::vector<std::string> kinds;
+    for (int kind = 0; kind <= int(AliasKind::Word); ++kind)
+        kinds.push_back(aliasKindName(AliasKind(kind)).toStdString());
+    const Object count = {{"type", "integer"}, {"minimum", 0}};
+    const Object reasons = {{"type", "array"},
+                            {"uniqueItems", true},
+                            {"items", strings({"fact", "sameElsewhere", "folder", "form", "environment", "hidden"})}};
+    const Object alias = {{"type", "object"},
+                          {"required", {"alias", "kind", "count", "reasons"}},
+                          {"additionalProperties", false},
+                          {"properties",
+                           {{"alias", described("What stands in the text.", {{"type", "string"}})},
+                            {"kind", strings(kinds)},
+                            {"count", described("How many places have it.", count)},
+                            {"reasons", described("Why it was replaced.", reasons)}}}};
+    return {{"description", "What the redaction of the text replaced. It is ignored when the JSON is read."},
+            {"type", "object"},
+            {"required", {"anonymous", "environmentValues", "aliases"}},
+            {"additionalProperties", false},
+            {"properties",
+             {{"anonymous", described("What was not replaced can identify the machine.", {{"const", false}})},
+              {"environmentValues", described("How many values of variables became their length.", count)},
+              {"aliases", described("In the order in which they occur.", {{"type", "array"}, {"items", alias}})}}}};
+}
+
 Object rootProperties(const Object &sections)
 {
     std::vector<std::string> states;
@@ -225,6 +253,7 @@ Object rootProperties(const Object &sections)
     properties[Key::schemaVersion] = described("Grows when a key changes its meaning.", {{"const", schemaVersion}});
     properties[Key::sha256] = described("SHA-256 of the text. If it is there, the text that is read must have it.",
                                         {{"type", "string"}, {"pattern", "^[0-9a-f]{64}$"}});
+    properties[Key::redaction] = redactionSchema();
     properties[Key::states] = described("What the text went through.",
                                         {{"type", "array"}, {"uniqueItems", true}, {"items", strings(states)}});
     properties[Key::encoding] = strings({"UTF-8", "UTF-16LE", "UTF-16BE"});
