@@ -20,7 +20,7 @@ struct LocalFreer
 {
     void operator()(void *memory) const { LocalFree(memory); }
 };
-template<typename T>
+template <typename T>
 using LocalMemory = std::unique_ptr<T, LocalFreer>;
 
 const wchar_t *wide(const QString &text)

@@ -67,6 +67,8 @@ private Q_SLOTS:
 private:
     QString path(const char *name) const { return m_folder->filePath(QString::fromLatin1(name)); }
     QString file(const char *name, const QByteArray &content) const;
+    /// A file that only its owner can read and change.
+    QString keyFile(const char *name, const QByteArray &content) const;
     /// Redacts machines/workstation's report, into which a secret is planted.
     ProgramRun redact(const QStringList &arguments = {}) const;
     QStringList files() const;
@@ -88,6 +90,7 @@ const QByteArray secret("Sommer-2023-geheim");
 const QByteArray &workstation()
 {
     static const QByteArray text = contentOf(QStringLiteral(REPORTS_DATA_DIR "/workstation.txt"))
+                                       .replace("SanDisk Ultra USB Device", "SanDisk Ultra #9 Device")
                                        .replace("  VK_MESSORDNER=\n", "  VK_MESSORDNER=\n  VK_KENNWORT=" + secret + "\n");
     return text;
 }
@@ -155,6 +158,12 @@ QString VkReportRedactionTest::file(const char *name, const QByteArray &content)
 {
     QFile out(path(name));
     return out.open(QIODevice::WriteOnly) && out.write(content) == content.size() ? path(name) : QString();
+}
+
+QString VkReportRedactionTest::keyFile(const char *name, const QByteArray &content) const
+{
+    const QString key = file(name, content);
+    return QFile::setPermissions(key, QFileDevice::ReadOwner | QFileDevice::WriteOwner) ? key : QString();
 }
 
 ProgramRun VkReportRedactionTest::redact(const QStringList &arguments) const
@@ -233,8 +242,8 @@ void VkReportRedactionTest::numberedAliases()
 void VkReportRedactionTest::keyedAliases()
 {
     const QByteArray numbered = redact().output;
-    const QStringList withKey {"--alias-key", file("key", "0123456789abcdef")};
-    const QStringList withOtherKey {"--alias-key", file("other-key", "0123456789abcdeg")};
+    const QStringList withKey {"--alias-key", keyFile("key", "0123456789abcdef")};
+    const QStringList withOtherKey {"--alias-key", keyFile("other-key", "0123456789abcdeg")};
     const QByteArray text = redact(withKey).output;
     const QString user = valueOf(text, "User name:");
     QVERIFY2(QRegularExpression(QStringLiteral("^user-[0-9a-f]{12}$")).match(user).hasMatch(), qPrintable(user));
@@ -352,10 +361,11 @@ void VkReportRedactionTest::madeReports()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QByteArray, start);
-    const QByteArray made = vkreport(QStringList("--no-opengl")).output;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("VKSYSTEMINFO_MACHINE"), QStringLiteral(MACHINES_DIR "/workstation")); // not on Windows
+    const QByteArray made = runProgram(QStringLiteral(VKREPORT), {"--no-opengl"}, environment).output;
     const QString user = valueOf(made, "User name:");
     QVERIFY(!user.isEmpty());
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("VK_KENNWORT"), QString::fromLatin1(secret));
     environment.insert(QStringLiteral("VK_MESSORDNER"), QStringLiteral("D:\\Users\\%1\\Messungen").arg(user));
     const QStringList plain = QStringList("--no-opengl") + arguments;
@@ -392,7 +402,8 @@ void VkReportRedactionTest::keyIsRead_data()
     QTest::newRow("15 bytes and white space") << QByteArray(15, 'k') + " \r\n\t" << false;
     QTest::newRow("any bytes") << QByteArray("\x00\xff\n\x01 0123456789abc", 18) << true;
     QTest::newRow("4096 bytes") << QByteArray(4096, 'k') << true;
-    QTest::newRow("4096 bytes and a line end") << QByteArray(4096, 'k') + "\r\n" << true;
+    QTest::newRow("4096 bytes and a line end") << QByteArray(4096, 'k') + "\r\n"
+                                               << true;
     QTest::newRow("4097 bytes") << QByteArray(4097, 'k') << false;
     QTest::newRow("a large file") << QByteArray(16, 'k') + QByteArray(100000, '\n') << false;
     QTest::newRow("nothing") << QByteArray() << false;
@@ -403,16 +414,13 @@ void VkReportRedactionTest::keyIsRead()
 {
     QFETCH(QByteArray, content);
     QFETCH(bool, isKey);
-    const QString name = file("key", content);
-    QVERIFY(QFile::setPermissions(name, QFileDevice::ReadOwner | QFileDevice::WriteOwner));
+    const QString name = keyFile("key", content);
     const ProgramRun run = redact({"--alias-key", name, "--alias-map", path("map")});
     QCOMPARE(contentOf(name), content);
     QCOMPARE(run.exitCode, isKey ? 0 : 1);
     QCOMPARE(QFileInfo::exists(path("map")), isKey);
     if (isKey) {
-        const QByteArray spaces = file("key-with-spaces", content + " \t\r\n").toUtf8();
-        QVERIFY(QFile::setPermissions(QString::fromUtf8(spaces), QFileDevice::ReadOwner | QFileDevice::WriteOwner));
-        QCOMPARE(redact({"--alias-key", QString::fromUtf8(spaces)}).output, run.output);
+        QCOMPARE(redact({"--alias-key", keyFile("key-with-spaces", content + " \t\r\n")}).output, run.output);
         return;
     }
     QCOMPARE(run.output, QByteArray());
@@ -490,9 +498,9 @@ void VkReportRedactionTest::hide_data()
     QTest::newRow("UTF-16, big-endian") << utf16("Intenso\n", true) << disk << other;
     QTest::newRow("white space around it") << QByteArray(" \t Intenso  \n") << disk << other;
     QTest::newRow("a comment and an empty line") << QByteArray("#SanDisk\n\n  # SanDisk\nIntenso") << disk << other;
-    QTest::newRow("a letter that is not ASCII") << QByteArray("Arbeitsfl\xc3\xa4""che\n") << QByteArray("Arbeitsfl") << other;
+    QTest::newRow("a letter that is not ASCII") << QByteArray("Schriftarten\nPers\xc3\xb6nlicher\n") << QByteArray("Pers\xc3\xb6nlicher") << other;
     QTest::newRow("a pattern") << QByteArray("Intens?") << disk << other;
-    QTest::newRow("a number sign") << QByteArray("\\#### QGLFormat") << QByteArray("### QGLFormat") << other;
+    QTest::newRow("a number sign") << QByteArray("\\#9 Device") << QByteArray("#9 Device") << other;
     QTest::newRow("an empty list") << QByteArray() << QByteArray("Lindmoor") << disk;
 }
 
@@ -536,7 +544,8 @@ void VkReportRedactionTest::wrongWordLists_data()
     for (int i = 0; i <= 10000; ++i)
         many += "word" + QByteArray::number(i) + '\n';
     QTest::newRow("no such file") << QByteArray() << QByteArray();
-    QTest::newRow("too long") << QByteArray("good\n# comment\n") + QByteArray(257, 'x') + '\n' << QByteArray("line 3: ");
+    QTest::newRow("too long") << QByteArray("good\n# comment\n") + QByteArray(257, 'x') + '\n'
+                              << QByteArray("line 3: ");
     QTest::newRow("another encoding") << QByteArray("J\xf6rn\n") << QByteArray("line 1: the line is neither UTF-8 nor UTF-16");
     QTest::newRow("too many") << many << QByteArray("line 10001: there are more than 10000 entries");
 }
@@ -657,14 +666,14 @@ void VkReportRedactionTest::keyThatOthersCanRead_data()
 void VkReportRedactionTest::keyThatOthersCanRead()
 {
     QFETCH(int, permission);
-    const QString key = file("key", QByteArray(64, 'k'));
+    const QString key = keyFile("key", QByteArray(64, 'k'));
     const QFileDevice::Permissions owner = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
     QVERIFY(QFile::setPermissions(key, owner | QFileDevice::Permission(permission)));
     const ProgramRun run = redact({"--alias-key", key});
     QCOMPARE(run.exitCode, 1);
     QCOMPARE(run.output, QByteArray());
     QCOMPARE(run.errors, "vkreport: cannot read '" + key.toUtf8() + "': others than its owner can read or change it; take these "
-                                                                   "rights away with chmod 600\n");
+                                                                    "rights away with chmod 600\n");
     QVERIFY(QFile::setPermissions(key, owner));
     QCOMPARE(redact({"--alias-key", key}).exitCode, 0);
 }
@@ -672,7 +681,7 @@ void VkReportRedactionTest::keyThatOthersCanRead()
 // Such as the key that another program prints.
 void VkReportRedactionTest::keyInAPipe()
 {
-    const QByteArray text = redact({"--alias-key", file("key", "0123456789abcdef")}).output;
+    const QByteArray text = redact({"--alias-key", keyFile("key", "0123456789abcdef")}).output;
     const QString command = QStringLiteral("'%1' --input '%2' --redact --alias-key <(echo 0123456789abcdef)")
                                 .arg(QStringLiteral(VKREPORT), m_report);
     const ProgramRun run = runProgram(QStringLiteral("bash"), {"-c", command});
@@ -697,7 +706,7 @@ void VkReportRedactionTest::mapIntoAPipe()
 void VkReportRedactionTest::terminalShowsNoEscape()
 {
     QByteArray text = workstation();
-    text.replace("User name:                    J\xc3\xb6rn", "User name:                    \x1b]0;title\x07name\xc2\x9b" "31m");
+    text.replace("User name:                    J\xc3\xb6rn", "User name:                    \x1b]0;title\x07name\xc2\x9b!");
     const QString command = QStringLiteral("'%1' --input '%2' --redact").arg(QStringLiteral(VKREPORT), file("hostile", text));
     const ProgramRun run = runProgram(QStringLiteral("script"), {"-qec", command, "/dev/null"});
     QCOMPARE(run.exitCode, 0);
