@@ -1,0 +1,30 @@
+// In which spellings a name can occur again.
+#pragma once
+
+#include "name_search.h"
+#include "vkReports.h"
+
+namespace velkor {
+namespace Reports {
+
+struct Spelling
+{
+    std::u16string symbols;
+    Boundaries boundaries = Boundaries::Word;
+};
+
+/// The spellings of \a name that are distinct enough to be replaced anywhere in a text. Empty for ordinary words.
+std::vector<Spelling> spellingsOf(AliasKind kind, const QString &name);
+
+/// The words of a person's or an organisation's name that can stand for it.
+QStringList wordsOf(AliasKind kind, const QString &name);
+
+/// Whether a component of a path, as symbols, has the form of a short name (8.3): "LINDMO~1", "LI1A2B~1".
+bool isShortName(const std::u16string &component);
+/// What precedes "~" in a short name; of one with a checksum its first two letters.
+std::u16string shortNameBase(const std::u16string &shortName);
+/// What can precede "~" in the short name of \a name.
+std::vector<std::u16string> shortNameBases(const QString &name);
+
+} // namespace Reports
+} // namespace velkor
