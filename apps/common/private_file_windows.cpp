@@ -52,8 +52,8 @@ LocalMemory<void> ownerOnly()
     const QString sid = userSid();
     const QString text = QStringLiteral("O:%1D:P(A;;FA;;;%1)").arg(sid);
     void *descriptor = nullptr;
-    if (sid.isEmpty() || !ConvertStringSecurityDescriptorToSecurityDescriptorW(wide(text), SDDL_REVISION_1, &descriptor, nullptr))
-        return nullptr;
+    if (!sid.isEmpty())
+        ConvertStringSecurityDescriptorToSecurityDescriptorW(wide(text), SDDL_REVISION_1, &descriptor, nullptr);
     return LocalMemory<void>(descriptor);
 }
 

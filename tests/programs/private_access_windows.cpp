@@ -20,7 +20,8 @@ QString takeText(wchar_t *text)
 QStringList accessEntries(PSECURITY_DESCRIPTOR descriptor)
 {
     wchar_t *text = nullptr;
-    if (!ConvertSecurityDescriptorToStringSecurityDescriptorW(descriptor, SDDL_REVISION_1, DACL_SECURITY_INFORMATION, &text, nullptr))
+    if (!ConvertSecurityDescriptorToStringSecurityDescriptorW(descriptor, SDDL_REVISION_1, DACL_SECURITY_INFORMATION,
+                                                              &text, nullptr))
         return {QStringLiteral("no text")};
     const QStringList parts = takeText(text).split(QLatin1Char('('));
     return parts.size() > 1 ? parts.mid(1) : QStringList(QStringLiteral("no list"));
@@ -45,9 +46,10 @@ QString whoElseHasRights(const QString &fileName)
     const QString name = QDir::toNativeSeparators(fileName);
     PSID owner = nullptr;
     PSECURITY_DESCRIPTOR descriptor = nullptr;
-    if (GetNamedSecurityInfoW(reinterpret_cast<const wchar_t *>(name.utf16()), SE_FILE_OBJECT,
-                              OWNER_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION, &owner, nullptr, nullptr, nullptr, &descriptor)
-        != ERROR_SUCCESS)
+    const SECURITY_INFORMATION wanted = OWNER_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION;
+    const DWORD result = GetNamedSecurityInfoW(reinterpret_cast<const wchar_t *>(name.utf16()), SE_FILE_OBJECT, wanted,
+                                               &owner, nullptr, nullptr, nullptr, &descriptor);
+    if (result != ERROR_SUCCESS)
         return QStringLiteral("there is no such file");
     const QString ownerText = textOf(owner);
     QStringList others;

@@ -343,7 +343,8 @@ void VkReportRedactionTest::noReport()
     const ProgramRun run = vkreport({"--input", file("mail.txt", "Hello, see 192.0.2.57.\n"), "--redact"});
     QCOMPARE(run.exitCode, 0);
     QVERIFY2(run.output.startsWith("Hello, see ip-"), run.output);
-    QVERIFY2(errorsOf(run).startsWith("vkreport: warning: this is no report, so nothing says which names are in it\n"), run.errors);
+    const char *warning = "vkreport: warning: this is no report, so nothing says which names are in it\n";
+    QVERIFY2(errorsOf(run).startsWith(warning), run.errors);
     QVERIFY(!redact().errors.contains("warning: this is no report"));
 }
 
@@ -352,7 +353,8 @@ void VkReportRedactionTest::madeReports_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QByteArray>("start");
     QTest::newRow("whole") << QStringList() << QByteArray("############ Windows specific section");
-    QTest::newRow("a section that is exported") << QStringList({"--section", "qtSystemEnvironment"}) << QByteArray("System environemnt");
+    QTest::newRow("a section that is exported") << QStringList({"--section", "qtSystemEnvironment"})
+                                                << QByteArray("System environemnt");
     QTest::newRow("markdown") << QStringList({"--format", "markdown"}) << QByteArray("# System report\n");
 }
 
@@ -462,7 +464,7 @@ void VkReportRedactionTest::mapIsWritten()
 void VkReportRedactionTest::mapReplacesAFile()
 {
     const QString map = file("map.json", "old");
-    QVERIFY(QFile::setPermissions(map, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther));
+    QVERIFY(QFile::setPermissions(map, QFile::permissions(map) | QFileDevice::ReadGroup | QFileDevice::ReadOther));
     QCOMPARE(redact({"--alias-map", map}).exitCode, 0);
     QVERIFY(QJsonDocument::fromJson(contentOf(map)).isObject());
     QCOMPARE(whoElseHasRights(map), QString());
@@ -498,7 +500,8 @@ void VkReportRedactionTest::hide_data()
     QTest::newRow("UTF-16, big-endian") << utf16("Intenso\n", true) << disk << other;
     QTest::newRow("white space around it") << QByteArray(" \t Intenso  \n") << disk << other;
     QTest::newRow("a comment and an empty line") << QByteArray("#SanDisk\n\n  # SanDisk\nIntenso") << disk << other;
-    QTest::newRow("a letter that is not ASCII") << QByteArray("Schriftarten\nPers\xc3\xb6nlicher\n") << QByteArray("Pers\xc3\xb6nlicher") << other;
+    const QByteArray umlaut("Pers\xc3\xb6nlicher");
+    QTest::newRow("a letter that is not ASCII") << QByteArray(umlaut + "\nDokumente") << umlaut << other;
     QTest::newRow("a pattern") << QByteArray("Intens?") << disk << other;
     QTest::newRow("a number sign") << QByteArray("\\#9 Device") << QByteArray("#9 Device") << other;
     QTest::newRow("an empty list") << QByteArray() << QByteArray("Lindmoor") << disk;
@@ -556,7 +559,8 @@ void VkReportRedactionTest::wrongWordLists()
     QFETCH(QByteArray, place);
     const QString name = place.isEmpty() ? path("missing") : file("list", list);
     for (const char *option : {"--hide", "--keep"}) {
-        const ProgramRun run = redact({option, name, "--alias-key", path("key"), "--alias-map", path("map"), "--output", path("out")});
+        const QStringList written {"--alias-key", path("key"), "--alias-map", path("map"), "--output", path("out")};
+        const ProgramRun run = redact(QStringList({option, name}) + written);
         QCOMPARE(run.exitCode, 1);
         QCOMPARE(run.output, QByteArray());
         const QByteArray message = place.isEmpty() ? "cannot read '" + name.toUtf8() : '\'' + name.toUtf8() + "', " + place;
@@ -599,10 +603,10 @@ void VkReportRedactionTest::filesThatWouldBeOverwritten_data()
     QTest::addColumn<QString>("otherOption");
     QTest::addColumn<bool>("exists");
     for (const bool exists : {true, false}) {
-        const char *which = exists ? "existing" : "new";
-        const auto row = [which, exists](const char *option, const char *otherOption) {
-            QTest::newRow(qPrintable(QStringLiteral("%1 file of %2 and %3").arg(QLatin1String(which), QLatin1String(option), QLatin1String(otherOption))))
-                << option << otherOption << exists;
+        const QByteArray which(exists ? "existing file of " : "new file of ");
+        const auto row = [which, exists](const QByteArray &option, const QByteArray &otherOption) {
+            QTest::newRow(which + option + " and " + otherOption)
+                << QString::fromLatin1(option) << QString::fromLatin1(otherOption) << exists;
         };
         row("--alias-key", "--output");
         row("--alias-key", "--alias-map");
@@ -636,7 +640,7 @@ void VkReportRedactionTest::filesThatWouldBeOverwritten()
 void VkReportRedactionTest::redactedReportsCompare()
 {
     QByteArray changed = workstation();
-    changed.replace("DHCP server: 192.0.2.2,", "DHCP server: 192.0.2.3,");
+    changed.replace("Birkental Anlagenbau GmbH", "Zeder Stahlbau AG");
     changed.replace("ReleaseId:              2009", "ReleaseId:              2010");
     const QString key = path("key");
     const QString oldFile = path("old"), sameFile = path("same"), newFile = path("new");
@@ -648,8 +652,8 @@ void VkReportRedactionTest::redactedReportsCompare()
     const ProgramRun different = runProgram(QStringLiteral(VKCOMPARE), {oldFile, newFile});
     QCOMPARE(different.exitCode, 1);
     QVERIFY2(different.output.contains("2009 -> 2010") && different.output.contains("\n2 differences."), different.output);
-    QVERIFY2(QRegularExpression(QStringLiteral("ip-[0-9]{12}.* -> ip-[0-9]{12}")).match(QString::fromUtf8(different.output)).hasMatch(),
-             different.output);
+    const QRegularExpression organisation(QStringLiteral("org-[0-9]{12} -> org-[0-9]{12}"));
+    QVERIFY2(organisation.match(QString::fromUtf8(different.output)).hasMatch(), different.output);
     QCOMPARE(identitiesIn(different.output), QByteArray());
 }
 
@@ -713,8 +717,10 @@ void VkReportRedactionTest::terminalShowsNoEscape()
     QCOMPARE(run.exitCode, 0);
     const QString shown = QString::fromUtf8(QByteArray(run.output).replace("\r\n", "\n"));
     QVERIFY(shown.contains(QStringLiteral("not anonymous")) && shown.contains(QStringLiteral("GL_EXTENSIONS")));
-    for (const QChar next : shown)
-        QVERIFY2(next == QLatin1Char('\n') || next.category() != QChar::Other_Control, qPrintable(QString::number(next.unicode(), 16)));
+    for (const QChar next : shown) {
+        const QString code = QString::number(next.unicode(), 16);
+        QVERIFY2(next == QLatin1Char('\n') || next.category() != QChar::Other_Control, qPrintable(code));
+    }
 }
 
 #endif
