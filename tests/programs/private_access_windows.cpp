@@ -60,3 +60,14 @@ QString whoElseHasRights(const QString &fileName)
     LocalFree(descriptor);
     return others.join(QLatin1Char(' '));
 }
+
+bool shareWithOthers(const QString &fileName)
+{
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    if (!ConvertStringSecurityDescriptorToSecurityDescriptorW(L"D:(A;;FA;;;WD)", SDDL_REVISION_1, &descriptor, nullptr))
+        return false;
+    const QString name = QDir::toNativeSeparators(fileName);
+    const bool isDone = SetFileSecurityW(reinterpret_cast<const wchar_t *>(name.utf16()), DACL_SECURITY_INFORMATION, descriptor) != 0;
+    LocalFree(descriptor);
+    return isDone;
+}
