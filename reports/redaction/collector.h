@@ -38,7 +38,7 @@ struct Collected
 };
 
 /// Adds the names to \a identities.
-Collected collect(const Document &document, const WordList &hide, const WordList &keep, Identities &identities);
+Collected collect(const Document &document, WordList &hide, WordList &keep, Identities &identities);
 
 } // namespace Reports
 } // namespace velkor

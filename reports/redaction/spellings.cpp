@@ -108,11 +108,12 @@ void addVariants(std::vector<Spelling> &spellings, const QString &name)
 /// \a name and its form for programs that know ASCII only, as whole words.
 void addAccountName(std::vector<Spelling> &spellings, const QString &name)
 {
-    for (const QString &form : {name, transliterated(name)}) {
-        const std::u16string symbols = folded(form);
-        if (distinctionOf(symbols) != Distinction::None)
-            spellings.push_back({symbols, Boundaries::Word});
-    }
+    constexpr int shortest = 4;
+    if (name.size() < shortest)
+        return;
+    spellings.push_back({folded(name), Boundaries::Word});
+    if (!isAscii(name))
+        spellings.push_back({folded(transliterated(name)), Boundaries::Word});
 }
 
 /// What precedes "~" in a short name: without blanks and points, six characters.
