@@ -3,6 +3,7 @@
 #include "decoded_text.h"
 #include "reader.h"
 #include "text_encoding.h"
+#include "value_lines.h"
 #include "values.h"
 
 #include <cstring>
@@ -16,27 +17,9 @@ namespace {
 std::vector<QByteArray> linesOf(const DocumentData &data, const Fact &fact)
 {
     std::vector<QByteArray> lines;
-    const char last = data.lineEnd[data.lineEnd.size() - 1];
-    for (int begin = fact.begin;;) {
-        const int found = data.text.indexOf(last, begin);
-        if (found < 0 || found >= fact.end) {
-            lines.push_back(data.text.mid(begin, fact.end - begin));
-            return lines;
-        }
-        int end = found;
-        while (data.carriageReturns && end > begin && data.text[end - 1] == '\r')
-            --end;
-        if (!data.doubleSpaced || end > begin)
-            lines.push_back(data.text.mid(begin, end - begin));
-        begin = found + 1;
-        const QByteArray &prefix = data.linePrefix;
-        if (prefix.isEmpty())
-            continue;
-        if (std::strncmp(data.text.constData() + begin, prefix.constData(), std::size_t(prefix.size())) == 0)
-            begin = std::min(begin + prefix.size(), fact.end);
-        else if (prefix.endsWith(' ') && data.text.mid(begin, prefix.size() - 1) == prefix.left(prefix.size() - 1))
-            begin = std::min(begin + prefix.size() - 1, fact.end);
-    }
+    for (const TextLine &line : valueLines(data, fact.begin, fact.end))
+        lines.push_back(data.text.mid(line.begin, line.end - line.begin));
+    return lines;
 }
 
 QByteArray joined(const std::vector<QByteArray> &lines, char separator)

@@ -1,0 +1,61 @@
+// Texts as symbols that are equal if a person takes the letters for the same.
+#pragma once
+
+#include <QtCore/QString>
+#include <string>
+#include <string_view>
+
+namespace velkor {
+namespace Reports {
+
+enum class SymbolClass : unsigned char {
+    Lower, ///< small letter, or letter of a script without cases
+    Upper,
+    Digit,
+    Ideograph, ///< of a script that separates no words
+    Other,
+};
+
+/// A letter in the form in which names are compared: without case, accents and the two kinds of the
+/// Turkish i.
+struct Symbol
+{
+    char16_t code = 0;
+    SymbolClass kind = SymbolClass::Other;
+    int begin = 0; ///< offset of the bytes that the symbol stands for
+    int end = 0;
+};
+
+/// Reads UTF-8 as symbols. Percent codes are decoded, combining marks skipped; a byte that is no UTF-8
+/// is a letter of Latin-1. All kinds and runs of blanks are one space.
+class SymbolReader
+{
+public:
+    explicit SymbolReader(std::string_view utf8);
+
+    /// Returns false at the end.
+    bool next(Symbol &symbol);
+
+private:
+    bool takeCodePoint(char32_t &codePoint);
+    bool takePercentCode(char32_t &codePoint);
+    unsigned char percentCodeAt(std::size_t offset) const;
+
+    std::string_view text;
+    std::size_t at = 0;
+    bool afterSpace = false;
+    bool hasSecond = false; ///< the same bytes stand for another symbol
+    Symbol second;
+};
+
+/// The symbols of a text.
+std::u16string folded(std::string_view utf8);
+std::u16string folded(const QString &text);
+
+inline bool isWordSymbol(SymbolClass kind)
+{
+    return kind != SymbolClass::Other;
+}
+
+} // namespace Reports
+} // namespace velkor

@@ -1,0 +1,296 @@
+#include "spellings.h"
+
+#include "ordinary_words.h"
+
+#include <algorithm>
+
+namespace velkor {
+namespace Reports {
+
+namespace {
+
+constexpr int netBiosLength = 15;
+constexpr int longestName = 256; // of which variants are made
+
+bool isAscii(const QString &name)
+{
+    return std::all_of(name.begin(), name.end(), [](QChar character) { return character.unicode() < 0x80; });
+}
+
+QString replacedLetters(const QString &name, const QString &other)
+{
+    QString result;
+    for (const QChar character : name) {
+        if (character.unicode() < 0x80)
+            result += character;
+        else if (!character.isLowSurrogate())
+            result += other;
+    }
+    return result;
+}
+
+/// "Joern" for "Jörn".
+QString transliterated(const QString &name)
+{
+    struct Letter
+    {
+        char16_t code;
+        const char *latin;
+    };
+    static constexpr Letter letters[] = {
+        {0xe4, "ae"}, {0xf6, "oe"}, {0xfc, "ue"}, {0xc4, "Ae"}, {0xd6, "Oe"}, {0xdc, "Ue"}, {0xe5, "aa"}, {0xc5, "Aa"},
+        {0xe6, "ae"}, {0xf8, "oe"}, {0xd8, "Oe"}, {0xc6, "Ae"}, {0xfe, "th"}, {0xf0, "d"}, {0x153, "oe"},
+    };
+    QString result;
+    for (const QChar character : name) {
+        const auto *found = std::find_if(std::begin(letters), std::end(letters), [character](const Letter &letter) {
+            return letter.code == character.unicode();
+        });
+        if (found != std::end(letters))
+            result += QLatin1String(found->latin);
+        else
+            result += character;
+    }
+    return result;
+}
+
+/// UTF-8 that somebody read as Latin-1.
+QString misread(const QString &name)
+{
+    return QString::fromLatin1(name.toUtf8());
+}
+
+/// \a name and what becomes of its letters on the way through programs that know ASCII only.
+QStringList variantsOf(const QString &name)
+{
+    if (isAscii(name) || name.size() > longestName)
+        return {name};
+    return {name,
+            transliterated(name),
+            misread(name),
+            replacedLetters(name, QString(QChar(QChar::ReplacementCharacter))),
+            replacedLetters(name, QStringLiteral("?")),
+            replacedLetters(name, QStringLiteral("_"))};
+}
+
+Boundaries boundariesOf(Distinction distinction)
+{
+    return distinction == Distinction::Clear ? Boundaries::Anywhere : Boundaries::Word;
+}
+
+void addSpelling(std::vector<Spelling> &spellings, const QString &name)
+{
+    const std::u16string symbols = folded(name);
+    const Distinction distinction = distinctionOf(symbols);
+    if (distinction != Distinction::None)
+        spellings.push_back({symbols, boundariesOf(distinction)});
+}
+
+void addVariants(std::vector<Spelling> &spellings, const QString &name)
+{
+    for (const QString &variant : variantsOf(name))
+        addSpelling(spellings, variant);
+}
+
+/// What precedes "~" in a short name: without blanks and points, six characters.
+QString shortBase(const QString &name)
+{
+    constexpr int length = 6;
+    QString base;
+    for (const QChar character : name) {
+        if (character.unicode() > 0x20 && !QStringLiteral(".,;=+[]\"/\\:|<>*?").contains(character))
+            base += character;
+    }
+    return base.left(length);
+}
+
+QStringList shortBases(const QString &name)
+{
+    QString ascii = name;
+    ascii.remove(QChar(QChar::ReplacementCharacter));
+    QStringList bases {shortBase(name), shortBase(replacedLetters(name, QStringLiteral("_"))),
+                       shortBase(replacedLetters(name, QString()))};
+    bases.removeDuplicates();
+    return bases;
+}
+
+/// "LINDMO~": the digit after it differs.
+void addShortNames(std::vector<Spelling> &spellings, const QString &name)
+{
+    constexpr int shortest = 4;
+    if (name.size() > longestName)
+        return;
+    for (const QString &base : shortBases(name)) {
+        const std::u16string symbols = folded(base);
+        if (base.size() < shortest || isOrdinaryWord(symbols))
+            continue;
+        for (const char16_t digit : {u'1', u'2', u'3', u'4'})
+            spellings.push_back({symbols + u'~' + digit, Boundaries::Word});
+    }
+}
+
+/// Forms that accounts and mail addresses are made of: "jorn.lindmoor", "jlindmoor", "lindmoorj".
+void addAccountNames(std::vector<Spelling> &spellings, const QStringList &words)
+{
+    if (words.size() < 2 || words.size() > 4)
+        return;
+    const QString &first = words.first();
+    const QString &last = words.last();
+    const QString initial = first.left(1);
+    for (const char *separator : {"", ".", "_", "-", " ", ", "}) {
+        const QLatin1String between(separator);
+        for (const QString &form : {first + between + last, last + between + first, initial + between + last, last + between + initial})
+            addVariants(spellings, form);
+    }
+    const QString initialOfLast = last.left(1);
+    addVariants(spellings, first + QLatin1Char('.') + initialOfLast);
+}
+
+QStringList splitWords(const QString &name)
+{
+    QString separated = name;
+    for (QChar &character : separated) {
+        if (!character.isLetterOrNumber() && character != QLatin1Char('-') && character != QChar(QChar::ReplacementCharacter)
+            && !character.isSurrogate() && !character.isMark())
+            character = QLatin1Char(' ');
+    }
+    return separated.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+/// A name of several words without blanks, or with other characters for them.
+void addJoined(std::vector<Spelling> &spellings, const QString &name)
+{
+    const QStringList words = splitWords(name);
+    if (words.size() < 2)
+        return;
+    for (const char *separator : {"", "_", "-", ".", " "})
+        addVariants(spellings, words.join(QLatin1String(separator)));
+}
+
+/// Whether a domain belongs to nobody: "co.uk".
+bool isPublicSuffix(const QStringList &labels)
+{
+    static const QStringList suffixes {QStringLiteral("co"), QStringLiteral("com"), QStringLiteral("ac"), QStringLiteral("org"),
+                                       QStringLiteral("net"), QStringLiteral("gov"), QStringLiteral("edu"), QStringLiteral("or")};
+    return labels.size() < 2 || (labels.size() == 2 && labels.last().size() == 2 && suffixes.contains(labels.first().toLower()));
+}
+
+/// The domain, those above it, and the labels that can stand for it: "BIRKENTAL" of "corp.birkental.example".
+void addDomain(std::vector<Spelling> &spellings, const QString &name)
+{
+    constexpr int mostLabels = 10;
+    addVariants(spellings, name);
+    QStringList labels = name.split(QLatin1Char('.'), Qt::SkipEmptyParts);
+    if (labels.size() < 2 || labels.size() > mostLabels)
+        return;
+    addVariants(spellings, labels.first());
+    while (!isPublicSuffix(labels)) {
+        addVariants(spellings, labels.join(QLatin1Char('.')));
+        const QString owner = labels.takeFirst();
+        if (isPublicSuffix(labels))
+            addVariants(spellings, owner);
+    }
+}
+
+} // namespace
+
+QStringList wordsOf(AliasKind kind, const QString &name)
+{
+    constexpr int shortest = 4;
+    constexpr int shortestOfPerson = 3;
+    QStringList words;
+    if (name.size() > longestName)
+        return words;
+    const int length = kind == AliasKind::User ? shortestOfPerson : shortest;
+    for (const QString &word : splitWords(name)) {
+        const bool isWord = distinctionOf(folded(word)) != Distinction::None;
+        if (isWord && (word.size() >= length || !isAscii(word)))
+            words += word;
+    }
+    return words;
+}
+
+bool isShortName(const std::u16string &component)
+{
+    constexpr std::size_t longestBase = 6;
+    const std::size_t tilde = component.find(u'~');
+    if (tilde == std::u16string::npos || tilde == 0 || tilde > longestBase)
+        return false;
+    const std::size_t digits = component.find_first_not_of(u"0123456789", tilde + 1);
+    return tilde + 1 < component.size() && (digits == std::u16string::npos || (component[digits] == u'.' && digits > tilde + 1));
+}
+
+bool isShortNameOf(const std::u16string &component, const QString &name)
+{
+    if (!isShortName(component) || name.size() > longestName)
+        return false;
+    const std::u16string base = component.substr(0, component.find(u'~'));
+    for (const QString &candidate : shortBases(name)) {
+        const std::u16string symbols = folded(candidate);
+        if (symbols.size() >= 2 && (symbols == base || (base.size() == 6 && base.compare(0, 2, symbols, 0, 2) == 0
+                                     && base.find_first_not_of(u"0123456789abcdef", 2) == std::u16string::npos)))
+            return true;
+    }
+    return false;
+}
+
+std::vector<Spelling> spellingsOf(AliasKind kind, const QString &name)
+{
+    std::vector<Spelling> spellings;
+    switch (kind) {
+    case AliasKind::User:
+        addVariants(spellings, name);
+        addJoined(spellings, name);
+        addAccountNames(spellings, splitWords(name));
+        for (const QString &word : wordsOf(kind, name)) {
+            addVariants(spellings, word);
+            addShortNames(spellings, word);
+        }
+        addShortNames(spellings, name);
+        break;
+    case AliasKind::Organisation:
+        addVariants(spellings, name);
+        addJoined(spellings, name);
+        for (const QString &word : wordsOf(kind, name))
+            addVariants(spellings, word);
+        addShortNames(spellings, name);
+        break;
+    case AliasKind::Host:
+        addVariants(spellings, name);
+        if (name.size() > netBiosLength)
+            addVariants(spellings, name.left(netBiosLength));
+        break;
+    case AliasKind::Domain:
+        addDomain(spellings, name);
+        break;
+    case AliasKind::Share:
+    case AliasKind::Folder: {
+        const std::u16string symbols = folded(name);
+        if (symbols.size() >= 5 && distinctionOf(symbols) != Distinction::None)
+            spellings.push_back({symbols, Boundaries::Component});
+        break;
+    }
+    case AliasKind::Label:
+        for (const QString &variant : variantsOf(name)) {
+            const std::u16string symbols = folded(variant);
+            if (symbols.size() >= 4 && distinctionOf(symbols) != Distinction::None)
+                spellings.push_back({symbols, Boundaries::Word});
+        }
+        break;
+    case AliasKind::Mac:
+    case AliasKind::Ip:
+        break; // found as addresses
+    case AliasKind::Word: {
+        const std::u16string symbols = folded(name);
+        spellings.push_back({symbols, symbols.size() > 3 ? Boundaries::Anywhere : Boundaries::Word});
+        break;
+    }
+    default:
+        addVariants(spellings, name);
+        break;
+    }
+    return spellings;
+}
+
+} // namespace Reports
+} // namespace velkor
