@@ -1,0 +1,289 @@
+#include "addresses.h"
+
+#include "address_forms.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+namespace velkor {
+namespace Reports {
+
+namespace {
+
+constexpr std::size_t digitsOfMac = 12;
+constexpr std::size_t blockSize = 8;
+
+enum CharacterClass : unsigned char {
+    Hexadecimal = 0x1,
+    Separator = 0x2, ///< or the start of a percent-coded one
+};
+
+constexpr std::array<unsigned char, 256> characterClasses()
+{
+    std::array<unsigned char, 256> classes {};
+    for (int i = 0; i < 128; ++i) {
+        if (hexValue(char(i)) >= 0)
+            classes[std::size_t(i)] = Hexadecimal;
+    }
+    for (const char c : {':', '.', '-', '_', '%'})
+        classes[std::size_t(c)] = Separator;
+    return classes;
+}
+
+constexpr std::array<unsigned char, 256> classes = characterClasses();
+
+unsigned classOf(char c)
+{
+    return classes[static_cast<unsigned char>(c)];
+}
+
+bool isHex(char c)
+{
+    return classOf(c) == Hexadecimal;
+}
+
+bool hasSeparator(const char *block)
+{
+    return ((classOf(block[0]) | classOf(block[1]) | classOf(block[2]) | classOf(block[3]) | classOf(block[4])
+             | classOf(block[5]) | classOf(block[6]) | classOf(block[7]))
+            & Separator)
+        != 0;
+}
+
+/// Finds the addresses that have separators. Passes over the text once; at each separator after a hexadecimal
+/// digit it tries the forms that this separator allows.
+class AddressFinder
+{
+public:
+    explicit AddressFinder(std::string_view text)
+        : text_(text)
+    {
+    }
+
+    std::vector<AddressPlace> find();
+
+private:
+    void findBetween(std::size_t begin, std::size_t end);
+    bool canFollowDigit(std::size_t separator) const;
+    bool canBeFirst(std::size_t separator) const;
+    bool readAround(std::size_t separator);
+    bool readGap(std::size_t colon);
+    bool beginsWord(std::size_t at) const;
+    bool readForms(std::size_t begin, std::size_t end, char separator);
+    bool readAfterColon(std::size_t begin, std::size_t length);
+    bool readAfterHyphen(std::size_t begin, std::size_t length);
+    bool readNumbers(std::size_t end, char separator);
+
+    const std::string_view text_;
+    std::vector<AddressPlace> places_;
+    AddressPlace place_;
+    std::size_t next_ = 0; ///< where to continue after the last place
+};
+
+std::vector<AddressPlace> AddressFinder::find()
+{
+    std::size_t i = 0;
+    for (; i + blockSize <= text_.size(); i += blockSize) {
+        if (hasSeparator(text_.data() + i))
+            findBetween(i, i + blockSize);
+    }
+    findBetween(i, text_.size());
+    return std::move(places_);
+}
+
+void AddressFinder::findBetween(std::size_t begin, std::size_t end)
+{
+    const char *const text = text_.data();
+    for (std::size_t i = begin; i < end; ++i) {
+        if (classOf(text[i]) != Separator)
+            continue;
+        const bool canBeAddress = i > 0 && isHex(text[i - 1]) ? canFollowDigit(i) : canBeFirst(i);
+        if (canBeAddress && i >= next_ && readAround(i))
+            places_.push_back(place_);
+    }
+}
+
+bool AddressFinder::canFollowDigit(std::size_t separator) const
+{
+    const char next = characterAt(text_, separator + 1);
+    return isHex(next) || next == text_[separator] || next == '%';
+}
+
+/// Whether a separator that follows no digit can be the first of "::".
+bool AddressFinder::canBeFirst(std::size_t separator) const
+{
+    const char c = text_[separator];
+    const char next = characterAt(text_, separator + 1);
+    return (c == ':' && (next == ':' || next == '%')) || (c == '%' && next == '3');
+}
+
+/// Tries the forms of an address whose first separator is at \a separator.
+bool AddressFinder::readAround(std::size_t separator)
+{
+    constexpr std::size_t longestRun = 7; // a percent-coded character and a group
+    std::size_t begin = separator;
+    while (begin > next_ && separator - begin < longestRun && isHex(text_[begin - 1]))
+        --begin;
+    if (begin >= 1 && separator - begin >= 2 && isPercentCode(text_, begin - 1))
+        begin += 2;
+    const char c = separatorAt(text_, separator);
+    if (begin == separator)
+        return c == ':' && readGap(separator);
+    const bool found = (beginsWord(begin) && separator - begin <= 4 && readForms(begin, separator, c)) || readNumbers(separator, c);
+    if (found)
+        next_ = place_.end;
+    return found;
+}
+
+bool AddressFinder::beginsWord(std::size_t at) const
+{
+    return at == 0 || !isAlphanumeric(text_[at - 1]) || (at >= 3 && isPercentCode(text_, at - 3));
+}
+
+/// An address that begins with "::".
+bool AddressFinder::readGap(std::size_t colon)
+{
+    const std::size_t second = colon + separatorLength(text_, colon, ':');
+    const std::size_t length = separatorLength(text_, second, ':');
+    const bool isThird = (colon > 0 && text_[colon - 1] == ':') || (colon >= 3 && separatorAt(text_, colon - 3) == ':');
+    const bool hasThird = separatorLength(text_, second + length, ':') > 0;
+    if (length == 0 || isThird || hasThird || !beginsWord(colon) || !readIp6(text_, colon, ':', place_))
+        return false;
+    next_ = place_.end;
+    return true;
+}
+
+bool AddressFinder::readForms(std::size_t begin, std::size_t end, char separator)
+{
+    const std::size_t length = end - begin;
+    if (separator == ':')
+        return readAfterColon(begin, length);
+    if (separator == '-')
+        return readAfterHyphen(begin, length);
+    if (separator == '.' && length == 1)
+        return readReversedIp6(text_, begin, place_);
+    if (separator == '.' && length == 4)
+        return readMacOfThree(text_, begin, '.', place_);
+    return separator == '_' && length == 2 && readPairs(text_, begin, '_', place_);
+}
+
+bool AddressFinder::readAfterColon(std::size_t begin, std::size_t length)
+{
+    return readIp6(text_, begin, ':', place_) || (length == 4 && readMacOfThree(text_, begin, ':', place_))
+        || (length == 2 && readPairs(text_, begin, ':', place_)) || (length <= 2 && readShortMac(text_, begin, place_));
+}
+
+bool AddressFinder::readAfterHyphen(std::size_t begin, std::size_t length)
+{
+    return readIp6(text_, begin, '-', place_) || (length == 4 && readMacOfThree(text_, begin, '-', place_))
+        || (length == 2 && readPairs(text_, begin, '-', place_));
+}
+
+/// IPv4 at the decimal digits before \a end.
+bool AddressFinder::readNumbers(std::size_t end, char separator)
+{
+    std::size_t first = end;
+    while (first > next_ && end - first <= 3 && isDecimal(text_[first - 1]))
+        --first;
+    if (first == end || end - first > 3 || separator == ':' || separator == '\0')
+        return false;
+    const bool insideVersion = separator == '.' && first >= 2 && text_[first - 1] == '.' && isDecimal(text_[first - 2]);
+    return !insideVersion && readIp4(text_, first, separator, place_);
+}
+
+/// The MAC addresses without separators. Looks at three of eight bytes: these are digits in each run of twelve.
+std::vector<AddressPlace> plainMacs(std::string_view text)
+{
+    std::vector<AddressPlace> places;
+    std::size_t end = 0;
+    for (std::size_t i = 1; i + 4 < text.size(); i += blockSize) {
+        if (!isHex(text[i]) || !isHex(text[i + 2]) || !isHex(text[i + 4]))
+            continue;
+        std::size_t begin = i;
+        while (begin > end && i - begin < digitsOfMac && isHex(text[begin - 1]))
+            --begin;
+        if (begin >= end && isPlainMac(text, begin)) {
+            places.push_back(plainMac(text, begin));
+            end = places.back().end;
+        }
+    }
+    return places;
+}
+
+/// Adds those of \a others that overlap none of \a places.
+void merge(std::vector<AddressPlace> &places, std::vector<AddressPlace> &&others)
+{
+    if (others.empty())
+        return;
+    std::vector<AddressPlace> merged;
+    merged.reserve(places.size() + others.size());
+    auto place = places.begin();
+    for (AddressPlace &other : others) {
+        for (; place != places.end() && place->begin < other.end; ++place)
+            merged.push_back(std::move(*place));
+        if (merged.empty() || merged.back().end <= other.begin)
+            merged.push_back(std::move(other));
+    }
+    std::move(place, places.end(), std::back_inserter(merged));
+    places = std::move(merged);
+}
+
+/// Whether all bits that are 1 precede all that are 0.
+bool isMask(const QByteArray &bytes)
+{
+    bool ended = false;
+    for (const char byte : bytes) {
+        for (int bit = 7; bit >= 0; --bit) {
+            const bool isSet = (uchar(byte) >> bit & 1) != 0;
+            if (isSet && ended)
+                return false;
+            ended |= !isSet;
+        }
+    }
+    return true;
+}
+
+bool isCommonIp4(const QByteArray &bytes)
+{
+    const int first = uchar(bytes[0]);
+    return first == 0 || first == 127 || (first >= 224 && first < 240) || isMask(bytes);
+}
+
+/// The multicast addresses of one machine ("ff02::1:ff00:531a") contain a part of its own address.
+bool isMulticastOfMachine(const QByteArray &bytes)
+{
+    return bytes.startsWith("\xff\x02") && bytes.mid(2, 11) == QByteArray(9, '\0') + QByteArray("\x01\xff");
+}
+
+bool isCommonIp6(const QByteArray &bytes)
+{
+    const bool isLoopback = bytes == QByteArray(15, '\0') + '\x01';
+    return isLoopback || (uchar(bytes[0]) == 0xff && !isMulticastOfMachine(bytes)) || isMask(bytes);
+}
+
+} // namespace
+
+std::vector<AddressPlace> findAddresses(std::string_view text)
+{
+    std::vector<AddressPlace> places = AddressFinder(text).find();
+    merge(places, plainMacs(text));
+    return places;
+}
+
+bool isCommonAddress(const AddressPlace &address)
+{
+    const QByteArray &bytes = address.canonical;
+    switch (address.family) {
+    case AddressFamily::Ip4:
+        return isCommonIp4(bytes);
+    case AddressFamily::Ip6:
+        return isCommonIp6(bytes);
+    case AddressFamily::Mac:
+        break;
+    }
+    return bytes.count('\0') == bytes.size() || bytes.count('\xff') == bytes.size();
+}
+
+} // namespace Reports
+} // namespace velkor
