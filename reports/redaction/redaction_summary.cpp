@@ -163,8 +163,7 @@ QByteArray redactionJson(const Redaction &redaction)
 {
     QByteArray objects;
     for (const Alias &alias : redaction.aliases) {
-        addObject(objects, aliasHead(alias) + ", \"count\": " + QByteArray::number(alias.count) + ", \"reasons\": "
-                               + reasonArray(alias.reasons) + '}');
+        addObject(objects, aliasHead(alias) + ", \"count\": " + QByteArray::number(alias.count) + ", \"reasons\": " + reasonArray(alias.reasons) + '}');
     }
     return "{\"anonymous\": false, \"environmentValues\": " + QByteArray::number(redaction.environmentValues) + ", "
         + aliasArray(objects);

@@ -44,7 +44,8 @@ void FailureList::show(const char *name, const QMap<QString, int> &of) const
     for (const Failure *one : inOrder()) {
         const Failure &failure = *one;
         if (number++ < shown)
-            qInfo("%s: %s: %s: %s", name, qPrintable(place(failure)), qPrintable(failure.kind), qUtf8Printable(failure.what));
+            qInfo("%s: %s: %s: %s", name, qPrintable(place(failure)), qPrintable(failure.kind),
+                  qUtf8Printable(failure.what));
         ++failures[failure.kind];
         reports[failure.kind] += failure.report;
     }
@@ -52,7 +53,8 @@ void FailureList::show(const char *name, const QMap<QString, int> &of) const
         qInfo("%s: and %d more", name, int(m_failures.size() - shown));
     for (auto kind = failures.cbegin(); kind != failures.cend(); ++kind) {
         const QString total = of.contains(kind.key()) ? QStringLiteral(" of %1").arg(of.value(kind.key())) : QString();
-        qInfo("%s: %5d  %s, in %d%s reports", name, kind.value(), qPrintable(kind.key()), reports[kind.key()].size(), qPrintable(total));
+        qInfo("%s: %5d  %s, in %d%s reports", name, kind.value(), qPrintable(kind.key()), reports[kind.key()].size(),
+              qPrintable(total));
     }
 }
 
@@ -63,6 +65,9 @@ void FailureList::write(const QString &fileName) const
         return;
     for (const Failure &failure : m_failures) {
         const QString what = QString(failure.what).replace(QLatin1Char('\n'), QStringLiteral("\\n"));
-        file.write(QStringList {failure.report, QString::number(failure.line), failure.kind, what}.join(QLatin1Char('\t')).toUtf8() + '\n');
+        file.write(QStringList {failure.report, QString::number(failure.line), failure.kind, what}
+                       .join(QLatin1Char('\t'))
+                       .toUtf8()
+                   + '\n');
     }
 }

@@ -19,7 +19,8 @@ QString unescaped(const QString &text)
             continue;
         }
         const QChar next = text.at(++i);
-        result += next == QLatin1Char('t') ? QLatin1Char('\t') : next == QLatin1Char('n') ? QLatin1Char('\n') : next;
+        result += next == QLatin1Char('t') ? QLatin1Char('\t') : next == QLatin1Char('n') ? QLatin1Char('\n')
+                                                                                          : next;
     }
     return result;
 }
@@ -48,10 +49,7 @@ bool addStatement(PlantedReport &report, const QString &row)
 
 } // namespace
 
-QString Hidden::plant() const
-{
-    return note.section(QStringLiteral(": "), 0, 0);
-}
+QString Hidden::plant() const { return note.section(QStringLiteral(": "), 0, 0); }
 
 QString decodedBytes(const QByteArray &bytes)
 {
@@ -63,10 +61,7 @@ QString decodedBytes(const QByteArray &bytes)
     return text;
 }
 
-QStringList linesOf(const Document &document)
-{
-    return decodedBytes(document.bytes()).split(QLatin1Char('\n'));
-}
+QStringList linesOf(const Document &document) { return decodedBytes(document.bytes()).split(QLatin1Char('\n')); }
 
 std::vector<PlantedReport> plantedReports(const QString &folder, QString &error)
 {

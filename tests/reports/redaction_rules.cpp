@@ -20,23 +20,21 @@ bool isEqual(const Item &left, const Item &right)
         && left.firstFact == right.firstFact && left.lastFact == right.lastFact;
 }
 
-bool isEqual(const Fact &left, const Fact &right)
-{
-    return left.row == right.row && left.item == right.item;
-}
+bool isEqual(const Fact &left, const Fact &right) { return left.row == right.row && left.item == right.item; }
 
 /// The number of the line that the offset is in, from 1.
-int lineOf(const Document &document, int offset)
-{
-    return document.text().left(offset).count('\n') + 1;
-}
+int lineOf(const Document &document, int offset) { return document.text().left(offset).count('\n') + 1; }
 
 template <typename Part>
-QString flawOfParts(const char *name, const Document &before, const std::vector<Part> &left, const std::vector<Part> &right)
+QString flawOfParts(const char *name, const Document &before, const std::vector<Part> &left,
+                    const std::vector<Part> &right)
 {
     for (std::size_t i = 0; i < left.size() && i < right.size(); ++i) {
         if (!isEqual(left[i], right[i]))
-            return QStringLiteral("%1 %2 in line %3 is another one").arg(QLatin1String(name)).arg(i).arg(lineOf(before, left[i].begin));
+            return QStringLiteral("%1 %2 in line %3 is another one")
+                .arg(QLatin1String(name))
+                .arg(i)
+                .arg(lineOf(before, left[i].begin));
     }
     if (left.size() != right.size())
         return QStringLiteral("%1 instead of %2 of: %3").arg(right.size()).arg(left.size()).arg(QLatin1String(name));
@@ -88,17 +86,20 @@ QString flawOfAlias(const Alias &alias, bool hasKey)
 
 bool haveSameLineBreaks(const Document &before, const Document &after)
 {
-    return before.text().count('\n') == after.text().count('\n') && before.text().count('\r') == after.text().count('\r');
+    return before.text().count('\n') == after.text().count('\n')
+        && before.text().count('\r') == after.text().count('\r');
 }
 
 QString flawOfRedaction(const Document &before, const Document &after)
 {
     if (!haveSameLineBreaks(before, after))
         return QStringLiteral("%1 lines instead of %2").arg(after.text().count('\n')).arg(before.text().count('\n'));
-    if (before.encoding() != after.encoding() || before.lineEnd() != after.lineEnd() || before.linePrefix() != after.linePrefix())
+    if (before.encoding() != after.encoding() || before.lineEnd() != after.lineEnd()
+        || before.linePrefix() != after.linePrefix())
         return QStringLiteral("the encoding, the line ends or the quotes");
     if (before.states() != after.states())
-        return QStringLiteral("the states %1 instead of %2").arg(stateNames(after.states()).join(QLatin1Char(' ')), stateNames(before.states()).join(QLatin1Char(' ')));
+        return QStringLiteral("the states %1 instead of %2")
+            .arg(stateNames(after.states()).join(QLatin1Char(' ')), stateNames(before.states()).join(QLatin1Char(' ')));
     QString flaw = flawOfParts("section", before, before.sections(), after.sections());
     if (flaw.isEmpty())
         flaw = flawOfParts("item", before, before.items(), after.items());
@@ -113,8 +114,9 @@ QString flawOfRedaction(const Document &before, const Document &after)
 
 std::vector<FoundAlias> aliasesIn(const QString &text)
 {
-    static const QRegularExpression expression(QStringLiteral(
-        "(?<![A-Za-z0-9])(user|host|domain|org|product|serial|mac|ip|printer|label|share|folder|secret|word)-[0-9]+(?![0-9])"));
+    static const QRegularExpression expression(
+        QStringLiteral("(?<![A-Za-z0-9])(user|host|domain|org|product|serial|mac|ip|printer|label|share|folder|secret|"
+                       "word)-[0-9]+(?![0-9])"));
     std::vector<FoundAlias> aliases;
     for (auto matches = expression.globalMatch(text); matches.hasNext();) {
         const QRegularExpressionMatch match = matches.next();

@@ -30,16 +30,10 @@ private Q_SLOTS:
 
 namespace {
 
-QByteArray workstationText()
-{
-    return contentsOf(QStringLiteral(REPORTS_DATA_DIR "/workstation.txt"));
-}
+QByteArray workstationText() { return contentsOf(QStringLiteral(REPORTS_DATA_DIR "/workstation.txt")); }
 
 /// The report of a machine whose user and folders have that name.
-QByteArray reportOfUser(const QByteArray &name)
-{
-    return workstationText().replace("J\xc3\xb6rn", name);
-}
+QByteArray reportOfUser(const QByteArray &name) { return workstationText().replace("J\xc3\xb6rn", name); }
 
 /// Redacts the text twice and checks what holds for every text. Returns the redacted text.
 QByteArray checked(const QByteArray &text, const RedactionOptions &options = {})
@@ -75,8 +69,9 @@ void HostileRedactionTest::manyAddresses()
     QByteArray text;
     text.reserve(60 * count);
     for (unsigned i = 0; i < count; ++i) {
-        text += "http://11." + QByteArray::number(i >> 16 & 255) + '.' + QByteArray::number(i >> 8 & 255) + '.' + QByteArray::number(i & 255)
-            + "/ http://[2001:db8:" + QByteArray::number(i >> 16, 16) + "::" + QByteArray::number(i & 0xffff, 16) + "]/\n";
+        text += "http://11." + QByteArray::number(i >> 16 & 255) + '.' + QByteArray::number(i >> 8 & 255) + '.'
+            + QByteArray::number(i & 255) + "/ http://[2001:db8:" + QByteArray::number(i >> 16, 16)
+            + "::" + QByteArray::number(i & 0xffff, 16) + "]/\n";
     }
     const Redaction redaction = redact({read(text)});
     const QByteArray redacted = redaction.documents.front().bytes();
@@ -123,11 +118,12 @@ void HostileRedactionTest::manyVariables()
 void HostileRedactionTest::names_data()
 {
     QTest::addColumn<QByteArray>("name");
-    for (const char *name : {".*", "(a+)+$", "[", "]", "\\", "\\\\", "^", "$", "|", "?", "*", "***", "a|b", "[a-z]*", "(?=.)", "%", "%1",
-                             "%%", "%20", "%00", "%n", "{0}", "<b>", "&amp;", "\"", "'", "/", "//", ":", "@", "~", "~1", "-", "--", "_",
-                             ".", "..", "...", "=", "1", "0", "a", "A", "i", "x", "e", "C", "C:", "PC", "Users", "Windows", "Microsoft",
-                             "Intel", "Driver", "Version", "user", "user-", "host", "length", "n", "\xc4\xb1", "\xc4\xb0", "\xc3\x9f", "\xef\xbb\xbf",
-                             "\xe2\x80\xae", "\xcc\x88", "\xff", "\xed\xa0\x80", "--------", "____"})
+    for (const char *name : {".*", "(a+)+$", "[", "]", "\\", "\\\\", "^", "$", "|", "?", "*", "***", "a|b", "[a-z]*",
+                             "(?=.)", "%", "%1", "%%", "%20", "%00", "%n", "{0}", "<b>", "&amp;", "\"", "'", "/",
+                             "//", ":", "@", "~", "~1", "-", "--", "_", ".", "..", "...", "=", "1", "0", "a", "A",
+                             "i", "x", "e", "C", "C:", "PC", "Users", "Windows", "Microsoft", "Intel", "Driver",
+                             "Version", "user", "user-", "host", "length", "n", "\xc4\xb1", "\xc4\xb0", "\xc3\x9f",
+                             "\xef\xbb\xbf", "\xe2\x80\xae", "\xcc\x88", "\xff", "\xed\xa0\x80", "--------", "____"})
         QTest::newRow(qPrintable(QString::fromUtf8(name))) << QByteArray(name);
     QTest::newRow("blank") << QByteArray(" ");
     QTest::newRow("blanks") << QByteArray("     ");
@@ -152,7 +148,8 @@ void HostileRedactionTest::names()
 
 void HostileRedactionTest::longName()
 {
-    for (const QByteArray &part : {QByteArray("x"), QByteArray("Lindmoor"), QByteArray("a b "), QByteArray("~1"), QByteArray("\xc4\xb0")}) {
+    for (const QByteArray &part :
+         {QByteArray("x"), QByteArray("Lindmoor"), QByteArray("a b "), QByteArray("~1"), QByteArray("\xc4\xb0")}) {
         const QByteArray name = part.repeated(100000 / part.size());
         const QByteArray redacted = checked(reportOfUser(name));
         QVERIFY(!redacted.isEmpty());
@@ -164,10 +161,11 @@ void HostileRedactionTest::longName()
 void HostileRedactionTest::longLines_data()
 {
     QTest::addColumn<QByteArray>("part");
-    for (const char *part : {"a", "1", "f", ":", ".", "-", "\\", "/", "%", "=", "@", "1.", "1.2.3.4.", "::", "fe80::", "00:", "00-", "ff:", "a.b.",
-                             "\\\\a", "C:\\Users\\", "C:\\Users\\a\\", "a@b.", "http://", "http://a:b@", "password=", "Bearer ", "eyJ", "eyJ.",
-                             "-----BEGIN A KEY-----", "%41", "%", "a~1", "user-", "user-1", "user-1 ", "Server=a;Password=", "AKIA", "ghp_", "\xc4\xb0",
-                             "\xcc\x88", "\xff"})
+    for (const char *part : {"a", "1", "f", ":", ".", "-", "\\", "/", "%", "=", "@", "1.", "1.2.3.4.", "::", "fe80::",
+                             "00:", "00-", "ff:", "a.b.", "\\\\a", "C:\\Users\\", "C:\\Users\\a\\", "a@b.", "http://",
+                             "http://a:b@", "password=", "Bearer ", "eyJ", "eyJ.", "-----BEGIN A KEY-----", "%41",
+                             "%", "a~1", "user-", "user-1", "user-1 ", "Server=a;Password=", "AKIA", "ghp_",
+                             "\xc4\xb0", "\xcc\x88", "\xff"})
         QTest::newRow(qPrintable(QString::fromUtf8(part))) << QByteArray(part);
 }
 
@@ -186,8 +184,12 @@ void HostileRedactionTest::slowPatterns()
 {
     const QByteArray text = QByteArray(1 << 20, 'a') + '\n';
     RedactionOptions options;
-    options.hide = QStringList {QStringLiteral("*a*a*a*a*b"), QStringLiteral("?*?*?*?*b"), QStringLiteral("*[ab]*[ab]*[ab]*c"), QStringLiteral("[") + QString(200, QLatin1Char('a')),
-                                QString(128, QLatin1Char('*')) + QLatin1Char('b'), QStringLiteral("*a").repeated(127) + QLatin1Char('b')};
+    options.hide = QStringList {QStringLiteral("*a*a*a*a*b"),
+                                QStringLiteral("?*?*?*?*b"),
+                                QStringLiteral("*[ab]*[ab]*[ab]*c"),
+                                QStringLiteral("[") + QString(200, QLatin1Char('a')),
+                                QString(128, QLatin1Char('*')) + QLatin1Char('b'),
+                                QStringLiteral("*a").repeated(127) + QLatin1Char('b')};
     QCOMPARE(checked(text, options), text);
     options.keep = options.hide;
     options.hide = QStringList {QStringLiteral("b")};
@@ -216,7 +218,8 @@ void HostileRedactionTest::bytesThatAreNoText()
     QVERIFY(redacted.startsWith("a\n" + noise + '\n'));
     QVERIFY(redacted.endsWith('\n' + noise + '\n'));
     QVERIFY(!redacted.contains("MESSDATEN"));
-    const QByteArray inside = checked("User name:                    Lindmoor\n" + separatorLine() + "\nC:\\Users\\lind\0moor\\" + noise + "\\a\n");
+    const QByteArray inside = checked("User name:                    Lindmoor\n" + separatorLine()
+                                      + "\nC:\\Users\\lind\0moor\\" + noise + "\\a\n");
     QVERIFY(!inside.isEmpty());
 }
 

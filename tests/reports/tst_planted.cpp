@@ -15,9 +15,10 @@
 #include "test_main.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QProcess>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
+#include <algorithm>
 
 using namespace velkor::Reports;
 
@@ -99,15 +100,69 @@ void addMixedAliases(const PlantedReport &report, const std::vector<SeenAlias> &
         const SeenAlias *&thing = ofThings[one.hidden->thing];
         if (thing && thing->alias != one.alias) {
             failures.add(report.name, one.line + 1, QStringLiteral("two aliases: ") + one.hidden->plant(),
-                         QStringLiteral("%1 %2 is %3, but in line %4 %5 is %6").arg(one.hidden->thing, one.hidden->needle, one.alias).arg(thing->line + 1).arg(thing->hidden->needle, thing->alias));
+                         QStringLiteral("%1 %2 is %3, but in line %4 %5 is %6")
+                             .arg(one.hidden->thing, one.hidden->needle, one.alias, QString::number(thing->line + 1),
+                                  thing->hidden->needle, thing->alias));
         }
         const SeenAlias *&alias = ofAliases[one.alias];
         if (alias && alias->hidden->thing != one.hidden->thing) {
             failures.add(report.name, one.line + 1, QStringLiteral("two things: ") + one.hidden->plant(),
-                         QStringLiteral("%1 is %2 %3, but in line %4 %5 %6").arg(one.alias, one.hidden->thing, one.hidden->needle).arg(alias->line + 1).arg(alias->hidden->thing, alias->hidden->needle));
+                         QStringLiteral("%1 is %2 %3, but in line %4 %5 %6")
+                             .arg(one.alias, one.hidden->thing, one.hidden->needle, QString::number(alias->line + 1),
+                                  alias->hidden->thing, alias->hidden->needle));
         }
         thing = thing ? thing : &one;
         alias = alias ? alias : &one;
+    }
+}
+
+bool hasAliases(const PlantedReport &report)
+{
+    return !aliasesIn(report.lines.join(QLatin1Char('\n'))).empty();
+}
+
+/// Adds what is wrong with the redaction of several reports and, at the end, the first of them again.
+void addFlawsOfGroup(const std::vector<PlantedReport> &reports, const Redaction &redaction, FailureList &failures)
+{
+    const QString &name = reports.front().name;
+    const bool hadSome = std::any_of(reports.begin(), reports.end(), hasAliases);
+    const QString flaw = flawOfAliases(redaction, false, hadSome);
+    if (!flaw.isEmpty())
+        failures.add(name, 0, QStringLiteral("alias"), flaw);
+    if (redaction.documents.front().bytes() != redaction.documents.back().bytes())
+        failures.add(name, 0, QStringLiteral("the same report twice"), QString());
+    const Redaction again = redact(redaction.documents);
+    for (std::size_t i = 0; i < again.documents.size(); ++i) {
+        if (again.documents[i].bytes() != redaction.documents[i].bytes())
+            failures.add(name, 0, QStringLiteral("redacted again"), QString::number(i));
+    }
+}
+
+/// Adds what is wrong with a report that was redacted with others. \a addresses: which MAC address
+/// each alias stands for.
+void addFlawsOfMember(const PlantedReport &report, const Document &redacted, QMap<QString, QString> &addresses,
+                      FailureList &failures)
+{
+    const QString flaw = flawOfRedaction(report.document, redacted);
+    if (!flaw.isEmpty())
+        failures.add(report.name, 0, QStringLiteral("structure"), flaw);
+    const QString text = searchable(decodedBytes(redacted.bytes()));
+    for (const Hidden &hidden : report.hidden) {
+        if (text.contains(searchable(hidden.needle)))
+            failures.add(report.name, lineWith(report.lines, hidden.needle), hidden.plant(), hidden.needle);
+    }
+    const std::vector<SeenAlias> seen = seenAliases(report, linesOf(redacted));
+    addMixedAliases(report, seen, failures);
+    for (const SeenAlias &one : seen) {
+        if (one.hidden->kind != QLatin1String("mac"))
+            continue;
+        const QString digits = one.hidden->needle.toLower().remove(QRegularExpression(QStringLiteral("[:.-]")));
+        QString &address = addresses[one.alias];
+        if (!address.isEmpty() && address != digits) {
+            failures.add(report.name, one.line + 1, QStringLiteral("two things in two reports"),
+                         QStringLiteral("%1 is %2 and %3").arg(one.alias, digits, address));
+        }
+        address = digits;
     }
 }
 
@@ -134,7 +189,8 @@ void PlantedTest::makeReports(const QString &count)
     python.setProcessChannelMode(QProcess::ForwardedChannels);
     python.start(QStringLiteral(PYTHON), arguments);
     constexpr int tenMinutes = 600000;
-    QVERIFY2(python.waitForFinished(tenMinutes) && python.exitStatus() == QProcess::NormalExit && python.exitCode() == 0,
+    QVERIFY2(python.waitForFinished(tenMinutes) && python.exitStatus() == QProcess::NormalExit
+                 && python.exitCode() == 0,
              "make_planted.py failed");
 }
 
@@ -213,7 +269,8 @@ void PlantedTest::nothingHiddenIsLeft()
             }
             if (!names.isEmpty()) {
                 failures.add(m_reports[i].name, lineWith(m_reports[i].lines, hidden.needle), hidden.plant(),
-                             QStringLiteral("%1 \"%2\" is in %3: %4").arg(hidden.thing, hidden.needle, names.join(QStringLiteral(", ")), line));
+                             QStringLiteral("%1 \"%2\" is in %3: %4")
+                                 .arg(hidden.thing, hidden.needle, names.join(QStringLiteral(", ")), line));
             }
         }
     }
@@ -282,8 +339,10 @@ void PlantedTest::redactingAgainChangesNothing()
             for (int line = 0; line < once.size(); ++line) {
                 if (once[line] == twice.value(line))
                     continue;
-                failures.add(m_reports[i].name, line + 1, QStringLiteral("%1 then %2").arg(pair < 2 ? "numbers" : "key", pair % 3 == 0 ? "numbers" : "key"),
-                             QStringLiteral("\"%1\" became \"%2\"").arg(once[line], twice.value(line)));
+                failures.add(
+                    m_reports[i].name, line + 1,
+                    QStringLiteral("%1 then %2").arg(pair < 2 ? "numbers" : "key", pair % 3 == 0 ? "numbers" : "key"),
+                    QStringLiteral("\"%1\" became \"%2\"").arg(once[line], twice.value(line)));
             }
         }
     }
@@ -295,7 +354,7 @@ void PlantedTest::aliasesAreWellFormed()
 {
     FailureList failures;
     for (std::size_t i = 0; i < m_reports.size(); ++i) {
-        const bool hadSome = !aliasesIn(decodedBytes(m_reports[i].document.bytes())).empty();
+        const bool hadSome = hasAliases(m_reports[i]);
         const Redaction keyed = redact({m_reports[i].document}, withKey());
         for (const QString &flaw : {flawOfAliases(m_redactions[i], false, hadSome), flawOfAliases(keyed, true)}) {
             if (!flaw.isEmpty())
@@ -309,7 +368,8 @@ void PlantedTest::aliasesAreWellFormed()
             }
         }
         if (!redact({redacted(i)}).aliases.empty())
-            failures.add(m_reports[i].name, 0, QStringLiteral("aliases of a redacted report"), redact({redacted(i)}).aliases.front().text);
+            failures.add(m_reports[i].name, 0, QStringLiteral("aliases of a redacted report"),
+                         redact({redacted(i)}).aliases.front().text);
     }
     failures.show("aliases");
     QVERIFY(failures.isEmpty());
@@ -337,21 +397,24 @@ void PlantedTest::keyedAliasesAreTheSameInOtherReports()
     QMap<QString, QString> ofAddresses;
     int repeated = 0;
     for (const PlantedReport &report : m_reports) {
-        const std::vector<SeenAlias> seen = seenAliases(report, linesOf(redact({report.document}, withKey()).documents.front()));
+        const std::vector<SeenAlias> seen
+            = seenAliases(report, linesOf(redact({report.document}, withKey()).documents.front()));
         const QStringList copy = linesOf(redact({read(otherCopy(report))}, withKey()).documents.front());
         const QMap<QString, QSet<QString>> inCopy = aliasesOfThings(seenAliases(report, copy, 1));
         for (const SeenAlias &one : seen) {
             const QSet<QString> other = inCopy.value(one.hidden->thing);
             if (!other.isEmpty() && !other.contains(one.alias))
-                failures.add(report.name, one.line + 1, QStringLiteral("copy: ") + one.hidden->plant(),
-                             QStringLiteral("%1 is %2, in the copy %3").arg(one.hidden->needle, one.alias, *other.begin()));
+                failures.add(
+                    report.name, one.line + 1, QStringLiteral("copy: ") + one.hidden->plant(),
+                    QStringLiteral("%1 is %2, in the copy %3").arg(one.hidden->needle, one.alias, *other.begin()));
             if (one.hidden->kind != QLatin1String("ip") && one.hidden->kind != QLatin1String("mac"))
                 continue;
             QString &alias = ofAddresses[one.hidden->needle.toLower()];
             repeated += alias.isEmpty() ? 0 : 1;
             if (!alias.isEmpty() && alias != one.alias)
-                failures.add(report.name, one.line + 1, QStringLiteral("other report: ") + one.hidden->plant(),
-                             QStringLiteral("%1 is %2, in another report %3").arg(one.hidden->needle, one.alias, alias));
+                failures.add(
+                    report.name, one.line + 1, QStringLiteral("other report: ") + one.hidden->plant(),
+                    QStringLiteral("%1 is %2, in another report %3").arg(one.hidden->needle, one.alias, alias));
             alias = one.alias;
         }
     }
@@ -366,44 +429,17 @@ void PlantedTest::reportsTogetherHaveOneNumbering()
     FailureList failures;
     constexpr std::size_t together = 3;
     for (std::size_t first = 0; first + together <= m_reports.size(); first += together) {
+        const std::vector<PlantedReport> reports(m_reports.begin() + int(first), m_reports.begin() + int(first + together));
         std::vector<Document> documents;
-        bool hadSome = false;
-        for (std::size_t i = first; i < first + together; ++i) {
-            documents.push_back(m_reports[i].document);
-            hadSome = hadSome || !aliasesIn(decodedBytes(m_reports[i].document.bytes())).empty();
-        }
+        for (const PlantedReport &report : reports)
+            documents.push_back(report.document);
         documents.push_back(documents.front());
         const Redaction redaction = redact(documents);
         QCOMPARE(redaction.documents.size(), documents.size());
-        const QString name = m_reports[first].name;
-        if (const QString flaw = flawOfAliases(redaction, false, hadSome); !flaw.isEmpty())
-            failures.add(name, 0, QStringLiteral("alias"), flaw);
-        if (redaction.documents.front().bytes() != redaction.documents.back().bytes())
-            failures.add(name, 0, QStringLiteral("the same report twice"), QString());
-        if (redact(redaction.documents).documents.front().bytes() != redaction.documents.front().bytes())
-            failures.add(name, 0, QStringLiteral("redacted again"), QString());
-        QMap<QString, QString> addresses; // by alias
-        for (std::size_t i = 0; i < together; ++i) {
-            const PlantedReport &report = m_reports[first + i];
-            if (const QString flaw = flawOfRedaction(report.document, redaction.documents[i]); !flaw.isEmpty())
-                failures.add(report.name, 0, QStringLiteral("structure"), flaw);
-            const QString text = searchable(decodedBytes(redaction.documents[i].bytes()));
-            for (const Hidden &hidden : report.hidden) {
-                if (text.contains(searchable(hidden.needle)))
-                    failures.add(report.name, lineWith(report.lines, hidden.needle), hidden.plant(), hidden.needle);
-            }
-            const std::vector<SeenAlias> seen = seenAliases(report, linesOf(redaction.documents[i]));
-            addMixedAliases(report, seen, failures);
-            for (const SeenAlias &one : seen) {
-                if (one.hidden->kind != QLatin1String("mac"))
-                    continue;
-                const QString digits = one.hidden->needle.toLower().remove(QLatin1Char(':')).remove(QLatin1Char('-')).remove(QLatin1Char('.'));
-                QString &address = addresses[one.alias];
-                if (!address.isEmpty() && address != digits)
-                    failures.add(report.name, one.line + 1, QStringLiteral("two things in two reports"), one.alias + QLatin1Char(' ') + digits + QLatin1Char(' ') + address);
-                address = digits;
-            }
-        }
+        addFlawsOfGroup(reports, redaction, failures);
+        QMap<QString, QString> addresses;
+        for (std::size_t i = 0; i < together; ++i)
+            addFlawsOfMember(reports[i], redaction.documents[i], addresses, failures);
     }
     failures.show("together", m_kinds);
     QVERIFY(failures.isEmpty());

@@ -8,6 +8,7 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QDirIterator>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QSet>
 
 using namespace velkor::Reports;
@@ -48,19 +49,18 @@ QByteArray redactedText(const QByteArray &text, const RedactionOptions &options 
     return redact({read(text)}, options).documents.front().text();
 }
 
-QByteArray workstationText()
-{
-    return contentsOf(QStringLiteral(REPORTS_DATA_DIR "/workstation.txt"));
-}
+QByteArray workstationText() { return contentsOf(QStringLiteral(REPORTS_DATA_DIR "/workstation.txt")); }
 
 /// A short report of somebody. Names are UTF-8.
 QByteArray reportOf(const QByteArray &user, const QByteArray &host)
 {
     return "############ Windows specific section ###########\nComputer name\n"
            "NetBios name:                 "
-        + host + "\nPhysical NetBios name:        " + host + "\nUser name:                    " + user + '\n' + separatorLine()
-        + "\nWindows system directories\nSystem directory:      C:\\Windows\nSpecial Folders: \nCSIDL_PERSONAL    C:\\Users\\" + user
-        + "\\Documents\n" + separatorLine() + "\nLoaded modules/DLLs:\nC:\\Users\\" + user
+        + host + "\nPhysical NetBios name:        " + host + "\nUser name:                    " + user + '\n'
+        + separatorLine()
+        + "\nWindows system directories\nSystem directory:      C:\\Windows\nSpecial Folders: \nCSIDL_PERSONAL    "
+          "C:\\Users\\"
+        + user + "\\Documents\n" + separatorLine() + "\nLoaded modules/DLLs:\nC:\\Users\\" + user
         + "\\AppData\\tool.dll\nC:\\Windows\\System32\\kernel32.dll\n" + separatorLine() + '\n';
 }
 
@@ -68,7 +68,8 @@ QByteArray reportOf(const QByteArray &user, const QByteArray &host)
 QByteArray valueAfter(const QByteArray &text, const QByteArray &label)
 {
     const int begin = text.indexOf(label);
-    return begin < 0 ? QByteArray() : text.mid(begin + label.size(), text.indexOf('\n', begin) - begin - label.size()).trimmed();
+    return begin < 0 ? QByteArray()
+                     : text.mid(begin + label.size(), text.indexOf('\n', begin) - begin - label.size()).trimmed();
 }
 
 } // namespace
@@ -90,16 +91,17 @@ void RedactionTest::nothingToReplace_data()
     QTest::addColumn<QByteArray>("text");
     QTest::newRow("empty lines") << QByteArray("\n\n\r\n\r\n\n");
     QTest::newRow("no report") << QByteArray("The quick brown fox jumps over the lazy dog.\n");
-    QTest::newRow("headings") << halfHeading(Half::Windows) + '\n' + separatorLine() + '\n' + halfHeading(Half::Qt) + '\n';
+    QTest::newRow("headings") << halfHeading(Half::Windows) + '\n' + separatorLine() + '\n' + halfHeading(Half::Qt)
+            + '\n';
     QTest::newRow("memory") << "Memory Information:\nMemoryLoad:            15%\n" + separatorLine() + '\n';
     QTest::newRow("names without values")
         << "Computer name\nNetBios name:                 \nUser name:                    \n" + separatorLine() + '\n';
     QTest::newRow("versions like addresses") << QByteArray(
         "   Provider Name:      Microsoft\n   Driver Version:     10.18.10.4252\nSystemBiosVersion:     5.0.0.12\n");
-    QTest::newRow("addresses that every machine has")
-        << QByteArray("127.0.0.1 , 255.0.0.0 , \n::1 , ffff:ffff:ffff:ffff:ffff:ffff:ffff:ffff , \nGateway: 0.0.0.0, 0.0.0.0\n");
-    QTest::newRow("folders that every machine has")
-        << QByteArray("C:\\Users\\Public\\Documents\nC:\\Windows\\System32\\ntdll.dll\nC:\\Program Files (x86)\\Common Files\n");
+    QTest::newRow("addresses that every machine has") << QByteArray(
+        "127.0.0.1 , 255.0.0.0 , \n::1 , ffff:ffff:ffff:ffff:ffff:ffff:ffff:ffff , \nGateway: 0.0.0.0, 0.0.0.0\n");
+    QTest::newRow("folders that every machine has") << QByteArray(
+        "C:\\Users\\Public\\Documents\nC:\\Windows\\System32\\ntdll.dll\nC:\\Program Files (x86)\\Common Files\n");
     QTest::newRow("NUL bytes") << QByteArray("\0\0a\0", 4);
     QTest::newRow("no UTF-8") << QByteArray("\xff\xfe\xfd\x80\xc3\n\xed\xa0\x80");
     QTest::newRow("odd UTF-16") << QByteArray("\xff\xfe"
@@ -122,7 +124,8 @@ void RedactionTest::reports_data()
 {
     QTest::addColumn<QString>("file");
     const auto addFolder = [](const QString &folder) {
-        for (QDirIterator files(folder, {QStringLiteral("*.txt")}, QDir::Files, QDirIterator::Subdirectories); files.hasNext();) {
+        for (QDirIterator files(folder, {QStringLiteral("*.txt")}, QDir::Files, QDirIterator::Subdirectories);
+             files.hasNext();) {
             const QString file = files.next();
             QTest::newRow(qPrintable(file.mid(folder.size() + 1))) << file;
         }
@@ -157,10 +160,13 @@ void RedactionTest::workstation()
 {
     const QByteArray text = workstationText();
     const QByteArray redacted = redactedText(text);
-    const QList<QByteArray> needles = {"j\xc3\xb6rn", "lindmoor", "birkental", "00330-50000-00000-aaoem", "messdaten", "b\xc3\xbcro",
-                                       "192.0.2.", "2001:db8:", "8c1f:5e2a:77b0:1d34", "00:00:5e:00:53:", "sprache=de"};
-    const QList<QByteArray> free = { // not certain, or a word that many machines have
-        "C:\\ fixed drive", "   Kyocera ECOSYS P3155dn KX", "   Microsoft Print to PDF", "  =C:=", "  VK_MESSORDNER=", "  OS="};
+    const QList<QByteArray> needles
+        = {"j\xc3\xb6rn", "lindmoor", "birkental", "00330-50000-00000-aaoem", "messdaten", "b\xc3\xbcro",
+           "192.0.2.", "2001:db8:", "8c1f:5e2a:77b0:1d34", "00:00:5e:00:53:", "sprache=de"};
+    const QList<QByteArray> free = {// not certain, or a word that many machines have
+                                    "C:\\ fixed drive", "   Kyocera ECOSYS P3155dn KX",
+                                    "   Microsoft Print to PDF", "  =C:=",
+                                    "  VK_MESSORDNER=", "  OS="};
     const QList<QByteArray> before = text.split('\n');
     const QList<QByteArray> after = redacted.split('\n');
     QCOMPARE(after.size(), before.size());
@@ -169,10 +175,12 @@ void RedactionTest::workstation()
         const QByteArray line = QString::fromUtf8(before[i]).toLower().toUtf8();
         const QByteArray newLine = QString::fromUtf8(after[i]).toLower().toUtf8();
         const auto isIn = [&](const QByteArray &where) {
-            return std::any_of(needles.begin(), needles.end(), [&](const QByteArray &needle) { return where.contains(needle); });
+            return std::any_of(needles.begin(), needles.end(),
+                               [&](const QByteArray &needle) { return where.contains(needle); });
         };
         QVERIFY2(!isIn(newLine), after[i].constData());
-        const bool isFree = std::any_of(free.begin(), free.end(), [&](const QByteArray &start) { return before[i].startsWith(start); });
+        const bool isFree = std::any_of(free.begin(), free.end(),
+                                        [&](const QByteArray &start) { return before[i].startsWith(start); });
         if (!isIn(line) && !isFree)
             QVERIFY2(after[i] == before[i], (before[i] + " became " + after[i]).constData());
         changed += after[i] != before[i] ? 1 : 0;
@@ -193,11 +201,13 @@ void RedactionTest::sameNameHasSameAlias()
 
 void RedactionTest::sameNameInSeveralReports()
 {
-    const Redaction redaction = redact({read(reportOf("Lindmoor", "BIRKENTAL-PC")), read(reportOf("Quergart", "BIRKENTAL-PC")),
-                                        read(reportOf("lindmoor", "Erlenhof-NB"))});
+    const Redaction redaction
+        = redact({read(reportOf("Lindmoor", "BIRKENTAL-PC")), read(reportOf("Quergart", "BIRKENTAL-PC")),
+                  read(reportOf("lindmoor", "Erlenhof-NB"))});
     QStringList names;
     for (const Document &document : redaction.documents)
-        names += QString::fromUtf8(valueAfter(document.text(), "User name:") + ' ' + valueAfter(document.text(), "NetBios name:"));
+        names += QString::fromUtf8(valueAfter(document.text(), "User name:") + ' '
+                                   + valueAfter(document.text(), "NetBios name:"));
     QCOMPARE(names[0].section(QLatin1Char(' '), 0, 0), names[2].section(QLatin1Char(' '), 0, 0));
     QCOMPARE(names[0].section(QLatin1Char(' '), 1), names[1].section(QLatin1Char(' '), 1));
     QVERIFY(names[0].section(QLatin1Char(' '), 0, 0) != names[1].section(QLatin1Char(' '), 0, 0));
@@ -212,7 +222,8 @@ void RedactionTest::aliasesWithKey()
     const QByteArray host = valueAfter(text, "NetBios name:");
     QVERIFY(QRegularExpression(QStringLiteral("\\Auser-[0-9]{12}\\z")).match(QString::fromUtf8(user)).hasMatch());
     QVERIFY(QRegularExpression(QStringLiteral("\\Ahost-[0-9]{12}\\z")).match(QString::fromUtf8(host)).hasMatch());
-    const QByteArray other = redactedText(reportOf("Quergart", "erlenhof") + reportOf("LINDMOOR", "birkental-pc"), withKey());
+    const QByteArray other
+        = redactedText(reportOf("Quergart", "erlenhof") + reportOf("LINDMOOR", "birkental-pc"), withKey());
     QVERIFY(other.contains("C:\\Users\\" + user + "\\Documents"));
     QVERIFY(other.contains("Physical NetBios name:        " + host + '\n'));
     QVERIFY(!redactedText(reportOf("Lindmoor", "BIRKENTAL-PC"), withKey("another")).contains(user));
@@ -270,7 +281,8 @@ void RedactionTest::encodings()
 void RedactionTest::environment()
 {
     const QByteArray heading = "System environemnt (QProcess::systemEnvironment()):\n";
-    const QByteArray text = halfHeading(Half::Qt) + '\n' + heading + "  NUMBER_OF_PROCESSORS=8\n  QUELLWERK_MODE=meadow\n  QUELLWERK_EMPTY=\n  USERNAME=Lindmoor\n"
+    const QByteArray text = halfHeading(Half::Qt) + '\n' + heading
+        + "  NUMBER_OF_PROCESSORS=8\n  QUELLWERK_MODE=meadow\n  QUELLWERK_EMPTY=\n  USERNAME=Lindmoor\n"
         + separatorLine() + '\n';
     const Document document = read(text);
     const Redaction redaction = redact({document});
@@ -287,7 +299,8 @@ void RedactionTest::environment()
 // A name that looks like an alias stays, and no other name gets it.
 void RedactionTest::aliasThatWasThereBefore()
 {
-    const Redaction redaction = redact({read(reportOf("Lindmoor", "host-1")), read(reportOf("user-1", "BIRKENTAL-PC"))});
+    const Redaction redaction
+        = redact({read(reportOf("Lindmoor", "host-1")), read(reportOf("user-1", "BIRKENTAL-PC"))});
     const QByteArray first = redaction.documents[0].text();
     const QByteArray second = redaction.documents[1].text();
     QCOMPARE(second.count("user-1"), reportOf("user-1", "BIRKENTAL-PC").count("user-1"));

@@ -27,10 +27,7 @@ private Q_SLOTS:
 
 namespace {
 
-QString text(const char *utf8)
-{
-    return QString::fromUtf8(utf8);
-}
+QString text(const char *utf8) { return QString::fromUtf8(utf8); }
 
 RedactionOptions lists(const QStringList &hide, const QStringList &keep = {})
 {
@@ -45,10 +42,7 @@ QByteArray redactedText(const QByteArray &utf8, const RedactionOptions &options)
     return redact({read(utf8)}, options).documents.front().bytes();
 }
 
-QByteArray workstationText()
-{
-    return contentsOf(QStringLiteral(REPORTS_DATA_DIR "/workstation.txt"));
-}
+QByteArray workstationText() { return contentsOf(QStringLiteral(REPORTS_DATA_DIR "/workstation.txt")); }
 
 } // namespace
 
@@ -117,7 +111,8 @@ void RedactionListsTest::hide()
 
 void RedactionListsTest::hiddenWordsHaveAliases()
 {
-    const Redaction redaction = redact({read("proj-a proj-b PROJ-A\n"), read("Falke proj-b\n")}, lists({text("proj-?"), text("falke")}));
+    const Redaction redaction
+        = redact({read("proj-a proj-b PROJ-A\n"), read("Falke proj-b\n")}, lists({text("proj-?"), text("falke")}));
     QCOMPARE(redaction.documents[0].bytes(), QByteArray("word-1 word-2 word-1\n"));
     QCOMPARE(redaction.documents[1].bytes(), QByteArray("word-3 word-2\n"));
     QCOMPARE(redaction.aliases.size(), std::size_t(3));
@@ -145,7 +140,8 @@ void RedactionListsTest::hiddenPartsOfFacts()
     QCOMPARE(lines.size(), others.size());
     for (int i = 0; i < lines.size(); ++i) {
         const QByteArray line = others[i].toLower();
-        if (!line.contains("fujitsu") && !line.contains("esprimo") && !line.contains("p3155dn") && !line.contains("printer"))
+        if (!line.contains("fujitsu") && !line.contains("esprimo") && !line.contains("p3155dn")
+            && !line.contains("printer"))
             QVERIFY2(lines[i] == others[i] || others[i].contains("printer-"), lines[i].constData());
     }
 }
@@ -155,11 +151,14 @@ void RedactionListsTest::keep_data()
     QTest::addColumn<QString>("entry");
     QTest::addColumn<QByteArray>("kept");
     QTest::newRow("host") << text("birkental-pc07") << QByteArray("NetBios name:                 BIRKENTAL-PC07\n");
-    QTest::newRow("pattern for a host") << text("BIRKENTAL-PC??") << QByteArray("NetBios name:                 BIRKENTAL-PC07\n");
+    QTest::newRow("pattern for a host") << text("BIRKENTAL-PC??")
+                                        << QByteArray("NetBios name:                 BIRKENTAL-PC07\n");
     QTest::newRow("user") << text("j\xc3\xb6rn") << QByteArray("User name:                    J\xc3\xb6rn\n");
-    QTest::newRow("label") << text("MESSDATEN") << QByteArray("E:\\ removable media      FAT32  MESSDATEN  Free: 11.7 GByte");
+    QTest::newRow("label") << text("MESSDATEN")
+                           << QByteArray("E:\\ removable media      FAT32  MESSDATEN  Free: 11.7 GByte");
     QTest::newRow("address") << text("192.0.2.57") << QByteArray("192.0.2.57 , 255.255.255.0 , ");
-    QTest::newRow("product id") << text("00330-50000-00000-AAOEM") << QByteArray("ProductId:              00330-50000-00000-AAOEM\n");
+    QTest::newRow("product id") << text("00330-50000-00000-AAOEM")
+                                << QByteArray("ProductId:              00330-50000-00000-AAOEM\n");
 }
 
 void RedactionListsTest::keep()
@@ -180,7 +179,8 @@ void RedactionListsTest::hideHasPrecedence()
 
 void RedactionListsTest::redactedAgain()
 {
-    const QStringList hide = {text("Fujitsu"), text("*-?"), text("user*"), text("word"), text("1"), text("[a-z]*-[0-9]*")};
+    const QStringList hide
+        = {text("Fujitsu"), text("*-?"), text("user*"), text("word"), text("1"), text("[a-z]*-[0-9]*")};
     for (const QByteArray &key : {QByteArray(), QByteArray("key")}) {
         RedactionOptions options = lists(hide, {text("Microsoft"), text("Intel*")});
         options.key = key;
