@@ -134,8 +134,8 @@ void HostileRedactionTest::names_data()
     QTest::newRow("separator line") << separatorLine();
 }
 
-// Whatever somebody is called, the report keeps its lines, and nearly all of them stay as they are. The
-// 26 lines with the name, 27 with other identities and 3 more can change.
+// Whatever somebody is called, the report keeps its lines, and nearly all of them stay as they are. The 22 lines
+// with the name and 24 with other identities change, and 5 can change: two printers, the label of a drive and two variables.
 void HostileRedactionTest::names()
 {
     QFETCH(QByteArray, name);
@@ -143,7 +143,7 @@ void HostileRedactionTest::names()
     const QByteArray redacted = checked(text);
     QVERIFY(!redacted.isEmpty());
     const int changed = changedLines(text, redacted);
-    QVERIFY2(changed <= 60, QByteArray::number(changed));
+    QVERIFY2(changed <= 51, QByteArray::number(changed));
 }
 
 void HostileRedactionTest::longName()
