@@ -17,7 +17,7 @@ namespace {
 std::vector<QByteArray> linesOf(const DocumentData &data, const Fact &fact)
 {
     std::vector<QByteArray> lines;
-    for (const TextLine &line : valueLines(data, fact.begin, fact.end))
+    for (const ValueLine &line : valueLines(data, fact.begin, fact.end))
         lines.push_back(data.text.mid(line.begin, line.end - line.begin));
     return lines;
 }

@@ -6,9 +6,9 @@
 namespace velkor {
 namespace Reports {
 
-std::vector<TextLine> valueLines(const DocumentData &data, int begin, int end)
+std::vector<ValueLine> valueLines(const DocumentData &data, int begin, int end)
 {
-    std::vector<TextLine> lines;
+    std::vector<ValueLine> lines;
     const char last = data.lineEnd[data.lineEnd.size() - 1];
     const QByteArray &prefix = data.linePrefix;
     for (;;) {

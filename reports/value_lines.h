@@ -6,14 +6,14 @@
 namespace velkor {
 namespace Reports {
 
-struct TextLine
+struct ValueLine
 {
     int begin = 0;
     int end = 0;
 };
 
 /// The lines from \a begin to \a end, without line ends and mail quotes.
-std::vector<TextLine> valueLines(const DocumentData &data, int begin, int end);
+std::vector<ValueLine> valueLines(const DocumentData &data, int begin, int end);
 
 } // namespace Reports
 } // namespace velkor

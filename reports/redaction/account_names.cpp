@@ -31,7 +31,7 @@ bool isDomainByte(char byte)
     return isNameByte(byte) || byte == '.' || byte == '-';
 }
 
-template<typename Is>
+template <typename Is>
 std::size_t runBefore(std::string_view text, std::size_t at, Is is)
 {
     while (at > 0 && is(text[at - 1]))
@@ -39,7 +39,7 @@ std::size_t runBefore(std::string_view text, std::size_t at, Is is)
     return at;
 }
 
-template<typename Is>
+template <typename Is>
 std::size_t runAfter(std::string_view text, std::size_t at, Is is)
 {
     while (at < text.size() && is(text[at]))

@@ -1,5 +1,6 @@
 #include "folding.h"
 
+#include <QtCore/QVector>
 #include <array>
 #include <cstdint>
 

@@ -2,6 +2,7 @@
 
 #include "folding.h"
 
+#include <QtCore/QStringList>
 #include <algorithm>
 #include <unordered_set>
 
@@ -28,25 +29,24 @@ constexpr const char *sharedProfiles = "public|default|default user|all users|de
 
 constexpr const char *knownShares = "c$|d$|admin$|ipc$|print$|netlogon|sysvol|fax$";
 
-constexpr const char *knownFolders =
-    "appdata|local|locallow|roaming|temp|tmp|low|desktop|documents|my documents|downloads|download|pictures|my pictures|music|"
-    "my music|videos|my videos|favorites|links|contacts|searches|saved games|3d objects|onedrive|application data|"
-    "local settings|start menu|programs|startup|sendto|recent|templates|cookies|nethood|printhood|"
-    "temporary internet files|history|windows|windowsapps|winsxs|system32|syswow64|system|program files|program files (x86)|"
-    "programdata|common files|microsoft|packages|localstate|localcache|internet explorer|edge|edgewebview|google|chrome|"
-    "mozilla|firefox|mozilla firefox|application|applications|velkor|common|bin|sbin|lib|lib64|libs|include|share|etc|usr|var|"
-    "opt|mnt|root|home|src|plugins|plugin|platforms|styles|imageformats|printsupport|cache|caches|data|config|conf|settings|"
-    "logs|log|backup|work|tools|scripts|site-packages|node_modules|npm|yarn|nodejs|python|anaconda|miniconda|condabin|"
-    "library|mingw-w64|usr|git|cmd|go|java|jdk|jre|dotnet|.dotnet|.cargo|.rustup|.local|.cache|.config|.ssh|.nuget|.npm|"
-    "scoop|shims|chocolatey|jetbrains|toolbox|visual studio|microsoft vs code|vs code|powershell|windowspowershell|modules|qt|"
-    "cmake|perl|strawberry|ruby|vcpkg|msys|msys64|cygwin|docker|wsl|drive_c|dosdevices|.wine|wine|prefix|"
-    "desktop|dokumente|eigene dateien|eigene bilder|eigene musik|eigene videos|bilder|musik|favoriten|kontakte|"
-    "anwendungsdaten|lokale einstellungen|startmenü|startmenu|programme|autostart|vorlagen|zuletzt verwendet|schreibtisch|"
-    "bureau|mes documents|mes images|ma musique|mes vidéos|images|musique|vidéos|téléchargements|menu démarrer|programmes|"
-    "escritorio|documentos|mis documentos|mis imágenes|imágenes|música|vídeos|descargas|menú inicio|programas|"
-    "documenti|immagini|musica|video|scrivania|menu avvio|programmi|dati applicazioni|pulpit|dokumenty|obrazy|muzyka|"
-    "belgeler|masaüstü|resimler|müzik|рабочий стол|документы|мои документы|изображения|музыка|видео|загрузки|главное меню|"
-    "программы|ドキュメント|デスクトップ|文档|桌面|文件";
+constexpr const char *knownFolders = "appdata|local|locallow|roaming|temp|tmp|low|desktop|documents|my documents|downloads|download|pictures|my pictures|music|"
+                                     "my music|videos|my videos|favorites|links|contacts|searches|saved games|3d objects|onedrive|application data|"
+                                     "local settings|start menu|programs|startup|sendto|recent|templates|cookies|nethood|printhood|"
+                                     "temporary internet files|history|windows|windowsapps|winsxs|system32|syswow64|system|program files|program files (x86)|"
+                                     "programdata|common files|microsoft|packages|localstate|localcache|internet explorer|edge|edgewebview|google|chrome|"
+                                     "mozilla|firefox|mozilla firefox|application|applications|velkor|common|bin|sbin|lib|lib64|libs|include|share|etc|usr|var|"
+                                     "opt|mnt|root|home|src|plugins|plugin|platforms|styles|imageformats|printsupport|cache|caches|data|config|conf|settings|"
+                                     "logs|log|backup|work|tools|scripts|site-packages|node_modules|npm|yarn|nodejs|python|anaconda|miniconda|condabin|"
+                                     "library|mingw-w64|usr|git|cmd|go|java|jdk|jre|dotnet|.dotnet|.cargo|.rustup|.local|.cache|.config|.ssh|.nuget|.npm|"
+                                     "scoop|shims|chocolatey|jetbrains|toolbox|visual studio|microsoft vs code|vs code|powershell|windowspowershell|modules|qt|"
+                                     "cmake|perl|strawberry|ruby|vcpkg|msys|msys64|cygwin|docker|wsl|drive_c|dosdevices|.wine|wine|prefix|"
+                                     "desktop|dokumente|eigene dateien|eigene bilder|eigene musik|eigene videos|bilder|musik|favoriten|kontakte|"
+                                     "anwendungsdaten|lokale einstellungen|startmenü|startmenu|programme|autostart|vorlagen|zuletzt verwendet|schreibtisch|"
+                                     "bureau|mes documents|mes images|ma musique|mes vidéos|images|musique|vidéos|téléchargements|menu démarrer|programmes|"
+                                     "escritorio|documentos|mis documentos|mis imágenes|imágenes|música|vídeos|descargas|menú inicio|programas|"
+                                     "documenti|immagini|musica|video|scrivania|menu avvio|programmi|dati applicazioni|pulpit|dokumenty|obrazy|muzyka|"
+                                     "belgeler|masaüstü|resimler|müzik|рабочий стол|документы|мои документы|изображения|музыка|видео|загрузки|главное меню|"
+                                     "программы|ドキュメント|デスクトップ|文档|桌面|文件";
 
 constexpr const char *programExtensions = "exe|dll|sys|drv|ocx|cpl|com|bat|cmd|ps1|vbs|js|py|jar|msi|msc|scr|tsp|acm|ax|ime|nls|mui|"
                                           "manifest|so|pyd|node|lnk|inf|qm|conf";

@@ -39,10 +39,7 @@ class NameScan
 {
 public:
     NameScan(const NameSearch &search, std::string_view text, std::vector<NamePlace> &places)
-        : names(search)
-        , bytes(text)
-        , found(places)
-        , ring(ringSize)
+        : names(search), bytes(text), found(places), ring(ringSize)
     {
     }
 
@@ -93,6 +90,8 @@ private:
         const bool startsWord = !previous || isBoundary(previous->kind, first.kind);
         const bool endsWord = !next || isBoundary(last.kind, next->kind);
         switch (boundaries) {
+        case Boundaries::Substring:
+            return true;
         case Boundaries::Component:
             return (!previous || isSeparator(previous->code)) && (!next || isSeparator(next->code));
         case Boundaries::Word:
@@ -139,10 +138,7 @@ private:
 };
 
 NameSearch::NameSearch()
-    : nodes(1)
-    , rootChildren(codes, 0)
-    , keys(1024)
-    , targets(1024)
+    : nodes(1), rootChildren(codes, 0), keys(1024), targets(1024)
 {
 }
 

@@ -12,6 +12,7 @@ namespace Reports {
 
 /// Where a spelling counts.
 enum class Boundaries {
+    Substring, ///< also inside a word
     Anywhere,  ///< also inside a word, unless that is an ordinary one
     Word,      ///< not inside a word; case, digits and punctuation end words
     Component, ///< as a whole component of a path
@@ -42,8 +43,8 @@ private:
     struct Node
     {
         int fail = 0;
-        int spelling = -1;  ///< that ends here
-        int shorter = -1;   ///< next node along the failure links with a spelling
+        int spelling = -1; ///< that ends here
+        int shorter = -1;  ///< next node along the failure links with a spelling
         int depth = 0;
     };
     struct Spelling
@@ -65,8 +66,8 @@ private:
     int step(int node, char16_t code) const;
 
     std::vector<Node> nodes;
-    std::vector<int> rootChildren; ///< by symbol
-    std::vector<std::uint64_t> keys;   ///< open addressing; 0 is free
+    std::vector<int> rootChildren;   ///< by symbol
+    std::vector<std::uint64_t> keys; ///< open addressing; 0 is free
     std::vector<int> targets;
     std::size_t edges = 0;
     std::vector<Edge> order; ///< in the order of creation

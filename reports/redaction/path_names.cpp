@@ -53,9 +53,7 @@ class PathScanner
 {
 public:
     PathScanner(std::string_view path, PathContext pathContext, Findings &places)
-        : text(path)
-        , context(pathContext)
-        , findings(places)
+        : text(path), context(pathContext), findings(places)
     {
     }
 

@@ -1,16 +1,272 @@
-#include "vkReports.h"
+#include "alias_text.h"
+#include "collector.h"
+#include "decoded_text.h"
+#include "fact_names.h"
+#include "ordinary_words.h"
+#include "text_encoding.h"
+
+#include <QtCore/QSet>
+#include <algorithm>
 
 namespace velkor {
 namespace Reports {
 
-Redaction redact(const std::vector<Document> &documents, const RedactionOptions &)
+namespace {
+
+bool isDomainKind(AliasKind kind)
 {
-    return {documents, {}, 0};
+    return kind == AliasKind::Domain || kind == AliasKind::Host || kind == AliasKind::Organisation;
 }
 
-QString redactionEntryError(const QString &)
+std::string_view view(const QByteArray &bytes)
 {
-    return {};
+    return {bytes.constData(), std::size_t(bytes.size())};
+}
+
+int codePoints(std::string_view utf8)
+{
+    return int(std::count_if(utf8.begin(), utf8.end(), [](char byte) { return (static_cast<unsigned char>(byte) & 0xc0U) != 0x80; }));
+}
+
+class Redactor
+{
+public:
+    Redactor(const std::vector<Document> &given, const RedactionOptions &options)
+        : documents(given), hide(options.hide), keep(options.keep), aliases(options.key)
+    {
+    }
+
+    Redaction run()
+    {
+        for (const Document &document : documents) {
+            collected.push_back(collect(document, hide, keep, identities));
+            result.environmentValues += collected.back().environmentValues;
+            aliases.reserve(view(document.text()));
+        }
+        prepareSearch();
+        if (takeAccounts())
+            prepareSearch();
+        searchNames();
+        if (foundNewNames) {
+            prepareSearch();
+            searchNames();
+        }
+        for (std::size_t i = 0; i < documents.size(); ++i)
+            write(documents[i], wholePlan(i));
+        for (std::size_t i = 0; i < result.aliases.size(); ++i)
+            result.aliases[i].spellings = spellings[i].values();
+        for (Alias &alias : result.aliases)
+            alias.spellings.sort();
+        return std::move(result);
+    }
+
+private:
+    void prepareSearch()
+    {
+        identities.unite();
+        search = NameSearch();
+        identities.addTo(search);
+        search.build();
+    }
+
+    bool isKept(const QString &name) const
+    {
+        std::vector<NamePlace> places;
+        const QByteArray utf8 = name.toUtf8();
+        keep.find(view(utf8), places);
+        return places.size() == 1 && places[0].begin == 0 && places[0].end == utf8.size();
+    }
+
+    bool isKnownDomain(const QString &name) const
+    {
+        for (const AliasKind kind : {AliasKind::Domain, AliasKind::Host, AliasKind::Organisation}) {
+            if (identities.find(kind, name) >= 0)
+                return true;
+        }
+        std::vector<NamePlace> places;
+        const QByteArray utf8 = name.toUtf8();
+        search.find(view(utf8), places);
+        return places.size() == 1 && places[0].begin == 0 && places[0].end == utf8.size()
+            && isDomainKind(identities.at(places[0].name).kind);
+    }
+
+    bool isKnownUser(const QString &name) const
+    {
+        return identities.find(AliasKind::User, name) >= 0 && distinctionOf(folded(name)) != Distinction::None;
+    }
+
+    /// "DOMAIN\user" of which one is known. Returns whether there are new names.
+    bool takeAccounts()
+    {
+        const int before = identities.count();
+        for (Collected &document : collected) {
+            Plan plan;
+            for (const Collected::PossibleAccount &account : document.accounts) {
+                const bool isDomain = isKnownDomain(account.domainName);
+                if (!isDomain && !isKnownUser(account.userName))
+                    continue;
+                put(plan, account.domain, AliasKind::Domain, account.domainName);
+                put(plan, account.user, AliasKind::User, account.userName);
+            }
+            normalise(plan);
+            accounts.push_back(std::move(plan));
+        }
+        return identities.count() > before;
+    }
+
+    void put(Plan &plan, Planned place, AliasKind kind, const QString &name)
+    {
+        const QByteArray utf8 = name.toUtf8();
+        if (isInAlias(view(utf8), 0, std::size_t(utf8.size())) || isKept(name))
+            return;
+        place.what = identities.add(kind, name, Identities::Found);
+        plan.push_back(place);
+    }
+
+    void searchNames()
+    {
+        names.clear();
+        foundNewNames = false;
+        for (const Document &document : documents) {
+            Plan plan;
+            forEachRegion(document, [&](const Region &region) { searchRegion(document, region, plan); });
+            names.push_back(std::move(plan));
+        }
+    }
+
+    void searchRegion(const Document &document, const Region &region, Plan &plan)
+    {
+        const bool isName = region.fact() >= 0
+            && treatmentOf(document.facts()[std::size_t(region.fact())].row).what == FactTreatment::What::VariableName;
+        if (isName || search.isEmpty())
+            return;
+        const std::string_view text = region.text();
+        search.find(text, places);
+        Plan found;
+        for (const NamePlace &place : places) {
+            if (isInAlias(text, std::size_t(place.begin), std::size_t(place.end)))
+                continue;
+            if (identities.at(place.name).kind == AliasKind::Domain)
+                addHostBefore(text, place.begin, found);
+            if (!found.empty() && found.back().what == place.name && isGap(text, found.back().end, place.begin))
+                found.back().end = place.end;
+            else
+                found.push_back({place.begin, place.end, place.name, Reason::SameElsewhere, false});
+        }
+        normalise(found);
+        appendMapped(region, found, plan);
+    }
+
+    /// Whether parts of one name can stand on both sides: "Jörn Lindmoor", "lindmoor, j".
+    static bool isGap(std::string_view text, int begin, int end)
+    {
+        constexpr int longest = 2;
+        if (end - begin > longest)
+            return false;
+        return text.substr(std::size_t(begin), std::size_t(end - begin)).find_first_not_of(" ._-,") == std::string_view::npos;
+    }
+
+    /// "printsrv" of "printsrv.birkental.example", whose domain begins at \a domain.
+    void addHostBefore(std::string_view text, int domain, Plan &found)
+    {
+        const auto isLabelByte = [](char byte) {
+            return static_cast<unsigned char>(byte) >= 0x80 || (byte >= '0' && byte <= '9') || (byte >= 'a' && byte <= 'z')
+                || (byte >= 'A' && byte <= 'Z') || byte == '-' || byte == '_';
+        };
+        if (domain < 2 || text[std::size_t(domain - 1)] != '.')
+            return;
+        int begin = domain - 1;
+        while (begin > 0 && isLabelByte(text[std::size_t(begin - 1)]))
+            --begin;
+        if (begin == domain - 1 || isInAlias(text, std::size_t(begin), std::size_t(domain - 1)))
+            return;
+        const std::string_view label = text.substr(std::size_t(begin), std::size_t(domain - 1 - begin));
+        const int before = identities.count();
+        const int host = identities.add(AliasKind::Host, QString::fromUtf8(label.data(), int(label.size())), Identities::Found);
+        foundNewNames = foundNewNames || identities.count() > before;
+        if (found.empty() || found.back().end <= begin)
+            found.push_back({begin, domain - 1, host, Reason::SameElsewhere, false});
+    }
+
+    Plan wholePlan(std::size_t i)
+    {
+        const std::string_view text = view(documents[i].text());
+        Plan addresses;
+        for (const Collected::PossibleAddress &address : collected[i].addresses) {
+            const int identity = identities.findBytes(address.kind, address.canonical);
+            if (identity < 0)
+                continue;
+            addresses.push_back(address.place);
+            addresses.back().what = identity;
+        }
+        normalise(addresses);
+        return merged(merged(merged(collected[i].planned, accounts[i], text), addresses, text), names[i], text);
+    }
+
+    void write(const Document &document, const Plan &plan)
+    {
+        const QByteArray &text = document.text();
+        QByteArray redacted;
+        redacted.reserve(text.size());
+        int at = 0;
+        for (const Planned &place : plan) {
+            if (place.what == Planned::keep)
+                continue;
+            redacted.append(text.constData() + at, place.begin - at);
+            if (!place.continues)
+                redacted += replacement(view(text).substr(std::size_t(place.begin), std::size_t(place.end - place.begin)), place);
+            at = place.end;
+        }
+        redacted.append(text.constData() + at, text.size() - at);
+        if (document.encoding() == "UTF-16LE")
+            redacted = toUtf16(redacted, Encoding::Utf16LittleEndian) + document.data().tail;
+        else if (document.encoding() == "UTF-16BE")
+            redacted = toUtf16(redacted, Encoding::Utf16BigEndian) + document.data().tail;
+        result.documents.push_back(at == 0 ? document : read(redacted));
+    }
+
+    QByteArray replacement(std::string_view original, const Planned &place)
+    {
+        if (place.what == Planned::length)
+            return lengthAlias(codePoints(original));
+        const int identity = identities.root(place.what);
+        const auto [entry, isNew] = aliasIndex.try_emplace(identity, result.aliases.size());
+        if (isNew) {
+            Alias alias;
+            alias.kind = identities.at(identity).kind;
+            alias.text = aliases.make(alias.kind, identities.canonical(identity));
+            result.aliases.push_back(alias);
+            spellings.emplace_back();
+        }
+        Alias &alias = result.aliases[entry->second];
+        ++alias.count;
+        alias.reasons |= place.reason;
+        if (alias.kind != AliasKind::Secret)
+            spellings[entry->second].insert(QString::fromUtf8(original.data(), int(original.size())));
+        return alias.text.toLatin1();
+    }
+
+    const std::vector<Document> &documents;
+    WordList hide;
+    WordList keep;
+    AliasMaker aliases;
+    Identities identities;
+    NameSearch search;
+    std::vector<Collected> collected;
+    std::vector<Plan> accounts; ///< one for each document, as the following
+    std::vector<Plan> names;
+    std::vector<NamePlace> places;
+    bool foundNewNames = false;
+    std::unordered_map<int, std::size_t> aliasIndex; ///< of an identity in Redaction::aliases
+    std::vector<QSet<QString>> spellings;            ///< of an alias
+    Redaction result;
+};
+
+} // namespace
+
+Redaction redact(const std::vector<Document> &documents, const RedactionOptions &options)
+{
+    return Redactor(documents, options).run();
 }
 
 } // namespace Reports

@@ -38,8 +38,21 @@ QString transliterated(const QString &name)
         const char *latin;
     };
     static constexpr Letter letters[] = {
-        {0xe4, "ae"}, {0xf6, "oe"}, {0xfc, "ue"}, {0xc4, "Ae"}, {0xd6, "Oe"}, {0xdc, "Ue"}, {0xe5, "aa"}, {0xc5, "Aa"},
-        {0xe6, "ae"}, {0xf8, "oe"}, {0xd8, "Oe"}, {0xc6, "Ae"}, {0xfe, "th"}, {0xf0, "d"}, {0x153, "oe"},
+        {0xe4, "ae"},
+        {0xf6, "oe"},
+        {0xfc, "ue"},
+        {0xc4, "Ae"},
+        {0xd6, "Oe"},
+        {0xdc, "Ue"},
+        {0xe5, "aa"},
+        {0xc5, "Aa"},
+        {0xe6, "ae"},
+        {0xf8, "oe"},
+        {0xd8, "Oe"},
+        {0xc6, "Ae"},
+        {0xfe, "th"},
+        {0xf0, "d"},
+        {0x153, "oe"},
     };
     QString result;
     for (const QChar character : name) {
@@ -92,6 +105,14 @@ void addVariants(std::vector<Spelling> &spellings, const QString &name)
         addSpelling(spellings, variant);
 }
 
+/// \a name and its form for programs that know ASCII only.
+void addLatin(std::vector<Spelling> &spellings, const QString &name)
+{
+    addSpelling(spellings, name);
+    if (!isAscii(name))
+        addSpelling(spellings, transliterated(name));
+}
+
 /// What precedes "~" in a short name: without blanks and points, six characters.
 QString shortBase(const QString &name)
 {
@@ -106,8 +127,6 @@ QString shortBase(const QString &name)
 
 QStringList shortBases(const QString &name)
 {
-    QString ascii = name;
-    ascii.remove(QChar(QChar::ReplacementCharacter));
     QStringList bases {shortBase(name), shortBase(replacedLetters(name, QStringLiteral("_"))),
                        shortBase(replacedLetters(name, QString()))};
     bases.removeDuplicates();
@@ -140,10 +159,9 @@ void addAccountNames(std::vector<Spelling> &spellings, const QStringList &words)
     for (const char *separator : {"", ".", "_", "-", " ", ", "}) {
         const QLatin1String between(separator);
         for (const QString &form : {first + between + last, last + between + first, initial + between + last, last + between + initial})
-            addVariants(spellings, form);
+            addLatin(spellings, form);
     }
-    const QString initialOfLast = last.left(1);
-    addVariants(spellings, first + QLatin1Char('.') + initialOfLast);
+    addLatin(spellings, first + QLatin1Char('.') + last.left(1));
 }
 
 QStringList splitWords(const QString &name)
@@ -220,18 +238,28 @@ bool isShortName(const std::u16string &component)
     return tilde + 1 < component.size() && (digits == std::u16string::npos || (component[digits] == u'.' && digits > tilde + 1));
 }
 
-bool isShortNameOf(const std::u16string &component, const QString &name)
+std::u16string shortNameBase(const std::u16string &shortName)
 {
-    if (!isShortName(component) || name.size() > longestName)
-        return false;
-    const std::u16string base = component.substr(0, component.find(u'~'));
-    for (const QString &candidate : shortBases(name)) {
-        const std::u16string symbols = folded(candidate);
-        if (symbols.size() >= 2 && (symbols == base || (base.size() == 6 && base.compare(0, 2, symbols, 0, 2) == 0
-                                     && base.find_first_not_of(u"0123456789abcdef", 2) == std::u16string::npos)))
-            return true;
+    constexpr std::size_t withChecksum = 6;
+    const std::u16string base = shortName.substr(0, shortName.find(u'~'));
+    const bool hasChecksum = base.size() == withChecksum && base.find_first_not_of(u"0123456789abcdef", 2) == std::u16string::npos
+        && base.find_first_of(u"0123456789", 2) != std::u16string::npos;
+    return hasChecksum ? base.substr(0, 2) : base;
+}
+
+std::vector<std::u16string> shortNameBases(const QString &name)
+{
+    std::vector<std::u16string> bases;
+    if (name.size() > longestName || name.contains(QLatin1Char('~')))
+        return bases;
+    for (const QString &base : shortBases(name)) {
+        const std::u16string symbols = folded(base);
+        if (symbols.size() < 2)
+            continue;
+        bases.push_back(symbols);
+        bases.push_back(symbols.substr(0, 2));
     }
-    return false;
+    return bases;
 }
 
 std::vector<Spelling> spellingsOf(AliasKind kind, const QString &name)

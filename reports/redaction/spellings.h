@@ -19,11 +19,12 @@ std::vector<Spelling> spellingsOf(AliasKind kind, const QString &name);
 /// The words of a person's or an organisation's name that can stand for it.
 QStringList wordsOf(AliasKind kind, const QString &name);
 
-/// Whether \a component of a path is the short name (8.3) of \a name: "LINDMO~1", "LI1A2B~1".
-bool isShortNameOf(const std::u16string &component, const QString &name);
-
-/// Whether \a component has the form of a short name.
+/// Whether a component of a path, as symbols, has the form of a short name (8.3): "LINDMO~1", "LI1A2B~1".
 bool isShortName(const std::u16string &component);
+/// What precedes "~" in a short name; of one with a checksum its first two letters.
+std::u16string shortNameBase(const std::u16string &shortName);
+/// What can precede "~" in the short name of \a name.
+std::vector<std::u16string> shortNameBases(const QString &name);
 
 } // namespace Reports
 } // namespace velkor

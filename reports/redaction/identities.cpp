@@ -1,0 +1,226 @@
+#include "identities.h"
+
+#include "folding.h"
+#include "spellings.h"
+
+#include <algorithm>
+
+namespace velkor {
+namespace Reports {
+
+namespace {
+
+constexpr std::size_t mostSearched = 20000; // names; a text with more of them describes no machine
+constexpr std::size_t netBiosLength = 15;
+
+std::u16string symbolsOf(const QByteArray &bytes)
+{
+    std::u16string symbols;
+    for (const char byte : bytes)
+        symbols += char16_t(static_cast<unsigned char>(byte));
+    return symbols;
+}
+
+} // namespace
+
+Identities::Key Identities::keyOf(AliasKind kind, const std::u16string &canonical)
+{
+    return char16_t(kind) + canonical;
+}
+
+int Identities::addKey(AliasKind kind, const std::u16string &canonical, const QString &name, Rank rank)
+{
+    const auto [entry, isNew] = index.try_emplace(keyOf(kind, canonical), int(all.size()));
+    if (isNew)
+        all.push_back({kind, name, canonical, rank, -1});
+    Identity &identity = all[std::size_t(entry->second)];
+    identity.rank = std::min(identity.rank, int(rank));
+    return entry->second;
+}
+
+int Identities::add(AliasKind kind, const QString &name, Rank rank)
+{
+    return addKey(kind, folded(name), name, rank);
+}
+
+int Identities::addBytes(AliasKind kind, const QByteArray &canonical, const QString &name)
+{
+    return addKey(kind, symbolsOf(canonical), name, Found);
+}
+
+int Identities::find(AliasKind kind, const QString &name) const
+{
+    const auto found = index.find(keyOf(kind, folded(name)));
+    return found == index.end() ? -1 : found->second;
+}
+
+int Identities::findBytes(AliasKind kind, const QByteArray &canonical) const
+{
+    const auto found = index.find(keyOf(kind, symbolsOf(canonical)));
+    return found == index.end() ? -1 : found->second;
+}
+
+int Identities::root(int identity) const
+{
+    while (at(identity).same >= 0)
+        identity = at(identity).same;
+    return identity;
+}
+
+/// The better known of the two decides; of equally known ones the first.
+void Identities::join(int identity, int other)
+{
+    int kept = root(identity);
+    int joined = root(other);
+    if (kept == joined)
+        return;
+    const auto order = [this](int which) { return std::make_pair(at(which).rank, which); };
+    if (at(kept).kind == at(joined).kind && order(joined) < order(kept))
+        std::swap(kept, joined);
+    all[std::size_t(joined)].same = kept;
+}
+
+std::vector<int> Identities::ofKind(AliasKind kind) const
+{
+    std::vector<int> found;
+    for (int i = 0; i < count(); ++i) {
+        if (at(i).kind == kind)
+            found.push_back(i);
+    }
+    std::stable_sort(found.begin(), found.end(), [this](int left, int right) { return at(left).rank < at(right).rank; });
+    if (found.size() > mostSearched)
+        found.resize(mostSearched);
+    return found;
+}
+
+void Identities::uniteUsers()
+{
+    const std::vector<int> users = ofKind(AliasKind::User);
+    std::unordered_map<std::u16string, int> known;
+    std::unordered_map<std::u16string, int> shortened;
+    for (const int user : users) {
+        for (const std::u16string &base : shortNameBases(at(user).name))
+            shortened.try_emplace(base, user);
+        for (const Spelling &spelling : spellingsOf(AliasKind::User, at(user).name)) {
+            if (at(user).rank <= Stated)
+                known.try_emplace(spelling.symbols, user);
+        }
+        known.try_emplace(at(user).canonical, user);
+    }
+    for (const int user : users) {
+        const std::u16string &name = at(user).canonical;
+        auto found = known.find(name);
+        if ((found == known.end() || found->second == user) && name.find(u'.') != std::u16string::npos)
+            found = known.find(name.substr(0, name.find(u'.'))); // "jorn.BIRKENTAL", a profile made anew
+        if (found != known.end() && found->second != user)
+            join(found->second, user);
+        if (!isShortName(name))
+            continue;
+        const auto longName = shortened.find(shortNameBase(name));
+        if (longName != shortened.end() && longName->second != user)
+            join(longName->second, user);
+    }
+    for (const int user : users) { // a full name of which a part is the name of another account
+        if (at(user).rank > Stated)
+            continue;
+        for (const Spelling &spelling : spellingsOf(AliasKind::User, at(user).name)) {
+            const auto account = index.find(keyOf(AliasKind::User, spelling.symbols));
+            if (account != index.end() && account->second != user)
+                join(user, account->second);
+        }
+    }
+}
+
+void Identities::uniteHosts()
+{
+    const std::vector<int> hosts = ofKind(AliasKind::Host);
+    std::unordered_map<std::u16string, int> truncated;
+    for (const int host : hosts) {
+        if (at(host).canonical.size() > netBiosLength)
+            truncated.try_emplace(at(host).canonical.substr(0, netBiosLength), host);
+    }
+    for (const int host : hosts) {
+        const auto found = truncated.find(at(host).canonical);
+        if (found != truncated.end() && root(found->second) != root(host))
+            all[std::size_t(root(host))].same = root(found->second);
+    }
+}
+
+void Identities::uniteDomains()
+{
+    const std::vector<int> domains = ofKind(AliasKind::Domain);
+    std::unordered_map<std::u16string, int> known;
+    for (const int domain : domains) {
+        if (at(domain).canonical.find(u'.') == std::u16string::npos)
+            continue;
+        for (const Spelling &spelling : spellingsOf(AliasKind::Domain, at(domain).name))
+            known.try_emplace(spelling.symbols, domain);
+    }
+    for (const int domain : domains) {
+        const std::u16string &name = at(domain).canonical;
+        const auto host = index.find(keyOf(AliasKind::Host, name));
+        const auto full = known.find(name);
+        if (host != index.end())
+            join(host->second, domain);
+        else if (full != known.end() && root(full->second) != root(domain))
+            all[std::size_t(root(domain))].same = root(full->second);
+    }
+}
+
+/// A folder or share with the name of a user, host or organisation.
+void Identities::uniteFolders()
+{
+    std::unordered_map<std::u16string, int> known;
+    for (const AliasKind kind : {AliasKind::User, AliasKind::Organisation, AliasKind::Host, AliasKind::Domain}) {
+        for (const int owner : ofKind(kind)) {
+            known.try_emplace(at(owner).canonical, owner);
+            for (const Spelling &spelling : spellingsOf(kind, at(owner).name))
+                known.try_emplace(spelling.symbols, owner);
+        }
+    }
+    for (const AliasKind kind : {AliasKind::Folder, AliasKind::Share}) {
+        for (const int folder : ofKind(kind)) {
+            std::u16string name = at(folder).canonical;
+            if (!name.empty() && name.back() == u'$') // a hidden share
+                name.pop_back();
+            const auto found = known.find(name);
+            if (found != known.end())
+                join(found->second, folder);
+        }
+    }
+}
+
+void Identities::unite()
+{
+    uniteUsers();
+    uniteHosts();
+    uniteDomains();
+    uniteFolders();
+}
+
+QByteArray Identities::canonical(int identity) const
+{
+    const std::u16string &symbols = at(root(identity)).canonical;
+    QByteArray bytes;
+    for (const char16_t code : symbols) {
+        bytes += char(code >> 8U);
+        bytes += char(code & 0xffU);
+    }
+    return bytes;
+}
+
+void Identities::addTo(NameSearch &search) const
+{
+    static constexpr AliasKind order[] = {AliasKind::User, AliasKind::Host, AliasKind::Domain, AliasKind::Organisation,
+                                          AliasKind::Product, AliasKind::Serial, AliasKind::Printer, AliasKind::Label,
+                                          AliasKind::Share, AliasKind::Folder, AliasKind::Secret};
+    for (const AliasKind kind : order) {
+        for (const int identity : ofKind(kind)) {
+            for (const Spelling &spelling : spellingsOf(kind, at(identity).name))
+                search.add(spelling.symbols, root(identity), spelling.boundaries);
+        }
+    }
+}
+
+} // namespace Reports
+} // namespace velkor
