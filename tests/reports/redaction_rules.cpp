@@ -41,16 +41,15 @@ QString flawOfParts(const char *name, const Document &before, const std::vector<
     return {};
 }
 
-/// The bytes of the format itself, and of foreign text only the line breaks.
+/// The bytes of the format itself, without line ends.
 QByteArray bytesOutsideOfValues(const Document &document)
 {
     QByteArray bytes;
     for (const Place &place : document.places()) {
-        if (place.kind == PlaceKind::Value || place.kind == PlaceKind::Other)
-            continue;
-        bytes += document.text().mid(place.begin, place.end - place.begin);
+        if (place.kind == PlaceKind::Heading || place.kind == PlaceKind::Separator || place.kind == PlaceKind::Label)
+            bytes += document.text().mid(place.begin, place.end - place.begin);
     }
-    return bytes;
+    return bytes.replace('\n', "").replace('\r', "");
 }
 
 QString firstDifference(const QByteArray &left, const QByteArray &right)
@@ -58,9 +57,9 @@ QString firstDifference(const QByteArray &left, const QByteArray &right)
     int at = 0;
     while (at < left.size() && at < right.size() && left[at] == right[at])
         ++at;
-    const int begin = left.lastIndexOf('\n', std::max(0, at - 1)) + 1;
+    const int begin = std::max(0, at - 40);
     return QStringLiteral("\"%1\" instead of \"%2\"")
-        .arg(QString::fromUtf8(right.mid(begin, 120)), QString::fromUtf8(left.mid(begin, 120)));
+        .arg(QString::fromUtf8(right.mid(begin, 100)), QString::fromUtf8(left.mid(begin, 100)));
 }
 
 QString flawOfAlias(const Alias &alias, bool hasKey)
@@ -97,7 +96,9 @@ QString flawOfRedaction(const Document &before, const Document &after)
     if (before.encoding() != after.encoding() || before.lineEnd() != after.lineEnd()
         || before.linePrefix() != after.linePrefix())
         return QStringLiteral("the encoding, the line ends or the quotes");
-    if (before.states() != after.states())
+    if (before.states().testFlag(State::WrappedLines))
+        return {};
+    if ((before.states() & ~int(State::Ambiguous)) != (after.states() & ~int(before.states() & State::Ambiguous)))
         return QStringLiteral("the states %1 instead of %2")
             .arg(stateNames(after.states()).join(QLatin1Char(' ')), stateNames(before.states()).join(QLatin1Char(' ')));
     QString flaw = flawOfParts("section", before, before.sections(), after.sections());

@@ -7,7 +7,9 @@
 
 /// What differs between a document and its redaction although it must not: the number of line breaks, the
 /// encoding, the states, the sections, items and facts, and the bytes that belong to no value. Empty if
-/// nothing does.
+/// nothing does. A state can vanish with what was contradictory in a value, and further lines of a value can
+/// become empty. If lines were wrapped, only the line breaks and the encoding are checked: the lengths of lines say where
+/// they were broken, and aliases have other lengths.
 QString flawOfRedaction(const velkor::Reports::Document &before, const velkor::Reports::Document &after);
 
 /// Whether both texts have as many line feeds and as many carriage returns.

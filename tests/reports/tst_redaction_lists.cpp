@@ -121,7 +121,9 @@ void RedactionListsTest::hiddenWordsHaveAliases()
         QCOMPARE(alias.reasons, Reasons(Reason::Hidden));
     }
     QCOMPARE(redaction.aliases[0].count, 2);
-    QCOMPARE(redaction.aliases[0].spellings, QStringList({text("proj-a"), text("PROJ-A")}));
+    QStringList spellings = redaction.aliases[0].spellings;
+    spellings.sort();
+    QCOMPARE(spellings, QStringList({text("PROJ-A"), text("proj-a")}));
 }
 
 // What is hidden in the value of a fact is gone, and the rest of the report stays.
