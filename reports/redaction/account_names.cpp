@@ -31,6 +31,16 @@ bool isDomainByte(char byte)
     return isNameByte(byte) || byte == '.' || byte == '-';
 }
 
+bool isHostByte(char byte)
+{
+    return isDomainByte(byte) || byte == '_';
+}
+
+bool isLetterOrDigit(char16_t symbol)
+{
+    return symbol >= 0x80 || isAlnum(char(symbol));
+}
+
 template <typename Is>
 std::size_t runBefore(std::string_view text, std::size_t at, Is is)
 {
@@ -66,6 +76,11 @@ bool hasTopLevel(std::string_view domain)
     return std::none_of(last.begin(), last.end(), [](char byte) { return byte >= '0' && byte <= '9'; }) && !isFileExtension(last);
 }
 
+bool isNumber(std::string_view text)
+{
+    return std::all_of(text.begin(), text.end(), [](char byte) { return byte >= '0' && byte <= '9'; });
+}
+
 void add(Findings &findings, std::size_t begin, std::size_t end, AliasKind kind)
 {
     if (end > begin)
@@ -83,6 +98,10 @@ void findMailAddress(std::string_view text, std::size_t at, bool isFree, Finding
     if (begin == at || end == at + 1)
         return;
     const std::string_view domain = text.substr(at + 1, end - at - 1);
+    if (isNumber(text.substr(begin, at - begin))) { // "27000@licences": the port of a licence server
+        add(findings, at + 1, end, AliasKind::Host);
+        return;
+    }
     const bool isInternet = hasTopLevel(domain);
     if (!isInternet && (!isFree || domain.find('.') != std::string_view::npos))
         return;
@@ -90,22 +109,61 @@ void findMailAddress(std::string_view text, std::size_t at, bool isFree, Finding
     add(findings, at + 1, end, AliasKind::Domain);
 }
 
+/// Whether everybody knows the host: of a manufacturer, or of this machine itself.
+bool isPublicHost(std::string_view host)
+{
+    static constexpr const char *domains[] = {"microsoft.com", "windows.com", "windowsupdate.com", "office.com", "live.com",
+                                              "google.com", "github.com", "gitlab.com", "qt.io", "mozilla.org", "python.org",
+                                              "debian.org", "winehq.org", "apple.com", "intel.com", "amd.com", "nvidia.com",
+                                              "wikipedia.org", "w3.org", "localhost"};
+    const std::u16string name = folded(host);
+    return std::any_of(std::begin(domains), std::end(domains), [&name](const char *domain) {
+        const std::u16string end = folded(std::string_view(domain));
+        return name == end || (name.size() > end.size() && name[name.size() - end.size() - 1] == u'.' && name.compare(name.size() - end.size(), end.size(), end) == 0);
+    });
+}
+
 /// "//user:password@host:80/": \a begin is behind the slashes.
 void findAuthority(std::string_view text, std::size_t begin, Findings &findings)
 {
-    const std::size_t end = std::min(text.find_first_of(" \t\n\"'<>/\\;,", begin), text.size());
+    const std::size_t end = std::min(text.find_first_of(" \t\n\"'<>/\\;,?#", begin), text.size());
     const std::string_view authority = text.substr(begin, end - begin);
     const std::size_t at = authority.rfind('@');
-    if (at == std::string_view::npos)
-        return;
-    const std::size_t colon = std::min(authority.find(':'), at);
-    add(findings, begin, begin + colon, AliasKind::User);
-    std::size_t hostEnd = runAfter(text, begin + at + 1, isDomainByte);
-    hostEnd = std::min(hostEnd, end);
-    const std::string_view host = text.substr(begin + at + 1, hostEnd - begin - at - 1);
+    std::size_t hostBegin = begin;
+    if (at != std::string_view::npos) {
+        add(findings, begin, begin + std::min(authority.find(':'), at), AliasKind::User);
+        hostBegin += at + 1;
+    }
+    const std::size_t hostEnd = std::min(runAfter(text, hostBegin, isHostByte), end);
+    const std::string_view host = text.substr(hostBegin, hostEnd - hostBegin);
     const bool hasLetter = std::any_of(host.begin(), host.end(), [](char byte) { return isNameByte(byte) && (byte < '0' || byte > '9'); });
-    if (hasLetter)
-        add(findings, begin + at + 1, hostEnd, AliasKind::Host);
+    if (hasLetter && !isPublicHost(host))
+        add(findings, hostBegin, hostEnd, AliasKind::Host);
+}
+
+/// "user=jorn", "--login jorn": what follows a word for an account.
+void findAssignedAccount(std::string_view text, std::size_t at, Findings &findings)
+{
+    static constexpr std::string_view labels[] = {"user", "username", "user id", "userid", "uid", "login", "account", "user name"};
+    const std::size_t start = at > 12 ? at - 12 : 0;
+    std::size_t end = at;
+    while (end > start && text[end - 1] == ' ')
+        --end;
+    const std::u16string before = folded(text.substr(start, end - start));
+    const bool isLabel = std::any_of(std::begin(labels), std::end(labels), [&before](std::string_view label) {
+        const std::u16string name = folded(label);
+        return before.size() >= name.size() && before.compare(before.size() - name.size(), name.size(), name) == 0
+            && (before.size() == name.size() || !isLetterOrDigit(before[before.size() - name.size() - 1]));
+    });
+    if (!isLabel)
+        return;
+    std::size_t begin = at + 1;
+    while (begin < text.size() && (text[begin] == ' ' || text[begin] == '"' || text[begin] == '\''))
+        ++begin;
+    const std::size_t stop = std::min(text.find_first_of(" \t\n\"';&,%", begin), text.size());
+    if (stop < text.size() && text[stop] == '%') // a reference to a variable
+        return;
+    add(findings, begin, stop, AliasKind::User);
 }
 
 void findSecurityIdentifier(std::string_view text, std::size_t at, Findings &findings)
@@ -123,6 +181,19 @@ bool isAccountByte(char byte)
     return isNameByte(byte) || byte == '_' || byte == '.' || byte == '-' || byte == '$';
 }
 
+/// Whether what stands at \a begin belongs to a path that began before it.
+bool isInPath(std::string_view text, std::size_t begin)
+{
+    constexpr std::size_t farthest = 100;
+    for (std::size_t at = begin; at > 0 && begin - at < farthest; --at) {
+        if (std::strchr("\";\n=(<,", text[at - 1]))
+            return false;
+        if (std::strchr("\\/:", text[at - 1]))
+            return at == begin || text[at - 1] == '\\';
+    }
+    return false;
+}
+
 } // namespace
 
 void findAccountNames(std::string_view text, bool isFree, Findings &findings)
@@ -131,6 +202,8 @@ void findAccountNames(std::string_view text, bool isFree, Findings &findings)
         findMailAddress(text, at, isFree, findings);
     for (std::size_t at = text.find("://"); at != std::string_view::npos; at = text.find("://", at + 3))
         findAuthority(text, at + 3, findings);
+    for (std::size_t at = text.find('='); at != std::string_view::npos; at = text.find('=', at + 1))
+        findAssignedAccount(text, at, findings);
     for (std::size_t at = text.find("S-1-5-21-"); at != std::string_view::npos; at = text.find("S-1-5-21-", at + 1))
         findSecurityIdentifier(text, at, findings);
 }
@@ -140,8 +213,12 @@ void findAccountPairs(std::string_view text, std::vector<AccountPair> &pairs)
     for (std::size_t at = text.find('\\'); at != std::string_view::npos; at = text.find('\\', at + 1)) {
         const std::size_t begin = runBefore(text, at, isAccountByte);
         const std::size_t next = runAfter(text, at, [](char byte) { return byte == '\\'; }); // "\\" of a programming language
-        const std::size_t end = runAfter(text, next, isAccountByte);
-        const bool isPath = (begin > 0 && std::strchr("\\/:", text[begin - 1])) || (end < text.size() && std::strchr("\\/", text[end]));
+        std::size_t end = runAfter(text, next, [](char byte) {
+            return static_cast<unsigned char>(byte) > ' ' && !std::strchr("\"';,<>\\/", byte);
+        });
+        const bool isPath = (end < text.size() && std::strchr("\\/", text[end])) || isInPath(text, begin);
+        while (end > next && std::strchr(".:!?)]", text[end - 1]))
+            --end;
         const bool isPair = begin < at && end > next && next - at <= 2 && !isPath;
         if (isPair)
             pairs.push_back({{int(begin), int(at), AliasKind::Domain, Reason::Form}, {int(next), int(end), AliasKind::User, Reason::Form}});

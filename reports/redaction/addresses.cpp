@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <iterator>
 
 namespace velkor {
@@ -16,7 +17,8 @@ constexpr std::size_t blockSize = 8;
 
 enum CharacterClass : unsigned char {
     Hexadecimal = 0x1,
-    Separator = 0x2, ///< or the start of a percent-coded one
+    Separator = 0x2,
+    First = 0x4, ///< a separator, or the start of a percent-coded one, that can begin an address: "::"
 };
 
 constexpr std::array<unsigned char, 256> characterClasses()
@@ -26,8 +28,10 @@ constexpr std::array<unsigned char, 256> characterClasses()
         if (hexValue(char(i)) >= 0)
             classes[std::size_t(i)] = Hexadecimal;
     }
-    for (const char c : {':', '.', '-', '_', '%'})
+    for (const char c : {'.', '-', '_'})
         classes[std::size_t(c)] = Separator;
+    for (const char c : {':', '%'})
+        classes[std::size_t(c)] = Separator | First;
     return classes;
 }
 
@@ -43,12 +47,27 @@ bool isHex(char c)
     return classOf(c) == Hexadecimal;
 }
 
-bool hasSeparator(const char *block)
+constexpr std::uint64_t lowestBits = 0x0101010101010101;
+
+std::uint64_t classOf(const char *block, unsigned place)
 {
-    return ((classOf(block[0]) | classOf(block[1]) | classOf(block[2]) | classOf(block[3]) | classOf(block[4])
-             | classOf(block[5]) | classOf(block[6]) | classOf(block[7]))
-            & Separator)
-        != 0;
+    return std::uint64_t(classOf(block[place])) << 8 * place;
+}
+
+/// The classes of eight bytes, the first one in the lowest byte. Without a loop it takes half of the time.
+std::uint64_t classesOf(const char *block)
+{
+    return classOf(block, 0) | classOf(block, 1) | classOf(block, 2) | classOf(block, 3) | classOf(block, 4)
+        | classOf(block, 5) | classOf(block, 6) | classOf(block, 7);
+}
+
+/// The lowest bit of each byte that is a separator beside others or after a digit; \a previous is the class before.
+/// The byte after the block counts as a digit.
+std::uint64_t separatorsOf(std::uint64_t block, unsigned previous)
+{
+    const std::uint64_t before = block << 8 | previous;
+    const std::uint64_t after = block >> 8 | std::uint64_t(Hexadecimal) << 56;
+    return (block >> 1) & (before | (block >> 2)) & (after | (after >> 1)) & lowestBits;
 }
 
 /// Finds the addresses that have separators. Passes over the text once; at each separator after a hexadecimal
@@ -64,9 +83,8 @@ public:
     std::vector<AddressPlace> find();
 
 private:
-    void findBetween(std::size_t begin, std::size_t end);
-    bool canFollowDigit(std::size_t separator) const;
-    bool canBeFirst(std::size_t separator) const;
+    void findAt(std::size_t block, std::uint64_t separators);
+    bool canSeparate(std::size_t at) const;
     bool readAround(std::size_t separator);
     bool readGap(std::size_t colon);
     bool beginsWord(std::size_t at) const;
@@ -84,37 +102,36 @@ private:
 std::vector<AddressPlace> AddressFinder::find()
 {
     std::size_t i = 0;
+    unsigned previous = 0;
     for (; i + blockSize <= text_.size(); i += blockSize) {
-        if (hasSeparator(text_.data() + i))
-            findBetween(i, i + blockSize);
+        const std::uint64_t block = classesOf(text_.data() + i);
+        const std::uint64_t separators = separatorsOf(block, previous);
+        if (separators != 0)
+            findAt(i, separators);
+        previous = unsigned(block >> 56);
     }
-    findBetween(i, text_.size());
+    for (; i < text_.size(); ++i) {
+        if ((classOf(text_[i]) & Separator) != 0)
+            findAt(i, 1);
+    }
     return std::move(places_);
 }
 
-void AddressFinder::findBetween(std::size_t begin, std::size_t end)
+/// \a separators has the lowest bit of each byte to look at.
+void AddressFinder::findAt(std::size_t block, std::uint64_t separators)
 {
-    const char *const text = text_.data();
-    for (std::size_t i = begin; i < end; ++i) {
-        if (classOf(text[i]) != Separator)
-            continue;
-        const bool canBeAddress = i > 0 && isHex(text[i - 1]) ? canFollowDigit(i) : canBeFirst(i);
-        if (canBeAddress && i >= next_ && readAround(i))
+    for (std::size_t i = block; separators != 0; ++i, separators >>= 8) {
+        if ((separators & 1) != 0 && i >= next_ && canSeparate(i) && readAround(i))
             places_.push_back(place_);
     }
 }
 
-bool AddressFinder::canFollowDigit(std::size_t separator) const
+bool AddressFinder::canSeparate(std::size_t at) const
 {
-    const char next = characterAt(text_, separator + 1);
-    return isHex(next) || next == text_[separator] || next == '%';
-}
-
-/// Whether a separator that follows no digit can be the first of "::".
-bool AddressFinder::canBeFirst(std::size_t separator) const
-{
-    const char c = text_[separator];
-    const char next = characterAt(text_, separator + 1);
+    const char c = text_[at];
+    const char next = characterAt(text_, at + 1);
+    if (at > 0 && isHex(text_[at - 1]))
+        return isHex(next) || next == c || next == '%';
     return (c == ':' && (next == ':' || next == '%')) || (c == '%' && next == '3');
 }
 

@@ -45,12 +45,14 @@ struct Contents
         for (const char byte : text) {
             hasSeparator = hasSeparator || byte == '\\' || byte == '/';
             hasAt = hasAt || byte == '@';
+            hasEqual = hasEqual || byte == '=';
             hasDigit = hasDigit || (byte >= '0' && byte <= '9');
         }
     }
 
     bool hasSeparator = false;
     bool hasAt = false;
+    bool hasEqual = false;
     bool hasDigit = false;
 };
 
@@ -64,11 +66,25 @@ public:
 
     Collected run()
     {
+        for (const Fact &fact : document.facts()) {
+            if (namesProgram(document.row(fact)))
+                result.programFolders.insert(folded(document.display(fact)));
+        }
         forEachRegion(document, [this](const Region &region) { collect(region); });
         return std::move(result);
     }
 
 private:
+    /// Programs have folders of their name below those of users.
+    static bool namesProgram(const FactRow &row)
+    {
+        for (const char *key : {"applicationName", "organizationName", "productName"}) {
+            if (qstrcmp(row.key, key) == 0)
+                return true;
+        }
+        return false;
+    }
+
     void collect(const Region &visited)
     {
         region = &visited;
@@ -171,14 +187,17 @@ private:
 
     bool isUserName() const { return qstrcmp(document.row(document.facts()[std::size_t(region->fact())]).key, "userName") == 0; }
 
-    /// The whole text is a name.
+    /// Each line of the text is a name.
     void name(AliasKind kind, Reason reason, Identities::Rank rank)
     {
-        std::size_t begin = 0;
-        std::size_t end = text.size();
-        trim(begin, end);
         Plan plan;
-        put(plan, int(begin), int(end), kind, reason, rank);
+        for (std::size_t begin = 0; begin < text.size();) {
+            const std::size_t lineEnd = std::min(text.find('\n', begin), text.size());
+            std::size_t end = lineEnd;
+            trim(begin, end);
+            put(plan, int(begin), int(end), kind, reason, rank);
+            begin = lineEnd + 1;
+        }
         found = merged(found, plan, text);
     }
 
@@ -215,7 +234,7 @@ private:
             if (!isCommonAddress(place))
                 putAddress(plan, place, Reason::Fact);
         }
-        const bool isUnreadable = places.empty() && text.find('<') == std::string_view::npos
+        const bool isUnreadable = places.empty() && aliasLength(text) == 0 && text.find('<') == std::string_view::npos
             && std::any_of(text.begin(), text.end(), [](char byte) { return byte >= '0' && byte <= '9'; });
         if (isUnreadable)
             name(kind, Reason::Fact, Identities::Stated);
@@ -231,11 +250,11 @@ private:
             searchSecrets(isFree);
         Findings findings;
         if (contents.hasSeparator) {
-            findPathNames(text, treatment.paths, findings);
+            findPathNames(text, treatment.paths, findings, result.programFolders);
             take(findings);
             searchAccountPairs();
         }
-        if (contents.hasAt || contents.hasDigit) {
+        if (contents.hasAt || contents.hasDigit || contents.hasSeparator || contents.hasEqual) {
             findAccountNames(text, isFree, findings);
             take(findings);
         }
@@ -295,7 +314,7 @@ private:
         for (const AddressPlace &place : findAddresses(text)) {
             if (isCommonAddress(place))
                 continue;
-            if (place.isCertain || (isFree && isDottedQuad(place)) || isAfterHostMark(place.begin)) {
+            if (place.isCertain || isBluetooth(place) || (isFree && isDottedQuad(place)) || isAfterHostMark(place.begin)) {
                 putAddress(plan, place, Reason::Form);
                 continue;
             }
@@ -305,6 +324,14 @@ private:
                 result.addresses.push_back({inDocument.front(), kindOf(place.family), place.canonical});
         }
         found = merged(found, plan, text);
+    }
+
+    /// "BTHENUM\\Dev_001A7D779F3C".
+    bool isBluetooth(const AddressPlace &place) const
+    {
+        constexpr std::string_view start = "Dev_";
+        return place.family == AddressFamily::Mac && place.begin >= start.size()
+            && text.compare(place.begin - start.size(), start.size(), start) == 0;
     }
 
     /// "192.0.2.57", unless a word before it says that it is a version.

@@ -14,6 +14,7 @@ namespace Reports {
 struct Collected
 {
     Plan planned;              ///< without overlaps
+    std::unordered_set<std::u16string> programFolders; ///< names of folders of programs, as symbols
     int environmentValues = 0; ///< that become their length
 
     /// An address only if the same one is found for certain elsewhere.

@@ -75,7 +75,7 @@ FactTreatment makeTreatment(const FactRow &row)
         return name(AliasKind::Product);
     FactTreatment treatment;
     treatment.isDevice = reveals.testFlag(Reveal::SerialNumber);
-    treatment.hasAddresses = !is(row.section, "qtNetworkInterfaces");
+    treatment.hasAddresses = !std::strstr(row.key, "etmask");
     return treatment;
 }
 

@@ -61,6 +61,8 @@ FoldedLetter foldedLetter(char32_t codePoint)
     const QChar::Category category = QChar::category(uint(codePoint));
     if (category == QChar::Mark_NonSpacing || category == QChar::Other_Format)
         return {};
+    if (codePoint == '\n' || codePoint == '\r')
+        return {u'\n', SymbolClass::Other};
     if (QChar::isSpace(uint(codePoint)))
         return {u' ', SymbolClass::Other};
     if (isIdeograph(codePoint))

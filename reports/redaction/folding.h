@@ -27,7 +27,8 @@ struct Symbol
 };
 
 /// Reads UTF-8 as symbols. Percent codes are decoded, combining marks skipped; a byte that is no UTF-8
-/// is a letter of Latin-1. All kinds and runs of blanks are one space.
+/// is a letter of Latin-1. All kinds and runs of blanks are one space,
+/// unless a line ends.
 class SymbolReader
 {
 public:

@@ -34,13 +34,18 @@ int Identities::addKey(AliasKind kind, const std::u16string &canonical, const QS
     if (isNew)
         all.push_back({kind, name, canonical, rank, -1});
     Identity &identity = all[std::size_t(entry->second)];
-    identity.rank = std::min(identity.rank, int(rank));
+    if (rank < identity.rank) {
+        identity.rank = rank;
+        identity.name = name;
+    }
     return entry->second;
 }
 
 int Identities::add(AliasKind kind, const QString &name, Rank rank)
 {
-    return addKey(kind, folded(name), name, rank);
+    if (!name.contains(QLatin1Char('%')))
+        return addKey(kind, folded(name), name, rank);
+    return addKey(kind, folded(name), QString::fromUtf8(QByteArray::fromPercentEncoding(name.toUtf8())), rank);
 }
 
 int Identities::addBytes(AliasKind kind, const QByteArray &canonical, const QString &name)
@@ -98,7 +103,10 @@ void Identities::uniteUsers()
     const std::vector<int> users = ofKind(AliasKind::User);
     std::unordered_map<std::u16string, int> known;
     std::unordered_map<std::u16string, int> shortened;
+    std::unordered_map<std::u16string, int> whole;
     for (const int user : users) {
+        for (const std::u16string &variant : variantsOfName(at(user).name))
+            whole.try_emplace(variant, user);
         for (const std::u16string &base : shortNameBases(at(user).name))
             shortened.try_emplace(base, user);
         for (const Spelling &spelling : spellingsOf(AliasKind::User, at(user).name)) {
@@ -124,8 +132,8 @@ void Identities::uniteUsers()
         if (at(user).rank > Stated)
             continue;
         for (const Spelling &spelling : spellingsOf(AliasKind::User, at(user).name)) {
-            const auto account = index.find(keyOf(AliasKind::User, spelling.symbols));
-            if (account != index.end() && account->second != user)
+            const auto account = whole.find(spelling.symbols);
+            if (account != whole.end() && account->second != user)
                 join(user, account->second);
         }
     }

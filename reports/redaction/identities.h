@@ -16,7 +16,7 @@ namespace Reports {
 struct Identity
 {
     AliasKind kind = AliasKind::Word;
-    QString name;             ///< in the spelling that was found first
+    QString name;             ///< of the spellings with the lowest rank the first, without percent codes
     std::u16string canonical; ///< the same for all spellings that differ in case and accents only; bytes of an address or a secret
     int rank = 0;             ///< of names of the same thing the one with the lowest rank decides
     int same = -1;            ///< index of another name of the same thing

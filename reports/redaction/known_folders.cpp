@@ -24,6 +24,9 @@ Names namesIn(const char *list)
 // Names with "|" between them. docs/privacy.md describes the groups.
 constexpr const char *usersFolders = "users|documents and settings|dokumente und einstellungen|benutzer|utilisateurs|usuarios|utenti";
 
+constexpr const char *programsFolders = "program files|program files (x86)|program files (arm)|programme|programme (x86)|progra~1|progra~2|"
+                                        "%programfiles%|%programfiles(x86)%|%programw6432%";
+
 constexpr const char *sharedProfiles = "public|default|default user|all users|defaultapppool|öffentlich|systemprofile|"
                                        "localservice|networkservice|%username%|$user|$username|<user>";
 
@@ -61,6 +64,12 @@ bool isOneOf(const Names &names, const std::u16string &name)
 bool isUsersFolder(const std::u16string &name)
 {
     static const Names names = namesIn(usersFolders);
+    return isOneOf(names, name);
+}
+
+bool isProgramsFolder(const std::u16string &name)
+{
+    static const Names names = namesIn(programsFolders);
     return isOneOf(names, name);
 }
 

@@ -11,6 +11,8 @@ namespace Reports {
 
 /// "users": what follows it in a path is the name of a user.
 bool isUsersFolder(const std::u16string &name);
+/// "program files".
+bool isProgramsFolder(const std::u16string &name);
 /// "public", "default": a folder beside those of users that belongs to nobody.
 bool isSharedProfile(const std::u16string &name);
 /// "appdata", "documents", "microsoft", "python311": says nothing about the user.

@@ -93,13 +93,19 @@ private:
         case Boundaries::Substring:
             return true;
         case Boundaries::Component:
-            return (!previous || isSeparator(previous->code)) && (!next || isSeparator(next->code));
+            return isComponent(previous, next);
         case Boundaries::Word:
             return startsWord && endsWord;
         case Boundaries::Anywhere:
             break;
         }
         return (startsWord && endsWord) || !isInOrdinaryWord(first.begin, last.end);
+    }
+
+    static bool isComponent(const Symbol *previous, const Symbol *next)
+    {
+        const auto isSlash = [](const Symbol *symbol) { return symbol && (symbol->code == u'\\' || symbol->code == u'/'); };
+        return (isSlash(previous) || isSlash(next)) && (!previous || isSeparator(previous->code)) && (!next || isSeparator(next->code));
     }
 
     bool isInOrdinaryWord(int begin, int end) const

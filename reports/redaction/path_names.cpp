@@ -24,7 +24,7 @@ bool isBlank(char byte)
 /// Characters that no name of a file has.
 bool endsName(char byte)
 {
-    return static_cast<unsigned char>(byte) < 0x20 || (byte != '\0' && std::strchr(";\"<>|*?:", byte) != nullptr);
+    return static_cast<unsigned char>(byte) < 0x20 || (byte != '\0' && std::strchr(";\"<>:", byte) != nullptr);
 }
 
 bool isHostByte(char byte)
@@ -47,13 +47,15 @@ enum class Role {
     Host,
     Share,
     Private, ///< folders below a user's or a share
+    Program, ///< folders of programs
 };
 
 class PathScanner
 {
 public:
-    PathScanner(std::string_view path, PathContext pathContext, Findings &places)
+    PathScanner(std::string_view path, PathContext pathContext, Findings &places, std::unordered_set<std::u16string> &programFolders)
         : text(path), context(pathContext), findings(places)
+        , programs(programFolders)
     {
     }
 
@@ -181,7 +183,13 @@ private:
             if (!isUsersFolder(name))
                 takeFolder(component, name);
             break;
+        case Role::Program:
+            if (!component.isLast)
+                programs.insert(name);
+            return role;
         case Role::Unknown:
+            if (isProgramsFolder(name))
+                return Role::Program;
             break;
         }
         if (isUsersFolder(name) || (name == u"home" && isAbsolute && depth == 0))
@@ -205,14 +213,15 @@ private:
     std::string_view text;
     PathContext context;
     Findings &findings;
+    std::unordered_set<std::u16string> &programs;
     bool isAbsolute = false;
 };
 
 } // namespace
 
-void findPathNames(std::string_view text, PathContext context, Findings &findings)
+void findPathNames(std::string_view text, PathContext context, Findings &findings, std::unordered_set<std::u16string> &programs)
 {
-    PathScanner(text, context, findings).run();
+    PathScanner(text, context, findings, programs).run();
 }
 
 } // namespace Reports

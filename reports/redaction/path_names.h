@@ -3,6 +3,9 @@
 
 #include "finding.h"
 
+#include <string>
+#include <unordered_set>
+
 namespace velkor {
 namespace Reports {
 
@@ -16,8 +19,8 @@ enum class PathContext {
 
 /// Appends the users, hosts, shares and folders that paths in \a text name: what follows "\Users\",
 /// "\Documents and Settings\" and "/home/", and what follows "\\". Folders that all users have, such as "AppData", and
-/// files of programs are none.
-void findPathNames(std::string_view text, PathContext context, Findings &findings);
+/// files of programs are none. Adds the folders below "Program Files", as symbols, to \a programs.
+void findPathNames(std::string_view text, PathContext context, Findings &findings, std::unordered_set<std::u16string> &programs);
 
 } // namespace Reports
 } // namespace velkor

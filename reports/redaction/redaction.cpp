@@ -40,6 +40,7 @@ public:
     {
         for (const Document &document : documents) {
             collected.push_back(collect(document, hide, keep, identities));
+            programFolders.merge(collected.back().programFolders);
             result.environmentValues += collected.back().environmentValues;
             aliases.reserve(view(document.text()));
         }
@@ -203,6 +204,12 @@ private:
         return merged(merged(merged(collected[i].planned, accounts[i], text), addresses, text), names[i], text);
     }
 
+    /// A folder below a user's that programs have, too.
+    bool isProgram(const Identity &identity) const
+    {
+        return identity.kind == AliasKind::Folder && programFolders.count(identity.canonical) > 0;
+    }
+
     void write(const Document &document, const Plan &plan)
     {
         const QByteArray &text = document.text();
@@ -210,7 +217,7 @@ private:
         redacted.reserve(text.size());
         int at = 0;
         for (const Planned &place : plan) {
-            if (place.what == Planned::keep)
+            if (place.what == Planned::keep || (place.what >= 0 && isProgram(identities.at(identities.root(place.what)))))
                 continue;
             redacted.append(text.constData() + at, place.begin - at);
             if (!place.continues)
@@ -253,6 +260,7 @@ private:
     Identities identities;
     NameSearch search;
     std::vector<Collected> collected;
+    std::unordered_set<std::u16string> programFolders;
     std::vector<Plan> accounts; ///< one for each document, as the following
     std::vector<Plan> names;
     std::vector<NamePlace> places;

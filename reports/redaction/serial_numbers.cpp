@@ -3,7 +3,6 @@
 #include "folding.h"
 
 #include <algorithm>
-#include <cctype>
 
 namespace velkor {
 namespace Reports {
@@ -25,10 +24,11 @@ bool isHex(char byte)
     return isDigit(byte) || (byte >= 'a' && byte <= 'f') || (byte >= 'A' && byte <= 'F');
 }
 
+/// \a start has capital letters.
 bool startsWith(std::string_view text, std::string_view start)
 {
     return text.size() >= start.size() && std::equal(start.begin(), start.end(), text.begin(), [](char left, char right) {
-               return left == std::toupper(static_cast<unsigned char>(right));
+               return left == (right >= 'a' && right <= 'z' ? char(right - 'a' + 'A') : right);
            });
 }
 
@@ -107,6 +107,16 @@ bool beginsLikeModel(std::string_view word)
     return isSeagate || std::any_of(std::begin(starts), std::end(starts), [word](std::string_view start) { return startsWith(word, start); });
 }
 
+/// "DiskST3500418AS" is a type of device and a model.
+std::string_view withoutDeviceType(std::string_view word)
+{
+    for (const std::string_view type : {"Disk", "CdRom", "Sequential", "Optical", "RAID"}) {
+        if (word.size() > type.size() && word.compare(0, type.size(), type) == 0)
+            return word.substr(type.size());
+    }
+    return word;
+}
+
 /// Whether \a word of a device's name is more likely a serial number than a model.
 bool looksLikeSerialNumber(std::string_view word)
 {
@@ -132,7 +142,7 @@ void findInDeviceName(std::string_view text, Findings &findings)
         std::size_t end = at;
         while (end < text.size() && isAlnum(text[end]))
             ++end;
-        if (looksLikeSerialNumber(text.substr(at, end - at)))
+        if (looksLikeSerialNumber(withoutDeviceType(text.substr(at, end - at))))
             findings.push_back({int(at), int(end), AliasKind::Serial, Reason::Form});
         at = end;
     }
@@ -157,15 +167,28 @@ std::size_t numberAfter(std::string_view text, std::size_t at)
     return at < limit && isAlnum(text[at]) ? at : std::string_view::npos;
 }
 
-void findLabelled(std::string_view text, std::string_view label, std::string_view lower, Findings &findings)
+/// The length of the label at the beginning of \a text; 0 if there is none.
+std::size_t labelLength(std::string_view text)
 {
-    for (std::size_t at = 0; (at = text.find_first_of(lower.substr(0, 2), at)) != std::string_view::npos; ++at) {
-        if ((at > 0 && isAlnum(text[at - 1])) || !startsWith(text.substr(at), label))
+    static constexpr std::string_view labels[] = {"S/N", "SN", "SERIAL", "SERIALNUMBER", "SERIENNUMMER", "SERIENNR", "SERVICE TAG",
+                                                  "SERVICETAG", "ASSET TAG", "ASSETTAG", "NUMERO DE SERIE", "N/S"};
+    std::size_t longest = 0;
+    for (const std::string_view label : labels) {
+        const bool isWord = text.size() > label.size() && !isAlnum(text[label.size()]);
+        if (isWord && label.size() > longest && startsWith(text, label))
+            longest = label.size();
+    }
+    return longest;
+}
+
+void findLabelled(std::string_view text, Findings &findings)
+{
+    constexpr std::string_view firstLetters = "sSaAnN";
+    for (std::size_t at = 0; (at = text.find_first_of(firstLetters, at)) != std::string_view::npos; ++at) {
+        if (at > 0 && isAlnum(text[at - 1]))
             continue;
-        const std::size_t after = at + label.size();
-        if (after < text.size() && isAlnum(text[after]) && !startsWith(text.substr(after), "NUMBER"))
-            continue;
-        const std::size_t begin = numberAfter(text, after);
+        const std::size_t length = labelLength(text.substr(at));
+        const std::size_t begin = length > 0 ? numberAfter(text, at + length) : std::string_view::npos;
         if (begin == std::string_view::npos)
             continue;
         std::size_t end = begin;
@@ -182,9 +205,7 @@ void findLabelled(std::string_view text, std::string_view label, std::string_vie
 
 void findSerialNumbers(std::string_view text, bool isDevice, Findings &findings)
 {
-    findLabelled(text, "S/N", "sS", findings);
-    findLabelled(text, "SN", "sS", findings);
-    findLabelled(text, "SERIAL", "sS", findings);
+    findLabelled(text, findings);
     if (isDevice)
         findInDeviceName(text, findings);
 }

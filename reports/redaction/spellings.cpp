@@ -105,12 +105,14 @@ void addVariants(std::vector<Spelling> &spellings, const QString &name)
         addSpelling(spellings, variant);
 }
 
-/// \a name and its form for programs that know ASCII only.
-void addLatin(std::vector<Spelling> &spellings, const QString &name)
+/// \a name and its form for programs that know ASCII only, as whole words.
+void addAccountName(std::vector<Spelling> &spellings, const QString &name)
 {
-    addSpelling(spellings, name);
-    if (!isAscii(name))
-        addSpelling(spellings, transliterated(name));
+    for (const QString &form : {name, transliterated(name)}) {
+        const std::u16string symbols = folded(form);
+        if (distinctionOf(symbols) != Distinction::None)
+            spellings.push_back({symbols, Boundaries::Word});
+    }
 }
 
 /// What precedes "~" in a short name: without blanks and points, six characters.
@@ -159,9 +161,9 @@ void addAccountNames(std::vector<Spelling> &spellings, const QStringList &words)
     for (const char *separator : {"", ".", "_", "-", " ", ", "}) {
         const QLatin1String between(separator);
         for (const QString &form : {first + between + last, last + between + first, initial + between + last, last + between + initial})
-            addLatin(spellings, form);
+            addAccountName(spellings, form);
     }
-    addLatin(spellings, first + QLatin1Char('.') + last.left(1));
+    addAccountName(spellings, first + QLatin1Char('.') + last.left(1));
 }
 
 QStringList splitWords(const QString &name)
@@ -260,6 +262,14 @@ std::vector<std::u16string> shortNameBases(const QString &name)
         bases.push_back(symbols.substr(0, 2));
     }
     return bases;
+}
+
+std::vector<std::u16string> variantsOfName(const QString &name)
+{
+    std::vector<std::u16string> variants;
+    for (const QString &variant : variantsOf(name))
+        variants.push_back(folded(variant));
+    return variants;
 }
 
 std::vector<Spelling> spellingsOf(AliasKind kind, const QString &name)

@@ -16,6 +16,9 @@ struct Spelling
 /// The spellings of \a name that are distinct enough to be replaced anywhere in a text. Empty for ordinary words.
 std::vector<Spelling> spellingsOf(AliasKind kind, const QString &name);
 
+/// \a name as programs write it that know ASCII only, and as others misread it.
+std::vector<std::u16string> variantsOfName(const QString &name);
+
 /// The words of a person's or an organisation's name that can stand for it.
 QStringList wordsOf(AliasKind kind, const QString &name);
 
