@@ -135,7 +135,8 @@ void HostileRedactionTest::names_data()
 }
 
 // Whatever somebody is called, the report keeps its lines, and nearly all of them stay as they are. The 22 lines
-// with the name and 24 with other identities change, and 5 can change: two printers, the label of a drive and two variables.
+// with the name and 24 with other identities change, and 6 can change: two printers and the driver of one, the label
+// of a drive and two variables.
 void HostileRedactionTest::names()
 {
     QFETCH(QByteArray, name);
@@ -143,7 +144,7 @@ void HostileRedactionTest::names()
     const QByteArray redacted = checked(text);
     QVERIFY(!redacted.isEmpty());
     const int changed = changedLines(text, redacted);
-    QVERIFY2(changed <= 51, QByteArray::number(changed));
+    QVERIFY2(changed <= 52, QByteArray::number(changed));
 }
 
 void HostileRedactionTest::longName()

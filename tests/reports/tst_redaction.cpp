@@ -164,7 +164,8 @@ void RedactionTest::workstation()
         = {"j\xc3\xb6rn", "lindmoor", "birkental", "00330-50000-00000-aaoem", "messdaten", "b\xc3\xbcro",
            "192.0.2.", "2001:db8:", "8c1f:5e2a:77b0:1d34", "00:00:5e:00:53:", "sprache=de"};
     const QList<QByteArray> free = {// not certain, or a word that many machines have
-                                    "C:\\ fixed drive", "   Kyocera ECOSYS P3155dn KX",
+                                    "C:\\ fixed drive", "   Driver Description: Kyocera ECOSYS P3155dn KX",
+                                    "   Kyocera ECOSYS P3155dn KX",
                                     "   Microsoft Print to PDF", "  =C:=",
                                     "  VK_MESSORDNER="};
     const QList<QByteArray> before = text.split('\n');
