@@ -37,6 +37,14 @@ AliasKind kindOf(AddressFamily family)
     return family == AddressFamily::Mac ? AliasKind::Mac : AliasKind::Ip;
 }
 
+/// Whether every network can have the domain.
+bool isCommonDomain(std::string_view name)
+{
+    static const std::unordered_set<std::u16string> names {u"ipv6-literal.net", u"in-addr.arpa", u"ip6.arpa", u"local", u"localdomain",
+                                                           u"lan", u"home", u"internal", u"intranet"};
+    return names.count(folded(name)) > 0;
+}
+
 /// Which bytes a text has, so that what cannot be in it is not searched.
 struct Contents
 {
@@ -379,7 +387,8 @@ private:
             return;
         }
         put(plan, begin, begin + int(point), AliasKind::Host, reason, rank);
-        put(plan, begin + int(point) + 1, end, AliasKind::Domain, reason, rank);
+        if (!isCommonDomain(bytes.substr(point + 1)))
+            put(plan, begin + int(point) + 1, end, AliasKind::Domain, reason, rank);
     }
 
     void put(Plan &plan, int begin, int end, AliasKind kind, Reason reason, Identities::Rank rank)
