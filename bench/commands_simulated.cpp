@@ -111,7 +111,7 @@ std::vector<Command> commands()
         {"cold", "FILE SIDE NAME   the time of the first run in this process; SIDE is 'library' or 'baseline'", cold},
         {"time", "RUNS [NAME]...   the times of these subjects, or of all", time},
         {"growth", "FACTOR         the cost of a report with FACTOR times as many drivers, devices and so on", growth},
-        {"reading", "FACTOR RUNS   the cost of reading such a report, and of comparing two", reading},
+        {"reading", "FACTOR RUNS   the cost of reading such a report, of comparing two and of redacting one", reading},
     };
 }
 

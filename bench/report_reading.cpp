@@ -62,6 +62,7 @@ void writeReportReading(std::size_t factor, int runs)
         {"split", [&] { const QStringList lines = report.split(QLatin1Char('\n')); Q_UNUSED(lines) }},
         {"read", [&] { Reports::read(text); }},
         {"compare", [&] { Reports::compare(older, newer); }},
+        {"redact", [&] { Reports::redact({older}); }},
     };
     const QByteArray state = "read-x" + QByteArray::number(qulonglong(factor));
     writeFigure("reports", "text", state, "bytes", text.size());

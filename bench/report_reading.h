@@ -1,4 +1,4 @@
-// What it costs to read the text of a report and to compare two of them.
+// What it costs to read the text of a report, to compare two of them and to redact one.
 #pragma once
 
 #include <cstddef>

@@ -160,7 +160,9 @@ void findAssignedAccount(std::string_view text, std::size_t at, Findings &findin
     std::size_t begin = at + 1;
     while (begin < text.size() && (text[begin] == ' ' || text[begin] == '"' || text[begin] == '\''))
         ++begin;
-    const std::size_t stop = std::min(text.find_first_of(" \t\n\"';&,%", begin), text.size());
+    constexpr std::size_t longest = 256;
+    const std::string_view value = text.substr(begin, longest);
+    const std::size_t stop = begin + std::min(value.find_first_of(" \t\n\"';&,%"), value.size());
     if (stop < text.size() && text[stop] == '%') // a reference to a variable
         return;
     add(findings, begin, stop, AliasKind::User);

@@ -80,6 +80,20 @@ bool isInAlias(std::string_view text, std::size_t begin, std::size_t end)
     }
 }
 
+bool hasOnlyAliases(std::string_view text)
+{
+    std::size_t at = 0;
+    while (at < text.size()) {
+        const std::size_t length = aliasLength(text.substr(at));
+        const bool isNameByte = static_cast<unsigned char>(text[at]) >= 0x80 || isDigit(text[at]) || (text[at] >= 'a' && text[at] <= 'z')
+            || (text[at] >= 'A' && text[at] <= 'Z');
+        if (length == 0 && isNameByte)
+            return false;
+        at += std::max<std::size_t>(length, 1);
+    }
+    return true;
+}
+
 AliasMaker::AliasMaker(const QByteArray &key)
     : hmacKey(key)
 {

@@ -17,17 +17,6 @@ namespace {
 
 using What = FactTreatment::What;
 
-bool isNameByte(char byte)
-{
-    const auto code = static_cast<unsigned char>(byte);
-    return code >= 0x80 || (byte >= '0' && byte <= '9') || (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z');
-}
-
-bool hasNameByte(std::string_view text)
-{
-    return std::any_of(text.begin(), text.end(), isNameByte);
-}
-
 QString decoded(std::string_view text)
 {
     return QString::fromUtf8(text.data(), int(text.size()));
@@ -405,7 +394,7 @@ private:
     void put(Plan &plan, int begin, int end, AliasKind kind, Reason reason, Identities::Rank rank)
     {
         const std::string_view bytes = text.substr(std::size_t(begin), std::size_t(end - begin));
-        if (!hasNameByte(bytes) || isInAlias(text, std::size_t(begin), std::size_t(end)))
+        if (hasOnlyAliases(bytes) || isInAlias(text, std::size_t(begin), std::size_t(end)))
             return;
         plan.push_back({begin, end, identities.add(kind, decoded(bytes), rank), reason, false});
     }

@@ -54,6 +54,16 @@ constexpr const char *knownFolders = "appdata|local|locallow|roaming|temp|tmp|lo
 constexpr const char *programExtensions = "exe|dll|sys|drv|ocx|cpl|com|bat|cmd|ps1|vbs|js|py|jar|msi|msc|scr|tsp|acm|ax|ime|nls|mui|"
                                           "manifest|so|pyd|node|lnk|inf|qm|conf";
 
+constexpr const char *fileExtensions = "txt|log|ini|cfg|xml|json|yaml|yml|csv|pdf|doc|docx|xls|xlsx|ppt|pptx|rtf|odt|ods|png|jpg|jpeg|gif|"
+                                       "svg|zip|7z|rar|tar|gz|iso|db|sqlite|html|htm|reg|pem|key|crt|pfx|lic|dat|bin|tmp|bak|h|c|cpp|hpp";
+
+/// What follows the last point of a name.
+std::u16string extensionOf(const std::u16string &name)
+{
+    const std::size_t point = name.rfind(u'.');
+    return point == std::u16string::npos || point == 0 ? std::u16string() : name.substr(point + 1);
+}
+
 bool isOneOf(const Names &names, const std::u16string &name)
 {
     return names.count(name) > 0;
@@ -97,8 +107,13 @@ bool isKnownFolder(const std::u16string &name)
 bool isProgramFile(const std::u16string &name)
 {
     static const Names extensions = namesIn(programExtensions);
-    const std::size_t point = name.rfind(u'.');
-    return point != std::u16string::npos && point > 0 && isOneOf(extensions, name.substr(point + 1));
+    return isOneOf(extensions, extensionOf(name));
+}
+
+bool isFile(const std::u16string &name)
+{
+    static const Names extensions = namesIn(fileExtensions);
+    return isProgramFile(name) || isOneOf(extensions, extensionOf(name));
 }
 
 } // namespace Reports

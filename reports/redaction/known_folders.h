@@ -22,5 +22,8 @@ bool isKnownShare(const std::u16string &name);
 /// "tool.exe": a file of a program, whose name matters for a diagnosis.
 bool isProgramFile(const std::u16string &name);
 
+/// "settings.ini": the name of a file and not of a folder.
+bool isFile(const std::u16string &name);
+
 } // namespace Reports
 } // namespace velkor

@@ -126,8 +126,12 @@ private:
         const bool endsWithSeparator = at < text.size() && isSeparator(text[at]) && !(at > begin && isBlank(text[at - 1]));
         component.end = at;
         component.isLast = !endsWithSeparator;
+        if (context == PathContext::Command || context == PathContext::Free) {
+            component.end = endOfFile(begin, at);
+            component.isLast = component.isLast || component.end < at;
+        }
         if (component.isLast)
-            component.end = endOfLast(begin, at);
+            component.end = endOfLast(begin, component.end);
         return component;
     }
 
@@ -137,19 +141,38 @@ private:
         while (end > begin && isBlank(text[end - 1]))
             --end;
         if (context == PathContext::Free) {
-            end = std::min(end, text.find_first_of(" \t,", begin));
+            end = std::min(end, text.substr(0, end).find_first_of(" \t,", begin));
             while (end > begin && std::strchr(".,:!?)'", text[end - 1]) != nullptr)
                 --end;
         }
         if (context != PathContext::Command)
             return end;
-        constexpr std::size_t longestExtension = 10; // with a letter before it
+        if (end > begin + 1 && end < text.size() && text[end] == ':' && isBlank(text[end - 2])) // the drive of the next path
+            end -= 2;
         for (std::size_t at = begin; at + 1 < end; ++at) {
-            if (!isBlank(text[at]))
-                continue;
-            const bool isArgument = std::strchr("-/%$@", text[at + 1]) != nullptr;
+            if (isBlank(text[at]) && isArgument(at + 1, end))
+                return at;
+        }
+        return end;
+    }
+
+    /// Whether a word of a command line is not a part of a path: "-x", "/x", "%1", "x=".
+    bool isArgument(std::size_t begin, std::size_t end) const
+    {
+        if (std::strchr("-/%$@", text[begin]))
+            return true;
+        const std::size_t stop = std::min(text.substr(0, end).find_first_of(" \t=", begin), end);
+        return stop < end && text[stop] == '=';
+    }
+
+    /// Where the name of a file ends that other words follow; \a end if none does.
+    std::size_t endOfFile(std::size_t begin, std::size_t end) const
+    {
+        constexpr std::size_t longestExtension = 10; // with a letter before it
+        const std::string_view names = text.substr(0, end);
+        for (std::size_t at = names.find(' ', begin); at < end; at = names.find(' ', at + 1)) {
             const std::size_t tail = std::max(begin, at - std::min(at, longestExtension));
-            if (isArgument || isProgramFile(folded(text.substr(tail, at - tail))))
+            if (isFile(folded(names.substr(tail, at - tail))))
                 return at;
         }
         return end;

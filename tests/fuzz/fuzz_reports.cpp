@@ -3,11 +3,13 @@
 // Any bytes are a report. Apart from the errors that sanitizers detect, these rules hold for all of
 // them. Every byte has one place, every fact is inside its item and its section. The text, and the
 // JSON and back, give the same bytes. A report is the same as itself. What people get to see is
-// UTF-8 without control characters; HTML has the tags of this project only. A limit is kept.
+// UTF-8 without control characters; HTML has the tags of this project only. A limit is kept. Redaction
+// keeps the number of lines, and redacting again changes nothing.
 
 #include "document_texts.h"
 #include "fuzz_target.h"
 #include "neutral_text.h"
+#include "redaction_rules.h"
 #include "vkReports.h"
 
 #include <algorithm>
@@ -147,6 +149,38 @@ void checkComparison(const Document &older, const Document &newer)
     checkHtml(comparisonHtml(table, options));
 }
 
+/// The lists are fixed: the same input has the same result.
+RedactionOptions redactionOptions(bool hasKey)
+{
+    RedactionOptions options;
+    if (hasKey) {
+        options.key = QByteArrayLiteral("key of the fuzzer");
+        options.hide = QStringList {QStringLiteral("Fujitsu"), QStringLiteral("a"), QStringLiteral("*-?[0-9]*"), QStringLiteral("C:\\")};
+        options.keep = QStringList {QStringLiteral("Microsoft"), QStringLiteral("1*"), QStringLiteral("[!a-z]")};
+    }
+    return options;
+}
+
+void checkRedaction(const Document &document)
+{
+    for (const bool hasKey : {false, true}) {
+        const RedactionOptions options = redactionOptions(hasKey);
+        const Redaction redaction = redact({document}, options);
+        require(redaction.documents.size() == 1, "a document has one redaction");
+        const Document &redacted = redaction.documents.front();
+        require(haveSameLineBreaks(document, redacted), "redaction keeps the number of lines", redacted.bytes());
+        require(redacted.encoding() == document.encoding(), "redaction keeps the encoding", redacted.encoding());
+        const QByteArray again = redact({redacted}, options).documents.front().bytes();
+        require(again == redacted.bytes(), "redacting again changes nothing", redacted.bytes() + "\n became \n" + again);
+        const QString flaw = flawOfAliases(redaction, hasKey, true);
+        require(flaw.isEmpty(), "aliases are well-formed", flaw.toUtf8());
+        checkNoControls(redactionText(redaction), "the text of what was replaced has no control characters");
+        require(isUtf8(redactionJson(redaction)) && isUtf8(aliasMapJson(redaction)), "JSON of aliases is UTF-8");
+        const std::optional<Document> restored = fromJson(toJson(redacted, redaction));
+        require(restored && restored->bytes() == redacted.bytes(), "JSON of a redacted report gives the same bytes");
+    }
+}
+
 void checkDocument(const Document &document)
 {
     const QString flaw = flawOfPlaces(document);
@@ -175,6 +209,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
     require(document.bytes() == bytes, "the bytes are kept");
     checkDocument(document);
     checkComparison(document, read(turned(bytes)));
+    checkRedaction(document);
     QString error;
     const std::optional<Document> fromBytes = fromJson(bytes, &error);
     require(fromBytes.has_value() == error.isEmpty(), "JSON that cannot be read has a message", error.toUtf8());

@@ -1,6 +1,6 @@
 """Validates the JSON of reports with docs/report.schema.json, and shows that wrong JSON fails.
 
-check_schema.py WRITE_JSON SOURCE_FOLDER
+check_schema.py WRITE_JSON SOURCE_FOLDER PLANTED_FOLDER
 """
 import copy
 import json
@@ -12,11 +12,12 @@ import tempfile
 import jsonschema
 
 
-def texts(source):
-    """The files with reports of this project."""
+def texts(source, planted):
+    """The files with reports of this project, and some invented reports with identities and secrets."""
     folders = [source / "tests" / "golden", source / "tests" / "reports" / "data"]
     files = [path for folder in folders if folder.is_dir() for path in folder.rglob("*.txt")]
-    return [source / "docs" / "example-report.txt", *sorted(files)]
+    some = sorted(planted.glob("*.txt"))[:20]
+    return [source / "docs" / "example-report.txt", *sorted(files), *some]
 
 
 def documents(write_json, files):
@@ -121,11 +122,11 @@ WRONG = {
 
 
 def main():
-    write_json, source = sys.argv[1], pathlib.Path(sys.argv[2])
+    write_json, source, planted = sys.argv[1], pathlib.Path(sys.argv[2]), pathlib.Path(sys.argv[3])
     schema = json.loads((source / "docs" / "report.schema.json").read_bytes())
     jsonschema.Draft202012Validator.check_schema(schema)
     validator = jsonschema.Draft202012Validator(schema)
-    files = texts(source)
+    files = texts(source, planted)
     failures = 0
     right, redacted = documents(write_json, files)
     for file, document in [*zip(files, right), *zip(files, redacted)]:

@@ -29,13 +29,11 @@ private Q_SLOTS:
 
 namespace {
 
-constexpr char first[] = "This report is not anonymous: its hardware, programs, versions and dates can identify the machine "
-                         "for somebody who knows it.\n";
+constexpr char first[]
+    = "This report is not anonymous: its hardware, programs, versions and dates can identify the machine "
+      "for somebody who knows it.\n";
 
-QString text(const char *latin1)
-{
-    return QString::fromLatin1(latin1);
-}
+QString text(const char *latin1) { return QString::fromLatin1(latin1); }
 
 Alias alias(AliasKind kind, const char *name, int count, Reasons reasons, const QStringList &spellings = {})
 {
@@ -49,7 +47,8 @@ Redaction redactionOf(const std::vector<Alias> &aliases, int environmentValues =
 
 Redaction example()
 {
-    return redactionOf({alias(AliasKind::Host, "host-1", 2, Reason::Fact | Reason::SameElsewhere, {text("LINDE-PC"), text("linde-pc")}),
+    return redactionOf({alias(AliasKind::Host, "host-1", 2, Reason::Fact | Reason::SameElsewhere,
+                              {text("LINDE-PC"), text("linde-pc")}),
                         alias(AliasKind::User, "user-1", 5, Reason::Fact, {text("J\\ \"\t\x1b")}),
                         alias(AliasKind::Secret, "secret-1", 1, Reason::Form, {text("hunter2")})},
                        3);
@@ -60,7 +59,9 @@ Redaction example()
 // The names are part of the texts of reports and never change.
 void RedactionSummaryTest::kindNames()
 {
-    const QStringList expected = text("user host domain org product serial mac ip printer label share folder secret word").split(QLatin1Char(' '));
+    const QStringList expected
+        = text("user host domain org product serial mac ip printer label share folder secret word")
+              .split(QLatin1Char(' '));
     QStringList names;
     for (int kind = 0; kind <= int(AliasKind::Word); ++kind)
         names += aliasKindName(AliasKind(kind));
@@ -76,27 +77,37 @@ void RedactionSummaryTest::summary_data()
     QTest::newRow("no document") << Redaction() << first + QByteArray("Nothing was replaced.\n");
     QTest::newRow("one") << redactionOf({alias(AliasKind::User, "user-1", 1, Reason::Fact)})
                          << first + QByteArray("1 user name in 1 place: a fact of the report reveals it.\n");
-    QTest::newRow("several places") << redactionOf({alias(AliasKind::Mac, "mac-1", 14, Reason::Fact | Reason::SameElsewhere)})
-                                    << first + QByteArray("1 MAC address in 14 places: a fact of the report reveals it; it occurs elsewhere, too.\n");
+    QTest::newRow("several places") << redactionOf(
+        {alias(AliasKind::Mac, "mac-1", 14, Reason::Fact | Reason::SameElsewhere)})
+                                    << first
+            + QByteArray("1 MAC address in 14 places: a fact of the report reveals it; it occurs elsewhere, too.\n");
     QTest::newRow("several aliases of a kind")
         << redactionOf({alias(AliasKind::Ip, "ip-1", 2, Reason::Fact), alias(AliasKind::Ip, "ip-2", 1, Reason::Form)})
-        << first + QByteArray("2 IP addresses in 3 places: facts of the report reveal them; their form shows what they are.\n");
+        << first
+            + QByteArray(
+                "2 IP addresses in 3 places: facts of the report reveal them; their form shows what they are.\n");
     QTest::newRow("several kinds, in the order of the kinds")
-        << redactionOf({alias(AliasKind::Secret, "secret-1", 1, Reason::Form), alias(AliasKind::Organisation, "org-1", 1, Reason::Fact)})
+        << redactionOf({alias(AliasKind::Secret, "secret-1", 1, Reason::Form),
+                        alias(AliasKind::Organisation, "org-1", 1, Reason::Fact)})
         << first
             + QByteArray("1 organisation in 1 place: a fact of the report reveals it.\n"
                          "1 secret in 1 place: its form shows what it is.\n");
-    QTest::newRow("no reason") << redactionOf({alias(AliasKind::Word, "word-1", 1, {})}) << first + QByteArray("1 other word in 1 place.\n");
-    QTest::newRow("one value of a variable") << redactionOf({}, 1) << first + QByteArray("1 value of an environment variable became its length.\n");
-    QTest::newRow("values of variables") << redactionOf({}, 2) << first + QByteArray("2 values of environment variables became their lengths.\n");
-    QTest::newRow("many places")
-        << redactionOf({alias(AliasKind::Ip, "ip-1", 2147483647, Reason::Form), alias(AliasKind::Ip, "ip-2", 2147483647, Reason::Form)})
-        << first + QByteArray("2 IP addresses in 4294967294 places: their form shows what they are.\n");
+    QTest::newRow("no reason") << redactionOf({alias(AliasKind::Word, "word-1", 1, {})})
+                               << first + QByteArray("1 other word in 1 place.\n");
+    QTest::newRow("one value of a variable")
+        << redactionOf({}, 1) << first + QByteArray("1 value of an environment variable became its length.\n");
+    QTest::newRow("values of variables") << redactionOf(
+        {}, 2) << first + QByteArray("2 values of environment variables became their lengths.\n");
+    QTest::newRow("many places") << redactionOf({alias(AliasKind::Ip, "ip-1", 2147483647, Reason::Form),
+                                                 alias(AliasKind::Ip, "ip-2", 2147483647, Reason::Form)})
+                                 << first
+            + QByteArray("2 IP addresses in 4294967294 places: their form shows what they are.\n");
     Redaction several = redactionOf({}, 2);
     several.documents.emplace_back();
     QTest::newRow("several reports")
         << several
-        << QByteArray("These reports are not anonymous: their hardware, programs, versions and dates can identify the machines for "
+        << QByteArray("These reports are not anonymous: their hardware, programs, versions and dates can identify the "
+                      "machines for "
                       "somebody who knows them.\n2 values of environment variables became their lengths.\n");
 }
 
@@ -130,11 +141,13 @@ void RedactionSummaryTest::namesOfKindsAndReasons()
 
 void RedactionSummaryTest::json()
 {
-    QCOMPARE(redactionJson(example()),
-             QByteArray("{\"anonymous\": false, \"environmentValues\": 3, \"aliases\": [\n"
-                        "  {\"alias\": \"host-1\", \"kind\": \"host\", \"count\": 2, \"reasons\": [\"fact\", \"sameElsewhere\"]},\n"
-                        "  {\"alias\": \"user-1\", \"kind\": \"user\", \"count\": 5, \"reasons\": [\"fact\"]},\n"
-                        "  {\"alias\": \"secret-1\", \"kind\": \"secret\", \"count\": 1, \"reasons\": [\"form\"]}]}\n"));
+    QCOMPARE(
+        redactionJson(example()),
+        QByteArray(
+            "{\"anonymous\": false, \"environmentValues\": 3, \"aliases\": [\n"
+            "  {\"alias\": \"host-1\", \"kind\": \"host\", \"count\": 2, \"reasons\": [\"fact\", \"sameElsewhere\"]},\n"
+            "  {\"alias\": \"user-1\", \"kind\": \"user\", \"count\": 5, \"reasons\": [\"fact\"]},\n"
+            "  {\"alias\": \"secret-1\", \"kind\": \"secret\", \"count\": 1, \"reasons\": [\"form\"]}]}\n"));
     const Reasons all(QFlag(0x3f));
     QVERIFY(redactionJson(redactionOf({alias(AliasKind::User, "user-1", 1, all)}))
                 .contains(R"(["fact", "sameElsewhere", "folder", "form", "environment", "hidden"])"));
@@ -142,16 +155,18 @@ void RedactionSummaryTest::json()
 
 void RedactionSummaryTest::emptyJson()
 {
-    QCOMPARE(redactionJson(Redaction()), QByteArray("{\"anonymous\": false, \"environmentValues\": 0, \"aliases\": []}\n"));
+    QCOMPARE(redactionJson(Redaction()),
+             QByteArray("{\"anonymous\": false, \"environmentValues\": 0, \"aliases\": []}\n"));
     QCOMPARE(aliasMapJson(Redaction()), QByteArray("{\"aliases\": []}\n"));
 }
 
 void RedactionSummaryTest::aliasMap()
 {
-    QCOMPARE(aliasMapJson(example()),
-             QByteArray("{\"aliases\": [\n"
-                        "  {\"alias\": \"host-1\", \"kind\": \"host\", \"spellings\": [\"LINDE-PC\", \"linde-pc\"]},\n"
-                        "  {\"alias\": \"user-1\", \"kind\": \"user\", \"spellings\": [\"J\\\\ \\\"\\u0009\\u001b\"]}]}\n"));
+    QCOMPARE(
+        aliasMapJson(example()),
+        QByteArray("{\"aliases\": [\n"
+                   "  {\"alias\": \"host-1\", \"kind\": \"host\", \"spellings\": [\"LINDE-PC\", \"linde-pc\"]},\n"
+                   "  {\"alias\": \"user-1\", \"kind\": \"user\", \"spellings\": [\"J\\\\ \\\"\\u0009\\u001b\"]}]}\n"));
 }
 
 void RedactionSummaryTest::aliasMapIsJson()
