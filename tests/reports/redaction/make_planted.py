@@ -213,7 +213,8 @@ class Report:
         last = re.search(r"[^\\\\/= :@]*$", needle).group().casefold()
         if last and any(k.startswith(last) for k in KINDS):
             return
-        self.rows.setdefault((thing, needle), (kind, self.current + (": " + note if note else "")))
+        plants, text = self.rows.get((thing, needle), (kind, [], ""))[1:]
+        self.rows[thing, needle] = kind, plants + [self.current] * (self.current not in plants), text or note
 
     # --- who and where
     def identities(self):
@@ -322,9 +323,9 @@ class Report:
         self.rng.shuffle(rest)
         chosen = [x for x in rest if self.chance(x[3])]
         more = [x for x in rest if x not in chosen]
-        while len(self.kinds) + len(chosen) < 27 and more:
+        while len(self.kinds) + len(chosen) < 28 and more:
             chosen.append(more.pop())
-        for x in chosen[:32]:
+        for x in chosen[:24]:
             self.run(x[0], x[5])
         if len(self.kinds) < 25:
             raise Again("few plants")
@@ -352,7 +353,7 @@ class Report:
             self.lines.append((line, mark))
 
     def assemble(self):
-        for size in (90, 130, 180, 240, 320):
+        for size in (40, 60, 80, 100, 120, 140, 160, 180, 210, 240, 280, 320):
             self.rng_state = self.rng.getstate()
             self.lines = []
             self.body(size)
@@ -401,8 +402,8 @@ class Report:
         esc = lambda s: s.replace("\\", "\\\\").replace("\t", "\\t").replace("\n", "\\n")
         with open(name + ".tsv", "w", encoding="utf-8", newline="\n") as f:
             f.write("statement\tthing or line\tkind\tneedle\tnote\n")
-            for (thing, needle), (kind, note) in sorted(self.rows.items()):
-                f.write("hidden\t%s\t%s\t%s\t%s\n" % (thing, kind, esc(needle), note))
+            for (thing, needle), (kind, plants, note) in sorted(self.rows.items()):
+                f.write("hidden\t%s\t%s\t%s\t%s\n" % (thing, kind, esc(needle), "; ".join([" ".join(plants), note]).rstrip("; ")))
             for i, (_, m) in enumerate(self.lines):
                 if m == "k":
                     f.write("keep\t%d\n" % (i + 1))
@@ -429,7 +430,7 @@ class Report:
         if display:
             k(lab("DisplayVersion:") + display)
         k("PathName:               C:\\Windows", lab("ProductName:            ")[:24] + product)
-        d(lab("RegisteredOwner:") + self.ownertext)
+        d(lab("RegisteredOwner:") + self.ownertext) if self.ownertext else k(lab("RegisteredOwner:"))
         d("RegisteredOrganization: " + self.orgtext) if self.orgtext else k("RegisteredOrganization: ")
         if sp:
             k(lab("CSDVersion:") + sp, "CSDBuildNumber:         1130")
@@ -481,8 +482,9 @@ class Report:
         for i, (title, drivers) in enumerate(classes):
             blocks = [x for x in drivers if left > 0 and self.chance(0.8)]
             left -= len(blocks)
-            while blocks and size > 90 and len(blocks) < size // 18:
+            while blocks and left > 0 and size > 80 and len(blocks) < size // 16:
                 blocks = blocks + [self.pick(drivers)]
+                left -= 1
             marked = [[(l, "k") for l in b] for b in blocks]
             if title == "Net:":
                 for desc, ver, date, prov, dev, inf, sec in extra:
@@ -655,12 +657,12 @@ class Report:
                         self.lines.append((text, mark))
                     self.k("", "")
 
-    def device(self, bus, key, friendly, hardware, keydirty=False):
+    def device(self, serial, bus, key, friendly, hardware):
         d = lambda text, dirty: (text, "d" if dirty else "k")
-        self.devices.append((bus, [d(key, keydirty), ("   Device Description:  @disk.inf,%disk_devdesc%;Laufwerk", "k"),
+        self.devices.append((bus, [d(key, serial in key), ("   Device Description:  @disk.inf,%disk_devdesc%;Laufwerk", "k"),
                                    ("   Friendly Name:       " + friendly, "d"),
                                    ("   LocationInformation: Bus Number 0, Target Id 0, LUN 0", "k"),
-                                   ("   Hardware ID:         " + hardware, "d"), ("   Service:             disk", "k")]))
+                                   d("   Hardware ID:         " + hardware, serial in hardware), ("   Service:             disk", "k")]))
 
     def interfacelines(self):
         k, d = self.k, self.d
@@ -746,8 +748,11 @@ def _(R):
     R.hide("user:1", "user", "User name:" + " " * 20 + R.user)
     if len(R.user) > 1 and R.user != "Public":
         R.hide("user:1", "user", "USERNAME=" + R.user)
-    R.userpath("")
-    R.userpath("", "/")
+    if R.user != "Public":
+        R.hide("user:1", "user", "HOMEPATH = \\Users\\" + R.user)
+        R.hide("user:1", "user", "Home:".ljust(27) + "C:/Users/" + R.user)
+        R.userpath("")
+        R.userpath("", "/")
 
 
 @plant("user:ordinary-domain", "user", "an ordinary name behind a domain: DOMAIN\\a", 0.7,
@@ -884,7 +889,7 @@ def _(R):
         R.hide("user:owner", "user", R.owner, "may share the alias of user:1")
 
 
-@plant("user:owner-broken-letters", "user", "the registered owner with letters lost in reading", 0.5,
+@plant("user:owner-broken-letters", "user", "the registered owner with letters lost in reading", 0.6,
        lambda R: R.usertype == "umlaut")
 def _(R):
     broken = re.sub("[^ -~]", "\ufffd", R.first + " " + R.surname)
@@ -897,8 +902,11 @@ def _(R):
 
 @plant("user:owner-part", "user", "the owner's family name in a path", 0.35, lambda R: R.usertype != "umlaut")
 def _(R):
-    R.ownertext = R.first + " " + R.surname
-    R.hide("user:owner" if R.owner != R.user else "user:1", "user", R.ownertext, "may share the alias of user:1")
+    if R.ownertext not in ("", "Windows User"):
+        R.into("mail", R.first + " " + R.surname)
+    else:
+        R.ownertext = R.first + " " + R.surname
+    R.hide("user:owner" if R.owner != R.user else "user:1", "user", R.first + " " + R.surname, "may share the alias of user:1")
     R.hide("user:1" if R.surname.casefold() == R.user.casefold() else "user:surname", "user", R.surname,
            "may share the alias of any user")
     R.into(R.pick(PLACES), "D:\\Daten\\%s\\Velkor" % R.pick([R.surname, R.surname.upper(), R.surname.lower()]))
@@ -907,7 +915,7 @@ def _(R):
 
 @plant("user:signature", "user", "the person's name below a mail around the report", 0.35)
 def _(R):
-    R.ownertext = R.owner
+    R.ownertext = R.owner if R.ownertext in ("", "Windows User") else R.ownertext
     R.before.append(("Dear support, the program stops when I open a project. The report is below.", "k"))
     R.after.append((R.pick(["Kind regards,", "Mit freundlichen Grüßen", "Cordialement,"]), "k"))
     R.into("after", R.owner)
@@ -951,6 +959,9 @@ def _(R):
 
 @plant("user:folder-elsewhere", "user", "the folders of the shell on another drive", 0.25, plain)
 def _(R):
+    if "PERSONAL" in R.csidl:
+        R.into("lib", "D:/Profile/%s/Eigene Dateien" % R.user)
+        return
     R.csidl["PERSONAL"] = "D:\\Profile\\%s\\Eigene Dateien" % R.user
 
 
@@ -976,7 +987,7 @@ def _(R):
     R.into(R.pick(PLACES), "C:\\Users\\%s%s\\AppData\\Local\\Velkor" % (R.user, R.pick([".000", "." + "TEMP", "_old"])))
 
 
-@plant("user:decomposed", "user", "the name with combining marks instead of umlauts", 0.4, lambda R: R.usertype == "umlaut")
+@plant("user:decomposed", "user", "the name with combining marks instead of umlauts", 0.6, lambda R: R.usertype == "umlaut")
 def _(R):
     import unicodedata
     name = unicodedata.normalize("NFD", R.user)
@@ -984,7 +995,7 @@ def _(R):
     R.into(R.pick(PLACES), "C:\\Users\\%s\\Documents\\Velkor" % name)
 
 
-@plant("user:wrong-encoding", "user", "the name's UTF-8 read as Latin-1 (JÃ¶rn)", 0.4, lambda R: R.usertype == "umlaut")
+@plant("user:wrong-encoding", "user", "the name's UTF-8 read as Latin-1 (JÃ¶rn)", 0.6, lambda R: R.usertype == "umlaut")
 def _(R):
     name = R.user.encode("utf-8").decode("cp1252", "replace")
     if "\ufffd" in name:
@@ -997,12 +1008,12 @@ def _(R):
 
 @plant("user:owner-address", "user", "a mail address as registered owner", 0.08)
 def _(R):
+    address = "%s%d@%s.example" % (R.pick(SURNAME[0]).lower(), R.rng.randrange(100, 999), R.orgword.lower())
+    R.hide("user:owner-address", "user", address)
     if R.ownertext in ("", "Windows User"):
-        R.ownertext = "%s@%s.example" % (R.pick(SURNAME[0]).lower() + str(R.rng.randrange(100, 999)), R.orgword.lower())
-        R.hide("user:owner-address", "user", R.ownertext)
+        R.ownertext = address
     else:
-        R.hide("user:owner-address", "user", R.surname.lower() + "77@post.invalid")
-        R.into("mail", R.surname.lower() + "77@post.invalid")
+        R.into("mail", "Answer to " + address)
 
 
 @plant("user:opengl-path", "user", "the path of an OpenGL driver in the user's folder", 0.2, plain)
@@ -1039,7 +1050,9 @@ def _(R):
 @plant("host:ordinary", "host", "a host named by an ordinary word", 1, lambda R: not R.plainhost)
 def _(R):
     R.hide("host:1", "host", lab("NetBios name:") + R.netbios)
+    R.hide("host:1", "host", lab("Physical NetBios name:") + R.netbios)
     R.hide("host:1", "host", lab("hostname") + R.host)
+    R.hide("host:1", "host", lab("Physical hostname") + R.host)
     R.hide("host:1", "host", lab("Local host name:") + R.host)
     R.hide("host:1", "host", "COMPUTERNAME=" + R.netbios)
 
@@ -1235,14 +1248,14 @@ def _(R):
 def _(R):
     s = "S" + R.text("0123456789", 2) + R.caps(3) + "0" + R.text("0123456789", 7) + "X"
     R.hide(R.number("serial"), "serial", s)
-    R.device("SCSI", "Disk&Ven_Samsung&Prod_SSD_860_EVO", "Samsung SSD 860 EVO 500GB " + s, "SCSI\\DiskSamsung_SSD_860_EVO_500GB_" + s)
+    R.device(s, "SCSI", "Disk&Ven_Samsung&Prod_SSD_860_EVO", "Samsung SSD 860 EVO 500GB " + s, "SCSI\\DiskSamsung_SSD_860_EVO_500GB_" + s)
 
 
 @plant("serial:labelled", "serial", "a labelled serial number in the name of a disk", 0.4)
 def _(R):
     s = R.text("0123456789ABCDEF", 12)
     R.hide(R.number("serial"), "serial", s)
-    R.device("USBSTOR", "Disk&Ven_Intenso&Prod_Rainbow_Line&Rev_8.07", "Intenso Rainbow Line %s%s" % (
+    R.device(s, "USBSTOR", "Disk&Ven_Intenso&Prod_Rainbow_Line&Rev_8.07", "Intenso Rainbow Line %s%s" % (
         R.pick(["S/N: ", "SN:", "Serial Number: ", "serial no. ", "SerNo="]), s), "USBSTOR\\DiskIntenso_Rainbow_Line____8.07_" + s)
 
 
@@ -1250,7 +1263,7 @@ def _(R):
 def _(R):
     s = "WD-WCC6Y" + R.text("0123456789", 7)
     R.hide(R.number("serial"), "serial", s)
-    R.device("IDE", "DiskWDC_WD10EZEX-08WN4A0____________________01.01A01", "WDC WD10EZEX-08WN4A0 (%s)" % s,
+    R.device(s, "IDE", "DiskWDC_WD10EZEX-08WN4A0____________________01.01A01", "WDC WD10EZEX-08WN4A0 (%s)" % s,
              "IDE\\DiskWDC_WD10EZEX-08WN4A0_" + s)
 
 
@@ -1258,8 +1271,8 @@ def _(R):
 def _(R):
     s = "4C5300010" + R.text("0123456789", 11)
     R.hide(R.number("serial"), "serial", s)
-    R.device("USBSTOR", "Disk&Ven_SanDisk&Prod_Cruzer&Rev_1.26&SN_" + s, "SanDisk Cruzer USB Device (SN %s)" % s,
-             "USBSTOR\\DiskSanDisk_Cruzer__________1.26", True)
+    R.device(s, "USBSTOR", "Disk&Ven_SanDisk&Prod_Cruzer&Rev_1.26&SN_" + s, "SanDisk Cruzer USB Device (SN %s)" % s,
+             "USBSTOR\\DiskSanDisk_Cruzer__________1.26")
 
 
 @plant("serial:two-devices", "serial", "two devices of one model with different serial numbers", 0.2)
@@ -1267,7 +1280,7 @@ def _(R):
     for _ in range(2):
         s = "Z1D" + R.caps(2) + R.text("0123456789", 5)
         R.hide(R.number("serial"), "serial", s)
-        R.device("SCSI", "Disk&Ven_ATA&Prod_ST2000DM001", "ATA ST2000DM001-1CH1 Serial " + s, "SCSI\\DiskATA_____ST2000DM001-1CH1 SN=" + s)
+        R.device(s, "SCSI", "Disk&Ven_ATA&Prod_ST2000DM001", "ATA ST2000DM001-1CH1 Serial " + s, "SCSI\\DiskATA_____ST2000DM001-1CH1 SN=" + s)
 
 
 @plant("serial:machine", "serial", "the machine's serial number behind its model", 0.3)
@@ -1328,11 +1341,12 @@ def _(R):
     R.names.append("Ethernet " + "-".join(R.mac))
 
 
-@plant("ip:v4", "ip", "the IPv4 address with its broadcast address", 1, net)
+@plant("ip:v4", "ip", "the IPv4 address with its broadcast address, gateway and DHCP server", 1, net)
 def _(R):
     R.hide("ip:1", "ip", R.ip4)
     R.hide("ip:broadcast", "ip", R.v4net + "255")
     R.hide("ip:gateway", "ip", "Gateway: " + R.v4net + "1,")
+    R.hide("ip:dhcp", "ip", "DHCP server: " + R.v4net + "2,")
 
 
 @plant("ip:link-local", "ip", "the link-local address with its zone", 1, net)
@@ -1349,10 +1363,9 @@ def _(R):
         R.hide("ip:gateway-%d" % n, "ip", R.v4net + str(n))
 
 
-@plant("ip:servers", "ip", "the servers of DHCP and WINS", 0.5, net)
+@plant("ip:servers", "ip", "the servers of WINS", 0.5, net)
 def _(R):
     R.wins = 1
-    R.hide("ip:dhcp", "ip", "DHCP server: " + R.v4net + "2")
     R.hide("ip:wins-1", "ip", R.v4net + "10,")
     R.hide("ip:wins-2", "ip", R.v4net + "11,")
 
@@ -1509,7 +1522,10 @@ def _(R):
     share = "\\\\%s\\%s" % (R.servers["file"], "privat%d$" % R.rng.randrange(10, 99))
     R.hide(R.number("share"), "share", share)
     R.hide("host:file", "host", R.servers["file"])
-    R.csidl["PERSONAL"] = share + "\\Documents"
+    if "PERSONAL" in R.csidl:
+        R.into("mod", share + "\\Documents\\hook.dll")
+    else:
+        R.csidl["PERSONAL"] = share + "\\Documents"
 
 
 def folder(ident, sentence, where, rest, p=0.3):
