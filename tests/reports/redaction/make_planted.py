@@ -64,9 +64,11 @@ APPLICATIONS = [a.split("\n") for a in APPLICATIONS.strip("\n").split("\n\n")]
 BASIC = "\n".join(between(">>> Info about installed Velkor Visual Basic applications from registry:", SEP)[2:])
 BASIC = [a.split("\n") for a in BASIC.strip("\n").split("\n\n")]
 
-SURNAME = (["Hagen", "Zirn", "Bram", "Quer", "Tolk", "Wess", "Grun", "Pfann", "Knoll", "Drost", "Ebb", "Fliet", "Sander", "Wolp"],
+SURNAME = (["Hagen", "Zirn", "Bram", "Quer", "Tolk", "Wess", "Grun", "Pfann", "Knoll", "Drost", "Ebb",
+            "Fliet", "Sander", "Wolp"],
            ["moor", "wick", "lohe", "gart", "stett", "rode", "kamp", "horst", "busch", "ried"])
-UMLAUT = (["Häg", "Zürn", "Bröm", "Größ", "Tölk", "Wäß", "Grün", "Pfänn", "Preuß", "Weiß", "Kloß"], ["elmoor", "wick", "löhe", "städt", "rüde"])
+UMLAUT = (["Häg", "Zürn", "Bröm", "Größ", "Tölk", "Wäß", "Grün", "Pfänn", "Preuß", "Weiß", "Kloß"],
+          ["elmoor", "wick", "löhe", "städt", "rüde"])
 FIRST = ["Henrike", "Tilo", "Svea", "Mirko", "Anneke", "Ruven", "Gesine", "Oleander", "Wiebke", "Lorentz", "Fenja"]
 FIRST8 = ["Jörg", "Günay", "Bärbel", "Sören", "Zoë", "Renée", "Håkon", "Žofie"]
 CYRILLIC = ["Ветрогонова", "Дарья Полозьева", "Кругломостов", "Ёжикова Юлия", "Светлолужский"]
@@ -149,7 +151,24 @@ KEEP_MODULES = ["C:\\Users\\Public\\Documents\\Shared Plugins\\vkcommon.dll",
                 "C:\\ProgramData\\Package Cache\\{0025DD72-A959-45B5-A0A3-7EFEB15A8050}v14.36.32532\\vc_runtime.dll",
                 "C:\\Windows\\ServiceProfiles\\LocalService\\AppData\\Local\\FontCache\\fontdrvhost.dll",
                 "C:\\Windows\\assembly\\NativeImages_v4.0.30319_64\\mscorlib\\3a7c1e0f55d27a9bd39a2f5b0f5b93b4\\mscorlib.ni.dll",
-                "C:\\Users\\Default\\AppData\\Local\\Temp\\setuphelper.dll"]
+                "C:\\Users\\Default\\AppData\\Local\\Temp\\setuphelper.dll",
+                "\\\\?\\C:\\Windows\\System32\\kernel.appcore.dll",
+                "C:\\Program Files\\WindowsApps\\Microsoft.UI.Xaml.2.8_8.2310.30001.0_x64__8wekyb3d8bbwe\\Xaml.dll",
+                "C:\\Windows\\System32\\DriverStore\\FileRepository\\u0371082.inf_amd64_5dc984e2aef527ea\\B370874\\hk64.dll",
+                "C:\\Program Files\\Common Files\\Microsoft Shared\\Ink\\tiptsf.dll"]
+KEEP_DEVICES = [("SCSI", "Disk&Ven_NVMe&Prod_SAMSUNG_MZVLB256", "NVMe SAMSUNG MZVLB256HAHQ-000L7",
+                 "SCSI\\DiskNVMe____SAMSUNG_MZVLB256EXD7"),
+                ("SCSI", "CdRom&Ven_HL-DT-ST&Prod_DVDRAM_GUD0N", "HL-DT-ST DVDRAM GUD0N",
+                 "SCSI\\CdRomHL-DT-STDVDRAM_GUD0N____LV00"),
+                ("SCSI", "Disk&Ven_NVMe&Prod_KXG60ZNV512G_TOSHIBA", "NVMe KXG60ZNV512G TOSHIBA",
+                 "SCSI\\DiskNVMe____KXG60ZNV512G_TOSAGHA"),
+                ("SCSI", "Disk&Ven_ATA&Prod_CT1000MX500SSD1", "CT1000MX500SSD1", "SCSI\\DiskATA_____CT1000MX500SSD1__023"),
+                ("IDE", "DiskST3500418AS_____________________________CC38____", "ST3500418AS ATA Device",
+                 "IDE\\DiskST3500418AS_____________________________CC38____"),
+                ("IDE", "DiskHitachi_HTS545050A7E380_________________GG2OA6C0", "Hitachi HTS545050A7E380 ATA Device",
+                 "IDE\\DiskHitachi_HTS545050A7E380_________________GG2OA6C0"),
+                ("USBSTOR", "Disk&Ven_SanDisk&Prod_Ultra&Rev_1.00", "SanDisk Ultra USB Device",
+                 "USBSTOR\\DiskSanDisk_Ultra___________1.00")]
 
 
 class Again(Exception):
@@ -265,7 +284,8 @@ class Report:
             self.host = self.pick(["DESKTOP-", "LAPTOP-", "WIN-"]) + self.caps(7)
         self.netbios = self.host.upper()[:15]
         self.indomain = self.chance(0.55)
-        self.domain = self.pick(["%s.example", "%s.test", "%s.test", "intra.%s.example", "werk2.%s.test"]) % self.orgword.lower()
+        self.domain = self.pick(["%s.example", "%s.test", "%s.test", "intra.%s.example", "werk2.%s.test"])
+        self.domain = self.domain % self.orgword.lower()
         self.netdomain = self.orgword.upper()[:15]
         number = r.randrange(1, 30)
         self.servers = {k: "%s%s%02d" % (self.pick(["", "srv-", "de-"]), v, number)
@@ -289,7 +309,10 @@ class Report:
         self.mac = ["00", "00", "5E", "00", "53", "%02X" % r.randrange(16, 256)]
         if self.chance(0.4):
             self.mac = [self.pick(["8C", "D4", "9E", "02", "F0"])] + ["%02X" % r.randrange(256) for _ in range(5)]
-        self.linklocal = "fe80::" + ":".join(self.text("123456789abcdef", 1) + self.hexa(3) for _ in range(4))
+        eui = [int(self.mac[0], 16) ^ 2] + [int(x, 16) for x in self.mac[1:3]] + [255, 254] + [int(x, 16) for x in self.mac[3:]]
+        self.linklocal = "fe80::" + ":".join("%x" % (eui[i] << 8 | eui[i + 1]) for i in (0, 2, 4, 6))
+        if self.chance(0.7):
+            self.linklocal = "fe80::" + ":".join(self.text("123456789abcdef", 1) + self.hexa(3) for _ in range(4))
 
     def unhide(self, needle):
         self.rows = {k: v for k, v in self.rows.items() if k[1] != needle}
@@ -311,7 +334,8 @@ class Report:
         elif where == "after":
             self.after.append((text, "d"))
         elif where == "env":
-            self.env.append((name or "VK_" + self.pick(["ZIEL", "QUELLE", "EXTRA", "CONFIG"]) + str(len(self.env)), text, "d"))
+            name = name or "VK_" + self.pick(["ZIEL", "QUELLE", "EXTRA", "CONFIG"]) + str(len(self.env))
+            self.env.append((name, text, "d"))
         else:
             getattr(self, where).append((text, "d"))
 
@@ -403,7 +427,8 @@ class Report:
         with open(name + ".tsv", "w", encoding="utf-8", newline="\n") as f:
             f.write("statement\tthing or line\tkind\tneedle\tnote\n")
             for (thing, needle), (kind, plants, note) in sorted(self.rows.items()):
-                f.write("hidden\t%s\t%s\t%s\t%s\n" % (thing, kind, esc(needle), "; ".join([" ".join(plants), note]).rstrip("; ")))
+                note = "; ".join([" ".join(plants), note]).rstrip("; ")
+                f.write("hidden\t%s\t%s\t%s\t%s\n" % (thing, kind, esc(needle), note))
             for i, (_, m) in enumerate(self.lines):
                 if m == "k":
                     f.write("keep\t%d\n" % (i + 1))
@@ -412,7 +437,8 @@ class Report:
     def body(self, size):
         r, k, d, f = self.rng, self.k, self.d, self.f
         if self.before:
-            k("Hello,", "", "please find our report below. The program stops when a large project is opened.", "")
+            k("Hello,", "", "please find our report below. The program stops when a large project is opened.",
+              "The addresses http://127.0.0.1:8080/ and http://localhost/ answer, [::1] does not.", "")
         for text, mark in self.before:
             self.put(text, mark)
         if self.before:
@@ -565,6 +591,8 @@ class Report:
           lab("Application FilePath:") + "C:/Program Files/Velkor/Q9 V3/Q9.exe",
           lab("Application PID:") + str(r.randrange(100, 20000)), "Organization Domain:  ", lab("Organization Name:") + "Velkor",
           lab("Library Paths:") + "C:/Program Files/Velkor/Q9 V3/plugins", " " * 22 + "C:/Program Files/Velkor/Q9 V3")
+        if self.chance(0.4):
+            self.put(" " * 22 + "C:/Users/Public/Velkor/plugins", "f" if self.user == "Public" else "k")
         for text, mark in self.lib:
             self.put(" " * 22 + text, mark)
         lang = LANGUAGES[self.lang]
@@ -637,17 +665,10 @@ class Report:
         self.k("%s:\\ CD/DVD drive         " % letters[len(lines)])
 
     def devicelines(self):
-        neutral = [("SCSI", "Disk&Ven_NVMe&Prod_SAMSUNG_MZVLB256", "NVMe SAMSUNG MZVLB256HAHQ-000L7",
-                    "SCSI\\DiskNVMe____SAMSUNG_MZVLB256EXD7"),
-                   ("SCSI", "CdRom&Ven_HL-DT-ST&Prod_DVDRAM_GUD0N", "HL-DT-ST DVDRAM GUD0N",
-                    "SCSI\\CdRomHL-DT-STDVDRAM_GUD0N____LV00"),
-                   ("IDE", "DiskST3500418AS_____________________________CC38____", "ST3500418AS ATA Device",
-                    "IDE\\DiskST3500418AS_____________________________CC38____"),
-                   ("USBSTOR", "Disk&Ven_SanDisk&Prod_Ultra&Rev_1.00", "SanDisk Ultra USB Device",
-                    "USBSTOR\\DiskSanDisk_Ultra___________1.00")]
         rows = [(bus, [(key, "k"), ("   Device Description:  @disk.inf,%disk_devdesc%;Laufwerk", "k"),
                        ("   Friendly Name:       " + friendly, "k"), ("   Hardware ID:         " + hardware, "k"),
-                       ("   Service:             disk", "k")]) for bus, key, friendly, hardware in neutral if self.chance(0.6)]
+                       ("   Service:             disk", "k")]) for bus, key, friendly, hardware in
+                KEEP_DEVICES if self.chance(0.4)]
         rows += self.devices
         for bus in ("FDC", "IDE", "SCSI", "USBSTOR"):
             self.k(">>> Info about '%s' disk devices from registry:" % bus)
@@ -823,7 +844,8 @@ def _(R):
 
 @plant("user:unix-home", "user", "/home/NAME/, also behind a Windows path", 0.25, plain)
 def _(R):
-    R.into(R.pick(["lib", "path"]), R.pick(["/home/%s/.local/lib", "Z:\\home\\%s\\tools", "\\\\?\\C:\\Users\\%s\\bin"]) % R.user)
+    R.into(R.pick(["lib", "path"]),
+           R.pick(["/home/%s/.local/lib", "Z:\\home\\%s\\tools", "\\\\?\\C:\\Users\\%s\\bin"]) % R.user)
 
 
 @plant("user:forward-slashes", "user", "the user's folder with slashes in a library path", 0.35)
@@ -1036,7 +1058,26 @@ def _(R):
     R.env.append(("=C:", R.home + "\\Desktop", "d"))
 
 
+@plant("user:joined", "user", "the name joined to other words by _ - or .", 0.25, plain)
+def _(R):
+    R.into(R.pick(["mod", "lib", "path", "args"]), R.pick([
+        "D:\\Backup\\q9_%s.dll", "C:\\Velkor\\%s-settings", "C:\\Temp\\vk.%s.cache", "E:\\%s_alt\\bin"]) % R.user)
+
+
+@plant("user:punctuation", "user", "the name between marks in the text around the report", 0.25, plain)
+def _(R):
+    R.into("mail", R.pick(["Reported by <%s>.", "Account: '%s'", "(%s)", "user=%s;", "%s: it does not start", "|%s|"]) % R.user)
+
+
 # --- hosts
+@plant("host:mail-header", "host", "host and address in the head of a mail", 0.25)
+def _(R):
+    name, ip = "MX-" + R.pick(SURNAME[0]).upper() + R.caps(3), "198.51.100." + str(R.rng.randrange(100, 250))
+    R.hide("host:mail", "host", name)
+    R.hide("ip:mail", "ip", ip)
+    R.into("before", "Received: from %s ([%s]) by mx.invalid; Mon, 6 Jan 2025 09:12:44 +0100" % (name, ip))
+
+
 @plant("host:name", "host", "the host's names, upper case as NetBIOS name", 1, lambda R: R.plainhost)
 def _(R):
     if R.usertype == "equal":
@@ -1248,7 +1289,8 @@ def _(R):
 def _(R):
     s = "S" + R.text("0123456789", 2) + R.caps(3) + "0" + R.text("0123456789", 7) + "X"
     R.hide(R.number("serial"), "serial", s)
-    R.device(s, "SCSI", "Disk&Ven_Samsung&Prod_SSD_860_EVO", "Samsung SSD 860 EVO 500GB " + s, "SCSI\\DiskSamsung_SSD_860_EVO_500GB_" + s)
+    R.device(s, "SCSI", "Disk&Ven_Samsung&Prod_SSD_860_EVO", "Samsung SSD 860 EVO 500GB " + s,
+             "SCSI\\DiskSamsung_SSD_860_EVO_500GB_" + s)
 
 
 @plant("serial:labelled", "serial", "a labelled serial number in the name of a disk", 0.4)
@@ -1280,7 +1322,8 @@ def _(R):
     for _ in range(2):
         s = "Z1D" + R.caps(2) + R.text("0123456789", 5)
         R.hide(R.number("serial"), "serial", s)
-        R.device(s, "SCSI", "Disk&Ven_ATA&Prod_ST2000DM001", "ATA ST2000DM001-1CH1 Serial " + s, "SCSI\\DiskATA_____ST2000DM001-1CH1 SN=" + s)
+        R.device(s, "SCSI", "Disk&Ven_ATA&Prod_ST2000DM001", "ATA ST2000DM001-1CH1 Serial " + s,
+                 "SCSI\\DiskATA_____ST2000DM001-1CH1 SN=" + s)
 
 
 @plant("serial:machine", "serial", "the machine's serial number behind its model", 0.3)
