@@ -712,7 +712,7 @@ class Report:
         if self.net:
             base = self.v4net
             k(ITEM)
-            self.put(self.names[0] if self.names else "Intel(R) Ethernet Connection (5) I219-LM",
+            self.put(" ".join(self.names) or "Intel(R) Ethernet Connection (5) I219-LM",
                      "d" if self.names else "k")
             d("Hardware address: " + ":".join(self.mac))
             k("Status: Up, Running", "Addresses: IP , netmask , broadcast")
@@ -1414,6 +1414,23 @@ def _(R):
 def _(R):
     R.hide("mac:1", "mac", "-".join(R.mac))
     R.names.append("Ethernet " + "-".join(R.mac))
+
+
+@plant("organisation:interface", "organisation", "the organisation in the name of an interface", 0.2,
+       lambda R: R.net and bool(R.orgtext))
+def _(R):
+    R.names.append("VPN " + R.org)
+
+
+@plant("organisation:driver", "organisation", "the organisation as provider of a driver", 0.2, has_org)
+def _(R):
+    R.drivers.append([("   Driver Description: Messkarte PCI", "k"), ("   Driver Version:     2.0.0.14", "k"),
+                      ("   Provider Name:      " + R.org, "d"), ("   Matching Device ID: PCI\\VEN_10B5&DEV_9050", "k")])
+
+
+@plant("user:interface", "user", "the user in the name of an interface", 0.2, plainnet)
+def _(R):
+    R.names.append("Hotspot (%s)" % R.user)
 
 
 @plant("ip:v4", "ip", "the IPv4 address with its broadcast address, gateway and DHCP server", 1, net)
