@@ -275,14 +275,18 @@ private:
         }
         if (!contents.hasDigit())
             return;
-        findSerialNumbers(text, treatment.isDevice, findings);
-        take(findings);
+        if (treatment.paths == PathContext::Command || isFree) {
+            findSerialNumbers(text, treatment.isDevice, findings);
+            take(findings);
+        }
         if (treatment.hasAddresses)
             searchAddresses(isFree);
     }
 
     void take(Findings &findings)
     {
+        if (findings.empty())
+            return;
         Plan plan;
         for (const Finding &finding : findings) {
             if (finding.kind == AliasKind::Host)

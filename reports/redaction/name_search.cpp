@@ -161,11 +161,7 @@ private:
 };
 
 NameSearch::NameSearch()
-    : nodes(1)
-    , rootChildren()
-    , starts()
-    , keys(256)
-    , targets(256)
+    : nodes(1), rootChildren(), starts(), keys(256), targets(256)
 {
     starts.fill(specialBytes());
     for (int byte = 0; byte < 256; ++byte) {

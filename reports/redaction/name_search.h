@@ -79,7 +79,7 @@ private:
     std::vector<Node> nodes;
     std::array<int, 128> rootChildren; ///< by symbol, of ASCII
     std::array<ByteSet, 256> starts;   ///< by a byte: which bytes can follow it if a spelling begins with it
-    std::vector<std::uint64_t> keys; ///< open addressing; 0 is free
+    std::vector<std::uint64_t> keys;   ///< open addressing; 0 is free
     std::vector<int> targets;
     std::size_t edges = 0;
     std::vector<Edge> order; ///< in the order of creation

@@ -54,8 +54,7 @@ class PathScanner
 {
 public:
     PathScanner(std::string_view path, PathContext pathContext, Findings &places, std::unordered_set<std::u16string> &programFolders)
-        : text(path), context(pathContext), findings(places)
-        , programs(programFolders)
+        : text(path), context(pathContext), findings(places), programs(programFolders)
     {
     }
 
