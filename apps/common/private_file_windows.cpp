@@ -2,6 +2,9 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QRandomGenerator>
+#include <cstdint>
+#include <fcntl.h>
+#include <io.h>
 #include <memory>
 #include <windows.h>
 
@@ -80,13 +83,21 @@ QString nativeName(const QString &fileName)
 
 } // namespace
 
+// QFile does not share the right to delete: it could not open a file that another program is renaming.
 FileResult openPrivateFile(QFile &file, const QString &fileName, QString &error)
 {
-    file.setFileName(fileName);
-    if (file.open(QIODevice::ReadOnly))
+    constexpr DWORD shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const HANDLE handle = CreateFileW(wide(nativeName(fileName)), GENERIC_READ, shared, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) {
+        const DWORD code = GetLastError();
+        error = qt_error_string(int(code));
+        return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND ? FileResult::Missing : FileResult::Failed;
+    }
+    const int descriptor = _open_osfhandle(reinterpret_cast<intptr_t>(handle), _O_RDONLY | _O_BINARY);
+    if (descriptor >= 0 && file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
         return FileResult::Done;
     error = file.errorString();
-    return file.exists() ? FileResult::Failed : FileResult::Missing;
+    return FileResult::Failed;
 }
 
 QString makeFileBeside(const QString &fileName, const QByteArray &bytes, QString &error)

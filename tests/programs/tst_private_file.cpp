@@ -105,18 +105,19 @@ void PrivateFileTest::neverIncomplete()
     const QByteArray bytes(largest, 'x');
     std::atomic<bool> isMade {false};
     QByteArray found;
-    std::thread reader([this, &found, &isMade] {
-        QString error;
-        FileResult result = FileResult::Missing;
-        while (result == FileResult::Missing && !isMade)
-            result = readPrivateFile(path("file"), largest, found, error);
-        if (result == FileResult::Missing)
-            readPrivateFile(path("file"), largest, found, error);
+    QString readError;
+    FileResult readResult = FileResult::Missing;
+    std::thread reader([this, &found, &readError, &readResult, &isMade] {
+        while (readResult == FileResult::Missing && !isMade)
+            readResult = readPrivateFile(path("file"), largest, found, readError);
+        if (readResult == FileResult::Missing)
+            readResult = readPrivateFile(path("file"), largest, found, readError);
     });
     const FileResult result = makePrivateFile(path("file"), bytes, m_error);
     isMade = true;
     reader.join();
-    QVERIFY(result == FileResult::Done);
+    QVERIFY2(result == FileResult::Done, qPrintable(m_error));
+    QVERIFY2(readResult == FileResult::Done, qPrintable(readError));
     QVERIFY(found == bytes);
 }
 
