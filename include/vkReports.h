@@ -278,7 +278,8 @@ Document read(const QByteArray &bytes);
 
 /// The document as JSON, UTF-8, with line feeds. docs/report.schema.json describes it.
 QByteArray toJson(const Document &document);
-/// The same with a member "redaction", which fromJson() ignores. \a document is one of \a redaction.
+/// The same with a member "redaction", which fromJson() ignores. \a document is one of \a redaction, or a
+/// part of one.
 QByteArray toJson(const Document &document, const Redaction &redaction);
 /// Reads what toJson() wrote: the document of the same bytes. If it is anything else, returns
 /// nothing and sets \a error to a message for the user.

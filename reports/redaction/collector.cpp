@@ -235,7 +235,7 @@ private:
         Plan plan;
         const std::vector<AddressPlace> places = findAddresses(text);
         for (const AddressPlace &place : places) {
-            if (!isCommonAddress(place))
+            if (!isCommonAddress(place) && !isInAlias(text, place.begin, place.end))
                 putAddress(plan, place, Reason::Fact);
         }
         const bool isUnreadable = places.empty() && aliasLength(text) == 0 && text.find('<') == std::string_view::npos
@@ -320,7 +320,7 @@ private:
     {
         Plan plan;
         for (const AddressPlace &place : findAddresses(text)) {
-            if (isCommonAddress(place))
+            if (isCommonAddress(place) || isInAlias(text, place.begin, place.end))
                 continue;
             if (place.isCertain || isBluetooth(place) || (isFree && isDottedQuad(place)) || isAfterHostMark(place.begin)) {
                 putAddress(plan, place, Reason::Form);

@@ -1,5 +1,6 @@
 #include "path_names.h"
 
+#include "alias_text.h"
 #include "folding.h"
 #include "known_folders.h"
 
@@ -147,8 +148,10 @@ private:
         }
         if (context != PathContext::Command)
             return end;
-        if (end > begin + 1 && end < text.size() && text[end] == ':' && isBlank(text[end - 2])) // the drive of the next path
-            end -= 2;
+        if (end + 1 < text.size() && text[end] == ':' && isSeparator(text[end + 1])) { // the drive or scheme of the next path
+            const std::size_t blank = text.substr(0, end).rfind(' ');
+            end = blank != std::string_view::npos && blank > begin ? blank : end;
+        }
         for (std::size_t at = begin; at + 1 < end; ++at) {
             if (isBlank(text[at]) && isArgument(at + 1, end))
                 return at;
@@ -165,14 +168,14 @@ private:
         return stop < end && text[stop] == '=';
     }
 
-    /// Where the name of a file ends that other words follow; \a end if none does.
+    /// Where the name of a file or an alias ends that other words follow; \a end if none does.
     std::size_t endOfFile(std::size_t begin, std::size_t end) const
     {
         constexpr std::size_t longestExtension = 10; // with a letter before it
         const std::string_view names = text.substr(0, end);
         for (std::size_t at = names.find(' ', begin); at < end; at = names.find(' ', at + 1)) {
             const std::size_t tail = std::max(begin, at - std::min(at, longestExtension));
-            if (isFile(folded(names.substr(tail, at - tail))))
+            if (isFile(folded(names.substr(tail, at - tail))) || aliasLength(names.substr(begin)) == at - begin)
                 return at;
         }
         return end;

@@ -39,11 +39,14 @@ bool isIn(char c, Alphabet alphabet)
     return isTokenCharacter(c) || c == '.';
 }
 
-/// Digits and letters, so that "sk-" before words is none.
+/// Digits and letters, or capital and small letters, so that "sk-" before words is none.
 bool isMixed(std::string_view text)
 {
+    constexpr std::ptrdiff_t fewest = 3;
     const auto digits = std::count_if(text.begin(), text.end(), isDecimal);
-    return digits >= 2 && std::any_of(text.begin(), text.end(), isAsciiLetter);
+    const auto letters = std::count_if(text.begin(), text.end(), isAsciiLetter);
+    const auto capitals = std::count_if(text.begin(), text.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
+    return (digits >= 2 && letters > 0) || (capitals >= fewest && letters - capitals >= fewest);
 }
 
 /// Passes over base64 of more than one run: "AAAAB3...+/w==".
@@ -65,7 +68,8 @@ bool hasToken(std::string_view text, std::size_t at, SecretPlace &place)
         std::size_t end = begin;
         while (end < text.size() && end - begin < longestChecked && isIn(text[end], token.alphabet))
             ++end;
-        if (end - begin < token.least || !isMixed(text.substr(begin, end - begin)))
+        const bool isMade = token.alphabet == Alphabet::Capitals || isMixed(text.substr(begin, end - begin));
+        if (end - begin < token.least || !isMade)
             continue;
         while (end < text.size() && isIn(text[end], token.alphabet))
             ++end;
