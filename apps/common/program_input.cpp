@@ -52,7 +52,8 @@ bool openInput(QFile &file, const QString &fileName)
     return file.open(descriptorOf(stdin), QIODevice::ReadOnly);
 }
 
-/// Pipes give their bytes in pieces.
+} // namespace
+
 QByteArray readUpTo(QFile &file, int size)
 {
     constexpr qint64 piece = qint64(1024) * 1024;
@@ -65,8 +66,6 @@ QByteArray readUpTo(QFile &file, int size)
     }
     return bytes;
 }
-
-} // namespace
 
 bool readInput(const QString &fileName, QByteArray &bytes, QString &error)
 {

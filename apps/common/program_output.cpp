@@ -56,12 +56,21 @@ bool writeToFile(const QString &text, const QString &fileName, QString &error)
 
 bool writeToFile(const QByteArray &bytes, const QString &fileName, QString &error)
 {
-    const QFileInfo existing(fileName);
-    const bool isDevice = existing.exists() && !existing.isFile() && !existing.isDir();
-    if (isDevice ? writeToDevice(bytes, fileName, error) : replaceFile(bytes, fileName, error))
+    if (isDevice(fileName) ? writeToDevice(bytes, fileName, error) : replaceFile(bytes, fileName, error))
         return true;
     error = QStringLiteral("cannot write '%1': %2").arg(fileName, error);
     return false;
+}
+
+bool isDevice(const QString &fileName)
+{
+    const QFileInfo existing(fileName);
+    return existing.exists() && !existing.isFile() && !existing.isDir();
+}
+
+void tell(const QString &lines)
+{
+    QTextStream(stderr) << lines;
 }
 
 void complain(const QString &message)

@@ -22,5 +22,11 @@ bool writeToFile(const QString &text, const QString &fileName, QString &error);
 bool writeToStandardOutput(const QByteArray &bytes);
 bool writeToFile(const QByteArray &bytes, const QString &fileName, QString &error);
 
+/// Whether the name belongs to a device or a pipe, which must not be replaced by a file.
+bool isDevice(const QString &fileName);
+
+/// Writes lines to standard error.
+void tell(const QString &lines);
+
 /// Writes one line to standard error.
 void complain(const QString &message);

@@ -4,6 +4,7 @@
 #include "fact_list.h"
 #include "neutral_text.h"
 #include "program_input.h"
+#include "redacting.h"
 #include "report_input.h"
 
 #include <QtCore/QJsonArray>
@@ -16,39 +17,51 @@ using Reports::Document;
 
 namespace {
 
-QByteArray summaryJson(const Document &document)
+/// What is written. Without a redaction, nothing was redacted.
+struct Content
+{
+    Document document;
+    const Reports::Redaction *redaction = nullptr;
+};
+
+QByteArray summaryJson(const Content &content)
 {
     QJsonArray lines;
-    for (const Reports::SummaryLine &line : Reports::summary(document)) {
+    for (const Reports::SummaryLine &line : Reports::summary(content.document)) {
         lines += QJsonObject {{QStringLiteral("key"), QLatin1String(line.key)},
                               {QStringLiteral("label"), line.label},
                               {QStringLiteral("value"), line.value}};
     }
-    const QJsonObject object {{QStringLiteral("schemaVersion"), Reports::schemaVersion}, {QStringLiteral("summary"), lines}};
+    QJsonObject object {{QStringLiteral("schemaVersion"), Reports::schemaVersion}, {QStringLiteral("summary"), lines}};
+    if (content.redaction)
+        object.insert(QStringLiteral("redaction"), QJsonDocument::fromJson(Reports::redactionJson(*content.redaction)).object());
     return QJsonDocument(object).toJson();
 }
 
 /// Chosen sections become a document of their own text, so that its JSON is one of these bytes, too.
-QByteArray json(const Document &document, const Options &options)
+QByteArray json(const Content &content, const Options &options)
 {
     if (options.write.onlySummary)
-        return summaryJson(document);
-    return Reports::toJson(options.write.sections.empty() ? document : Reports::read(Reports::toText(document, options.write)));
+        return summaryJson(content);
+    const Document document = options.write.sections.empty()
+        ? content.document
+        : Reports::read(Reports::toText(content.document, options.write));
+    return content.redaction ? Reports::toJson(document, *content.redaction) : Reports::toJson(document);
 }
 
-QByteArray converted(const Document &document, const Options &options)
+QByteArray converted(const Content &content, const Options &options)
 {
     switch (options.format) {
     case Format::Json:
-        return json(document, options);
+        return json(content, options);
     case Format::Markdown:
-        return Reports::toMarkdown(document, options.write);
+        return Reports::toMarkdown(content.document, options.write);
     case Format::Html:
-        return Reports::toHtml(document, options.write);
+        return Reports::toHtml(content.document, options.write);
     case Format::Text:
         break;
     }
-    return Reports::toText(document, options.write);
+    return Reports::toText(content.document, options.write);
 }
 
 bool isWholeText(const Options &options)
@@ -73,16 +86,31 @@ bool hasChosenSection(const Document &document, const Reports::WriteOptions &wri
            });
 }
 
+ExitCode writeContent(const Content &content, const Options &options)
+{
+    showProgress("writing", content.document.text().size());
+    const QByteArray bytes = converted(content, options);
+    const bool isShown = options.output.isNull() && isTerminal(stdout);
+    return writeText(options, isShown ? forTerminal(content.document, bytes, options) : bytes);
+}
+
+/// Names are found in the whole report, also if only some sections of it are written.
+ExitCode writeRedacted(const Document &document, const Options &options)
+{
+    const auto redaction = redacted(document, options.redaction);
+    if (!redaction)
+        return Failed;
+    const ExitCode exitCode = writeContent({redaction->documents.front(), &*redaction}, options);
+    return exitCode == Done ? writeWhatWasRedacted(*redaction, options.redaction) : exitCode;
+}
+
 ExitCode writeDocument(const Document &document, const Options &options)
 {
     if (!hasChosenSection(document, options.write)) {
         complain(QStringLiteral("the report does not have this section"));
         return Failed;
     }
-    showProgress("writing", document.text().size());
-    const QByteArray bytes = converted(document, options);
-    const bool isShown = options.output.isNull() && isTerminal(stdout);
-    return writeText(options, isShown ? forTerminal(document, bytes, options) : bytes);
+    return options.redact ? writeRedacted(document, options) : writeContent({document, nullptr}, options);
 }
 
 } // namespace

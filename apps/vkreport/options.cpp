@@ -1,6 +1,7 @@
 #include "options.h"
 
 #include "neutral_text.h"
+#include "redaction_files.h"
 #include "section_names.h"
 #include "sections.h"
 
@@ -33,6 +34,24 @@ const QCommandLineOption maxLength(QStringLiteral("max-length"),
                                    QStringLiteral("Leave out the least important facts of text or Markdown until it has at most N "
                                                   "characters. Issue trackers accept 65536."),
                                    QStringLiteral("N"));
+const QCommandLineOption redact(QStringLiteral("redact"),
+                                QStringLiteral("Replace names, addresses, serial numbers and secrets by aliases such as user-1, "
+                                               "and print to standard error what was replaced. The result is not anonymous."));
+const QCommandLineOption aliasKey(QStringLiteral("alias-key"),
+                                  QStringLiteral("With --redact: make the aliases with the key in this file, so that they are "
+                                                 "the same in all reports. A missing file is made."),
+                                  QStringLiteral("FILE"));
+const QCommandLineOption aliasMap(QStringLiteral("alias-map"),
+                                  QStringLiteral("With --redact: write what each alias stands for to this file, which only you "
+                                                 "can read. Do not send it."),
+                                  QStringLiteral("FILE"));
+const QCommandLineOption hide(QStringLiteral("hide"),
+                              QStringLiteral("With --redact: also replace the words of this file, one a line. * ? [...] make "
+                                             "patterns of words. Can be given several times."),
+                              QStringLiteral("FILE"));
+const QCommandLineOption keep(QStringLiteral("keep"),
+                              QStringLiteral("With --redact: do not replace the words of this file, which is like that of --hide."),
+                              QStringLiteral("FILE"));
 const QCommandLineOption output(QStringList {QStringLiteral("o"), QStringLiteral("output")},
                                 QStringLiteral("Write to this file instead of standard output."),
                                 QStringLiteral("FILE"));
@@ -74,6 +93,7 @@ const std::vector<Contradiction> &contradictions()
         {&summary, {&section, &listSections, &platformName, &openGLVersion, &bonjour, &timings}},
         {&maxLength, {&listSections, &platformName, &openGLVersion, &bonjour, &timings}},
         {&format, {&listSections, &platformName, &openGLVersion, &bonjour, &timings}},
+        {&redact, {&listSections, &listFacts, &platformName, &openGLVersion, &bonjour, &timings}},
     };
     return all;
 }
@@ -94,8 +114,8 @@ void describe(QCommandLineParser &parser)
         "the machine to report."));
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addOptions({noOpenGL, section, listSections, listFacts, input, format, summary, maxLength, output, platformName,
-                       openGLVersion, bonjour, timings});
+    parser.addOptions({noOpenGL, section, listSections, listFacts, input, format, summary, maxLength, redact, aliasKey,
+                       aliasMap, hide, keep, output, platformName, openGLVersion, bonjour, timings});
 }
 
 /// Whether the library exports all these sections, so that they can be called one by one.
@@ -146,6 +166,23 @@ QString readMaxLength(const QCommandLineParser &parser, Options &options)
     return {};
 }
 
+/// Null if the option was not given.
+QString fileName(const QCommandLineParser &parser, const QCommandLineOption &option)
+{
+    return parser.isSet(option) ? QLatin1String("") + parser.value(option) : QString();
+}
+
+QString readRedaction(const QCommandLineParser &parser, Options &options)
+{
+    options.redact = parser.isSet(redact);
+    for (const QCommandLineOption *option : {&aliasKey, &aliasMap, &hide, &keep}) {
+        if (parser.isSet(*option) && !options.redact)
+            return QStringLiteral("%1 requires --redact").arg(nameOf(*option));
+    }
+    options.redaction = {fileName(parser, aliasKey), fileName(parser, aliasMap), parser.values(hide), parser.values(keep)};
+    return problemWithFiles(options);
+}
+
 /// The sections that the library exports are called one by one, in the order of the command line. If one
 /// is not exported, all are taken from the whole report.
 QString readSections(const QCommandLineParser &parser, Options &options)
@@ -174,11 +211,9 @@ QString readOptions(const QCommandLineParser &parser, Options &options)
     options.bonjour = parser.isSet(bonjour);
     options.timings = parser.isSet(timings);
     options.write.onlySummary = parser.isSet(summary);
-    if (parser.isSet(input))
-        options.input = QLatin1String("") + parser.value(input);
-    if (parser.isSet(output))
-        options.output = QLatin1String("") + parser.value(output);
-    for (const auto read : {readSections, readFormat, readMaxLength}) {
+    options.input = fileName(parser, input);
+    options.output = fileName(parser, output);
+    for (const auto read : {readSections, readFormat, readMaxLength, readRedaction}) {
         QString error = read(parser, options);
         if (!error.isEmpty())
             return error;
@@ -194,7 +229,7 @@ QString readOptions(const QCommandLineParser &parser, Options &options)
 
 bool Options::needsDocument() const
 {
-    return !input.isNull() || !areExported(sections) || format != Format::Text || write.onlySummary || write.maxLength > 0;
+    return !input.isNull() || !areExported(sections) || format != Format::Text || write.onlySummary || write.maxLength > 0 || redact;
 }
 
 std::optional<ExitCode> parseOptions(Options &options)

@@ -13,6 +13,15 @@ enum class Format {
     Html,
 };
 
+/// Names of files; null if they were not given.
+struct RedactionFiles
+{
+    QString aliasKey;
+    QString aliasMap;
+    QStringList hide;
+    QStringList keep;
+};
+
 struct Options
 {
     bool noOpenGL = false;
@@ -26,6 +35,8 @@ struct Options
     QString input;        ///< name of the file to read, "-" for standard input; null to make a report
     QString output;       ///< name of the file to write; null for standard output
     Format format = Format::Text;
+    bool redact = false;
+    RedactionFiles redaction;
     velkor::Reports::WriteOptions write; ///< sections of the whole report, if they are not taken one by one
 
     /// Whether parts of the report or other facts were requested instead of the whole report.

@@ -8,6 +8,7 @@
 #include "serial_numbers.h"
 
 #include <algorithm>
+#include <array>
 
 namespace velkor {
 namespace Reports {
@@ -46,53 +47,57 @@ bool isCommonDomain(std::string_view name)
 }
 
 /// Which bytes a text has, so that what cannot be in it is not searched.
-struct Contents
+class Contents
 {
+public:
     explicit Contents(std::string_view text)
     {
-        for (const char byte : text) {
-            hasSeparator = hasSeparator || byte == '\\' || byte == '/';
-            hasAt = hasAt || byte == '@';
-            hasEqual = hasEqual || byte == '=';
-            hasDigit = hasDigit || (byte >= '0' && byte <= '9');
-        }
+        for (const char byte : text)
+            found |= marks()[static_cast<unsigned char>(byte)];
     }
 
-    bool hasSeparator = false;
-    bool hasAt = false;
-    bool hasEqual = false;
-    bool hasDigit = false;
+    bool hasSeparator() const { return (found & separator) != 0; }
+    bool hasDigit() const { return (found & digit) != 0; }
+    /// One of "@", "=", ":", "/" and "\\", or a digit: names of accounts stand beside them.
+    bool hasMark() const { return found != 0; }
+
+private:
+    static constexpr unsigned char separator = 1;
+    static constexpr unsigned char digit = 2;
+    static constexpr unsigned char other = 4;
+    using Marks = std::array<unsigned char, 256>;
+
+    static const Marks &marks()
+    {
+        static constexpr Marks all = [] {
+            Marks bytes {};
+            for (unsigned char byte = '0'; byte <= '9'; ++byte)
+                bytes[byte] = digit;
+            bytes[std::size_t('\\')] = bytes[std::size_t('/')] = separator;
+            bytes[std::size_t('@')] = bytes[std::size_t('=')] = bytes[std::size_t(':')] = other;
+            return bytes;
+        }();
+        return all;
+    }
+
+    unsigned char found = 0;
 };
 
 class Collector
 {
 public:
-    Collector(const Document &readDocument, const WordList &hideList, const WordList &keepList, Identities &known)
+    Collector(const Document &readDocument, WordList &hideList, WordList &keepList, Identities &known)
         : document(readDocument), hide(hideList), keep(keepList), identities(known)
     {
     }
 
     Collected run()
     {
-        for (const Fact &fact : document.facts()) {
-            if (namesProgram(document.row(fact)))
-                result.programFolders.insert(folded(document.display(fact)));
-        }
         forEachRegion(document, [this](const Region &region) { collect(region); });
         return std::move(result);
     }
 
 private:
-    /// Programs have folders of their name below those of users.
-    static bool namesProgram(const FactRow &row)
-    {
-        for (const char *key : {"applicationName", "organizationName", "productName"}) {
-            if (qstrcmp(row.key, key) == 0)
-                return true;
-        }
-        return false;
-    }
-
     void collect(const Region &visited)
     {
         region = &visited;
@@ -108,6 +113,8 @@ private:
             variable = decoded(text);
             return;
         }
+        if (treatment.isProgram)
+            result.programFolders.insert(folded(text));
         found = listed();
         if (treatment.what == What::Variable)
             collectVariable();
@@ -257,25 +264,29 @@ private:
         if (treatment.what == What::Search)
             searchSecrets(isFree);
         Findings findings;
-        if (contents.hasSeparator) {
+        if (contents.hasSeparator()) {
             findPathNames(text, treatment.paths, findings, result.programFolders);
             take(findings);
             searchAccountPairs();
         }
-        if (contents.hasAt || contents.hasDigit || contents.hasSeparator || contents.hasEqual) {
+        if (contents.hasMark()) {
             findAccountNames(text, isFree, findings);
             take(findings);
         }
-        if (!contents.hasDigit)
+        if (!contents.hasDigit())
             return;
-        findSerialNumbers(text, treatment.isDevice, findings);
-        take(findings);
+        if (treatment.paths == PathContext::Command || isFree) {
+            findSerialNumbers(text, treatment.isDevice, findings);
+            take(findings);
+        }
         if (treatment.hasAddresses)
             searchAddresses(isFree);
     }
 
     void take(Findings &findings)
     {
+        if (findings.empty())
+            return;
         Plan plan;
         for (const Finding &finding : findings) {
             if (finding.kind == AliasKind::Host)
@@ -400,8 +411,8 @@ private:
     }
 
     const Document &document;
-    const WordList &hide;
-    const WordList &keep;
+    WordList &hide;
+    WordList &keep;
     Identities &identities;
     Collected result;
     const Region *region = nullptr;
@@ -412,7 +423,7 @@ private:
 
 } // namespace
 
-Collected collect(const Document &document, const WordList &hide, const WordList &keep, Identities &identities)
+Collected collect(const Document &document, WordList &hide, WordList &keep, Identities &identities)
 {
     return Collector(document, hide, keep, identities).run();
 }

@@ -13,9 +13,9 @@ namespace Reports {
 /// What one document holds, with offsets in its text. All lists are in order.
 struct Collected
 {
-    Plan planned;              ///< without overlaps
+    Plan planned;                                      ///< without overlaps
     std::unordered_set<std::u16string> programFolders; ///< names of folders of programs, as symbols
-    int environmentValues = 0; ///< that become their length
+    int environmentValues = 0;                         ///< that become their length
 
     /// An address only if the same one is found for certain elsewhere.
     struct PossibleAddress
@@ -38,7 +38,7 @@ struct Collected
 };
 
 /// Adds the names to \a identities.
-Collected collect(const Document &document, const WordList &hide, const WordList &keep, Identities &identities);
+Collected collect(const Document &document, WordList &hide, WordList &keep, Identities &identities);
 
 } // namespace Reports
 } // namespace velkor

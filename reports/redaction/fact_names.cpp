@@ -75,6 +75,7 @@ FactTreatment makeTreatment(const FactRow &row)
         return name(AliasKind::Product);
     FactTreatment treatment;
     treatment.isDevice = reveals.testFlag(Reveal::SerialNumber);
+    treatment.isProgram = is(row.key, "applicationName") || is(row.key, "organizationName") || is(row.key, "productName");
     treatment.hasAddresses = !std::strstr(row.key, "etmask");
     return treatment;
 }

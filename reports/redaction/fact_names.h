@@ -23,6 +23,7 @@ struct FactTreatment
     AliasKind kind = AliasKind::Word; ///< of a name
     PathContext paths = PathContext::Command;
     bool isDevice = false;    ///< serial numbers stand in it without a label
+    bool isProgram = false;   ///< names a program, whose folders can have the name
     bool hasAddresses = true; ///< an address in it is one of a machine
 };
 

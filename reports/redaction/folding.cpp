@@ -9,12 +9,6 @@ namespace Reports {
 
 namespace {
 
-struct FoldedLetter
-{
-    char16_t code = 0;
-    SymbolClass kind = SymbolClass::Other;
-};
-
 constexpr char32_t replacementCharacter = 0xfffd;
 constexpr char32_t sharpS = 0xdf;
 constexpr char32_t capitalSharpS = 0x1e9e;
@@ -125,7 +119,7 @@ int hexDigit(char character)
 } // namespace
 
 SymbolReader::SymbolReader(std::string_view utf8)
-    : text(utf8)
+    : text(utf8), letters(foldTable().data())
 {
 }
 
@@ -180,13 +174,12 @@ bool SymbolReader::next(Symbol &symbol)
         symbol = second;
         return true;
     }
-    const auto &table = foldTable();
     for (;;) {
         symbol.begin = int(at);
         char32_t codePoint = 0;
         if (!takeCodePoint(codePoint))
             return false;
-        const FoldedLetter letter = codePoint < tableSize ? table[codePoint] : foldedLetter(codePoint);
+        const FoldedLetter letter = codePoint < tableSize ? letters[codePoint] : foldedLetter(codePoint);
         const bool isSpace = letter.code == u' ';
         if ((letter.code == 0 && codePoint != 0) || (isSpace && afterSpace))
             continue;
@@ -203,9 +196,15 @@ bool SymbolReader::next(Symbol &symbol)
     }
 }
 
+FoldedLetter foldedAscii(char byte)
+{
+    return foldTable()[static_cast<unsigned char>(byte)];
+}
+
 std::u16string folded(std::string_view utf8)
 {
     std::u16string symbols;
+    symbols.reserve(utf8.size());
     SymbolReader reader(utf8);
     Symbol symbol;
     while (reader.next(symbol))

@@ -26,6 +26,12 @@ struct Symbol
     int end = 0;
 };
 
+struct FoldedLetter
+{
+    char16_t code = 0;
+    SymbolClass kind = SymbolClass::Other;
+};
+
 /// Reads UTF-8 as symbols. Percent codes are decoded, combining marks skipped; a byte that is no UTF-8
 /// is a letter of Latin-1. All kinds and runs of blanks are one space,
 /// unless a line ends.
@@ -36,6 +42,15 @@ public:
 
     /// Returns false at the end.
     bool next(Symbol &symbol);
+    /// Where the next symbol begins.
+    std::size_t position() const { return at; }
+    /// Goes on at \a offset, behind a symbol that is no blank. Not between the symbols of one letter.
+    void skipTo(std::size_t offset)
+    {
+        at = offset;
+        afterSpace = false;
+    }
+    bool isInLetter() const { return hasSecond; }
 
 private:
     bool takeCodePoint(char32_t &codePoint);
@@ -43,11 +58,15 @@ private:
     unsigned char percentCodeAt(std::size_t offset) const;
 
     std::string_view text;
+    const FoldedLetter *letters; ///< by code point
     std::size_t at = 0;
     bool afterSpace = false;
     bool hasSecond = false; ///< the same bytes stand for another symbol
     Symbol second;
 };
+
+/// The symbol of a byte of ASCII.
+FoldedLetter foldedAscii(char byte);
 
 /// The symbols of a text.
 std::u16string folded(std::string_view utf8);

@@ -37,6 +37,8 @@ int Identities::addKey(AliasKind kind, const std::u16string &canonical, const QS
     if (rank < identity.rank) {
         identity.rank = rank;
         identity.name = name;
+        if (made.size() > std::size_t(entry->second))
+            made[std::size_t(entry->second)].reset();
     }
     return entry->second;
 }
@@ -98,6 +100,15 @@ std::vector<int> Identities::ofKind(AliasKind kind) const
     return found;
 }
 
+const std::vector<Spelling> &Identities::spellings(int identity) const
+{
+    made.resize(std::max(made.size(), all.size()));
+    std::optional<std::vector<Spelling>> &known = made[std::size_t(identity)];
+    if (!known)
+        known = spellingsOf(at(identity).kind, at(identity).name);
+    return *known;
+}
+
 void Identities::uniteUsers()
 {
     const std::vector<int> users = ofKind(AliasKind::User);
@@ -109,7 +120,7 @@ void Identities::uniteUsers()
             whole.try_emplace(variant, user);
         for (const std::u16string &base : shortNameBases(at(user).name))
             shortened.try_emplace(base, user);
-        for (const Spelling &spelling : spellingsOf(AliasKind::User, at(user).name)) {
+        for (const Spelling &spelling : spellings(user)) {
             if (at(user).rank <= Stated)
                 known.try_emplace(spelling.symbols, user);
         }
@@ -131,7 +142,7 @@ void Identities::uniteUsers()
     for (const int user : users) { // a full name of which a part is the name of another account
         if (at(user).rank > Stated)
             continue;
-        for (const Spelling &spelling : spellingsOf(AliasKind::User, at(user).name)) {
+        for (const Spelling &spelling : spellings(user)) {
             const auto account = whole.find(spelling.symbols);
             if (account != whole.end() && account->second != user)
                 join(user, account->second);
@@ -161,7 +172,7 @@ void Identities::uniteDomains()
     for (const int domain : domains) {
         if (at(domain).canonical.find(u'.') == std::u16string::npos)
             continue;
-        for (const Spelling &spelling : spellingsOf(AliasKind::Domain, at(domain).name))
+        for (const Spelling &spelling : spellings(domain))
             known.try_emplace(spelling.symbols, domain);
     }
     for (const int domain : domains) {
@@ -182,7 +193,7 @@ void Identities::uniteFolders()
     for (const AliasKind kind : {AliasKind::User, AliasKind::Organisation, AliasKind::Host, AliasKind::Domain}) {
         for (const int owner : ofKind(kind)) {
             known.try_emplace(at(owner).canonical, owner);
-            for (const Spelling &spelling : spellingsOf(kind, at(owner).name))
+            for (const Spelling &spelling : spellings(owner))
                 known.try_emplace(spelling.symbols, owner);
         }
     }
@@ -224,7 +235,7 @@ void Identities::addTo(NameSearch &search) const
                                           AliasKind::Share, AliasKind::Folder, AliasKind::Secret};
     for (const AliasKind kind : order) {
         for (const int identity : ofKind(kind)) {
-            for (const Spelling &spelling : spellingsOf(kind, at(identity).name))
+            for (const Spelling &spelling : spellings(identity))
                 search.add(spelling.symbols, root(identity), spelling.boundaries);
         }
     }

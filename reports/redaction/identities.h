@@ -2,8 +2,10 @@
 #pragma once
 
 #include "name_search.h"
+#include "spellings.h"
 #include "vkReports.h"
 
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -58,6 +60,8 @@ private:
     static Key keyOf(AliasKind kind, const std::u16string &canonical);
     int addKey(AliasKind kind, const std::u16string &canonical, const QString &name, Rank rank);
     std::vector<int> ofKind(AliasKind kind) const;
+    /// The spellings of a name, which are made once.
+    const std::vector<Spelling> &spellings(int identity) const;
     void join(int identity, int other);
     void uniteUsers();
     void uniteHosts();
@@ -66,6 +70,7 @@ private:
 
     std::vector<Identity> all;
     std::unordered_map<Key, int> index;
+    mutable std::vector<std::optional<std::vector<Spelling>>> made;
 };
 
 } // namespace Reports

@@ -9,8 +9,7 @@ namespace Reports {
 
 namespace {
 
-constexpr std::size_t codes = 0x10000;
-constexpr int maximalLength = 1000; // of a spelling
+constexpr int maximalLength = 250; // of a spelling
 
 bool isSeparator(char16_t code)
 {
@@ -38,8 +37,10 @@ bool isBoundary(SymbolClass left, SymbolClass right)
 class NameScan
 {
 public:
-    NameScan(const NameSearch &search, std::string_view text, std::vector<NamePlace> &places)
-        : names(search), bytes(text), found(places), ring(ringSize)
+    static constexpr std::size_t ringSize = 256; // more than the longest spelling
+
+    NameScan(NameSearch &search, std::string_view text, std::vector<NamePlace> &places)
+        : names(search), bytes(text), found(places), ring(search.ring.data())
     {
     }
 
@@ -48,7 +49,11 @@ public:
         SymbolReader reader(bytes);
         Symbol symbol;
         int node = 0;
-        while (reader.next(symbol)) {
+        for (;;) {
+            if (node == 0 && pending < 0 && !reader.isInLetter())
+                skip(reader);
+            if (!reader.next(symbol))
+                break;
             if (pending >= 0)
                 accept(&symbol);
             ring[count++ % ringSize] = symbol;
@@ -61,7 +66,19 @@ public:
     }
 
 private:
-    static constexpr std::size_t ringSize = 1024;
+    /// Skips bytes with which no spelling begins. The last one of them is remembered: it tells whether a word begins.
+    void skip(SymbolReader &reader)
+    {
+        const std::size_t begin = reader.position();
+        std::size_t at = begin;
+        while (at + 1 < bytes.size() && !names.canStart(bytes[at], bytes[at + 1]))
+            ++at;
+        if (at == begin)
+            return;
+        const char last = bytes[at - 1];
+        ring[count++ % ringSize] = {foldedAscii(last).code, foldedAscii(last).kind, int(at - 1), int(at)};
+        reader.skipTo(at);
+    }
 
     const Symbol &before(std::size_t symbols) const { return ring[(count - symbols) % ringSize]; }
 
@@ -138,19 +155,59 @@ private:
     const NameSearch &names;
     std::string_view bytes;
     std::vector<NamePlace> &found;
-    std::vector<Symbol> ring;
+    Symbol *ring;
     std::size_t count = 0;
     int pending = -1; ///< node whose spelling ends with the last symbol
 };
 
 NameSearch::NameSearch()
-    : nodes(1), rootChildren(codes, 0), keys(1024), targets(1024)
+    : nodes(1), rootChildren(), starts(), keys(256), targets(256)
 {
+    starts.fill(specialBytes());
+    for (int byte = 0; byte < 256; ++byte) {
+        if (specialBytes()[std::size_t(byte)])
+            starts[std::size_t(byte)].set();
+    }
+}
+
+/// Bytes that are not one symbol each; what follows one is looked at in any case.
+const NameSearch::ByteSet &NameSearch::specialBytes()
+{
+    static const ByteSet bytes = [] {
+        ByteSet special;
+        for (int byte = 0; byte < 256; ++byte)
+            special[std::size_t(byte)] = byte < ' ' || byte >= 0x7f || byte == '%';
+        return special;
+    }();
+    return bytes;
+}
+
+/// The bytes of ASCII that are the symbol.
+std::vector<std::size_t> NameSearch::bytesOf(char16_t symbol)
+{
+    static const std::array<std::vector<std::size_t>, 128> bytes = [] {
+        std::array<std::vector<std::size_t>, 128> bySymbol;
+        for (std::size_t byte = ' '; byte < 0x7f; ++byte)
+            bySymbol[foldedAscii(char(byte)).code].push_back(byte);
+        return bySymbol;
+    }();
+    return symbol < bytes.size() ? bytes[symbol] : std::vector<std::size_t>();
+}
+
+/// To be called for each spelling: the search skips what it does not begin with.
+void NameSearch::allowStart(const std::u16string &spelling)
+{
+    for (const std::size_t first : bytesOf(spelling[0])) {
+        if (spelling.size() < 2)
+            starts[first].set();
+        for (const std::size_t second : bytesOf(spelling[spelling.size() > 1 ? 1 : 0]))
+            starts[first].set(second);
+    }
 }
 
 int NameSearch::child(int node, char16_t code) const
 {
-    if (node == 0)
+    if (node == 0 && code < rootChildren.size())
         return rootChildren[code];
     const std::uint64_t key = edgeKey(node, code);
     const std::size_t mask = keys.size() - 1;
@@ -176,7 +233,7 @@ void NameSearch::grow()
 
 void NameSearch::addEdge(int node, char16_t code, int to)
 {
-    if (node == 0) {
+    if (node == 0 && code < rootChildren.size()) {
         rootChildren[code] = to;
         return;
     }
@@ -196,6 +253,7 @@ void NameSearch::add(const std::u16string &spelling, int name, Boundaries bounda
 {
     if (spelling.empty() || spelling.size() > std::size_t(maximalLength))
         return;
+    allowStart(spelling);
     int node = 0;
     for (const char16_t code : spelling) {
         int next = child(node, code);
@@ -217,6 +275,7 @@ void NameSearch::add(const std::u16string &spelling, int name, Boundaries bounda
 
 void NameSearch::build()
 {
+    ring.resize(NameScan::ringSize);
     std::stable_sort(order.begin(), order.end(), [this](const Edge &left, const Edge &right) {
         return nodes[std::size_t(left.to)].depth < nodes[std::size_t(right.to)].depth;
     });
@@ -238,9 +297,11 @@ int NameSearch::step(int node, char16_t code) const
     }
 }
 
-void NameSearch::find(std::string_view text, std::vector<NamePlace> &places) const
+void NameSearch::find(std::string_view text, std::vector<NamePlace> &places)
 {
     places.clear();
+    if (isEmpty())
+        return;
     NameScan(*this, text, places).run();
 }
 

@@ -3,6 +3,8 @@
 
 #include "folding.h"
 
+#include <array>
+#include <bitset>
 #include <cstdint>
 #include <unordered_map>
 #include <vector>
@@ -37,7 +39,7 @@ public:
     bool isEmpty() const { return spellings.empty(); }
     /// Replaces \a places by the longest matches in \a text, in ascending order without overlaps.
     /// Matches that overlap in part become one place.
-    void find(std::string_view text, std::vector<NamePlace> &places) const;
+    void find(std::string_view text, std::vector<NamePlace> &places);
 
 private:
     struct Node
@@ -59,19 +61,30 @@ private:
         int to;
     };
 
+    using ByteSet = std::bitset<256>;
+
     static std::uint64_t edgeKey(int node, char16_t code) { return (std::uint64_t(node) << 16U) | code; }
     int child(int node, char16_t code) const;
     void addEdge(int node, char16_t code, int to);
     void grow();
     int step(int node, char16_t code) const;
+    static const ByteSet &specialBytes();
+    static std::vector<std::size_t> bytesOf(char16_t symbol);
+    void allowStart(const std::u16string &spelling);
+    bool canStart(char first, char second) const
+    {
+        return starts[static_cast<unsigned char>(first)][static_cast<unsigned char>(second)];
+    }
 
     std::vector<Node> nodes;
-    std::vector<int> rootChildren;   ///< by symbol
-    std::vector<std::uint64_t> keys; ///< open addressing; 0 is free
+    std::array<int, 128> rootChildren; ///< by symbol, of ASCII
+    std::array<ByteSet, 256> starts;   ///< by a byte: which bytes can follow it if a spelling begins with it
+    std::vector<std::uint64_t> keys;   ///< open addressing; 0 is free
     std::vector<int> targets;
     std::size_t edges = 0;
     std::vector<Edge> order; ///< in the order of creation
     std::vector<Spelling> spellings;
+    std::vector<Symbol> ring; ///< the last symbols of a text
 
     friend class NameScan;
 };

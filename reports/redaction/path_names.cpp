@@ -54,8 +54,7 @@ class PathScanner
 {
 public:
     PathScanner(std::string_view path, PathContext pathContext, Findings &places, std::unordered_set<std::u16string> &programFolders)
-        : text(path), context(pathContext), findings(places)
-        , programs(programFolders)
+        : text(path), context(pathContext), findings(places), programs(programFolders)
     {
     }
 
@@ -156,9 +155,17 @@ private:
         return end;
     }
 
+    /// How the folders begin behind which names stand: "Users", "Documents and Settings", "Program Files".
+    static bool canBeSpecial(char first)
+    {
+        return static_cast<unsigned char>(first) >= 0x80 || std::strchr("uUdDbBhHpP%", first);
+    }
+
     Role take(const Component &component, Role role, int depth)
     {
         const std::string_view bytes = text.substr(component.begin, component.end - component.begin);
+        if (role == Role::Unknown && !canBeSpecial(bytes.front()))
+            return role;
         const std::u16string name = bytes.size() < 1000 ? folded(bytes) : std::u16string();
         switch (role) {
         case Role::Host:

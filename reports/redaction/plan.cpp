@@ -80,17 +80,18 @@ Plan merged(const Plan &high, const Plan &low, std::string_view text)
 
 void appendMapped(const Region &region, const Plan &found, Plan &plan)
 {
-    const std::vector<Region::Piece> &pieces = region.pieces();
-    std::size_t piece = 0;
+    const std::size_t count = region.pieceCount();
+    std::size_t first = 0;
     for (const Planned &place : found) {
-        while (piece + 1 < pieces.size() && pieces[piece + 1].at <= place.begin)
-            ++piece;
+        while (first + 1 < count && region.piece(first + 1).at <= place.begin)
+            ++first;
         bool isFirst = true;
-        for (std::size_t i = piece; i < pieces.size() && pieces[i].at < place.end; ++i) {
-            const int offset = pieces[i].begin - pieces[i].at;
+        for (std::size_t i = first; i < count && region.piece(i).at < place.end; ++i) {
+            const Region::Piece &piece = region.piece(i);
+            const int offset = piece.begin - piece.at;
             Planned part = place;
-            part.begin = std::max(place.begin + offset, pieces[i].begin);
-            part.end = std::min(place.end + offset, pieces[i].end);
+            part.begin = std::max(place.begin + offset, piece.begin);
+            part.end = std::min(place.end + offset, piece.end);
             part.continues = !isFirst;
             if (part.begin >= part.end)
                 continue;

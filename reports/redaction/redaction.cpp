@@ -70,7 +70,7 @@ private:
         search.build();
     }
 
-    bool isKept(const QString &name) const
+    bool isKept(const QString &name)
     {
         std::vector<NamePlace> places;
         const QByteArray utf8 = name.toUtf8();
@@ -78,7 +78,7 @@ private:
         return places.size() == 1 && places[0].begin == 0 && places[0].end == utf8.size();
     }
 
-    bool isKnownDomain(const QString &name) const
+    bool isKnownDomain(const QString &name)
     {
         for (const AliasKind kind : {AliasKind::Domain, AliasKind::Host, AliasKind::Organisation}) {
             if (identities.find(kind, name) >= 0)

@@ -71,24 +71,24 @@ Region::Region(const QByteArray &documentText, int fact)
 
 void Region::append(int begin, int end, char separator)
 {
-    if (!parts.empty()) {
-        const Piece &last = parts.back();
-        if (parts.size() == 1)
-            joined = document->mid(last.begin, last.end - last.begin);
-        joined += separator;
-        parts.push_back({joined.size(), begin, end});
-        joined += document->mid(begin, end - begin);
-    } else {
-        parts.push_back({0, begin, end});
+    if (!hasFirst) {
+        first = {0, begin, end};
+        hasFirst = true;
+        return;
     }
+    if (more.empty())
+        joined = document->mid(first.begin, first.end - first.begin);
+    joined += separator;
+    more.push_back({joined.size(), begin, end});
+    joined.append(document->constData() + begin, end - begin);
 }
 
 void Region::finish()
 {
-    if (parts.size() > 1)
+    if (!more.empty())
         view = {joined.constData(), std::size_t(joined.size())};
-    else if (parts.size() == 1)
-        view = {document->constData() + parts[0].begin, std::size_t(parts[0].end - parts[0].begin)};
+    else if (hasFirst)
+        view = {document->constData() + first.begin, std::size_t(first.end - first.begin)};
 }
 
 void forEachRegion(const Document &document, const std::function<void(const Region &)> &visit)

@@ -30,7 +30,8 @@ public:
 
     std::string_view text() const { return view; }
     int fact() const { return factIndex; }
-    const std::vector<Piece> &pieces() const { return parts; }
+    std::size_t pieceCount() const { return more.size() + (hasFirst ? 1 : 0); }
+    const Piece &piece(std::size_t index) const { return index == 0 ? first : more[index - 1]; }
     bool isEmpty() const { return view.empty(); }
 
 private:
@@ -38,7 +39,9 @@ private:
     int factIndex;
     QByteArray joined;
     std::string_view view;
-    std::vector<Piece> parts;
+    bool hasFirst = false;
+    Piece first {0, 0, 0};
+    std::vector<Piece> more; ///< most regions have one piece only
 };
 
 /// Calls \a visit for each region of \a document, in the order of the text. Values of types that cannot hold a

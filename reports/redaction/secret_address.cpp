@@ -68,6 +68,9 @@ bool readPasswordInCodedAddress(std::string_view text, std::size_t begin, Secret
 
 bool readOracleLogin(std::string_view text, std::size_t colon, SecretPlace &place)
 {
+    const char last = colon > 0 ? text[colon - 1] : '\0';
+    if (last != 'n' && last != 'i' && last != '8')
+        return false;
     const bool isOracle = (colon >= 5 && continuesWith(text, colon - 5, ":thin")) || (colon >= 4 && continuesWith(text, colon - 4, ":oci"))
         || (colon >= 5 && continuesWith(text, colon - 5, ":oci8"));
     if (!isOracle)

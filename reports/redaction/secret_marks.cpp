@@ -76,13 +76,16 @@ bool readAssignment(std::string_view text, std::size_t at, std::size_t valueBegi
 {
     std::size_t end = at;
     const bool isQuoted = passBeforeDelimiter(text, end, first);
+    const bool isAttribute = text[at] == '=' && end >= first + 5 && text.compare(end - 5, 5, "value") == 0;
+    if (!isAttribute && !canBeSecretName(text, end, first))
+        return false;
     std::string_view name = nameBefore(text, end, first, true);
     Assignment assignment;
     assignment.nameBegin = end;
     assignment.valueBegin = valueBegin;
     if (!isQuoted && end > first && isQuote(text[end - 1]))
         assignment.around = text[end - 1];
-    if (name == "value" && text[at] == '=')
+    if (isAttribute && name == "value")
         name = nameOfAttribute(text, end, first);
     assignment.name = secretName(name);
     return assignment.name != SecretName::None && !isAliasName(name) && readSecretValue(text, assignment, place);
@@ -102,9 +105,11 @@ bool readEquals(std::string_view text, std::size_t at, std::size_t first, Secret
 bool readColon(std::string_view text, std::size_t at, std::size_t first, SecretPlace &place)
 {
     const char next = characterAt(text, at + 1);
+    if (next == '\\' && at >= first + 2 && isAsciiLetter(text[at - 1]) && !isAlphanumeric(text[at - 2]))
+        return false; // a drive
     if (next == '/' && characterAt(text, at + 2) == '/')
         return readPasswordInAddress(text, at + 3, place);
-    if (next == ':' || next == '=' || next == '\\' || (at > first && text[at - 1] == ':'))
+    if (next == ':' || next == '=' || (at > first && text[at - 1] == ':'))
         return false;
     return readAssignment(text, at, at + 1, first, place) || readOracleLogin(text, at, place);
 }
@@ -113,6 +118,8 @@ bool readColon(std::string_view text, std::size_t at, std::size_t first, SecretP
 bool readElement(std::string_view text, std::size_t at, std::size_t first, SecretPlace &place)
 {
     std::size_t begin = at;
+    if (!canBeSecretName(text, at, first))
+        return false;
     const std::string_view name = nameBefore(text, begin, first, false);
     if (begin == first || text[begin - 1] != '<')
         return false;
@@ -152,7 +159,7 @@ bool readLogin(std::string_view text, SecretPlace value, SecretPlace &place)
 /// "--password x"; "--password=x" has another mark.
 bool readOption(std::string_view text, std::size_t at, std::size_t first, SecretPlace &place)
 {
-    if (at > 0 && !canPrecedeOption(text[at - 1]))
+    if ((at > 0 && !canPrecedeOption(text[at - 1])) || !isAsciiLetter(characterAt(text, at + 1)))
         return false;
     std::size_t end = at + 1;
     while (end - at < longestName && isNameCharacter(characterAt(text, end)))
@@ -226,6 +233,9 @@ bool readOne(std::string_view text, std::size_t at, std::size_t first, SecretPla
 
 bool readMark(std::string_view text, std::size_t at, std::size_t first, std::vector<SecretPlace> &places, std::size_t &end)
 {
+    const int second = characterAt(text, at + 1) | 0x20;
+    if (isAsciiLetter(text[at]) && second != 'e' && second != 'a')
+        return false;
     if (isAsciiLetter(text[at]) && at >= 5 && continuesWith(text, at - 1 - (text[at - 1] == ' ' ? 3 : 2), "---"))
         return readKeyBlock(text, at, places, end);
     SecretPlace place;

@@ -1,13 +1,12 @@
 #include "secret_names.h"
 
 #include "address_forms.h"
+#include "secret_name_lists.h"
 
 namespace velkor {
 namespace Reports {
 
 namespace {
-
-constexpr std::size_t longestName = 64;
 
 /// A name in small letters: with "_" between its words, and without.
 struct Words
@@ -23,7 +22,7 @@ struct Words
     std::string_view last() const { return words().substr(words().rfind('_') + 1); }
 };
 
-bool isUpper(char c)
+constexpr bool isUpper(char c)
 {
     return c >= 'A' && c <= 'Z';
 }
@@ -75,13 +74,19 @@ std::string_view withoutNumber(std::string_view name)
 
 bool endsWith(std::string_view text, std::string_view end)
 {
-    return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+    if (text.size() < end.size())
+        return false;
+    for (std::size_t i = 1; i <= end.size(); ++i) {
+        if (text[text.size() - i] != end[end.size() - i])
+            return false;
+    }
+    return true;
 }
 
 template <std::size_t size>
-bool isOneOf(std::string_view text, const char *const (&list)[size])
+bool isOneOf(std::string_view text, const std::string_view (&list)[size])
 {
-    for (const char *entry : list) {
+    for (const std::string_view entry : list) {
         if (text == entry)
             return true;
     }
@@ -89,170 +94,14 @@ bool isOneOf(std::string_view text, const char *const (&list)[size])
 }
 
 template <std::size_t size>
-bool endsWithOneOf(std::string_view text, const char *const (&list)[size])
+bool endsWithOneOf(std::string_view text, const std::string_view (&list)[size])
 {
-    for (const char *entry : list) {
+    for (const std::string_view entry : list) {
         if (endsWith(text, entry))
             return true;
     }
     return false;
 }
-
-const char *const certainEnds[] = {
-    "password",
-    "passwords",
-    "passwd",
-    "passcode",
-    "passwort",
-    "kennwort",
-    "motdepasse",
-    "contraseña",
-    "userpass",
-    "dbpass",
-    "sshpass",
-    "ftppass",
-    "smtppass",
-    "mysqlpass",
-    "rootpass",
-    "pgpass",
-    "adminpass",
-    "secret",
-    "secrets",
-    "token",
-    "tokens",
-    "credential",
-    "credentials",
-    "keymaterial",
-    "keybase",
-    "connectionpwd",
-    "schlüssel",
-};
-
-/// Before "key".
-const char *const kindsOfKey[] = {
-    "api",
-    "access",
-    "account",
-    "private",
-    "secret",
-    "license",
-    "licence",
-    "product",
-    "serial",
-    "shared",
-    "master",
-    "encryption",
-    "encrypt",
-    "signing",
-    "auth",
-    "activation",
-    "registration",
-    "subscription",
-    "client",
-    "session",
-    "storage",
-    "service",
-    "deploy",
-    "cd",
-    "recovery",
-    "app",
-    "application",
-    "security",
-    "crypto",
-    "cipher",
-    "aes",
-    "hmac",
-    "network",
-    "wifi",
-    "wlan",
-    "wep",
-    "wpa",
-    "primary",
-    "secondary",
-    "instrumentation",
-    "consumer",
-    "integration",
-    "sharedaccess",
-    "admin",
-    "unlock",
-    "machine",
-    "decryption",
-};
-
-const char *const certainWords[] = {"pass", "pat", "jwt", "creds", "psk", "otp", "senha", "bearer", "passkey"};
-const char *const probableWords[] = {"auth", "cred", "pin", "license", "licence", "lic", "serialnumber", "keys"};
-const char *const queryWords[] = {"sig", "signature", "key", "code", "sas", "sid", "session", "sessionid", "hash", "nonce", "apikeys"};
-const char *const wholeLineEnds[] = {"passphrase", "passphrases", "cookie", "cookies"};
-
-/// Inside of a name: "TOKEN_PROD".
-const char *const innerWords[] = {"password", "passwd", "passphrase", "secret", "token", "credential", "apikey", "api_key", "kennwort", "passwort"};
-
-/// The last word of a name with an inner word that is no secret: "password_file".
-const char *const harmlessEnds[] = {
-    "file",
-    "path",
-    "dir",
-    "directory",
-    "folder",
-    "url",
-    "uri",
-    "endpoint",
-    "host",
-    "name",
-    "id",
-    "type",
-    "kind",
-    "length",
-    "len",
-    "count",
-    "size",
-    "expires",
-    "expiry",
-    "expiration",
-    "age",
-    "min",
-    "max",
-    "limit",
-    "policy",
-    "required",
-    "enabled",
-    "disabled",
-    "timeout",
-    "ttl",
-    "provider",
-    "store",
-    "manager",
-    "helper",
-    "hint",
-    "prompt",
-    "field",
-    "label",
-    "version",
-    "algorithm",
-    "method",
-    "mode",
-    "format",
-    "scope",
-    "scopes",
-    "issuer",
-    "audience",
-    "changed",
-    "date",
-    "time",
-    "user",
-    "username",
-    "ring",
-    "bucket",
-    "region",
-    "server",
-    "service",
-    "plugin",
-    "class",
-    "command",
-    "cmd",
-    "ask",
-    "askpass",
-};
 
 bool isCertain(const Words &words)
 {
@@ -272,9 +121,9 @@ bool isProbable(const Words &words)
         return true;
     if (words.hasBlank || isOneOf(words.last(), harmlessEnds))
         return false;
-    for (const char *word : innerWords) {
+    for (const std::string_view word : innerWords) {
         const std::size_t at = words.words().find(word);
-        const std::size_t end = at + std::string_view(word).size();
+        const std::size_t end = at + word.size();
         if (at != std::string_view::npos && end < words.separatedSize && words.separated[end] == '_')
             return true;
     }

@@ -1,6 +1,7 @@
 #include "secret_tokens.h"
 
 #include "address_forms.h"
+#include "secret_token_lists.h"
 #include "secret_values.h"
 
 #include <algorithm>
@@ -10,129 +11,15 @@ namespace Reports {
 
 namespace {
 
-enum class Alphabet {
-    Capitals, ///< and digits
-    Hex,
-    Plain,  ///< letters and digits
-    Url,    ///< and "-", "_"
-    Points, ///< and "."
-};
-
-/// So many characters decide whether it is a token, so that no part of a text is read again and again.
-constexpr std::size_t longestChecked = 64;
-
-struct Token
-{
-    const char *prefix;
-    std::size_t least; ///< characters after the prefix
-    Alphabet alphabet;
-};
-
-/// Sorted by the first character, which find() relies on only for speed.
-const Token tokens[] = {
-    {"A3T", 17, Alphabet::Capitals},
-    {"AAAAB3NzaC1", 32, Alphabet::Url}, // keys of SSH
-    {"AAAAC3NzaC1", 32, Alphabet::Url},
-    {"AAAAE2VjZHNh", 32, Alphabet::Url},
-    {"AAAAGnNrL", 32, Alphabet::Url},
-    {"AAAAInNrL", 32, Alphabet::Url},
-    {"ABIA", 16, Alphabet::Capitals},
-    {"ACCA", 16, Alphabet::Capitals},
-    {"AGE-SECRET-KEY-", 40, Alphabet::Url},
-    {"AKIA", 16, Alphabet::Capitals},
-    {"ASIA", 16, Alphabet::Capitals},
-    {"ATATT3", 40, Alphabet::Url},
-    {"ATCTT3", 40, Alphabet::Url},
-    {"AIza", 30, Alphabet::Url},
-    {"CFPAT-", 30, Alphabet::Url},
-    {"GOCSPX-", 20, Alphabet::Url},
-    {"NRAK-", 20, Alphabet::Plain},
-    {"PMAK-", 20, Alphabet::Url},
-    {"SK", 32, Alphabet::Hex},
-    {"atlasv1", 20, Alphabet::Url},
-    {"dapi", 32, Alphabet::Hex},
-    {"dckr_pat_", 20, Alphabet::Url},
-    {"doo_v1_", 32, Alphabet::Hex},
-    {"dop_v1_", 32, Alphabet::Hex},
-    {"dor_v1_", 32, Alphabet::Hex},
-    {"dp.pt.", 30, Alphabet::Plain},
-    {"figd_", 20, Alphabet::Url},
-    {"gho_", 20, Alphabet::Plain},
-    {"ghp_", 20, Alphabet::Plain},
-    {"ghr_", 20, Alphabet::Plain},
-    {"ghs_", 20, Alphabet::Plain},
-    {"ghu_", 20, Alphabet::Plain},
-    {"github_pat_", 20, Alphabet::Url},
-    {"glagent-", 20, Alphabet::Url},
-    {"glc_", 20, Alphabet::Plain},
-    {"glcbt-", 20, Alphabet::Url},
-    {"gldt-", 20, Alphabet::Url},
-    {"glft-", 20, Alphabet::Url},
-    {"glimt-", 20, Alphabet::Url},
-    {"glpat-", 16, Alphabet::Url},
-    {"glptt-", 20, Alphabet::Url},
-    {"glrt-", 16, Alphabet::Url},
-    {"glsa_", 20, Alphabet::Url},
-    {"glsoat-", 16, Alphabet::Url},
-    {"gsk_", 20, Alphabet::Plain},
-    {"hf_", 30, Alphabet::Plain},
-    {"key-", 32, Alphabet::Hex},
-    {"lin_api_", 30, Alphabet::Plain},
-    {"npm_", 30, Alphabet::Plain},
-    {"ntn_", 30, Alphabet::Plain},
-    {"ops_eyJ", 30, Alphabet::Url},
-    {"pat-na1-", 30, Alphabet::Url},
-    {"phc_", 30, Alphabet::Plain},
-    {"pscale_", 30, Alphabet::Points},
-    {"pypi-A", 30, Alphabet::Url},
-    {"rk_live_", 16, Alphabet::Plain},
-    {"rk_test_", 16, Alphabet::Plain},
-    {"rubygems_", 32, Alphabet::Hex},
-    {"sbp_", 32, Alphabet::Hex},
-    {"secret_", 40, Alphabet::Plain},
-    {"shpat_", 32, Alphabet::Hex},
-    {"shpca_", 32, Alphabet::Hex},
-    {"shppa_", 32, Alphabet::Hex},
-    {"shpss_", 32, Alphabet::Hex},
-    {"sk-", 20, Alphabet::Url},
-    {"sk_live_", 16, Alphabet::Plain},
-    {"sk_test_", 16, Alphabet::Plain},
-    {"sntrys_", 30, Alphabet::Url},
-    {"sq0atp-", 20, Alphabet::Url},
-    {"sq0csp-", 30, Alphabet::Url},
-    {"tfp_", 30, Alphabet::Url},
-    {"whsec_", 24, Alphabet::Plain},
-    {"xai-", 30, Alphabet::Plain},
-    {"xapp-", 20, Alphabet::Url},
-    {"xoxa-", 16, Alphabet::Url},
-    {"xoxb-", 16, Alphabet::Url},
-    {"xoxc-", 16, Alphabet::Url},
-    {"xoxd-", 16, Alphabet::Url},
-    {"xoxe-", 16, Alphabet::Url},
-    {"xoxo-", 16, Alphabet::Url},
-    {"xoxp-", 16, Alphabet::Url},
-    {"xoxr-", 16, Alphabet::Url},
-    {"xoxs-", 16, Alphabet::Url},
-};
-
-/// Before a run, with the point between them.
-const char *const prefixesWithPoint[] = {"SG.", "hvs.", "hvb.", "ya29.", "xoxe.", "hvr."};
-const char *const webhooks[] = {
-    "hooks.slack.com/",
-    "discord.com/api/webhooks/",
-    "discordapp.com/api/webhooks/",
-    "outlook.office.com/webhook",
-    "webhook.office.com/",
-    "hooks.zapier.com/",
-    "api.telegram.org/",
-    "hooks.office.com/",
-    "chat.googleapis.com/",
-    "mattermost",
-};
-
 bool startsWith(std::string_view text, std::size_t at, std::string_view prefix)
 {
-    return text.size() - at >= prefix.size() && text.compare(at, prefix.size(), prefix) == 0;
+    if (text.size() - at < prefix.size())
+        return false;
+    for (std::size_t i = 0; i < prefix.size(); ++i) {
+        if (text[at + i] != prefix[i])
+            return false;
+    }
+    return true;
 }
 
 bool isIn(char c, Alphabet alphabet)
@@ -169,10 +56,12 @@ std::size_t endOfBase64(std::string_view text, std::size_t at)
 
 bool hasToken(std::string_view text, std::size_t at, SecretPlace &place)
 {
-    for (const Token &token : tokens) {
-        if (token.prefix[0] != text[at] || !startsWith(text, at, token.prefix))
+    const char first = text[at];
+    for (const Token *row = tokens + firstTokens.rows[std::size_t(first)]; row != std::end(tokens) && row->prefix[0] == first; ++row) {
+        const Token &token = *row;
+        if (!startsWith(text, at, token.prefix))
             continue;
-        const std::size_t begin = at + std::string_view(token.prefix).size();
+        const std::size_t begin = at + token.prefix.size();
         std::size_t end = begin;
         while (end < text.size() && end - begin < longestChecked && isIn(text[end], token.alphabet))
             ++end;
@@ -180,24 +69,8 @@ bool hasToken(std::string_view text, std::size_t at, SecretPlace &place)
             continue;
         while (end < text.size() && isIn(text[end], token.alphabet))
             ++end;
-        place = {at, token.prefix[0] == 'A' ? endOfBase64(text, end) : end};
+        place = {at, first == 'A' ? endOfBase64(text, end) : end};
         return true;
-    }
-    return false;
-}
-
-bool canBeginToken(char c)
-{
-    constexpr std::string_view first = "ACGNPSadfghklnoprstwx";
-    return first.find(c) != std::string_view::npos;
-}
-
-bool findKnownToken(std::string_view text, SecretPlace run, SecretPlace &place)
-{
-    for (std::size_t at = run.begin; at + 16 <= run.end; ++at) {
-        const bool begins = at == run.begin || text[at - 1] == '-' || text[at - 1] == '_';
-        if (begins && canBeginToken(text[at]) && hasToken(text, at, place))
-            return true;
     }
     return false;
 }
@@ -213,13 +86,26 @@ std::size_t endOfParts(std::string_view text, std::size_t at)
     return at;
 }
 
-bool findJsonToken(std::string_view text, SecretPlace run, SecretPlace &place)
+/// A JSON web token
+bool hasJsonToken(std::string_view text, std::size_t at, std::size_t runEnd, SecretPlace &place)
 {
-    for (std::size_t at = run.begin; at + 16 <= run.end; ++at) {
-        if (!startsWith(text, at, "eyJ") || (at > run.begin && isAlphanumeric(text[at - 1])))
-            continue;
-        place = {at, endOfParts(text, run.end)};
-        return place.end > run.end || isMixed(text.substr(at, run.end - at));
+    if (!startsWith(text, at, "eyJ"))
+        return false;
+    const std::size_t end = endOfParts(text, runEnd);
+    place = {at, end};
+    return end > runEnd || isMixed(text.substr(at, std::min(runEnd - at, longestChecked)));
+}
+
+bool findKnownToken(std::string_view text, SecretPlace run, SecretPlace &place)
+{
+    bool begins = true;
+    for (std::size_t at = run.begin; at + leastToken <= run.end; ++at) {
+        const char c = text[at];
+        if (begins && c == 'e' && hasJsonToken(text, at, run.end, place))
+            return true;
+        if (begins && firstTokens.rows[std::size_t(c)] != noToken && hasToken(text, at, place))
+            return true;
+        begins = c == '-' || c == '_';
     }
     return false;
 }
@@ -227,6 +113,8 @@ bool findJsonToken(std::string_view text, SecretPlace run, SecretPlace &place)
 /// A run after "SG." and the like.
 bool findAfterPoint(std::string_view text, SecretPlace run, SecretPlace &place)
 {
+    if (run.begin == 0 || text[run.begin - 1] != '.')
+        return false;
     for (const std::string_view prefix : prefixesWithPoint) {
         const std::size_t size = prefix.size();
         if (run.begin < size || text.compare(run.begin - size, size, prefix) != 0)
@@ -294,40 +182,6 @@ bool findWebhook(std::string_view text, SecretPlace run, SecretPlace &place)
     return false;
 }
 
-bool isUpperOrDigit(char c)
-{
-    return isDecimal(c) || (c >= 'A' && c <= 'Z');
-}
-
-bool isLowerOrDigit(char c)
-{
-    return isDecimal(c) || (c >= 'a' && c <= 'z');
-}
-
-/// "ABCDE-12345-...": groups of equal length, in capitals or small letters.
-bool isKeyInGroups(std::string_view run)
-{
-    const std::size_t length = run.find('-');
-    if (length == std::string_view::npos || length < 4 || length > 8 || (run.size() + 1) % (length + 1) != 0)
-        return false;
-    const std::size_t groups = (run.size() + 1) / (length + 1);
-    std::size_t letters = 0;
-    std::size_t mixed = 0;
-    for (std::size_t at = 0; at < run.size(); at += length + 1) {
-        const std::string_view group = run.substr(at, length);
-        const bool isUniform = std::all_of(group.begin(), group.end(), isUpperOrDigit) || std::all_of(group.begin(), group.end(), isLowerOrDigit);
-        if (!isUniform || (at > 0 && run[at - 1] != '-'))
-            return false;
-        const auto digits = std::size_t(std::count_if(group.begin(), group.end(), isDecimal));
-        letters += length - digits;
-        mixed += digits > 0 && digits < length;
-    }
-    if (letters == 0) // of BitLocker, or a long number
-        return (length == 6 && groups == 8) || (groups >= 5 && length >= 4);
-    const bool isCapitals = std::all_of(run.begin(), run.end(), [](char c) { return c == '-' || isUpperOrDigit(c); });
-    return (length == 5 && groups == 5 && (isCapitals || mixed >= 2)) || (groups >= 4 && groups <= 10 && mixed >= 2);
-}
-
 bool findKeyInGroups(std::string_view text, SecretPlace run, SecretPlace &place)
 {
     place = run;
@@ -348,37 +202,9 @@ bool isBase64Character(char c)
 
 bool findToken(std::string_view text, SecretPlace run, SecretPlace &place)
 {
-    return findKnownToken(text, run, place) || findJsonToken(text, run, place) || findAfterPoint(text, run, place)
+    return findKnownToken(text, run, place) || findAfterPoint(text, run, place)
         || findBotToken(text, run, place) || findKeyInGroups(text, run, place) || findTokenOfThreeParts(text, run, place)
         || findWebhook(text, run, place);
-}
-
-bool looksRandom(std::string_view text)
-{
-    constexpr std::size_t leastHex = 32;
-    std::size_t digits = 0;
-    std::size_t upper = 0;
-    std::size_t lower = 0;
-    std::size_t changes = 0;
-    int previous = 0;
-    bool isHex = true;
-    for (const char c : text) {
-        const int kind = isDecimal(c) ? 1 : c >= 'A' && c <= 'Z' ? 2
-            : isAsciiLetter(c)                                   ? 3
-                                                                 : 4;
-        digits += kind == 1;
-        upper += kind == 2;
-        lower += kind == 3;
-        changes += previous != 0 && kind != previous;
-        previous = kind;
-        isHex = isHex && hexValue(c) >= 0;
-    }
-    if (isHex)
-        return text.size() >= leastHex && digits >= 4 && digits + 4 <= text.size() && (upper == 0 || lower == 0 || changes * 3 >= text.size());
-    const bool isOneCase = (upper == 0 || lower == 0) && digits + upper + lower == text.size();
-    if (isOneCase)
-        return text.size() >= 24 && digits >= 5 && upper + lower >= 5 && changes * 10 >= text.size() * 3;
-    return text.size() >= 20 && digits >= 2 && upper >= 2 && lower >= 2 && changes * 10 >= text.size() * 4;
 }
 
 } // namespace Reports

@@ -12,6 +12,8 @@ bool findToken(std::string_view text, SecretPlace run, SecretPlace &place);
 bool readKeyBlock(std::string_view text, std::size_t at, std::vector<SecretPlace> &places, std::size_t &end);
 /// Whether the characters of \a text, of base64 or hexadecimal, look random.
 bool looksRandom(std::string_view text);
+/// "ABCDE-12345-...": groups of equal length, in capitals or small letters.
+bool isKeyInGroups(std::string_view run);
 bool isTokenCharacter(char c);
 bool isBase64Character(char c);
 

@@ -3,91 +3,16 @@
 #include "address_forms.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace velkor {
 namespace Reports {
 
 namespace {
 
-/// A longer value is always a secret, so that no part of a text is read again and again.
-constexpr std::size_t longestOfNoSecret = 200;
 constexpr std::size_t longestNameAfter = 32;
 
-const char *const kindsOfAlias[] = {
-    "user",
-    "host",
-    "domain",
-    "org",
-    "product",
-    "serial",
-    "mac",
-    "ip",
-    "printer",
-    "label",
-    "share",
-    "folder",
-    "secret",
-    "word",
-    "length",
-};
-
-const char *const ordinaryWords[] = {
-    "true",
-    "false",
-    "yes",
-    "no",
-    "on",
-    "off",
-    "none",
-    "null",
-    "nil",
-    "undefined",
-    "empty",
-    "unset",
-    "not",
-    "set",
-    "(null)",
-    "(none)",
-    "required",
-    "optional",
-    "enabled",
-    "disabled",
-    "default",
-    "basic",
-    "plain",
-    "login",
-    "ntlm",
-    "digest",
-    "kerberos",
-    "negotiate",
-    "anonymous",
-    "windows",
-    "integrated",
-    "oauth",
-    "oauth2",
-    "xoauth2",
-    "bearer",
-    "any",
-    "auto",
-    "unknown",
-    "prompt",
-    "ask",
-    "stdin",
-    "n/a",
-    "-",
-    "0",
-    "1",
-};
-
-const char *const schemes[] = {"bearer", "basic", "token", "digest", "negotiate", "ntlm", "apikey", "sharedaccesssignature"};
-
-template <std::size_t size>
-bool isOneOf(std::string_view text, const char *const (&list)[size])
-{
-    return std::any_of(list, list + size, [text](const char *entry) {
-        return text.size() == std::string_view(entry).size() && continuesWith(text, 0, entry);
-    });
-}
+constexpr std::string_view schemes[] = {"bearer", "basic", "token", "digest", "negotiate", "ntlm", "apikey", "sharedaccesssignature"};
 
 bool isBlank(char c)
 {
@@ -202,37 +127,23 @@ bool readBraced(std::string_view text, std::size_t begin, SecretPlace &place)
     return found;
 }
 
-bool isReference(std::string_view value)
-{
-    const std::string_view inner = value.size() > 2 ? value.substr(1, value.size() - 2) : std::string_view();
-    const char first = value.front();
-    const char second = characterAt(value, 1);
-    if (first == '%' && value.back() == '%')
-        return !inner.empty() && std::all_of(inner.begin(), inner.end(), [](char c) { return isNameCharacter(c) || c == '(' || c == ')'; });
-    if (first == '$' && (second == '{' || second == '(' || continuesWith(value, 1, "env:")))
-        return true;
-    if (first == '$')
-        return value.size() > 2 && std::all_of(value.begin() + 1, value.end(), [](char c) { return (c >= 'A' && c <= 'Z') || c == '_'; });
-    return (first == '{' && second == '{') || (first == '<' && value.back() == '>');
-}
-
-bool isMask(std::string_view value)
-{
-    const char first = value.front();
-    return value.size() >= 3 && (first == '*' || first == 'x' || first == 'X' || first == '.' || first == '#')
-        && value.find_first_not_of(first) == std::string_view::npos;
-}
-
 bool isPath(std::string_view value)
 {
     const char first = characterAt(value, 0);
     return first == '/' || first == '~' || first == '\\' || (characterAt(value, 1) == ':' && isAsciiLetter(first));
 }
 
+bool isScheme(std::string_view word)
+{
+    return std::any_of(std::begin(schemes), std::end(schemes), [word](std::string_view scheme) {
+        return word.size() == scheme.size() && continuesWith(word, 0, scheme);
+    });
+}
+
 /// "Bearer x" after "Authorization:".
 void passScheme(std::string_view text, SecretPlace &place)
 {
-    if (!isOneOf(text.substr(place.begin, place.end - place.begin), schemes) || characterAt(text, place.end) != ' ')
+    if (!isScheme(text.substr(place.begin, place.end - place.begin)) || characterAt(text, place.end) != ' ')
         return;
     const bool isDigest = continuesWith(text, place.begin, "digest");
     place.begin = passBlanks(text, place.end);
@@ -254,7 +165,7 @@ bool isPlausible(std::string_view text, const Assignment &assignment, std::strin
     case SecretName::Query: {
         const char before = assignment.nameBegin > 0 ? text[assignment.nameBegin - 1] : '\0';
         const bool isSignature = continuesWith(text, assignment.nameBegin, "sig") || continuesWith(text, assignment.nameBegin, "sid");
-        return looksGenerated(value) || (isSignature && (before == '?' || before == '&'));
+        return (before == '?' || before == '&') && (isSignature || looksGenerated(value));
     }
     default:
         return true;
@@ -262,36 +173,6 @@ bool isPlausible(std::string_view text, const Assignment &assignment, std::strin
 }
 
 } // namespace
-
-bool isAlias(std::string_view text)
-{
-    const std::size_t hyphen = text.find('-');
-    if (hyphen == std::string_view::npos || hyphen + 1 == text.size())
-        return false;
-    const std::string_view kind = text.substr(0, hyphen);
-    const bool isKind = std::any_of(std::begin(kindsOfAlias), std::end(kindsOfAlias), [kind](const char *name) { return kind == name; });
-    return isKind && std::all_of(text.begin() + std::ptrdiff_t(hyphen) + 1, text.end(), isDecimal);
-}
-
-bool isNoSecret(std::string_view value)
-{
-    if (value.size() > longestOfNoSecret)
-        return false;
-    return value.empty() || isOneOf(value, ordinaryWords) || isReference(value) || isMask(value) || isAlias(value);
-}
-
-bool looksGenerated(std::string_view value)
-{
-    int digits = 0;
-    int letters = 0;
-    int changes = 0;
-    for (std::size_t i = 0; i < value.size(); ++i) {
-        digits += isDecimal(value[i]);
-        letters += isAsciiLetter(value[i]);
-        changes += i > 0 && isDecimal(value[i]) != isDecimal(value[i - 1]);
-    }
-    return value.size() >= 16 && digits >= 2 && letters >= 2 && changes >= 3 && std::size_t(digits + letters) * 10 >= value.size() * 8;
-}
 
 std::size_t endOfLine(std::string_view text, std::size_t at)
 {
@@ -344,7 +225,7 @@ bool readSecretValue(std::string_view text, const Assignment &assignment, Secret
         place = quotedPlace(text, begin, assignment.around, false);
     } else if (place.begin == begin && assignment.name == SecretName::WholeLine) {
         const std::size_t end = endOfLine(text, begin);
-        place.end = std::max(place.end, std::min(end, text.substr(0, end).find_first_of("\";", begin)));
+        place.end = std::max(place.end, std::min(end, text.substr(0, end).find('"', begin)));
     } else if (assignment.name == SecretName::Header) {
         passScheme(text, place);
     }

@@ -7,6 +7,9 @@
 namespace velkor {
 namespace Reports {
 
+/// A longer value is always a secret, so that no part of a text is read again and again.
+constexpr std::size_t longestOfNoSecret = 200;
+
 /// Whether \a text is an alias of the redaction: "secret-1", "host-482193756012", "length-19".
 bool isAlias(std::string_view text);
 /// Whether \a value is a reference ("%NAME%", "${NAME}"), a mask ("***"), an alias or a word such as "true".

@@ -97,7 +97,7 @@ private:
     void findAtMarks(std::size_t at, std::uint64_t marks);
     void findInRun(std::size_t inside);
     void findRandom(std::size_t inside);
-    SecretPlace runAround(std::size_t inside, bool (*isInRun)(char)) const;
+    SecretPlace runAround(std::size_t inside, CharacterClass character) const;
     void add(SecretPlace place);
 
     const std::string_view text_;
@@ -110,16 +110,15 @@ private:
 
 std::vector<SecretPlace> SecretFinder::find()
 {
+    char last[blockSize] = {};
+    const std::size_t lastBegin = text_.size() / blockSize * blockSize;
+    text_.copy(last, blockSize, lastBegin);
     unsigned previous = 0;
-    std::size_t i = 0;
-    for (; i + blockSize <= text_.size(); i += blockSize) {
-        const std::uint64_t block = classesOf(text_.data() + i);
+    for (std::size_t i = 0; i <= lastBegin; i += blockSize) {
+        const std::uint64_t block = classesOf(i < lastBegin ? text_.data() + i : last);
         findIn(i, block, previous);
         previous = unsigned(block >> 56);
     }
-    char last[blockSize] = {};
-    text_.copy(last, text_.size() - i, i);
-    findIn(i, classesOf(last), previous);
     return std::move(places_);
 }
 
@@ -128,7 +127,7 @@ void SecretFinder::findIn(std::size_t begin, std::uint64_t block, unsigned previ
     const std::uint64_t marks = marksOf(block, previous);
     if (marks != 0)
         findAtMarks(begin, marks);
-    if (!isFull(block, Base64))
+    if (!isFull(block, Base64) || (block & lowestBits * Word) == 0) // a line of hyphens
         return;
     if (isFull(block, Token) && begin >= runEnd_)
         findInRun(begin);
@@ -147,12 +146,12 @@ void SecretFinder::findAtMarks(std::size_t at, std::uint64_t marks)
     }
 }
 
-SecretPlace SecretFinder::runAround(std::size_t inside, bool (*isInRun)(char)) const
+SecretPlace SecretFinder::runAround(std::size_t inside, CharacterClass character) const
 {
     SecretPlace run {inside, inside};
-    while (run.begin > next_ && isInRun(text_[run.begin - 1]))
+    while (run.begin > next_ && (classOf(text_[run.begin - 1]) & character) != 0)
         --run.begin;
-    while (run.end < text_.size() && isInRun(text_[run.end]))
+    while (run.end < text_.size() && (classOf(text_[run.end]) & character) != 0)
         ++run.end;
     return run;
 }
@@ -161,7 +160,7 @@ void SecretFinder::findInRun(std::size_t inside)
 {
     if (inside < next_)
         return;
-    const SecretPlace run = runAround(inside, isTokenCharacter);
+    const SecretPlace run = runAround(inside, Token);
     runEnd_ = run.end;
     SecretPlace place;
     if (run.end - run.begin >= leastRun && findToken(text_, run, place))
@@ -174,8 +173,11 @@ void SecretFinder::findRandom(std::size_t inside)
 {
     if (inside < next_)
         return;
-    SecretPlace run = runAround(inside, isBase64Character);
+    SecretPlace run = runAround(inside, Base64);
     base64End_ = run.end;
+    const char before = run.begin > 0 ? text_[run.begin - 1] : '\0';
+    if (before == '.' || before == '/' || before == '\\') // a path
+        return;
     while (run.end < text_.size() && text_[run.end] == '=' && run.end < base64End_ + 2)
         ++run.end;
     if (looksRandom(text_.substr(run.begin, base64End_ - run.begin)))

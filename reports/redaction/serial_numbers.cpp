@@ -183,9 +183,9 @@ std::size_t labelLength(std::string_view text)
 
 void findLabelled(std::string_view text, Findings &findings)
 {
-    constexpr std::string_view firstLetters = "sSaAnN";
-    for (std::size_t at = 0; (at = text.find_first_of(firstLetters, at)) != std::string_view::npos; ++at) {
-        if (at > 0 && isAlnum(text[at - 1]))
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char first = char(text[at] | 0x20);
+        if ((first != 's' && first != 'a' && first != 'n') || (at > 0 && isAlnum(text[at - 1])))
             continue;
         const std::size_t length = labelLength(text.substr(at));
         const std::size_t begin = length > 0 ? numberAfter(text, at + length) : std::string_view::npos;

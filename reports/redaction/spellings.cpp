@@ -105,16 +105,6 @@ void addVariants(std::vector<Spelling> &spellings, const QString &name)
         addSpelling(spellings, variant);
 }
 
-/// \a name and its form for programs that know ASCII only, as whole words.
-void addAccountName(std::vector<Spelling> &spellings, const QString &name)
-{
-    for (const QString &form : {name, transliterated(name)}) {
-        const std::u16string symbols = folded(form);
-        if (distinctionOf(symbols) != Distinction::None)
-            spellings.push_back({symbols, Boundaries::Word});
-    }
-}
-
 /// What precedes "~" in a short name: without blanks and points, six characters.
 QString shortBase(const QString &name)
 {
@@ -150,22 +140,6 @@ void addShortNames(std::vector<Spelling> &spellings, const QString &name)
     }
 }
 
-/// Forms that accounts and mail addresses are made of: "jorn.lindmoor", "jlindmoor", "lindmoorj".
-void addAccountNames(std::vector<Spelling> &spellings, const QStringList &words)
-{
-    if (words.size() < 2 || words.size() > 4)
-        return;
-    const QString &first = words.first();
-    const QString &last = words.last();
-    const QString initial = first.left(1);
-    for (const char *separator : {"", ".", "_", "-", " ", ", "}) {
-        const QLatin1String between(separator);
-        for (const QString &form : {first + between + last, last + between + first, initial + between + last, last + between + initial})
-            addAccountName(spellings, form);
-    }
-    addAccountName(spellings, first + QLatin1Char('.') + last.left(1));
-}
-
 QStringList splitWords(const QString &name)
 {
     QString separated = name;
@@ -177,14 +151,55 @@ QStringList splitWords(const QString &name)
     return separated.split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
-/// A name of several words without blanks, or with other characters for them.
-void addJoined(std::vector<Spelling> &spellings, const QString &name)
+using Symbols = std::u16string;
+
+void addForm(std::vector<Spelling> &spellings, const Symbols &form, Boundaries boundaries)
 {
-    const QStringList words = splitWords(name);
-    if (words.size() < 2)
-        return;
-    for (const char *separator : {"", "_", "-", ".", " "})
-        addVariants(spellings, words.join(QLatin1String(separator)));
+    constexpr std::size_t shortest = 4;
+    if (form.size() >= shortest)
+        spellings.push_back({form, boundaries});
+}
+
+/// Forms that accounts and mail addresses are made of: "jorn.lindmoor", "jlindmoor", "lindmoorj".
+void addAccountNames(std::vector<Spelling> &spellings, const Symbols &first, const Symbols &last)
+{
+    const Symbols initial = first.substr(0, 1);
+    for (const char16_t *separator : {u"", u".", u"_", u"-", u" ", u", "}) {
+        for (const Symbols &form : {first + separator + last, last + separator + first, initial + separator + last, last + separator + initial})
+            addForm(spellings, form, Boundaries::Word);
+    }
+    addForm(spellings, first + u'.' + last.substr(0, 1), Boundaries::Word);
+}
+
+/// A name of several words without blanks, or with other characters for them.
+void addJoined(std::vector<Spelling> &spellings, const std::vector<Symbols> &words)
+{
+    constexpr std::size_t clear = 6;
+    for (const char16_t *separator : {u"", u"_", u"-", u".", u" "}) {
+        Symbols joined = words.front();
+        for (std::size_t i = 1; i < words.size(); ++i)
+            joined += separator + words[i];
+        addForm(spellings, joined, joined.size() < clear ? Boundaries::Word : Boundaries::Anywhere);
+    }
+}
+
+/// What names of several words are written as.
+void addCompositions(std::vector<Spelling> &spellings, const QString &name, bool isPerson)
+{
+    constexpr std::size_t mostWordsOfPerson = 4;
+    QStringList forms {name};
+    if (!isAscii(name) && name.size() <= longestName)
+        forms += transliterated(name);
+    for (const QString &form : forms) {
+        std::vector<Symbols> words;
+        for (const QString &word : splitWords(form))
+            words.push_back(folded(word));
+        if (words.size() < 2)
+            return;
+        addJoined(spellings, words);
+        if (isPerson && words.size() <= mostWordsOfPerson)
+            addAccountNames(spellings, words.front(), words.back());
+    }
 }
 
 /// Whether a domain belongs to nobody: "co.uk".
@@ -278,8 +293,7 @@ std::vector<Spelling> spellingsOf(AliasKind kind, const QString &name)
     switch (kind) {
     case AliasKind::User:
         addVariants(spellings, name);
-        addJoined(spellings, name);
-        addAccountNames(spellings, splitWords(name));
+        addCompositions(spellings, name, true);
         for (const QString &word : wordsOf(kind, name)) {
             addVariants(spellings, word);
             addShortNames(spellings, word);
@@ -288,7 +302,7 @@ std::vector<Spelling> spellingsOf(AliasKind kind, const QString &name)
         break;
     case AliasKind::Organisation:
         addVariants(spellings, name);
-        addJoined(spellings, name);
+        addCompositions(spellings, name, false);
         for (const QString &word : wordsOf(kind, name))
             addVariants(spellings, word);
         addShortNames(spellings, name);

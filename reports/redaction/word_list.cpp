@@ -89,7 +89,7 @@ void WordList::findPatterns(std::string_view text, std::vector<NamePlace> &place
     finish();
 }
 
-void WordList::find(std::string_view text, std::vector<NamePlace> &places) const
+void WordList::find(std::string_view text, std::vector<NamePlace> &places)
 {
     places.clear();
     if (!search.isEmpty())

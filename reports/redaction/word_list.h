@@ -16,7 +16,7 @@ public:
 
     bool isEmpty() const { return search.isEmpty() && patterns.empty(); }
     /// Replaces \a places by what the entries match in \a text, in ascending order without overlaps.
-    void find(std::string_view text, std::vector<NamePlace> &places) const;
+    void find(std::string_view text, std::vector<NamePlace> &places);
 
 private:
     void findPatterns(std::string_view text, std::vector<NamePlace> &places) const;

@@ -191,7 +191,7 @@ void tokenRows()
     row("Discord webhook", "https://discord.com/api/webhooks/1234567890/", filler(60));
     row("three parts", "", QByteArray("MTA") + "xInv3nt3dF0rT3st5QaZw" + ".AbC1d2." + filler(30));
     row("JSON web token", "t ", QByteArray("ey") + "JhbGciOiJub25lIn0." + "eyJzdWIiOiJ0ZXN0In0." + filler(20), " z");
-    row("JSON web token after a word", "jwt_", QByteArray("ey") + "JhbGciOiJub25lIn0." + "eyJzdWIiOiJ0ZXN0In0.");
+    row("JSON web token after a word", "jwt_", QByteArray("ey") + "JhbGciOiJub25lIn0." + "eyJzdWIiOiJ0ZXN0In0", ".");
     row("bearer", "Authorization: Bearer ", "gue55-me.now", "\"");
     row("bearer alone", "use bearer ", "gue55-me.now");
     row("basic", "Authorization: Basic ", QByteArray("anna:guess").toBase64());
