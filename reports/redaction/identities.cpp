@@ -130,7 +130,7 @@ void Identities::uniteUsers()
         const std::u16string &name = at(user).canonical;
         auto found = known.find(name);
         if ((found == known.end() || found->second == user) && name.find(u'.') != std::u16string::npos)
-            found = known.find(name.substr(0, name.find(u'.'))); // "jorn.BIRKENTAL", a profile made anew
+            found = known.find(name.substr(0, name.rfind(u'.'))); // "jorn.BIRKENTAL", a profile made anew
         if (found != known.end() && found->second != user)
             join(found->second, user);
         if (!isShortName(name))

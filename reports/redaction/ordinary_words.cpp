@@ -115,6 +115,18 @@ bool isPartOfWord(char16_t code)
     return isPlainDigit(code) || (code >= u'a' && code <= u'z') || code > 0xbf;
 }
 
+/// "(a+)+$": nothing else is written so.
+bool hasUnusualPunctuation(const std::u16string &name)
+{
+    constexpr std::size_t fewest = 3;
+    std::u16string different;
+    for (const char16_t code : name) {
+        if (code > u' ' && code < 0x7f && !isPartOfWord(code) && different.find(code) == std::u16string::npos)
+            different += code;
+    }
+    return different.size() >= fewest;
+}
+
 } // namespace
 
 bool isOrdinaryWord(const std::u16string &word)
@@ -136,6 +148,8 @@ Distinction distinctionOf(const std::u16string &name)
         return Distinction::Clear;
     const auto characters = std::count_if(name.begin(), name.end(), isPartOfWord);
     const auto digits = std::count_if(name.begin(), name.end(), isPlainDigit);
+    if (characters > 0 && hasUnusualPunctuation(name))
+        return Distinction::Clear;
     if (characters < shortest || isOrdinaryWord(name))
         return Distinction::None;
     if (digits == characters)

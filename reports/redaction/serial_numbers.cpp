@@ -170,7 +170,7 @@ std::size_t numberAfter(std::string_view text, std::size_t at)
 /// The length of the label at the beginning of \a text; 0 if there is none.
 std::size_t labelLength(std::string_view text)
 {
-    static constexpr std::string_view labels[] = {"S/N", "SN", "SERIAL", "SERIALNUMBER", "SERIENNUMMER", "SERIENNR", "SERVICE TAG",
+    static constexpr std::string_view labels[] = {"S/N", "SN", "SERNO", "SER NO", "SER. NO", "SERIAL", "SERIALNUMBER", "SERIENNUMMER", "SERIENNR", "SERVICE TAG",
                                                   "SERVICETAG", "ASSET TAG", "ASSETTAG", "NUMERO DE SERIE", "N/S"};
     std::size_t longest = 0;
     for (const std::string_view label : labels) {

@@ -140,15 +140,29 @@ void addShortNames(std::vector<Spelling> &spellings, const QString &name)
     }
 }
 
+/// The words of a name, which blanks, punctuation or capital letters begin: "Jörn Lindmoor", "JornLindmoor".
 QStringList splitWords(const QString &name)
 {
-    QString separated = name;
-    for (QChar &character : separated) {
-        if (!character.isLetterOrNumber() && character != QLatin1Char('-') && character != QChar(QChar::ReplacementCharacter)
-            && !character.isSurrogate() && !character.isMark())
-            character = QLatin1Char(' ');
+    QString separated;
+    for (const QChar character : name) {
+        const bool isPart = character.isLetterOrNumber() || character == QLatin1Char('-') || character.isSurrogate()
+            || character == QChar(QChar::ReplacementCharacter) || character.isMark();
+        if (character.isUpper() && !separated.isEmpty() && separated.back().isLower())
+            separated += QLatin1Char(' ');
+        separated += isPart ? character : QLatin1Char(' ');
     }
     return separated.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+/// Whether words can be those of a name: not "1" and "000".
+bool areNames(const QStringList &words)
+{
+    constexpr int shortest = 3;
+    const auto hasLetter = [](const QString &word) {
+        return std::any_of(word.begin(), word.end(), [](QChar character) { return character.isLetter(); });
+    };
+    return words.size() > 1 && std::all_of(words.begin(), words.end(), hasLetter)
+        && std::any_of(words.begin(), words.end(), [](const QString &word) { return word.size() >= shortest; });
 }
 
 using Symbols = std::u16string;
@@ -191,11 +205,12 @@ void addCompositions(std::vector<Spelling> &spellings, const QString &name, bool
     if (!isAscii(name) && name.size() <= longestName)
         forms += transliterated(name);
     for (const QString &form : forms) {
-        std::vector<Symbols> words;
-        for (const QString &word : splitWords(form))
-            words.push_back(folded(word));
-        if (words.size() < 2)
+        const QStringList parts = splitWords(form);
+        if (!areNames(parts))
             return;
+        std::vector<Symbols> words;
+        for (const QString &part : parts)
+            words.push_back(folded(part));
         addJoined(spellings, words);
         if (isPerson && words.size() <= mostWordsOfPerson)
             addAccountNames(spellings, words.front(), words.back());
