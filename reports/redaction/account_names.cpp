@@ -178,52 +178,6 @@ void findSecurityIdentifier(std::string_view text, std::size_t at, Findings &fin
         add(findings, at, end, AliasKind::User);
 }
 
-std::string_view lineAt(std::string_view text, std::size_t begin)
-{
-    return text.substr(begin, std::min(text.find('\n', begin), text.size()) - begin);
-}
-
-bool isClosing(const std::u16string &line)
-{
-    static constexpr const char16_t *closings[] = {u"regards", u"sincerely", u"cheers", u"gruß", u"grüße", u"grußen", u"grüßen", u"gruesse", u"gruessen",
-                                                   u"cordialement", u"salutations", u"saludos", u"saludo", u"saluti", u"groeten",
-                                                   u"pozdrawiam", u"saygilar", u"уважением", u"敬具"};
-    std::size_t end = line.size();
-    while (end > 0 && (line[end - 1] == u',' || line[end - 1] == u'!' || line[end - 1] == u'.' || line[end - 1] == u' '))
-        --end;
-    return std::any_of(std::begin(closings), std::end(closings), [&](const char16_t *closing) {
-        const std::u16string word = folded(QString::fromUtf16(closing));
-        return end >= word.size() && line.compare(end - word.size(), word.size(), word) == 0;
-    });
-}
-
-/// Lines of a mail: "Received: from HOST", "From: Name <address>", and the name below "Kind regards,".
-void findInMail(std::string_view text, Findings &findings)
-{
-    constexpr std::size_t longestLine = 200;
-    bool isAfterClosing = false;
-    for (std::size_t begin = 0; begin < text.size();) {
-        const std::string_view line = lineAt(text, begin);
-        const std::u16string symbols = line.size() <= longestLine ? folded(line) : std::u16string();
-        if (isAfterClosing && !symbols.empty() && symbols.find_first_of(u":/\\@=") == std::u16string::npos)
-            add(findings, begin, begin + line.size(), AliasKind::User);
-        isAfterClosing = isClosing(symbols) || (isAfterClosing && symbols.find_first_not_of(u' ') == std::u16string::npos);
-        for (const std::string_view word : {"from ", "by "}) {
-            const std::size_t found = symbols.compare(0, 9, u"received:") == 0 || line.substr(0, 1) == "\t" ? line.find(word) : std::string_view::npos;
-            const std::size_t host = begin + found + word.size();
-            if (found != std::string_view::npos)
-                add(findings, host, runAfter(text, host, isHostByte), AliasKind::Host);
-        }
-        for (const char16_t *header : {u"from: ", u"to: ", u"cc: ", u"von: ", u"an: "}) {
-            const std::size_t size = std::char_traits<char16_t>::length(header);
-            const std::size_t bracket = line.find('<');
-            if (symbols.compare(0, size, header) == 0 && bracket != std::string_view::npos && bracket > size)
-                add(findings, begin + size, begin + bracket - 1, AliasKind::User);
-        }
-        begin += line.size() + 1;
-    }
-}
-
 bool isAccountByte(char byte)
 {
     return isNameByte(byte) || byte == '_' || byte == '.' || byte == '-' || byte == '$';
@@ -252,8 +206,6 @@ void findAccountNames(std::string_view text, bool isFree, Findings &findings)
         findAuthority(text, at + 3, findings);
     for (std::size_t at = text.find('='); at != std::string_view::npos; at = text.find('=', at + 1))
         findAssignedAccount(text, at, findings);
-    if (isFree)
-        findInMail(text, findings);
     for (std::size_t at = text.find("S-1-5-21-"); at != std::string_view::npos; at = text.find("S-1-5-21-", at + 1))
         findSecurityIdentifier(text, at, findings);
 }

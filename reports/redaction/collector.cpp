@@ -191,15 +191,16 @@ private:
 
     bool isUserName() const { return qstrcmp(document.row(document.facts()[std::size_t(region->fact())]).key, "userName") == 0; }
 
-    /// Each line of the text is a name.
+    /// The first line of the text is a name. Further ones are replaced, but they say nothing about the rest of the text.
     void name(AliasKind kind, Reason reason, Identities::Rank rank)
     {
         Plan plan;
         for (std::size_t begin = 0; begin < text.size();) {
             const std::size_t lineEnd = std::min(text.find('\n', begin), text.size());
+            const bool isFirst = begin == 0;
             std::size_t end = lineEnd;
             trim(begin, end);
-            put(plan, int(begin), int(end), kind, reason, rank);
+            put(plan, int(begin), int(end), kind, reason, rank, isFirst);
             begin = lineEnd + 1;
         }
         found = merged(found, plan, text);
@@ -262,6 +263,10 @@ private:
             findAccountNames(text, isFree, findings);
             take(findings);
         }
+        if (isForeign()) {
+            findMailNames(text, findings);
+            take(findings);
+        }
         if (!contents.hasDigit())
             return;
         if (treatment.paths == PathContext::Command || isFree) {
@@ -270,6 +275,15 @@ private:
         }
         if (treatment.hasAddresses)
             searchAddresses(isFree);
+    }
+
+    /// Whether the text stands before or behind the report.
+    bool isForeign() const
+    {
+        if (region->fact() >= 0 || region->pieceCount() == 0)
+            return false;
+        const std::vector<Section> &sections = document.sections();
+        return sections.empty() || region->piece(0).begin < sections.front().begin || region->piece(0).begin >= sections.back().end;
     }
 
     void take(Findings &findings)
@@ -391,12 +405,13 @@ private:
             put(plan, begin + int(point) + 1, end, AliasKind::Domain, reason, rank);
     }
 
-    void put(Plan &plan, int begin, int end, AliasKind kind, Reason reason, Identities::Rank rank)
+    void put(Plan &plan, int begin, int end, AliasKind kind, Reason reason, Identities::Rank rank, bool isSearched = true)
     {
         const std::string_view bytes = text.substr(std::size_t(begin), std::size_t(end - begin));
         if (hasOnlyAliases(bytes) || isInAlias(text, std::size_t(begin), std::size_t(end)))
             return;
-        plan.push_back({begin, end, identities.add(kind, decoded(bytes), rank), reason, false});
+        const int identity = isSearched ? identities.add(kind, decoded(bytes), rank) : identities.addUnsearched(kind, decoded(bytes));
+        plan.push_back({begin, end, identity, reason, false});
     }
 
     const Document &document;

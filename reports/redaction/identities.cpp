@@ -32,7 +32,7 @@ int Identities::addKey(AliasKind kind, const std::u16string &canonical, const QS
 {
     const auto [entry, isNew] = index.try_emplace(keyOf(kind, canonical), int(all.size()));
     if (isNew)
-        all.push_back({kind, name, canonical, rank, -1});
+        all.push_back({kind, name, canonical, true, rank, -1});
     Identity &identity = all[std::size_t(entry->second)];
     if (rank < identity.rank) {
         identity.rank = rank;
@@ -48,6 +48,15 @@ int Identities::add(AliasKind kind, const QString &name, Rank rank)
     if (!name.contains(QLatin1Char('%')))
         return addKey(kind, folded(name), name, rank);
     return addKey(kind, folded(name), QString::fromUtf8(QByteArray::fromPercentEncoding(name.toUtf8())), rank);
+}
+
+int Identities::addUnsearched(AliasKind kind, const QString &name)
+{
+    const int before = count();
+    const int identity = add(kind, name, Found);
+    if (count() > before)
+        all[std::size_t(identity)].isSearched = false;
+    return identity;
 }
 
 int Identities::addBytes(AliasKind kind, const QByteArray &canonical, const QString &name)
@@ -91,7 +100,7 @@ std::vector<int> Identities::ofKind(AliasKind kind) const
 {
     std::vector<int> found;
     for (int i = 0; i < count(); ++i) {
-        if (at(i).kind == kind)
+        if (at(i).kind == kind && at(i).isSearched)
             found.push_back(i);
     }
     std::stable_sort(found.begin(), found.end(), [this](int left, int right) { return at(left).rank < at(right).rank; });
@@ -107,6 +116,20 @@ const std::vector<Spelling> &Identities::spellings(int identity) const
     if (!known)
         known = spellingsOf(at(identity).kind, at(identity).name);
     return *known;
+}
+
+/// "jorn" of "jorn.BIRKENTAL", "jorn.000" and "jorn_old": folders of a user that Windows or somebody made anew.
+std::u16string Identities::withoutSuffix(const std::u16string &name) const
+{
+    static const std::unordered_set<std::u16string> suffixes {u"old", u"alt", u"bak", u"backup", u"new", u"neu", u"adm", u"admin", u"v2", u"v6",
+                                                              u"temp", u"tmp", u"copy", u"kopie", u"orig"};
+    const std::size_t mark = name.find_last_of(u"._-");
+    if (mark == std::u16string::npos || mark == 0)
+        return name;
+    const std::u16string suffix = name.substr(mark + 1);
+    const bool isNumber = !suffix.empty() && suffix.find_first_not_of(u"0123456789") == std::u16string::npos;
+    const bool isPlace = index.count(keyOf(AliasKind::Host, suffix)) > 0 || index.count(keyOf(AliasKind::Domain, suffix)) > 0;
+    return isNumber || isPlace || suffixes.count(suffix) > 0 ? name.substr(0, mark) : name;
 }
 
 void Identities::uniteUsers()
@@ -129,8 +152,8 @@ void Identities::uniteUsers()
     for (const int user : users) {
         const std::u16string &name = at(user).canonical;
         auto found = known.find(name);
-        if ((found == known.end() || found->second == user) && name.find(u'.') != std::u16string::npos)
-            found = known.find(name.substr(0, name.rfind(u'.'))); // "jorn.BIRKENTAL", a profile made anew
+        if (found == known.end() || found->second == user)
+            found = known.find(withoutSuffix(name));
         if (found != known.end() && found->second != user)
             join(found->second, user);
         if (!isShortName(name))

@@ -20,6 +20,7 @@ struct Identity
     AliasKind kind = AliasKind::Word;
     QString name;             ///< of the spellings with the lowest rank the first, without percent codes
     std::u16string canonical; ///< the same for all spellings that differ in case and accents only; bytes of an address or a secret
+    bool isSearched = true;   ///< whether it is replaced where the text does not say what it is
     int rank = 0;             ///< of names of the same thing the one with the lowest rank decides
     int same = -1;            ///< index of another name of the same thing
 };
@@ -36,6 +37,8 @@ public:
 
     /// The index of the name; adds it if it is new.
     int add(AliasKind kind, const QString &name, Rank rank);
+    /// The same for a name that is replaced only where it was found.
+    int addUnsearched(AliasKind kind, const QString &name);
     /// Of an address or a secret, which is told by its bytes.
     int addBytes(AliasKind kind, const QByteArray &canonical, const QString &name);
     /// The index of a name or address that was added, or -1.
@@ -63,6 +66,7 @@ private:
     /// The spellings of a name, which are made once.
     const std::vector<Spelling> &spellings(int identity) const;
     void join(int identity, int other);
+    std::u16string withoutSuffix(const std::u16string &name) const;
     void uniteUsers();
     void uniteHosts();
     void uniteDomains();

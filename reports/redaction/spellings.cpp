@@ -3,6 +3,7 @@
 #include "ordinary_words.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace velkor {
 namespace Reports {
@@ -67,10 +68,19 @@ QString transliterated(const QString &name)
     return result;
 }
 
-/// UTF-8 that somebody read as Latin-1.
+/// UTF-8 that somebody read as Windows-1252.
 QString misread(const QString &name)
 {
-    return QString::fromLatin1(name.toUtf8());
+    static constexpr char16_t special[] = {0x20ac, 0x81,   0x201a, 0x192,  0x201e, 0x2026, 0x2020, 0x2021, 0x2c6, 0x2030, 0x160,
+                                           0x2039, 0x152,  0x8d,   0x17d,  0x8f,   0x90,   0x2018, 0x2019, 0x201c, 0x201d, 0x2022,
+                                           0x2013, 0x2014, 0x2dc,  0x2122, 0x161,  0x203a, 0x153,  0x9d,   0x17e, 0x178};
+    constexpr unsigned firstSpecial = 0x80;
+    QString result;
+    for (const char byte : name.toUtf8()) {
+        const auto code = static_cast<unsigned char>(byte);
+        result += QChar(code >= firstSpecial && code < firstSpecial + std::size(special) ? special[code - firstSpecial] : char16_t(code));
+    }
+    return result;
 }
 
 /// \a name and what becomes of its letters on the way through programs that know ASCII only.
@@ -117,23 +127,27 @@ QString shortBase(const QString &name)
     return base.left(length);
 }
 
-QStringList shortBases(const QString &name)
+/// What can precede "~" in the short name, as symbols.
+std::vector<std::u16string> shortBases(const QString &name)
 {
-    QStringList bases {shortBase(name), shortBase(replacedLetters(name, QStringLiteral("_"))),
-                       shortBase(replacedLetters(name, QString()))};
-    bases.removeDuplicates();
+    constexpr std::size_t length = 6;
+    std::vector<std::u16string> bases;
+    for (const QString &variant : {name, replacedLetters(name, QStringLiteral("_")), replacedLetters(name, QString())}) {
+        const std::u16string symbols = folded(shortBase(variant)).substr(0, length);
+        if (std::find(bases.begin(), bases.end(), symbols) == bases.end())
+            bases.push_back(symbols);
+    }
     return bases;
 }
 
 /// "LINDMO~": the digit after it differs.
 void addShortNames(std::vector<Spelling> &spellings, const QString &name)
 {
-    constexpr int shortest = 4;
+    constexpr std::size_t shortest = 4;
     if (name.size() > longestName)
         return;
-    for (const QString &base : shortBases(name)) {
-        const std::u16string symbols = folded(base);
-        if (base.size() < shortest || isOrdinaryWord(symbols))
+    for (const std::u16string &symbols : shortBases(name)) {
+        if (symbols.size() < shortest || isOrdinaryWord(symbols))
             continue;
         for (const char16_t digit : {u'1', u'2', u'3', u'4'})
             spellings.push_back({symbols + u'~' + digit, Boundaries::Word});
@@ -284,8 +298,7 @@ std::vector<std::u16string> shortNameBases(const QString &name)
     std::vector<std::u16string> bases;
     if (name.size() > longestName || name.contains(QLatin1Char('~')))
         return bases;
-    for (const QString &base : shortBases(name)) {
-        const std::u16string symbols = folded(base);
+    for (const std::u16string &symbols : shortBases(name)) {
         if (symbols.size() < 2)
             continue;
         bases.push_back(symbols);
