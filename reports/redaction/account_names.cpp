@@ -103,7 +103,7 @@ void findMailAddress(std::string_view text, std::size_t at, bool isFree, Finding
         return;
     }
     const bool isInternet = hasTopLevel(domain);
-    if (!isInternet && (!isFree || domain.find('.') != std::string_view::npos))
+    if (!isInternet && !isFree)
         return;
     add(findings, begin, at, AliasKind::User);
     add(findings, at + 1, end, AliasKind::Domain);

@@ -61,7 +61,8 @@ std::size_t aliasLength(std::string_view text)
         std::size_t end = name.size() + 1;
         while (end < text.size() && isDigit(text[end]))
             ++end;
-        return end > name.size() + 1 ? end : 0;
+        const bool isAddress = end + 1 < text.size() && text[end] == '-' && isDigit(text[end + 1]); // "host-192-0-2-57"
+        return end > name.size() + 1 && !isAddress ? end : 0;
     }
     return 0;
 }
@@ -78,6 +79,15 @@ bool isInAlias(std::string_view text, std::size_t begin, std::size_t end)
         if (start == 0 || begin - start >= longest || !isAliasByte(text[start - 1]))
             return false;
     }
+}
+
+bool hasAlias(std::string_view text)
+{
+    for (std::size_t at = text.find('-'); at != std::string_view::npos; at = text.find('-', at + 1)) {
+        if (at + 1 < text.size() && isDigit(text[at + 1]) && isInAlias(text, at, at + 2))
+            return true;
+    }
+    return false;
 }
 
 bool hasOnlyAliases(std::string_view text)

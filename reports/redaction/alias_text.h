@@ -18,6 +18,9 @@ std::size_t aliasLength(std::string_view text);
 /// Whether the bytes from \a begin to \a end of \a text lie in an alias.
 bool isInAlias(std::string_view text, std::size_t begin, std::size_t end);
 
+/// Whether an alias stands in \a text.
+bool hasAlias(std::string_view text);
+
 /// Whether all words of \a text are aliases.
 bool hasOnlyAliases(std::string_view text);
 

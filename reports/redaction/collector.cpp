@@ -122,8 +122,10 @@ private:
         std::vector<NamePlace> places;
         if (!hide.isEmpty()) {
             hide.find(text, places);
-            for (const NamePlace &place : places)
-                put(hidden, place.begin, place.end, AliasKind::Word, Reason::Hidden, Identities::Stated);
+            for (const NamePlace &place : places) {
+                if (!hasAlias(text.substr(std::size_t(place.begin), std::size_t(place.end - place.begin))))
+                    put(hidden, place.begin, place.end, AliasKind::Word, Reason::Hidden, Identities::Stated);
+            }
         }
         if (!keep.isEmpty()) {
             keep.find(text, places);
@@ -236,10 +238,10 @@ private:
         Plan plan;
         const std::vector<AddressPlace> places = findAddresses(text);
         for (const AddressPlace &place : places) {
-            if (!isCommonAddress(place) && !isInAlias(text, place.begin, place.end))
+            if (!isCommonAddress(place) && !isInAlias(text, place.begin, place.begin + 1))
                 putAddress(plan, place, Reason::Fact);
         }
-        const bool isUnreadable = places.empty() && aliasLength(text) == 0 && text.find('<') == std::string_view::npos
+        const bool isUnreadable = places.empty() && !hasAlias(text) && text.find('<') == std::string_view::npos
             && std::any_of(text.begin(), text.end(), [](char byte) { return byte >= '0' && byte <= '9'; });
         if (isUnreadable)
             name(kind, Reason::Fact, Identities::Stated);
@@ -334,7 +336,7 @@ private:
     {
         Plan plan;
         for (const AddressPlace &place : findAddresses(text)) {
-            if (isCommonAddress(place) || isInAlias(text, place.begin, place.end))
+            if (isCommonAddress(place) || isInAlias(text, place.begin, place.begin + 1))
                 continue;
             if (place.isCertain || isBluetooth(place) || (isFree && isDottedQuad(place)) || isAfterHostMark(place.begin)) {
                 putAddress(plan, place, Reason::Form);

@@ -70,9 +70,9 @@ constexpr const char *accountWords = "administrator administrador administrateur
                                      "extension extensions extended compatibility profile context format function object texture buffer shader vertex "
                                      "fragment pixel sample samples query blend color colour depth stencil array point sprite multi sample map range "
                                      "kind best many warm regards sincerely yours cheers thanks thank dear hello hi greetings please see attached report "
-    "mit freundlichen freundliche viele liebe schone beste gruß gruße grußen gruss grusse hallo guten morgen tag danke bitte sehr geehrte damen herren "
-    "bonjour merci hola gracias buongiorno grazie original message nachricht von an betreff subject begin forwarded sent gesendet customer team "
-    "sync debug output input state states program pipeline separate explicit";
+                                     "mit freundlichen freundliche viele liebe schone beste gruß gruße grußen gruss grusse hallo guten morgen tag danke bitte sehr geehrte damen herren "
+                                     "bonjour merci hola gracias buongiorno grazie original message nachricht von an betreff subject begin forwarded sent gesendet customer team "
+                                     "sync debug output input state states program pipeline separate explicit";
 
 void addWords(Words &words, const QString &text)
 {

@@ -104,6 +104,15 @@ bool canBeOnePerson(const PlantedReport &report, const QString &one, const QStri
     return isPerson(one) && isPerson(other);
 }
 
+/// An address with hyphens can be taken for a name; the note says so.
+bool canBeOneAddress(const PlantedReport &report, const QString &one, const QString &other)
+{
+    return std::any_of(report.hidden.begin(), report.hidden.end(), [&](const Hidden &hidden) {
+        return (hidden.thing == one || hidden.thing == other)
+            && (hidden.note.contains(QLatin1String("may have the alias of")) || hidden.note.contains(QLatin1String("may be taken as an address")));
+    });
+}
+
 /// Adds aliases of one thing that differ, and things of one report that have the same.
 void addMixedAliases(const PlantedReport &report, const std::vector<SeenAlias> &seen, FailureList &failures)
 {
@@ -119,7 +128,8 @@ void addMixedAliases(const PlantedReport &report, const std::vector<SeenAlias> &
         }
         const SeenAlias *&alias = ofAliases[one.alias];
         if (alias && alias->hidden->thing != one.hidden->thing
-            && !canBeOnePerson(report, alias->hidden->thing, one.hidden->thing)) {
+            && !canBeOnePerson(report, alias->hidden->thing, one.hidden->thing)
+            && !canBeOneAddress(report, alias->hidden->thing, one.hidden->thing)) {
             failures.add(report.name, one.line + 1, QStringLiteral("two things: ") + one.hidden->plant(),
                          QStringLiteral("%1 is %2 %3, but in line %4 %5 %6")
                              .arg(one.alias, one.hidden->thing, one.hidden->needle, QString::number(alias->line + 1),
@@ -276,7 +286,8 @@ void PlantedTest::nothingHiddenIsLeft()
             QStringList names;
             QString line;
             for (const Output &output : outputs) {
-                if (!output.text.contains(needle))
+                const bool isEscaped = qstrcmp(output.name, "JSON") == 0 && needle.contains(QLatin1Char('\\'));
+                if (isEscaped || !output.text.contains(needle)) // the decoded strings are another output
                     continue;
                 names += QLatin1String(output.name);
                 line = line.isEmpty() ? excerpt(output.text, needle) : line;
