@@ -83,15 +83,22 @@ int Identities::root(int identity) const
     return identity;
 }
 
-/// The better known of the two decides; of equally known ones the first.
+/// The better known of the two decides, of equally known ones the longer: not the order in the text, which differs
+/// between reports that are to have the same aliases.
 void Identities::join(int identity, int other)
 {
     int kept = root(identity);
     int joined = root(other);
     if (kept == joined)
         return;
-    const auto order = [this](int which) { return std::make_pair(at(which).rank, which); };
-    if (at(kept).kind == at(joined).kind && order(joined) < order(kept))
+    const auto isBetter = [this](const Identity &left, const Identity &right) {
+        if (left.rank != right.rank)
+            return left.rank < right.rank;
+        if (left.canonical.size() != right.canonical.size())
+            return left.canonical.size() > right.canonical.size();
+        return left.canonical < right.canonical;
+    };
+    if (at(kept).kind == at(joined).kind && isBetter(at(joined), at(kept)))
         std::swap(kept, joined);
     all[std::size_t(joined)].same = kept;
 }
@@ -162,6 +169,9 @@ void Identities::uniteUsers()
         if (longName != shortened.end() && longName->second != user)
             join(longName->second, user);
     }
+    std::unordered_map<std::u16string, int> byWords;
+    for (const int user : users)
+        join(byWords.try_emplace(wordsAsOne(at(user).name), user).first->second, user);
     for (const int user : users) { // a full name of which a part is the name of another account
         if (at(user).rank > Stated)
             continue;

@@ -258,6 +258,12 @@ void addDomain(std::vector<Spelling> &spellings, const QString &name)
 
 } // namespace
 
+std::u16string wordsAsOne(const QString &name)
+{
+    const QStringList words = name.size() <= longestName ? splitWords(name) : QStringList();
+    return areNames(words) ? folded(words.join(QLatin1Char(' '))) : folded(name);
+}
+
 QStringList wordsOf(AliasKind kind, const QString &name)
 {
     constexpr int shortest = 4;

@@ -19,6 +19,9 @@ std::vector<Spelling> spellingsOf(AliasKind kind, const QString &name);
 /// \a name as programs write it that know ASCII only, and as others misread it.
 std::vector<std::u16string> variantsOfName(const QString &name);
 
+/// The words of \a name with blanks between them, as symbols: the same for "Jörn Lindmoor" and "jorn.lindmoor".
+std::u16string wordsAsOne(const QString &name);
+
 /// The words of a person's or an organisation's name that can stand for it.
 QStringList wordsOf(AliasKind kind, const QString &name);
 
