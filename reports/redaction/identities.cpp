@@ -252,7 +252,8 @@ void Identities::unite()
 
 QByteArray Identities::canonical(int identity) const
 {
-    const std::u16string &symbols = at(root(identity)).canonical;
+    const Identity &decides = at(root(identity));
+    const std::u16string symbols = decides.kind == AliasKind::User ? wordsAsOne(decides.name) : decides.canonical;
     QByteArray bytes;
     for (const char16_t code : symbols) {
         bytes += char(code >> 8U);
