@@ -82,7 +82,7 @@ public:
 
     Collected run()
     {
-        forEachRegion(document, [this](const Region &region) { collect(region); });
+        forEachRegion(document, [this](const Region &visited) { collect(visited); });
         return std::move(result);
     }
 

@@ -91,7 +91,7 @@ void Identities::join(int identity, int other)
     int joined = root(other);
     if (kept == joined)
         return;
-    const auto isBetter = [this](const Identity &left, const Identity &right) {
+    const auto isBetter = [](const Identity &left, const Identity &right) {
         if (left.rank != right.rank)
             return left.rank < right.rank;
         if (left.canonical.size() != right.canonical.size())

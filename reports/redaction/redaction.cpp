@@ -70,11 +70,12 @@ private:
         search.build();
     }
 
-    bool isKept(const QString &name)
+    /// Whether \a list or search finds all of \a name. What it finds is in \c places then.
+    template <typename Search>
+    bool findsWhole(Search &list, const QString &name)
     {
-        std::vector<NamePlace> places;
         const QByteArray utf8 = name.toUtf8();
-        keep.find(view(utf8), places);
+        list.find(view(utf8), places);
         return places.size() == 1 && places[0].begin == 0 && places[0].end == utf8.size();
     }
 
@@ -84,11 +85,7 @@ private:
             if (identities.find(kind, name) >= 0)
                 return true;
         }
-        std::vector<NamePlace> places;
-        const QByteArray utf8 = name.toUtf8();
-        search.find(view(utf8), places);
-        return places.size() == 1 && places[0].begin == 0 && places[0].end == utf8.size()
-            && isDomainKind(identities.at(places[0].name).kind);
+        return findsWhole(search, name) && isDomainKind(identities.at(places[0].name).kind);
     }
 
     bool isKnownUser(const QString &name) const
@@ -118,7 +115,7 @@ private:
     void put(Plan &plan, Planned place, AliasKind kind, const QString &name)
     {
         const QByteArray utf8 = name.toUtf8();
-        if (isInAlias(view(utf8), 0, std::size_t(utf8.size())) || isKept(name))
+        if (isInAlias(view(utf8), 0, std::size_t(utf8.size())) || findsWhole(keep, name))
             return;
         place.what = identities.add(kind, name, Identities::Found);
         plan.push_back(place);
