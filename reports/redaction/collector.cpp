@@ -410,7 +410,8 @@ private:
     void put(Plan &plan, int begin, int end, AliasKind kind, Reason reason, Identities::Rank rank, bool isSearched = true)
     {
         const std::string_view bytes = text.substr(std::size_t(begin), std::size_t(end - begin));
-        if (hasOnlyAliases(bytes) || isInAlias(text, std::size_t(begin), std::size_t(end)))
+        const bool isRest = !keep.isEmpty() && hasAlias(bytes); // of a name in which a word was kept
+        if (isRest || hasOnlyAliases(bytes) || isInAlias(text, std::size_t(begin), std::size_t(end)))
             return;
         const int identity = isSearched ? identities.add(kind, decoded(bytes), rank) : identities.addUnsearched(kind, decoded(bytes));
         plan.push_back({begin, end, identity, reason, false});

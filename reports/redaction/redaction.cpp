@@ -7,6 +7,7 @@
 
 #include <QtCore/QSet>
 #include <algorithm>
+#include <iterator>
 
 namespace velkor {
 namespace Reports {
@@ -28,21 +29,67 @@ int codePoints(std::string_view utf8)
     return int(std::count_if(utf8.begin(), utf8.end(), [](char byte) { return (static_cast<unsigned char>(byte) & 0xc0U) != 0x80; }));
 }
 
-class Redactor
+/// The aliases that were given, and what for.
+class AliasBook
 {
 public:
-    Redactor(const std::vector<Document> &given, const RedactionOptions &options)
-        : documents(given), hide(options.hide), keep(options.keep), aliases(options.key)
+    explicit AliasBook(const QByteArray &key)
+        : maker(key)
     {
     }
 
-    Redaction run()
+    void reserve(std::string_view text) { maker.reserve(text); }
+
+    QByteArray aliasOf(AliasKind kind, const QByteArray &canonical, Reason reason, std::string_view original)
+    {
+        const auto [entry, isNew] = index.try_emplace(char(kind) + canonical.toStdString(), aliases.size());
+        if (isNew) {
+            Alias alias;
+            alias.kind = kind;
+            alias.text = maker.make(kind, canonical);
+            aliases.push_back(alias);
+            spellings.emplace_back();
+        }
+        Alias &alias = aliases[entry->second];
+        ++alias.count;
+        alias.reasons |= reason;
+        if (kind != AliasKind::Secret)
+            spellings[entry->second].insert(QString::fromUtf8(original.data(), int(original.size())));
+        return alias.text.toLatin1();
+    }
+
+    std::vector<Alias> take()
+    {
+        for (std::size_t i = 0; i < aliases.size(); ++i) {
+            aliases[i].spellings = spellings[i].values();
+            aliases[i].spellings.sort();
+        }
+        return std::move(aliases);
+    }
+
+private:
+    AliasMaker maker;
+    std::vector<Alias> aliases;
+    std::vector<QSet<QString>> spellings;               ///< of an alias
+    std::unordered_map<std::string, std::size_t> index; ///< of a thing in aliases
+};
+
+class Redactor
+{
+public:
+    Redactor(const std::vector<Document> &given, const RedactionOptions &options, AliasBook &aliasBook)
+        : documents(given), hide(options.hide), keep(options.keep), book(aliasBook)
+    {
+    }
+
+    /// The redacted documents. Adds to \a environmentValues.
+    std::vector<Document> run(int &environmentValues)
     {
         for (const Document &document : documents) {
             collected.push_back(collect(document, hide, keep, identities));
             programFolders.merge(collected.back().programFolders);
-            result.environmentValues += collected.back().environmentValues;
-            aliases.reserve(view(document.text()));
+            environmentValues += collected.back().environmentValues;
+            book.reserve(view(document.text()));
         }
         prepareSearch();
         if (takeAccounts())
@@ -52,13 +99,10 @@ public:
             prepareSearch();
             searchNames();
         }
+        std::vector<Document> redacted;
         for (std::size_t i = 0; i < documents.size(); ++i)
-            write(documents[i], wholePlan(i));
-        for (std::size_t i = 0; i < result.aliases.size(); ++i)
-            result.aliases[i].spellings = spellings[i].values();
-        for (Alias &alias : result.aliases)
-            alias.spellings.sort();
-        return std::move(result);
+            redacted.push_back(write(documents[i], wholePlan(i)));
+        return redacted;
     }
 
 private:
@@ -207,7 +251,7 @@ private:
         return identity.kind == AliasKind::Folder && programFolders.count(identity.canonical) > 0;
     }
 
-    void write(const Document &document, const Plan &plan)
+    Document write(const Document &document, const Plan &plan)
     {
         const QByteArray &text = document.text();
         QByteArray redacted;
@@ -217,8 +261,10 @@ private:
             if (place.what == Planned::keep || (place.what >= 0 && isProgram(identities.at(identities.root(place.what)))))
                 continue;
             redacted.append(text.constData() + at, place.begin - at);
+            const std::string_view original = view(text).substr(std::size_t(place.begin), std::size_t(place.end - place.begin));
             if (!place.continues)
-                redacted += replacement(view(text).substr(std::size_t(place.begin), std::size_t(place.end - place.begin)), place);
+                redacted += replacement(original, place);
+            std::copy_if(original.begin(), original.end(), std::back_inserter(redacted), [](char byte) { return byte == '\n' || byte == '\r'; });
             at = place.end;
         }
         redacted.append(text.constData() + at, text.size() - at);
@@ -226,7 +272,7 @@ private:
             redacted = toUtf16(redacted, Encoding::Utf16LittleEndian) + document.data().tail;
         else if (document.encoding() == "UTF-16BE")
             redacted = toUtf16(redacted, Encoding::Utf16BigEndian) + document.data().tail;
-        result.documents.push_back(at == 0 ? document : read(redacted));
+        return at == 0 ? document : read(redacted);
     }
 
     QByteArray replacement(std::string_view original, const Planned &place)
@@ -234,26 +280,13 @@ private:
         if (place.what == Planned::length)
             return lengthAlias(codePoints(original));
         const int identity = identities.root(place.what);
-        const auto [entry, isNew] = aliasIndex.try_emplace(identity, result.aliases.size());
-        if (isNew) {
-            Alias alias;
-            alias.kind = identities.at(identity).kind;
-            alias.text = aliases.make(alias.kind, identities.canonical(identity));
-            result.aliases.push_back(alias);
-            spellings.emplace_back();
-        }
-        Alias &alias = result.aliases[entry->second];
-        ++alias.count;
-        alias.reasons |= place.reason;
-        if (alias.kind != AliasKind::Secret)
-            spellings[entry->second].insert(QString::fromUtf8(original.data(), int(original.size())));
-        return alias.text.toLatin1();
+        return book.aliasOf(identities.at(identity).kind, identities.canonical(identity), place.reason, original);
     }
 
     const std::vector<Document> &documents;
     WordList hide;
     WordList keep;
-    AliasMaker aliases;
+    AliasBook &book;
     Identities identities;
     NameSearch search;
     std::vector<Collected> collected;
@@ -262,16 +295,39 @@ private:
     std::vector<Plan> names;
     std::vector<NamePlace> places;
     bool foundNewNames = false;
-    std::unordered_map<int, std::size_t> aliasIndex; ///< of an identity in Redaction::aliases
-    std::vector<QSet<QString>> spellings;            ///< of an alias
-    Redaction result;
 };
+
+/// Whether an alias can change what the text around it is taken for: only in text that the library did not write.
+bool needsSecondLook(const Document &document)
+{
+    const std::vector<Mark> &marks = document.data().marks;
+    return document.states() != States() || std::any_of(marks.begin(), marks.end(), [](const Mark &mark) { return mark.kind == PlaceKind::Other; });
+}
+
+bool areEqual(const std::vector<Document> &left, const std::vector<Document> &right)
+{
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(), [](const Document &one, const Document &other) {
+        return one.text() == other.text();
+    });
+}
 
 } // namespace
 
 Redaction redact(const std::vector<Document> &documents, const RedactionOptions &options)
 {
-    return Redactor(documents, options).run();
+    constexpr int mostRounds = 5;
+    AliasBook book(options.key);
+    Redaction result;
+    result.documents = Redactor(documents, options, book).run(result.environmentValues);
+    const bool isUsual = options.hide.isEmpty() && options.keep.isEmpty() && std::none_of(documents.begin(), documents.end(), needsSecondLook);
+    for (int round = 1; round < mostRounds && !isUsual; ++round) {
+        std::vector<Document> again = Redactor(result.documents, options, book).run(result.environmentValues);
+        if (areEqual(again, result.documents))
+            break;
+        result.documents = std::move(again);
+    }
+    result.aliases = book.take();
+    return result;
 }
 
 } // namespace Reports
