@@ -122,7 +122,9 @@ private:
         std::vector<NamePlace> places;
         if (!hide.isEmpty()) {
             hide.find(text, places);
-            for (const NamePlace &place : places) {
+            for (NamePlace place : places) {
+                while (place.end < int(text.size()) && text[std::size_t(place.end)] >= '0' && text[std::size_t(place.end)] <= '9')
+                    ++place.end; // an alias before a digit would look like another alias
                 if (!hasAlias(text.substr(std::size_t(place.begin), std::size_t(place.end - place.begin))))
                     put(hidden, place.begin, place.end, AliasKind::Word, Reason::Hidden, Identities::Stated);
             }
@@ -132,6 +134,7 @@ private:
             for (const NamePlace &place : places)
                 kept.push_back({place.begin, place.end, Planned::keep, Reason::Hidden, false});
         }
+        normalise(hidden);
         return merged(hidden, kept, text);
     }
 
@@ -226,6 +229,9 @@ private:
         while (begin < end && (text[begin] == '\\' || text[begin] == '/'))
             ++begin;
         Plan plan;
+        const std::u16string symbols = folded(text.substr(begin, end - begin));
+        if (symbols == u"console" || symbols == u"localhost")
+            return;
         if (kind == AliasKind::Host)
             putHost(plan, int(begin), int(end), reason, Identities::Stated);
         else
@@ -327,8 +333,11 @@ private:
                                {pair.user.begin, pair.user.end, Planned::keep, Reason::Form, false}};
             Plan inDocument;
             appendMapped(*region, places, inDocument);
+            constexpr int longestName = 64;
+            const int rest = std::min(longestName, int(text.size()) - pair.user.begin);
             if (inDocument.size() == places.size())
-                result.accounts.push_back({inDocument[0], inDocument[1], decoded(textOf(text, pair.domain)), decoded(textOf(text, pair.user))});
+                result.accounts.push_back({inDocument[0], inDocument[1], decoded(textOf(text, pair.domain)),
+                                           decoded(textOf(text, pair.user)), QByteArray(text.data() + pair.user.begin, rest)});
         }
     }
 

@@ -33,6 +33,7 @@ struct Collected
         Planned user;
         QString domainName;
         QString userName;
+        QByteArray fromUser; ///< the text that begins with the user
     };
     std::vector<PossibleAccount> accounts;
 };

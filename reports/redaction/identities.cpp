@@ -116,12 +116,20 @@ std::vector<int> Identities::ofKind(AliasKind kind) const
     return found;
 }
 
+/// The name without what Windows appended to it: it is a name of something else.
+QString Identities::searchedName(const Identity &identity) const
+{
+    if (identity.kind != AliasKind::User || std::size_t(identity.name.size()) != identity.canonical.size())
+        return identity.name;
+    return identity.name.left(int(withoutSuffix(identity.canonical).size()));
+}
+
 const std::vector<Spelling> &Identities::spellings(int identity) const
 {
     made.resize(std::max(made.size(), all.size()));
     std::optional<std::vector<Spelling>> &known = made[std::size_t(identity)];
     if (!known)
-        known = spellingsOf(at(identity).kind, at(identity).name);
+        known = spellingsOf(at(identity).kind, searchedName(at(identity)), at(identity).rank <= Stated);
     return *known;
 }
 
@@ -201,12 +209,14 @@ void Identities::uniteHosts()
 void Identities::uniteDomains()
 {
     const std::vector<int> domains = ofKind(AliasKind::Domain);
-    std::unordered_map<std::u16string, int> known;
+    std::unordered_map<std::u16string, int> known; // by their labels
     for (const int domain : domains) {
         if (at(domain).canonical.find(u'.') == std::u16string::npos)
             continue;
-        for (const Spelling &spelling : spellings(domain))
-            known.try_emplace(spelling.symbols, domain);
+        for (const Spelling &spelling : spellings(domain)) {
+            if (spelling.symbols.find(u'.') == std::u16string::npos)
+                known.try_emplace(spelling.symbols, domain);
+        }
     }
     for (const int domain : domains) {
         const std::u16string &name = at(domain).canonical;
@@ -267,10 +277,18 @@ void Identities::addTo(NameSearch &search) const
     static constexpr AliasKind order[] = {AliasKind::User, AliasKind::Host, AliasKind::Domain, AliasKind::Organisation,
                                           AliasKind::Product, AliasKind::Serial, AliasKind::Printer, AliasKind::Label,
                                           AliasKind::Share, AliasKind::Folder, AliasKind::Secret};
-    for (const AliasKind kind : order) {
-        for (const int identity : ofKind(kind)) {
-            for (const Spelling &spelling : spellings(identity))
-                search.add(spelling.symbols, root(identity), spelling.boundaries);
+    const auto boundariesOf = [this](int identity, Boundaries boundaries) {
+        const bool isTruncated = at(identity).kind == AliasKind::Host && at(identity).canonical.size() == netBiosLength && at(identity).same >= 0;
+        return isTruncated ? Boundaries::Whole : boundaries;
+    };
+    for (const bool onlyOwn : {true, false}) { // a spelling of one name can be another name
+        for (const AliasKind kind : order) {
+            for (const int identity : ofKind(kind)) {
+                for (const Spelling &spelling : spellings(identity)) {
+                    if (!onlyOwn || spelling.symbols == at(identity).canonical)
+                        search.add(spelling.symbols, root(identity), boundariesOf(identity, spelling.boundaries));
+                }
+            }
         }
     }
 }

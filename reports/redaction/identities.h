@@ -66,6 +66,7 @@ private:
     /// The spellings of a name, which are made once.
     const std::vector<Spelling> &spellings(int identity) const;
     void join(int identity, int other);
+    QString searchedName(const Identity &identity) const;
     std::u16string withoutSuffix(const std::u16string &name) const;
     void uniteUsers();
     void uniteHosts();

@@ -22,7 +22,8 @@ Names namesIn(const char *list)
 }
 
 // Names with "|" between them. docs/privacy.md describes the groups.
-constexpr const char *usersFolders = "users|documents and settings|dokumente und einstellungen|benutzer|utilisateurs|usuarios|utenti";
+constexpr const char *usersFolders = "users|documents and settings|dokumente und einstellungen|benutzer|utilisateurs|usuarios|utenti|utilizadores|gebruikers|användare|brugere|brukere|käyttäjät|"
+                                     "użytkownicy|uživatelé|felhasználók|kullanıcılar|пользователи|用户|使用者|ユーザー|사용자";
 
 constexpr const char *programsFolders = "program files|program files (x86)|program files (arm)|programme|programme (x86)|progra~1|progra~2|"
                                         "%programfiles%|%programfiles(x86)%|%programw6432%";

@@ -111,6 +111,8 @@ private:
             return true;
         case Boundaries::Component:
             return isComponent(previous, next);
+        case Boundaries::Whole:
+            return (!previous || !isWordSymbol(previous->kind)) && (!next || !isWordSymbol(next->kind));
         case Boundaries::Word:
             return startsWord && endsWord;
         case Boundaries::Anywhere:

@@ -17,6 +17,7 @@ enum class Boundaries {
     Substring, ///< also inside a word
     Anywhere,  ///< also inside a word, unless that is an ordinary one
     Word,      ///< not inside a word; case, digits and punctuation end words
+    Whole,     ///< not beside a letter or digit
     Component, ///< as a whole component of a path
 };
 

@@ -72,6 +72,8 @@ constexpr const char *accountWords = "administrator administrador administrateur
                                      "kind best many warm regards sincerely yours cheers thanks thank dear hello hi greetings please see attached report "
                                      "mit freundlichen freundliche viele liebe schone beste gruß gruße grußen gruss grusse hallo guten morgen tag danke bitte sehr geehrte damen herren "
                                      "bonjour merci hola gracias buongiorno grazie original message nachricht von an betreff subject begin forwarded sent gesendet customer team "
+                                     "intern extern corp corporate dmz prod production staging proxy vpn gateway router firewall node cluster audio sound sounds "
+                                     "speaker speakers microphone camera scanner sensor sensors battery power bus hubs wheel touch touchpad pen screen screens universal "
                                      "sync debug output input state states program pipeline separate explicit";
 
 void addWords(Words &words, const QString &text)

@@ -184,7 +184,7 @@ private:
     /// How the folders begin behind which names stand: "Users", "Documents and Settings", "Program Files".
     static bool canBeSpecial(char first)
     {
-        return static_cast<unsigned char>(first) >= 0x80 || std::strchr("uUdDbBhHpP%", first);
+        return static_cast<unsigned char>(first) >= 0x80 || std::strchr("uUdDbBhHpPgGaAkKfF%", first);
     }
 
     Role take(const Component &component, Role role, int depth)
@@ -225,7 +225,7 @@ private:
                 return Role::Program;
             break;
         }
-        if (isUsersFolder(name) || (name == u"home" && isAbsolute && depth == 0))
+        if (isUsersFolder(name) || ((name == u"home" || name == u"profiles") && isAbsolute && depth == 0))
             return component.isLast ? Role::Unknown : Role::UserName;
         return role == Role::Share ? Role::Private : role;
     }

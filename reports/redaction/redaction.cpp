@@ -132,9 +132,12 @@ private:
         return findsWhole(search, name) && isDomainKind(identities.at(places[0].name).kind);
     }
 
-    bool isKnownUser(const QString &name) const
+    bool isKnownUser(const Collected::PossibleAccount &account)
     {
-        return identities.find(AliasKind::User, name) >= 0 && distinctionOf(folded(name)) != Distinction::None;
+        if (identities.find(AliasKind::User, account.userName) >= 0)
+            return distinctionOf(folded(account.userName)) != Distinction::None;
+        search.find(view(account.fromUser), places);
+        return !places.empty() && places[0].begin == 0 && identities.at(places[0].name).kind == AliasKind::User;
     }
 
     /// "DOMAIN\user" of which one is known. Returns whether there are new names.
@@ -145,7 +148,7 @@ private:
             Plan plan;
             for (const Collected::PossibleAccount &account : document.accounts) {
                 const bool isDomain = isKnownDomain(account.domainName);
-                if (!isDomain && !isKnownUser(account.userName))
+                if (!isDomain && !isKnownUser(account))
                     continue;
                 put(plan, account.domain, AliasKind::Domain, account.domainName);
                 put(plan, account.user, AliasKind::User, account.userName);
@@ -190,22 +193,23 @@ private:
                 continue;
             if (identities.at(place.name).kind == AliasKind::Domain)
                 addHostBefore(text, place.begin, found);
-            if (!found.empty() && found.back().what == place.name && isGap(text, found.back().end, place.begin))
-                found.back().end = place.end;
-            else
-                found.push_back({place.begin, place.end, place.name, Reason::SameElsewhere, false});
+            found.push_back(withDigits(text, {place.begin, place.end, place.name, Reason::SameElsewhere, false}));
         }
         normalise(found);
         appendMapped(region, found, plan);
     }
 
-    /// Whether parts of one name can stand on both sides: "Jörn Lindmoor", "lindmoor, j".
-    static bool isGap(std::string_view text, int begin, int end)
+    /// "jorn2" is another thing than "jorn", and an alias before a digit would look like another alias.
+    Planned withDigits(std::string_view text, Planned place)
     {
-        constexpr int longest = 2;
-        if (end - begin > longest)
-            return false;
-        return text.substr(std::size_t(begin), std::size_t(end - begin)).find_first_not_of(" ._-,") == std::string_view::npos;
+        const auto end = std::size_t(place.end);
+        const std::size_t behind = std::min(text.find_first_not_of("0123456789", end), text.size());
+        if (behind == end)
+            return place;
+        const std::string_view name = text.substr(std::size_t(place.begin), behind - std::size_t(place.begin));
+        place.end = int(behind);
+        place.what = identities.addUnsearched(identities.at(identities.root(place.what)).kind, QString::fromUtf8(name.data(), int(name.size())));
+        return place;
     }
 
     /// "printsrv" of "printsrv.birkental.example", whose domain begins at \a domain.

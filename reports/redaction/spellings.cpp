@@ -115,6 +115,24 @@ void addVariants(std::vector<Spelling> &spellings, const QString &name)
         addSpelling(spellings, variant);
 }
 
+/// \a name where it stands between punctuation and blanks.
+void addWhole(std::vector<Spelling> &spellings, const QString &name)
+{
+    for (const QString &variant : variantsOf(name)) {
+        const std::u16string symbols = folded(variant);
+        if (distinctionOf(symbols) != Distinction::None)
+            spellings.push_back({symbols, Boundaries::Whole});
+    }
+}
+
+/// An organisation's name in a script without blanks, without the words for "company".
+QString withoutLegalForm(QString name)
+{
+    for (const char *form : {"股份有限公司", "有限责任公司", "有限公司", "株式会社", "公司", "주식회사"})
+        name.remove(QString::fromUtf8(form));
+    return name.trimmed();
+}
+
 /// What precedes "~" in a short name: without blanks and points, six characters.
 QString shortBase(const QString &name)
 {
@@ -132,7 +150,8 @@ std::vector<std::u16string> shortBases(const QString &name)
 {
     constexpr std::size_t length = 6;
     std::vector<std::u16string> bases;
-    for (const QString &variant : {name, replacedLetters(name, QStringLiteral("_")), replacedLetters(name, QString())}) {
+    const int point = name.lastIndexOf(QLatin1Char('.')); // what follows is the extension
+    for (const QString &variant : {name, replacedLetters(name, QStringLiteral("_")), replacedLetters(name, QString()), name.left(point)}) {
         const std::u16string symbols = folded(shortBase(variant)).substr(0, length);
         if (std::find(bases.begin(), bases.end(), symbols) == bases.end())
             bases.push_back(symbols);
@@ -240,19 +259,19 @@ bool isPublicSuffix(const QStringList &labels)
 }
 
 /// The domain, those above it, and the labels that can stand for it: "BIRKENTAL" of "corp.birkental.example".
-void addDomain(std::vector<Spelling> &spellings, const QString &name)
+void addDomain(std::vector<Spelling> &spellings, const QString &name, bool isStated)
 {
     constexpr int mostLabels = 10;
     addVariants(spellings, name);
     QStringList labels = name.split(QLatin1Char('.'), Qt::SkipEmptyParts);
-    if (labels.size() < 2 || labels.size() > mostLabels)
+    if (labels.size() < 2 || labels.size() > mostLabels || !isStated)
         return;
-    addVariants(spellings, labels.first());
+    addWhole(spellings, labels.first());
     while (!isPublicSuffix(labels)) {
         addVariants(spellings, labels.join(QLatin1Char('.')));
         const QString owner = labels.takeFirst();
         if (isPublicSuffix(labels))
-            addVariants(spellings, owner);
+            addWhole(spellings, owner);
     }
 }
 
@@ -321,7 +340,7 @@ std::vector<std::u16string> variantsOfName(const QString &name)
     return variants;
 }
 
-std::vector<Spelling> spellingsOf(AliasKind kind, const QString &name)
+std::vector<Spelling> spellingsOf(AliasKind kind, const QString &name, bool isStated)
 {
     std::vector<Spelling> spellings;
     switch (kind) {
@@ -338,16 +357,20 @@ std::vector<Spelling> spellingsOf(AliasKind kind, const QString &name)
         addVariants(spellings, name);
         addCompositions(spellings, name, false);
         for (const QString &word : wordsOf(kind, name))
-            addVariants(spellings, word);
+            addWhole(spellings, word);
+        addWhole(spellings, withoutLegalForm(name));
         addShortNames(spellings, name);
         break;
     case AliasKind::Host:
         addVariants(spellings, name);
+        for (const char *separator : {"_", ""})
+            addWhole(spellings, QString(name).replace(QLatin1Char('-'), QLatin1String(separator)));
         if (name.size() > netBiosLength)
-            addVariants(spellings, name.left(netBiosLength));
+            addWhole(spellings, name.left(netBiosLength));
+        addShortNames(spellings, name);
         break;
     case AliasKind::Domain:
-        addDomain(spellings, name);
+        addDomain(spellings, name, isStated);
         break;
     case AliasKind::Share:
     case AliasKind::Folder: {

@@ -13,8 +13,9 @@ struct Spelling
     Boundaries boundaries = Boundaries::Word;
 };
 
-/// The spellings of \a name that are distinct enough to be replaced anywhere in a text. Empty for ordinary words.
-std::vector<Spelling> spellingsOf(AliasKind kind, const QString &name);
+/// The spellings of  name that are distinct enough to be replaced anywhere in a text. Empty for ordinary words.
+///  isStated: a fact says what it is; then parts of a domain's name can stand for it.
+std::vector<Spelling> spellingsOf(AliasKind kind, const QString &name, bool isStated);
 
 /// \a name as programs write it that know ASCII only, and as others misread it.
 std::vector<std::u16string> variantsOfName(const QString &name);
