@@ -102,7 +102,7 @@ FileResult openPrivateFile(QFile &file, const QString &fileName, QString &error)
 
 QString makeFileBeside(const QString &fileName, const QByteArray &bytes, QString &error)
 {
-    const QString name = fileName + QLatin1Char('.') + QString::number(QRandomGenerator::system()->generate64(), 36);
+    QString name = fileName + QLatin1Char('.') + QString::number(QRandomGenerator::system()->generate64(), 36);
     Handle file = makeNewFile(nativeName(name));
     if (!file) {
         error = qt_error_string(int(GetLastError()));

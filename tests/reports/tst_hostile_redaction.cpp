@@ -37,7 +37,10 @@ constexpr int share = 10;
 constexpr int share = 1;
 #endif
 
-QByteArray workstationText() { return contentsOf(QStringLiteral(REPORTS_DATA_DIR "/workstation.txt")); }
+QByteArray workstationText()
+{
+    return contentsOf(QStringLiteral(REPORTS_DATA_DIR "/workstation.txt"));
+}
 
 /// The report of a machine whose user and folders have that name.
 QByteArray reportOfUser(const QByteArray &name) { return workstationText().replace("J\xc3\xb6rn", name); }

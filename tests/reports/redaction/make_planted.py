@@ -441,7 +441,7 @@ class Report:
 
     # --- the report
     def body(self, size):
-        r, k, d, f = self.rng, self.k, self.d, self.f
+        r, k, d = self.rng, self.k, self.d
         if self.before:
             k("Hello,", "", "please find our report below. The program stops when a large project is opened.",
               "The addresses http://127.0.0.1:8080/ and http://localhost/ answer, [::1] does not.", "")
