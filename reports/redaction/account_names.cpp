@@ -1,5 +1,6 @@
 #include "account_names.h"
 
+#include "byte_set.h"
 #include "folding.h"
 #include "known_folders.h"
 
@@ -216,7 +217,8 @@ void findAccountPairs(std::string_view text, std::vector<AccountPair> &pairs)
         const std::size_t begin = runBefore(text, at, isAccountByte);
         const std::size_t next = runAfter(text, at, [](char byte) { return byte == '\\'; }); // "\\" of a programming language
         std::size_t end = runAfter(text, next, [](char byte) {
-            return static_cast<unsigned char>(byte) > ' ' && !std::strchr("\"';,<>\\/", byte);
+            static constexpr ByteSet ends = ByteSet(" \"';,<>\\/").withControls();
+            return !ends.has(byte);
         });
         const bool isPath = (end < text.size() && std::strchr("\\/", text[end])) || isInPath(text, begin);
         while (end > next && std::strchr(".:!?)]", text[end - 1]))

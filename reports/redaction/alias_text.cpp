@@ -34,6 +34,15 @@ const std::vector<std::string> &aliasNames()
     return names;
 }
 
+/// Whether the name of a kind ends with the two letters.
+bool endsAliasName(char first, char second)
+{
+    const std::vector<std::string> &names = aliasNames();
+    return std::any_of(names.begin(), names.end(), [=](const std::string &name) {
+        return name[name.size() - 2] == first && name[name.size() - 1] == second;
+    });
+}
+
 /// Decimal digits of \a hash, one for each of its first bytes.
 QByteArray digitsOf(const QByteArray &hash, int count)
 {
@@ -114,7 +123,8 @@ void AliasMaker::reserve(std::string_view text)
     if (!hmacKey.isEmpty())
         return;
     for (std::size_t at = text.find('-'); at != std::string_view::npos; at = text.find('-', at + 1)) {
-        if (at + 1 >= text.size() || !isDigit(text[at + 1]))
+        const bool isPossible = at > 1 && text[at - 1] >= 'a' && text[at - 2] >= 'a' && at + 1 < text.size() && isDigit(text[at + 1]) && endsAliasName(text[at - 2], text[at - 1]);
+        if (!isPossible)
             continue;
         std::size_t begin = at;
         while (begin > 0 && text[begin - 1] >= 'a' && text[begin - 1] <= 'z' && at - begin < lengthName.size() + 2)

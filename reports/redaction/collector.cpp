@@ -27,6 +27,15 @@ AliasKind kindOf(AddressFamily family)
     return family == AddressFamily::Mac ? AliasKind::Mac : AliasKind::Ip;
 }
 
+/// "PCI" of "PCI\\VEN_8086": what precedes the backslash in the ids of devices.
+bool isEnumerator(std::string_view name)
+{
+    static constexpr std::string_view names[] = {"ACPI", "BTHENUM", "DISPLAY", "DISPLAY1", "Device", "HDAUDIO", "HID", "HID_DEVICE", "HTREE", "IDE", "INTELAUDIO",
+                                                 "ISAPNP", "MMDEVAPI", "MONITOR", "PCI", "PCIIDE", "ROOT", "Root", "SCSI", "STORAGE", "SW", "SWD", "SYSTEM", "UMB", "USB", "USBPRINT",
+                                                 "USBSTOR", "acpi", "hdaudio", "hid", "pci", "root", "scsi", "storage", "sw", "swd", "usb"};
+    return std::binary_search(std::begin(names), std::end(names), name);
+}
+
 /// Whether every network can have the domain.
 bool isCommonDomain(std::string_view name)
 {
@@ -329,6 +338,8 @@ private:
         std::vector<AccountPair> pairs;
         findAccountPairs(text, pairs);
         for (const AccountPair &pair : pairs) {
+            if (isEnumerator(textOf(text, pair.domain)))
+                continue;
             const Plan places {{pair.domain.begin, pair.domain.end, Planned::keep, Reason::Form, false},
                                {pair.user.begin, pair.user.end, Planned::keep, Reason::Form, false}};
             Plan inDocument;

@@ -66,7 +66,12 @@ int Identities::addBytes(AliasKind kind, const QByteArray &canonical, const QStr
 
 int Identities::find(AliasKind kind, const QString &name) const
 {
-    const auto found = index.find(keyOf(kind, folded(name)));
+    return find(kind, folded(name));
+}
+
+int Identities::find(AliasKind kind, const std::u16string &symbols) const
+{
+    const auto found = index.find(keyOf(kind, symbols));
     return found == index.end() ? -1 : found->second;
 }
 

@@ -43,6 +43,7 @@ public:
     int addBytes(AliasKind kind, const QByteArray &canonical, const QString &name);
     /// The index of a name or address that was added, or -1.
     int find(AliasKind kind, const QString &name) const;
+    int find(AliasKind kind, const std::u16string &symbols) const;
     int findBytes(AliasKind kind, const QByteArray &canonical) const;
 
     /// Finds names of the same thing: a user's short and full name, a host's truncated name.

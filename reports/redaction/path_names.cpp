@@ -1,6 +1,7 @@
 #include "path_names.h"
 
 #include "alias_text.h"
+#include "byte_set.h"
 #include "folding.h"
 #include "known_folders.h"
 
@@ -22,10 +23,11 @@ bool isBlank(char byte)
     return byte == ' ' || byte == '\t';
 }
 
-/// Characters that no name of a file has.
-bool endsName(char byte)
+/// Separators, and characters that no name of a file has.
+bool endsComponent(char byte)
 {
-    return static_cast<unsigned char>(byte) < 0x20 || (byte != '\0' && std::strchr(";\"<>:", byte) != nullptr);
+    static constexpr ByteSet bytes = ByteSet(";\"<>:\\/").withControls();
+    return bytes.has(byte);
 }
 
 bool isHostByte(char byte)
@@ -122,7 +124,7 @@ private:
     {
         Component component {begin, begin, true};
         std::size_t at = begin;
-        while (at < text.size() && !isSeparator(text[at]) && !endsName(text[at]) && !(role == Role::Host && isBlank(text[at])))
+        while (at < text.size() && !endsComponent(text[at]) && !(role == Role::Host && isBlank(text[at])))
             ++at;
         const bool endsWithSeparator = at < text.size() && isSeparator(text[at]) && !(at > begin && isBlank(text[at - 1]));
         component.end = at;
@@ -184,13 +186,16 @@ private:
     /// How the folders begin behind which names stand: "Users", "Documents and Settings", "Program Files".
     static bool canBeSpecial(char first)
     {
-        return static_cast<unsigned char>(first) >= 0x80 || std::strchr("uUdDbBhHpPgGaAkKfF%", first);
+        static constexpr ByteSet letters("uUdDbBhHpPgGaAkKfF%");
+        return static_cast<unsigned char>(first) >= 0x80 || letters.has(first);
     }
 
     Role take(const Component &component, Role role, int depth)
     {
         const std::string_view bytes = text.substr(component.begin, component.end - component.begin);
         if (role == Role::Unknown && !canBeSpecial(bytes.front()))
+            return role;
+        if (role == Role::Program && (component.isLast || bytes == lastProgram))
             return role;
         const std::u16string name = bytes.size() < 1000 ? folded(bytes) : std::u16string();
         switch (role) {
@@ -217,8 +222,8 @@ private:
                 takeFolder(component, name);
             break;
         case Role::Program:
-            if (!component.isLast)
-                programs.insert(name);
+            programs.insert(name);
+            lastProgram = bytes;
             return role;
         case Role::Unknown:
             if (isProgramsFolder(name))
@@ -247,6 +252,7 @@ private:
     PathContext context;
     Findings &findings;
     std::unordered_set<std::u16string> &programs;
+    std::string_view lastProgram; ///< paths of one value are often of one program
     bool isAbsolute = false;
 };
 

@@ -125,8 +125,9 @@ private:
 
     bool isKnownDomain(const QString &name)
     {
+        const std::u16string symbols = folded(name);
         for (const AliasKind kind : {AliasKind::Domain, AliasKind::Host, AliasKind::Organisation}) {
-            if (identities.find(kind, name) >= 0)
+            if (identities.find(kind, symbols) >= 0)
                 return true;
         }
         return findsWhole(search, name) && isDomainKind(identities.at(places[0].name).kind);
@@ -183,7 +184,8 @@ private:
     {
         const bool isName = region.fact() >= 0
             && treatmentOf(document.facts()[std::size_t(region.fact())].row).what == FactTreatment::What::VariableName;
-        if (isName || search.isEmpty())
+        constexpr std::size_t shortest = 2;
+        if (isName || search.isEmpty() || region.text().size() < shortest)
             return;
         const std::string_view text = region.text();
         search.find(text, places);

@@ -1,6 +1,6 @@
 #include "serial_numbers.h"
 
-#include "folding.h"
+#include "byte_set.h"
 
 #include <algorithm>
 
@@ -183,9 +183,10 @@ std::size_t labelLength(std::string_view text)
 
 void findLabelled(std::string_view text, Findings &findings)
 {
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        const char first = char(text[at] | 0x20);
-        if ((first != 's' && first != 'a' && first != 'n') || (at > 0 && isAlnum(text[at - 1])))
+    static constexpr ByteSet firstLetters("sSaAnN"); // of the labels
+    static constexpr ByteSet secondLetters("/nNeEsSuU");
+    for (std::size_t at = 0; at + 1 < text.size(); ++at) {
+        if (!firstLetters.has(text[at]) || !secondLetters.has(text[at + 1]) || (at > 0 && isAlnum(text[at - 1])))
             continue;
         const std::size_t length = labelLength(text.substr(at));
         const std::size_t begin = length > 0 ? numberAfter(text, at + length) : std::string_view::npos;
