@@ -88,6 +88,8 @@ void add(Findings &findings, std::size_t begin, std::size_t end, AliasKind kind)
         findings.push_back({int(begin), int(end), kind, Reason::Form});
 }
 
+bool isPassword(std::string_view text, std::size_t begin);
+
 void findMailAddress(std::string_view text, std::size_t at, bool isFree, Findings &findings)
 {
     std::size_t begin = runBefore(text, at, isLocalByte);
@@ -96,7 +98,7 @@ void findMailAddress(std::string_view text, std::size_t at, bool isFree, Finding
     std::size_t end = runAfter(text, at + 1, isDomainByte);
     while (end > at + 1 && !isNameByte(text[end - 1]))
         --end;
-    if (begin == at || end == at + 1)
+    if (begin == at || end == at + 1 || isPassword(text, begin))
         return;
     const std::string_view domain = text.substr(at + 1, end - at - 1);
     if (isNumber(text.substr(begin, at - begin))) { // "27000@licences": the port of a licence server
@@ -187,14 +189,32 @@ bool isAccountByte(char byte)
 /// Whether what stands at \a begin belongs to a path that began before it.
 bool isInPath(std::string_view text, std::size_t begin)
 {
+    static constexpr ByteSet delimiters("\";\n=(<,");
+    static constexpr ByteSet separators("\\/:");
     constexpr std::size_t farthest = 100;
     for (std::size_t at = begin; at > 0 && begin - at < farthest; --at) {
-        if (std::strchr("\";\n=(<,", text[at - 1]))
+        if (delimiters.has(text[at - 1]))
             return false;
-        if (std::strchr("\\/:", text[at - 1]))
+        if (!separators.has(text[at - 1]))
+            continue;
+        const std::size_t word = runBefore(text, at - 1, isAccountByte);
+        const bool isPair = text[at - 1] == '\\' && at < begin && word < at - 1 && (word == 0 || text[word - 1] == ' ');
+        if (!isPair)
             return at == begin || text[at - 1] == '\\';
     }
     return false;
+}
+
+/// Whether \a begin is behind the colon of "//user:password@".
+bool isPassword(std::string_view text, std::size_t begin)
+{
+    constexpr std::size_t farthest = 256;
+    if (begin == 0 || text[begin - 1] != ':')
+        return false;
+    const std::size_t start = begin > farthest ? begin - farthest : 0;
+    const std::string_view before = text.substr(start, begin - start);
+    const std::size_t slashes = before.rfind("//");
+    return slashes != std::string_view::npos && before.find_first_of(" \t\n\"'", slashes) == std::string_view::npos;
 }
 
 } // namespace
@@ -220,8 +240,9 @@ void findAccountPairs(std::string_view text, std::vector<AccountPair> &pairs)
             static constexpr ByteSet ends = ByteSet(" \"';,<>\\/").withControls();
             return !ends.has(byte);
         });
-        const bool isPath = (end < text.size() && std::strchr("\\/", text[end])) || isInPath(text, begin);
-        while (end > next && std::strchr(".:!?)]", text[end - 1]))
+        const bool isPath = (end < text.size() && (text[end] == '\\' || text[end] == '/')) || isInPath(text, begin);
+        static constexpr ByteSet closing(".:!?)]");
+        while (end > next && closing.has(text[end - 1]))
             --end;
         const bool isPair = begin < at && end > next && next - at <= 2 && !isPath;
         if (isPair)

@@ -45,17 +45,20 @@ int Identities::addKey(AliasKind kind, const std::u16string &canonical, const QS
 
 int Identities::add(AliasKind kind, const QString &name, Rank rank)
 {
-    if (!name.contains(QLatin1Char('%')))
-        return addKey(kind, folded(name), name, rank);
-    return addKey(kind, folded(name), QString::fromUtf8(QByteArray::fromPercentEncoding(name.toUtf8())), rank);
+    const bool hasCodes = name.contains(QLatin1Char('%'));
+    const QString decoded = hasCodes ? QString::fromUtf8(QByteArray::fromPercentEncoding(name.toUtf8())) : name;
+    const int identity = addKey(kind, folded(name), decoded, rank);
+    all[std::size_t(identity)].isSearched = true;
+    return identity;
 }
 
 int Identities::addUnsearched(AliasKind kind, const QString &name)
 {
-    const int before = count();
+    const int known = find(kind, name);
+    if (known >= 0)
+        return known;
     const int identity = add(kind, name, Found);
-    if (count() > before)
-        all[std::size_t(identity)].isSearched = false;
+    all[std::size_t(identity)].isSearched = false;
     return identity;
 }
 

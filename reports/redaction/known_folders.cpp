@@ -31,7 +31,7 @@ constexpr const char *programsFolders = "program files|program files (x86)|progr
 constexpr const char *sharedProfiles = "public|default|default user|all users|defaultapppool|öffentlich|systemprofile|"
                                        "localservice|networkservice|%username%|$user|$username|<user>";
 
-constexpr const char *knownShares = "c$|d$|admin$|ipc$|print$|netlogon|sysvol|fax$";
+constexpr const char *knownShares = "admin$|ipc$|print$|netlogon|sysvol|fax$";
 
 constexpr const char *knownFolders = "appdata|local|locallow|roaming|temp|tmp|low|desktop|documents|my documents|downloads|download|pictures|my pictures|music|"
                                      "my music|videos|my videos|favorites|links|contacts|searches|saved games|3d objects|onedrive|application data|"
@@ -93,7 +93,7 @@ bool isSharedProfile(const std::u16string &name)
 bool isKnownShare(const std::u16string &name)
 {
     static const Names names = namesIn(knownShares);
-    return isOneOf(names, name);
+    return isOneOf(names, name) || (name.size() == 2 && name[1] == u'$'); // of a drive
 }
 
 bool isKnownFolder(const std::u16string &name)

@@ -95,9 +95,13 @@ void findSender(std::size_t begin, std::string_view line, const std::u16string &
 {
     const std::size_t bracket = line.find('<');
     for (const std::u16string header : {u"from: ", u"to: ", u"cc: ", u"von: ", u"an: "}) {
-        const std::size_t size = header.size();
-        if (symbols.compare(0, size, header) == 0 && bracket != std::string_view::npos && bracket > size)
-            add(findings, begin + size, begin + bracket, AliasKind::User);
+        if (symbols.compare(0, header.size(), header) != 0 || bracket == std::string_view::npos || bracket <= header.size())
+            continue;
+        const std::string_view name = line.substr(header.size(), bracket - header.size());
+        const std::size_t first = name.find_first_not_of(" \"'");
+        const std::size_t last = name.find_last_not_of(" \"'");
+        if (first != std::string_view::npos)
+            add(findings, begin + header.size() + first, begin + header.size() + last + 1, AliasKind::User);
     }
 }
 
@@ -108,12 +112,14 @@ void findMailNames(std::string_view text, Findings &findings)
     bool isBelowClosing = false;
     for (std::size_t begin = 0; begin < text.size();) {
         const std::size_t end = std::min(text.find('\n', begin), text.size());
-        const std::string_view line = text.substr(begin, end - begin);
+        std::string_view line = text.substr(begin, end - begin);
+        while (!line.empty() && line.back() == '\r')
+            line.remove_suffix(1);
         const std::u16string symbols = line.size() <= longestLine ? folded(line) : std::u16string();
         const bool isEmpty = symbols.find_first_not_of(u' ') == std::u16string::npos;
         const bool isText = symbols.find_first_of(u":/\\@=") == std::u16string::npos;
         if (!isEmpty && isText && (isBelowClosing || isPerson(line)))
-            add(findings, begin, end, AliasKind::User);
+            add(findings, begin, begin + line.size(), AliasKind::User);
         isBelowClosing = isClosing(symbols) || (isBelowClosing && isEmpty);
         if (symbols.compare(0, 9, u"received:") == 0)
             findReceived(text, begin, line, findings);

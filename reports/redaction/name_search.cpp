@@ -9,7 +9,7 @@ namespace Reports {
 
 namespace {
 
-constexpr int maximalLength = 250; // of a spelling
+constexpr int maximalLength = 600; // of a spelling
 
 bool isSeparator(char16_t code)
 {
@@ -37,7 +37,7 @@ bool isBoundary(SymbolClass left, SymbolClass right)
 class NameScan
 {
 public:
-    static constexpr std::size_t ringSize = 256; // more than the longest spelling
+    static constexpr std::size_t ringSize = 1024; // more than the longest spelling
 
     NameScan(NameSearch &search, std::string_view text, std::vector<NamePlace> &places)
         : names(search), bytes(text), found(places), ring(search.ring.data())

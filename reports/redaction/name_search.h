@@ -33,7 +33,7 @@ class NameSearch
 public:
     NameSearch();
 
-    /// Adds a spelling of a name, as symbols. Of equal spellings the first counts.
+    /// Adds a spelling of a name, as symbols. Of equal spellings the first counts. One of more than 600 symbols is ignored.
     void add(const std::u16string &spelling, int name, Boundaries boundaries);
     /// To be called after the last add().
     void build();

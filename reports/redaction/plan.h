@@ -24,7 +24,7 @@ struct Planned
 
 using Plan = std::vector<Planned>;
 
-/// Sorts \a plan and removes overlaps: of two places the one that begins first remains, of those the longest.
+/// Sorts \a plan and removes overlaps: of two places the one that begins first remains, and reaches as far as both.
 void normalise(Plan &plan);
 
 /// Both plans. Where they overlap, that of \a high holds. Both are in order and without overlaps.

@@ -133,13 +133,15 @@ QString withoutLegalForm(QString name)
     return name.trimmed();
 }
 
-/// What precedes "~" in a short name: without blanks and points, six characters.
+/// What precedes "~" in a short name: six characters without blanks and points; Windows replaces what short names cannot have.
 QString shortBase(const QString &name)
 {
     constexpr int length = 6;
     QString base;
     for (const QChar character : name) {
-        if (character.unicode() > 0x20 && !QStringLiteral(".,;=+[]\"/\\:|<>*?").contains(character))
+        if (QStringLiteral("+,;=[]").contains(character))
+            base += QLatin1Char('_');
+        else if (character.unicode() > 0x20 && !QStringLiteral(".\"/\\:|<>*?").contains(character))
             base += character;
     }
     return base.left(length);
@@ -250,6 +252,23 @@ void addCompositions(std::vector<Spelling> &spellings, const QString &name, bool
     }
 }
 
+/// A component of a path, if its name is distinct.
+void addComponent(std::vector<Spelling> &spellings, const QString &name)
+{
+    constexpr std::size_t shortest = 5;
+    for (const QString &variant : variantsOf(name)) {
+        const std::u16string symbols = folded(variant);
+        if (symbols.size() >= shortest && distinctionOf(symbols) != Distinction::None)
+            spellings.push_back({symbols, Boundaries::Component});
+    }
+    if (spellings.empty())
+        return;
+    const std::size_t names = spellings.size();
+    addShortNames(spellings, name);
+    for (std::size_t i = names; i < spellings.size(); ++i)
+        spellings[i].boundaries = Boundaries::Component;
+}
+
 /// Whether a domain belongs to nobody: "co.uk".
 bool isPublicSuffix(const QStringList &labels)
 {
@@ -301,12 +320,13 @@ QStringList wordsOf(AliasKind kind, const QString &name)
 
 bool isShortName(const std::u16string &component)
 {
-    constexpr std::size_t longestBase = 6;
+    constexpr std::size_t longest = 8;
     const std::size_t tilde = component.find(u'~');
-    if (tilde == std::u16string::npos || tilde == 0 || tilde > longestBase)
+    const std::size_t end = std::min(component.find(u'.'), component.size());
+    if (tilde == std::u16string::npos || tilde == 0 || end > longest || tilde + 1 >= end)
         return false;
-    const std::size_t digits = component.find_first_not_of(u"0123456789", tilde + 1);
-    return tilde + 1 < component.size() && (digits == std::u16string::npos || (component[digits] == u'.' && digits > tilde + 1));
+    const std::size_t notDigit = component.find_first_not_of(u"0123456789", tilde + 1);
+    return (notDigit == std::u16string::npos || notDigit == end) && component.find(u' ') == std::u16string::npos;
 }
 
 std::u16string shortNameBase(const std::u16string &shortName)
@@ -351,7 +371,8 @@ std::vector<Spelling> spellingsOf(AliasKind kind, const QString &name, bool isSt
             addVariants(spellings, word);
             addShortNames(spellings, word);
         }
-        addShortNames(spellings, name);
+        if (distinctionOf(folded(name)) != Distinction::None)
+            addShortNames(spellings, name);
         break;
     case AliasKind::Organisation:
         addVariants(spellings, name);
@@ -373,12 +394,9 @@ std::vector<Spelling> spellingsOf(AliasKind kind, const QString &name, bool isSt
         addDomain(spellings, name, isStated);
         break;
     case AliasKind::Share:
-    case AliasKind::Folder: {
-        const std::u16string symbols = folded(name);
-        if (symbols.size() >= 5 && distinctionOf(symbols) != Distinction::None)
-            spellings.push_back({symbols, Boundaries::Component});
+    case AliasKind::Folder:
+        addComponent(spellings, name);
         break;
-    }
     case AliasKind::Label:
         for (const QString &variant : variantsOf(name)) {
             const std::u16string symbols = folded(variant);
