@@ -238,6 +238,11 @@ void PlantedTest::initTestCase()
     m_reports = plantedReports(m_folder, error);
     QVERIFY2(error.isEmpty(), qPrintable(error));
     QVERIFY(!m_reports.empty());
+#if defined(__SANITIZE_ADDRESS__) // which makes the test ten times slower
+    constexpr std::size_t enough = 20;
+    if (m_reports.size() > enough)
+        m_reports.erase(m_reports.begin() + enough, m_reports.end());
+#endif
     m_kinds = plantedKinds(m_folder);
     QVERIFY(m_kinds.size() >= 60);
     for (const PlantedReport &report : m_reports)

@@ -141,7 +141,12 @@ void RedactionTest::reports()
 {
     QFETCH(QString, file);
     const Document document = read(contentsOf(file));
-    for (const RedactionOptions &options : {RedactionOptions(), withKey()}) {
+#if defined(__SANITIZE_ADDRESS__) // which makes the test ten times slower
+    const std::vector<RedactionOptions> allOptions {withKey()};
+#else
+    const std::vector<RedactionOptions> allOptions {RedactionOptions(), withKey()};
+#endif
+    for (const RedactionOptions &options : allOptions) {
         const Redaction redaction = redact({document}, options);
         const Document &redacted = redaction.documents.front();
         // An owner's name of several lines that are those of a section: no such lines are left of it.
