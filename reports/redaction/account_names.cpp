@@ -88,7 +88,17 @@ void add(Findings &findings, std::size_t begin, std::size_t end, AliasKind kind)
         findings.push_back({int(begin), int(end), kind, Reason::Form});
 }
 
-bool isPassword(std::string_view text, std::size_t begin);
+/// Whether \a begin is behind the colon of "//user:password@".
+bool isPassword(std::string_view text, std::size_t begin)
+{
+    constexpr std::size_t farthest = 256;
+    if (begin == 0 || text[begin - 1] != ':')
+        return false;
+    const std::size_t start = begin > farthest ? begin - farthest : 0;
+    const std::string_view before = text.substr(start, begin - start);
+    const std::size_t slashes = before.rfind("//");
+    return slashes != std::string_view::npos && before.find_first_of(" \t\n\"'", slashes) == std::string_view::npos;
+}
 
 void findMailAddress(std::string_view text, std::size_t at, bool isFree, Findings &findings)
 {
@@ -203,18 +213,6 @@ bool isInPath(std::string_view text, std::size_t begin)
             return at == begin || text[at - 1] == '\\';
     }
     return false;
-}
-
-/// Whether \a begin is behind the colon of "//user:password@".
-bool isPassword(std::string_view text, std::size_t begin)
-{
-    constexpr std::size_t farthest = 256;
-    if (begin == 0 || text[begin - 1] != ':')
-        return false;
-    const std::size_t start = begin > farthest ? begin - farthest : 0;
-    const std::string_view before = text.substr(start, begin - start);
-    const std::size_t slashes = before.rfind("//");
-    return slashes != std::string_view::npos && before.find_first_of(" \t\n\"'", slashes) == std::string_view::npos;
 }
 
 } // namespace

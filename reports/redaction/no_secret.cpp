@@ -3,6 +3,7 @@
 #include "secret_values.h"
 
 #include "address_forms.h"
+#include "alias_text.h"
 
 #include <algorithm>
 #include <iterator>
@@ -11,24 +12,6 @@ namespace velkor {
 namespace Reports {
 
 namespace {
-
-constexpr std::string_view kindsOfAlias[] = {
-    "user",
-    "host",
-    "domain",
-    "org",
-    "product",
-    "serial",
-    "mac",
-    "ip",
-    "printer",
-    "label",
-    "share",
-    "folder",
-    "secret",
-    "word",
-    "length",
-};
 
 constexpr std::string_view ordinaryWords[] = {
     "true",
@@ -116,12 +99,7 @@ bool isMask(std::string_view value)
 
 bool isAlias(std::string_view text)
 {
-    const std::size_t hyphen = text.find('-');
-    if (hyphen == std::string_view::npos || hyphen + 1 == text.size())
-        return false;
-    const std::string_view kind = text.substr(0, hyphen);
-    const bool isKind = std::any_of(std::begin(kindsOfAlias), std::end(kindsOfAlias), [kind](std::string_view name) { return kind == name; });
-    return isKind && std::all_of(text.begin() + std::ptrdiff_t(hyphen) + 1, text.end(), isDecimal);
+    return !text.empty() && aliasLength(text) == text.size();
 }
 
 bool isNoSecret(std::string_view value)
