@@ -281,6 +281,15 @@ QByteArray toJson(const Document &document);
 /// The same with a member "redaction", which fromJson() ignores. \a document is one of \a redaction, or a
 /// part of one.
 QByteArray toJson(const Document &document, const Redaction &redaction);
+/// What else the JSON can say about the document. fromJson() ignores it.
+struct JsonNotes
+{
+    const Redaction *redaction = nullptr; ///< for the member "redaction"; null for none
+    /// An object of JSON for the member "incomplete", which says what of the report could not be made; empty for none.
+    QByteArray incomplete;
+};
+
+QByteArray toJson(const Document &document, const JsonNotes &notes);
 /// Reads what toJson() wrote: the document of the same bytes. If it is anything else, returns
 /// nothing and sets \a error to a message for the user.
 std::optional<Document> fromJson(const QByteArray &json, QString *error = nullptr);

@@ -82,27 +82,27 @@ StoredText wholeText(const QByteArray &bytes)
     return stored;
 }
 
-/// The JSON, if it is short enough without \a redaction and gives the bytes again.
-std::optional<QByteArray> checkedJson(const Document &document, const StoredText &stored, JsonStyle style, const QByteArray &redaction)
+/// The JSON, if it is short enough without \a notes and gives the bytes again.
+std::optional<QByteArray> checkedJson(const Document &document, const StoredText &stored, JsonStyle style, const JsonMembers &notes)
 {
     const QByteArray bytes = document.bytes();
-    const QByteArray json = jsonDocument(document, stored, style, redaction);
-    if (isTooLong(json.size() - redaction.size(), bytes.size()) || restoredBytes(stored, restoredLimit(json.size())) != bytes)
+    const QByteArray json = jsonDocument(document, stored, style, notes);
+    if (isTooLong(json.size() - notes.redaction.size() - notes.incomplete.size(), bytes.size()) || restoredBytes(stored, restoredLimit(json.size())) != bytes)
         return std::nullopt;
     return json;
 }
 
-QByteArray jsonWith(const Document &document, const QByteArray &redaction)
+QByteArray jsonWith(const Document &document, const JsonMembers &notes)
 {
     StoredText stored = storedText(document);
     for (const JsonStyle style : {JsonStyle::Readable, JsonStyle::Compact}) {
-        if (const std::optional<QByteArray> json = checkedJson(document, stored, style, redaction))
+        if (const std::optional<QByteArray> json = checkedJson(document, stored, style, notes))
             return *json;
     }
     leaveOutLongSections(stored, document);
-    if (const std::optional<QByteArray> json = checkedJson(document, stored, JsonStyle::Compact, redaction))
+    if (const std::optional<QByteArray> json = checkedJson(document, stored, JsonStyle::Compact, notes))
         return *json;
-    return jsonDocument(document, wholeText(document.bytes()), JsonStyle::Readable, redaction);
+    return jsonDocument(document, wholeText(document.bytes()), JsonStyle::Readable, notes);
 }
 
 } // namespace
@@ -114,7 +114,12 @@ QByteArray toJson(const Document &document)
 
 QByteArray toJson(const Document &document, const Redaction &redaction)
 {
-    return jsonWith(document, redactionJson(redaction).trimmed());
+    return toJson(document, JsonNotes {&redaction, {}});
+}
+
+QByteArray toJson(const Document &document, const JsonNotes &notes)
+{
+    return jsonWith(document, {notes.redaction ? redactionJson(*notes.redaction).trimmed() : QByteArray(), notes.incomplete.trimmed()});
 }
 
 } // namespace Reports

@@ -150,7 +150,7 @@ bool JsonHandler::hasSeen(const Frame &frame, const char *name) const
 
 bool JsonHandler::isIgnored() const
 {
-    return m_ignoredDepth > 0 || isAt(Place::Root, Key::redaction);
+    return m_ignoredDepth > 0 || isAt(Place::Root, Key::redaction) || isAt(Place::Root, Key::incomplete);
 }
 
 bool JsonHandler::ignoredValueEnds()

@@ -34,7 +34,7 @@ private:
 KeyTable::KeyTable()
 {
     namespace Key = Json::Key;
-    names = {Key::format, Key::schemaVersion, Key::redaction, Key::sha256, Key::states, Key::encoding, Key::byteOrderMark,
+    names = {Key::format, Key::schemaVersion, Key::redaction, Key::incomplete, Key::sha256, Key::states, Key::encoding, Key::byteOrderMark,
              Key::tail, Key::lineEnd, Key::linePrefix, Key::blanks, Key::reports, Key::sections, Key::name, Key::facts,
              Key::leftOut, Key::value, Key::text, Key::base64, Key::layout};
     for (const FactRow &row : factRows()) {

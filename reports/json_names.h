@@ -12,6 +12,7 @@ constexpr char format[] = "format";
 constexpr char schemaVersion[] = "schemaVersion";
 constexpr char sha256[] = "sha256";
 constexpr char redaction[] = "redaction";
+constexpr char incomplete[] = "incomplete";
 constexpr char states[] = "states";
 constexpr char encoding[] = "encoding";
 constexpr char byteOrderMark[] = "byteOrderMark";

@@ -108,11 +108,11 @@ public:
         : m_document(document), m_isCompact(style == JsonStyle::Compact)
     {
     }
-    QByteArray write(const StoredText &stored, const QByteArray &redaction);
+    QByteArray write(const StoredText &stored, const JsonMembers &notes);
     QByteArray writeSection(const TreeNode &section);
 
 private:
-    void addHead(const StoredText &stored, const QByteArray &redaction);
+    void addHead(const StoredText &stored, const JsonMembers &notes);
     void addMember(const char *key, const QByteArray &value);
     void addReports(const ReportTrees &trees);
     void addSection(const TreeNode &section);
@@ -187,7 +187,7 @@ std::vector<QByteArray> blankNames(const TextForm &form)
     return names;
 }
 
-void JsonWriter::addHead(const StoredText &stored, const QByteArray &redaction)
+void JsonWriter::addHead(const StoredText &stored, const JsonMembers &notes)
 {
     namespace Key = Json::Key;
     std::vector<QByteArray> states;
@@ -195,8 +195,10 @@ void JsonWriter::addHead(const StoredText &stored, const QByteArray &redaction)
         states.push_back(name.toUtf8());
     addMember(Key::format, quoted(Json::formatName));
     addMember(Key::schemaVersion, QByteArray::number(schemaVersion));
-    if (!redaction.isEmpty())
-        addMember(Key::redaction, redaction);
+    if (!notes.redaction.isEmpty())
+        addMember(Key::redaction, notes.redaction);
+    if (!notes.incomplete.isEmpty())
+        addMember(Key::incomplete, notes.incomplete);
     addMember(Key::sha256, quoted(QCryptographicHash::hash(m_document.bytes(), QCryptographicHash::Sha256).toHex()));
     addMember(Key::states, array(states));
     addMember(Key::encoding, quoted(stored.encoding));
@@ -328,10 +330,10 @@ void JsonWriter::addLayout(const std::vector<LineEdit> &layout)
     m_json += ']';
 }
 
-QByteArray JsonWriter::write(const StoredText &stored, const QByteArray &redaction)
+QByteArray JsonWriter::write(const StoredText &stored, const JsonMembers &notes)
 {
     m_json = "{";
-    addHead(stored, redaction);
+    addHead(stored, notes);
     addReports(stored.trees);
     addLayout(stored.layout);
     newLine(0);
@@ -353,9 +355,9 @@ QByteArray jsonText(const QByteArray &bytes)
     return "{\"base64\":\"" + bytes.toBase64() + "\"}";
 }
 
-QByteArray jsonDocument(const Document &document, const StoredText &stored, JsonStyle style, const QByteArray &redaction)
+QByteArray jsonDocument(const Document &document, const StoredText &stored, JsonStyle style, const JsonMembers &notes)
 {
-    return JsonWriter(document, style).write(stored, redaction);
+    return JsonWriter(document, style).write(stored, notes);
 }
 
 QByteArray jsonOfSection(const Document &document, const TreeNode &section)

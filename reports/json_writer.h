@@ -15,9 +15,15 @@ enum class JsonStyle {
 /// tab, line feed and carriage return.
 QByteArray jsonText(const QByteArray &bytes);
 
-/// The JSON of \a stored, which belongs to \a document. \a redaction is the value of that member; it is
-/// missing if there is none.
-QByteArray jsonDocument(const Document &document, const StoredText &stored, JsonStyle style, const QByteArray &redaction);
+/// The values of members that do not come from the document, as JSON. A member without a value is missing.
+struct JsonMembers
+{
+    QByteArray redaction;
+    QByteArray incomplete;
+};
+
+/// The JSON of \a stored, which belongs to \a document.
+QByteArray jsonDocument(const Document &document, const StoredText &stored, JsonStyle style, const JsonMembers &notes);
 
 /// The JSON of a section of \a document, in compact style.
 QByteArray jsonOfSection(const Document &document, const TreeNode &section);

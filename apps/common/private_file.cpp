@@ -1,5 +1,6 @@
 #include "private_file.h"
 
+#include "interruption.h"
 #include "private_file_system.h"
 #include "program_input.h"
 #include "program_output.h"
@@ -8,6 +9,7 @@ namespace {
 
 FileResult makeFile(const QString &fileName, const QByteArray &bytes, Existing existing, QString &error)
 {
+    const InterruptionBlocker blocker;
     const QString made = makeFileBeside(fileName, bytes, error);
     if (made.isEmpty())
         return FileResult::Failed;

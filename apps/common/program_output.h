@@ -9,6 +9,7 @@ enum ExitCode {
     Done = 0,
     Failed = 1,
     WrongUsage = 2,
+    Incomplete = 3,
 };
 
 /// Writes \a text to standard output as UTF-8, without converting line feeds.

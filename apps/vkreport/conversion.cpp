@@ -21,6 +21,7 @@ namespace {
 struct Content
 {
     Document document;
+    QByteArray incompleteness; ///< JSON; empty if nothing is missing
     const Reports::Redaction *redaction = nullptr;
 };
 
@@ -35,6 +36,8 @@ QByteArray summaryJson(const Content &content)
     QJsonObject object {{QStringLiteral("schemaVersion"), Reports::schemaVersion}, {QStringLiteral("summary"), lines}};
     if (content.redaction)
         object.insert(QStringLiteral("redaction"), QJsonDocument::fromJson(Reports::redactionJson(*content.redaction)).object());
+    if (!content.incompleteness.isEmpty())
+        object.insert(QStringLiteral("incomplete"), QJsonDocument::fromJson(content.incompleteness).object());
     return QJsonDocument(object).toJson();
 }
 
@@ -46,7 +49,7 @@ QByteArray json(const Content &content, const Options &options)
     const Document document = options.write.sections.empty()
         ? content.document
         : Reports::read(Reports::toText(content.document, options.write));
-    return content.redaction ? Reports::toJson(document, *content.redaction) : Reports::toJson(document);
+    return Reports::toJson(document, {content.redaction, content.incompleteness});
 }
 
 QByteArray converted(const Content &content, const Options &options)
@@ -86,35 +89,6 @@ bool hasChosenSection(const Document &document, const Reports::WriteOptions &wri
            });
 }
 
-ExitCode writeContent(const Content &content, const Options &options)
-{
-    showProgress("writing", content.document.text().size());
-    const QByteArray bytes = converted(content, options);
-    const bool isShown = options.output.isNull() && isTerminal(stdout);
-    return writeText(options, isShown ? forTerminal(content.document, bytes, options) : bytes);
-}
-
-/// Names are found in the whole report, also if only some sections of it are written.
-ExitCode writeRedacted(const Document &document, const Options &options)
-{
-    const auto redaction = redacted(document, options.redaction);
-    if (!redaction)
-        return Failed;
-    const ExitCode exitCode = writeContent({redaction->documents.front(), &*redaction}, options);
-    return exitCode == Done ? writeWhatWasRedacted(*redaction, options.redaction) : exitCode;
-}
-
-ExitCode writeDocument(const Document &document, const Options &options)
-{
-    if (!hasChosenSection(document, options.write)) {
-        complain(QStringLiteral("the report does not have this section"));
-        return Failed;
-    }
-    return options.redact ? writeRedacted(document, options) : writeContent({document, nullptr}, options);
-}
-
-} // namespace
-
 ExitCode writeText(const Options &options, const QByteArray &bytes)
 {
     if (options.output.isNull()) {
@@ -130,6 +104,52 @@ ExitCode writeText(const Options &options, const QByteArray &bytes)
     return Failed;
 }
 
+ExitCode writeContent(const Content &content, const Options &options)
+{
+    showProgress("writing", content.document.text().size());
+    const QByteArray bytes = converted(content, options);
+    const bool isShown = options.output.isNull() && isTerminal(stdout);
+    return writeText(options, isShown ? forTerminal(content.document, bytes, options) : bytes);
+}
+
+/// Names are found in the whole report, also if only some sections of it are written.
+ExitCode writeRedacted(const Content &content, const Options &options)
+{
+    const auto redaction = redacted(content.document, options.redaction);
+    if (!redaction)
+        return Failed;
+    const ExitCode exitCode = writeContent({redaction->documents.front(), content.incompleteness, &*redaction}, options);
+    return exitCode == Done ? writeWhatWasRedacted(*redaction, options.redaction) : exitCode;
+}
+
+ExitCode writeDocument(const Content &content, const Options &options)
+{
+    if (!hasChosenSection(content.document, options.write)) {
+        complain(QStringLiteral("the report does not have this section"));
+        return Failed;
+    }
+    return options.redact ? writeRedacted(content, options) : writeContent(content, options);
+}
+
+ExitCode writeReport(const Options &options, const MadeText &made)
+{
+    if (!options.needsDocument())
+        return writeText(options, *made.text);
+    return writeDocument({Reports::read(*made.text), incompletenessJson(made.incompleteness, options.timeLimit), nullptr}, options);
+}
+
+/// What is missing is also said in a file beside the report.
+ExitCode writeFileBeside(const Options &options, const Incompleteness &incompleteness)
+{
+    QString error;
+    if (options.output.isNull() || isDevice(options.output) || writeIncompletenessFile(incompleteness, options.output, error))
+        return Done;
+    complain(Reports::terminalText(error));
+    return Failed;
+}
+
+} // namespace
+
 ExitCode writeFactList(const Options &options)
 {
     const auto facts = Reports::factList(options.write.sections);
@@ -139,10 +159,18 @@ ExitCode writeFactList(const Options &options)
 ExitCode convertInput(const Options &options)
 {
     const auto document = readReport(options.input);
-    return document ? writeDocument(*document, options) : Failed;
+    return document ? writeDocument({*document, {}, nullptr}, options) : Failed;
 }
 
-ExitCode convertText(const Options &options, const QString &text)
+ExitCode writeMade(const Options &options, const MadeText &made)
 {
-    return writeDocument(Reports::read(text.toUtf8()), options);
+    for (const QString &line : failureLines(made.incompleteness))
+        complain(line);
+    if (!made.text)
+        return Failed;
+    ExitCode exitCode = writeReport(options, made);
+    if (exitCode == Done)
+        exitCode = writeFileBeside(options, made.incompleteness);
+    tell(made.timings);
+    return exitCode == Done && !made.incompleteness.missing.empty() ? Incomplete : exitCode;
 }

@@ -1,6 +1,7 @@
 // Writes reports in the format that the options request.
 #pragma once
 
+#include "made_text.h"
 #include "options.h"
 
 /// Writes the list of facts, which needs no report.
@@ -9,8 +10,5 @@ ExitCode writeFactList(const Options &options);
 /// Reads the report that Options::input names, and writes it.
 ExitCode convertInput(const Options &options);
 
-/// Writes a report that was made.
-ExitCode convertText(const Options &options, const QString &text);
-
-/// Writes text as it is.
-ExitCode writeText(const Options &options, const QByteArray &bytes);
+/// Writes a text that was made, and says what is missing.
+ExitCode writeMade(const Options &options, const MadeText &made);

@@ -1,53 +1,44 @@
-// vkreport: an example host of the library, which prints the report; also reads reports.
+// vkreport: prints the report, which a child of it makes; also reads reports.
 
+#include "child/child_main.h"
 #include "conversion.h"
-#include "making.h"
-#include "timings.h"
+#include "in_process.h"
+#include "making/report_maker.h"
 
-#include <QtCore/QTextStream>
-#include <QtWidgets/QApplication>
-#include <vkSystemInfo.h>
-
-using namespace velkor;
+#include <QtCore/QCoreApplication>
 
 namespace {
 
-ExitCode write(const Options &options, const QString &text)
+bool isChild(int argc, char **argv)
 {
-    return options.needsDocument() ? convertText(options, text) : writeText(options, text.toUtf8());
+    return argc > 1 && qstrcmp(argv[1], childArgument) == 0;
 }
 
-ExitCode writeWithTimings(const Options &options)
-{
-    QString text;
-    const double firstCall = milliseconds([&] { text = requestedText(options); });
-    const ExitCode exitCode = write(options, text); // before the measurements: they take as long as the report
-    QTextStream(stderr) << (options.asksForParts() ? sectionTimings(options.sections) : reportTimings(options.noOpenGL, firstCall));
-    return exitCode;
-}
-
-/// Handles the options that need no display. Returns the exit code if the program can end.
-std::optional<ExitCode> runWithoutDisplay(Options &options, int &argc, char **argv)
+/// Handles everything but --in-process, for which it returns nothing: the application object must be another then.
+std::optional<ExitCode> run(Options &options, int &argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("vkreport"));
-    QCoreApplication::setApplicationVersion(SystemInfo::libVersionString());
     if (const auto exitCode = parseOptions(options))
         return exitCode;
     if (options.listFacts)
         return writeFactList(options);
     if (!options.input.isNull())
         return convertInput(options);
-    return std::nullopt;
+    if (options.inProcess)
+        return std::nullopt;
+    return writeMade(options, makeText(options));
 }
 
 } // namespace
 
 int main(int argc, char *argv[])
 {
+    QCoreApplication::setApplicationName(QStringLiteral("vkreport"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VKREPORT_VERSION));
+    if (isChild(argc, argv))
+        return runChild(argc, argv);
     Options options;
-    if (const auto exitCode = runWithoutDisplay(options, argc, argv))
+    if (const auto exitCode = run(options, argc, argv))
         return *exitCode;
-    const QApplication application(argc, argv);
-    return options.timings ? writeWithTimings(options) : write(options, requestedText(options));
+    return makeInProcess(options, argc, argv);
 }

@@ -1,13 +1,12 @@
 #include "options.h"
 
 #include "neutral_text.h"
+#include "part_names.h"
 #include "redaction_files.h"
 #include "section_names.h"
-#include "sections.h"
 
 #include <QtCore/QCommandLineParser>
 #include <algorithm>
-#include <vkSystemInfo.h>
 
 using namespace velkor;
 
@@ -64,6 +63,15 @@ const QCommandLineOption bonjour(QStringLiteral("bonjour"),
 const QCommandLineOption timings(QStringLiteral("timings"),
                                  QStringLiteral("Run the report or the given sections again and print to standard error how "
                                                 "long each part takes."));
+const QCommandLineOption timeLimit(QStringLiteral("time-limit"),
+                                   QStringLiteral("Return after this time with what could be had; the default is 60, 0 is no limit."),
+                                   QStringLiteral("SECONDS"));
+const QCommandLineOption inProcess(QStringLiteral("in-process"),
+                                   QStringLiteral("Make the report in this process, without protection from crashes and hangs."));
+const QCommandLineOption lowPriority(QStringLiteral("low-priority"),
+                                     QStringLiteral("Make the report with low priority."));
+
+constexpr double longestTimeLimit = 1e6; // seconds
 
 struct FormatName
 {
@@ -88,7 +96,8 @@ struct Contradiction
 const std::vector<Contradiction> &contradictions()
 {
     static const std::vector<Contradiction> all = {
-        {&input, {&noOpenGL, &listSections, &listFacts, &platformName, &openGLVersion, &bonjour, &timings}},
+        {&input, {&noOpenGL, &listSections, &listFacts, &platformName, &openGLVersion, &bonjour, &timings, &timeLimit, &inProcess, &lowPriority}},
+        {&inProcess, {&timeLimit, &lowPriority}},
         {&listFacts, {&listSections, &platformName, &openGLVersion, &bonjour, &timings, &summary, &maxLength, &noOpenGL}},
         {&summary, {&section, &listSections, &platformName, &openGLVersion, &bonjour, &timings}},
         {&maxLength, {&listSections, &platformName, &openGLVersion, &bonjour, &timings}},
@@ -107,21 +116,23 @@ void describe(QCommandLineParser &parser)
 {
     parser.setApplicationDescription(QStringLiteral(
         "Prints a system information report, or reads one and converts it.\n\n"
-        "The OpenGL section creates an OpenGL context. Without --no-opengl the program needs a\n"
-        "display with OpenGL; on Linux this is an X server, such as the one of xvfb-run.\n"
-        "With --input it needs none.\n"
+        "The report is made in a child process. If a driver crashes or a server does not answer, the\n"
+        "rest of the report is written, and the exit code is 3.\n"
+        "The OpenGL section creates an OpenGL context, which needs a display; on Linux this is an X\n"
+        "server, such as the one of xvfb-run. Without a display Qt's platform \"minimal\" is used.\n"
         "On Linux the environment variable VKSYSTEMINFO_MACHINE names the folder that describes\n"
         "the machine to report."));
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOptions({noOpenGL, section, listSections, listFacts, input, format, summary, maxLength, redact, aliasKey,
-                       aliasMap, hide, keep, output, platformName, openGLVersion, bonjour, timings});
+                       aliasMap, hide, keep, output, platformName, openGLVersion, bonjour, timings, timeLimit, inProcess, lowPriority});
 }
 
 /// Whether the library exports all these sections, so that they can be called one by one.
 bool areExported(const QStringList &names)
 {
-    return std::all_of(names.cbegin(), names.cend(), [](const QString &name) { return findSection(name) != nullptr; });
+    const QStringList exported = exportedSectionNames();
+    return std::all_of(names.cbegin(), names.cend(), [&exported](const QString &name) { return exported.contains(name); });
 }
 
 /// The functions below return a message for the user if something is wrong, else an empty text.
@@ -166,6 +177,17 @@ QString readMaxLength(const QCommandLineParser &parser, Options &options)
     return {};
 }
 
+QString readTimeLimit(const QCommandLineParser &parser, Options &options)
+{
+    if (!parser.isSet(timeLimit))
+        return {};
+    bool isNumber = false;
+    options.timeLimit = parser.value(timeLimit).toDouble(&isNumber);
+    if (!isNumber || !(options.timeLimit >= 0 && options.timeLimit <= longestTimeLimit))
+        return QStringLiteral("--time-limit requires a number of seconds from 0 to 1000000, not '%1'").arg(parser.value(timeLimit));
+    return {};
+}
+
 /// Null if the option was not given.
 QString fileName(const QCommandLineParser &parser, const QCommandLineOption &option)
 {
@@ -196,7 +218,7 @@ QString readSections(const QCommandLineParser &parser, Options &options)
         return error;
     const auto isUnknown = [](const QString &name) { return Reports::resolveSection(name).empty(); };
     const auto unknown = std::find_if(options.sections.cbegin(), options.sections.cend(), isUnknown);
-    return QStringLiteral("there is no section '%1'. The sections are: %2").arg(*unknown, sectionNames().join(QStringLiteral(", ")));
+    return QStringLiteral("there is no section '%1'. The sections are: %2").arg(*unknown, exportedSectionNames().join(QStringLiteral(", ")));
 }
 
 QString readOptions(const QCommandLineParser &parser, Options &options)
@@ -210,10 +232,12 @@ QString readOptions(const QCommandLineParser &parser, Options &options)
     options.openGLVersion = parser.isSet(openGLVersion);
     options.bonjour = parser.isSet(bonjour);
     options.timings = parser.isSet(timings);
+    options.inProcess = parser.isSet(inProcess);
+    options.lowPriority = parser.isSet(lowPriority);
     options.write.onlySummary = parser.isSet(summary);
     options.input = fileName(parser, input);
     options.output = fileName(parser, output);
-    for (const auto read : {readSections, readFormat, readMaxLength, readRedaction}) {
+    for (const auto read : {readSections, readFormat, readMaxLength, readRedaction, readTimeLimit}) {
         QString error = read(parser, options);
         if (!error.isEmpty())
             return error;
@@ -243,7 +267,7 @@ std::optional<ExitCode> parseOptions(Options &options)
     if (parser.isSet(QStringLiteral("help")))
         return writeToStandardOutput(parser.helpText()) ? Done : Failed;
     if (parser.isSet(QStringLiteral("version")))
-        return writeToStandardOutput(QStringLiteral("vkreport %1\n").arg(SystemInfo::libVersionString())) ? Done : Failed;
+        return writeToStandardOutput(QStringLiteral("vkreport %1\n").arg(QCoreApplication::applicationVersion())) ? Done : Failed;
     const QString error = readOptions(parser, options);
     if (error.isEmpty())
         return std::nullopt;

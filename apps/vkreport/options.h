@@ -31,6 +31,9 @@ struct Options
     bool openGLVersion = false;
     bool bonjour = false;
     bool timings = false;
+    bool inProcess = false;
+    bool lowPriority = false;
+    double timeLimit = 60; ///< seconds; 0 for none
     QStringList sections; ///< as they were given
     QString input;        ///< name of the file to read, "-" for standard input; null to make a report
     QString output;       ///< name of the file to write; null for standard output

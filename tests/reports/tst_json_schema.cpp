@@ -235,6 +235,30 @@ Object redactionSchema()
               {"aliases", described("In the order in which they occur.", {{"type", "array"}, {"items", alias}})}}}};
 }
 
+/// What vkreport writes if it could not make the whole report.
+Object incompleteSchema()
+{
+    const auto failures = [](const char *key, const char *description) {
+        const Object failure = {{"type", "object"},
+                                {"required", {key, "reason"}},
+                                {"additionalProperties", false},
+                                {"properties",
+                                 {{key, {{"type", "string"}}},
+                                  {"reason", strings({"timeout", "crash", "exit", "notStarted", "notTried"})},
+                                  {"code", described("Signal or exception of a crash; exit code.", {{"type", "string"}})},
+                                  {"seconds", described("How long it was waited for.", {{"type", "number"}, {"minimum", 0}})}}}};
+        return described(description, {{"type", "array"}, {"items", failure}});
+    };
+    return {{"description", "What vkreport could not make, and why. It is ignored when the JSON is read."},
+            {"type", "object"},
+            {"required", {"timeLimit", "attempts", "missing"}},
+            {"additionalProperties", false},
+            {"properties",
+             {{"timeLimit", described("Seconds; 0 for none.", {{"type", "number"}, {"minimum", 0}})},
+              {"attempts", failures("attempt", "Ways to make the whole report that failed.")},
+              {"missing", failures("section", "Sections that are missing in the text.")}}}};
+}
+
 Object rootProperties(const Object &sections)
 {
     std::vector<std::string> states;
@@ -254,6 +278,7 @@ Object rootProperties(const Object &sections)
     properties[Key::sha256] = described("SHA-256 of the text. If it is there, the text that is read must have it.",
                                         {{"type", "string"}, {"pattern", "^[0-9a-f]{64}$"}});
     properties[Key::redaction] = redactionSchema();
+    properties[Key::incomplete] = incompleteSchema();
     properties[Key::states] = described("What the text went through.",
                                         {{"type", "array"}, {"uniqueItems", true}, {"items", strings(states)}});
     properties[Key::encoding] = strings({"UTF-8", "UTF-16LE", "UTF-16BE"});

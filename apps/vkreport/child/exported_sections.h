@@ -1,8 +1,7 @@
-// The sections that the library exports.
+// The sections that the library exports, as functions.
 #pragma once
 
 #include <QtCore/QString>
-#include <QtCore/QStringList>
 
 struct Section
 {
@@ -12,6 +11,3 @@ struct Section
 
 /// Returns null if no section has that name.
 const Section *findSection(const QString &name);
-
-/// All names, in the order of the report.
-QStringList sectionNames();

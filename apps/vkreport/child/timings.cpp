@@ -1,6 +1,7 @@
 #include "timings.h"
 
-#include "sections.h"
+#include "exported_sections.h"
+#include "part_names.h"
 
 #include <QtCore/QElapsedTimer>
 #include <algorithm>
@@ -61,7 +62,7 @@ QString reportTimings(bool noOpenGL, double firstCall)
 {
     const double withoutOpenGL = timedReport(true);
     const double whole = noOpenGL ? withoutOpenGL : std::max(timedReport(false), withoutOpenGL);
-    const std::vector<Part> sections = timedSections(sectionNames());
+    const std::vector<Part> sections = timedSections(exportedSectionNames());
     const double qtHalf = sum(sections);
     QString text = QStringLiteral("%1 ms           first report of this process, which was printed\n").arg(firstCall, 10, 'f', 3);
     text += line({QStringLiteral("second report, of which:"), whole}, whole);

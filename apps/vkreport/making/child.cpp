@@ -1,0 +1,97 @@
+#include "child.h"
+
+#include "child/child_main.h"
+#include "child/child_protection.h"
+#include "child_system.h"
+#include "program_output.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr int progressInterval = 200; // milliseconds
+/// A process in a call of a driver may not end when it is told to.
+constexpr int timeToEnd = 500; // milliseconds
+
+QStringList argumentsOf(const ChildOptions &options)
+{
+    QStringList arguments {QLatin1String(childArgument), options.module};
+    if (!options.platform.isEmpty())
+        arguments += {QLatin1String(platformArgument), options.platform};
+    return arguments + options.parts;
+}
+
+int waitingTime(QDeadlineTimer deadline)
+{
+    const qint64 remaining = deadline.remainingTime();
+    return remaining < 0 ? progressInterval : int(std::min<qint64>(remaining, progressInterval));
+}
+
+} // namespace
+
+Child::Child(const ChildOptions &options, std::function<void()> showProgress)
+    : m_process(std::make_unique<ChildProcess>(options.hasLowPriority))
+    , m_showProgress(std::move(showProgress))
+{
+    keepOutputFromChildren();
+    m_process->startWithParent(programFile(), argumentsOf(options));
+}
+
+Child::~Child()
+{
+    m_process->kill();
+    if (m_process->state() != QProcess::NotRunning && !m_process->waitForFinished(timeToEnd))
+        m_process.release(); // the destructor would wait for it
+    else
+        passOnErrors();
+}
+
+std::optional<Frame> Child::next(QDeadlineTimer deadline)
+{
+    Frame frame;
+    for (;;) {
+        m_reader.add(m_process->readAllStandardOutput());
+        passOnErrors();
+        switch (m_reader.take(frame)) {
+        case FrameReader::Next::Frame:
+            return frame;
+        case FrameReader::Next::Invalid:
+            m_failure.reason = FailureReason::Crashed;
+            m_failure.code = QStringLiteral("invalid data");
+            return std::nullopt;
+        case FrameReader::Next::Incomplete:
+            break;
+        }
+        if (m_process->state() == QProcess::NotRunning && m_process->bytesAvailable() == 0) {
+            noteEnd();
+            return std::nullopt;
+        }
+        if (deadline.hasExpired()) {
+            m_failure.reason = FailureReason::TimedOut;
+            return std::nullopt;
+        }
+        m_process->waitForReadyRead(waitingTime(deadline));
+        m_showProgress();
+    }
+}
+
+void Child::passOnErrors()
+{
+    const QByteArray errors = m_process->readAllStandardError();
+    if (!errors.isEmpty())
+        tell(QString::fromLocal8Bit(errors));
+}
+
+void Child::noteEnd()
+{
+    if (m_process->error() == QProcess::FailedToStart) {
+        m_failure.reason = FailureReason::NotStarted;
+    } else if (m_process->exitStatus() == QProcess::CrashExit) {
+        m_failure.reason = FailureReason::Crashed;
+        m_failure.code = crashName(m_process->exitCode());
+    } else {
+        m_failure.reason = FailureReason::Exited;
+        m_failure.code = QString::number(m_process->exitCode());
+    }
+}

@@ -1,0 +1,47 @@
+// A child of this process that makes parts of a report.
+#pragma once
+
+#include "child/frames.h"
+#include "failure.h"
+
+#include <QtCore/QDeadlineTimer>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QStringList>
+#include <functional>
+#include <memory>
+#include <optional>
+
+class ChildProcess;
+
+struct ChildOptions
+{
+    QString module;
+    QString platform; ///< Qt's platform plug-in; empty for the default
+    QStringList parts;
+    bool hasLowPriority = false;
+};
+
+class Child
+{
+public:
+    /// \a showProgress is called several times a second while a text is waited for.
+    Child(const ChildOptions &options, std::function<void()> showProgress);
+    /// Ends the child.
+    ~Child();
+    Child(const Child &) = delete;
+    Child &operator=(const Child &) = delete;
+
+    /// The next frame. Returns nothing if the child ended or \a deadline passed.
+    std::optional<Frame> next(QDeadlineTimer deadline);
+    /// Why there was no frame, without the time.
+    Failure failure() const { return m_failure; }
+
+private:
+    void passOnErrors();
+    void noteEnd();
+
+    std::unique_ptr<ChildProcess> m_process;
+    std::function<void()> m_showProgress;
+    FrameReader m_reader;
+    Failure m_failure;
+};

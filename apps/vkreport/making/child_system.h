@@ -1,0 +1,40 @@
+// What a child process needs from the system. One file for each platform.
+#pragma once
+
+#include <QtCore/QProcess>
+#include <QtCore/QString>
+
+/// A process that ends with its parent.
+class ChildProcess : public QProcess
+{
+public:
+    explicit ChildProcess(bool hasLowPriority);
+    ~ChildProcess() override;
+    ChildProcess(const ChildProcess &) = delete;
+    ChildProcess &operator=(const ChildProcess &) = delete;
+
+    /// Starts \a program. Must be called on the main thread: on Linux the child ends with the thread.
+    bool startWithParent(const QString &program, const QStringList &arguments);
+
+protected:
+#ifdef Q_OS_UNIX
+    void setupChildProcess() override;
+#endif
+
+private:
+    bool m_hasLowPriority;
+    qint64 m_parent; ///< Linux: process id
+    void *m_job = nullptr; ///< Windows: ends the child when its handle is closed
+};
+
+/// The name of what ended a process that crashed: a signal, or an exception.
+QString crashName(int exitCode);
+
+/// Whether QApplication can be expected to find a display.
+bool hasDisplay();
+
+/// Whether Windows calls are answered by this machine, or by the one that VKSYSTEMINFO_MACHINE describes. False if there is none.
+bool hasMachine();
+
+/// Children that cannot be ended do not keep the standard output and error of this process open.
+void keepOutputFromChildren();

@@ -1,0 +1,125 @@
+#include "part_runner.h"
+
+#include "child_system.h"
+#include "part_names.h"
+#include "program_output.h"
+
+#include <algorithm>
+
+namespace {
+
+/// A part may take at most 1/n of the time that remains, so that there is time for those after it.
+constexpr int partsThatCanHang = 3;
+constexpr qint64 shortestTime = 200; // milliseconds, for a part
+
+qint64 milliseconds(QDeadlineTimer deadline)
+{
+    return deadline.remainingTime();
+}
+
+QDeadlineTimer shareOf(QDeadlineTimer deadline, int shares)
+{
+    if (deadline.isForever())
+        return deadline;
+    const qint64 remaining = milliseconds(deadline);
+    return QDeadlineTimer(std::min(remaining, std::max(remaining / shares, shortestTime)));
+}
+
+void addMissing(MadeParts &made, const QStringList &parts, const Failure &failure)
+{
+    for (const QString &part : parts)
+        made.missing.push_back({part, failure});
+}
+
+} // namespace
+
+/// A child that did not make all of its parts.
+struct PartRunner::StoppedChild
+{
+    QString step; ///< what it did last: a part, PartName::application, or nothing if it had not begun
+    Failure failure;
+};
+
+PartRunner::PartRunner(Progress &progress, bool hasLowPriority)
+    : m_progress(progress)
+    , m_hasLowPriority(hasLowPriority)
+{
+}
+
+MadeParts PartRunner::run(const char *module, const QStringList &parts, QDeadlineTimer deadline)
+{
+    MadeParts made;
+    QStringList rest = parts;
+    while (!rest.isEmpty()) {
+        prepare();
+        if (deadline.hasExpired()) {
+            addMissing(made, rest, {});
+            break;
+        }
+        Child child({QLatin1String(module), m_platform, rest, m_hasLowPriority}, [this] { m_progress.show(); });
+        const auto stopped = follow(child, rest, deadline, made);
+        if (!stopped)
+            break;
+        if (rest.contains(stopped->step)) {
+            addMissing(made, {rest.takeFirst()}, stopped->failure);
+        } else if (stopped->step == QLatin1String(PartName::application) && m_platform.isEmpty()) {
+            useMinimalPlatform();
+        } else {
+            addMissing(made, rest, stopped->failure); // the same would happen to them
+            break;
+        }
+    }
+    return made;
+}
+
+/// Takes the texts of \a child and removes their names from \a parts, until it has no more parts or stops.
+std::optional<PartRunner::StoppedChild> PartRunner::follow(Child &child, QStringList &parts, QDeadlineTimer deadline, MadeParts &made)
+{
+    StoppedChild stopped;
+    QElapsedTimer time;
+    time.start();
+    QDeadlineTimer end = shareOf(deadline, 2);
+    while (!parts.isEmpty()) {
+        const auto frame = child.next(end);
+        if (!frame) {
+            m_progress.erase();
+            stopped.failure = child.failure();
+            stopped.failure.milliseconds = time.elapsed();
+            return stopped;
+        }
+        if (frame->name == FrameName::begin) {
+            stopped.step = QString::fromUtf8(frame->content);
+            m_progress.setWork(stopped.step);
+            time.restart();
+            const bool isApplication = stopped.step == QLatin1String(PartName::application);
+            end = shareOf(deadline, isApplication ? 2 : std::min(partsThatCanHang, parts.size()));
+        } else if (frame->name == FrameName::text && stopped.step == parts.constFirst()) {
+            made.texts[parts.takeFirst()] = frame->content;
+        }
+    }
+    return std::nullopt;
+}
+
+/// Says once, before the first child, what the user should know.
+void PartRunner::prepare()
+{
+    if (m_isPrepared)
+        return;
+    m_isPrepared = true;
+    if (!hasMachine())
+        say(QStringLiteral("no machine is described, so every Windows call fails: set VKSYSTEMINFO_MACHINE to the folder of one"));
+    if (!hasDisplay())
+        useMinimalPlatform();
+}
+
+void PartRunner::useMinimalPlatform()
+{
+    m_platform = QStringLiteral("minimal");
+    say(QStringLiteral("no display: Qt's platform \"minimal\" is used; screens and OpenGL are not those of this machine"));
+}
+
+void PartRunner::say(const QString &message)
+{
+    m_progress.erase();
+    complain(message);
+}

@@ -1,0 +1,164 @@
+#include "report_maker.h"
+
+#include "assembly.h"
+#include "child/child_main.h"
+#include "part_names.h"
+#include "part_runner.h"
+#include "requested_parts.h"
+
+#include <algorithm>
+
+using namespace velkor;
+
+namespace {
+
+enum class Condition {
+    Always,
+    OpenGLWasAskedFor,
+};
+
+/// A way to make the whole report. They are tried in this order.
+struct Rung
+{
+    const char *module;
+    const char *part;    ///< null: the sections one by one
+    const char *subject; ///< for people
+    double end;          ///< share of the time limit at which it is given up
+    Condition condition;
+};
+
+constexpr Rung ladder[] = {
+    {ModuleName::library, PartName::wholeReport, "the whole report", 0.6, Condition::OpenGLWasAskedFor},
+    {ModuleName::library, PartName::withoutOpenGL, "the report without OpenGL", 0.75, Condition::Always},
+    {ModuleName::sections, nullptr, "section after section", 1.0, Condition::Always},
+};
+
+class Maker
+{
+public:
+    explicit Maker(const Options &options);
+
+    MadeText wholeReport();
+    MadeText windowsSections();
+    MadeText parts();
+
+private:
+    QDeadlineTimer deadline(double share) const;
+    bool tryReport(const Rung &rung, MadeText &made);
+    void takeSections(const QStringList &names, MadeText &made);
+
+    const Options &m_options;
+    QElapsedTimer m_time;
+    Progress m_progress;
+    PartRunner m_runner;
+};
+
+Maker::Maker(const Options &options)
+    : m_options(options)
+    , m_progress(options.timeLimit)
+    , m_runner(m_progress, options.lowPriority)
+{
+    m_time.start();
+}
+
+QDeadlineTimer Maker::deadline(double share) const
+{
+    if (m_options.timeLimit == 0)
+        return QDeadlineTimer(QDeadlineTimer::Forever);
+    return QDeadlineTimer(std::max<qint64>(qint64(1000 * share * m_options.timeLimit) - m_time.elapsed(), 0));
+}
+
+MadeText Maker::wholeReport()
+{
+    MadeText made;
+    for (const Rung &rung : ladder) {
+        if (rung.condition == Condition::OpenGLWasAskedFor && m_options.noOpenGL)
+            continue;
+        if (!rung.part)
+            takeSections(sectionNames(m_options.noOpenGL), made);
+        else if (tryReport(rung, made))
+            break;
+    }
+    return made;
+}
+
+/// Returns whether the rung made the report. If OpenGL was asked for and is missing, the attempt before this one says why.
+bool Maker::tryReport(const Rung &rung, MadeText &made)
+{
+    QElapsedTimer time;
+    time.start();
+    const QString part = QLatin1String(rung.part);
+    QStringList parts {part};
+    if (m_options.timings)
+        parts += QLatin1String(PartName::timings);
+    const bool isFirst = made.incompleteness.attempts.empty();
+    // without OpenGL there is one rung less
+    MadeParts run = m_runner.run(rung.module, parts, deadline(m_options.noOpenGL ? ladder[0].end : rung.end));
+    if (run.texts.count(part) == 0) {
+        Failure failure = run.missing.front().failure;
+        failure.milliseconds = time.elapsed();
+        made.incompleteness.attempts.push_back({part, QLatin1String(isFirst ? "the whole report" : rung.subject), failure});
+        return false;
+    }
+    made.text = run.texts[part];
+    made.timings = QString::fromUtf8(run.texts[QLatin1String(PartName::timings)]);
+    if (!isFirst)
+        made.incompleteness.missing.push_back({sectionNames(false).constLast(), made.incompleteness.attempts.back().failure});
+    made.incompleteness.missing.insert(made.incompleteness.missing.end(), run.missing.begin(), run.missing.end());
+    return true;
+}
+
+void Maker::takeSections(const QStringList &names, MadeText &made)
+{
+    const MadeParts run = m_runner.run(ModuleName::sections, names, deadline(1));
+    if (!run.texts.empty())
+        made.text = assembledReport(run.texts);
+    made.incompleteness.missing = run.missing;
+}
+
+MadeText Maker::windowsSections()
+{
+    MadeText made;
+    QStringList names;
+    for (const int section : m_options.write.sections)
+        names += QString::fromUtf8(Reports::sectionRows()[std::size_t(section)].name);
+    takeSections(names, made);
+    return made;
+}
+
+MadeText Maker::parts()
+{
+    const QStringList texts = requestedParts(m_options);
+    QStringList names = texts;
+    if (m_options.timings)
+        names += QLatin1String(PartName::timings);
+    MadeText made;
+    QByteArray text = listedSections(m_options);
+    MadeParts run = m_runner.run(ModuleName::library, names, deadline(1));
+    for (const QString &name : texts)
+        text += run.texts[name];
+    made.timings = QString::fromUtf8(run.texts[QLatin1String(PartName::timings)]);
+    made.incompleteness.missing = std::move(run.missing);
+    if (made.incompleteness.missing.size() < std::size_t(names.size()) || m_options.listSections)
+        made.text = text;
+    return made;
+}
+
+/// Whether only sections of the Windows half are read. Redaction reads the whole report for names.
+bool needsOnlyWindowsSections(const Options &options)
+{
+    const std::vector<int> &sections = options.write.sections;
+    return !options.redact && !sections.empty() && std::all_of(sections.begin(), sections.end(), [](int section) {
+        return Reports::sectionRows()[std::size_t(section)].half == Reports::Half::Windows;
+    });
+}
+
+} // namespace
+
+MadeText makeText(const Options &options)
+{
+    Maker maker(options);
+    if (needsOnlyWindowsSections(options))
+        return maker.windowsSections();
+    return requestsSingleParts(options) ? maker.parts() : maker.wholeReport();
+}

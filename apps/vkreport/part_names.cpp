@@ -1,0 +1,8 @@
+#include "part_names.h"
+
+QStringList exportedSectionNames()
+{
+#define NAME(function) QStringLiteral(#function),
+    return {EXPORTED_SECTIONS(NAME)};
+#undef NAME
+}
