@@ -163,7 +163,9 @@ FARPROC GetProcAddress(HMODULE module, LPCSTR name)
 {
     BegunCall begun("GetProcAddress");
     const quintptr number = reinterpret_cast<quintptr>(module);
-    const Handle *library = module == kernel32 ? nullptr : handles().find(number, HandleKind::Library, "GetProcAddress");
+    const Handle *library = nullptr;
+    if (module != kernel32)
+        library = handles().find(number, HandleKind::Library, "GetProcAddress");
     CallScope scope(begun, {library ? library->openedFor : QString(), QString::fromLatin1(name)});
     const machine::SystemAnswers &system = machineInUse().system;
     FARPROC function = nullptr;

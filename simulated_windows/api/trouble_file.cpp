@@ -15,6 +15,12 @@ bool isDigit(char c)
     return c >= '0' && c <= '9';
 }
 
+/// Unlike QString::fromUtf8(QByteArray), does not stop at a null byte.
+QString fromUtf8(const QByteArray &text)
+{
+    return QString::fromUtf8(text.constData(), text.size());
+}
+
 /// A decimal number of digits only, up to \a largest.
 std::optional<quint32> readNumber(const QByteArray &text, quint32 largest)
 {
@@ -47,7 +53,8 @@ std::optional<TroubleKind> readKind(const QByteArray &text)
 
 bool isCallName(const QByteArray &text)
 {
-    const auto isNamePart = [](char c) { return isDigit(c) || c == '_' || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
+    const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
+    const auto isNamePart = [&](char c) { return isDigit(c) || isLetter(c) || c == '_'; };
     return !text.isEmpty() && std::all_of(text.begin(), text.end(), isNamePart);
 }
 
@@ -62,7 +69,7 @@ std::optional<QByteArray> field(const QList<QByteArray> &fields, int number)
 std::optional<QString> textField(const QList<QByteArray> &fields, int number)
 {
     const auto bytes = field(fields, number);
-    return bytes ? std::optional(QString::fromUtf8(*bytes)) : std::nullopt;
+    return bytes ? std::optional(fromUtf8(*bytes)) : std::nullopt;
 }
 
 /// Returns no line, and sets \a problem, if \a text cannot be read.
@@ -74,7 +81,7 @@ std::optional<TroubleLine> readLine(const QByteArray &text, QString &problem)
     };
     if (text.size() > longestLine)
         return refuse(QStringLiteral("longer than %1 bytes").arg(longestLine));
-    if (QString::fromUtf8(text).toUtf8() != text)
+    if (fromUtf8(text).toUtf8() != text)
         return refuse(QStringLiteral("not UTF-8, or with a byte-order mark"));
     const QList<QByteArray> fields = text.split('\t');
     if (fields.size() < 2)
