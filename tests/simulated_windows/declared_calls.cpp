@@ -23,7 +23,7 @@ QString declarations(const QString &header)
 
 QStringList declaredCalls()
 {
-    static const QRegularExpression declaration(QRegularExpression::anchoredPattern(QStringLiteral("[\\w\\s*]+?(\\w+)\\([^()]*\\)")));
+    static const QRegularExpression declaration(QStringLiteral("\\A[\\w\\s*]+?(\\w+)\\([^()]*\\)\\z"));
     const QDir folder(QStringLiteral(SIMULATED_HEADERS_DIR));
     QStringList result;
     for (const QString &name : folder.entryList(QDir::Files)) {

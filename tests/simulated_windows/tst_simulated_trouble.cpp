@@ -185,21 +185,26 @@ void troubleOfEveryDeclaredCall()
             PoisonedBuffer buffer(sizeof during);
             observed = &buffer;
             hasCopied = false;
-            char before[sizeof during];
             simulated::setBeforeCall([&](std::size_t, const QByteArray &begun) {
                 if (begun != name)
                     return;
-                std::memcpy(before, buffer.bytes(), sizeof before);
                 const itimerval soon = {{0, 0}, {0, 2000}}; // microseconds
                 setitimer(ITIMER_REAL, &soon, nullptr);
             });
             const auto previous = std::signal(SIGALRM, copyBuffer);
             const Trouble trouble = Trouble::everyCall(name, TroubleKind::sleep(20));
             call->make(buffer);
+            const itimerval never = {};
+            setitimer(ITIMER_REAL, &never, nullptr);
             std::signal(SIGALRM, previous);
             QVERIFY(trouble.hits() > 0);
             QVERIFY(hasCopied);
-            QVERIFY2(std::memcmp(before, during, sizeof before) == 0, "the call wrote something before");
+            PoisonedBuffer untouched(sizeof during);
+            // The caller sets the first member of these records.
+            const QByteArrayList sized = {"GetVersionExA", "GetVersionExW", "GlobalMemoryStatusEx"};
+            const std::size_t start = sized.contains(name) ? sizeof(DWORD) : 0;
+            QVERIFY2(std::memcmp(during + start, untouched.bytes() + start, sizeof during - start) == 0,
+                     "the call wrote something before");
         });
     };
     QStringList names = declaredCalls();
@@ -282,7 +287,8 @@ void numberedCall()
 {
     const auto row = [](const QString &name, std::size_t number, const QByteArray &expected) {
         addTestRow(name, [=] {
-            QCOMPARE(endOfCalls("qcqcqc", [&] { return Trouble::nthCall("RegQueryValueExA", number, exit7); }), expected);
+            const auto nth = [&] { return Trouble::nthCall("RegQueryValueExA", number, exit7); };
+            QCOMPARE(endOfCalls("qcqcqc", nth), expected);
         });
     };
     row("the first", 0, "exit code 7");
@@ -398,7 +404,9 @@ void callAlsoHasAFault()
 void patterns()
 {
     const auto row = [](const QString &name, const CallPattern &calls, const QByteArray &expected) {
-        addTestRow(name, [=] { QCOMPARE(endOfCalls("coqn", [&] { return Trouble::everyCall(calls, exit7); }), expected); });
+        addTestRow(name, [=] {
+            QCOMPARE(endOfCalls("coqn", [&] { return Trouble::everyCall(calls, exit7); }), expected);
+        });
     };
     const QString root = QStringLiteral("HKEY_LOCAL_MACHINE");
     const QString key = QStringLiteral("HKEY_LOCAL_MACHINE\\K");

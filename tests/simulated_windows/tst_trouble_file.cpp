@@ -79,10 +79,12 @@ void goodLines()
     row("any key, a value", "crash\tRegQueryValueExA\t*\tV\n", {"crash: RegQueryValueExA, any, <V>"});
     row("an empty field is empty", "crash\tRegQueryValueExA\tHKEY_USERS\t\ncrash\tRegCloseKey\t\n",
         {"crash: RegQueryValueExA, <HKEY_USERS>, <>", "crash: RegCloseKey, <>, any"});
-    row("a null byte", QByteArray("crash\t*\tA\0B\n", 12), {"crash: any, <" + QString(QLatin1String("A\0B", 3)) + ">, any"});
+    row("a null byte", QByteArray("crash\t*\tA\0B\n", 12),
+        {"crash: any, <" + QString(QLatin1String("A\0B", 3)) + ">, any"});
     row("an asterisk in a longer field", "crash\t*\tA*\t**\n", {"crash: any, <A*>, <**>"});
     row("digits and underscores", "crash\t_localtime32_s\n", {"crash: _localtime32_s, any, any"});
-    row("letters beyond ASCII", "crash\t*\tJ\u00f6rn\t\u65e5\n", {QString::fromUtf8("crash: any, <J\u00f6rn>, <\u65e5>")});
+    row("letters beyond ASCII", "crash\t*\tJ\u00f6rn\t\u65e5\n",
+        {QString::fromUtf8("crash: any, <J\u00f6rn>, <\u65e5>")});
     row("order is kept", "hang\tB\ncrash\tA\n", {"hang: B, any, any", "crash: A, any, any"});
     row("comments and empty lines", "# crash\tA\n\n#\nhang\tB\n\n", {"hang: B, any, any"});
     row("a comment may be long and any bytes", "#" + QByteArray(5000, '\xff') + "\nhang\tB\n", {"hang: B, any, any"});
@@ -160,7 +162,9 @@ void everyBadLineIsTold()
 {
     QStringList problems;
     QCOMPARE(read("crash\n\nboom\tA\nhang\tB\ncrash\t\n", problems), QStringList({"hang: B, any, any"}));
-    QCOMPARE(problems, QStringList({"1: the call is missing", "3: unknown kind of trouble", "5: the second field is not the name of a call"}));
+    const QStringList expected = {"1: the call is missing", "3: unknown kind of trouble",
+                                  "5: the second field is not the name of a call"};
+    QCOMPARE(problems, expected);
 }
 
 /// A process that leaves no core dump.
@@ -241,7 +245,8 @@ void troubleOfAProcess()
     row("exit", "exit=7\tGetUserNameW\n", "exit code 7", "", "");
     row("any call", "exit=7\t*\n", "exit code 7", "", "");
     row("empty key and value", "exit=7\tGetUserNameW\t\t\n", "exit code 7", "", "");
-    row("the first line that matches", "exit=6\tGetVersionExA\nexit=7\tGetUserNameW\nexit=8\t*\n", "exit code 7", "", "");
+    row("the first line that matches", "exit=6\tGetVersionExA\nexit=7\tGetUserNameW\nexit=8\t*\n", "exit code 7", "",
+        "");
     row("a line that cannot be read", "boom\t*\nexit=7\t*\nexit\t*\n", "exit code 7", "",
         "trouble:1: unknown kind of trouble\ntrouble:3: unknown kind of trouble\n");
     const QByteArray large = "exit=7\t*\n#" + QByteArray(1024 * 1024 - 10, ' ');
