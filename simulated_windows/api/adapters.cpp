@@ -56,7 +56,7 @@ using namespace simulated;
 
 DWORD GetAdaptersInfo(PIP_ADAPTER_INFO adapters, ULONG *size)
 {
-    CallScope scope("GetAdaptersInfo");
+    CallScope scope("GetAdaptersInfo", {});
     scope.call.sizeIn = scope.call.sizeOut = *size;
     const auto &records = machineInUse().system.GetAdaptersInfo;
     if (scope.fault())

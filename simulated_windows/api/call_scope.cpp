@@ -1,30 +1,28 @@
 #include "call_scope.h"
 
+#include "armed_effects.h"
 #include "handle_table.h"
+#include "trouble.h"
+#include "trouble_file.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace simulated {
 namespace {
 
-struct ArmedFault
+struct Failure
 {
-    int id;
-    QByteArray name; // empty: any
-    std::optional<std::size_t> number;
     quint32 error;
     BeforeFailing before;
-    std::size_t seen = 0;
-    std::size_t hits = 0;
 };
 
 struct State
 {
     std::vector<Call> journal;
-    std::vector<ArmedFault> faults;
+    ArmedEffects<Failure> faults;
+    ArmedEffects<TroubleKind> troubles;
     std::function<void(std::size_t, const QByteArray &)> beforeCall;
     std::size_t calls = 0;
-    int lastFaultId = 0;
     UINT errorMode = 0;
     bool recording = false;
 };
@@ -37,39 +35,46 @@ State &state()
 
 thread_local DWORD lastError = ERROR_SUCCESS;
 
-/// Counts the call for each fault and returns the first that applies to it, or null.
-const ArmedFault *faultFor(const QByteArray &name)
+/// Read at the first call of the process.
+ArmedEffects<TroubleKind> &troublesOfEnvironment()
 {
-    const ArmedFault *result = nullptr;
-    for (ArmedFault &fault : state().faults) {
-        if (!fault.name.isEmpty() && fault.name != name)
-            continue;
-        const std::size_t number = fault.seen++;
-        if (result || (fault.number && *fault.number != number))
-            continue;
-        ++fault.hits;
-        result = &fault;
-    }
-    return result;
+    static ArmedEffects<TroubleKind> theTroubles = [] {
+        ArmedEffects<TroubleKind> result;
+        for (const TroubleLine &line : troubleLinesOfEnvironment())
+            result.add(line.calls, std::nullopt, line.kind);
+        return result;
+    }();
+    return theTroubles;
 }
 
-int arm(const QByteArray &name, std::optional<std::size_t> number, quint32 error, BeforeFailing before)
+void applyTrouble(const Call &call)
 {
-    const int id = ++state().lastFaultId;
-    state().faults.push_back({id, name, number, error, before});
-    return id;
+    const std::optional<TroubleKind> armed = state().troubles.apply(call);
+    const std::optional<TroubleKind> ofEnvironment = troublesOfEnvironment().apply(call);
+    if (armed)
+        happen(*armed);
+    else if (ofEnvironment)
+        happen(*ofEnvironment);
 }
 
 } // namespace
 
-CallScope::CallScope(const char *name)
+BegunCall::BegunCall(const char *name)
+    : m_name(name)
 {
-    call.name = name;
     const std::size_t number = state().calls++;
     if (state().beforeCall)
-        state().beforeCall(number, call.name);
-    if (const ArmedFault *fault = faultFor(call.name))
-        (fault->before == BeforeFailing::Nothing ? m_fault : m_lateFault) = fault->error;
+        state().beforeCall(number, m_name);
+}
+
+CallScope::CallScope(const BegunCall &begun, CallObject object)
+{
+    call.name = begun.name();
+    call.key = std::move(object.key);
+    call.value = std::move(object.value);
+    if (const auto failure = state().faults.apply(call))
+        (failure->before == BeforeFailing::Nothing ? m_fault : m_lateFault) = failure->error;
+    applyTrouble(call);
 }
 
 CallScope::~CallScope()
@@ -101,7 +106,6 @@ UINT &errorMode()
 void reset()
 {
     State fresh;
-    fresh.lastFaultId = state().lastFaultId;
     fresh.recording = true;
     state() = std::move(fresh);
     handles().clear();
@@ -130,39 +134,67 @@ void setBeforeCall(std::function<void(std::size_t, const QByteArray &)> hook)
 
 Fault Fault::everyCall(const QByteArray &name, quint32 error, BeforeFailing before)
 {
-    return Fault(arm(name, std::nullopt, error, before));
+    return Fault(state().faults.add({name}, std::nullopt, {error, before}));
 }
 
 Fault Fault::nthCall(const QByteArray &name, std::size_t number, quint32 error, BeforeFailing before)
 {
-    return Fault(arm(name, number, error, before));
+    return Fault(state().faults.add({name}, number, {error, before}));
 }
 
 Fault Fault::nthOfAll(std::size_t number, quint32 error, BeforeFailing before)
 {
-    return Fault(arm(QByteArray(), number, error, before));
+    return Fault(state().faults.add({}, number, {error, before}));
 }
 
 Fault::Fault(Fault &&other) noexcept
-    : m_id(other.m_id)
+    : m_id(std::exchange(other.m_id, 0))
 {
-    other.m_id = 0;
 }
 
 Fault::~Fault()
 {
-    auto &faults = state().faults;
-    faults.erase(std::remove_if(faults.begin(), faults.end(), [&](const ArmedFault &fault) { return fault.id == m_id; }),
-                 faults.end());
+    state().faults.remove(m_id);
 }
 
 std::size_t Fault::hits() const
 {
-    for (const ArmedFault &fault : state().faults) {
-        if (fault.id == m_id)
-            return fault.hits;
-    }
-    return 0;
+    return state().faults.hits(m_id);
+}
+
+Trouble Trouble::everyCall(const QByteArray &name, TroubleKind kind)
+{
+    return everyCall(CallPattern {name}, kind);
+}
+
+Trouble Trouble::everyCall(const CallPattern &calls, TroubleKind kind)
+{
+    return Trouble(state().troubles.add(calls, std::nullopt, kind));
+}
+
+Trouble Trouble::nthCall(const QByteArray &name, std::size_t number, TroubleKind kind)
+{
+    return Trouble(state().troubles.add({name}, number, kind));
+}
+
+Trouble Trouble::nthOfAll(std::size_t number, TroubleKind kind)
+{
+    return Trouble(state().troubles.add({}, number, kind));
+}
+
+Trouble::Trouble(Trouble &&other) noexcept
+    : m_id(std::exchange(other.m_id, 0))
+{
+}
+
+Trouble::~Trouble()
+{
+    state().troubles.remove(m_id);
+}
+
+std::size_t Trouble::hits() const
+{
+    return state().troubles.hits(m_id);
 }
 
 } // namespace simulated

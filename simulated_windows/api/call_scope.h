@@ -1,4 +1,4 @@
-// Counts a simulated call, applies faults to it and records it.
+// Counts a simulated call, applies faults and trouble to it and records it.
 #pragma once
 
 #include "simulated_windows.h"
@@ -7,15 +7,40 @@
 
 namespace simulated {
 
+/// The key and the value that the journal records for a call.
+struct CallObject
+{
+    QString key;
+    QString value;
+};
+
+/// Counts a call and runs the function of setBeforeCall(). This function may change the machine,
+/// so a call whose object depends on the machine begins before it determines the object.
+class BegunCall
+{
+public:
+    explicit BegunCall(const char *name);
+    BegunCall(const BegunCall &) = delete;
+    BegunCall &operator=(const BegunCall &) = delete;
+
+    const QByteArray &name() const { return m_name; }
+
+private:
+    QByteArray m_name;
+};
+
+/// Faults and trouble apply when the scope begins, so it needs the object. The call does nothing
+/// before.
 class CallScope
 {
 public:
-    explicit CallScope(const char *name);
+    CallScope(const BegunCall &begun, CallObject object);
+    CallScope(const char *name, CallObject object) : CallScope(BegunCall(name), std::move(object)) { }
     ~CallScope();
     CallScope(const CallScope &) = delete;
     CallScope &operator=(const CallScope &) = delete;
 
-    /// The journal entry of this call.
+    /// The journal entry of this call. Name, key and value stay as they are.
     Call call;
 
     /// The error of a fault. The call must return it before it does anything.

@@ -10,7 +10,7 @@ namespace {
 
 UINT copyDirectory(const char *callName, const machine::Answer<QString> &path, LPWSTR buffer, UINT size)
 {
-    CallScope scope(callName);
+    CallScope scope(callName, {});
     scope.call.sizeIn = scope.call.sizeOut = size;
     if (scope.fault())
         return UINT(scope.failure(*scope.fault()));
@@ -62,8 +62,7 @@ UINT GetSystemWow64DirectoryW(LPWSTR buffer, UINT size)
 
 DWORD ExpandEnvironmentStringsW(LPCWSTR source, LPWSTR buffer, DWORD size)
 {
-    CallScope scope("ExpandEnvironmentStringsW");
-    scope.call.value = fromWide(source);
+    CallScope scope("ExpandEnvironmentStringsW", {{}, fromWide(source)});
     scope.call.sizeIn = scope.call.sizeOut = size;
     if (scope.fault())
         return DWORD(scope.failure(*scope.fault()));
@@ -80,10 +79,9 @@ DWORD ExpandEnvironmentStringsW(LPCWSTR source, LPWSTR buffer, DWORD size)
 
 BOOL SHGetSpecialFolderPathW(HWND owner, LPWSTR path, int folder, BOOL create)
 {
-    CallScope scope("SHGetSpecialFolderPathW");
+    CallScope scope("SHGetSpecialFolderPathW", {{}, QString::number(folder)});
     if (owner)
         scope.call.given += QStringLiteral("owner");
-    scope.call.value = QString::number(folder);
     scope.call.access = quint32(create);
     if (scope.fault())
         return scope.failure(*scope.fault());
@@ -97,7 +95,6 @@ BOOL SHGetSpecialFolderPathW(HWND owner, LPWSTR path, int folder, BOOL create)
 // Only %c is implemented.
 int wsprintfW(LPWSTR buffer, LPCWSTR format, ...)
 {
-    CallScope scope("wsprintfW");
     va_list arguments;
     va_start(arguments, format);
     QString text;
@@ -111,7 +108,7 @@ int wsprintfW(LPWSTR buffer, LPCWSTR format, ...)
         }
     }
     va_end(arguments);
+    CallScope scope("wsprintfW", {{}, text});
     copyWide(text, buffer);
-    scope.call.value = text;
     return scope.success(text.size());
 }

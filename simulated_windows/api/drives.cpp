@@ -22,8 +22,7 @@ using namespace simulated;
 
 UINT SetErrorMode(UINT mode)
 {
-    CallScope scope("SetErrorMode");
-    scope.call.value = QString::number(mode);
+    CallScope scope("SetErrorMode", {{}, QString::number(mode)});
     const UINT previous = errorMode();
     errorMode() = mode;
     return scope.success(previous);
@@ -31,7 +30,7 @@ UINT SetErrorMode(UINT mode)
 
 DWORD GetLogicalDrives()
 {
-    CallScope scope("GetLogicalDrives");
+    CallScope scope("GetLogicalDrives", {});
     const auto &drives = machineInUse().system.GetLogicalDrives;
     if (scope.fault())
         return DWORD(scope.failure(*scope.fault()));
@@ -44,8 +43,7 @@ DWORD GetLogicalDrives()
 
 UINT GetDriveTypeW(LPCWSTR root)
 {
-    CallScope scope("GetDriveTypeW");
-    scope.call.key = fromWide(root);
+    CallScope scope("GetDriveTypeW", {fromWide(root), {}});
     if (scope.fault())
         return DRIVE_UNKNOWN;
     return scope.success(drive(scope.call.key).GetDriveType.value.value_or(DRIVE_UNKNOWN));
@@ -55,12 +53,10 @@ BOOL GetVolumeInformationW(LPCWSTR root, LPWSTR volumeName, DWORD volumeNameSize
                            LPDWORD maximumComponentLength, LPDWORD flags, LPWSTR fileSystemName,
                            DWORD fileSystemNameSize)
 {
-    CallScope scope("GetVolumeInformationW");
+    CallScope scope("GetVolumeInformationW", {fromWide(root), QString::number(fileSystemNameSize)});
     note(scope.call, "serialNumber", serialNumber);
     note(scope.call, "maximumComponentLength", maximumComponentLength);
     note(scope.call, "flags", flags);
-    scope.call.key = fromWide(root);
-    scope.call.value = QString::number(fileSystemNameSize);
     scope.call.sizeIn = scope.call.sizeOut = volumeNameSize;
     if (scope.fault())
         return scope.failure(*scope.fault());
@@ -76,9 +72,8 @@ BOOL GetVolumeInformationW(LPCWSTR root, LPWSTR volumeName, DWORD volumeNameSize
 
 BOOL GetDiskFreeSpaceExW(LPCWSTR root, PULARGE_INTEGER freeToCaller, PULARGE_INTEGER total, PULARGE_INTEGER totalFree)
 {
-    CallScope scope("GetDiskFreeSpaceExW");
+    CallScope scope("GetDiskFreeSpaceExW", {fromWide(root), {}});
     note(scope.call, "totalFree", totalFree);
-    scope.call.key = fromWide(root);
     if (scope.fault())
         return scope.failure(*scope.fault());
     const auto space = drive(scope.call.key).GetDiskFreeSpaceEx;

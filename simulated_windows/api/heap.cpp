@@ -11,7 +11,7 @@ HANDLE GetProcessHeap()
 
 LPVOID HeapAlloc(HANDLE, DWORD flags, SIZE_T bytes)
 {
-    CallScope scope("HeapAlloc");
+    CallScope scope("HeapAlloc", {});
     scope.call.access = flags;
     scope.call.sizeIn = scope.call.sizeOut = bytes;
     if (scope.anyFault())
@@ -22,7 +22,7 @@ LPVOID HeapAlloc(HANDLE, DWORD flags, SIZE_T bytes)
 
 BOOL HeapFree(HANDLE, DWORD flags, LPVOID memory)
 {
-    CallScope scope("HeapFree");
+    CallScope scope("HeapFree", {});
     scope.call.access = flags;
     std::free(memory); // also freed if the call fails
     if (scope.anyFault())

@@ -23,8 +23,8 @@ FARPROC asFunction(Function function)
 
 BOOL WINAPI getProductInfo(DWORD major, DWORD minor, DWORD servicePackMajor, DWORD servicePackMinor, PDWORD type)
 {
-    CallScope scope("GetProductInfo");
-    scope.call.value = QStringLiteral("%1.%2.%3.%4").arg(major).arg(minor).arg(servicePackMajor).arg(servicePackMinor);
+    const QString version = QStringLiteral("%1.%2.%3.%4");
+    CallScope scope("GetProductInfo", {{}, version.arg(major).arg(minor).arg(servicePackMajor).arg(servicePackMinor)});
     const auto &product = machineInUse().system.GetProductInfo;
     if (scope.fault())
         return scope.failure(*scope.fault());
@@ -55,8 +55,7 @@ Place freePlace()
 template <std::size_t place>
 qint32 WINAPI dnsServiceGetProperty(const char *property, void *result, DWORD *size)
 {
-    CallScope scope("DNSServiceGetProperty");
-    scope.call.value = QString::fromLatin1(property);
+    CallScope scope("DNSServiceGetProperty", {{}, QString::fromLatin1(property)});
     scope.call.sizeIn = scope.call.sizeOut = *size;
     const machine::DnsServiceRecord &service = services[place];
     if (scope.fault())
@@ -87,7 +86,7 @@ HANDLE GetCurrentProcess()
 
 BOOL EnumProcessModules(HANDLE process, HMODULE *modules, DWORD bytes, LPDWORD bytesNeeded)
 {
-    CallScope scope("EnumProcessModules");
+    CallScope scope("EnumProcessModules", {});
     scope.call.sizeIn = scope.call.sizeOut = bytes;
     const auto &names = machineInUse().system.EnumProcessModules;
     if (scope.fault())
@@ -106,11 +105,10 @@ BOOL EnumProcessModules(HANDLE process, HMODULE *modules, DWORD bytes, LPDWORD b
 
 DWORD GetModuleFileNameExW(HANDLE process, HMODULE module, LPWSTR name, DWORD size)
 {
-    CallScope scope("GetModuleFileNameExW");
+    const std::size_t index = (reinterpret_cast<quintptr>(module) - firstModule) >> 4;
+    CallScope scope("GetModuleFileNameExW", {{}, QString::number(index)});
     scope.call.sizeIn = scope.call.sizeOut = size;
     const auto &names = machineInUse().system.EnumProcessModules;
-    const std::size_t index = (reinterpret_cast<quintptr>(module) - firstModule) >> 4;
-    scope.call.value = QString::number(index);
     if (scope.fault())
         return DWORD(scope.failure(*scope.fault()));
     if (process != currentProcess || !names || index >= names->size() || !(*names)[index])
@@ -124,8 +122,7 @@ DWORD GetModuleFileNameExW(HANDLE process, HMODULE module, LPWSTR name, DWORD si
 
 HMODULE GetModuleHandleW(LPCWSTR name)
 {
-    CallScope scope("GetModuleHandleW");
-    scope.call.key = fromWide(name);
+    CallScope scope("GetModuleHandleW", {fromWide(name), {}});
     const bool known = knowsMachine() && scope.call.key.compare(QLatin1String("kernel32.dll"), Qt::CaseInsensitive) == 0;
     if (scope.anyFault() || !known) {
         scope.failure(scope.anyFault().value_or(ERROR_MOD_NOT_FOUND));
@@ -137,8 +134,7 @@ HMODULE GetModuleHandleW(LPCWSTR name)
 
 HMODULE LoadLibraryW(LPCWSTR name)
 {
-    CallScope scope("LoadLibraryW");
-    scope.call.key = fromWide(name);
+    CallScope scope("LoadLibraryW", {fromWide(name), {}});
     const auto &libraries = machineInUse().system.libraries;
     const auto library = libraries.constFind(scope.call.key.toLower());
     const Place place = freePlace();
@@ -155,7 +151,7 @@ HMODULE LoadLibraryW(LPCWSTR name)
 
 BOOL FreeLibrary(HMODULE module)
 {
-    CallScope scope("FreeLibrary");
+    CallScope scope("FreeLibrary", {});
     const quintptr number = reinterpret_cast<quintptr>(module);
     const bool known = handles().remove(number, HandleKind::Library, "FreeLibrary");
     if (scope.anyFault() || !known)
@@ -165,16 +161,18 @@ BOOL FreeLibrary(HMODULE module)
 
 FARPROC GetProcAddress(HMODULE module, LPCSTR name)
 {
-    CallScope scope("GetProcAddress");
-    scope.call.value = QString::fromLatin1(name);
-    const machine::SystemAnswers &system = machineInUse().system;
+    BegunCall begun("GetProcAddress");
     const quintptr number = reinterpret_cast<quintptr>(module);
+    const Handle *library = nullptr;
+    if (module != kernel32)
+        library = handles().find(number, HandleKind::Library, "GetProcAddress");
+    CallScope scope(begun, {library ? library->openedFor : QString(), QString::fromLatin1(name)});
+    const machine::SystemAnswers &system = machineInUse().system;
     FARPROC function = nullptr;
     if (module == kernel32) {
         if (scope.call.value == QLatin1String("GetProductInfo") && system.GetProductInfo)
             function = asFunction(&getProductInfo);
-    } else if (const Handle *library = handles().find(number, HandleKind::Library, "GetProcAddress")) {
-        scope.call.key = library->openedFor;
+    } else if (library) {
         const bool exported = scope.call.value == QLatin1String("DNSServiceGetProperty")
             && system.libraries.value(library->openedFor.toLower()).DNSServiceGetProperty;
         const Place place = placeOf(number);

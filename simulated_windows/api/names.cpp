@@ -6,8 +6,7 @@ using namespace simulated;
 
 BOOL GetComputerNameExW(COMPUTER_NAME_FORMAT format, LPWSTR buffer, LPDWORD size)
 {
-    CallScope scope("GetComputerNameExW");
-    scope.call.value = QString::number(int(format));
+    CallScope scope("GetComputerNameExW", {{}, QString::number(int(format))});
     scope.call.sizeIn = scope.call.sizeOut = *size;
     if (scope.fault())
         return scope.failure(*scope.fault());
@@ -27,7 +26,7 @@ BOOL GetComputerNameExW(COMPUTER_NAME_FORMAT format, LPWSTR buffer, LPDWORD size
 
 BOOL GetUserNameW(LPWSTR buffer, LPDWORD size)
 {
-    CallScope scope("GetUserNameW");
+    CallScope scope("GetUserNameW", {});
     scope.call.sizeIn = scope.call.sizeOut = *size;
     if (scope.fault())
         return scope.failure(*scope.fault());

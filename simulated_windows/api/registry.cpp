@@ -124,13 +124,12 @@ template <typename Form>
 LSTATUS openKeyEx(const char *callName, HKEY key, const typename Form::Char *subKey, DWORD options, REGSAM access,
                   PHKEY result)
 {
-    CallScope scope(callName);
-    scope.call.access = access;
-    if (options)
-        scope.call.value = QString::number(options);
+    BegunCall begun(callName);
     const QString path = Form::text(subKey);
     const OpenKey parent = openKey(key, callName);
-    scope.call.key = path.isEmpty() ? parent.path : parent.path + QLatin1Char('\\') + path;
+    const QString fullPath = path.isEmpty() ? parent.path : parent.path + QLatin1Char('\\') + path;
+    CallScope scope(begun, {fullPath, options ? QString::number(options) : QString()});
+    scope.call.access = access;
     if (!result)
         return scope.status(ERROR_INVALID_PARAMETER);
     *result = nullptr;
@@ -154,10 +153,9 @@ template <typename Form>
 LSTATUS queryValueEx(const char *callName, HKEY key, const typename Form::Char *name, LPDWORD type, LPBYTE data,
                      LPDWORD size)
 {
-    CallScope scope(callName);
+    BegunCall begun(callName);
     const OpenKey open = openKey(key, callName);
-    scope.call.key = open.path;
-    scope.call.value = Form::text(name);
+    CallScope scope(begun, {open.path, Form::text(name)});
     scope.call.sizeIn = scope.call.sizeOut = size ? *size : 0;
     if (scope.fault())
         return scope.status(*scope.fault());
@@ -190,11 +188,11 @@ DWORD copyName(const QString &name, typename Form::Char *buffer, DWORD room)
 }
 
 template <typename Form>
-LSTATUS enumKey(CallScope &scope, HKEY key, DWORD index, typename Form::Char *name, DWORD room, LPDWORD length)
+LSTATUS enumKey(const char *callName, HKEY key, DWORD index, typename Form::Char *name, DWORD room, LPDWORD length)
 {
-    const OpenKey open = openKey(key, scope.call.name.constData());
-    scope.call.key = open.path;
-    scope.call.value = QString::number(index);
+    BegunCall begun(callName);
+    const OpenKey open = openKey(key, callName);
+    CallScope scope(begun, {open.path, QString::number(index)});
     scope.call.sizeIn = scope.call.sizeOut = room;
     if (scope.fault())
         return scope.status(*scope.fault());
@@ -215,10 +213,9 @@ template <typename Form>
 LSTATUS enumValue(const char *callName, HKEY key, DWORD index, typename Form::Char *name, LPDWORD nameSize,
                   LPDWORD type, LPBYTE data, LPDWORD size)
 {
-    CallScope scope(callName);
+    BegunCall begun(callName);
     const OpenKey open = openKey(key, callName);
-    scope.call.key = open.path;
-    scope.call.value = QString::number(index);
+    CallScope scope(begun, {open.path, QString::number(index)});
     scope.call.sizeIn = scope.call.sizeOut = size ? *size : 0;
     if (scope.fault())
         return scope.status(*scope.fault());
@@ -258,10 +255,11 @@ LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR subKey, DWORD options, REGSAM access, PH
 
 LSTATUS RegCloseKey(HKEY key)
 {
-    CallScope scope("RegCloseKey");
-    if (predefinedRoot(key))
+    BegunCall begun("RegCloseKey");
+    const bool predefined = predefinedRoot(key).has_value();
+    CallScope scope(begun, {predefined ? QString() : openKey(key, "RegCloseKey").path, {}});
+    if (predefined)
         return scope.status(scope.anyFault().value_or(ERROR_SUCCESS));
-    scope.call.key = openKey(key, "RegCloseKey").path;
     // A failing close still invalidates the handle.
     const bool closed = !scope.call.key.isEmpty() && handles().remove(numberOf(key), HandleKind::Key, "RegCloseKey");
     return scope.status(scope.anyFault().value_or(closed ? ERROR_SUCCESS : ERROR_INVALID_HANDLE));
@@ -279,26 +277,22 @@ LSTATUS RegQueryValueExW(HKEY key, LPCWSTR name, LPDWORD, LPDWORD type, LPBYTE d
 
 LSTATUS RegEnumKeyExA(HKEY key, DWORD index, LPSTR name, LPDWORD nameSize, LPDWORD, LPSTR, LPDWORD, PFILETIME)
 {
-    CallScope scope("RegEnumKeyExA");
-    return enumKey<Ansi>(scope, key, index, name, *nameSize, nameSize);
+    return enumKey<Ansi>("RegEnumKeyExA", key, index, name, *nameSize, nameSize);
 }
 
 LSTATUS RegEnumKeyExW(HKEY key, DWORD index, LPWSTR name, LPDWORD nameSize, LPDWORD, LPWSTR, LPDWORD, PFILETIME)
 {
-    CallScope scope("RegEnumKeyExW");
-    return enumKey<Wide>(scope, key, index, name, *nameSize, nameSize);
+    return enumKey<Wide>("RegEnumKeyExW", key, index, name, *nameSize, nameSize);
 }
 
 LSTATUS RegEnumKeyA(HKEY key, DWORD index, LPSTR name, DWORD nameSize)
 {
-    CallScope scope("RegEnumKeyA");
-    return enumKey<Ansi>(scope, key, index, name, nameSize, nullptr);
+    return enumKey<Ansi>("RegEnumKeyA", key, index, name, nameSize, nullptr);
 }
 
 LSTATUS RegEnumKeyW(HKEY key, DWORD index, LPWSTR name, DWORD nameSize)
 {
-    CallScope scope("RegEnumKeyW");
-    return enumKey<Wide>(scope, key, index, name, nameSize, nullptr);
+    return enumKey<Wide>("RegEnumKeyW", key, index, name, nameSize, nullptr);
 }
 
 LSTATUS RegEnumValueA(HKEY key, DWORD index, LPSTR name, LPDWORD nameSize, LPDWORD, LPDWORD type, LPBYTE data,
@@ -315,7 +309,7 @@ LSTATUS RegEnumValueW(HKEY key, DWORD index, LPWSTR name, LPDWORD nameSize, LPDW
 
 BOOL GetSystemRegistryQuota(PDWORD allowed, PDWORD used)
 {
-    CallScope scope("GetSystemRegistryQuota");
+    CallScope scope("GetSystemRegistryQuota", {});
     const auto &quota = machineInUse().system.GetSystemRegistryQuota;
     if (scope.fault())
         return scope.failure(*scope.fault());

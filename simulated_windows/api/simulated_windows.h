@@ -1,4 +1,4 @@
-// Controls the simulated Windows: the machine in use, the journal of calls, and faults.
+// Controls the simulated Windows: the machine in use, the journal of calls, faults and trouble.
 //
 // windows.h declares the calls. The state is global and for use by one thread, like the
 // library.
@@ -40,7 +40,8 @@ machine::Machine &machineInUse();
 /// Returns whether there is a machine, and loads it like machineInUse().
 bool knowsMachine();
 
-/// Clears handles, journal, faults and error state, and starts recording.
+/// Clears handles, journal, faults, trouble and error state, and starts recording. The trouble of
+/// VKSYSTEMINFO_TROUBLE stays.
 void reset();
 
 /// Stops recording. The journal keeps its calls.
@@ -89,6 +90,64 @@ public:
 
 private:
     explicit Fault(int id) : m_id(id) { }
+    int m_id;
+};
+
+/// Something that a call does before anything else, like a driver or a library with a defect.
+struct TroubleKind
+{
+    enum Event {
+        Sleep, ///< For that many milliseconds; then the call goes on as usual.
+        Hang,  ///< Never returns and uses no processor time.
+        Crash, ///< SIGSEGV with its default action, also if the process handles the signal.
+        Abort, ///< SIGABRT, in the same way.
+        Exit,  ///< Ends the process with that code, at once: no destructor runs, no stream is flushed.
+    };
+
+    static TroubleKind sleep(quint32 milliseconds) { return {Sleep, milliseconds}; }
+    static TroubleKind hang() { return {Hang, 0}; }
+    static TroubleKind crash() { return {Crash, 0}; }
+    static TroubleKind abort() { return {Abort, 0}; }
+    static TroubleKind exit(quint8 code) { return {Exit, code}; }
+
+    Event event;
+    quint32 number; // milliseconds or exit code
+};
+
+/// Calls with this name, key and value, which are those of the journal. What is not given matches
+/// every call.
+struct CallPattern
+{
+    std::optional<QByteArray> name = std::nullopt;
+    std::optional<QString> key = std::nullopt;
+    std::optional<QString> value = std::nullopt;
+};
+
+/// Makes calls sleep, hang, crash or end the process while it exists. If several objects match a
+/// call, the first applies. A call that sleeps may also have a fault.
+///
+/// The file that VKSYSTEMINFO_TROUBLE names causes trouble in the whole process (trouble_file.h).
+class Trouble
+{
+public:
+    /// Every call of that name.
+    static Trouble everyCall(const QByteArray &name, TroubleKind kind);
+    /// Every call that matches.
+    static Trouble everyCall(const CallPattern &calls, TroubleKind kind);
+    /// The call of that name with that number, counted from 0 from now on.
+    static Trouble nthCall(const QByteArray &name, std::size_t number, TroubleKind kind);
+    /// The call with that number, whatever its name, counted from 0 from now on.
+    static Trouble nthOfAll(std::size_t number, TroubleKind kind);
+
+    Trouble(Trouble &&other) noexcept;
+    Trouble &operator=(Trouble &&) = delete;
+    ~Trouble();
+
+    /// The number of calls that it applied to.
+    std::size_t hits() const;
+
+private:
+    explicit Trouble(int id) : m_id(id) { }
     int m_id;
 };
 

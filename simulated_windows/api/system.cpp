@@ -20,7 +20,7 @@ void copyText(const QString &text, WCHAR (&field)[128])
 template <typename Plain, typename Extended>
 BOOL getVersion(const char *callName, Plain *information)
 {
-    CallScope scope(callName);
+    CallScope scope(callName, {});
     scope.call.sizeIn = scope.call.sizeOut = information->dwOSVersionInfoSize;
     const auto &version = machineInUse().system.GetVersionEx;
     if (scope.fault())
@@ -63,7 +63,7 @@ BOOL GetVersionExW(LPOSVERSIONINFOW information)
 
 void GetSystemInfo(LPSYSTEM_INFO information)
 {
-    CallScope scope("GetSystemInfo");
+    CallScope scope("GetSystemInfo", {});
     const machine::SystemInfoRecord &record = machineInUse().system.GetSystemInfo;
     information->wProcessorArchitecture = record.wProcessorArchitecture;
     information->wReserved = 0;
@@ -80,8 +80,7 @@ void GetSystemInfo(LPSYSTEM_INFO information)
 
 int GetSystemMetrics(int index)
 {
-    CallScope scope("GetSystemMetrics");
-    scope.call.value = QString::number(index);
+    CallScope scope("GetSystemMetrics", {{}, QString::number(index)});
     if (scope.fault())
         return 0;
     return scope.success(machineInUse().system.GetSystemMetrics.value(index));
@@ -89,7 +88,7 @@ int GetSystemMetrics(int index)
 
 BOOL GlobalMemoryStatusEx(LPMEMORYSTATUSEX status)
 {
-    CallScope scope("GlobalMemoryStatusEx");
+    CallScope scope("GlobalMemoryStatusEx", {});
     scope.call.sizeIn = scope.call.sizeOut = status->dwLength;
     const auto &memory = machineInUse().system.GlobalMemoryStatusEx;
     if (scope.fault())

@@ -27,8 +27,7 @@ bool isTime(const struct tm &time)
 
 int _localtime32_s(struct tm *result, const __time32_t *time)
 {
-    CallScope scope("_localtime32_s");
-    scope.call.value = QString::number(*time);
+    CallScope scope("_localtime32_s", {{}, QString::number(*time)});
     if (scope.fault() || *time < 0) {
         // On failure the run-time library sets every field to -1.
         *result = {};
@@ -43,7 +42,7 @@ int _localtime32_s(struct tm *result, const __time32_t *time)
 
 int asctime_s(char *buffer, size_t size, const struct tm *time)
 {
-    CallScope scope("asctime_s");
+    CallScope scope("asctime_s", {});
     scope.call.sizeIn = scope.call.sizeOut = size;
     constexpr std::size_t needed = 26;
     if (size > 0)
