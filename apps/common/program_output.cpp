@@ -1,16 +1,11 @@
 #include "program_output.h"
 
+#include "program_output_system.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QSaveFile>
-#include <QtCore/QTextStream>
-#include <cstdio>
-
-#ifdef Q_OS_WIN
-#  include <fcntl.h>
-#  include <io.h>
-#endif
 
 namespace {
 
@@ -42,11 +37,7 @@ bool writeToStandardOutput(const QString &text)
 
 bool writeToStandardOutput(const QByteArray &bytes)
 {
-#ifdef Q_OS_WIN
-    _setmode(_fileno(stdout), _O_BINARY); // do not convert line feeds
-#endif
-    return std::fwrite(bytes.constData(), 1, std::size_t(bytes.size()), stdout) == std::size_t(bytes.size())
-        && std::fflush(stdout) == 0;
+    return writeToStream(bytes, stdout);
 }
 
 bool writeToFile(const QString &text, const QString &fileName, QString &error)
@@ -70,10 +61,10 @@ bool isDevice(const QString &fileName)
 
 void tell(const QString &lines)
 {
-    QTextStream(stderr) << lines;
+    writeToStandardError(lines);
 }
 
 void complain(const QString &message)
 {
-    QTextStream(stderr) << QCoreApplication::applicationName() << ": " << message << '\n';
+    writeToStandardError(QStringLiteral("%1: %2\n").arg(QCoreApplication::applicationName(), message));
 }

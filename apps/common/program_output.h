@@ -12,14 +12,14 @@ enum ExitCode {
     Incomplete = 3,
 };
 
-/// Writes \a text to standard output as UTF-8, without converting line feeds.
+/// Writes \a text to standard output as UTF-8, without converting line feeds; to a console of Windows as characters.
 bool writeToStandardOutput(const QString &text);
 
 /// Writes \a text to a file as UTF-8; to a device or a pipe without replacing it. On failure no partial file remains, and \a error is
 /// a message for the user.
 bool writeToFile(const QString &text, const QString &fileName, QString &error);
 
-/// The same for bytes, which are written as they are.
+/// The same for bytes, which are written as they are. A console of Windows shows them as UTF-8.
 bool writeToStandardOutput(const QByteArray &bytes);
 bool writeToFile(const QByteArray &bytes, const QString &fileName, QString &error);
 

@@ -1,0 +1,8 @@
+#include "own_console.h"
+
+bool hasConsoleOfItsOwn()
+{
+    return false;
+}
+
+void waitForKey() { }
