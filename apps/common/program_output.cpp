@@ -1,5 +1,6 @@
 #include "program_output.h"
 
+#include "interruption.h"
 #include "program_output_system.h"
 
 #include <QtCore/QCoreApplication>
@@ -11,6 +12,7 @@ namespace {
 
 bool replaceFile(const QByteArray &bytes, const QString &fileName, QString &error)
 {
+    const InterruptionBlocker blocker;
     QSaveFile file(fileName);
     if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
         return true;

@@ -80,7 +80,7 @@ void Child::passOnErrors()
 {
     const QByteArray errors = m_process->readAllStandardError();
     if (!errors.isEmpty())
-        tell(QString::fromLocal8Bit(errors));
+        tell(QString::fromUtf8(errors));
 }
 
 void Child::noteEnd()
