@@ -134,7 +134,7 @@ std::vector<TroubleLine> troubleLinesOfEnvironment()
         return {};
     }
     QStringList problems;
-    const std::vector<TroubleLine> result = readTroubleLines(text, problems);
+    std::vector<TroubleLine> result = readTroubleLines(text, problems);
     for (const QString &problem : qAsConst(problems))
         qWarning("%s:%s", qPrintable(name), qPrintable(problem));
     return result;
