@@ -319,8 +319,8 @@ void ConsoleTest::screenOfAProgram()
     QCOMPARE(run(VKREPORT, {"--input", input.fileName()}, &handles), 0);
     QCOMPARE(errors.lines(), QStringList());
     // Lines that are longer than the screen continue in the next row.
-    QString rows = screen.lines().join(QString());
-    QCOMPARE(rows.remove(' '), report.remove(' ').remove('\t').remove('\n'));
+    QString shown = screen.lines().join(QString());
+    QCOMPARE(shown.remove(' '), report.remove(' ').remove('\t').remove('\n'));
     QCOMPARE(screen.lines().value(screen.lines().size() - 1), threeAlphabets());
 }
 

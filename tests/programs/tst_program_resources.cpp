@@ -154,7 +154,7 @@ void ProgramResourcesTest::icon()
         sizes.append(size == 0 ? 256 : size);
         QCOMPARE(numberAt(group, entry + 6, 2), 32); // bits of a pixel
         const int id = numberAt(group, entry + 12, 2);
-        const auto image = std::find_if(images.begin(), images.end(), [id](const Resource &image) { return image.id == id; });
+        const auto image = std::find_if(images.begin(), images.end(), [id](const Resource &each) { return each.id == id; });
         QVERIFY(image != images.end());
         QCOMPARE(image->bytes.size(), numberAt(group, entry + 8, 4));
         QCOMPARE(image->bytes.startsWith("\x89PNG"), size == 0);
