@@ -85,7 +85,8 @@ bool readInput(const QString &fileName, QByteArray &bytes, QString &error)
 bool isTerminal(std::FILE *stream)
 {
 #ifdef Q_OS_WIN
-    return _isatty(descriptorOf(stream)) != 0;
+    DWORD mode = 0; // _isatty() also accepts the null device
+    return GetConsoleMode(reinterpret_cast<HANDLE>(_get_osfhandle(descriptorOf(stream))), &mode) != 0;
 #else
     return isatty(descriptorOf(stream)) != 0;
 #endif

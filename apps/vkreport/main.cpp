@@ -4,14 +4,38 @@
 #include "conversion.h"
 #include "in_process.h"
 #include "making/report_maker.h"
+#include "neutral_text.h"
+#include "own_console.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QDate>
+#include <QtCore/QDir>
+#include <QtCore/QStandardPaths>
+#include <QtCore/QSysInfo>
 
 namespace {
 
 bool isChild(int argc, char **argv)
 {
     return argc > 1 && qstrcmp(argv[1], childArgument) == 0;
+}
+
+/// After a double click. The report goes to a file, because the console closes when the program ends.
+ExitCode runInOwnConsole(Options &options)
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    options.output = ownReportFileName(folder, QSysInfo::machineHostName(), QDate::currentDate());
+    tell(QStringLiteral("Making a report of this computer. It takes up to a minute.\n"));
+    const ExitCode exitCode = writeMade(options, makeText(options));
+    const QString file = velkor::Reports::terminalText(QDir::toNativeSeparators(options.output));
+    if (exitCode == Done || exitCode == Incomplete) {
+        tell(QStringLiteral("\nThe report is in the file\n    %1\nIt contains names, addresses and the environment. Read it before you send "
+                            "it to anybody.\n")
+                 .arg(file));
+    }
+    tell(QStringLiteral("\nPress any key to close this window.\n"));
+    waitForKey();
+    return exitCode;
 }
 
 /// Handles everything but --in-process, for which it returns nothing: the application object must be another then.
@@ -26,6 +50,8 @@ std::optional<ExitCode> run(Options &options, int &argc, char **argv)
         return convertInput(options);
     if (options.inProcess)
         return std::nullopt;
+    if (argc == 1 && hasConsoleOfItsOwn())
+        return runInOwnConsole(options);
     return writeMade(options, makeText(options));
 }
 
