@@ -267,7 +267,7 @@ ProgramEnd RunningProgram::wait(double seconds)
     ProgramEnd end;
     end.ended = m_reaped;
     end.seconds = m_reaped ? m_seconds : this->seconds();
-    // The standard error of a child that is gone can end a moment later. A process that is left must not block the test.
+    // The last of the output can come a moment later. A process that is left must not block the test.
     for (int i = 0; i < 20 && (m_outputFd >= 0 || m_errorsFd >= 0); ++i)
         read(10);
     if (m_reaped && WIFEXITED(m_status))

@@ -53,7 +53,8 @@ struct CallPattern
     QByteArray line() const { return name + '\t' + key + '\t' + value; }
     bool matches(const simulated::Call &call) const
     {
-        return call.name == name && (key == "*" || call.key.toUtf8() == key) && (value == "*" || call.value.toUtf8() == value);
+        const auto fits = [](const QByteArray &field, const QString &text) { return field == "*" || field == text.toUtf8(); };
+        return call.name == name && fits(key, call.key) && fits(value, call.value);
     }
     bool operator<(const CallPattern &other) const { return line() < other.line(); }
 };
@@ -139,7 +140,8 @@ public:
                 const CallPattern pattern = patternOf(section.calls.at(i));
                 m_patterns.emplace(pattern, QByteArrayList());
                 auto &patterns = m_places[{section.section, section.stacks.at(i)}];
-                if (std::none_of(patterns.begin(), patterns.end(), [&](const CallPattern &known) { return known.line() == pattern.line(); }))
+                const auto isThis = [&](const CallPattern &known) { return known.line() == pattern.line(); };
+                if (std::none_of(patterns.begin(), patterns.end(), isThis))
                     patterns.push_back(pattern);
             }
         }
@@ -176,7 +178,9 @@ public:
     {
         std::set<CallPattern> chosen;
         for (const auto &place : m_places) {
-            const auto fewer = [&](const CallPattern &a, const CallPattern &b) { return m_patterns.at(a).size() < m_patterns.at(b).size(); };
+            const auto fewer = [&](const CallPattern &one, const CallPattern &other) {
+                return m_patterns.at(one).size() < m_patterns.at(other).size();
+            };
             chosen.insert(*std::min_element(place.second.begin(), place.second.end(), fewer));
         }
         std::vector<Trial> trials;
@@ -273,8 +277,8 @@ void CallSitesTest::initTestCase()
     QCOMPARE(problem, QString());
     const bool all = qgetenv("CALL_SITES") == "all";
     trials = all ? calls.trialsOfPatterns() : calls.trialsOfPlaces();
-    std::printf("%zu calls, %zu different ones, from %zu places; %zu trials of %s\n", calls.count(), calls.patterns(), calls.places(),
-                trials.size(), all ? "each different call" : "one call for each place (places share calls)");
+    std::printf("%zu calls, %zu different ones, from %zu places; %zu trials of %s\n", calls.count(), calls.patterns(),
+                calls.places(), trials.size(), all ? "each different call" : "one call for each place (places share calls)");
     // The Windows half alone has more than a hundred pairs of a section and a function.
     QVERIFY(calls.places() > 100 && trials.size() > 90);
     for (const Trial &trial : trials)
@@ -297,7 +301,8 @@ void CallSitesTest::everyPlaceCrashes()
 void CallSitesTest::cleanupTestCase()
 {
     QCOMPARE(waitForTheEndOf(processesWithVariable(ReportEnvironment::mark()), 2), QList<pid_t>());
-    QVERIFY(QDir(ReportEnvironment::temporaryFolder()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot));
+    const auto everything = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    QVERIFY(QDir(ReportEnvironment::temporaryFolder()).isEmpty(everything));
 }
 
 TEST_WITH_APPLICATION(CallSitesTest);

@@ -94,6 +94,8 @@ private Q_SLOTS:
     void ignoredSignals();
     void largeSections_data();
     void largeSections();
+    void unrulyDriver_data();
+    void unrulyDriver();
 
     void withoutDisplay_data();
     void withoutDisplay();
@@ -179,6 +181,13 @@ QByteArray lines(const QByteArrayList &list)
     return list.isEmpty() ? QByteArray() : list.join('\n') + '\n';
 }
 
+/// The contents of FILE.incomplete.txt for the messages \a errors.
+QByteArray incompleteText(const QByteArray &errors)
+{
+    QByteArray lines = '\n' + errors;
+    return lines.replace("\nvkreport: ", "\n").replace(0, 1, "This report is incomplete.\n");
+}
+
 int differingLines(const QByteArray &one, const QByteArray &other)
 {
     const QByteArrayList a = one.split('\n'), b = other.split('\n');
@@ -200,11 +209,11 @@ int differingLines(const QByteArray &one, const QByteArray &other)
   } while (false)
 
 // Exit code, standard output and lines of standard error, times left out.
-#define CHECK_RESULT(end, code, text, messages)                                                              \
-  do {                                                                                                       \
-    COMPARE_TEXT(QString::fromUtf8(lines(messageLines((end).errors))), QString::fromUtf8(lines(messages)));  \
-    QCOMPARE((end).signal, 0);                                                                               \
-    QCOMPARE((end).exitCode, (code));                                                                        \
+#define CHECK_RESULT(end, code, text, messages)                                                               \
+  do {                                                                                                        \
+    COMPARE_TEXT(QString::fromUtf8(lines(messageLines((end).errors))), QString::fromUtf8(lines(messages)));   \
+    QCOMPARE((end).signal, 0);                                                                                \
+    QCOMPARE((end).exitCode, (code));                                                                         \
     COMPARE_TEXT(QString::fromUtf8(withoutVolatile((end).output)), QString::fromUtf8(withoutVolatile(text))); \
   } while (false)
 
@@ -343,7 +352,8 @@ void VkReportRobustnessTest::troubles_data()
     };
     for (const auto &place : places) {
         for (const auto &kind : kinds)
-            QTest::addRow("%s: %s", kind.kind, place.name) << QByteArray(kind.kind) << place.calls << place.missing << kind.reason;
+            QTest::addRow("%s: %s", kind.kind, place.name)
+                << QByteArray(kind.kind) << place.calls << place.missing << kind.reason;
     }
     const QByteArrayList one {"diskInformation"};
     QTest::newRow("exit=0 is not the end of a report") << QByteArray("exit=0") << QByteArrayList {disks} << one << exited(0);
@@ -361,11 +371,13 @@ void VkReportRobustnessTest::troubles()
     QFETCH(QByteArrayList, missing);
     QFETCH(QByteArray, reason);
     const bool slow = reason == didNotEnd;
-    const double seconds = !slow ? enough : missing.size() > 2 ? longLimit : limit;
+    const double seconds = !slow ? enough : missing.size() > 2 ? longLimit
+                                                               : limit;
     const ProgramStart start = reportStart(limited({noOpenGL}, seconds), troubleAt(kind, calls));
     const ProgramEnd end = runToItsEnd(start, seconds + grace + 10);
     CHECK_END(end, seconds + grace);
-    CHECK_RESULT(end, 3, m_complete->without(missing), QByteArrayList {wholeReport(reason)} + missingLines(missing, reason));
+    CHECK_RESULT(end, 3, m_complete->without(missing),
+                 QByteArrayList {wholeReport(reason)} + missingLines(missing, reason));
     QVector<double> times;
     messageLines(end.errors, &times);
     QCOMPARE(times.size(), missing.size() + 1);
@@ -456,7 +468,8 @@ void VkReportRobustnessTest::everyCallCrashes()
             || qstrcmp(section.name, "qtNetworkInterfaces") == 0)
             missing += section.name;
     }
-    CHECK_RESULT(end, 3, m_complete->without(missing), QByteArrayList {wholeReport(crashed)} + missingLines(missing, crashed));
+    CHECK_RESULT(end, 3, m_complete->without(missing),
+                 QByteArrayList {wholeReport(crashed)} + missingLines(missing, crashed));
 }
 
 // The time is over before every section was tried. The sections that were not tried are the last ones.
@@ -485,11 +498,12 @@ void VkReportRobustnessTest::everyCallHangs()
 void VkReportRobustnessTest::hungSectionsTakeAThirdOfTheRest()
 {
     // 4 s remain for the sections.
-    const ProgramEnd end = runToItsEnd(reportStart(limited({noOpenGL}, longLimit), troubleAt("hang", {"GetVersionExA", user})),
-                                       longLimit + grace + 10);
+    const ProgramEnd end = runToItsEnd(
+        reportStart(limited({noOpenGL}, longLimit), troubleAt("hang", {"GetVersionExA", user})), longLimit + grace + 10);
     CHECK_END(end, longLimit + grace);
     const QByteArrayList missing {"windowsVersion", "userName", "oemInfoFromRegistry"};
-    CHECK_RESULT(end, 3, m_complete->without(missing), QByteArrayList {wholeReport(didNotEnd)} + missingLines(missing, didNotEnd));
+    CHECK_RESULT(end, 3, m_complete->without(missing),
+                 QByteArrayList {wholeReport(didNotEnd)} + missingLines(missing, didNotEnd));
     QVector<double> times;
     messageLines(end.errors, &times);
     QCOMPARE(times.size(), 4);
@@ -527,7 +541,8 @@ void VkReportRobustnessTest::timeLimits()
 void VkReportRobustnessTest::wrongTimeLimits_data()
 {
     QTest::addColumn<QString>("value");
-    for (const char *value : {"-1", "-0.5", "", " ", "x", "10s", "1,5", "1.5.0", "nan", "inf", "-inf", "1e999", "0x10", "--no-opengl"})
+    for (const char *value : {"-1", "-0.5", "", " ", "x", "10s", "1,5", "1.5.0", "nan", "inf", "-inf", "1e999", "0x10",
+                              "--no-opengl"})
         QTest::newRow(value) << QString::fromLatin1(value);
 }
 
@@ -538,7 +553,8 @@ void VkReportRobustnessTest::wrongTimeLimits()
     CHECK_END(end, enough);
     QCOMPARE(end.exitCode, 2);
     QCOMPARE(end.output, QByteArray());
-    QVERIFY2(end.errors.startsWith("vkreport: ") && end.errors.count('\n') == 1 && end.errors.contains("--time-limit"), end.errors);
+    QVERIFY2(end.errors.startsWith("vkreport: ") && end.errors.count('\n') == 1, end.errors);
+    QVERIFY2(end.errors.contains("--time-limit"), end.errors);
 }
 
 // A hang is waited for, a crash is survived.
@@ -639,7 +655,9 @@ void VkReportRobustnessTest::sections()
     QByteArray text;
     for (const QByteArray &name : printed)
         text += m_complete->section(name);
-    CHECK_RESULT(end, missing.isEmpty() ? 0 : printed.isEmpty() ? 1 : 3, text, missingLines(missing, reason));
+    CHECK_RESULT(end, missing.isEmpty() ? 0 : printed.isEmpty() ? 1
+                                                                : 3,
+                 text, missingLines(missing, reason));
 }
 
 void VkReportRobustnessTest::facts_data()
@@ -733,7 +751,7 @@ void VkReportRobustnessTest::incompleteFile()
     CHECK_RESULT(end, 3, QByteArray(), QByteArrayList {wholeReport(crashed)} + missingLines(missing, crashed));
     COMPARE_TEXT(QString::fromUtf8(withoutVolatile(contentOf(report))),
                  QString::fromUtf8(withoutVolatile(m_complete->without(missing))));
-    QCOMPARE(contentOf(incomplete), "This report is incomplete.\n" + QByteArray('\n' + end.errors).replace("\nvkreport: ", "\n").mid(1));
+    QCOMPARE(contentOf(incomplete), incompleteText(end.errors));
     QCOMPARE(filesInFolder(), QStringList({"report.txt", "report.txt.incomplete.txt"}));
 
     // Another trouble: both files are replaced.
@@ -741,7 +759,7 @@ void VkReportRobustnessTest::incompleteFile()
     CHECK_END(other, enough);
     CHECK_RESULT(other, 3, QByteArray(),
                  QByteArrayList {wholeReport(exited(1))} + missingLines({"diskInformation"}, exited(1)));
-    QCOMPARE(contentOf(incomplete), "This report is incomplete.\n" + QByteArray('\n' + other.errors).replace("\nvkreport: ", "\n").mid(1));
+    QCOMPARE(contentOf(incomplete), incompleteText(other.errors));
 
     // Another file: this one stays.
     QCOMPARE(runToItsEnd(reportStart({noOpenGL, "--output", file("other.txt")}), enough).exitCode, 0);
@@ -839,7 +857,8 @@ void VkReportRobustnessTest::json()
     QVERIFY(writeFile(file("report.json"), end.output));
     const ProgramEnd read = runToItsEnd(reportStart({"--input", file("report.json")}), enough);
     CHECK_END(read, enough);
-    CHECK_RESULT(read, 0, (arguments.contains(noOpenGL) ? m_complete : m_completeWithOpenGL)->without(missing), QByteArrayList());
+    const CompleteReport &complete = arguments.contains(noOpenGL) ? *m_complete : *m_completeWithOpenGL;
+    CHECK_RESULT(read, 0, complete.without(missing), QByteArrayList());
 }
 
 void VkReportRobustnessTest::jsonOfACompleteReport()
@@ -1140,7 +1159,9 @@ void VkReportRobustnessTest::streams()
     QFETCH(bool, toFile);
     QFETCH(int, exitCode);
     const QString report = file("report.txt");
-    ProgramStart start = reportStart(QStringList(noOpenGL) + (toFile ? QStringList({"--output", report}) : QStringList()), trouble);
+    ProgramStart start = reportStart({noOpenGL}, trouble);
+    if (toFile)
+        start.arguments += {"--output", report};
     start.output = Stream(output);
     start.errors = Stream(errors);
     start.inputClosed = start.output == Stream::Closed && start.errors == Stream::Closed; // nothing is left then
@@ -1231,7 +1252,7 @@ void VkReportRobustnessTest::largeSections()
     QFETCH(QByteArrayList, missing);
     ReportEnvironment environment;
     for (const char *name : {"LARGE_1", "LARGE_2", "LARGE_3", "LARGE_4"})
-        environment = environment.with(name, QByteArray("Gr\xc3\xb6\xc3\x9f" "e ").repeated(10000) + name);
+        environment = environment.with(name, QByteArray("Gr\xc3\xb6\xc3\x9f\x65 ").repeated(10000) + name);
     const ProgramEnd reference = runToItsEnd(reportStart({noOpenGL, "--in-process"}, "", environment), enough);
     QCOMPARE(reference.exitCode, 0);
     const CompleteReport complete(reference.output);
@@ -1241,6 +1262,47 @@ void VkReportRobustnessTest::largeSections()
     CHECK_END(end, enough);
     QCOMPARE(end.exitCode, missing.isEmpty() ? 0 : 3);
     QVERIFY(withoutVolatile(end.output) == withoutVolatile(complete.without(missing))); // too large to print
+}
+
+void VkReportRobustnessTest::unrulyDriver_data()
+{
+    QTest::addColumn<QByteArray>("behaviour");
+    QTest::addColumn<QByteArray>("trouble");
+    QTest::addColumn<QByteArrayList>("missing");
+    const QByteArrayList none, one {"diskInformation"};
+    const QByteArray crash = troubleAt("crash", {disks});
+    for (const char *behaviour : {"noisy", "never_unloads", "crashes_at_end"}) {
+        QTest::addRow("%s", behaviour) << QByteArray(behaviour) << QByteArray("") << none;
+        QTest::addRow("%s, incomplete", behaviour) << QByteArray(behaviour) << crash << one;
+    }
+}
+
+// A driver in a child writes to standard output, or disturbs the end of a child that made its report.
+void VkReportRobustnessTest::unrulyDriver()
+{
+#ifndef UNRULY_DRIVER
+    QSKIP("A sanitized program loads no library before its own.");
+#else
+    QFETCH(QByteArray, behaviour);
+    QFETCH(QByteArray, trouble);
+    QFETCH(QByteArrayList, missing);
+    const ReportEnvironment environment = ReportEnvironment().with("LD_PRELOAD", UNRULY_DRIVER).with("UNRULY_DRIVER", behaviour);
+    const ProgramEnd end = runToItsEnd(reportStart({noOpenGL}, trouble, environment), enough);
+    CHECK_END(end, 10); // nobody waits for the driver, which sleeps for 100 s
+    const QByteArray noise = "noise of a driver";
+    QByteArrayList messages = messageLines(end.errors);
+    QCOMPARE(messages.contains(noise), behaviour == "noisy");
+    messages.removeAll(noise);
+    QByteArrayList expected;
+    if (!missing.isEmpty())
+        expected = QByteArrayList {wholeReport(crashed)} + missingLines(missing, crashed);
+    QCOMPARE(messages, expected);
+    QCOMPARE(end.exitCode, missing.isEmpty() ? 0 : 3);
+    QByteArray text = m_complete->without(missing);
+    const QByteArray variables = m_complete->section("qtSystemEnvironment");
+    text.replace(variables, variables + "  LD_PRELOAD=" UNRULY_DRIVER "\n  UNRULY_DRIVER=" + behaviour + '\n');
+    COMPARE_TEXT(QString::fromUtf8(withoutVolatile(end.output)), QString::fromUtf8(withoutVolatile(text)));
+#endif
 }
 
 void VkReportRobustnessTest::withoutDisplay_data()
@@ -1275,7 +1337,7 @@ void VkReportRobustnessTest::withoutDisplay()
         missing += "diskInformation";
         messages += QByteArrayList {wholeReport(crashed)} + missingLines(missing, crashed);
     }
-    QByteArray expected = m_completeWithOpenGL->without(missing + (withOpenGL ? QByteArrayList() : QByteArrayList {"GetOpenGLInfo"}));
+    QByteArray expected = m_completeWithOpenGL->without(withOpenGL ? missing : missing + QByteArrayList {"GetOpenGLInfo"});
     const QByteArray variables = m_completeWithOpenGL->section("qtSystemEnvironment");
     QVERIFY(expected.contains(variables));
     QByteArray ownVariables = QByteArray(variables).remove(variables.indexOf("  QT_QPA_PLATFORM=minimal\n"), 26);
@@ -1373,11 +1435,13 @@ void VkReportRobustnessTest::environmentIsThatOfTheCaller_data()
     QTest::newRow("no display") << QStringList(noOpenGL) << QByteArray("") << QByteArray("");
     QTest::newRow("no display, sections") << QStringList(noOpenGL) << QByteArray("") << troubleAt("crash", {disks});
     QTest::newRow("low priority") << QStringList({noOpenGL, "--low-priority"}) << QByteArray("offscreen") << QByteArray("");
-    QTest::newRow("one section") << QStringList({"--section", "qtSystemEnvironment"}) << QByteArray("offscreen") << QByteArray("");
-    QTest::newRow("one section, no display") << QStringList({"--section", "qtSystemEnvironment"}) << QByteArray("") << QByteArray("");
+    const QStringList one {"--section", "qtSystemEnvironment"};
+    QTest::newRow("one section") << one << QByteArray("offscreen") << QByteArray("");
+    QTest::newRow("one section, no display") << one << QByteArray("") << QByteArray("");
     QTest::newRow("two sections, one not exported")
-        << QStringList({"--section", "wordSize", "--section", "qtSystemEnvironment"}) << QByteArray("offscreen") << QByteArray("");
-    QTest::newRow("a crash of the application object") << QStringList(noOpenGL) << QByteArray("no-such-platform") << QByteArray("");
+        << QStringList({"--section", "wordSize"}) + one << QByteArray("offscreen") << QByteArray("");
+    QTest::newRow("a crash of the application object")
+        << QStringList(noOpenGL) << QByteArray("no-such-platform") << QByteArray("");
 }
 
 // vkreport tells its children nothing by the environment, which is a part of the report.
@@ -1394,7 +1458,8 @@ void VkReportRobustnessTest::environmentIsThatOfTheCaller()
     const int start = end.output.indexOf(heading);
     QVERIFY(start >= 0);
     const int rule = end.output.indexOf("\n-----", start);
-    QByteArrayList shown = end.output.mid(start + heading.size(), rule < 0 ? -1 : rule - start - heading.size()).split('\n');
+    const int first = start + heading.size();
+    QByteArrayList shown = end.output.mid(first, rule < 0 ? -1 : rule - first).split('\n');
     shown.removeAll(QByteArray());
     QByteArrayList expected;
     for (const QByteArray &entry : environment.entries())
