@@ -125,7 +125,8 @@ ExitCode writeRedacted(const Content &content, const Options &options)
 ExitCode writeDocument(const Content &content, const Options &options)
 {
     if (!hasChosenSection(content.document, options.write)) {
-        complain(QStringLiteral("the report does not have this section"));
+        if (content.incompleteness.isEmpty()) // otherwise it was said
+            complain(QStringLiteral("the report does not have this section"));
         return Failed;
     }
     return options.redact ? writeRedacted(content, options) : writeContent(content, options);

@@ -2,6 +2,7 @@
 
 #include "child/child_main.h"
 #include "conversion.h"
+#include "making/child_system.h"
 #include "part_names.h"
 #include "requested_parts.h"
 
@@ -49,6 +50,7 @@ ExitCode makeInProcess(const Options &options, int argc, char **argv)
         complain(error);
         return Failed;
     }
+    sayIfNoMachine();
     QStringList parts = requestedParts(options);
     if (options.timings)
         parts += QLatin1String(PartName::timings);

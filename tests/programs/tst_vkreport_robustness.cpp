@@ -618,7 +618,7 @@ void VkReportRobustnessTest::sections_data()
     row("one with an argument", {"diskDevicesFromRegistry:IDE"}, "", {"diskDevicesFromRegistry:IDE"}, {}, {});
     row("the one without a heading", {"userName"}, "", {"userName"}, {}, {});
     row("one of the Qt half that is not exported", {"qtNetworkInterfaces"}, "", {"qtNetworkInterfaces"}, {}, {});
-    row("other sections are not run", {"memoryInfo", "qtLocale"}, troubleAt("crash", {disks, user, "GetAdaptersInfo"}),
+    row("of both halves: others crash", {"memoryInfo", "qtLocale"}, troubleAt("crash", {disks, user, "GetAdaptersInfo"}),
         {"memoryInfo", "qtLocale"}, {}, {});
     row("exported sections call nothing", {"qtLocale", "qtGlobal"}, "crash\t*\n", {"qtLocale", "qtGlobal"}, {}, {});
     row("everything crashes", {"diskInformation"}, troubleAt("crash", {disks}), {}, {"diskInformation"}, crashed);
@@ -655,9 +655,13 @@ void VkReportRobustnessTest::sections()
     QByteArray text;
     for (const QByteArray &name : printed)
         text += m_complete->section(name);
+    // sections of the Qt half that the library does not export, and those of both halves, are taken from the whole report
+    QByteArrayList messages = missingLines(missing, reason);
+    if (names.last().startsWith(QLatin1String("qt")) && names.last() != QLatin1String("qtGlobal") && !trouble.isEmpty())
+        messages.prepend(wholeReport(crashed));
     CHECK_RESULT(end, missing.isEmpty() ? 0 : printed.isEmpty() ? 1
                                                                 : 3,
-                 text, missingLines(missing, reason));
+                 text, messages);
 }
 
 void VkReportRobustnessTest::facts_data()
@@ -842,7 +846,7 @@ void VkReportRobustnessTest::json()
             const QJsonValue seconds = entry.take(QStringLiteral("seconds"));
             QVERIFY2(seconds.isDouble(), end.output.left(2000));
             QCOMPARE(QByteArray::number(seconds.toDouble(), 'f', 1), QByteArray::number(times.value(time, -1), 'f', 1));
-            QCOMPARE(seconds.toDouble(), QString::number(seconds.toDouble(), 'f', 1).toDouble()); // one decimal
+            QCOMPARE(seconds.toDouble(), QString::number(seconds.toDouble(), 'f', 3).toDouble()); // milliseconds
             ++time;
             without.append(entry);
             if (entry.contains(QStringLiteral("section")))
@@ -1390,8 +1394,8 @@ void VkReportRobustnessTest::platformThatCannotStart()
     CHECK_END(end, enough);
     QCOMPARE(end.exitCode, 0);
     const QByteArrayList messages = messageLines(end.errors);
-    QCOMPARE(messages.count(wholeReport(aborted)), 1);
-    QVERIFY2(!end.errors.contains("missing"), end.errors);
+    QCOMPARE(messages.size(), 1);
+    QVERIFY2(messages.first().startsWith("vkreport: no display: "), end.errors);
     QByteArray expected = m_completeWithOpenGL->without({"GetOpenGLInfo"});
     expected.replace("  QT_QPA_PLATFORM=minimal\n", "  QT_QPA_PLATFORM=no-such-platform\n");
     COMPARE_TEXT(QString::fromUtf8(withoutVolatile(end.output)), QString::fromUtf8(withoutVolatile(expected)));

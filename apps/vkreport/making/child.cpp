@@ -44,7 +44,7 @@ Child::~Child()
     if (m_process->state() != QProcess::NotRunning && !m_process->waitForFinished(timeToEnd))
         m_process.release(); // the destructor would wait for it
     else
-        passOnErrors();
+        takeErrors();
 }
 
 std::optional<Frame> Child::next(QDeadlineTimer deadline)
@@ -52,7 +52,7 @@ std::optional<Frame> Child::next(QDeadlineTimer deadline)
     Frame frame;
     for (;;) {
         m_reader.add(m_process->readAllStandardOutput());
-        passOnErrors();
+        takeErrors();
         switch (m_reader.take(frame)) {
         case FrameReader::Next::Frame:
             return frame;
@@ -76,11 +76,19 @@ std::optional<Frame> Child::next(QDeadlineTimer deadline)
     }
 }
 
-void Child::passOnErrors()
+void Child::showErrors()
 {
-    const QByteArray errors = m_process->readAllStandardError();
-    if (!errors.isEmpty())
-        tell(QString::fromUtf8(errors));
+    m_showsErrors = true;
+    takeErrors();
+}
+
+void Child::takeErrors()
+{
+    m_errors += m_process->readAllStandardError();
+    if (!m_showsErrors || m_errors.isEmpty())
+        return;
+    tell(QString::fromUtf8(m_errors));
+    m_errors.clear();
 }
 
 void Child::noteEnd()

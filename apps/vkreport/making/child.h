@@ -33,15 +33,19 @@ public:
 
     /// The next frame. Returns nothing if the child ended or \a deadline passed.
     std::optional<Frame> next(QDeadlineTimer deadline);
+    /// Passes on what the child writes to standard error; until then it is kept.
+    void showErrors();
     /// Why there was no frame, without the time.
     Failure failure() const { return m_failure; }
 
 private:
-    void passOnErrors();
+    void takeErrors();
     void noteEnd();
 
     std::unique_ptr<ChildProcess> m_process;
     std::function<void()> m_showProgress;
     FrameReader m_reader;
+    QByteArray m_errors;
+    bool m_showsErrors = false;
     Failure m_failure;
 };

@@ -33,8 +33,8 @@ QString crashName(int exitCode);
 /// Whether QApplication can be expected to find a display.
 bool hasDisplay();
 
-/// Whether Windows calls are answered by this machine, or by the one that VKSYSTEMINFO_MACHINE describes. False if there is none.
-bool hasMachine();
+/// Away from Windows a described machine answers the Windows calls. Tells the user if there is none.
+void sayIfNoMachine();
 
 /// Children that cannot be ended do not keep the standard output and error of this process open.
 void keepOutputFromChildren();

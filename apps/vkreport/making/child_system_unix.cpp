@@ -1,5 +1,7 @@
 #include "child_system.h"
 
+#include "program_output.h"
+
 #include <csignal>
 #include <sys/prctl.h>
 #include <sys/resource.h>
@@ -62,9 +64,10 @@ bool hasDisplay()
         || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
-bool hasMachine()
+void sayIfNoMachine()
 {
-    return !qEnvironmentVariableIsEmpty("VKSYSTEMINFO_MACHINE");
+    if (qEnvironmentVariableIsEmpty("VKSYSTEMINFO_MACHINE"))
+        complain(QStringLiteral("no machine is described, so every Windows call fails: set VKSYSTEMINFO_MACHINE to the folder of one"));
 }
 
 // QProcess replaces them in the child.

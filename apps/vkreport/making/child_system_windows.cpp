@@ -84,10 +84,7 @@ bool hasDisplay()
     return true;
 }
 
-bool hasMachine()
-{
-    return true;
-}
+void sayIfNoMachine() { }
 
 // QProcess lets the child inherit every handle that can be inherited.
 void keepOutputFromChildren()

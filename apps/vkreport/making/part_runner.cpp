@@ -8,20 +8,15 @@
 
 namespace {
 
-/// A part may take at most 1/n of the time that remains, so that there is time for those after it.
-constexpr int partsThatCanHang = 3;
+constexpr int sharesOfParts = 3;
+constexpr int sharesOfBeginning = 2; ///< the beginning of a child, or the application object, may take half of the time
 constexpr qint64 shortestTime = 200; // milliseconds, for a part
-
-qint64 milliseconds(QDeadlineTimer deadline)
-{
-    return deadline.remainingTime();
-}
 
 QDeadlineTimer shareOf(QDeadlineTimer deadline, int shares)
 {
     if (deadline.isForever())
         return deadline;
-    const qint64 remaining = milliseconds(deadline);
+    const qint64 remaining = deadline.remainingTime();
     return QDeadlineTimer(std::min(remaining, std::max(remaining / shares, shortestTime)));
 }
 
@@ -46,8 +41,9 @@ PartRunner::PartRunner(Progress &progress, bool hasLowPriority)
 {
 }
 
-MadeParts PartRunner::run(const char *module, const QStringList &parts, QDeadlineTimer deadline)
+MadeParts PartRunner::run(const char *module, const QStringList &parts, QDeadlineTimer deadline, PartTime partTime)
 {
+    const int shares = partTime == PartTime::All ? 1 : sharesOfParts;
     MadeParts made;
     QStringList rest = parts;
     while (!rest.isEmpty()) {
@@ -57,14 +53,16 @@ MadeParts PartRunner::run(const char *module, const QStringList &parts, QDeadlin
             break;
         }
         Child child({QLatin1String(module), m_platform, rest, m_hasLowPriority}, [this] { m_progress.show(); });
-        const auto stopped = follow(child, rest, deadline, made);
+        const auto stopped = follow(child, rest, deadline, shares, made);
         if (!stopped)
             break;
         if (rest.contains(stopped->step)) {
+            child.showErrors();
             addMissing(made, {rest.takeFirst()}, stopped->failure);
         } else if (stopped->step == QLatin1String(PartName::application) && m_platform.isEmpty()) {
             useMinimalPlatform();
         } else {
+            child.showErrors();
             addMissing(made, rest, stopped->failure); // the same would happen to them
             break;
         }
@@ -73,12 +71,12 @@ MadeParts PartRunner::run(const char *module, const QStringList &parts, QDeadlin
 }
 
 /// Takes the texts of \a child and removes their names from \a parts, until it has no more parts or stops.
-std::optional<PartRunner::StoppedChild> PartRunner::follow(Child &child, QStringList &parts, QDeadlineTimer deadline, MadeParts &made)
+std::optional<PartRunner::StoppedChild> PartRunner::follow(Child &child, QStringList &parts, QDeadlineTimer deadline, int shares, MadeParts &made)
 {
     StoppedChild stopped;
     QElapsedTimer time;
     time.start();
-    QDeadlineTimer end = shareOf(deadline, 2);
+    QDeadlineTimer end = shareOf(deadline, sharesOfBeginning);
     while (!parts.isEmpty()) {
         const auto frame = child.next(end);
         if (!frame) {
@@ -92,7 +90,9 @@ std::optional<PartRunner::StoppedChild> PartRunner::follow(Child &child, QString
             m_progress.setWork(stopped.step);
             time.restart();
             const bool isApplication = stopped.step == QLatin1String(PartName::application);
-            end = shareOf(deadline, isApplication ? 2 : std::min(partsThatCanHang, parts.size()));
+            end = shareOf(deadline, isApplication ? sharesOfBeginning : shares);
+            if (!isApplication)
+                child.showErrors();
         } else if (frame->name == FrameName::text && stopped.step == parts.constFirst()) {
             made.texts[parts.takeFirst()] = frame->content;
         }
@@ -106,8 +106,7 @@ void PartRunner::prepare()
     if (m_isPrepared)
         return;
     m_isPrepared = true;
-    if (!hasMachine())
-        say(QStringLiteral("no machine is described, so every Windows call fails: set VKSYSTEMINFO_MACHINE to the folder of one"));
+    sayIfNoMachine();
     if (!hasDisplay())
         useMinimalPlatform();
 }

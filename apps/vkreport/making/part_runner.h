@@ -14,19 +14,24 @@ struct MadeParts
     std::vector<MissingPart> missing;
 };
 
+/// How much of the remaining time a part may take.
+enum class PartTime {
+    All,
+    AThird, ///< so that there is time for the parts after it
+};
+
 class PartRunner
 {
 public:
     PartRunner(Progress &progress, bool hasLowPriority);
 
-    /// Makes \a parts by \a module. Returns when \a deadline has passed. A part may take its share of the time that
-    /// remains: a third while there are three and more parts.
-    MadeParts run(const char *module, const QStringList &parts, QDeadlineTimer deadline);
+    /// Makes \a parts by \a module. Returns when \a deadline has passed.
+    MadeParts run(const char *module, const QStringList &parts, QDeadlineTimer deadline, PartTime partTime);
 
 private:
     struct StoppedChild;
 
-    std::optional<StoppedChild> follow(Child &child, QStringList &parts, QDeadlineTimer deadline, MadeParts &made);
+    std::optional<StoppedChild> follow(Child &child, QStringList &parts, QDeadlineTimer deadline, int shares, MadeParts &made);
     void prepare();
     void useMinimalPlatform();
     void say(const QString &message);

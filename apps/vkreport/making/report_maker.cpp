@@ -7,6 +7,7 @@
 #include "requested_parts.h"
 
 #include <algorithm>
+#include <functional>
 
 using namespace velkor;
 
@@ -33,6 +34,24 @@ constexpr Rung ladder[] = {
     {ModuleName::sections, nullptr, "section after section", 1.0, Condition::Always},
 };
 
+PartTime timeOf(const QStringList &parts)
+{
+    return parts.size() == 1 ? PartTime::All : PartTime::AThird;
+}
+
+QString nameOf(int section)
+{
+    return QString::fromUtf8(Reports::sectionRows()[std::size_t(section)].name);
+}
+
+/// Of a report from which only some sections are written, the others need not be made.
+bool needsOpenGL(const Options &options)
+{
+    const std::vector<int> &sections = options.write.sections;
+    const auto isOpenGL = [](int section) { return Reports::sectionRows()[std::size_t(section)].half == Reports::Half::OpenGL; };
+    return !options.noOpenGL && (sections.empty() || options.redact || std::any_of(sections.begin(), sections.end(), isOpenGL));
+}
+
 class Maker
 {
 public:
@@ -46,8 +65,10 @@ private:
     QDeadlineTimer deadline(double share) const;
     bool tryReport(const Rung &rung, MadeText &made);
     void takeSections(const QStringList &names, MadeText &made);
+    void keepRequested(std::vector<MissingPart> &missing) const;
 
     const Options &m_options;
+    bool m_noOpenGL;
     QElapsedTimer m_time;
     Progress m_progress;
     PartRunner m_runner;
@@ -55,6 +76,7 @@ private:
 
 Maker::Maker(const Options &options)
     : m_options(options)
+    , m_noOpenGL(!needsOpenGL(options))
     , m_progress(options.timeLimit)
     , m_runner(m_progress, options.lowPriority)
 {
@@ -72,13 +94,14 @@ MadeText Maker::wholeReport()
 {
     MadeText made;
     for (const Rung &rung : ladder) {
-        if (rung.condition == Condition::OpenGLWasAskedFor && m_options.noOpenGL)
+        if (rung.condition == Condition::OpenGLWasAskedFor && m_noOpenGL)
             continue;
         if (!rung.part)
-            takeSections(sectionNames(m_options.noOpenGL), made);
+            takeSections(sectionNames(m_noOpenGL), made);
         else if (tryReport(rung, made))
             break;
     }
+    keepRequested(made.incompleteness.missing);
     return made;
 }
 
@@ -93,11 +116,14 @@ bool Maker::tryReport(const Rung &rung, MadeText &made)
         parts += QLatin1String(PartName::timings);
     const bool isFirst = made.incompleteness.attempts.empty();
     // without OpenGL there is one rung less
-    MadeParts run = m_runner.run(rung.module, parts, deadline(m_options.noOpenGL ? ladder[0].end : rung.end));
+    MadeParts run = m_runner.run(rung.module, parts, deadline(m_noOpenGL ? ladder[0].end : rung.end), PartTime::All);
     if (run.texts.count(part) == 0) {
         Failure failure = run.missing.front().failure;
         failure.milliseconds = time.elapsed();
-        made.incompleteness.attempts.push_back({part, QLatin1String(isFirst ? "the whole report" : rung.subject), failure});
+        if (failure.reason == FailureReason::NotTried) // the time limit is that short
+            failure.reason = FailureReason::TimedOut;
+        const Rung &named = isFirst ? ladder[0] : rung; // the first is the whole report, also if it is without OpenGL
+        made.incompleteness.attempts.push_back({QLatin1String(named.part), QLatin1String(named.subject), failure});
         return false;
     }
     made.text = run.texts[part];
@@ -110,10 +136,22 @@ bool Maker::tryReport(const Rung &rung, MadeText &made)
 
 void Maker::takeSections(const QStringList &names, MadeText &made)
 {
-    const MadeParts run = m_runner.run(ModuleName::sections, names, deadline(1));
+    const MadeParts run = m_runner.run(ModuleName::sections, names, deadline(1), timeOf(names));
     if (!run.texts.empty())
         made.text = assembledReport(run.texts);
     made.incompleteness.missing = run.missing;
+}
+
+/// Of a report from which only some sections are written, the others are not missed.
+void Maker::keepRequested(std::vector<MissingPart> &missing) const
+{
+    const std::vector<int> &sections = m_options.write.sections;
+    if (sections.empty())
+        return;
+    const auto isRequested = [&sections](const MissingPart &part) {
+        return std::any_of(sections.begin(), sections.end(), [&part](int section) { return part.name == nameOf(section); });
+    };
+    missing.erase(std::remove_if(missing.begin(), missing.end(), std::not_fn(isRequested)), missing.end());
 }
 
 MadeText Maker::windowsSections()
@@ -121,7 +159,7 @@ MadeText Maker::windowsSections()
     MadeText made;
     QStringList names;
     for (const int section : m_options.write.sections)
-        names += QString::fromUtf8(Reports::sectionRows()[std::size_t(section)].name);
+        names += nameOf(section);
     takeSections(names, made);
     return made;
 }
@@ -134,7 +172,7 @@ MadeText Maker::parts()
         names += QLatin1String(PartName::timings);
     MadeText made;
     QByteArray text = listedSections(m_options);
-    MadeParts run = m_runner.run(ModuleName::library, names, deadline(1));
+    MadeParts run = m_runner.run(ModuleName::library, names, deadline(1), timeOf(names));
     for (const QString &name : texts)
         text += run.texts[name];
     made.timings = QString::fromUtf8(run.texts[QLatin1String(PartName::timings)]);
