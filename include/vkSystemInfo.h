@@ -23,6 +23,12 @@
 //    The ends of the process were measured on Linux only.
 //    The library starts no thread and takes no lock. Its only state is the OpenGL version
 //    record.
+//  * Safety. A driver that crashes in a call ends the host, and a server that does not answer
+//    makes it wait. A host that must not risk this starts vkreport, which comes back with the
+//    rest of the report (docs/robustness.md). The DNS-SD libraries are loaded by bare name, from
+//    the folders of the search path. A host that runs with more rights than its user, such as a
+//    service, must first remove folders in which others can write: the current folder by
+//    SetDllDirectory(L""), others from PATH. Or it starts vkreport with the rights of the user.
 //  * Side effects. The library only reads. It writes no file and no registry key, and sends
 //    nothing. Qt may look up host names.
 #pragma once
