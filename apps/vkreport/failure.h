@@ -6,9 +6,9 @@
 enum class FailureReason {
     TimedOut,
     Crashed,
-    Exited,     ///< ended by itself before it was done
+    Exited, ///< ended by itself before it was done
     NotStarted,
-    NotTried,   ///< the time limit was reached
+    NotTried, ///< the time limit was reached
 };
 
 /// Why there is no text.

@@ -34,9 +34,9 @@ struct Options
     bool inProcess = false;
     bool lowPriority = false;
     double timeLimit = 60; ///< seconds; 0 for none
-    QStringList sections; ///< as they were given
-    QString input;        ///< name of the file to read, "-" for standard input; null to make a report
-    QString output;       ///< name of the file to write; null for standard output
+    QStringList sections;  ///< as they were given
+    QString input;         ///< name of the file to read, "-" for standard input; null to make a report
+    QString output;        ///< name of the file to write; null for standard output
     Format format = Format::Text;
     bool redact = false;
     RedactionFiles redaction;

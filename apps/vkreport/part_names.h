@@ -5,9 +5,9 @@
 #include <QtCore/QStringList>
 
 /// The sections that the library exports, in the order of the report: EXPORTED_SECTIONS(f) is f(qtDateTime) ...
-#define EXPORTED_SECTIONS(f) \
-    f(qtDateTime) f(qtGlobal) f(qtCoreApplication) f(qtLocale) f(qtScreens) f(qtDesktop) f(qtDesktopServices) \
-    f(qtAccessibility) f(qtPrinterInfo) f(qtHostInfo) f(qtSystemEnvironment)
+#define EXPORTED_SECTIONS(f)                                                                                \
+  f(qtDateTime) f(qtGlobal) f(qtCoreApplication) f(qtLocale) f(qtScreens) f(qtDesktop) f(qtDesktopServices) \
+      f(qtAccessibility) f(qtPrinterInfo) f(qtHostInfo) f(qtSystemEnvironment)
 
 namespace PartName {
 

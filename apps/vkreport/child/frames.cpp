@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr int longestHeader = 32;                  // bytes
+constexpr int longestHeader = 32;                 // bytes
 constexpr int largestContent = 512 * 1024 * 1024; // bytes
 
 bool isKnown(const QByteArray &name)

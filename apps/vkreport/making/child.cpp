@@ -31,8 +31,7 @@ int waitingTime(QDeadlineTimer deadline)
 } // namespace
 
 Child::Child(const ChildOptions &options, std::function<void()> showProgress)
-    : m_process(std::make_unique<ChildProcess>(options.hasLowPriority))
-    , m_showProgress(std::move(showProgress))
+    : m_process(std::make_unique<ChildProcess>(options.hasLowPriority)), m_showProgress(std::move(showProgress))
 {
     keepOutputFromChildren();
     m_process->startWithParent(programFile(), argumentsOf(options));

@@ -23,7 +23,7 @@ protected:
 
 private:
     bool m_hasLowPriority;
-    qint64 m_parent; ///< Linux: process id
+    qint64 m_parent;       ///< Linux: process id
     void *m_job = nullptr; ///< Windows: ends the child when its handle is closed
 };
 

@@ -18,16 +18,26 @@ struct SignalName
 };
 
 constexpr SignalName signalNames[] = {
-    {SIGABRT, "SIGABRT"}, {SIGBUS, "SIGBUS"},   {SIGFPE, "SIGFPE"},   {SIGHUP, "SIGHUP"},   {SIGILL, "SIGILL"},
-    {SIGINT, "SIGINT"},   {SIGKILL, "SIGKILL"}, {SIGPIPE, "SIGPIPE"}, {SIGSEGV, "SIGSEGV"}, {SIGSYS, "SIGSYS"},
-    {SIGTERM, "SIGTERM"}, {SIGTRAP, "SIGTRAP"}, {SIGXCPU, "SIGXCPU"}, {SIGXFSZ, "SIGXFSZ"},
+    {SIGABRT, "SIGABRT"},
+    {SIGBUS, "SIGBUS"},
+    {SIGFPE, "SIGFPE"},
+    {SIGHUP, "SIGHUP"},
+    {SIGILL, "SIGILL"},
+    {SIGINT, "SIGINT"},
+    {SIGKILL, "SIGKILL"},
+    {SIGPIPE, "SIGPIPE"},
+    {SIGSEGV, "SIGSEGV"},
+    {SIGSYS, "SIGSYS"},
+    {SIGTERM, "SIGTERM"},
+    {SIGTRAP, "SIGTRAP"},
+    {SIGXCPU, "SIGXCPU"},
+    {SIGXFSZ, "SIGXFSZ"},
 };
 
 } // namespace
 
 ChildProcess::ChildProcess(bool hasLowPriority)
-    : m_hasLowPriority(hasLowPriority)
-    , m_parent(getpid())
+    : m_hasLowPriority(hasLowPriority), m_parent(getpid())
 {
 }
 

@@ -41,8 +41,7 @@ HANDLE jobWithChild(HANDLE child)
 } // namespace
 
 ChildProcess::ChildProcess(bool hasLowPriority)
-    : m_hasLowPriority(hasLowPriority)
-    , m_parent(0)
+    : m_hasLowPriority(hasLowPriority), m_parent(0)
 {
     if (m_hasLowPriority) {
         setCreateProcessArgumentsModifier(

@@ -36,8 +36,7 @@ struct PartRunner::StoppedChild
 };
 
 PartRunner::PartRunner(Progress &progress, bool hasLowPriority)
-    : m_progress(progress)
-    , m_hasLowPriority(hasLowPriority)
+    : m_progress(progress), m_hasLowPriority(hasLowPriority)
 {
 }
 

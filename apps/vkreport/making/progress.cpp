@@ -10,8 +10,7 @@ constexpr qint64 shortTime = 300; // milliseconds; who waits no longer needs no 
 } // namespace
 
 Progress::Progress(double timeLimit)
-    : m_timeLimit(timeLimit)
-    , m_isTerminal(isTerminal(stderr))
+    : m_timeLimit(timeLimit), m_isTerminal(isTerminal(stderr))
 {
     m_time.start();
 }

@@ -75,10 +75,7 @@ private:
 };
 
 Maker::Maker(const Options &options)
-    : m_options(options)
-    , m_noOpenGL(!needsOpenGL(options))
-    , m_progress(options.timeLimit)
-    , m_runner(m_progress, options.lowPriority)
+    : m_options(options), m_noOpenGL(!needsOpenGL(options)), m_progress(options.timeLimit), m_runner(m_progress, options.lowPriority)
 {
     m_time.start();
 }
