@@ -41,7 +41,7 @@ Child::~Child()
 {
     m_process->kill();
     if (m_process->state() != QProcess::NotRunning && !m_process->waitForFinished(timeToEnd))
-        m_process.release(); // the destructor would wait for it
+        static_cast<void>(m_process.release()); // the destructor would wait for it
     else
         takeErrors();
 }

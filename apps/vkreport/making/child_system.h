@@ -23,8 +23,7 @@ protected:
 
 private:
     bool m_hasLowPriority;
-    qint64 m_parent;       ///< Linux: process id
-    void *m_job = nullptr; ///< Windows: ends the child when its handle is closed
+    quintptr m_bond = 0; ///< ends the child with its parent. Linux: process id of the parent. Windows: job object
 };
 
 /// The name of what ended a process that crashed: a signal, or an exception.

@@ -37,7 +37,7 @@ constexpr SignalName signalNames[] = {
 } // namespace
 
 ChildProcess::ChildProcess(bool hasLowPriority)
-    : m_hasLowPriority(hasLowPriority), m_parent(getpid())
+    : m_hasLowPriority(hasLowPriority), m_bond(quintptr(getpid()))
 {
 }
 
@@ -53,7 +53,7 @@ bool ChildProcess::startWithParent(const QString &program, const QStringList &ar
 void ChildProcess::setupChildProcess()
 {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (getppid() != pid_t(m_parent))
+    if (getppid() != pid_t(m_bond))
         _exit(1);
     if (m_hasLowPriority)
         setpriority(PRIO_PROCESS, 0, lowPriority);

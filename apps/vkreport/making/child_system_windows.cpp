@@ -41,7 +41,7 @@ HANDLE jobWithChild(HANDLE child)
 } // namespace
 
 ChildProcess::ChildProcess(bool hasLowPriority)
-    : m_hasLowPriority(hasLowPriority), m_parent(0)
+    : m_hasLowPriority(hasLowPriority)
 {
     if (m_hasLowPriority) {
         setCreateProcessArgumentsModifier(
@@ -51,8 +51,8 @@ ChildProcess::ChildProcess(bool hasLowPriority)
 
 ChildProcess::~ChildProcess()
 {
-    if (m_job)
-        CloseHandle(m_job);
+    if (m_bond)
+        CloseHandle(reinterpret_cast<HANDLE>(m_bond)); // ends the child
 }
 
 bool ChildProcess::startWithParent(const QString &program, const QStringList &arguments)
@@ -61,7 +61,7 @@ bool ChildProcess::startWithParent(const QString &program, const QStringList &ar
     if (!waitForStarted(-1))
         return false;
     if (const HANDLE child = OpenProcess(PROCESS_SET_QUOTA | PROCESS_TERMINATE, FALSE, DWORD(processId()))) {
-        m_job = jobWithChild(child);
+        m_bond = reinterpret_cast<quintptr>(jobWithChild(child));
         CloseHandle(child);
     }
     return true;
