@@ -45,7 +45,7 @@ int main(int argc, char *argv[])
 
     QLibrary library(QFileInfo(parser.value("library")).absoluteFilePath()); // stays loaded
     const auto allInfos = reinterpret_cast<AllInfos>(library.resolve(allInfosName));
-    const QString missing = allInfos ? QString() : "There is no report: " + library.errorString();
+    const QString missing = allInfos ? QString() : "There is no report. " + library.errorString();
     if (parser.isSet("save")) {
         const QString error = allInfos ? save(allInfos(false), parser.value("save")) : missing;
         if (!error.isEmpty())
@@ -58,7 +58,6 @@ int main(int argc, char *argv[])
     window.resize(800, 600);
     const auto text = new QPlainTextEdit; // plain text: nothing in a report may act as HTML
     text->setReadOnly(true);
-    text->setLineWrapMode(QPlainTextEdit::NoWrap);
     text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     text->setPlainText(missing);
     const auto makeButton = new QPushButton("&Make a report");

@@ -37,8 +37,8 @@ int main(int argc, char *argv[])
     QWidget window;
     window.setWindowTitle("A host that starts vkreport");
     window.resize(480, 240);
-    const auto text = new QPlainTextEdit("A report holds names of users and computers, network addresses, and environment "
-                                         "variables, which may hold passwords. Nothing leaves this computer.");
+    const auto text = new QPlainTextEdit("A report holds names of users and computers, network addresses, and all "
+                                         "environment variables, which may hold passwords. It stays on this computer.");
     text->setReadOnly(true); // plain text: nothing in a report may act as HTML
     const auto bar = new QProgressBar;
     const auto button = new QPushButton; // makes a report, or cancels it
@@ -78,7 +78,7 @@ int main(int argc, char *argv[])
         if (error == QProcess::FailedToStart) // then finished() is not emitted
             end();
     });
-    QObject::connect(&clock, &QTimer::timeout, [&] { text->setPlainText(QString("%1 s").arg(++seconds)); });
+    QObject::connect(&clock, &QTimer::timeout, [&] { text->setPlainText(QString("Please wait: %1 s").arg(++seconds)); });
     QObject::connect(button, &QPushButton::clicked, [&] {
         if (process.state() != QProcess::NotRunning)
             return process.kill(); // the children of vkreport end, too
