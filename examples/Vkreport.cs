@@ -42,6 +42,7 @@ static class Vkreport
             if (!process.WaitForExit(seconds == 0 ? -1 : (int)(1000 * (seconds + 30))))
             {
                 process.Kill();
+                process.WaitForExit(); // else the pipes are closed while they are read
                 throw new NoReport("vkreport did not end");
             }
             if (process.ExitCode == 1)
