@@ -16,6 +16,7 @@ install(FILES ${PROJECT_BINARY_DIR}/vkSystemInfoConfig.cmake ${PROJECT_BINARY_DI
     DESTINATION ${package_dir} COMPONENT sdk)
 install(FILES LICENSE README.md CHANGELOG.md DESTINATION . COMPONENT sdk)
 install(DIRECTORY docs DESTINATION . COMPONENT sdk PATTERN man EXCLUDE)
+install(DIRECTORY examples DESTINATION . COMPONENT sdk USE_SOURCE_PERMISSIONS)
 
 # The programs with their manual pages and the completion of bash. They find the library of the SDK.
 set(programs vkreport vkcompare)
