@@ -55,6 +55,15 @@ bool writeToFile(const QByteArray &bytes, const QString &fileName, QString &erro
     return false;
 }
 
+bool canWriteFile(const QString &fileName, QString &error)
+{
+    QSaveFile file(fileName);
+    if (isDevice(fileName) || file.open(QIODevice::WriteOnly))
+        return true; // the destructor removes the temporary file
+    error = QStringLiteral("cannot write '%1': %2").arg(fileName, file.errorString());
+    return false;
+}
+
 bool isDevice(const QString &fileName)
 {
     const QFileInfo existing(fileName);

@@ -23,6 +23,9 @@ bool writeToFile(const QString &text, const QString &fileName, QString &error);
 bool writeToStandardOutput(const QByteArray &bytes);
 bool writeToFile(const QByteArray &bytes, const QString &fileName, QString &error);
 
+/// Whether writeToFile() can be expected to succeed. Changes nothing. On failure \a error is a message for the user.
+bool canWriteFile(const QString &fileName, QString &error);
+
 /// Whether the name belongs to a device or a pipe, which must not be replaced by a file.
 bool isDevice(const QString &fileName);
 

@@ -139,14 +139,14 @@ ExitCode writeReport(const Options &options, const MadeText &made)
     return writeDocument({Reports::read(*made.text), incompletenessJson(made.incompleteness, options.timeLimit), nullptr}, options);
 }
 
-/// What is missing is also said in a file beside the report.
+/// What is missing is also said in a file beside the report. If that is not possible, the exit code says it still.
 ExitCode writeFileBeside(const Options &options, const Incompleteness &incompleteness)
 {
     QString error;
     if (options.output.isNull() || isDevice(options.output) || writeIncompletenessFile(incompleteness, options.output, error))
         return Done;
     complain(Reports::terminalText(error));
-    return Failed;
+    return incompleteness.missing.empty() ? Failed : Done;
 }
 
 } // namespace
@@ -163,15 +163,14 @@ ExitCode convertInput(const Options &options)
     return document ? writeDocument({*document, {}, nullptr}, options) : Failed;
 }
 
+/// The report comes first: writing messages can block for ever if nobody reads them.
 ExitCode writeMade(const Options &options, const MadeText &made)
 {
-    for (const QString &line : failureLines(made.incompleteness))
-        complain(line);
-    if (!made.text)
-        return Failed;
-    ExitCode exitCode = writeReport(options, made);
+    ExitCode exitCode = made.text ? writeReport(options, made) : Failed;
     if (exitCode == Done)
         exitCode = writeFileBeside(options, made.incompleteness);
+    for (const QString &line : failureLines(made.incompleteness))
+        complain(line);
     tell(made.timings);
     return exitCode == Done && !made.incompleteness.missing.empty() ? Incomplete : exitCode;
 }

@@ -3,10 +3,10 @@
 #include "program_output.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
-#include <cmath>
 
 namespace {
 
@@ -24,7 +24,7 @@ constexpr ReasonText reasonTexts[] = {
     {FailureReason::TimedOut, "timeout", "did not end within %1 s", ""},
     {FailureReason::Crashed, "crash", "crashed after %1 s", " (%1)"},
     {FailureReason::Exited, "exit", "ended the process after %1 s", " (exit code %1)"},
-    {FailureReason::NotStarted, "notStarted", "the process did not start", ""},
+    {FailureReason::NotStarted, "notStarted", "could not be started", ""},
     {FailureReason::NotTried, "notTried", "not tried, the time limit was reached", ""},
 };
 
@@ -61,18 +61,14 @@ QJsonObject jsonOf(const QString &key, const QString &name, const Failure &failu
     return object;
 }
 
-/// Only a file that this program wrote may be removed.
-bool removeOldFile(const QString &fileName, QString &error)
+/// Whether there is no such file, or this program wrote it. Links and pipes are not opened.
+bool isOwnOrMissing(const QString &fileName)
 {
+    const QFileInfo info(fileName);
+    if (!info.exists() && !info.isSymLink())
+        return true;
     QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly))
-        return true;
-    const bool isOwn = file.readLine(sizeof firstLine) == firstLine;
-    file.close();
-    if (!isOwn || file.remove())
-        return true;
-    error = QStringLiteral("cannot remove '%1': %2").arg(fileName, file.errorString());
-    return false;
+    return info.isFile() && !info.isSymLink() && file.open(QIODevice::ReadOnly) && file.readLine(sizeof firstLine) == firstLine;
 }
 
 } // namespace
@@ -106,7 +102,16 @@ QByteArray incompletenessJson(const Incompleteness &incompleteness, double timeL
 bool writeIncompletenessFile(const Incompleteness &incompleteness, const QString &reportFile, QString &error)
 {
     const QString fileName = reportFile + QLatin1String(".incomplete.txt");
-    if (incompleteness.missing.empty())
-        return removeOldFile(fileName, error);
-    return writeToFile(QLatin1String(firstLine) + failureLines(incompleteness).join(QLatin1Char('\n')) + QLatin1Char('\n'), fileName, error);
+    const bool isIncomplete = !incompleteness.missing.empty();
+    if (!isOwnOrMissing(fileName)) {
+        error = QStringLiteral("cannot write '%1': somebody else wrote this file").arg(fileName);
+        return !isIncomplete;
+    }
+    if (isIncomplete)
+        return writeToFile(QLatin1String(firstLine) + failureLines(incompleteness).join(QLatin1Char('\n')) + QLatin1Char('\n'), fileName, error);
+    QFile file(fileName);
+    if (!file.exists() || file.remove())
+        return true;
+    error = QStringLiteral("cannot remove '%1': %2").arg(fileName, file.errorString());
+    return false;
 }

@@ -52,6 +52,11 @@ std::optional<ExitCode> run(Options &options, int &argc, char **argv)
         return std::nullopt;
     if (argc == 1 && hasConsoleOfItsOwn())
         return runInOwnConsole(options);
+    QString error;
+    if (!options.output.isNull() && !canWriteFile(options.output, error)) { // before the report takes its time
+        complain(velkor::Reports::terminalText(error));
+        return Failed;
+    }
     return writeMade(options, makeText(options));
 }
 

@@ -237,6 +237,8 @@ QString readOptions(const QCommandLineParser &parser, Options &options)
     options.write.onlySummary = parser.isSet(summary);
     options.input = fileName(parser, input);
     options.output = fileName(parser, output);
+    if (options.output == QLatin1String("/dev/stdout")) // may be a file, which must not be replaced
+        options.output = QString();
     for (const auto read : {readSections, readFormat, readMaxLength, readRedaction, readTimeLimit}) {
         QString error = read(parser, options);
         if (!error.isEmpty())

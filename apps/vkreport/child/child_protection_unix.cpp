@@ -1,6 +1,8 @@
 #include "child_protection.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -12,6 +14,8 @@ void forbidCoreDumps()
     rlimit limit = {};
     if (getrlimit(RLIMIT_CORE, &limit) != 0)
         return;
+    if (limit.rlim_max < 1) // only this prevents it then
+        prctl(PR_SET_DUMPABLE, 0);
     limit.rlim_cur = qMin<rlim_t>(1, limit.rlim_max);
     setrlimit(RLIMIT_CORE, &limit);
 }
@@ -34,5 +38,6 @@ void endProcess(int exitCode)
 
 QString programFile()
 {
-    return QFile::symLinkTarget(QStringLiteral("/proc/self/exe"));
+    const QString file = QFile::symLinkTarget(QStringLiteral("/proc/self/exe"));
+    return file.isEmpty() ? QCoreApplication::applicationFilePath() : file;
 }

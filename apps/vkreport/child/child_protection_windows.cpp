@@ -1,5 +1,6 @@
 #include "child_protection.h"
 
+#include <csignal>
 #include <fcntl.h>
 #include <io.h>
 #include <windows.h>
@@ -13,6 +14,13 @@ LONG WINAPI endAtException(EXCEPTION_POINTERS *exception)
 {
     TerminateProcess(GetCurrentProcess(), exception->ExceptionRecord->ExceptionCode);
     return EXCEPTION_EXECUTE_HANDLER;
+}
+
+/// The run-time library would show a dialog box.
+void endAtAbort(int)
+{
+    constexpr UINT exitCodeOfAbort = 3;
+    TerminateProcess(GetCurrentProcess(), exitCodeOfAbort);
 }
 
 /// Nothing is ever written to the standard input of a child; reading ends when the parent ends. The parent's job object
@@ -48,6 +56,8 @@ void watchParent()
 int protectChild()
 {
     SetErrorMode(noDialogBoxes);
+    SetThreadErrorMode(noDialogBoxes, nullptr); // SetErrorMode(0) does not reset it
+    std::signal(SIGABRT, endAtAbort);
     SetUnhandledExceptionFilter(endAtException);
     SetDllDirectoryW(L"");
     watchParent();

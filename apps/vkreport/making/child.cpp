@@ -12,7 +12,8 @@ namespace {
 
 constexpr int progressInterval = 200; // milliseconds
 /// A process in a call of a driver may not end when it is told to.
-constexpr int timeToEnd = 500; // milliseconds
+constexpr int timeToEnd = 500;           // milliseconds
+constexpr int largestErrors = 64 * 1024; // bytes of standard error
 
 QStringList argumentsOf(const ChildOptions &options)
 {
@@ -30,10 +31,16 @@ int waitingTime(QDeadlineTimer deadline)
 
 } // namespace
 
-Child::Child(const ChildOptions &options, std::function<void()> showProgress)
-    : m_process(std::make_unique<ChildProcess>(options.hasLowPriority)), m_showProgress(std::move(showProgress))
+Child::Child(const ChildOptions &options, std::function<void()> showProgress, std::function<void(const QString &)> passOn)
+    : m_process(std::make_unique<ChildProcess>(options.hasLowPriority)), m_showProgress(std::move(showProgress)), m_passOn(std::move(passOn))
 {
     keepOutputFromChildren();
+    // QProcess waits as long as a driver writes errors, so the deadline is also looked at here.
+    QObject::connect(m_process.get(), &QProcess::readyReadStandardError, [this] {
+        takeErrors();
+        if (m_deadline.hasExpired())
+            m_process->kill();
+    });
     m_process->startWithParent(programFile(), argumentsOf(options));
 }
 
@@ -48,11 +55,13 @@ Child::~Child()
 
 std::optional<Frame> Child::next(QDeadlineTimer deadline)
 {
+    m_deadline = deadline;
     Frame frame;
     for (;;) {
-        m_reader.add(m_process->readAllStandardOutput());
-        takeErrors();
-        switch (m_reader.take(frame)) {
+        const bool isLate = deadline.hasExpired(); // before the pipe is read, so that what arrived in time counts
+        if (isLate)
+            m_process->waitForReadyRead(0);
+        switch (take(frame)) {
         case FrameReader::Next::Frame:
             return frame;
         case FrameReader::Next::Invalid:
@@ -62,17 +71,25 @@ std::optional<Frame> Child::next(QDeadlineTimer deadline)
         case FrameReader::Next::Incomplete:
             break;
         }
-        if (m_process->state() == QProcess::NotRunning && m_process->bytesAvailable() == 0) {
-            noteEnd();
+        if (isLate) {
+            m_failure.reason = FailureReason::TimedOut;
             return std::nullopt;
         }
-        if (deadline.hasExpired()) {
-            m_failure.reason = FailureReason::TimedOut;
+        if (m_process->state() == QProcess::NotRunning && m_process->bytesAvailable() == 0) {
+            noteEnd();
             return std::nullopt;
         }
         m_process->waitForReadyRead(waitingTime(deadline));
         m_showProgress();
     }
+}
+
+FrameReader::Next Child::take(Frame &frame)
+{
+    if (m_process->isReadable())
+        m_reader.add(m_process->readAllStandardOutput());
+    takeErrors();
+    return m_reader.take(frame);
 }
 
 void Child::showErrors()
@@ -81,12 +98,15 @@ void Child::showErrors()
     takeErrors();
 }
 
+/// Of a driver that writes without end, only the beginning is kept.
 void Child::takeErrors()
 {
-    m_errors += m_process->readAllStandardError();
+    if (m_process->isReadable())
+        m_errors += m_process->readAllStandardError().left(largestErrors - m_sizeOfErrors - m_errors.size());
     if (!m_showsErrors || m_errors.isEmpty())
         return;
-    tell(QString::fromUtf8(m_errors));
+    m_passOn(QString::fromUtf8(m_errors));
+    m_sizeOfErrors += m_errors.size();
     m_errors.clear();
 }
 

@@ -24,8 +24,9 @@ struct ChildOptions
 class Child
 {
 public:
-    /// \a showProgress is called several times a second while a text is waited for.
-    Child(const ChildOptions &options, std::function<void()> showProgress);
+    /// \a showProgress is called several times a second while a text is waited for, \a passOn gets what the child writes to
+    /// standard error.
+    Child(const ChildOptions &options, std::function<void()> showProgress, std::function<void(const QString &)> passOn);
     /// Ends the child.
     ~Child();
     Child(const Child &) = delete;
@@ -39,13 +40,17 @@ public:
     Failure failure() const { return m_failure; }
 
 private:
+    FrameReader::Next take(Frame &frame);
     void takeErrors();
     void noteEnd();
 
     std::unique_ptr<ChildProcess> m_process;
     std::function<void()> m_showProgress;
+    std::function<void(const QString &)> m_passOn;
+    QDeadlineTimer m_deadline; ///< of the frame that is waited for
     FrameReader m_reader;
     QByteArray m_errors;
+    int m_sizeOfErrors = 0; ///< passed on already
     bool m_showsErrors = false;
     Failure m_failure;
 };

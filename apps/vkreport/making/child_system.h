@@ -1,6 +1,8 @@
 // What a child process needs from the system. One file for each platform.
 #pragma once
 
+#include "failure.h"
+
 #include <QtCore/QProcess>
 #include <QtCore/QString>
 
@@ -31,6 +33,9 @@ QString crashName(int exitCode);
 
 /// Whether QApplication can be expected to find a display.
 bool hasDisplay();
+
+/// Whether a child that created its QApplication ended like this because Qt found no display.
+bool isEndWithoutDisplay(const Failure &failure);
 
 /// Away from Windows a described machine answers the Windows calls. Tells the user if there is none.
 void sayIfNoMachine();

@@ -56,7 +56,7 @@ void ChildProcess::setupChildProcess()
     if (getppid() != pid_t(m_bond))
         _exit(1);
     if (m_hasLowPriority)
-        setpriority(PRIO_PROCESS, 0, lowPriority);
+        setpriority(PRIO_PROCESS, 0, qMax(getpriority(PRIO_PROCESS, 0), lowPriority));
 }
 
 QString crashName(int exitCode)
@@ -66,6 +66,12 @@ QString crashName(int exitCode)
             return QLatin1String(known.name);
     }
     return QStringLiteral("signal %1").arg(exitCode);
+}
+
+/// Qt calls abort().
+bool isEndWithoutDisplay(const Failure &failure)
+{
+    return failure.reason == FailureReason::Crashed && failure.code == QLatin1String("SIGABRT");
 }
 
 bool hasDisplay()

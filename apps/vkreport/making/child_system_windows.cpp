@@ -78,6 +78,11 @@ QString crashName(int exitCode)
     return number;
 }
 
+bool isEndWithoutDisplay(const Failure &)
+{
+    return false;
+}
+
 bool hasDisplay()
 {
     return true;

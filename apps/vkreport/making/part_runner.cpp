@@ -26,6 +26,11 @@ void addMissing(MadeParts &made, const QStringList &parts, const Failure &failur
         made.missing.push_back({part, failure});
 }
 
+QString noDisplay()
+{
+    return QStringLiteral("no display");
+}
+
 } // namespace
 
 /// A child that did not make all of its parts.
@@ -35,8 +40,8 @@ struct PartRunner::StoppedChild
     Failure failure;
 };
 
-PartRunner::PartRunner(Progress &progress, bool hasLowPriority)
-    : m_progress(progress), m_hasLowPriority(hasLowPriority)
+PartRunner::PartRunner(MessageWriter &writer, Progress &progress, bool hasLowPriority)
+    : m_writer(writer), m_progress(progress), m_hasLowPriority(hasLowPriority)
 {
 }
 
@@ -51,17 +56,21 @@ MadeParts PartRunner::run(const char *module, const QStringList &parts, QDeadlin
             addMissing(made, rest, {});
             break;
         }
-        Child child({QLatin1String(module), m_platform, rest, m_hasLowPriority}, [this] { m_progress.show(); });
+        Child child(
+            {QLatin1String(module), m_platform, rest, m_hasLowPriority}, [this] { m_progress.show(); },
+            [this](const QString &lines) { passOn(lines); });
+        const int before = rest.size();
         const auto stopped = follow(child, rest, deadline, shares, made);
         if (!stopped)
             break;
+        if (stopped->step == QLatin1String(PartName::application) && m_platform.isEmpty()) {
+            noteFailedPlatform(child, stopped->failure, made);
+            continue;
+        }
+        child.showErrors();
         if (rest.contains(stopped->step)) {
-            child.showErrors();
             addMissing(made, {rest.takeFirst()}, stopped->failure);
-        } else if (stopped->step == QLatin1String(PartName::application) && m_platform.isEmpty()) {
-            useMinimalPlatform();
-        } else {
-            child.showErrors();
+        } else if (rest.size() == before) {
             addMissing(made, rest, stopped->failure); // the same would happen to them
             break;
         }
@@ -107,17 +116,30 @@ void PartRunner::prepare()
     m_isPrepared = true;
     sayIfNoMachine();
     if (!hasDisplay())
-        useMinimalPlatform();
+        useMinimalPlatform(noDisplay());
 }
 
-void PartRunner::useMinimalPlatform()
+/// Without a display, Qt ends the process in an orderly way; its message adds nothing.
+void PartRunner::noteFailedPlatform(Child &child, const Failure &failure, MadeParts &made)
+{
+    if (isEndWithoutDisplay(failure)) {
+        useMinimalPlatform(noDisplay());
+        return;
+    }
+    child.showErrors();
+    made.attempts.push_back({QLatin1String(PartName::application), QStringLiteral("Qt's platform plug-in"), failure});
+    useMinimalPlatform(QStringLiteral("Qt's platform plug-in failed"));
+}
+
+void PartRunner::useMinimalPlatform(const QString &reason)
 {
     m_platform = QStringLiteral("minimal");
-    say(QStringLiteral("no display: Qt's platform \"minimal\" is used; screens and OpenGL are not those of this machine"));
+    passOn(QStringLiteral("vkreport: %1: Qt's platform \"minimal\" is used; screens and OpenGL are not those of this machine\n")
+               .arg(reason));
 }
 
-void PartRunner::say(const QString &message)
+void PartRunner::passOn(const QString &lines)
 {
     m_progress.erase();
-    complain(message);
+    m_writer.write(lines);
 }

@@ -12,6 +12,7 @@ struct MadeParts
 {
     std::map<QString, QByteArray> texts;
     std::vector<MissingPart> missing;
+    std::vector<FailedAttempt> attempts; ///< to use the display
 };
 
 /// How much of the remaining time a part may take.
@@ -23,7 +24,7 @@ enum class PartTime {
 class PartRunner
 {
 public:
-    PartRunner(Progress &progress, bool hasLowPriority);
+    PartRunner(MessageWriter &writer, Progress &progress, bool hasLowPriority);
 
     /// Makes \a parts by \a module. Returns when \a deadline has passed.
     MadeParts run(const char *module, const QStringList &parts, QDeadlineTimer deadline, PartTime partTime);
@@ -33,9 +34,11 @@ private:
 
     std::optional<StoppedChild> follow(Child &child, QStringList &parts, QDeadlineTimer deadline, int shares, MadeParts &made);
     void prepare();
-    void useMinimalPlatform();
-    void say(const QString &message);
+    void noteFailedPlatform(Child &child, const Failure &failure, MadeParts &made);
+    void useMinimalPlatform(const QString &reason);
+    void passOn(const QString &lines);
 
+    MessageWriter &m_writer;
     Progress &m_progress;
     bool m_hasLowPriority;
     bool m_isPrepared = false;

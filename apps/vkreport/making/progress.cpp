@@ -1,7 +1,6 @@
 #include "progress.h"
 
 #include "program_input.h"
-#include "program_output.h"
 
 namespace {
 
@@ -9,8 +8,8 @@ constexpr qint64 shortTime = 300; // milliseconds; who waits no longer needs no 
 
 } // namespace
 
-Progress::Progress(double timeLimit)
-    : m_timeLimit(timeLimit), m_isTerminal(isTerminal(stderr))
+Progress::Progress(double timeLimit, MessageWriter &writer)
+    : m_timeLimit(timeLimit), m_writer(writer), m_isTerminal(isTerminal(stderr))
 {
     m_time.start();
 }
@@ -26,14 +25,14 @@ void Progress::show()
         return;
     QString line = QStringLiteral("%1: %2 s").arg(m_work).arg(m_time.elapsed() / 1000);
     if (m_timeLimit > 0)
-        line += QStringLiteral(" of at most %1 s").arg(m_timeLimit);
-    tell(QLatin1Char('\r') + line.leftJustified(m_width));
+        line += QStringLiteral(" of at most %1 s").arg(m_timeLimit, 0, 'g', 10);
+    m_writer.write(QLatin1Char('\r') + line.leftJustified(m_width));
     m_width = line.size();
 }
 
 void Progress::erase()
 {
     if (m_width > 0)
-        tell(QLatin1Char('\r') + QString(m_width, QLatin1Char(' ')) + QLatin1Char('\r'));
+        m_writer.write(QLatin1Char('\r') + QString(m_width, QLatin1Char(' ')) + QLatin1Char('\r'));
     m_width = 0;
 }

@@ -1,6 +1,8 @@
 // One line on a terminal that says what is being done. Nothing is written if standard error is no terminal.
 #pragma once
 
+#include "message_writer.h"
+
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QString>
 
@@ -8,7 +10,7 @@ class Progress
 {
 public:
     /// \a timeLimit in seconds, 0 for none.
-    explicit Progress(double timeLimit);
+    Progress(double timeLimit, MessageWriter &writer);
     /// Erases the line.
     ~Progress();
     Progress(const Progress &) = delete;
@@ -23,6 +25,7 @@ public:
 
 private:
     double m_timeLimit;
+    MessageWriter &m_writer;
     bool m_isTerminal;
     QElapsedTimer m_time;
     QString m_work;

@@ -34,6 +34,12 @@ constexpr Rung ladder[] = {
     {ModuleName::sections, nullptr, "section after section", 1.0, Condition::Always},
 };
 
+template <typename T>
+void append(std::vector<T> &list, const std::vector<T> &more)
+{
+    list.insert(list.end(), more.begin(), more.end());
+}
+
 PartTime timeOf(const QStringList &parts)
 {
     return parts.size() == 1 ? PartTime::All : PartTime::AThird;
@@ -64,18 +70,21 @@ public:
 private:
     QDeadlineTimer deadline(double share) const;
     bool tryReport(const Rung &rung, MadeText &made);
+    const Rung *firstRung() const { return &ladder[m_noOpenGL ? 1 : 0]; }
+    void addOpenGL(MadeText &made);
     void takeSections(const QStringList &names, MadeText &made);
     void keepRequested(std::vector<MissingPart> &missing) const;
 
     const Options &m_options;
     bool m_noOpenGL;
     QElapsedTimer m_time;
+    MessageWriter m_writer;
     Progress m_progress;
     PartRunner m_runner;
 };
 
 Maker::Maker(const Options &options)
-    : m_options(options), m_noOpenGL(!needsOpenGL(options)), m_progress(options.timeLimit), m_runner(m_progress, options.lowPriority)
+    : m_options(options), m_noOpenGL(!needsOpenGL(options)), m_progress(options.timeLimit, m_writer), m_runner(m_writer, m_progress, options.lowPriority)
 {
     m_time.start();
 }
@@ -111,9 +120,10 @@ bool Maker::tryReport(const Rung &rung, MadeText &made)
     QStringList parts {part};
     if (m_options.timings)
         parts += QLatin1String(PartName::timings);
-    const bool isFirst = made.incompleteness.attempts.empty();
+    const bool isFirst = &rung == firstRung();
     // without OpenGL there is one rung less
     MadeParts run = m_runner.run(rung.module, parts, deadline(m_noOpenGL ? ladder[0].end : rung.end), PartTime::All);
+    append(made.incompleteness.attempts, run.attempts);
     if (run.texts.count(part) == 0) {
         Failure failure = run.missing.front().failure;
         failure.milliseconds = time.elapsed();
@@ -125,10 +135,21 @@ bool Maker::tryReport(const Rung &rung, MadeText &made)
     }
     made.text = run.texts[part];
     made.timings = QString::fromUtf8(run.texts[QLatin1String(PartName::timings)]);
+    append(made.incompleteness.missing, run.missing);
     if (!isFirst)
-        made.incompleteness.missing.push_back({sectionNames(false).constLast(), made.incompleteness.attempts.back().failure});
-    made.incompleteness.missing.insert(made.incompleteness.missing.end(), run.missing.begin(), run.missing.end());
+        addOpenGL(made);
     return true;
+}
+
+/// Tries the OpenGL section alone: perhaps it was not the cause.
+void Maker::addOpenGL(MadeText &made)
+{
+    const QString name = sectionNames(false).constLast();
+    const MadeParts run = m_runner.run(ModuleName::sections, {name}, deadline(1), PartTime::AThird);
+    append(made.incompleteness.attempts, run.attempts);
+    append(made.incompleteness.missing, run.missing);
+    if (run.missing.empty())
+        *made.text += run.texts.at(name) + Reports::separatorLine() + '\n';
 }
 
 void Maker::takeSections(const QStringList &names, MadeText &made)
@@ -136,7 +157,8 @@ void Maker::takeSections(const QStringList &names, MadeText &made)
     const MadeParts run = m_runner.run(ModuleName::sections, names, deadline(1), timeOf(names));
     if (!run.texts.empty())
         made.text = assembledReport(run.texts);
-    made.incompleteness.missing = run.missing;
+    append(made.incompleteness.attempts, run.attempts);
+    append(made.incompleteness.missing, run.missing);
 }
 
 /// Of a report from which only some sections are written, the others are not missed.
@@ -170,12 +192,16 @@ MadeText Maker::parts()
     MadeText made;
     QByteArray text = listedSections(m_options);
     MadeParts run = m_runner.run(ModuleName::library, names, deadline(1), timeOf(names));
-    for (const QString &name : texts)
-        text += run.texts[name];
+    for (const QString &name : texts) {
+        const auto found = run.texts.find(name);
+        text += found == run.texts.end() ? QByteArray() : found->second;
+    }
     made.timings = QString::fromUtf8(run.texts[QLatin1String(PartName::timings)]);
-    made.incompleteness.missing = std::move(run.missing);
-    if (made.incompleteness.missing.size() < std::size_t(names.size()) || m_options.listSections)
+    const bool isMade = std::any_of(texts.begin(), texts.end(), [&run](const QString &name) { return run.texts.count(name) != 0; });
+    if (isMade || m_options.listSections)
         made.text = text;
+    append(made.incompleteness.attempts, run.attempts);
+    append(made.incompleteness.missing, run.missing);
     return made;
 }
 
