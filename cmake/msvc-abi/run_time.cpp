@@ -56,7 +56,8 @@ extern "C" int __cdecl atexit(Function function)
 
 extern "C" int __stdcall _DllMainCRTStartup(void *, unsigned long reason, void *)
 {
-    enum : unsigned long { ProcessDetach = 0, ProcessAttach = 1 };
+    enum : unsigned long { ProcessDetach = 0,
+                           ProcessAttach = 1 };
     if (reason == ProcessAttach) {
         if (_initialize_onexit_table(&exitTable) != 0 || _initterm_e(&firstCInitialiser, &endOfCInitialisers) != 0)
             return 0;
@@ -101,7 +102,7 @@ static void *destroyNothing(void *self, unsigned)
     return self;
 }
 extern "C" void *const typeInfoTable[1] asm("??_7type_info@@6B@");
-extern "C" void *const typeInfoTable[1] = { reinterpret_cast<void *>(&destroyNothing) };
+extern "C" void *const typeInfoTable[1] = {reinterpret_cast<void *>(&destroyNothing)};
 
 // Functions with more than a page of local variables call __chkstk with their size in rax. It
 // touches each page in turn, because Windows extends the stack by one page at a time. It keeps

@@ -21,12 +21,20 @@ new_handler get_new_handler() noexcept;
 
 void *operator new(size_t size);
 void *operator new(size_t size, const std::nothrow_t &) noexcept;
+void *operator new(size_t size, std::align_val_t);
+void *operator new(size_t size, std::align_val_t, const std::nothrow_t &) noexcept;
 void *operator new[](size_t size);
 void *operator new[](size_t size, const std::nothrow_t &) noexcept;
+void *operator new[](size_t size, std::align_val_t);
+void *operator new[](size_t size, std::align_val_t, const std::nothrow_t &) noexcept;
 void operator delete(void *memory) noexcept;
 void operator delete(void *memory, size_t) noexcept;
+void operator delete(void *memory, std::align_val_t) noexcept;
+void operator delete(void *memory, size_t, std::align_val_t) noexcept;
 void operator delete[](void *memory) noexcept;
 void operator delete[](void *memory, size_t) noexcept;
+void operator delete[](void *memory, std::align_val_t) noexcept;
+void operator delete[](void *memory, size_t, std::align_val_t) noexcept;
 
 inline void *operator new(size_t, void *place) noexcept
 {
@@ -36,5 +44,5 @@ inline void *operator new[](size_t, void *place) noexcept
 {
     return place;
 }
-inline void operator delete(void *, void *) noexcept {}
-inline void operator delete[](void *, void *) noexcept {}
+inline void operator delete(void *, void *) noexcept { }
+inline void operator delete[](void *, void *) noexcept { }

@@ -19,11 +19,11 @@ class exception
 public:
     exception() noexcept
         : _Data()
-    {}
+    { }
     explicit exception(const char *what) noexcept
         : _Data()
     {
-        const __std_exception_data from = { what, true };
+        const __std_exception_data from = {what, true};
         __std_exception_copy(&from, &_Data);
     }
     // Keeps the pointer: for literals. The second argument only selects this constructor.
@@ -57,7 +57,7 @@ class bad_exception : public exception
 public:
     bad_exception() noexcept
         : exception("bad exception", 1)
-    {}
+    { }
 };
 
 class bad_alloc : public exception
@@ -65,12 +65,12 @@ class bad_alloc : public exception
 public:
     bad_alloc() noexcept
         : exception("bad allocation", 1)
-    {}
+    { }
 
 protected:
     bad_alloc(const char *what) noexcept
         : exception(what, 1)
-    {}
+    { }
 };
 
 class bad_array_new_length : public bad_alloc
@@ -78,7 +78,7 @@ class bad_array_new_length : public bad_alloc
 public:
     bad_array_new_length() noexcept
         : bad_alloc("bad array new length")
-    {}
+    { }
 };
 
 } // namespace std

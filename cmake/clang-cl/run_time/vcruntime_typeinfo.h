@@ -40,7 +40,7 @@ class bad_cast : public exception
 public:
     bad_cast() noexcept
         : exception("bad cast", 1)
-    {}
+    { }
 };
 
 class bad_typeid : public exception
@@ -48,7 +48,7 @@ class bad_typeid : public exception
 public:
     bad_typeid() noexcept
         : exception("bad typeid", 1)
-    {}
+    { }
 };
 
 } // namespace std
