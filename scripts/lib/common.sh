@@ -19,7 +19,7 @@ qt_for_windows_prefix() { printf '%s\n' "${VKSYSTEMINFO_QT_WINDOWS:-$cache_dir/q
 build() {
   local preset=$1; shift
   local part=native
-  case "$preset" in windows*) part=windows ;; *-fuzz) part=fuzz ;; esac
+  case "$preset" in *-msvc-abi) part=msvc ;; windows*) part=windows ;; *-fuzz) part=fuzz ;; esac
   "$repo_dir/scripts/install-dependencies" "$part"
   [ "$part" != windows ] || "$repo_dir/scripts/build-qt-for-windows"
   mkdir -p "$repo_dir/build"
