@@ -1,6 +1,7 @@
 # Install rules, and the archives of scripts/package: an SDK for developers of hosts, the
 # portable programs with all DLLs that they need, and the symbols.
 include(CMakePackageConfigHelpers)
+include(${CMAKE_CURRENT_LIST_DIR}/RunTimeLibraries.cmake)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vkSystemInfo)
 install(TARGETS vkSystemInfo vkReports EXPORT vkSystemInfoTargets
@@ -9,9 +10,19 @@ install(TARGETS vkSystemInfo vkReports EXPORT vkSystemInfoTargets
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT sdk)
 install(FILES include/vkSystemInfo.h include/vkReports.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT sdk)
 install(EXPORT vkSystemInfoTargets NAMESPACE vkSystemInfo:: DESTINATION ${package_dir} COMPONENT sdk)
+# What the package's file compares with the host's build
+if(MSVC)
+    set(package_abi MSVC)
+elseif(MINGW)
+    set(package_abi MinGW)
+else()
+    set(package_abi ${CMAKE_SYSTEM_NAME})
+endif()
+math(EXPR package_next_qt_minor "${Qt5Core_VERSION_MINOR} + 1")
 configure_package_config_file(cmake/vkSystemInfoConfig.cmake.in ${PROJECT_BINARY_DIR}/vkSystemInfoConfig.cmake
     INSTALL_DESTINATION ${package_dir})
-write_basic_package_version_file(${PROJECT_BINARY_DIR}/vkSystemInfoConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/vkSystemInfoConfigVersion.cmake COMPATIBILITY SameMajorVersion
+    ARCH_INDEPENDENT) # vkSystemInfoConfig.cmake refuses other architectures, and says why
 install(FILES ${PROJECT_BINARY_DIR}/vkSystemInfoConfig.cmake ${PROJECT_BINARY_DIR}/vkSystemInfoConfigVersion.cmake
     DESTINATION ${package_dir} COMPONENT sdk)
 install(FILES LICENSE README.md CHANGELOG.md DESTINATION . COMPONENT sdk)
@@ -54,42 +65,69 @@ if(CMAKE_STRIP)
     endforeach()
 endif()
 
+if(MSVC) # the linker writes the symbols if the configuration has them, such as RelWithDebInfo
+    install(FILES $<TARGET_PDB_FILE:vkSystemInfo> DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT symbols OPTIONAL)
+endif()
+
 if(MINGW)
     # Debug information would make up most of the SDK.
     install(CODE "set(folder \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}\")
         execute_process(COMMAND ${CMAKE_STRIP} --strip-debug \"\${folder}/${CMAKE_INSTALL_LIBDIR}/$<TARGET_FILE_NAME:vkReports>\"
             COMMAND_ERROR_IS_FATAL ANY)" COMPONENT sdk)
     install(FILES $<TARGET_FILE:vkSystemInfo>.debug DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT symbols)
+endif()
 
-    # The portable folder contains Qt and the run-time libraries of the compiler.
+# The portable folder contains Qt and the run-time libraries of the compiler.
+set(run_time)
+set(missing)
+if(WIN32 AND VKSYSTEMINFO_APPS AND TARGET Qt5::qmake)
     get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)
     get_filename_component(qt_bin ${qmake} DIRECTORY)
-    set(run_time)
-    foreach(module Core Gui Widgets Network PrintSupport OpenGL)
-        list(APPEND run_time ${qt_bin}/Qt5${module}.dll)
-    endforeach()
-    foreach(library libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
-        execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${library}
-            OUTPUT_VARIABLE file OUTPUT_STRIP_TRAILING_WHITESPACE)
-        if(NOT IS_ABSOLUTE ${file}) # Debian installs libwinpthread in another folder
-            find_file(file_of_${library} ${library} PATHS /usr/x86_64-w64-mingw32/lib NO_DEFAULT_PATH REQUIRED
-                      NO_CMAKE_FIND_ROOT_PATH)
-            set(file ${file_of_${library}})
+    if(MINGW)
+        foreach(module Core Gui Widgets Network PrintSupport OpenGL)
+            list(APPEND run_time ${qt_bin}/Qt5${module}.dll)
+        endforeach()
+        foreach(library libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
+            find_run_time_library(file ${CMAKE_CXX_COMPILER} ${library})
+            if(file)
+                list(APPEND run_time ${file})
+            else()
+                list(APPEND missing ${library})
+            endif()
+        endforeach()
+    else()
+        find_program(WINDEPLOYQT windeployqt HINTS ${qt_bin})
+        if(NOT WINDEPLOYQT)
+            list(APPEND missing windeployqt)
         endif()
-        list(APPEND run_time ${file})
-    endforeach()
+    endif()
+    if(missing)
+        message(STATUS "There will be no portable archive: not found beside or by ${CMAKE_CXX_COMPILER} or Qt: ${missing}")
+    endif()
+endif()
+
+if(qt_bin AND NOT missing)
     install(TARGETS ${programs} vkcapture ${modules}
         RUNTIME DESTINATION . COMPONENT portable LIBRARY DESTINATION . COMPONENT portable)
     install(DIRECTORY docs DESTINATION . COMPONENT portable PATTERN man EXCLUDE)
     install(FILES $<TARGET_FILE:vkSystemInfo> ${run_time} LICENSE DESTINATION . COMPONENT portable)
-    # The symbols of vkSystemInfo.dll are an archive of their own; the others are not shipped.
-    install(CODE "file(GLOB libraries \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/lib*.dll\" \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/vkreport_*.dll\" \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/*.exe\")
-        execute_process(COMMAND ${CMAKE_STRIP} \${libraries} COMMAND_ERROR_IS_FATAL ANY)" COMPONENT portable)
-    foreach(plugin platforms/qwindows platforms/qminimal printsupport/windowsprintersupport styles/qwindowsvistastyle)
-        get_filename_component(folder ${plugin} DIRECTORY)
-        install(FILES ${qt_bin}/../plugins/${plugin}.dll DESTINATION ${folder} COMPONENT portable)
-    endforeach()
     install(FILES cmake/portable-README.txt DESTINATION . RENAME README.txt COMPONENT portable)
+    set(portable_folder "\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}")
+    if(MINGW)
+        # The symbols of vkSystemInfo.dll are an archive of their own; the others are not shipped.
+        install(CODE "file(GLOB libraries \"${portable_folder}/lib*.dll\" \"${portable_folder}/vkreport_*.dll\" \"${portable_folder}/*.exe\")
+            execute_process(COMMAND ${CMAKE_STRIP} \${libraries} COMMAND_ERROR_IS_FATAL ANY)" COMPONENT portable)
+        foreach(plugin platforms/qwindows platforms/qminimal printsupport/windowsprintersupport styles/qwindowsvistastyle)
+            get_filename_component(folder ${plugin} DIRECTORY)
+            install(FILES ${qt_bin}/../plugins/${plugin}.dll DESTINATION ${folder} COMPONENT portable)
+        endforeach()
+    else()
+        # Written for MSVC and not run yet. vkreport itself links Qt Core only, so windeployqt needs the modules' files.
+        install(CODE "file(GLOB files \"${portable_folder}/vk*.dll\" \"${portable_folder}/vk*.exe\")
+            execute_process(COMMAND \"${WINDEPLOYQT}\" --release --compiler-runtime --no-translations --no-system-d3d-compiler
+                --no-angle --no-opengl-sw --dir \"${portable_folder}\" \${files} COMMAND_ERROR_IS_FATAL ANY)" COMPONENT portable)
+        install(FILES ${qt_bin}/../plugins/platforms/qminimal.dll DESTINATION platforms COMPONENT portable)
+    endif()
 endif()
 
 set(CPACK_GENERATOR ZIP)
