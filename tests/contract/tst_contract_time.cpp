@@ -100,6 +100,7 @@ void oneDigitDay()
 #endif
 }
 
+#ifndef SIMULATED_WINDOWS // behaves like the Universal C run-time library, which ends the process: tst_simulated_time
 void textTooLong()
 {
     const auto row = [](const QString &name, int capacity, const QString &written) {
@@ -134,6 +135,7 @@ void invalidTime()
     row("an eighth day of the week", 0, 7);
     row("a day before Sunday", 0, -1);
 }
+#endif
 
 void addTests()
 {
@@ -141,8 +143,10 @@ void addTests()
     addTestRow("offsetOfLocalTimeIsInMinutes", offsetOfLocalTimeIsInMinutes);
     addTestRows("text", text);
     addTestRow("oneDigitDay", oneDigitDay);
+#ifndef SIMULATED_WINDOWS
     addTestRows("textTooLong", textTooLong);
     addTestRows("invalidTime", invalidTime);
+#endif
 }
 
 } // namespace
