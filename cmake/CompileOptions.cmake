@@ -5,7 +5,12 @@ target_compile_definitions(vksysteminfo_options INTERFACE
 
 if(MSVC)
     target_compile_options(vksysteminfo_options INTERFACE /W4 /utf-8 /permissive-
+        # C4996: the report's text depends on GetVersionEx(), which the Windows SDK declares as deprecated, and the C
+        # library of MSVC declares standard functions, such as getenv(), as deprecated.
+        /wd4996
         $<$<BOOL:${VKSYSTEMINFO_WERROR}>:/WX>)
+    # Qt 5.15 uses iterators of namespace stdext, which Visual Studio 2022 17.8 and later declare as deprecated.
+    target_compile_definitions(vksysteminfo_options INTERFACE _SILENCE_STDEXT_ARR_ITERS_DEPRECATION_WARNING)
 else()
     target_compile_options(vksysteminfo_options INTERFACE -Wall -Wextra -Wpedantic
         $<$<BOOL:${VKSYSTEMINFO_WERROR}>:-Werror>)

@@ -1,6 +1,8 @@
 #include "call_scope.h"
 
 #include <cerrno>
+#include <cstdio>
+#include <cstdlib>
 #include <ctime>
 #include <time.h>
 
@@ -23,20 +25,29 @@ bool isTime(const struct tm &time)
         && isIn(time.tm_wday, 0, 6);
 }
 
+/// What the run-time library does with the fields on failure
+void clear(struct tm &time)
+{
+    time = {};
+    for (int tm::*field : fields)
+        time.*field = -1;
+}
+
 } // namespace
 
 int _localtime32_s(struct tm *result, const __time32_t *time)
 {
     CallScope scope("_localtime32_s", {{}, QString::number(*time)});
     if (scope.fault() || *time < 0) {
-        // On failure the run-time library sets every field to -1.
-        *result = {};
-        for (int tm::*field : fields)
-            result->*field = -1;
+        clear(*result);
         return int(scope.status(EINVAL));
     }
     const time_t local = time_t(*time) - time_t(machineInUse().system.timeZone) * 60;
     gmtime_r(&local, result);
+    if (!isTime(*result)) { // the described time zone moves it out of the years of the run-time library
+        clear(*result);
+        return int(scope.status(EINVAL));
+    }
     return int(scope.status(scope.lateFault() ? EINVAL : 0));
 }
 
@@ -45,9 +56,13 @@ int asctime_s(char *buffer, size_t size, const struct tm *time)
     CallScope scope("asctime_s", {});
     scope.call.sizeIn = scope.call.sizeOut = size;
     constexpr std::size_t needed = 26;
-    if (size > 0)
-        *buffer = 0;
-    if (scope.fault() || size < needed || !isTime(*time))
+    // The invalid-parameter handler of the Universal C run-time library ends the process; the older msvcrt returns EINVAL.
+    if (!buffer || size < needed || !time || !isTime(*time)) {
+        std::fputs("asctime_s: an invalid parameter ends the process\n", stderr);
+        std::abort();
+    }
+    *buffer = 0;
+    if (scope.fault())
         return int(scope.status(EINVAL));
     static const char days[] = "SunMonTueWedThuFriSat";
     static const char months[] = "JanFebMarAprMayJunJulAugSepOctNovDec";

@@ -100,6 +100,12 @@ void oneDigitDay()
 #endif
 }
 
+// The Universal C run-time library and the simulated Windows end the process instead: tst_simulated_time.
+#if !defined(SIMULATED_WINDOWS) && !defined(_UCRT)
+#  define RETURNS_ERRORS
+#endif
+
+#ifdef RETURNS_ERRORS
 void textTooLong()
 {
     const auto row = [](const QString &name, int capacity, const QString &written) {
@@ -134,6 +140,7 @@ void invalidTime()
     row("an eighth day of the week", 0, 7);
     row("a day before Sunday", 0, -1);
 }
+#endif
 
 void addTests()
 {
@@ -141,8 +148,10 @@ void addTests()
     addTestRow("offsetOfLocalTimeIsInMinutes", offsetOfLocalTimeIsInMinutes);
     addTestRows("text", text);
     addTestRow("oneDigitDay", oneDigitDay);
+#ifdef RETURNS_ERRORS
     addTestRows("textTooLong", textTooLong);
     addTestRows("invalidTime", invalidTime);
+#endif
 }
 
 } // namespace

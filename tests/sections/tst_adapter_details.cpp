@@ -164,6 +164,31 @@ void leaseTimeCalls()
     QCOMPARE(journal[1].sizeIn, quint64(64));
 }
 
+/// asctime_s() of the simulated Windows ends the process if a parameter is invalid, as the Universal C run-time
+/// library does. Each pattern of bits stands in the low half, and also with a high half.
+void noLeaseTimeIsInvalid()
+{
+    QVector<quint32> lows {0, 1, 86399, 86400, 0x7ffffffe, 0x7fffffff, 0x80000000, 0x80000001, 0xfffffffe, 0xffffffff};
+    for (int bit = 0; bit < 32; ++bit)
+        lows << (quint32(1) << bit) << ((quint32(1) << bit) - 1) << ~(quint32(1) << bit);
+    QVector<quint64> highs {0, 1, 0x7fffffff, 0x80000000, 0xffffffff};
+    for (int bit = 1; bit < 31; ++bit)
+        highs << (quint64(1) << bit);
+    for (const char *zone : {"0", "-840", "720", "2147483647", "-2147483648"}) {
+        const DescribedWindows windows("", QByteArray("{\"timeZone\": ") + zone + '}');
+        for (const bool fails : {false, true}) {
+            const auto fault = fails ? simulated::Fault::everyCall("_localtime32_s", 0) : simulated::Fault::everyCall("none", 0);
+            for (const quint64 high : qAsConst(highs)) {
+                for (const quint32 low : qAsConst(lows)) {
+                    const QString text = formatLeaseTime(qint64(high << 32 | low));
+                    const bool isNumber = text == QStringLiteral("0x") + QString::number(high << 32 | low, 16) + QLatin1Char('\n');
+                    QVERIFY2(isNumber || (!fails && low < 0x80000000 && text.size() == 25), qPrintable(text));
+                }
+            }
+        }
+    }
+}
+
 void failingLeaseTime()
 {
     const auto row = [](const QString &name, const QByteArray &call, int callsMade) {
@@ -325,6 +350,7 @@ void addTests()
 #ifdef SIMULATED_WINDOWS
     addTestRows("leaseTimeZone", leaseTimeZone);
     addTestRow("leaseTimeCalls", leaseTimeCalls);
+    addTestRow("noLeaseTimeIsInvalid", noLeaseTimeIsInvalid);
     addTestRows("failingLeaseTime", failingLeaseTime);
     addTestRows("text", text);
     addTestRows("unreadableList", unreadableList);

@@ -1,6 +1,7 @@
 // _localtime32_s() in the described time zone, and the text of asctime_s().
 
 #include "described_windows.h"
+#include "forked_child.h"
 #include "poisoned_buffer.h"
 #include "rows.h"
 #include "simulated_windows.h"
@@ -66,11 +67,71 @@ void negativeTimeFails()
     row("the smallest time", std::numeric_limits<qint32>::min(), 0);
 }
 
+void timeZoneBeyondAnyYear()
+{
+    const auto row = [](const char *name, const QByteArray &timeZone) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows(QByteArray(), "{\"timeZone\": " + timeZone + '}');
+            const __time32_t time = 1701337145;
+            struct tm local = {};
+            QCOMPARE(_localtime32_s(&local, &time), EINVAL);
+            QCOMPARE(local.tm_year, -1);
+            QCOMPARE(local.tm_isdst, -1);
+        });
+    };
+    row("the largest: before the year 1900", "2147483647");
+    row("190 years back: before the year 1900", "100000000");
+}
+
+void invalidParameterEndsTheProcess()
+{
+    const auto row = [](const char *name, int tm::*field, int value, const QByteArray &end) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows {QByteArray()};
+            QCOMPARE(endOf([=] {
+                         struct tm time = {};
+                         time.tm_mday = 1;
+                         time.*field = value;
+                         char text[26];
+                         asctime_s(text, sizeof text, &time);
+                     }),
+                     end);
+        });
+    };
+    const QByteArray aborted("signal 6");
+    row("a valid time", &tm::tm_mon, 11, "exit code 0");
+    row("a 13th month", &tm::tm_mon, 12, aborted);
+    row("a month before January", &tm::tm_mon, -1, aborted);
+    row("an eighth day of the week", &tm::tm_wday, 7, aborted);
+    row("a day before Sunday", &tm::tm_wday, -1, aborted);
+    row("no day of the month", &tm::tm_mday, 0, aborted);
+    row("a year before 1900", &tm::tm_year, -1, aborted);
+    row("second 60", &tm::tm_sec, 60, aborted);
+
+    const auto sizeRow = [](const char *name, std::size_t size, const QByteArray &end) {
+        addTestRow(name, [=] {
+            const DescribedWindows windows {QByteArray()};
+            QCOMPARE(endOf([=] {
+                         struct tm time = {};
+                         time.tm_mday = 1;
+                         char text[32];
+                         asctime_s(text, size, &time);
+                     }),
+                     end);
+        });
+    };
+    sizeRow("a buffer of 26 bytes", 26, "exit code 0");
+    sizeRow("no room for the terminator", 25, aborted);
+    sizeRow("a buffer of 0 bytes", 0, aborted);
+}
+
 void addTests()
 {
     addTestRows("localTime", localTime);
     addTestRow("timeZoneOfTheProcessIsIgnored", timeZoneOfTheProcessIsIgnored);
     addTestRows("negativeTimeFails", negativeTimeFails);
+    addTestRows("timeZoneBeyondAnyYear", timeZoneBeyondAnyYear);
+    addTestRows("invalidParameterEndsTheProcess", invalidParameterEndsTheProcess);
 }
 
 } // namespace

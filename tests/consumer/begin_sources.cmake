@@ -1,0 +1,25 @@
+# A host with settings of its own, which the libraries must neither need nor change.
+set(CMAKE_CXX_STANDARD 14)
+set(CMAKE_CXX_VISIBILITY_PRESET default)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE OFF)
+set(CMAKE_AUTOMOC OFF)
+set(CMAKE_UNITY_BUILD ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
+set(CMAKE_INSTALL_BINDIR "of the host")
+set(CPACK_PACKAGE_VENDOR "of the host")
+
+# all_variables(RESULT): the ordinary and the cached variables of the host, as lines NAME=VALUE
+macro(all_variables result)
+    get_cmake_property(names VARIABLES)
+    set(${result})
+    foreach(name ${names})
+        # what an include(), a macro() and find_package() of the host change as well
+        if(NOT name MATCHES "^(ARG[CNV0-9]*|name|names|value|v|__cmake_.*|.*_variables|CMAKE_CURRENT_.*|(CMAKE_)?MATCH_.*|CMAKE_MATCH.*)$")
+            string(REPLACE ";" "," value "${${name}}")
+            list(APPEND ${result} "${name}=${value}")
+        endif()
+    endforeach()
+endmacro()
+all_variables(host_variables)
