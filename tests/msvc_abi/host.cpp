@@ -45,6 +45,8 @@ static bool isSeparator(const QString &text)
 
 extern "C" int __stdcall hostMain()
 {
+    // A crash ends the process without a dialog, which would wait for the user.
+    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX);
     const HMODULE library = LoadLibraryW(L"vkSystemInfo.dll");
     check(library != nullptr, "the library is loaded");
     if (!library)
@@ -54,6 +56,8 @@ extern "C" int __stdcall hostMain()
     const auto throwInAppend = find<void(bool)>("Qt5Core.dll", "throwInAppend");
     // The line feed of src/report/text.h, and the version in the OpenGL record.
     check(liveStringCount() == globalStrings, "the initialisers of the library's global strings ran");
+    if (failures != 0) // the library would crash
+        ExitProcess(1);
 
     const auto version = find<decltype(libVersion)>("vkSystemInfo.dll", "?libVersion@SystemInfo@velkor@@YAXAEAH00@Z");
     int patch = -1;
