@@ -281,6 +281,7 @@ QByteArray toJson(const Document &document);
 /// The same with a member "redaction", which fromJson() ignores. \a document is one of \a redaction, or a
 /// part of one.
 QByteArray toJson(const Document &document, const Redaction &redaction);
+
 /// What else the JSON can say about the document. fromJson() ignores it.
 struct JsonNotes
 {
@@ -290,6 +291,7 @@ struct JsonNotes
 };
 
 QByteArray toJson(const Document &document, const JsonNotes &notes);
+
 /// Reads what toJson() wrote: the document of the same bytes. If it is anything else, returns
 /// nothing and sets \a error to a message for the user.
 std::optional<Document> fromJson(const QByteArray &json, QString *error = nullptr);

@@ -3,7 +3,6 @@
 #include "child/child_main.h"
 #include "child/child_protection.h"
 #include "child_system.h"
-#include "program_output.h"
 
 #include <algorithm>
 #include <utility>

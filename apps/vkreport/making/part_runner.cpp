@@ -2,7 +2,6 @@
 
 #include "child_system.h"
 #include "part_names.h"
-#include "program_output.h"
 
 #include <algorithm>
 

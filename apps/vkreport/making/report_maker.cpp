@@ -111,7 +111,7 @@ MadeText Maker::wholeReport()
     return made;
 }
 
-/// Returns whether the rung made the report. If OpenGL was asked for and is missing, the attempt before this one says why.
+/// Returns whether the rung made the report.
 bool Maker::tryReport(const Rung &rung, MadeText &made)
 {
     QElapsedTimer time;
