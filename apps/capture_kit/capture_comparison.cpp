@@ -1,0 +1,309 @@
+#include "capture_comparison.h"
+
+#include "decoded_text.h"
+#include "line_pairs.h"
+#include "neutral_text.h"
+
+#include <QtCore/QHash>
+#include <QtCore/QSet>
+#include <algorithm>
+#include <cstring>
+
+using namespace velkor::Reports;
+
+namespace {
+
+constexpr int longestLine = 1000;        // bytes that are shown
+constexpr int longestComputerName = 15;  // of the call that the report makes
+constexpr char noSection[] = "-";
+
+struct VerdictName
+{
+    Verdict verdict;
+    const char *name;
+};
+
+constexpr VerdictName verdictNames[] = {
+    {Verdict::Moment, "moment"},
+    {Verdict::Modules, "modules"},
+    {Verdict::Host, "host"},
+    {Verdict::Missing, "missing"},
+    {Verdict::Order, "order"},
+    {Verdict::Length, "length"},
+    {Verdict::Failed, "FAILED"},
+};
+
+/// The fact says something about the program or the session that asked.
+bool isOfHost(const FactRow &row)
+{
+    if (std::strcmp(row.section, "someEnvironmentVariables") == 0)
+        return true;
+    return std::strcmp(row.section, "windowsVersion") == 0
+        && (std::strcmp(row.key, "fromGetVersionEx") == 0 || std::strcmp(row.key, "name") == 0);
+}
+
+struct Line
+{
+    QByteArray text;
+    QByteArray fixed; ///< without the values that may differ
+    QByteArray section;
+    bool hasMoment = false;
+    bool isOfHost = false;
+};
+
+/// The lines of a Windows half.
+class WindowsHalf
+{
+public:
+    explicit WindowsHalf(const Document &document) : m_document(document), m_end(endOf(document)) { }
+
+    std::vector<Line> lines()
+    {
+        std::vector<Line> lines;
+        const QByteArray &text = m_document.text();
+        for (int begin = beginOf(m_document); begin < m_end;) {
+            const int lineFeed = text.indexOf('\n', begin);
+            const int end = lineFeed < 0 || lineFeed >= m_end ? m_end : lineFeed;
+            lines.push_back(lineAt(begin, end));
+            begin = end + 1;
+        }
+        return lines;
+    }
+
+    int linesAfter() const
+    {
+        const QByteArray rest = m_document.text().mid(m_end);
+        return rest.count('\n') + (rest.isEmpty() || rest.endsWith('\n') ? 0 : 1);
+    }
+
+private:
+    static int beginOf(const Document &document) { return document.text().startsWith("\xef\xbb\xbf") ? 3 : 0; }
+
+    /// Where the heading of the Qt half begins.
+    static int endOf(const Document &document)
+    {
+        const QByteArray &text = document.text();
+        const QByteArray heading = halfHeading(Half::Qt);
+        for (const Place &place : document.places()) {
+            const bool isHeading = place.kind == PlaceKind::Heading && text.mid(place.begin, heading.size()) == heading;
+            if (isHeading)
+                return place.begin;
+        }
+        return text.size();
+    }
+
+    Line lineAt(int begin, int end)
+    {
+        const QByteArray &text = m_document.text();
+        Line line;
+        int textEnd = end;
+        while (m_document.states().testFlag(State::CrLf) && textEnd > begin && text.at(textEnd - 1) == '\r')
+            --textEnd;
+        line.text = text.mid(begin, textEnd - begin);
+        const std::vector<Section> &sections = m_document.sections();
+        while (m_section + 1 < int(sections.size()) && sections[std::size_t(m_section + 1)].begin <= begin)
+            ++m_section;
+        line.section = m_section < 0 ? noSection : sectionRows()[std::size_t(sections[std::size_t(m_section)].row)].name;
+        line.fixed = line.section + '\n';
+        int at = begin;
+        const std::vector<Fact> &facts = m_document.facts();
+        while (m_fact < facts.size() && facts[m_fact].end < begin)
+            ++m_fact;
+        for (std::size_t i = m_fact; i < facts.size() && facts[i].begin <= textEnd; ++i) {
+            const FactRow &row = m_document.row(facts[i]);
+            const bool isMoment = row.changes != Changes::Rarely;
+            const int valueBegin = std::max(facts[i].begin, at);
+            const int valueEnd = std::min(facts[i].end, textEnd);
+            if ((!isMoment && !::isOfHost(row)) || valueEnd < valueBegin)
+                continue;
+            line.hasMoment = line.hasMoment || isMoment;
+            line.isOfHost = line.isOfHost || !isMoment;
+            line.fixed += text.mid(at, valueBegin - at) + '\r';
+            at = valueEnd;
+        }
+        line.fixed += text.mid(at, textEnd - at);
+        return line;
+    }
+
+    const Document &m_document;
+    int m_end;
+    int m_section = -1;
+    std::size_t m_fact = 0;
+};
+
+/// The names of the sections that a line of vkreport says to be missing.
+QSet<QByteArray> missingSections(const QStringList &notes)
+{
+    QSet<QByteArray> sections;
+    for (const QString &note : notes) {
+        const int mark = note.indexOf(QLatin1String("missing: "));
+        if (mark < 0)
+            continue;
+        const QString rest = note.mid(mark + int(std::strlen("missing: ")));
+        for (const SectionRow &row : sectionRows()) {
+            if (rest == QLatin1String(row.name) || rest.startsWith(QLatin1String(row.name) + QLatin1String(": ")))
+                sections.insert(row.name);
+        }
+    }
+    return sections;
+}
+
+class Comparer
+{
+public:
+    Comparer(const Document &report, const QByteArray &replay, const CaptureNotes &captureNotes)
+        : notes(captureNotes), missing(missingSections(captureNotes.missing))
+    {
+        WindowsHalf half(report);
+        left = half.lines();
+        const Document replayed = read(replay);
+        right = WindowsHalf(replayed).lines();
+        result.notCompared = half.linesAfter();
+    }
+
+    CaptureComparison run()
+    {
+        const std::vector<std::pair<int, int>> pairs = equalLines(fixedTexts(left), fixedTexts(right));
+        findMoved(pairs);
+        int at = 0;
+        int otherAt = 0;
+        for (const auto &pair : pairs) {
+            addUnpaired(at, pair.first, otherAt, pair.second);
+            addPair(pair.first, pair.second);
+            at = pair.first + 1;
+            otherAt = pair.second + 1;
+        }
+        addUnpaired(at, int(left.size()), otherAt, int(right.size()));
+        return std::move(result);
+    }
+
+private:
+    static std::vector<QByteArray> fixedTexts(const std::vector<Line> &lines)
+    {
+        std::vector<QByteArray> texts;
+        for (const Line &line : lines)
+            texts.push_back(line.fixed);
+        return texts;
+    }
+
+    void addPair(int index, int otherIndex)
+    {
+        const Line &line = left[std::size_t(index)];
+        if (line.text == right[std::size_t(otherIndex)].text) {
+            ++result.same;
+            return;
+        }
+        const Verdict verdict = line.isOfHost && !line.hasMoment ? Verdict::Host : Verdict::Moment;
+        add(verdict, true, index);
+        add(verdict, false, otherIndex);
+    }
+
+    void addUnpaired(int begin, int end, int otherBegin, int otherEnd)
+    {
+        for (int i = begin; i < end; ++i)
+            add(verdictOf(true, i), true, i);
+        for (int i = otherBegin; i < otherEnd; ++i)
+            add(verdictOf(false, i), false, i);
+    }
+
+    void add(Verdict verdict, bool isReport, int index)
+    {
+        const Line &line = (isReport ? left : right)[std::size_t(index)];
+        result.lines.push_back({verdict, line.section, index + 1, isReport, line.text});
+    }
+
+    Verdict verdictOf(bool isReport, int index)
+    {
+        const Line &line = (isReport ? left : right)[std::size_t(index)];
+        if (line.section == "loadedModules")
+            return Verdict::Modules;
+        if (missing.contains(line.section))
+            return Verdict::Missing;
+        if (line.isOfHost)
+            return Verdict::Host;
+        if (notes.isRedacted) {
+            int &elsewhere = (isReport ? moved : movedOther)[line.fixed];
+            if (elsewhere > 0) {
+                --elsewhere;
+                return Verdict::Order;
+            }
+            if (isReport && isTooLong(line))
+                return Verdict::Length;
+        }
+        return Verdict::Failed;
+    }
+
+    /// Of the lines without a pair those that stand elsewhere in the same section.
+    void findMoved(const std::vector<std::pair<int, int>> &pairs)
+    {
+        for (const Line &line : left)
+            ++moved[line.fixed];
+        for (const Line &line : right)
+            ++movedOther[line.fixed];
+        for (const auto &pair : pairs) {
+            --moved[left[std::size_t(pair.first)].fixed];
+            --movedOther[right[std::size_t(pair.second)].fixed];
+        }
+        for (auto count = moved.begin(); count != moved.end(); ++count)
+            *count = std::min(*count, movedOther.value(count.key()));
+        for (auto count = movedOther.begin(); count != movedOther.end(); ++count)
+            *count = std::min(*count, moved.value(count.key()));
+    }
+
+    /// "NetBios name:                 host-730915462280": the call returns at most 15 characters.
+    static bool isTooLong(const Line &line)
+    {
+        if (line.section != "computerNames")
+            return false;
+        const QByteArray name = line.text.mid(line.text.lastIndexOf(' ') + 1);
+        return name.size() > longestComputerName && (name.startsWith("host-") || name.startsWith("domain-") || name.startsWith("user-") || name.startsWith("org-") || name.startsWith("word-"));
+    }
+
+    const CaptureNotes &notes;
+    QSet<QByteArray> missing;
+    std::vector<Line> left;
+    std::vector<Line> right;
+    QHash<QByteArray, int> moved;
+    QHash<QByteArray, int> movedOther;
+    CaptureComparison result;
+};
+
+QByteArray shown(const QByteArray &text)
+{
+    if (text.size() <= longestLine)
+        return terminalText(decodedText(text)).toUtf8();
+    return terminalText(decodedText(text.left(longestLine))).toUtf8() + "... (" + QByteArray::number(text.size() - longestLine) + " more bytes)";
+}
+
+const char *nameOf(Verdict verdict)
+{
+    return std::find_if(std::begin(verdictNames), std::end(verdictNames), [verdict](const VerdictName &known) { return known.verdict == verdict; })->name;
+}
+
+} // namespace
+
+int CaptureComparison::count(Verdict verdict) const
+{
+    return int(std::count_if(lines.begin(), lines.end(), [verdict](const DifferentLine &line) { return line.verdict == verdict; }));
+}
+
+CaptureComparison compareCapture(const Document &report, const QByteArray &replay, const CaptureNotes &notes)
+{
+    return Comparer(report, replay, notes).run();
+}
+
+QByteArray captureComparisonText(const CaptureComparison &comparison)
+{
+    QByteArray text;
+    for (const DifferentLine &line : comparison.lines) {
+        text += QByteArray(nameOf(line.verdict)) + "  " + line.section + "  line " + QByteArray::number(line.number)
+            + (line.isReport ? ": report: " : ": replay: ") + shown(line.text) + '\n';
+    }
+    text += QByteArray::number(comparison.same) + " lines are the same";
+    for (const VerdictName &verdict : verdictNames) {
+        const int count = comparison.count(verdict.verdict);
+        if (count > 0 || verdict.verdict == Verdict::Failed)
+            text += ", " + QByteArray::number(count) + ' ' + verdict.name;
+    }
+    return text + ", " + QByteArray::number(comparison.notCompared) + " lines of the Qt half and OpenGL are not compared\n";
+}

@@ -1,0 +1,2 @@
+// stub
+#include "test_main.h"
