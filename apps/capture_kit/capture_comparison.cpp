@@ -13,8 +13,8 @@ using namespace velkor::Reports;
 
 namespace {
 
-constexpr int longestLine = 1000;        // bytes that are shown
-constexpr int longestComputerName = 15;  // of the call that the report makes
+constexpr int longestLine = 1000;       // bytes that are shown
+constexpr int longestComputerName = 15; // of the call that the report makes
 constexpr char noSection[] = "-";
 
 struct VerdictName

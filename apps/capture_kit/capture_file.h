@@ -10,8 +10,8 @@ struct CaptureNotes
 {
     QString version; ///< of vkSystemInfo
     bool isRedacted = false;
-    int exitCode = 0;                        ///< of vkreport
-    QStringList missing;                     ///< the lines of vkreport about what is missing
+    int exitCode = 0;                          ///< of vkreport
+    QStringList missing;                       ///< the lines of vkreport about what is missing
     std::optional<QMap<QString, int>> aliases; ///< number of aliases of each kind
 };
 

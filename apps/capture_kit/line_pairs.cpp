@@ -149,7 +149,7 @@ private:
 
     static std::vector<std::pair<int, int>> longestRising(const std::vector<std::pair<int, int>> &all)
     {
-        std::vector<int> last;              // of the rising sequence of each length the smallest end
+        std::vector<int> last; // of the rising sequence of each length the smallest end
         std::vector<int> before(all.size(), -1);
         for (int i = 0; i < int(all.size()); ++i) {
             const auto end = std::lower_bound(last.begin(), last.end(), all[std::size_t(i)].second,

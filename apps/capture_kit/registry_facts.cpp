@@ -147,8 +147,8 @@ bool KnownKey::isFixedValue(const QString &valueName) const
 {
     const QString upper = upperCased(valueName);
     return valueName.isEmpty() || std::any_of(m_keys.begin(), m_keys.end(), [&upper](const ReadKey *key) {
-        return std::any_of(key->reads.begin(), key->reads.end(), [&upper](const ReadKey::Read &read) { return read.values.contains(upper) && !read.allValues; });
-    });
+               return std::any_of(key->reads.begin(), key->reads.end(), [&upper](const ReadKey::Read &read) { return read.values.contains(upper) && !read.allValues; });
+           });
 }
 
 ShownFact KnownKey::factOfValueNames() const

@@ -192,8 +192,7 @@ void CaptureComparisonTest::text()
     QCOMPARE(lines.at(0), place + ": report: ReleaseId:              2009");
     QVERIFY(lines.at(1).startsWith(place + ": replay: ReleaseId:              \\x1b[31mxxx"));
     QVERIFY(lines.at(1).endsWith("xxx... (1029 more bytes)"));
-    QCOMPARE(lines.at(2), QByteArray::number(begin.count('\n') - 1) + " lines are the same, 2 FAILED, "
-                 + QByteArray::number(report.count('\n') - begin.count('\n')) + " lines of the Qt half and OpenGL are not compared");
+    QCOMPARE(lines.at(2), QByteArray::number(begin.count('\n') - 1) + " lines are the same, 2 FAILED, " + QByteArray::number(report.count('\n') - begin.count('\n')) + " lines of the Qt half and OpenGL are not compared");
     QCOMPARE(lines.at(3), QByteArray());
 }
 
@@ -243,13 +242,27 @@ void CaptureComparisonTest::equalLinesOfTexts_data()
     QTest::addColumn<QString>("left"); // each character is a line
     QTest::addColumn<QString>("right");
     QTest::addColumn<QString>("common");
-    QTest::newRow("nothing") << "" << "" << "";
-    QTest::newRow("all") << "abc" << "abc" << "abc";
-    QTest::newRow("nothing in common") << "abc" << "def" << "";
-    QTest::newRow("one more") << "abd" << "abcd" << "abd";
-    QTest::newRow("one less at the end") << "abcd" << "abc" << "abc";
-    QTest::newRow("same lines repeated") << "aaab" << "aab" << "aab";
-    QTest::newRow("exchanged") << "xabcdy" << "xcdaby" << "xcdy";
+    QTest::newRow("nothing") << ""
+                             << ""
+                             << "";
+    QTest::newRow("all") << "abc"
+                         << "abc"
+                         << "abc";
+    QTest::newRow("nothing in common") << "abc"
+                                       << "def"
+                                       << "";
+    QTest::newRow("one more") << "abd"
+                              << "abcd"
+                              << "abd";
+    QTest::newRow("one less at the end") << "abcd"
+                                         << "abc"
+                                         << "abc";
+    QTest::newRow("same lines repeated") << "aaab"
+                                         << "aab"
+                                         << "aab";
+    QTest::newRow("exchanged") << "xabcdy"
+                               << "xcdaby"
+                               << "xcdy";
 }
 
 void CaptureComparisonTest::equalLinesOfTexts()

@@ -216,7 +216,8 @@ void CaptureRedactionTest::values_data()
                                    << utf16("a" + null + after + null + "b" + null + null);
     QTest::newRow("UTF-16 in binary data") << binary << utf16(before + null) << utf16(after + null);
     QTest::newRow("UTF-16 at an odd offset") << binary << "\x01" + utf16(before + null) << "\x01" + utf16(after + null);
-    QTest::newRow("UTF-8 in binary data") << binary << "\x01\x02" + before.toUtf8() + "\x03" << "\x01\x02" + after.toUtf8() + "\x03";
+    QTest::newRow("UTF-8 in binary data") << binary << "\x01\x02" + before.toUtf8() + "\x03"
+                                          << "\x01\x02" + after.toUtf8() + "\x03";
     QTest::newRow("ANSI in binary data") << binary << before.toLatin1() + '\0' << after.toLatin1() + '\0';
     QTest::newRow("binary data without text") << binary << QByteArray::fromHex("00ff10203f80d800") << QByteArray::fromHex("00ff10203f80d800");
     QTest::newRow("number") << number << QByteArray("Lind") << QByteArray("Lind");
