@@ -43,8 +43,7 @@ QString TextChange::text(int row, const QString &text)
     return text;
 }
 
-/// The redacted report has what becomes of the text that it showed, so this decides if the two differ. But nothing
-/// that is to be replaced in the text itself may stay.
+/// Both texts are redacted. If they differ then, that decides which the redacted report shows.
 QString TextChange::ansiText(int row, const QString &text)
 {
     const QString seen = shown(text);
@@ -55,7 +54,7 @@ QString TextChange::ansiText(int row, const QString &text)
     }
     const QString redacted = m_pool.redacted(row, text);
     const QString redactedSeen = m_pool.redacted(row, seen);
-    const bool isRight = shown(redacted) == redactedSeen || redactedSeen == seen || shown(redactedSeen) != redactedSeen;
+    const bool isRight = shown(redacted) == redactedSeen || shown(redactedSeen) != redactedSeen;
     return isRight ? redacted : redactedSeen;
 }
 

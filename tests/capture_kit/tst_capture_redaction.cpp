@@ -1,6 +1,7 @@
 // The redaction of machine descriptions: what is replaced, what stays, and that the description still gives the
 // Windows half of the redacted report.
 
+#include "capture_comparison.h"
 #include "capture_redaction.h"
 #include "described_windows.h"
 #include "registry_file.h"
@@ -22,6 +23,8 @@ class CaptureRedactionTest : public QObject
 private Q_SLOTS:
     void replayIsTheRedactedReport_data();
     void replayIsTheRedactedReport();
+    void unusualMachines_data();
+    void unusualMachines();
     void noIdentityIsLeft();
     void sameAliasInAllFiles();
     void values_data();
@@ -166,6 +169,68 @@ void CaptureRedactionTest::replayIsTheRedactedReport()
     const RedactedCapture redacted = redactCapture(machine, report, {}, options);
     QVERIFY(redacted.report.bytes() != report.bytes());
     compareTexts(replayed(writtenAndRead(redacted.machine)), windowsHalf(redacted.report.bytes()));
+}
+
+void CaptureRedactionTest::unusualMachines_data()
+{
+    QTest::addColumn<QByteArray>("registry");
+    QTest::addColumn<QByteArray>("system");
+    const auto row = [](const char *name, const QByteArray &registry, const QByteArray &system) {
+        QTest::newRow(name) << registry << system;
+    };
+    const QByteArray version = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion]\n";
+    const QByteArray usbstor = "[HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Enum\\USBSTOR";
+    row("a Russian machine", version + "\"RegisteredOwner\"=\"Иван Петров\"\n\"RegisteredOrganization\"=\"Завод Петров\"\n",
+        R"({"ansiCodePage": 1251, "GetUserName": "Петров"})");
+    row("a Russian name on a western machine", version + "\"RegisteredOwner\"=\"Иван Петров\"\n", R"({"GetUserName": "Петров"})");
+    row("a Japanese machine", version + "\"RegisteredOwner\"=\"山田太郎\"\n", R"({"ansiCodePage": 932, "GetUserName": "山田太郎"})");
+    row("a machine with UTF-8", version + "\"RegisteredOwner\"=\"Jörn 山田 Иван\"\n", R"({"ansiCodePage": 65001, "GetUserName": "Jörn"})");
+    row("best-fit letters", version + "\"RegisteredOwner\"=\"Łukasz Wiśniewski\"\n", R"({"GetUserName": "Łukasz"})");
+    row("a name inside of a text", usbstor + "\\Disk&Ven_A\\0]\n\"FriendlyName\"=\"Łukasz’ größter Stick\"\n\"DeviceDesc\"=\"Grüße von Łukasz Wiśniewski\"\n",
+        R"({"GetUserName": "Łukasz Wiśniewski"})");
+    row("owner in binary data", version + "\"RegisteredOwner\"=hex:4a,f6,72,6e,20,4c,69,6e,64,6d,6f,6f,72\n", R"({"GetUserName": "Jörn Lindmoor"})");
+    row("owner in binary UTF-8", version + "\"RegisteredOwner\"=hex:4a,c3,b6,72,6e,20,4c,69,6e,64,6d,6f,6f,72,00\n", R"({"GetUserName": "Jörn Lindmoor"})");
+    row("owner without a terminator", version + "\"RegisteredOwner\"=hex(1):4c,00,69,00,6e,00,64,00,6d,00,6f,00,6f,00,72,00\n", "{}");
+    row("owner with an odd number of bytes", version + "\"RegisteredOwner\"=hex(1):4c,00,69,00,6e,00,64,00,6d,00,6f,00,6f,00,72,00,41\n", "{}");
+    row("several owners", version + "\"RegisteredOwner\"=hex(7):4c,00,69,00,6e,00,64,00,00,00,6d,00,6f,00,6f,00,72,00,00,00,00,00\n", "{}");
+    row("a line break in a value", version + "\"RegisteredOwner\"=hex(1):4c,00,69,00,6e,00,64,00,0a,00,6d,00,6f,00,6f,00,72,00,00,00\n", "{}");
+    row("names in names of devices", usbstor + "\\Disk&Ven_Lindmoor&Prod_X]\n" + usbstor + "\\Disk&Ven_Lindmoor&Prod_X\\4C530001240822116472&0]\n\"Service\"=\"disk\"\n" + usbstor + "\\Disk&Ven_Lindmoor&Prod_X\\4C530001240822116473&0]\n\"Service\"=\"disc\"\n",
+        R"({"GetUserName": "Lindmoor"})");
+    row("a name in the name of a port", "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\n\"\\\\Device\\\\Lindmoor0\"=\"COM1 of Lindmoor\"\n", R"({"GetUserName": "Lindmoor"})");
+    row("folders of a user", "", R"({"GetUserName": "Lindmoor", "GetSystemWindowsDirectory": "C:\\Users\\Lindmoor\\Win",
+        "WinSxS": ["amd64_lindmoor_1", "x86_other"], "SHGetSpecialFolderPath": {"5": "\\\\server7\\share\\Lindmoor\\Documents"},
+        "environment": {"PATH": "C:\\Tools\\Lindmoor;D:\\x", "HOMEPATH": "\\Users\\Lindmoor", "TEMP": "C:\\Users\\LINDMO~1\\Temp"},
+        "EnumProcessModules": ["C:\\Users\\Lindmoor\\a.exe", null, "\\\\server7\\share\\b.dll"]})");
+    row("a domain", "", R"({"GetUserName": "Lindmoor", "GetComputerNameEx": {"0": "KELLER7", "2": "birken.example", "3": "k.birken.example", "5": "keller7"}})");
+    row("labels of drives", "", R"({"GetUserName": "Lindmoor", "GetLogicalDrives": 12, "drives": {
+        "C:\\": {"GetDriveType": 3, "GetVolumeInformation": {"volumeName": "Lindmoors Platte", "fileSystemName": "NTFS"}},
+        "D:\\": {"GetDriveType": 3, "GetVolumeInformation": {"volumeName": "Projekt Birke", "fileSystemName": "Lindmoor"}}}})");
+    row("a product that names its owner", "[HKEY_CLASSES_ROOT\\Installer\\Products\\0123]\n\"ProductName\"=\"Q9 V3 for Lindmoor\"\n"
+                                          "[HKEY_CLASSES_ROOT\\.q9p]\n@=\"Lindmoor.Project\"\n[HKEY_CLASSES_ROOT\\Q9 V3 Project\\shell\\open\\command]\n@=\"C:\\\\Users\\\\Lindmoor\\\\q9.exe %1\"\n",
+        R"({"GetUserName": "Lindmoor"})");
+    row("driver classes", "[HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Class\\{4d36e972-e325-11ce-bfc1-08002be10318}]\n\"Class\"=\"Net\"\n"
+                          "[HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Class\\{4d36e972-e325-11ce-bfc1-08002be10318}\\0001]\n"
+                          "\"DriverDesc\"=\"Łukasz’ Adapter\"\n\"ProviderName\"=hex:4c,00,69,00,6e,00,64,00,6d,00,6f,00,6f,00,72,00\n",
+        R"({"GetUserName": "Łukasz Lindmoor"})");
+}
+
+// What the sections read in an unusual form is shown in an unusual form, too.
+void CaptureRedactionTest::unusualMachines()
+{
+    QFETCH(QByteArray, registry);
+    QFETCH(QByteArray, system);
+    const machine::Machine machine = DescribedWindows::parse(registry, system);
+    const Reports::Document report = Reports::read(replayed(machine));
+    CaptureNotes notes;
+    notes.isRedacted = true;
+    const RedactedCapture redacted = redactCapture(machine, report, {}, {});
+    QVERIFY(redacted.report.bytes() != report.bytes());
+    const CaptureComparison comparison = compareCapture(redacted.report, replayed(writtenAndRead(redacted.machine)), notes);
+    QVERIFY2(comparison.count(Verdict::Failed) == 0, captureComparisonText(comparison).constData());
+    for (const QString &form : formsOf(redacted)) {
+        for (const char *name : {"jörn", "lindmoor", "łukasz", "wiśniewski", "петров", "山田", "birken", "4c53000124"})
+            QVERIFY2(!form.contains(QString::fromUtf8(name)), name);
+    }
 }
 
 // The names that the README of the machine calls invented.
