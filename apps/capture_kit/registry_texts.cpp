@@ -16,10 +16,10 @@ bool isText(quint32 type)
     return type == 1 || type == 2 || type == 6 || type == 7; // REG_SZ, REG_EXPAND_SZ, REG_LINK, REG_MULTI_SZ
 }
 
-bool isNumber(const RegistryValue &value)
+/// A number, unless the report shows it as a name.
+bool isNumber(const RegistryValue &value, const ShownFact &fact)
 {
-    const int size = value.data.size();
-    return ((value.type == 4 || value.type == 5) && size == 4) || (value.type == 11 && size == 8);
+    return (value.type == 4 || value.type == 5) && value.data.size() == 4 && fact.row == neutralRow();
 }
 
 QString changed(const ShownFact &fact, const QString &text, TextChange &change)
@@ -82,7 +82,7 @@ void copyValues(const KeyCopy &copy, TextChange &change)
         const ShownFact fact = copy.known.factOfValue(value.name);
         if (isText(value.type))
             result.data = changedText(value.data, fact, change);
-        else if (!isNumber(value))
+        else if (!isNumber(value, fact))
             result.data = changedBinary(value.data, fact, change);
         copy.to->setValue(result);
     }

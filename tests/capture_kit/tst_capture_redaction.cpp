@@ -144,6 +144,7 @@ constexpr quint32 text = 1;
 constexpr quint32 expandable = 2;
 constexpr quint32 binary = 3;
 constexpr quint32 number = 4;
+constexpr quint32 longNumber = 11;
 constexpr quint32 multiText = 7;
 constexpr quint32 unknownType = 0x12345;
 
@@ -208,6 +209,8 @@ void CaptureRedactionTest::unusualMachines_data()
     row("a product that names its owner", "[HKEY_CLASSES_ROOT\\Installer\\Products\\0123]\n\"ProductName\"=\"Q9 V3 for Lindmoor\"\n"
                                           "[HKEY_CLASSES_ROOT\\.q9p]\n@=\"Lindmoor.Project\"\n[HKEY_CLASSES_ROOT\\Q9 V3 Project\\shell\\open\\command]\n@=\"C:\\\\Users\\\\Lindmoor\\\\q9.exe %1\"\n",
         R"({"GetUserName": "Lindmoor"})");
+    row("a number as owner", version + "\"RegisteredOwner\"=dword:646e694c\n\"RegisteredOrganization\"=\"Lindmoor\"\n", R"({"GetUserName": "Lindmoor"})");
+    row("a long number", version + "\"RegisteredOwner\"=hex(b):4c,69,6e,64,6d,6f,6f,72\n\"RegisteredOrganization\"=\"Birken\"\n", R"({"GetUserName": "Lindmoor"})");
     row("driver classes", "[HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Class\\{4d36e972-e325-11ce-bfc1-08002be10318}]\n\"Class\"=\"Net\"\n"
                           "[HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Class\\{4d36e972-e325-11ce-bfc1-08002be10318}\\0001]\n"
                           "\"DriverDesc\"=\"Łukasz’ Adapter\"\n\"ProviderName\"=hex:4c,00,69,00,6e,00,64,00,6d,00,6f,00,6f,00,72,00\n",
@@ -286,6 +289,7 @@ void CaptureRedactionTest::values_data()
     QTest::newRow("ANSI in binary data") << binary << before.toLatin1() + '\0' << after.toLatin1() + '\0';
     QTest::newRow("binary data without text") << binary << QByteArray::fromHex("00ff10203f80d800") << QByteArray::fromHex("00ff10203f80d800");
     QTest::newRow("number") << number << QByteArray("Lind") << QByteArray("Lind");
+    QTest::newRow("long number") << longNumber << QByteArray("Lindmoor") << QByteArray("user-1");
     QTest::newRow("number of another size") << number << QByteArray("by Lindmoor") << QByteArray("by user-1");
     QTest::newRow("unknown type") << unknownType << QByteArray("by Lindmoor") << QByteArray("by user-1");
     QTest::newRow("lone surrogate") << text << utf16(QString(QChar(0xd800)) + before) << utf16(QString(QChar(0xd800)) + after);
