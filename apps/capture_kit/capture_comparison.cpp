@@ -101,9 +101,9 @@ private:
             --textEnd;
         line.text = text.mid(begin, textEnd - begin);
         const std::vector<Section> &sections = m_document.sections();
-        while (m_section + 1 < int(sections.size()) && sections[std::size_t(m_section + 1)].begin <= begin)
-            ++m_section;
-        line.section = m_section < 0 ? noSection : sectionRows()[std::size_t(sections[std::size_t(m_section)].row)].name;
+        while (m_nextSection < sections.size() && sections[m_nextSection].begin <= begin)
+            ++m_nextSection;
+        line.section = m_nextSection == 0 ? noSection : sectionRows()[std::size_t(sections[m_nextSection - 1].row)].name;
         line.fixed = line.section + '\n';
         int at = begin;
         const std::vector<Fact> &facts = m_document.facts();
@@ -127,7 +127,7 @@ private:
 
     const Document &m_document;
     int m_end;
-    int m_section = -1;
+    std::size_t m_nextSection = 0;
     std::size_t m_fact = 0;
 };
 
@@ -181,6 +181,7 @@ private:
     static std::vector<QByteArray> fixedTexts(const std::vector<Line> &lines)
     {
         std::vector<QByteArray> texts;
+        texts.reserve(lines.size());
         for (const Line &line : lines)
             texts.push_back(line.fixed);
         return texts;

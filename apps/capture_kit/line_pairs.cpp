@@ -106,7 +106,7 @@ private:
         const auto at = [columns](int row, int column) { return std::size_t(row) * std::size_t(columns + 1) + std::size_t(column); };
         std::vector<int> lengths(at(rows, columns) + 1);
         const auto isEqual = [&](int row, int column) {
-            return left[std::size_t(range.begin + row)] == right[std::size_t(range.otherBegin + column)];
+            return left[std::size_t(range.begin) + std::size_t(row)] == right[std::size_t(range.otherBegin) + std::size_t(column)];
         };
         for (int row = rows - 1; row >= 0; --row) {
             for (int column = columns - 1; column >= 0; --column) {
