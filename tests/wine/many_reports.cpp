@@ -14,7 +14,7 @@
 namespace {
 
 constexpr int defaultReports = 300; // a slow Wine needs a second for each
-constexpr int warmUp = 50; // reports during which Qt and Wine fill their caches
+constexpr int warmUp = 50;          // reports during which Qt and Wine fill their caches
 constexpr SIZE_T allowedGrowth = 512 * 1024;
 
 /// The OEM key, which exists at least as long as the object.
