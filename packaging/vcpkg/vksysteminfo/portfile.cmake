@@ -1,3 +1,4 @@
+# vcpkg itself has never run this file: tests/vcpkg/check_port runs it with stand-ins for the functions of vcpkg.
 # The sources are the checkout that contains this port. For a release, copy this folder out of the checkout and replace
 # this line by vcpkg_from_git(OUT_SOURCE_PATH SOURCE_PATH URL <repository> REF <commit of the tag>).
 get_filename_component(SOURCE_PATH "${CMAKE_CURRENT_LIST_DIR}/../../.." ABSOLUTE)
