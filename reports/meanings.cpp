@@ -200,8 +200,7 @@ const std::vector<Meaning> &factMeanings()
         processor.of("mhz",
                      "The nominal frequency of the processor, value ~MHz, which Windows writes when it starts. Load "
                      "and power saving do not change it."),
-        processor.of("featureSet",
-                     "Bits that stand for features of the processor, value FeatureSet, as Windows counts them."),
+        processor.of("featureSet", "Bits for the features of the processor that Windows recognises, value FeatureSet."),
 
         memory.of("memoryLoad",
                   "The share of the physical memory that is in use, in percent, from GlobalMemoryStatusEx."),
@@ -313,14 +312,14 @@ const std::vector<Meaning> &factMeanings()
                          "Windows does not finish drawing before it swaps buffers."),
         configuration.of("openGlFlagsWoW",
                          "Bits for the OpenGL driver of 32-bit programs, value OpenGLFlagsWoW. They mean the same as "
-                         "OpenGL Flags."),
+                         "those of OpenGL Flags."),
 
         deviceClass.of("name", "The name of the device setup class, such as Display or Net, value Class."),
         driver.of("driverDescription", "The name of the device as its driver calls it, value DriverDesc."),
         driver.of("driverVersion", driverVersion),
         driver.of("driverDate",
-                  "The date of the driver as month-day-year, value DriverDate. Drivers that come with Windows say "
-                  "6-21-2006, however new they are."),
+                  "The date of the driver as month-day-year, value DriverDate. Most drivers that come with Windows "
+                  "say 6-21-2006, however new they are."),
         driver.of("providerName", providerName),
         driver.of("matchingDeviceId",
                   "The hardware ID or compatible ID by which Windows found the driver for the device, value "
@@ -405,7 +404,8 @@ const std::vector<Meaning> &factMeanings()
                  "GetLogicalDrives failed, so no drive is listed. The value is the error code of Windows."),
         drive.of("root", "The root folder of the drive, which is its letter."),
         drive.of("type",
-                 "The type of the drive, from GetDriveType. With no root dir mounted, the letter has no volume."),
+                 "The type of the drive, from GetDriveType. \"no root dir mounted\" means that the letter has no "
+                 "volume."),
         drive.of("fileSystem",
                  "The file system, such as NTFS, from GetVolumeInformation. It is missing if there is no medium."),
         drive.of("label", "The label of the volume, from GetVolumeInformation. Many volumes have none."),
@@ -524,11 +524,11 @@ const std::vector<Meaning> &factMeanings()
         screen.of("manufacturer",
                   "The manufacturer of the screen, from QScreen::manufacturer(). It is empty if Qt does not know it."),
         screen.of("physicalDpiX",
-                  "The horizontal density of the pixels, from QScreen::physicalDotsPerInchX(). It is as good as the "
-                  "size that the display reports."),
+                  "The horizontal pixels per inch, from QScreen::physicalDotsPerInchX(). They are wrong if the "
+                  "display reports a wrong size."),
         screen.of("physicalDpiY",
-                  "The vertical density of the pixels, from QScreen::physicalDotsPerInchY(). It is as good as the "
-                  "size that the display reports."),
+                  "The vertical pixels per inch, from QScreen::physicalDotsPerInchY(). They are wrong if the display "
+                  "reports a wrong size."),
         screen.of("logicalDpiX",
                   "The horizontal dots per inch by which Qt converts font sizes to pixels. 96 stands for 100 percent "
                   "on Windows."),
@@ -614,7 +614,7 @@ const std::vector<Meaning> &factMeanings()
         networkInterface.of("name",
                             "The description of the network adapter, from GetAdaptersInfo. If Windows lists no such "
                             "adapter, Qt's name of the interface."),
-        networkInterface.of("loopback", "The interface leads back to this computer; it belongs to no adapter."),
+        networkInterface.of("loopback", "The interface leads only back to this computer."),
         networkInterface.of("hardwareAddress",
                             "The hardware address (MAC address) of the adapter. It is empty if there is none."),
         networkInterface.of("status",
@@ -639,11 +639,11 @@ const std::vector<Meaning> &factMeanings()
         dhcpServer.of("mask", "The mask that GetAdaptersInfo lists beside the address of the DHCP server."),
         dhcpServer.of("number", "The number of the DHCP server, counted from 1, if the adapter has several."),
         networkInterface.of("leaseObtained",
-                            "When the DHCP server leased the address, in local time. A value such as 0x17f is a time "
-                            "that could not be converted."),
+                            "When the DHCP server leased the address, in local time. A value that begins with 0x is "
+                            "a time that could not be converted."),
         networkInterface.of("leaseExpires",
-                            "When the lease of the address ends, in local time. A value such as 0x17f is a time that "
-                            "could not be converted."),
+                            "When the lease of the address ends, in local time. A value that begins with 0x is a "
+                            "time that could not be converted."),
         networkInterface.of("haveWins",
                             "1 if the adapter uses WINS, which finds computers by their NetBIOS names, 0 if not."),
         networkInterface.of("primaryWinsServer", "The IPv4 address of the first WINS server, from GetAdaptersInfo."),
