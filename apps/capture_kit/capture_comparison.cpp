@@ -45,11 +45,28 @@ bool isOfHost(const FactRow &row)
 struct Line
 {
     QByteArray text;
-    QByteArray fixed; ///< without the values that may differ
+    QByteArray fixed; ///< the same for two lines whose difference is excused, such as "MemoryLoad:            0%"
     QByteArray section;
     bool hasMoment = false;
-    bool isOfHost = false;
 };
+
+/// \a value with each number as 0, and with "Byte" for all its multiples: values that change differ in these.
+QByteArray formOf(const QByteArray &value)
+{
+    const auto isDigit = [](char byte) { return byte >= '0' && byte <= '9'; };
+    QByteArray form;
+    for (int i = 0; i < value.size(); ++i) {
+        const bool isMultiple = std::strchr("KMGTP", value.at(i)) != nullptr && value.at(i) != 0;
+        if (isMultiple && i > 0 && value.at(i - 1) == ' ' && value.mid(i + 1).startsWith("Byte"))
+            continue;
+        const bool isInNumber = !form.isEmpty() && form.back() == '0' && i > 0 && (isDigit(value.at(i - 1)) || value.at(i - 1) == '.');
+        const bool isPoint = value.at(i) == '.' && i + 1 < value.size() && isDigit(value.at(i + 1));
+        if (isInNumber && (isDigit(value.at(i)) || isPoint))
+            continue;
+        form += isDigit(value.at(i)) ? '0' : value.at(i);
+    }
+    return form;
+}
 
 /// The lines of a Windows half.
 class WindowsHalf
@@ -61,10 +78,13 @@ public:
     {
         std::vector<Line> lines;
         const QByteArray &text = m_document.text();
-        for (int begin = beginOf(m_document); begin < m_end;) {
+        m_hasCarriageReturns = areAllEnded(text.left(m_end), "\r\n");
+        for (int begin = 0; begin < m_end;) {
             const int lineFeed = text.indexOf('\n', begin);
             const int end = lineFeed < 0 || lineFeed >= m_end ? m_end : lineFeed;
             lines.push_back(lineAt(begin, end));
+            if (end == text.size())
+                lines.back().fixed += '\n'; // the line has no end
             begin = end + 1;
         }
         return lines;
@@ -77,7 +97,11 @@ public:
     }
 
 private:
-    static int beginOf(const Document &document) { return document.text().startsWith("\xef\xbb\xbf") ? 3 : 0; }
+    /// Whether every line ends with carriage return and line feed: the text was converted on its way.
+    static bool areAllEnded(const QByteArray &text, const QByteArray &end)
+    {
+        return text.count(end) > 0 && text.count(end) == text.count('\n');
+    }
 
     /// Where the heading of the Qt half begins.
     static int endOf(const Document &document)
@@ -96,9 +120,7 @@ private:
     {
         const QByteArray &text = m_document.text();
         Line line;
-        int textEnd = end;
-        while (m_document.states().testFlag(State::CrLf) && textEnd > begin && text.at(textEnd - 1) == '\r')
-            --textEnd;
+        const int textEnd = end - (m_hasCarriageReturns && end > begin && text.at(end - 1) == '\r' ? 1 : 0);
         line.text = text.mid(begin, textEnd - begin);
         const std::vector<Section> &sections = m_document.sections();
         while (m_nextSection < sections.size() && sections[m_nextSection].begin <= begin)
@@ -117,8 +139,7 @@ private:
             if ((!isMoment && !::isOfHost(row)) || valueEnd < valueBegin)
                 continue;
             line.hasMoment = line.hasMoment || isMoment;
-            line.isOfHost = line.isOfHost || !isMoment;
-            line.fixed += text.mid(at, valueBegin - at) + '\r';
+            line.fixed += text.mid(at, valueBegin - at) + '\r' + (isMoment ? formOf(text.mid(valueBegin, valueEnd - valueBegin)) : QByteArray());
             at = valueEnd;
         }
         line.fixed += text.mid(at, textEnd - at);
@@ -127,6 +148,7 @@ private:
 
     const Document &m_document;
     int m_end;
+    bool m_hasCarriageReturns = false;
     std::size_t m_nextSection = 0;
     std::size_t m_fact = 0;
 };
@@ -194,15 +216,19 @@ private:
             ++result.same;
             return;
         }
-        const Verdict verdict = line.isOfHost && !line.hasMoment ? Verdict::Host : Verdict::Moment;
+        const Verdict verdict = line.hasMoment ? Verdict::Moment : Verdict::Host;
         add(verdict, true, index);
         add(verdict, false, otherIndex);
     }
 
+    /// The replay decides where in the report a line without a pair stands: a line of the report can look like the
+    /// heading of another section.
     void addUnpaired(int begin, int end, int otherBegin, int otherEnd)
     {
-        for (int i = begin; i < end; ++i)
+        for (int i = begin; i < end; ++i) {
+            placeInReplay(left[std::size_t(i)], i - begin, otherBegin, otherEnd);
             add(verdictOf(true, i), true, i);
+        }
         for (int i = otherBegin; i < otherEnd; ++i)
             add(verdictOf(false, i), false, i);
     }
@@ -213,15 +239,37 @@ private:
         result.lines.push_back({verdict, line.section, index + 1, isReport, line.text});
     }
 
+    /// Sets the section of a line of the report, the number \a offset of those between two pairs.
+    void placeInReplay(Line &line, int offset, int otherBegin, int otherEnd) const
+    {
+        if (right.empty())
+            return;
+        if (otherBegin < otherEnd) {
+            line.section = right[std::size_t(std::min(otherBegin + offset, otherEnd - 1))].section;
+            return;
+        }
+        const QByteArray &before = right[std::size_t(std::max(otherBegin - 1, 0))].section;
+        const QByteArray &after = right[std::min(std::size_t(otherEnd), right.size() - 1)].section;
+        const bool isAtEnd = otherBegin > 0 && right[std::size_t(otherBegin - 1)].text == separatorLine();
+        if (line.section != before && line.section != after)
+            line.section = isAtEnd ? after : before;
+        if (isAtEnd && std::size_t(otherEnd) == right.size())
+            line.section = noSection;
+    }
+
+    static bool isModule(const QByteArray &text)
+    {
+        return !text.isEmpty() && text != separatorLine() && !text.startsWith("####") && !text.endsWith('\r')
+            && std::none_of(sectionRows().begin(), sectionRows().end(), [&](const SectionRow &row) { return text + '\n' == row.heading; });
+    }
+
     Verdict verdictOf(bool isReport, int index)
     {
         const Line &line = (isReport ? left : right)[std::size_t(index)];
-        if (line.section == "loadedModules")
+        if (line.section == "loadedModules" && isModule(line.text))
             return Verdict::Modules;
         if (missing.contains(line.section))
             return Verdict::Missing;
-        if (line.isOfHost)
-            return Verdict::Host;
         if (notes.isRedacted) {
             int &elsewhere = (isReport ? moved : movedOther)[line.fixed];
             if (elsewhere > 0) {

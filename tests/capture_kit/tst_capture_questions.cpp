@@ -340,8 +340,7 @@ void CaptureQuestionsTest::differences()
     const CaptureComparison comparison = compareCapture(Reports::read(edited.report()), replay, {});
 
     constexpr std::pair<Verdict, const char *> order[] = {
-        {Verdict::Moment, "moment"}, {Verdict::Modules, "modules"}, {Verdict::Host, "host"},
-        {Verdict::Missing, "missing"}, {Verdict::Order, "order"}, {Verdict::Length, "length"}, {Verdict::Failed, "FAILED"}};
+        {Verdict::Moment, "moment"}, {Verdict::Modules, "modules"}, {Verdict::Host, "host"}, {Verdict::Missing, "missing"}, {Verdict::Order, "order"}, {Verdict::Length, "length"}, {Verdict::Failed, "FAILED"}};
     QStringList printed;
     for (const auto &[verdict, name] : order) {
         if (comparison.count(verdict) > 0)
