@@ -1,6 +1,5 @@
 #include "format_limits.h"
 #include "machine_texts.h"
-#include "redaction/environment.h"
 #include "registry_facts.h"
 #include "unique_names.h"
 
@@ -123,14 +122,7 @@ private:
         renameKeys(m_new.drives, [this](const QString &root) { return upperCased(m_change.text(neutralRow(), root)); });
     }
 
-    /// Names of variables that every machine has stay.
-    QString variableName(const QString &name)
-    {
-        const bool isKnown = keyOf(shownVariables, name, nullptr)
-            || velkor::Reports::variableKind(name) != velkor::Reports::VariableKind::Other;
-        return isKnown ? name : m_change.text(neutralRow(), name);
-    }
-
+    /// Names of variables stay, as in reports.
     void environment()
     {
         for (auto variable = m_new.environment.begin(); variable != m_new.environment.end(); ++variable) {
@@ -140,9 +132,6 @@ private:
             else
                 *variable = m_change.variable(variable.key(), *variable);
         }
-        const auto nameOf = [this](const QString &name) { return upperCased(variableName(name)); };
-        renameKeys(m_new.environment, nameOf);
-        renameKeys(m_new.expansionErrors, nameOf);
     }
 
     void modules()
