@@ -305,7 +305,9 @@ private:
         if (line.section != "computerNames")
             return false;
         const QByteArray name = line.text.mid(line.text.lastIndexOf(' ') + 1);
-        return name.size() > longestComputerName && (name.startsWith("host-") || name.startsWith("domain-") || name.startsWith("user-") || name.startsWith("org-") || name.startsWith("word-"));
+        static constexpr const char *kinds[] = {"host-", "domain-", "user-", "org-", "word-"};
+        return name.size() > longestComputerName
+            && std::any_of(std::begin(kinds), std::end(kinds), [&name](const char *kind) { return name.startsWith(kind); });
     }
 
     const CaptureNotes &notes;
@@ -321,12 +323,14 @@ QByteArray shown(const QByteArray &text)
 {
     if (text.size() <= longestLine)
         return terminalText(decodedText(text)).toUtf8();
-    return terminalText(decodedText(text.left(longestLine))).toUtf8() + "... (" + QByteArray::number(text.size() - longestLine) + " more bytes)";
+    return terminalText(decodedText(text.left(longestLine))).toUtf8() + "... (" + QByteArray::number(text.size() - longestLine)
+        + " more bytes)";
 }
 
 const char *nameOf(Verdict verdict)
 {
-    return std::find_if(std::begin(verdictNames), std::end(verdictNames), [verdict](const VerdictName &known) { return known.verdict == verdict; })->name;
+    const auto isSame = [verdict](const VerdictName &known) { return known.verdict == verdict; };
+    return std::find_if(std::begin(verdictNames), std::end(verdictNames), isSame)->name;
 }
 
 } // namespace

@@ -138,7 +138,7 @@ ShownFact KnownKey::factOfSubKeys() const
     for (const ReadKey *key : m_keys) {
         if (key->sections.contains(QLatin1String(devices)))
             fact.row = device;
-        fact.isAnsi = fact.isAnsi || std::any_of(key->sections.begin(), key->sections.end(), [](const QString &section) { return !isWide(section); });
+        fact.isAnsi = fact.isAnsi || !std::all_of(key->sections.begin(), key->sections.end(), isWide);
     }
     return fact;
 }
@@ -146,8 +146,9 @@ ShownFact KnownKey::factOfSubKeys() const
 bool KnownKey::isFixedValue(const QString &valueName) const
 {
     const QString upper = upperCased(valueName);
-    return valueName.isEmpty() || std::any_of(m_keys.begin(), m_keys.end(), [&upper](const ReadKey *key) {
-               return std::any_of(key->reads.begin(), key->reads.end(), [&upper](const ReadKey::Read &read) { return read.values.contains(upper) && !read.allValues; });
+    const auto names = [&upper](const ReadKey::Read &read) { return read.values.contains(upper) && !read.allValues; };
+    return valueName.isEmpty() || std::any_of(m_keys.begin(), m_keys.end(), [&names](const ReadKey *key) {
+               return std::any_of(key->reads.begin(), key->reads.end(), names);
            });
 }
 
