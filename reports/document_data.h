@@ -25,6 +25,7 @@ public:
     bool doubleSpaced = false;    ///< each line end became two
     QByteArray linePrefix;
     States states;
+    bool isLoose = false; ///< made by looseDocument(): reading the text again would not find the facts
     std::vector<int> ambiguous;
     std::vector<Section> sections;
     std::vector<Item> items;

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "program_output.h"
-#include "vkReports.h"
+#include "redaction_options.h"
 
 #include <optional>
 
@@ -11,15 +11,6 @@ enum class Format {
     Json,
     Markdown,
     Html,
-};
-
-/// Names of files; null if they were not given.
-struct RedactionFiles
-{
-    QString aliasKey;
-    QString aliasMap;
-    QStringList hide;
-    QStringList keep;
 };
 
 struct Options

@@ -2,6 +2,7 @@
 #include "collector.h"
 #include "decoded_text.h"
 #include "fact_names.h"
+#include "loose_texts.h"
 #include "ordinary_words.h"
 #include "text_encoding.h"
 
@@ -262,6 +263,7 @@ private:
         const QByteArray &text = document.text();
         QByteArray redacted;
         redacted.reserve(text.size());
+        std::vector<Replaced> replaced;
         int at = 0;
         for (const Planned &place : plan) {
             if (place.what == Planned::keep || (place.what >= 0 && isProgram(identities.at(identities.root(place.what)))))
@@ -272,13 +274,17 @@ private:
                 redacted += replacement(original, place);
             std::copy_if(original.begin(), original.end(), std::back_inserter(redacted), [](char byte) { return byte == '\n' || byte == '\r'; });
             at = place.end;
+            if (document.data().isLoose)
+                replaced.push_back({at, redacted.size()});
         }
         redacted.append(text.constData() + at, text.size() - at);
         if (document.encoding() == "UTF-16LE")
             redacted = toUtf16(redacted, Encoding::Utf16LittleEndian) + document.data().tail;
         else if (document.encoding() == "UTF-16BE")
             redacted = toUtf16(redacted, Encoding::Utf16BigEndian) + document.data().tail;
-        return at == 0 ? document : read(redacted);
+        if (at == 0)
+            return document;
+        return document.data().isLoose ? withText(document, redacted, replaced) : read(redacted);
     }
 
     QByteArray replacement(std::string_view original, const Planned &place)

@@ -23,6 +23,9 @@ private Q_SLOTS:
     void wrongUsage();
     void machinesThatCannotBeRead_data();
     void machinesThatCannotBeRead();
+    void compare();
+    void comparisonsThatAreNotPossible_data();
+    void comparisonsThatAreNotPossible();
 };
 
 namespace {
@@ -129,6 +132,9 @@ void VkReplayTest::wrongUsage_data()
         << QStringList({workstation, "--section", "portsFromRegistry"}) << QByteArray("portsFromRegistry:NAME");
     QTest::newRow("an adapter that is not a number")
         << QStringList({workstation, "--adapter", "eth0"}) << QByteArray("'eth0' is not the index of an adapter");
+    QTest::newRow("a section to compare")
+        << QStringList({workstation, "--compare", "report.txt", "--section", "memoryInfo"})
+        << QByteArray("--compare compares the whole Windows half");
     QTest::newRow("an unknown option") << QStringList({workstation, "--all"}) << QByteArray("Unknown option 'all'.");
 }
 
@@ -177,6 +183,57 @@ void VkReplayTest::machinesThatCannotBeRead()
     const ProgramRun missing = vkreplay({folder.filePath(QStringLiteral("nowhere"))});
     QCOMPARE(missing.exitCode, 1);
     QVERIFY2(missing.errors.contains("/nowhere: no such machine folder"), missing.errors);
+}
+
+void VkReplayTest::compare()
+{
+    const QString report = QStringLiteral(REPORTS_DATA_DIR "/workstation.txt");
+    const ProgramRun same = vkreplay({workstation, "--compare", report});
+    QCOMPARE(same.exitCode, 0);
+    QVERIFY2(same.output.endsWith(" lines are the same, 0 FAILED, 182 lines of the Qt half and OpenGL are not compared\n"), same.output);
+    QCOMPARE(same.output.count('\n'), 1);
+
+    const QTemporaryDir folder;
+    QFile file(report);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    write(folder.filePath(QStringLiteral("report.txt")), file.readAll().replace("ReleaseId:              2009", "ReleaseId:              2010"));
+    const ProgramRun different = vkreplay({workstation, "--compare", folder.filePath(QStringLiteral("report.txt"))});
+    QCOMPARE(different.exitCode, 1);
+    QVERIFY2(different.output.contains("FAILED  windowsVersionFromRegistry  line 11: report: ReleaseId:              2010\n"
+                                       "FAILED  windowsVersionFromRegistry  line 11: replay: ReleaseId:              2009\n"),
+             different.output);
+}
+
+void VkReplayTest::comparisonsThatAreNotPossible_data()
+{
+    QTest::addColumn<QByteArray>("report"); // null: none
+    QTest::addColumn<QByteArray>("notes");
+    QTest::addColumn<QByteArray>("message");
+    const QByteArray right = R"({"redacted": false, "missing": []})";
+    QTest::newRow("no report") << QByteArray() << right << QByteArray("/report.txt'");
+    QTest::newRow("an empty report") << QByteArray("") << right << QByteArray("/report.txt' is no report");
+    QTest::newRow("something else") << QByteArray("Dear Sir\n") << right << QByteArray("/report.txt' is no report");
+    QTest::newRow("wrong notes") << QByteArray("Memory Information:\n") << QByteArray("{}") << QByteArray("/capture.json: ");
+}
+
+void VkReplayTest::comparisonsThatAreNotPossible()
+{
+    QFETCH(QByteArray, report);
+    QFETCH(QByteArray, notes);
+    QFETCH(QByteArray, message);
+    const QTemporaryDir folder;
+    const QString name = folder.filePath(QStringLiteral("report.txt"));
+    if (!report.isNull())
+        write(name, report);
+    write(folder.filePath(QStringLiteral("capture.json")), notes);
+    const ProgramRun run = vkreplay({folder.path(), "--compare", name});
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(run.output, QByteArray());
+    QVERIFY2(run.errors.contains(message), run.errors);
+    QCOMPARE(run.errors.count('\n'), 1);
+
+    const ProgramRun missing = vkreplay({folder.filePath(QStringLiteral("nowhere")), "--compare", name});
+    QCOMPARE(missing.exitCode, 2);
 }
 
 TEST_WITH_CORE_APPLICATION(VkReplayTest);
