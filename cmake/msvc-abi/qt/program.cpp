@@ -1,0 +1,24 @@
+// The start of a program in MSVC's ABI. Its globals start and end as those of a DLL do.
+#include <stdlib.h>
+
+extern "C" int __stdcall _DllMainCRTStartup(void *, unsigned long reason, void *);
+extern "C" __declspec(dllimport) int __cdecl _configure_narrow_argv(int mode);
+
+int main(int argc, char **argv);
+
+static void endProgram()
+{
+    _DllMainCRTStartup(nullptr, 0, nullptr);
+}
+
+extern "C" int startProgram()
+{
+    _configure_narrow_argv(1); // the arguments as they are, without the names that wildcards match
+    if (!_DllMainCRTStartup(nullptr, 1, nullptr))
+        return 255;
+        // Standard C++ has no call of main().
+#pragma clang diagnostic ignored "-Wmain"
+    const int result = main(*__p___argc(), *__p___argv());
+    endProgram();
+    exit(result);
+}
