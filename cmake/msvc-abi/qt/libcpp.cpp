@@ -145,6 +145,12 @@ const char *ctype<char>::do_narrow(const char *begin, const char *end, char, cha
     return do_widen(begin, end, to);
 }
 
+locale::locale() noexcept
+    : __locale_(nullptr)
+{ }
+
+locale::~locale() { }
+
 const locale &locale::classic()
 {
     static const void *const nothing = nullptr; // use_facet() below does not read it
@@ -155,6 +161,9 @@ const locale::facet *locale::use_facet(id &wanted) const
 {
     struct Letters final : std::ctype<char>
     {
+        Letters()
+            : std::ctype<char>(__pctype_func()) // the C library's table
+        { }
     };
     static const Letters letters;
     if (&wanted != &std::ctype<char>::id)
