@@ -3,6 +3,7 @@
 
 extern "C" int __stdcall _DllMainCRTStartup(void *, unsigned long reason, void *);
 extern "C" __declspec(dllimport) int __cdecl _configure_narrow_argv(int mode);
+extern "C" __declspec(dllimport) int __cdecl _initialize_narrow_environment();
 
 int main(int argc, char **argv);
 
@@ -13,7 +14,8 @@ static void endProgram()
 
 extern "C" int startProgram()
 {
-    _configure_narrow_argv(1); // the arguments as they are, without the names that wildcards match
+    _configure_narrow_argv(1);        // the arguments as they are, without the names that wildcards match
+    _initialize_narrow_environment(); // before it, getenv() finds nothing
     if (!_DllMainCRTStartup(nullptr, 1, nullptr))
         return 255;
         // Standard C++ has no call of main().
