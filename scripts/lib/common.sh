@@ -13,6 +13,7 @@ fail_usage() { say "$*"; exit 2; }
 print_help() { sed -n '2,/^[^#]/{/^#/s/^# \{0,1\}//p}' "$1"; }
 
 qt_for_windows_prefix() { printf '%s\n' "${VKSYSTEMINFO_QT_WINDOWS:-$cache_dir/qt5-mingw64}"; }
+qt_for_msvc_abi_prefix() { printf '%s\n' "${VKSYSTEMINFO_QT_MSVC_ABI:-$cache_dir/qt5-msvc-abi}"; }
 
 # build PRESET [TARGET]...: installs missing packages, configures once, builds. Prints to
 # standard error only: standard output belongs to the program that runs next.

@@ -1,0 +1,2 @@
+// The C library is that of mingw-w64's headers.
+#include "../win32-g++/qplatformdefs.h"
