@@ -1,0 +1,7 @@
+#include <QtWidgets/QApplication>
+
+int main(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    return 0;
+}
