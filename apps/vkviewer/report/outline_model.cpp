@@ -196,7 +196,7 @@ QString OutlineModel::toolTip(const QModelIndex &index) const
 {
     switch (kind(index)) {
     case Kind::Section:
-        return QString::fromLatin1(Reports::sectionRows()[std::size_t(m_document.sections()[std::size_t(number(index))].row)].name);
+        return title(index) + QLatin1Char('\n') + QString::fromLatin1(Reports::sectionRows()[std::size_t(m_document.sections()[std::size_t(number(index))].row)].name);
     case Kind::Item: {
         const Reports::Item &item = m_document.items()[std::size_t(number(index))];
         const QString kind = Reports::words(QString::fromLatin1(Reports::itemRows()[std::size_t(item.kind)].kind));

@@ -42,6 +42,8 @@ SummaryPage::SummaryPage(QWidget *parent)
     m_table->setShowGrid(false);
     m_table->setAlternatingRowColors(true);
     m_table->verticalHeader()->hide();
+    m_table->verticalHeader()->setMinimumSectionSize(fontMetrics().height());
+    m_table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 4 / 3);
     m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->horizontalHeader()->setHighlightSections(false);
     auto *layout = new QVBoxLayout(this);
@@ -57,7 +59,9 @@ void SummaryPage::setReport(const PreparedReport &report)
     const QStringList notes = stateSentences(report.report.document.states(), StateWeight::Any);
     m_notes->setText(notes.join(QLatin1Char('\n')));
     m_notes->setVisible(!notes.isEmpty());
+    constexpr int mostRows = 200; // a report with many failures has one for each
     m_table->resizeColumnToContents(0);
+    m_table->verticalHeader()->setSectionResizeMode(m_table->model()->rowCount() <= mostRows ? QHeaderView::ResizeToContents : QHeaderView::Fixed);
 }
 
 void SummaryPage::copy()

@@ -1,5 +1,7 @@
 #include "main_window.h"
 
+#include "comparison/comparison_table_view.h"
+#include "comparison/comparison_view.h"
 #include "message_bar.h"
 #include "recent_files.h"
 #include "report/fact_table.h"
@@ -15,12 +17,12 @@
 #include <QtCore/QMimeData>
 #include <QtGui/QClipboard>
 #include <QtGui/QDragEnterEvent>
+#include <QtGui/QScreen>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
-#include <QtGui/QScreen>
 #include <QtWidgets/QStackedWidget>
 #include <QtWidgets/QStatusBar>
 #include <QtWidgets/QTabWidget>
@@ -32,6 +34,7 @@ constexpr char geometryKey[] = "geometry";
 constexpr char splittersKey[] = "splitters";
 constexpr char outlineKey[] = "outline";
 constexpr char factsKey[] = "facts";
+constexpr char everyMomentKey[] = "everyMoment";
 
 QStringList localFiles(const QMimeData &data)
 {
@@ -91,7 +94,10 @@ MainWindow::MainWindow(QWidget *parent)
     });
     connect(m_loader, &ReportLoader::finished, this, &MainWindow::takeEnd);
     connect(m_loader, &ReportLoader::loadingChanged, this, &MainWindow::showLoading);
-    connect(m_cancelLoading, &QPushButton::clicked, m_loader, &ReportLoader::cancel);
+    connect(m_cancelLoading, &QPushButton::clicked, this, [this] {
+        m_requests.clear();
+        m_loader->cancel();
+    });
     restoreSettings();
     takeCurrentTab();
 }
@@ -112,6 +118,7 @@ void MainWindow::restoreSettings()
     m_splitters = WindowSettings::bytes(splittersKey);
     actionNamed("outline")->setChecked(WindowSettings::isOn(outlineKey, true));
     actionNamed("facts")->setChecked(WindowSettings::isOn(factsKey, true));
+    actionNamed("everyMoment")->setChecked(WindowSettings::isOn(everyMomentKey, false));
 }
 
 void MainWindow::saveSettings() const
@@ -121,6 +128,7 @@ void MainWindow::saveSettings() const
     WindowSettings::setBytes(splittersKey, page ? page->splitterState() : m_splitters);
     WindowSettings::setOn(outlineKey, actionNamed("outline")->isChecked());
     WindowSettings::setOn(factsKey, actionNamed("facts")->isChecked());
+    WindowSettings::setOn(everyMomentKey, actionNamed("everyMoment")->isChecked());
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)
@@ -132,6 +140,16 @@ void MainWindow::closeEvent(QCloseEvent *event)
 ReportPage *MainWindow::reportPage() const
 {
     return qobject_cast<ReportPage *>(m_tabs->currentWidget());
+}
+
+ComparisonView *MainWindow::comparisonView() const
+{
+    return qobject_cast<ComparisonView *>(m_tabs->currentWidget());
+}
+
+ComparisonTableView *MainWindow::comparisonTableView() const
+{
+    return qobject_cast<ComparisonTableView *>(m_tabs->currentWidget());
 }
 
 std::vector<ReportPage *> MainWindow::reportPages() const
@@ -157,8 +175,10 @@ bool MainWindow::isGiven(Needs needs) const
         return reportPage() && reportPage()->report().report.isReport();
     case Needs::SeveralReports:
         return reportPages().size() > 1;
+    case Needs::Pair:
+        return comparisonView() != nullptr;
     case Needs::Comparison:
-        return m_tabs->count() > 0 && !reportPage();
+        return comparisonView() || comparisonTableView();
     case Needs::Absent:
         break;
     }
@@ -240,10 +260,13 @@ void MainWindow::dropEvent(QDropEvent *event)
 
 void MainWindow::takeReport(int request, const PreparedReport &report)
 {
-    m_requests[request].reports.push_back(report.report);
     if (!report.report.path.isEmpty())
         m_recentFiles->add(report.report.path);
-    showReport(report);
+    Request &wanted = m_requests[request];
+    if (wanted.compares)
+        wanted.reports.push_back(report);
+    else
+        showReport(report);
 }
 
 void MainWindow::takeFailure(const QString &message)
@@ -255,8 +278,15 @@ void MainWindow::takeEnd(int request)
 {
     const Request done = m_requests[request];
     m_requests.erase(request);
-    if (done.compares && done.reports.size() > 1)
-        showComparison(done.reports);
+    std::vector<LoadedReport> reports;
+    for (const PreparedReport &report : done.reports)
+        reports.push_back(report.report);
+    if (done.newest)
+        reports.push_back(*done.newest);
+    if (reports.size() > 1)
+        compare(reports);
+    else if (!done.reports.empty()) // the others could not be read
+        showReport(done.reports.front());
 }
 
 void MainWindow::showLoading()
@@ -294,6 +324,7 @@ void MainWindow::addTab(QWidget *page, const QString &name, const QString &toolT
     m_tabs->setTabToolTip(tab, plainToolTip(toolTip));
     m_tabs->setCurrentIndex(tab);
     page->setFocus();
+    updateActions();
 }
 
 void MainWindow::closeTab()
@@ -309,6 +340,7 @@ void MainWindow::closeTabAt(int index)
     m_tabs->removeTab(index);
     if (page)
         page->deleteLater();
+    updateActions();
 }
 
 void MainWindow::takeCurrentTab()
@@ -336,7 +368,12 @@ void MainWindow::previousTab()
 
 void MainWindow::copy()
 {
-    reportPage()->copy();
+    if (ComparisonView *pair = comparisonView())
+        pair->copy();
+    else if (ComparisonTableView *table = comparisonTableView())
+        table->copy();
+    else
+        reportPage()->copy();
 }
 
 void MainWindow::selectAll()
@@ -432,20 +469,52 @@ void MainWindow::print() { }
 
 void MainWindow::exportPdf() { }
 
-void MainWindow::compareWith() { }
-
-void MainWindow::compareOpenReports() { }
-
-void MainWindow::showComparison(const std::vector<LoadedReport> &reports)
+void MainWindow::compareWith()
 {
-    Q_UNUSED(reports)
+    const LoadedReport newest = reportPage()->report().report;
+    const int request = load(sourcesOf(chooseFiles(tr("Compare with earlier reports"))), true);
+    if (request > 0)
+        m_requests[request].newest = newest;
 }
 
-void MainWindow::switchEveryMoment() { }
+void MainWindow::compareOpenReports()
+{
+    std::vector<LoadedReport> reports;
+    for (const ReportPage *page : reportPages())
+        reports.push_back(page->report().report);
+    compare(reports);
+}
 
-void MainWindow::nextDifference() { }
+void MainWindow::compare(const std::vector<LoadedReport> &reports)
+{
+    if (reports.size() == 2)
+        showComparison(new ComparisonView(reports[0], reports[1]), reports);
+    else
+        showComparison(new ComparisonTableView(reports), reports);
+}
 
-void MainWindow::previousDifference() { }
+template <class View>
+void MainWindow::showComparison(View *view, const std::vector<LoadedReport> &reports)
+{
+    QAction *everyMoment = actionNamed("everyMoment");
+    view->setShowsEveryMoment(everyMoment->isChecked());
+    connect(view, &View::showsEveryMomentChanged, everyMoment, &QAction::setChecked);
+    connect(everyMoment, &QAction::toggled, view, &View::setShowsEveryMoment);
+    QStringList names;
+    for (const LoadedReport &report : reports)
+        names << report.name;
+    addTab(view, tr("Comparison of %n report(s)", nullptr, int(reports.size())), names.join(QLatin1Char('\n')));
+}
+
+void MainWindow::nextDifference()
+{
+    comparisonView()->nextDifference();
+}
+
+void MainWindow::previousDifference()
+{
+    comparisonView()->previousDifference();
+}
 
 // ---------------------------------------------------------------------------------------------
 // Help

@@ -15,6 +15,8 @@ class QPushButton;
 class QStackedWidget;
 class QTabWidget;
 class RecentFiles;
+class ComparisonTableView;
+class ComparisonView;
 class ReportPage;
 class StartPage;
 
@@ -31,12 +33,15 @@ public:
 
     /// Opens each of \a files in a tab.
     void openFiles(const QStringList &files);
-    /// Opens all files and compares them: two beside each other, more in a table.
+    /// Compares the files: two beside each other, the older one first; more in a table.
     void compareFiles(const QStringList &files);
 
     /// The report of the current tab; null if it shows none.
     ReportPage *reportPage() const;
     std::vector<ReportPage *> reportPages() const;
+    /// The comparison of the current tab; null if it shows none.
+    ComparisonView *comparisonView() const;
+    ComparisonTableView *comparisonTableView() const;
     /// Those of the menus, in their order. Each has a name (QObject::objectName()).
     const QList<QAction *> &actionList() const { return m_actionList; }
     QAction *actionNamed(const char *name) const;
@@ -63,7 +68,8 @@ private:
         Report,         ///< a tab with a report
         ReportPage,     ///< the same, and the report has sections
         SeveralReports, ///< at least two tabs with reports
-        Comparison,     ///< a tab with a comparison
+        Pair,           ///< a tab with a comparison of two
+        Comparison,     ///< a tab with any comparison
         Absent,         ///< cannot be done yet
     };
     struct ActionRow
@@ -73,14 +79,15 @@ private:
         const char *text;
         const char *keys; ///< portable, separated by "; "
         Needs needs;
-        void (MainWindow::*run)();
+        void (MainWindow::*run)(); ///< null for a switch that only others ask for
         bool isSwitch;
         bool endsGroup; ///< a separator follows
     };
     struct Request
     {
         bool compares = false;
-        std::vector<LoadedReport> reports;
+        std::vector<PreparedReport> reports;
+        std::optional<LoadedReport> newest; ///< is compared with them
     };
 
     static const std::vector<ActionRow> &actionRows();
@@ -111,7 +118,6 @@ private:
     void switchOutline();
     void switchFacts();
     void switchPersonalData();
-    void switchEveryMoment();
     void zoomIn();
     void zoomOut();
     void resetZoom();
@@ -135,7 +141,9 @@ private:
     void takeEnd(int request);
     void showLoading();
     void showReport(const PreparedReport &report);
-    void showComparison(const std::vector<LoadedReport> &reports);
+    void compare(const std::vector<LoadedReport> &reports);
+    template <class View>
+    void showComparison(View *view, const std::vector<LoadedReport> &reports);
     void addTab(QWidget *page, const QString &name, const QString &toolTip);
     void closeTabAt(int index);
     void takeCurrentTab();

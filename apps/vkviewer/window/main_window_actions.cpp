@@ -36,13 +36,13 @@ const std::vector<MainWindow::ActionRow> &MainWindow::actionRows()
         {"newReport", Menu::File, QT_TR_NOOP("&New report of this machine"), "Ctrl+N", Needs::Absent, &W::makeReport, false, false},
         {"open", Menu::File, QT_TR_NOOP("&Open..."), "Ctrl+O", Needs::Nothing, &W::open, false, false},
         {"openFromClipboard", Menu::File, QT_TR_NOOP("Open from c&lipboard"), "Ctrl+Shift+V", Needs::Nothing, &W::openFromClipboard, false, true},
-        {"compareWith", Menu::File, QT_TR_NOOP("&Compare with..."), "Ctrl+D", Needs::Absent, &W::compareWith, false, false},
-        {"compareOpenReports", Menu::File, QT_TR_NOOP("Compare open &reports"), "Ctrl+Shift+D", Needs::Absent, &W::compareOpenReports, false, true},
+        {"compareWith", Menu::File, QT_TR_NOOP("&Compare with..."), "Ctrl+D", Needs::Report, &W::compareWith, false, false},
+        {"compareOpenReports", Menu::File, QT_TR_NOOP("Compare open &reports"), "Ctrl+Shift+D", Needs::SeveralReports, &W::compareOpenReports, false, true},
         {"saveAs", Menu::File, QT_TR_NOOP("&Save as..."), "Ctrl+S", Needs::Absent, &W::saveAs, false, false},
         {"print", Menu::File, QT_TR_NOOP("&Print..."), "Ctrl+P", Needs::Absent, &W::print, false, false},
         {"exportPdf", Menu::File, QT_TR_NOOP("Save as P&DF..."), "Ctrl+Shift+P", Needs::Absent, &W::exportPdf, false, true},
         {"closeTab", Menu::File, QT_TR_NOOP("Close &tab"), "Ctrl+W", Needs::Tab, &W::closeTab, false, false},
-        {"copy", Menu::Edit, QT_TR_NOOP("&Copy"), "Ctrl+C", Needs::Report, &W::copy, false, false},
+        {"copy", Menu::Edit, QT_TR_NOOP("&Copy"), "Ctrl+C", Needs::Tab, &W::copy, false, false},
         {"selectAll", Menu::Edit, QT_TR_NOOP("Select &all"), "Ctrl+A", Needs::Report, &W::selectAll, false, true},
         {"find", Menu::Edit, QT_TR_NOOP("&Find..."), "Ctrl+F", Needs::Report, &W::find, false, false},
         {"findNext", Menu::Edit, QT_TR_NOOP("Find &next"), "F3", Needs::Report, &W::findNext, false, false},
@@ -56,12 +56,12 @@ const std::vector<MainWindow::ActionRow> &MainWindow::actionRows()
         {"zoomIn", Menu::View, QT_TR_NOOP("Zoom &in"), "Ctrl++; Ctrl+=", Needs::Report, &W::zoomIn, false, false},
         {"zoomOut", Menu::View, QT_TR_NOOP("Zoom o&ut"), "Ctrl+-", Needs::Report, &W::zoomOut, false, false},
         {"resetZoom", Menu::View, QT_TR_NOOP("&Usual size"), "Ctrl+0", Needs::Report, &W::resetZoom, false, true},
-        {"everyMoment", Menu::View, QT_TR_NOOP("Show what changes every &moment"), "Ctrl+E", Needs::Absent, &W::switchEveryMoment, true, false},
+        {"everyMoment", Menu::View, QT_TR_NOOP("Show what changes every &moment"), "Ctrl+E", Needs::Comparison, nullptr, true, false},
         {"chooseSection", Menu::Go, QT_TR_NOOP("&Section..."), "Ctrl+G", Needs::ReportPage, &W::chooseSection, false, false},
         {"nextSection", Menu::Go, QT_TR_NOOP("&Next section"), "Alt+Down", Needs::ReportPage, &W::nextSection, false, false},
         {"previousSection", Menu::Go, QT_TR_NOOP("&Previous section"), "Alt+Up", Needs::ReportPage, &W::previousSection, false, true},
-        {"nextDifference", Menu::Go, QT_TR_NOOP("Next &difference"), "F8", Needs::Absent, &W::nextDifference, false, false},
-        {"previousDifference", Menu::Go, QT_TR_NOOP("Previous d&ifference"), "Shift+F8", Needs::Absent, &W::previousDifference, false, true},
+        {"nextDifference", Menu::Go, QT_TR_NOOP("Next &difference"), "F8", Needs::Pair, &W::nextDifference, false, false},
+        {"previousDifference", Menu::Go, QT_TR_NOOP("Previous d&ifference"), "Shift+F8", Needs::Pair, &W::previousDifference, false, true},
         {"nextTab", Menu::Go, QT_TR_NOOP("Next &tab"), "Ctrl+PgDown; Ctrl+Tab", Needs::Tab, &W::nextTab, false, false},
         {"previousTab", Menu::Go, QT_TR_NOOP("Previous ta&b"), "Ctrl+PgUp; Ctrl+Shift+Tab", Needs::Tab, &W::previousTab, false, false},
         {"keys", Menu::Help, QT_TR_NOOP("&Keys"), "F1", Needs::Nothing, &W::showKeys, false, false},
@@ -80,7 +80,8 @@ void MainWindow::makeActions()
         action->setObjectName(QLatin1String(row.name));
         action->setShortcuts(QKeySequence::listFromString(QLatin1String(row.keys), QKeySequence::PortableText));
         action->setCheckable(row.isSwitch);
-        connect(action, &QAction::triggered, this, row.run);
+        if (row.run)
+            connect(action, &QAction::triggered, this, row.run);
         QMenu *menu = menus[row.menu];
         menu->addAction(action);
         if (row.endsGroup)
