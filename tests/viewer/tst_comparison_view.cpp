@@ -8,6 +8,7 @@
 
 #include <QtCore/QFile>
 #include <QtGui/QClipboard>
+#include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QHeaderView>
@@ -50,6 +51,17 @@ private Q_SLOTS:
 };
 
 namespace {
+
+/// Clicks into a cell that is shown. QTableView::selectRow() would depend on the keys of the last event.
+void clickRow(QTableView *table, int row)
+{
+    int column = 0;
+    while (table->isColumnHidden(column))
+        ++column;
+    const QModelIndex index = table->model()->index(row, column);
+    table->scrollTo(index);
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, table->visualRect(index).center());
+}
 
 QByteArray contents(const QString &fileName)
 {
@@ -131,12 +143,7 @@ public:
             count += model->index(row, AlignedTextModel::OlderLine).data(AlignedTextModel::ChangeRole).toInt() != int(LineChange::Same);
         return count;
     }
-    void clickSection(int row) const
-    {
-        QTableView *sections = table("sections");
-        const QRect place = sections->visualRect(sections->model()->index(row, 0));
-        QTest::mouseClick(sections->viewport(), Qt::LeftButton, {}, place.center());
-    }
+    void clickSection(int row) const { clickRow(table("sections"), row); }
 
     ComparisonView view;
 };
@@ -205,7 +212,7 @@ void ComparisonViewTest::everyMomentByKeyboard()
 {
     ShownView shown("minute-apart");
     QTest::keyClick(&shown.view, Qt::Key_M, Qt::AltModifier);
-    QVERIFY(shown.everyMoment()->isChecked());
+    QTRY_VERIFY(shown.everyMoment()->isChecked()); // a button stays down for a moment
     QCOMPARE(shown.view.differenceCount(), 10);
 }
 
@@ -234,9 +241,11 @@ void ComparisonViewTest::buttonsByMouseAndKeyboard()
     QTest::mouseClick(shown.button("previous"), Qt::LeftButton);
     QCOMPARE(shown.text("position"), QStringLiteral("1 of 6"));
     QTest::keyClick(&shown.view, Qt::Key_N, Qt::AltModifier);
-    QCOMPARE(shown.text("position"), QStringLiteral("2 of 6"));
+    QTRY_COMPARE(shown.text("position"), QStringLiteral("2 of 6")); // a button stays down for a moment
     QTest::keyClick(&shown.view, Qt::Key_P, Qt::AltModifier);
-    QTest::keyClick(&shown.view, Qt::Key_P, Qt::AltModifier);
+    QTRY_COMPARE(shown.text("position"), QStringLiteral("1 of 6"));
+    shown.button("previous")->setFocus();
+    QTest::keyClick(shown.button("previous"), Qt::Key_Space);
     QCOMPARE(shown.text("position"), QStringLiteral("6 of 6"));
 }
 
@@ -359,18 +368,18 @@ void ComparisonViewTest::copiedRows()
     ShownView shown("full-disk");
     QTableView *table = shown.table("differences");
     table->setFocus();
-    table->selectRow(1);
+    clickRow(table, 1);
     QTest::keyClick(table, Qt::Key_Down, Qt::ShiftModifier);
     QTest::keySequence(table, QKeySequence::Copy);
-    QCOMPARE(clipboard(), QStringLiteral("\u2193 smaller\tDisk information\tdrive C \u203a free\t100.9 GByte\t300.4 MByte\n"
-                                         "\u2212 removed\tDisk information\tdrive E\troot: E:\\ | type: removable media | file system: FAT32 | "
+    QCOMPARE(clipboard(), QStringLiteral("smaller\tDisk information\tdrive C \u203a free\t100.9 GByte\t300.4 MByte\n"
+                                         "removed\tDisk information\tdrive E\troot: E:\\ | type: removable media | file system: FAT32 | "
                                          "label: MESSDATEN | free: 11.7 GByte | total: 28.6 GByte\t\n"));
     // By mouse: the command of the context menu.
     QApplication::clipboard()->clear();
-    table->selectRow(1);
+    clickRow(table, 1);
     QCOMPARE(table->contextMenuPolicy(), Qt::ActionsContextMenu);
     table->actions().constFirst()->trigger();
-    QCOMPARE(clipboard(), QStringLiteral("\u2193 smaller\tDisk information\tdrive C \u203a free\t100.9 GByte\t300.4 MByte\n"));
+    QCOMPARE(clipboard(), QStringLiteral("smaller\tDisk information\tdrive C \u203a free\t100.9 GByte\t300.4 MByte\n"));
 }
 
 void ComparisonViewTest::copiedTextIsExact()
@@ -403,7 +412,7 @@ void ComparisonViewTest::copyOfTheWindow()
     QCOMPARE(clipboard(), QStringLiteral("TEMP     = Z:\\Temp\n"));
     shown.button("next")->setFocus();
     shown.view.copy();
-    QVERIFY(clipboard().startsWith(QStringLiteral("\u2260 changed\tSome environment variables\tTEMP\t")));
+    QVERIFY(clipboard().startsWith(QStringLiteral("changed\tSome environment variables\tTEMP\t")));
 }
 
 void ComparisonViewTest::swappedSides()
@@ -418,8 +427,8 @@ void ComparisonViewTest::swappedSides()
     QCOMPARE(shown.text("newerName"), QStringLiteral("OLD.txt"));
     QCOMPARE(shown.cell(1, DifferenceModel::Kind), QStringLiteral("\u2193 older"));
     QTest::keyClick(&shown.view, Qt::Key_S, Qt::AltModifier);
+    QTRY_COMPARE(shown.text("olderName"), QStringLiteral("OLD.txt")); // a button stays down for a moment
     shown.wait();
-    QCOMPARE(shown.text("olderName"), QStringLiteral("OLD.txt"));
     QCOMPARE(shown.cell(1, DifferenceModel::Kind), QStringLiteral("\u2191 newer"));
 }
 
@@ -446,7 +455,7 @@ void ComparisonViewTest::aReportThatEndsEarly()
     QCOMPARE(shown.cell(last, DifferenceModel::Kind), QStringLiteral("\u2212 removed"));
     QCOMPARE(shown.cell(last, DifferenceModel::Subject), QStringLiteral("the whole section"));
     // The whole of it is found in the text.
-    shown.table("differences")->selectRow(last);
+    clickRow(shown.table("differences"), last);
     QVERIFY(shown.olderLines().size() > 2);
     QVERIFY(shown.newerLines().join(QString()).isEmpty());
 }
@@ -541,5 +550,6 @@ void ComparisonViewTest::aComparisonThatIsReplaced()
     QCOMPARE(shown.cell(1, DifferenceModel::Kind), QStringLiteral("\u2193 smaller"));
 }
 
-TEST_WITH_APPLICATION(ComparisonViewTest)
+TEST_WITH_APPLICATION(ComparisonViewTest);
+
 #include "tst_comparison_view.moc"

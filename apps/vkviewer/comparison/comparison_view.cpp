@@ -37,6 +37,14 @@ QLabel *plainLabel(QWidget *parent)
     return label;
 }
 
+/// Selects one row, whatever keys are down: QTableView::selectRow() extends the selection if Shift is.
+void chooseRow(QTableView *table, int row)
+{
+    const QModelIndex index = table->model()->index(row, 0);
+    table->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    table->scrollTo(index);
+}
+
 /// Whether the texts of a section differ by more than what is hidden.
 bool differsInText(const AlignedText &text, LineIndexes rows, bool showsEveryMoment)
 {
@@ -269,7 +277,7 @@ void ComparisonView::updateShown()
     const QString section = m_section;
     m_sectionModel->setSections(sectionsThatDiffer(*m_reports, m_walk, m_showsEveryMoment));
     const int row = m_sectionModel->rowOf(section);
-    m_sections->selectRow(row); // which shows the section
+    chooseRow(m_sections, row); // which shows the section
     showSection(m_sectionModel->section(row));
     if (current >= 0)
         showChange(current);
@@ -342,11 +350,8 @@ void ComparisonView::showChange(int change)
 {
     const QString section = m_reports->comparison.changes[std::size_t(change)].section;
     if (!m_section.isEmpty() && m_section != section)
-        m_sections->selectRow(m_sectionModel->rowOf(section));
-    const int row = m_differenceModel->rowOf(change);
-    const QModelIndex index = m_differenceModel->index(row, DifferenceModel::Kind);
-    m_differences->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    m_differences->scrollTo(index);
+        chooseRow(m_sections, m_sectionModel->rowOf(section));
+    chooseRow(m_differences, m_differenceModel->rowOf(change));
 }
 
 void ComparisonView::setCurrentChange(int change)
