@@ -168,7 +168,7 @@ void ComparisonTableViewTest::filterByKeyboard()
     QVERIFY(filter->hasFocus());
     shown.typeFilter(QStringLiteral("z:\\TEMP")); // in a value
     QCOMPARE(shown.model()->rowCount(), 3);       // TEMP, and TEMP and TMP of the process
-    QVERIFY(shown.text("summary").endsWith(QStringLiteral("3 row(s) match the filter.")));
+    QVERIFY(shown.text("summary").endsWith(QStringLiteral("3 rows match the filter.")));
     filter->clear();
     shown.typeFilter(QStringLiteral("drive E")); // in a name
     QCOMPARE(shown.model()->rowCount(), 1);

@@ -189,7 +189,7 @@ void ComparisonViewTest::itSaysThatNothingDiffers()
     QVERIFY(!same.button("next")->isEnabled());
 
     const ShownView minute("minute-apart");
-    QCOMPARE(minute.text("summary"), QStringLiteral("Nothing differs. 10 value(s) that change every moment are not shown."));
+    QCOMPARE(minute.text("summary"), QStringLiteral("Nothing differs. 10 values that change every moment are not shown."));
     QCOMPARE(minute.sections(), QStringList {QStringLiteral("All sections 0")});
     QCOMPARE(minute.marks(), 0);
 }
@@ -202,7 +202,7 @@ void ComparisonViewTest::everyMomentByMouse()
     QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(box->height() / 2, box->height() / 2));
     QCOMPARE(spy.size(), 1);
     QCOMPARE(shown.differences(), 10);
-    QCOMPARE(shown.text("summary"), QStringLiteral("Nothing differs. 10 value(s) that change every moment differ, too."));
+    QCOMPARE(shown.text("summary"), QStringLiteral("Nothing differs. 10 values that change every moment differ, too."));
     QVERIFY(shown.cell(0, DifferenceModel::Kind).endsWith(QStringLiteral(", every moment")));
     QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(box->height() / 2, box->height() / 2));
     QCOMPARE(shown.differences(), 0);
@@ -324,6 +324,10 @@ void ComparisonViewTest::bothTextsShowTheDifference()
     shown.view.nextDifference();
     QCOMPARE(shown.olderLines(), QStringList {QString::fromUtf8("TEMP     = C:\\Users\\J\xc3\xb6rn\\AppData\\Local\\Temp")});
     QCOMPARE(shown.newerLines(), QStringList {QStringLiteral("TEMP     = Z:\\Temp")});
+    // The line begins with its sign.
+    const QModelIndex sign = shown.table("olderText")->selectionModel()->selectedRows(AlignedTextModel::OlderSign).constFirst();
+    QCOMPARE(sign.data().toString(), QStringLiteral("\u2260"));
+    QCOMPARE(shown.table("olderText")->visualRect(sign).left(), 0);
     shown.view.nextDifference();
     shown.view.nextDifference();
     QCOMPARE(shown.olderLines(), QStringList {QStringLiteral("E:\\ removable media      FAT32  MESSDATEN  Free: 11.7 GByte Total: 28.6 GByte ")});
@@ -351,6 +355,15 @@ void ComparisonViewTest::bothTextsScrollTogether()
     QCOMPARE(left->rowAt(0), right->rowAt(0));
     left->horizontalScrollBar()->setValue(200);
     QCOMPARE(right->horizontalScrollBar()->value(), 200);
+    // Another line does not move the text; the keys do.
+    QTest::keyClick(left, Qt::Key_Home, Qt::ControlModifier);
+    QCOMPARE(left->horizontalScrollBar()->value(), 200);
+    QTest::keyClick(left, Qt::Key_Right);
+    QVERIFY(left->horizontalScrollBar()->value() > 200);
+    QCOMPARE(right->horizontalScrollBar()->value(), left->horizontalScrollBar()->value());
+    for (int i = 0; i < 100 && left->horizontalScrollBar()->value() > 0; ++i)
+        QTest::keyClick(left, Qt::Key_Left);
+    QCOMPARE(right->horizontalScrollBar()->value(), 0);
 }
 
 void ComparisonViewTest::theSwitchMarksTheText()
