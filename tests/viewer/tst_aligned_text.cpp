@@ -252,5 +252,6 @@ void AlignedTextTest::aCancelledComparisonHasNoResult()
     QVERIFY(!compareReports(read(small), read(small), cancelled));
 }
 
-TEST_WITHOUT_APPLICATION(AlignedTextTest)
+TEST_WITHOUT_APPLICATION(AlignedTextTest);
+
 #include "tst_aligned_text.moc"

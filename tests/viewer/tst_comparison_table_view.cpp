@@ -6,6 +6,7 @@
 
 #include <QtCore/QFile>
 #include <QtGui/QClipboard>
+#include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLabel>
@@ -36,6 +37,17 @@ private Q_SLOTS:
 };
 
 namespace {
+
+/// Clicks into a cell that is shown. QTableView::selectRow() would depend on the keys of the last event.
+void clickRow(QTableView *table, int row)
+{
+    int column = 0;
+    while (table->isColumnHidden(column))
+        ++column;
+    const QModelIndex index = table->model()->index(row, column);
+    table->scrollTo(index);
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, table->visualRect(index).center());
+}
 
 QByteArray contents(const char *fileName)
 {
@@ -156,7 +168,7 @@ void ComparisonTableViewTest::filterByKeyboard()
     QVERIFY(filter->hasFocus());
     shown.typeFilter(QStringLiteral("z:\\TEMP")); // in a value
     QCOMPARE(shown.model()->rowCount(), 3);       // TEMP, and TEMP and TMP of the process
-    QVERIFY(shown.text("summary").endsWith(QStringLiteral("3 row(s) match the filter.")));
+    QVERIFY(shown.text("summary").endsWith(QStringLiteral("3 rows match the filter.")));
     filter->clear();
     shown.typeFilter(QStringLiteral("drive E")); // in a name
     QCOMPARE(shown.model()->rowCount(), 1);
@@ -180,7 +192,7 @@ void ComparisonTableViewTest::everyMomentByMouseAndKeyboard()
     QVERIFY(shown.row(QStringLiteral("Memory Information"), QStringLiteral("MemoryLoad")) >= 0);
     QCOMPARE(shown.model()->rowCount(), all + 10);
     QTest::keyClick(&shown.view, Qt::Key_M, Qt::AltModifier);
-    QVERIFY(!shown.view.showsEveryMoment());
+    QTRY_VERIFY(!shown.view.showsEveryMoment()); // a button stays down for a moment
     QCOMPARE(shown.model()->rowCount(), all);
 }
 
@@ -207,12 +219,12 @@ void ComparisonTableViewTest::copiedRows()
         QApplication::clipboard()->clear();
         QTableView *table = shown.table(name);
         table->setFocus();
-        table->selectRow(shown.row(variables, QStringLiteral("TEMP")));
+        clickRow(table, shown.row(variables, QStringLiteral("TEMP")));
         QTest::keySequence(table, QKeySequence::Copy);
         QCOMPARE(QApplication::clipboard()->text(), line);
         QApplication::clipboard()->clear();
         table->actions().constFirst()->trigger(); // of the context menu
-        QCOMPARE(QApplication::clipboard()->text(), line);
+        QVERIFY2(QApplication::clipboard()->text() == line, name);
     }
     QApplication::clipboard()->clear();
     shown.view.copy();
@@ -264,7 +276,7 @@ void ComparisonTableViewTest::namesAndValuesOfStrangers()
     QVERIFY(!index.data(Qt::ToolTipRole).toString().contains(QStringLiteral("<img")));
     QVERIFY(!shown.model()->headerData(3, Qt::Horizontal, Qt::ToolTipRole).toString().contains(QStringLiteral("<b>")));
     // A spreadsheet does not take it for a formula.
-    shown.table("values")->selectRow(index.row());
+    clickRow(shown.table("values"), index.row());
     const_cast<ComparisonTableView &>(shown.view).copy();
     QVERIFY(QApplication::clipboard()->text().contains(QStringLiteral("\t'=<img")));
 }
@@ -291,5 +303,6 @@ void ComparisonTableViewTest::aViewThatIsClosedWhileComparing()
     QCoreApplication::processEvents();
 }
 
-TEST_WITH_APPLICATION(ComparisonTableViewTest)
+TEST_WITH_APPLICATION(ComparisonTableViewTest);
+
 #include "tst_comparison_table_view.moc"

@@ -5,10 +5,41 @@
 
 #include <QtCore/QEvent>
 #include <QtGui/QFontDatabase>
+#include <QtGui/QKeyEvent>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QScrollBar>
 #include <algorithm>
+
+namespace {
+
+/// Going to another line does not scroll to the left or right; the keys for left and right do.
+class LineTable : public QTableView
+{
+public:
+    using QTableView::QTableView;
+
+    void scrollTo(const QModelIndex &index, ScrollHint hint) override
+    {
+        const int value = horizontalScrollBar()->value();
+        QTableView::scrollTo(index, hint);
+        horizontalScrollBar()->setValue(value);
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        const bool isLeft = event->key() == Qt::Key_Left;
+        if ((isLeft || event->key() == Qt::Key_Right) && event->modifiers() == Qt::NoModifier)
+            horizontalScrollBar()->triggerAction(isLeft ? QScrollBar::SliderSingleStepSub : QScrollBar::SliderSingleStepAdd);
+        else
+            QTableView::keyPressEvent(event);
+    }
+};
+
+constexpr int linesAround = 2; ///< a line that is shown has so many before and after it
+
+} // namespace
 
 AlignedTextView::AlignedTextView(QWidget *parent)
     : QWidget(parent), m_model(new AlignedTextModel(this)), m_older(makeView(true)), m_newer(makeView(false))
@@ -31,7 +62,7 @@ AlignedTextView::AlignedTextView(QWidget *parent)
 
 QTableView *AlignedTextView::makeView(bool older)
 {
-    auto *view = new QTableView(this);
+    auto *view = new LineTable(this);
     view->setModel(m_model);
     view->setColumnHidden(older ? AlignedTextModel::NewerSign : AlignedTextModel::OlderSign, true);
     view->setColumnHidden(older ? AlignedTextModel::NewerLine : AlignedTextModel::OlderLine, true);
@@ -46,6 +77,7 @@ QTableView *AlignedTextView::makeView(bool older)
     view->setVerticalScrollBarPolicy(older ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAlwaysOn);
     view->horizontalHeader()->hide();
     view->horizontalHeader()->setMinimumSectionSize(1);
+    view->horizontalScrollBar()->setSingleStep(view->fontMetrics().averageCharWidth() * 8);
     view->verticalHeader()->hide();
     view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     new RowCopier(view, [this, older](const std::vector<int> &rows) { return QString::fromUtf8(m_model->bytes(rows, older)); });
@@ -106,7 +138,7 @@ void AlignedTextView::showRows(LineIndexes older, LineIndexes newer)
     model->select(selection, QItemSelectionModel::ClearAndSelect);
     QScrollBar *bar = m_newer->verticalScrollBar();
     const int page = bar->pageStep();
-    if (target.size() > 0 && (target.begin < bar->value() || target.end > bar->value() + page))
+    if (target.size() > 0 && (target.begin - linesAround < bar->value() || target.end + linesAround > bar->value() + page))
         bar->setValue(target.begin - std::max(0, (page - target.size()) / 2));
 }
 

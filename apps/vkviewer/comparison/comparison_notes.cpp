@@ -36,14 +36,29 @@ QStringList ComparisonNotes::of(const LoadedReport &report)
     return result;
 }
 
+// One has texts of its own: without a translation Qt has no plural.
+
+QString ComparisonNotes::differences(int count)
+{
+    return count == 1 ? tr("1 difference") : tr("%n differences", nullptr, count);
+}
+
+QString ComparisonNotes::matches(int rows)
+{
+    return rows == 1 ? tr("1 row matches the filter.") : tr("%n rows match the filter.", nullptr, rows);
+}
+
 QString ComparisonNotes::summary(int differences, int everyMoment, bool showsEveryMoment)
 {
-    const QString first = differences == 0 ? tr("Nothing differs.") : tr("%n difference(s).", nullptr, differences);
+    const QString first = differences == 0 ? tr("Nothing differs.") : ComparisonNotes::differences(differences) + QLatin1Char('.');
     if (everyMoment == 0)
         return first;
-    return first + QLatin1Char(' ')
-        + (showsEveryMoment ? tr("%n value(s) that change every moment differ, too.", nullptr, everyMoment)
-                            : tr("%n value(s) that change every moment are not shown.", nullptr, everyMoment));
+    QString second;
+    if (showsEveryMoment)
+        second = everyMoment == 1 ? tr("1 value that changes every moment differs, too.") : tr("%n values that change every moment differ, too.", nullptr, everyMoment);
+    else
+        second = everyMoment == 1 ? tr("1 value that changes every moment is not shown.") : tr("%n values that change every moment are not shown.", nullptr, everyMoment);
+    return first + QLatin1Char(' ') + second;
 }
 
 QString ComparisonNotes::name(const LoadedReport &report)

@@ -16,6 +16,11 @@ public:
     /// "11 differences. 10 values that change every moment are not shown."
     static QString summary(int differences, int everyMoment, bool showsEveryMoment);
 
+    /// "11 differences", "1 difference".
+    static QString differences(int count);
+    /// "11 rows match the filter."
+    static QString matches(int rows);
+
     /// The report's name on one line.
     static QString name(const LoadedReport &report);
 };

@@ -128,6 +128,7 @@ QTableView *ComparisonTableView::makeTable(bool isFrozen)
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->setItemDelegate(new ValueDelegate(table));
     table->setWordWrap(false);
+    table->setTextElideMode(Qt::ElideMiddle); // the end of what differs is the name of the fact
     table->setTabKeyNavigation(false);
     table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // so that both have equally many rows
@@ -219,7 +220,7 @@ void ComparisonTableView::updateSummary()
     const int everyMoment = int(std::count_if(m_table->rows.begin(), m_table->rows.end(), [](const ComparisonRow &row) { return row.everyMoment; }));
     QString text = ComparisonNotes::summary(int(m_table->rows.size()) - everyMoment, everyMoment, m_showsEveryMoment);
     if (!m_filter->text().trimmed().isEmpty())
-        text += QLatin1Char(' ') + tr("%n row(s) match the filter.", nullptr, m_model->rowCount());
+        text += QLatin1Char(' ') + ComparisonNotes::matches(m_model->rowCount());
     m_summary->setText(text);
 }
 

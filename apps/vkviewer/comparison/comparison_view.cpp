@@ -37,6 +37,14 @@ QLabel *plainLabel(QWidget *parent)
     return label;
 }
 
+/// Selects one row, whatever keys are down: QTableView::selectRow() extends the selection if Shift is.
+void chooseRow(QTableView *table, int row)
+{
+    const QModelIndex index = table->model()->index(row, 0);
+    table->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    table->scrollTo(index);
+}
+
 /// Whether the texts of a section differ by more than what is hidden.
 bool differsInText(const AlignedText &text, LineIndexes rows, bool showsEveryMoment)
 {
@@ -137,6 +145,7 @@ QWidget *ComparisonView::makeCommands()
     m_position = plainLabel(commands);
     m_position->setObjectName(QStringLiteral("position"));
     layout->addWidget(m_position);
+    layout->addSpacing(fontMetrics().averageCharWidth() * 2);
     m_summary = plainLabel(commands);
     m_summary->setObjectName(QStringLiteral("summary"));
     m_summary->setWordWrap(true);
@@ -159,7 +168,7 @@ QTableView *ComparisonView::makeTable(QAbstractItemModel *model, const QString &
     table->setWordWrap(false);
     table->setTabKeyNavigation(false);
     table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    table->setTextElideMode(Qt::ElideRight);
+    table->setTextElideMode(Qt::ElideMiddle); // the end of what differs is the name of the fact
     table->horizontalHeader()->setHighlightSections(false);
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table->verticalHeader()->hide();
@@ -176,13 +185,15 @@ QWidget *ComparisonView::makeContent()
     m_sections = makeTable(m_sectionModel, tr("Sections that differ"));
     m_sections->setObjectName(QStringLiteral("sections"));
     m_sections->setSelectionMode(QAbstractItemView::SingleSelection);
-    new ColumnWidths(m_sections, {7, 3}, 4);
+    m_sections->setTextElideMode(Qt::ElideRight);
+    m_sections->horizontalHeader()->setSectionResizeMode(SectionModel::Title, QHeaderView::Stretch);
+    m_sections->horizontalHeader()->setSectionResizeMode(SectionModel::Count, QHeaderView::ResizeToContents);
     connect(m_sections->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex &current) { chooseSection(current.row()); });
 
     m_differences = makeTable(m_differenceModel, tr("Differences"));
     m_differences->setObjectName(QStringLiteral("differences"));
-    new ColumnWidths(m_differences, {2, 3, 5, 4, 4}, 8);
+    new ColumnWidths(m_differences, {3, 4, 8, 5, 5}, 8);
     connect(m_differences->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex &current) {
         if (current.isValid())
             setCurrentChange(m_differenceModel->changeIndex(current.row()));
@@ -198,9 +209,11 @@ QWidget *ComparisonView::makeContent()
     auto *content = new QSplitter(Qt::Horizontal, this);
     content->addWidget(m_sections);
     content->addWidget(right);
-    content->setStretchFactor(0, 1);
-    content->setStretchFactor(1, 4);
+    content->setStretchFactor(0, 0);
+    content->setStretchFactor(1, 1);
     content->setChildrenCollapsible(false);
+    const int list = fontMetrics().averageCharWidth() * 32;
+    content->setSizes({list, list * 4});
     return content;
 }
 
@@ -269,7 +282,7 @@ void ComparisonView::updateShown()
     const QString section = m_section;
     m_sectionModel->setSections(sectionsThatDiffer(*m_reports, m_walk, m_showsEveryMoment));
     const int row = m_sectionModel->rowOf(section);
-    m_sections->selectRow(row); // which shows the section
+    chooseRow(m_sections, row); // which shows the section
     showSection(m_sectionModel->section(row));
     if (current >= 0)
         showChange(current);
@@ -342,11 +355,8 @@ void ComparisonView::showChange(int change)
 {
     const QString section = m_reports->comparison.changes[std::size_t(change)].section;
     if (!m_section.isEmpty() && m_section != section)
-        m_sections->selectRow(m_sectionModel->rowOf(section));
-    const int row = m_differenceModel->rowOf(change);
-    const QModelIndex index = m_differenceModel->index(row, DifferenceModel::Kind);
-    m_differences->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    m_differences->scrollTo(index);
+        chooseRow(m_sections, m_sectionModel->rowOf(section));
+    chooseRow(m_differences, m_differenceModel->rowOf(change));
 }
 
 void ComparisonView::setCurrentChange(int change)

@@ -11,6 +11,7 @@
 class AlignedTextView;
 class DifferenceModel;
 class NameLabel;
+class QAbstractItemModel;
 class QCheckBox;
 class QLabel;
 class QModelIndex;

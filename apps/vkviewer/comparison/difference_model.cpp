@@ -72,7 +72,7 @@ QVariant DifferenceModel::data(const QModelIndex &index, int role) const
     case Qt::ToolTipRole:
         return cellToolTip(value);
     case CopyRole:
-        return copiedText(value);
+        return index.column() == Kind ? DifferenceWords::word(change(index.row())) : copiedText(value);
     default:
         return {};
     }

@@ -104,9 +104,13 @@ QString DifferenceWords::subject(const QStringList &items, int row)
 
 QString DifferenceWords::kind(const Change &change)
 {
-    const Kind kind = kindOf(change);
-    const QString text = QStringLiteral("%1 %2").arg(QString(QChar(kind.sign)), tr(kind.word));
-    return change.everyMoment ? tr("%1, every moment").arg(text) : text;
+    return QChar(kindOf(change).sign) + QLatin1Char(' ') + word(change);
+}
+
+QString DifferenceWords::word(const Change &change)
+{
+    const QString word = tr(kindOf(change).word);
+    return change.everyMoment ? tr("%1, every moment").arg(word) : word;
 }
 
 QString DifferenceWords::olderValue(const Change &change)

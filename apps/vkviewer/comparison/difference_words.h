@@ -19,6 +19,8 @@ public:
 
     /// A sign that needs no colour, and a word: "+ added", "↑ newer".
     static QString kind(const velkor::Reports::Change &change);
+    /// The same without the sign, which a spreadsheet would take for the beginning of a formula.
+    static QString word(const velkor::Reports::Change &change);
     /// The value, the entries that differ, or the facts of the item.
     static QString olderValue(const velkor::Reports::Change &change);
     static QString newerValue(const velkor::Reports::Change &change);

@@ -1,6 +1,7 @@
 #include "section_model.h"
 
 #include "cell_text.h"
+#include "comparison_notes.h"
 #include "difference_words.h"
 
 #include <algorithm>
@@ -54,7 +55,7 @@ QVariant SectionModel::data(const QModelIndex &index, int role) const
     case Qt::ToolTipRole:
         return cellToolTip(row.section.isEmpty() ? title : QStringLiteral("%1 (%2)").arg(title, row.section));
     case Qt::AccessibleTextRole:
-        return index.column() == Title ? tr("%1, %n difference(s)", nullptr, row.differences).arg(title) : QString::number(row.differences);
+        return index.column() == Title ? QStringLiteral("%1, %2").arg(title, ComparisonNotes::differences(row.differences)) : QString::number(row.differences);
     default:
         return {};
     }
@@ -64,5 +65,5 @@ QVariant SectionModel::headerData(int section, Qt::Orientation orientation, int 
 {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
-    return section == Title ? tr("Section") : tr("Differences");
+    return section == Title ? tr("Section") : tr("Number");
 }
