@@ -82,6 +82,9 @@ struct FactRow
 
     /// The label as it stands in the text: what precedes the value in its line, with its spaces.
     QString label() const;
+    /// What the value is and where it comes from: one or two English sentences for people, plain text of at
+    /// most 300 characters without line breaks. Empty if the row is none of factRows(). For any thread.
+    QString meaning() const;
 };
 
 /// A kind of item: processors, drivers, drives, interfaces.
@@ -96,6 +99,9 @@ struct ItemRow
     const char *before;        ///< literal text before the item in the format
     const char *between;       ///< literal text between two items
     const char *after;         ///< literal text after the item
+
+    /// What an item of this kind is; else as FactRow::meaning().
+    QString meaning() const;
 };
 
 enum class Half {
@@ -113,6 +119,9 @@ struct SectionRow
     Half half;
     bool separator;    ///< followed by a separator line
     const char *facts; ///< name in FactRow::section and ItemRow::section
+
+    /// What the section shows and where it comes from; else as FactRow::meaning().
+    QString meaning() const;
 };
 
 const std::vector<FactRow> &factRows();

@@ -89,7 +89,8 @@ FactEntry entryOf(const FactRow &row)
                      QString::fromLatin1(typeName(row.type)),
                      QString::fromLatin1(row.unit),
                      QString::fromLatin1(changesName(row.changes)),
-                     {}};
+                     {},
+                     row.meaning()};
     for (const RevealName &name : revealNames) {
         if (row.reveals.testFlag(name.reveal))
             entry.reveals << QString::fromLatin1(name.name);
@@ -109,6 +110,26 @@ constexpr std::size_t columns = 8;
 std::array<QString, columns> cells(const FactEntry &fact)
 {
     return {fact.section, fact.item, fact.key, fact.label, fact.type, fact.unit, fact.changes, fact.reveals.join(QStringLiteral(", "))};
+}
+
+QByteArray meaningsOfItems(const char *section)
+{
+    QByteArray text;
+    for (const ItemRow &item : itemRows()) {
+        if (qstrcmp(item.section, section) == 0)
+            text += "- **" + itemPath(section, item.kind).toUtf8() + "**: " + item.meaning().toUtf8() + '\n';
+    }
+    return text;
+}
+
+QByteArray meaningsOfFacts(int section)
+{
+    QByteArray text = '\n' + meaningsOfItems(sectionRows()[std::size_t(section)].facts);
+    for (const FactEntry &fact : factList({section})) {
+        const QString owner = fact.item.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(fact.item);
+        text += "- `" + fact.key.toUtf8() + '`' + owner.toUtf8() + ": " + fact.meaning.toUtf8() + '\n';
+    }
+    return text;
 }
 
 } // namespace
@@ -161,7 +182,8 @@ QByteArray factListJson(const std::vector<FactEntry> &facts)
                               {QStringLiteral("type"), fact.type},
                               {QStringLiteral("unit"), fact.unit},
                               {QStringLiteral("changes"), fact.changes},
-                              {QStringLiteral("reveals"), QJsonArray::fromStringList(fact.reveals)}};
+                              {QStringLiteral("reveals"), QJsonArray::fromStringList(fact.reveals)},
+                              {QStringLiteral("meaning"), fact.meaning}};
     }
     return QJsonDocument(QJsonObject {{QStringLiteral("schemaVersion"), schemaVersion}, {QStringLiteral("facts"), array}}).toJson();
 }
@@ -177,6 +199,19 @@ QByteArray factListMarkdown(const std::vector<FactEntry> &facts)
             text += "| " + (quote + row[i] + quote).toUtf8() + (row[i].isEmpty() ? "" : " ");
         }
         text += "|\n";
+    }
+    return text;
+}
+
+QByteArray meaningsMarkdown()
+{
+    QByteArray text = "\n## Meanings\n";
+    for (std::size_t i = 0; i < sectionRows().size(); ++i) {
+        const SectionRow &section = sectionRows()[i];
+        text += QByteArray("\n### ") + section.name + "\n\n" + section.meaning().toUtf8() + '\n';
+        const bool isContinued = i + 1 < sectionRows().size() && qstrcmp(sectionRows()[i + 1].facts, section.facts) == 0;
+        if (!isContinued)
+            text += meaningsOfFacts(int(i));
     }
     return text;
 }

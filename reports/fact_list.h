@@ -17,15 +17,19 @@ struct FactEntry
     QString unit;
     QString changes;     ///< "rarely", "slowly", "every moment"
     QStringList reveals; ///< "user", "path"
+    QString meaning;     ///< as FactRow::meaning()
 };
 
 /// The facts of these sections, which are indexes in sectionRows(); of all if there are none.
 std::vector<FactEntry> factList(const std::vector<int> &sections = {});
 
+/// A table without the meanings.
 QByteArray factListText(const std::vector<FactEntry> &facts);
 QByteArray factListJson(const std::vector<FactEntry> &facts);
-/// The rows of a table in Markdown.
+/// The rows of a table in Markdown, without the meanings.
 QByteArray factListMarkdown(const std::vector<FactEntry> &facts);
+/// What all sections, kinds of items and facts mean: a list in Markdown below a heading for each section.
+QByteArray meaningsMarkdown();
 
 } // namespace Reports
 } // namespace velkor

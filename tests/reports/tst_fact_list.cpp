@@ -73,6 +73,7 @@ void FactListTest::jsonHasTheSameFacts()
         const QJsonObject object = array.at(i).toObject();
         QCOMPARE(object.value(QStringLiteral("key")).toString(), facts[std::size_t(i)].key);
         QCOMPARE(object.value(QStringLiteral("reveals")).toArray().size(), facts[std::size_t(i)].reveals.size());
+        QCOMPARE(object.value(QStringLiteral("meaning")).toString(), facts[std::size_t(i)].meaning);
     }
     QCOMPARE(factListText(facts).count('\n'), array.size() + 1);
 }
@@ -97,7 +98,7 @@ void FactListTest::factsMdIsUpToDate()
     const QByteArray lastHeadLine = "|---|---|---|---|---|---|---|---|\n";
     const int list = text.indexOf(lastHeadLine) + lastHeadLine.size();
     QVERIFY(list > lastHeadLine.size());
-    const QByteArray expected = text.left(list) + factListMarkdown(factList());
+    const QByteArray expected = text.left(list) + factListMarkdown(factList()) + meaningsMarkdown();
     if (qEnvironmentVariableIsSet("UPDATE_DOCUMENTS"))
         QVERIFY(document.resize(0) && document.seek(0) && document.write(expected) == expected.size());
     else

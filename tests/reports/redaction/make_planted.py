@@ -21,7 +21,7 @@ def read(path):
 SAMPLE = read("tests/reports/data/workstation.txt").split("\n")
 SAMPLES = SAMPLE + read("docs/example-report.txt").split("\n")
 # Words of the formats that are made from a report. A needle must not be one of them by accident.
-FACTS = (read("docs/facts.md") + " " + " ".join(SAMPLE[:1])).casefold()
+FACTS = (read("docs/facts.md").split("\n## Meanings\n")[0] + " " + " ".join(SAMPLE[:1])).casefold()
 LABELS = {}
 
 
