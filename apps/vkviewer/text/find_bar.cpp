@@ -68,6 +68,8 @@ void FindBar::buildLayout()
     m_edit->setAccessibleName(tr("Find"));
     m_count->setTextFormat(Qt::PlainText);
     m_count->setAccessibleDescription(tr("Number of hits"));
+    // The buttons stay where they are while the number changes.
+    m_count->setMinimumWidth(fontMetrics().horizontalAdvance(tr("%1 of %2").arg(QStringLiteral("99,999"), QStringLiteral("99,999"))));
     auto *const layout = new QHBoxLayout(this);
     layout->addWidget(label);
     layout->addWidget(m_edit, 1);
