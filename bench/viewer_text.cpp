@@ -4,20 +4,21 @@
 //
 // TEXT is "report" (10 MB in lines of 43 bytes), "line" (one line of 10 MB) or "empty" (10 million empty lines). Opening
 // ends with the first painted window; scrolling is the longest of 200 steps to places all over the text; "found" is the
-// time until all hits of "e" are counted, "pause" the longest time in which the window could not react meanwhile. Memory
+// time until all hits of "e" are counted, "pause" the longest time in which the window could not react meanwhile. Times
+// are those of the processor, in milliseconds. Memory
 // is the growth of the process beside the text itself.
 
 #include "text/text_search.h"
 #include "text/text_view.h"
 #include "times.h"
 
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QFile>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QScrollBar>
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 
 namespace {
 
@@ -50,6 +51,17 @@ double ownMemory()
     return 0;
 }
 
+/// Time of the processor that this process needs: other programs do not change it.
+class Clock
+{
+public:
+    void start() { m_start = std::clock(); }
+    double milliseconds() const { return double(std::clock() - m_start) * 1000 / CLOCKS_PER_SEC; }
+
+private:
+    std::clock_t m_start = 0;
+};
+
 class Measurement
 {
 public:
@@ -60,8 +72,6 @@ public:
 
     void write(const char *unit, double value) const { bench::writeFigure(m_subject, m_side, "viewer", unit, value); }
 
-    static double milliseconds(const QElapsedTimer &clock) { return double(clock.nsecsElapsed()) / 1e6; }
-
     /// Shows the view, in which \a fill puts the text, and scrolls it.
     template <class View, class Fill>
     void open(View &view, Fill fill) const
@@ -70,11 +80,11 @@ public:
         view.show();
         QApplication::processEvents();
         const double before = ownMemory();
-        QElapsedTimer clock;
+        Clock clock;
         clock.start();
         fill();
         view.viewport()->repaint();
-        write("open", milliseconds(clock));
+        write("open", clock.milliseconds());
         double longest = 0;
         constexpr int steps = 200;
         for (int step = 0; step < steps; ++step) {
@@ -82,7 +92,7 @@ public:
             QScrollBar *const bar = view.verticalScrollBar();
             bar->setValue(int(qint64(bar->maximum()) * (step * 37 % steps) / steps));
             view.viewport()->repaint();
-            longest = std::max(longest, milliseconds(clock));
+            longest = std::max(longest, clock.milliseconds());
         }
         write("scroll", longest);
         write("memory", ownMemory() - before);
@@ -99,30 +109,30 @@ void measureView(const QString &kind, const QByteArray &text)
     TextView view;
     measurement.open(view, [&] { view.setLines(TextLines(text)); });
     TextSearch search;
-    QElapsedTimer clock, step;
+    Clock clock, step;
     double pause = 0;
     QObject::connect(&search, &TextSearch::progressed, &view, [&] { view.setHits(search.hits()); });
     const double before = ownMemory();
     clock.start();
     step.start();
     search.start(view.lines(), QStringLiteral("e"), false);
-    pause = Measurement::milliseconds(step);
+    pause = step.milliseconds();
     while (!search.isFinished()) {
         step.start();
         QApplication::processEvents();
-        pause = std::max(pause, Measurement::milliseconds(step));
+        pause = std::max(pause, step.milliseconds());
     }
-    measurement.write("found", Measurement::milliseconds(clock));
+    measurement.write("found", clock.milliseconds());
     measurement.write("pause", pause);
     measurement.write("hits", search.hits()->count());
     measurement.write("memory-hits", ownMemory() - before);
     clock.start();
     view.viewport()->repaint();
-    measurement.write("paint-hits", Measurement::milliseconds(clock));
+    measurement.write("paint-hits", clock.milliseconds());
     clock.start();
     view.selectAll();
     view.viewport()->repaint();
-    measurement.write("select", Measurement::milliseconds(clock));
+    measurement.write("select", clock.milliseconds());
 }
 
 void measureBaseline(const QString &kind, const QByteArray &text)
@@ -132,13 +142,13 @@ void measureBaseline(const QString &kind, const QByteArray &text)
     view.setReadOnly(true);
     view.setLineWrapMode(QPlainTextEdit::NoWrap);
     measurement.open(view, [&] { view.setPlainText(QString::fromUtf8(text)); });
-    QElapsedTimer clock;
+    Clock clock;
     clock.start();
     double hits = 0;
     for (QTextCursor hit = view.document()->find(QStringLiteral("e")); !hit.isNull(); ++hits)
         hit = view.document()->find(QStringLiteral("e"), hit);
-    measurement.write("found", Measurement::milliseconds(clock));
-    measurement.write("pause", Measurement::milliseconds(clock));
+    measurement.write("found", clock.milliseconds());
+    measurement.write("pause", clock.milliseconds());
     measurement.write("hits", hits);
 }
 

@@ -42,8 +42,8 @@ FindBar::FindBar(TextView *view, QWidget *parent)
 {
     buildLayout();
     setVisible(false);
-    connect(m_edit, &QLineEdit::textChanged, this, &FindBar::startSearch);
-    connect(m_matchCase, &QCheckBox::toggled, this, &FindBar::startSearch);
+    connect(m_edit, &QLineEdit::textChanged, this, [this] { startSearch(true); });
+    connect(m_matchCase, &QCheckBox::toggled, this, [this] { startSearch(true); });
     connect(m_previous, &QToolButton::clicked, this, &FindBar::findPrevious);
     connect(m_next, &QToolButton::clicked, this, &FindBar::findNext);
     connect(m_close, &QToolButton::clicked, this, &FindBar::closeBar);
@@ -93,7 +93,7 @@ void FindBar::open()
     if (wanted != m_edit->text())
         m_edit->setText(wanted); // searches
     else if (m_isStale)
-        startSearch();
+        startSearch(true);
     else
         updateMarks();
     m_edit->selectAll();
@@ -112,12 +112,12 @@ void FindBar::hideEvent(QHideEvent *event)
     QWidget::hideEvent(event);
 }
 
-void FindBar::startSearch()
+void FindBar::startSearch(bool showsHit)
 {
     m_isStale = false;
     m_wrapped = false;
     m_from = m_view->selection().begin;
-    m_waiting = !m_edit->text().isEmpty();
+    m_waiting = showsHit && !m_edit->text().isEmpty();
     m_search->start(m_view->lines(), m_edit->text(), m_matchCase->isChecked());
 }
 
@@ -127,10 +127,8 @@ void FindBar::restart()
     m_isStale = true;
     m_waiting = m_wrapped = false;
     m_search->clear();
-    if (isVisible() && !m_edit->text().isEmpty()) {
-        startSearch();
-        m_waiting = false; // the user did not ask for another place
-    }
+    if (isVisible() && !m_edit->text().isEmpty())
+        startSearch(false); // the user did not ask for another place
     updateMarks();
 }
 
@@ -166,13 +164,13 @@ void FindBar::findPrevious() { find(false); }
 bool FindBar::prepareToFind()
 {
     if (m_edit->text().isEmpty()) {
-        open();
+        if (!isVisible())
+            open();
+        m_edit->setFocus(Qt::ShortcutFocusReason);
         return false;
     }
-    if (m_isStale) {
-        startSearch();
-        m_waiting = false;
-    }
+    if (m_isStale)
+        startSearch(false);
     return true;
 }
 
