@@ -42,8 +42,8 @@ FindBar::FindBar(TextView *view, QWidget *parent)
 {
     buildLayout();
     setVisible(false);
-    connect(m_edit, &QLineEdit::textChanged, this, &FindBar::startSearch);
-    connect(m_matchCase, &QCheckBox::toggled, this, &FindBar::startSearch);
+    connect(m_edit, &QLineEdit::textChanged, this, [this] { startSearch(true); });
+    connect(m_matchCase, &QCheckBox::toggled, this, [this] { startSearch(true); });
     connect(m_previous, &QToolButton::clicked, this, &FindBar::findPrevious);
     connect(m_next, &QToolButton::clicked, this, &FindBar::findNext);
     connect(m_close, &QToolButton::clicked, this, &FindBar::closeBar);
@@ -68,6 +68,8 @@ void FindBar::buildLayout()
     m_edit->setAccessibleName(tr("Find"));
     m_count->setTextFormat(Qt::PlainText);
     m_count->setAccessibleDescription(tr("Number of hits"));
+    // The buttons stay where they are while the number changes.
+    m_count->setMinimumWidth(fontMetrics().horizontalAdvance(tr("%1 of %2").arg(QStringLiteral("99,999"), QStringLiteral("99,999"))));
     auto *const layout = new QHBoxLayout(this);
     layout->addWidget(label);
     layout->addWidget(m_edit, 1);
@@ -91,7 +93,7 @@ void FindBar::open()
     if (wanted != m_edit->text())
         m_edit->setText(wanted); // searches
     else if (m_isStale)
-        startSearch();
+        startSearch(true);
     else
         updateMarks();
     m_edit->selectAll();
@@ -110,12 +112,12 @@ void FindBar::hideEvent(QHideEvent *event)
     QWidget::hideEvent(event);
 }
 
-void FindBar::startSearch()
+void FindBar::startSearch(bool showsHit)
 {
     m_isStale = false;
     m_wrapped = false;
     m_from = m_view->selection().begin;
-    m_waiting = !m_edit->text().isEmpty();
+    m_waiting = showsHit && !m_edit->text().isEmpty();
     m_search->start(m_view->lines(), m_edit->text(), m_matchCase->isChecked());
 }
 
@@ -125,10 +127,8 @@ void FindBar::restart()
     m_isStale = true;
     m_waiting = m_wrapped = false;
     m_search->clear();
-    if (isVisible() && !m_edit->text().isEmpty()) {
-        startSearch();
-        m_waiting = false; // the user did not ask for another place
-    }
+    if (isVisible() && !m_edit->text().isEmpty())
+        startSearch(false); // the user did not ask for another place
     updateMarks();
 }
 
@@ -164,13 +164,13 @@ void FindBar::findPrevious() { find(false); }
 bool FindBar::prepareToFind()
 {
     if (m_edit->text().isEmpty()) {
-        open();
+        if (!isVisible())
+            open();
+        m_edit->setFocus(Qt::ShortcutFocusReason);
         return false;
     }
-    if (m_isStale) {
-        startSearch();
-        m_waiting = false;
-    }
+    if (m_isStale)
+        startSearch(false);
     return true;
 }
 

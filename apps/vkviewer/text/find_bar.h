@@ -37,7 +37,7 @@ protected:
 
 private:
     void buildLayout();
-    void startSearch();
+    void startSearch(bool showsHit);
     void restart();
     void showProgress();
     void show(TextRange hit);

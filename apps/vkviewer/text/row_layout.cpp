@@ -19,15 +19,12 @@ bool isHiddenControl(uint code)
         || (code >= 0x2066 && code <= 0x2069);
 }
 
-/// The sign for a character that is not shown as itself.
+/// The letter in the sign of a control character, as terminals write it after "^"; "?" for others.
 uint shownCharacter(uint code)
 {
-    constexpr uint controlPictures = 0x2400, deletePicture = 0x2421, unknownControl = 0x25AF;
     if (code < 0x20 && code != '\t')
-        return controlPictures + code;
-    if (code == 0x7F)
-        return deletePicture;
-    return isHiddenControl(code) ? unknownControl : code;
+        return '@' + code;
+    return isHiddenControl(code) ? '?' : code;
 }
 
 bool isRightToLeft(uint code)
@@ -82,6 +79,8 @@ void RowLayout::decode(const QByteArray &text)
         }
         if (!m_offsets.empty() || units != character.length)
             m_offsets.insert(m_offsets.end(), std::size_t(units), quint16(offset - m_row.begin));
+        if (shown != character.code)
+            m_signs.push_back(quint16(m_shown.size()));
         m_hasRightToLeft = m_hasRightToLeft || isRightToLeft(shown);
         if (units == 2) {
             m_shown += QChar(QChar::highSurrogate(shown));
@@ -188,6 +187,19 @@ std::vector<RowSpan> RowLayout::spansOf(TextRange range) const
         else
             spans.push_back(span);
         unit = next;
+    }
+    return spans;
+}
+
+std::vector<RowSpan> RowLayout::signSpans(qreal left, qreal right) const
+{
+    std::vector<RowSpan> spans;
+    const TextRange visible = visibleRange(left, right);
+    auto sign = std::lower_bound(m_signs.begin(), m_signs.end(), unitOf(visible.begin));
+    for (; sign != m_signs.end() && *sign < unitOf(visible.end); ++sign) {
+        const int offset = offsetOf(*sign);
+        for (const RowSpan span : spansOf({offset, offsetOf(*sign + 1)}))
+            spans.push_back(span);
     }
     return spans;
 }

@@ -16,7 +16,8 @@ struct RowSpan
 };
 
 /// Positions of QTextLayout are UTF-16 units of the shown text; callers use bytes of the text. What cannot be shown, or
-/// would change the order or the number of the lines, is shown as a sign: control characters and directional overrides.
+/// would change the order or the number of the lines, is shown as a sign, a letter in a box: control characters and directional
+/// overrides.
 class RowLayout
 {
 public:
@@ -41,6 +42,8 @@ public:
 
     /// Where a range of bytes is. In a row with text from right to left these can be several.
     std::vector<RowSpan> spansOf(TextRange range) const;
+    /// The places of the signs between two places.
+    std::vector<RowSpan> signSpans(qreal left, qreal right) const;
     /// Which bytes are between two places; the whole row if it has text from right to left.
     TextRange visibleRange(qreal left, qreal right) const;
 
@@ -57,6 +60,7 @@ private:
     TextRange m_row;
     QString m_shown;
     std::vector<quint16> m_offsets; // of each unit, from the begin of the row; empty if they are equal
+    std::vector<quint16> m_signs;   // units
     QTextLayout m_layout;
     qreal m_width = 0;
     qreal m_columnWidth = 0; // of rows with equally wide characters, otherwise 0

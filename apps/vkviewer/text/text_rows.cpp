@@ -4,6 +4,7 @@
 
 #include <QtCore/QChar>
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -52,8 +53,10 @@ TextRows::TextRows(const TextLines &lines)
             range.end = range.begin + longestRow;
         }
         m_count += rows;
-        // A byte has at most tabColumns columns.
-        if ((range.end - range.begin) * tabColumns > m_widestColumns)
+        // A byte has at most one column, but for tabs.
+        const char *const begin = lines.text().constData() + range.begin;
+        const int bytes = range.end - range.begin;
+        if (bytes > m_widestColumns || std::memchr(begin, '\t', std::size_t(bytes)))
             m_widestColumns = std::max(m_widestColumns, columnsOf(lines.text().constData(), range));
     }
 }

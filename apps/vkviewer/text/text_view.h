@@ -102,6 +102,7 @@ protected:
 
 private:
     friend class MarkStrip;
+    friend class TextViewAccessible;
 
     /// What a drag of the mouse selects.
     enum class Unit {
@@ -164,4 +165,5 @@ private:
 
     QBasicTimer m_blinkTimer;
     bool m_caretShown = false;
+    bool m_isRead = false; // by a screen reader
 };

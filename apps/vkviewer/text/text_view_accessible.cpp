@@ -13,17 +13,20 @@ QAccessibleInterface *makeInterface(const QString &, QObject *object)
     return view ? new TextViewAccessible(view) : nullptr;
 }
 
-/// The accessible object of a view, if somebody reads the screen.
-TextViewAccessible *interfaceOf(TextView *view)
-{
-    return QAccessible::isActive() ? dynamic_cast<TextViewAccessible *>(QAccessible::queryAccessibleInterface(view)) : nullptr;
-}
-
 } // namespace
 
 TextViewAccessible::TextViewAccessible(TextView *view)
     : QAccessibleWidget(view, QAccessible::EditableText)
 {
+    view->m_isRead = true;
+}
+
+/// The accessible object of a view; null if nobody reads it.
+TextViewAccessible *TextViewAccessible::reading(TextView *view)
+{
+    if (!view->m_isRead && !QAccessible::isActive())
+        return nullptr;
+    return dynamic_cast<TextViewAccessible *>(QAccessible::queryAccessibleInterface(view));
 }
 
 void TextViewAccessible::install()
@@ -37,7 +40,7 @@ void TextViewAccessible::install()
 
 void TextViewAccessible::textChanged(TextView *view)
 {
-    if (!interfaceOf(view))
+    if (!reading(view))
         return;
     QAccessibleEvent event(view, QAccessible::TextUpdated); // the whole text: TextInserted would copy it
     QAccessible::updateAccessibility(&event);
@@ -45,7 +48,7 @@ void TextViewAccessible::textChanged(TextView *view)
 
 void TextViewAccessible::caretMoved(TextView *view)
 {
-    if (const TextViewAccessible *accessible = interfaceOf(view)) {
+    if (const TextViewAccessible *accessible = reading(view)) {
         QAccessibleTextCursorEvent event(view, accessible->cursorPosition());
         QAccessible::updateAccessibility(&event);
     }
@@ -53,7 +56,7 @@ void TextViewAccessible::caretMoved(TextView *view)
 
 void TextViewAccessible::selectionChanged(TextView *view)
 {
-    if (const TextViewAccessible *accessible = interfaceOf(view)) {
+    if (const TextViewAccessible *accessible = reading(view)) {
         const TextRange range = view->selection();
         QAccessibleTextSelectionEvent event(view, accessible->positions().unitsBefore(range.begin),
                                             accessible->positions().unitsBefore(range.end));
@@ -64,7 +67,7 @@ void TextViewAccessible::selectionChanged(TextView *view)
 
 void TextViewAccessible::scrolled(TextView *view)
 {
-    if (interfaceOf(view)) {
+    if (reading(view)) {
         QAccessibleEvent event(view, QAccessible::VisibleDataChanged);
         QAccessible::updateAccessibility(&event);
     }

@@ -121,6 +121,10 @@ void TextView::paintRow(QPainter &painter, int row, const Colours &colours, Text
         painter.fillRect(areaOf({layout->width(), layout->width() + m_columnWidth / 2}), colours.selection);
     painter.setPen(colours.text);
     layout->draw(painter, QPointF(left(), top), m_ascent, selectedPart, colours.selectedText);
+    for (const RowSpan span : layout->signSpans(-left(), viewport()->width() - left())) {
+        painter.setPen(colours.text);
+        painter.drawRect(areaOf(span).adjusted(0.5, 1.5, -0.5, -1.5));
+    }
     const qreal thin = std::max(1.0, std::floor(m_rowHeight / 16.0));
     for (const Line &line : lines)
         drawMarkLine(painter, line.area, colours.marks[std::size_t(line.mark)], thin);
