@@ -1,6 +1,8 @@
+#include "translations/translations.h"
 #include "window/main_window.h"
 
 #include <QtCore/QCommandLineParser>
+#include <QtCore/QLocale>
 #include <QtWidgets/QApplication>
 
 namespace {
@@ -32,6 +34,7 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationName(QStringLiteral("vkviewer"));
     QCoreApplication::setOrganizationName(QStringLiteral("vkSystemInfo"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VKVIEWER_VERSION));
+    installTranslations(QLocale());
     const QStringList files = readArguments(application);
     MainWindow window;
     window.show();

@@ -1,8 +1,5 @@
 #include "fact_meaning.h"
 
-#include "labels.h"
-#include "section_titles.h"
-
 #include <QtCore/QCoreApplication>
 #include <algorithm>
 
@@ -76,7 +73,7 @@ int lineEnd(const QByteArray &text, int offset)
 QString factMeaning(const Reports::FactRow &row)
 {
     const QString unit = QString::fromLatin1(row.unit);
-    QStringList sentences {Reports::factLabel(row) + QLatin1Char('.')};
+    QStringList sentences {row.meaning()};
     if (!unit.isEmpty())
         sentences << FactMeaning::tr("Its unit is %1.").arg(unit);
     sentences << changesText(row.changes) << revealsText(row.reveals);
@@ -116,5 +113,5 @@ QString meaningAt(const Reports::Document &document, int offset)
     if (fact >= 0)
         return factMeaning(document.row(document.facts()[std::size_t(fact)]));
     const int section = sectionAt(document, offset);
-    return section < 0 ? QString() : shownSectionTitle(document.sections()[std::size_t(section)].row);
+    return section < 0 ? QString() : Reports::sectionRows()[std::size_t(document.sections()[std::size_t(section)].row)].meaning();
 }

@@ -27,6 +27,11 @@ bool isLess(const SortKey &one, const SortKey &other)
     return one.isText ? one.text < other.text : one.number < other.number;
 }
 
+bool isPlainNumber(const QString &text)
+{
+    return !text.isEmpty() && std::all_of(text.begin(), text.end(), [](QChar c) { return QLatin1String("0123456789.-+").contains(c); });
+}
+
 /// Numbers in the text compare by their value: "10.0.9" is less than "10.0.18362".
 QString withPaddedNumbers(const QString &text)
 {
@@ -138,8 +143,8 @@ QString FactModel::text(int fact, int column) const
         return Reports::factLabel(row);
     case Value:
         return m_document.display(place);
-    case Unit:
-        return QString::fromLatin1(row.unit);
+    case Unit: // of other values it stands in the value: "45%"
+        return isPlainNumber(m_document.display(place)) ? QString::fromLatin1(row.unit) : QString();
     case Item:
         return place.item < 0 ? QString() : shownItemTitle(m_document, place.item);
     default:

@@ -62,7 +62,7 @@ FactTable::FactTable(QWidget *parent)
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + fontMetrics().height() / 3);
-    m_table->horizontalHeader()->setStretchLastSection(true);
+    m_table->horizontalHeader()->setSectionResizeMode(FactModel::Value, QHeaderView::Stretch);
     m_table->horizontalHeader()->setHighlightSections(false);
     m_table->horizontalHeader()->setResizeContentsPrecision(100); // rows; a table can have a million
     m_table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
@@ -102,7 +102,7 @@ void FactTable::setScope(int first, int last, const QString &title)
     m_model->setScope(first, last);
     constexpr int widest = 40; // characters
     m_table->resizeColumnsToContents();
-    for (int column = 0; column < FactModel::Item; ++column)
+    for (const int column : {FactModel::Name, FactModel::Item})
         m_table->setColumnWidth(column, std::min(m_table->columnWidth(column), widest * fontMetrics().averageCharWidth()));
 }
 

@@ -194,17 +194,14 @@ QString OutlineModel::title(const QModelIndex &index) const
 
 QString OutlineModel::toolTip(const QModelIndex &index) const
 {
-    switch (kind(index)) {
-    case Kind::Section:
-        return title(index) + QLatin1Char('\n') + QString::fromLatin1(Reports::sectionRows()[std::size_t(m_document.sections()[std::size_t(number(index))].row)].name);
-    case Kind::Item: {
-        const Reports::Item &item = m_document.items()[std::size_t(number(index))];
-        const QString kind = Reports::words(QString::fromLatin1(Reports::itemRows()[std::size_t(item.kind)].kind));
-        return QStringLiteral("%1: %2").arg(kind, shownItemTitle(m_document, number(index)));
+    const Kind kind = this->kind(index);
+    if (kind == Kind::Section) {
+        const Reports::SectionRow &row = Reports::sectionRows()[std::size_t(m_document.sections()[std::size_t(number(index))].row)];
+        return QStringLiteral("%1\n%2\n%3").arg(title(index), QString::fromLatin1(row.name), row.meaning());
     }
-    case Kind::Summary:
-    case Kind::Half:
-        break;
+    if (kind == Kind::Item) {
+        const Reports::ItemRow &row = Reports::itemRows()[std::size_t(m_document.items()[std::size_t(number(index))].kind)];
+        return QStringLiteral("%1\n%2").arg(title(index), row.meaning());
     }
     return {};
 }

@@ -37,9 +37,10 @@ std::vector<QString> makeTitles()
     return titles;
 }
 
-bool isNumber(const QString &text)
+/// A number or a letter says nothing without its kind.
+bool needsKind(const QString &text)
 {
-    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.isDigit(); });
+    return text.size() == 1 || std::all_of(text.begin(), text.end(), [](QChar c) { return c.isDigit(); });
 }
 
 } // namespace
@@ -57,5 +58,5 @@ QString shownItemTitle(const Reports::Document &document, int item)
     const QString identity = lineText(document.identity(item));
     if (identity.isEmpty())
         return kind;
-    return isNumber(identity) ? QStringLiteral("%1 %2").arg(kind, identity) : identity;
+    return needsKind(identity) ? QStringLiteral("%1 %2").arg(kind, identity) : identity;
 }

@@ -7,5 +7,5 @@
 /// \a row is an index in sectionRows().
 QString shownSectionTitle(int row);
 
-/// What identifies the item, with its kind if that is only a number: "C:\", "processor 0".
+/// What identifies the item, with its kind if that is only a number or a letter: "qt5core.dll", "drive C".
 QString shownItemTitle(const velkor::Reports::Document &document, int item);

@@ -230,7 +230,9 @@ int MainWindow::load(const std::vector<ReportLoader::Source> &sources, bool comp
 
 void MainWindow::openFromClipboard()
 {
-    openMimeData(*QApplication::clipboard()->mimeData(), tr("Clipboard"));
+    const QMimeData *data = QApplication::clipboard()->mimeData(); // null if there never was anything in it
+    const QMimeData nothing;
+    openMimeData(data ? *data : nothing, tr("Clipboard"));
 }
 
 void MainWindow::openMimeData(const QMimeData &data, const QString &name)
@@ -503,7 +505,7 @@ void MainWindow::showComparison(View *view, const std::vector<LoadedReport> &rep
     QStringList names;
     for (const LoadedReport &report : reports)
         names << report.name;
-    addTab(view, tr("Comparison of %n report(s)", nullptr, int(reports.size())), names.join(QLatin1Char('\n')));
+    addTab(view, MainWindow::tr("Comparison of %n report(s)", nullptr, int(reports.size())), names.join(QLatin1Char('\n')));
 }
 
 void MainWindow::nextDifference()
