@@ -5,445 +5,445 @@
     <name>AlignedTextModel</name>
     <message>
         <source>no such line</source>
-        <translation type="unfinished"></translation>
+        <translation>keine solche Zeile</translation>
     </message>
     <message>
         <source>changed: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>geändert: %1</translation>
     </message>
     <message>
         <source>removed: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>entfallen: %1</translation>
     </message>
     <message>
         <source>added: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>neu: %1</translation>
     </message>
 </context>
 <context>
     <name>AlignedTextView</name>
     <message>
         <source>Text of the older report</source>
-        <translation type="unfinished"></translation>
+        <translation>Text des älteren Berichts</translation>
     </message>
     <message>
         <source>Text of the newer report</source>
-        <translation type="unfinished"></translation>
+        <translation>Text des neueren Berichts</translation>
     </message>
 </context>
 <context>
     <name>ComparisonNotes</name>
     <message>
         <source>The beginning of %1 is missing. What it said is compared as if it had been removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Anfang von %1 fehlt. Was dort stand, wird verglichen, als wäre es entfallen.</translation>
     </message>
     <message>
         <source>The end of %1 is missing. What it said is compared as if it had been removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Ende von %1 fehlt. Was dort stand, wird verglichen, als wäre es entfallen.</translation>
     </message>
     <message>
         <source>Sections in the middle of %1 are missing. They are compared as if they had been removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>In der Mitte von %1 fehlen Abschnitte. Sie werden verglichen, als wären sie entfallen.</translation>
     </message>
     <message>
         <source>There are several reports in %1. Only the first one is compared.</source>
-        <translation type="unfinished"></translation>
+        <translation>In %1 stehen mehrere Berichte. Nur der erste wird verglichen.</translation>
     </message>
     <message>
         <source>Lines of %1 were wrapped. Where they were joined again, a value can seem to differ.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeilen von %1 wurden umbrochen. Wo sie wieder verbunden sind, kann ein Wert verschieden scheinen.</translation>
     </message>
     <message>
         <source>Runs of spaces of %1 were shortened. A value can seem to differ.</source>
-        <translation type="unfinished"></translation>
+        <translation>Mehrere Leerzeichen von %1 wurden gekürzt. Ein Wert kann verschieden scheinen.</translation>
     </message>
     <message>
         <source>Some lines of %1 may be a value or the structure of the report.</source>
-        <translation type="unfinished"></translation>
+        <translation>Einige Zeilen von %1 können ein Wert oder der Aufbau des Berichts sein.</translation>
     </message>
     <message>
         <source>There is no report in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>In %1 steht kein Bericht.</translation>
     </message>
     <message>
         <source>1 difference</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Unterschied</translation>
     </message>
     <message numerus="yes">
         <source>%n differences</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Unterschied</numerusform>
+            <numerusform>%n Unterschiede</numerusform>
         </translation>
     </message>
     <message>
         <source>1 row matches the filter.</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Zeile passt zum Filter.</translation>
     </message>
     <message numerus="yes">
         <source>%n rows match the filter.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Zeile passt zum Filter.</numerusform>
+            <numerusform>%n Zeilen passen zum Filter.</numerusform>
         </translation>
     </message>
     <message>
         <source>Nothing differs.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nichts ist verschieden.</translation>
     </message>
     <message>
         <source>1 value that changes every moment differs, too.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dazu ist 1 Wert verschieden, der sich jeden Moment ändert.</translation>
     </message>
     <message numerus="yes">
         <source>%n values that change every moment differ, too.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Dazu ist %n Wert verschieden, der sich jeden Moment ändert.</numerusform>
+            <numerusform>Dazu sind %n Werte verschieden, die sich jeden Moment ändern.</numerusform>
         </translation>
     </message>
     <message>
         <source>1 value that changes every moment is not shown.</source>
-        <translation type="unfinished"></translation>
+        <translation>1 Wert, der sich jeden Moment ändert, wird nicht gezeigt.</translation>
     </message>
     <message numerus="yes">
         <source>%n values that change every moment are not shown.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Wert, der sich jeden Moment ändert, wird nicht gezeigt.</numerusform>
+            <numerusform>%n Werte, die sich jeden Moment ändern, werden nicht gezeigt.</numerusform>
         </translation>
     </message>
     <message>
         <source>report without a name</source>
-        <translation type="unfinished"></translation>
+        <translation>Bericht ohne Namen</translation>
     </message>
 </context>
 <context>
     <name>ComparisonTableModel</name>
     <message>
         <source>(not there)</source>
-        <translation type="unfinished"></translation>
+        <translation>(fehlt)</translation>
     </message>
     <message>
         <source>there</source>
-        <translation type="unfinished"></translation>
+        <translation>vorhanden</translation>
     </message>
     <message>
         <source>(empty)</source>
-        <translation type="unfinished"></translation>
+        <translation>(leer)</translation>
     </message>
     <message>
         <source>other than the first: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>anders als der erste: %1</translation>
     </message>
     <message>
         <source>Section</source>
-        <translation type="unfinished"></translation>
+        <translation>Abschnitt</translation>
     </message>
     <message>
         <source>What</source>
-        <translation type="unfinished"></translation>
+        <translation>Was</translation>
     </message>
 </context>
 <context>
     <name>ComparisonTableView</name>
     <message>
         <source>&amp;Filter:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Filter:</translation>
     </message>
     <message>
         <source>Filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Filter</translation>
     </message>
     <message>
         <source>Part of a name or of a value</source>
-        <translation type="unfinished"></translation>
+        <translation>Teil eines Namens oder Wertes</translation>
     </message>
     <message>
         <source>Show what changes every &amp;moment</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeigen, was sich jeden &amp;Moment ändert</translation>
     </message>
     <message>
         <source>Times, free memory, process ids</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeiten, freier Speicher, Prozessnummern</translation>
     </message>
     <message>
         <source>What differs</source>
-        <translation type="unfinished"></translation>
+        <translation>Was verschieden ist</translation>
     </message>
     <message>
         <source>Values, one column a report</source>
-        <translation type="unfinished"></translation>
+        <translation>Werte, eine Spalte je Bericht</translation>
     </message>
     <message>
         <source>There is nothing to compare.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt nichts zu vergleichen.</translation>
     </message>
     <message>
         <source>Comparing…</source>
-        <translation type="unfinished"></translation>
+        <translation>Vergleich läuft …</translation>
     </message>
     <message>
         <source>There is not enough memory to compare these reports.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Speicher reicht nicht, um diese Berichte zu vergleichen.</translation>
     </message>
 </context>
 <context>
     <name>ComparisonView</name>
     <message>
         <source>Older:</source>
-        <translation type="unfinished"></translation>
+        <translation>Älter:</translation>
     </message>
     <message>
         <source>&amp;Swap sides</source>
-        <translation type="unfinished"></translation>
+        <translation>Seiten &amp;tauschen</translation>
     </message>
     <message>
         <source>Take the older report for the newer one</source>
-        <translation type="unfinished"></translation>
+        <translation>Den älteren Bericht als den neueren nehmen</translation>
     </message>
     <message>
         <source>Newer:</source>
-        <translation type="unfinished"></translation>
+        <translation>Neuer:</translation>
     </message>
     <message>
         <source>&amp;Previous</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Zurück</translation>
     </message>
     <message>
         <source>Previous difference (Shift+F8)</source>
-        <translation type="unfinished"></translation>
+        <translation>Voriger Unterschied (Umschalt+F8)</translation>
     </message>
     <message>
         <source>Previous difference</source>
-        <translation type="unfinished"></translation>
+        <translation>Voriger Unterschied</translation>
     </message>
     <message>
         <source>&amp;Next</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Weiter</translation>
     </message>
     <message>
         <source>Next difference (F8)</source>
-        <translation type="unfinished"></translation>
+        <translation>Nächster Unterschied (F8)</translation>
     </message>
     <message>
         <source>Next difference</source>
-        <translation type="unfinished"></translation>
+        <translation>Nächster Unterschied</translation>
     </message>
     <message>
         <source>Show what changes every &amp;moment</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeigen, was sich jeden &amp;Moment ändert</translation>
     </message>
     <message>
         <source>Times, free memory, process ids</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeiten, freier Speicher, Prozessnummern</translation>
     </message>
     <message>
         <source>Sections that differ</source>
-        <translation type="unfinished"></translation>
+        <translation>Verschiedene Abschnitte</translation>
     </message>
     <message>
         <source>Differences</source>
-        <translation type="unfinished"></translation>
+        <translation>Unterschiede</translation>
     </message>
     <message>
         <source>There is nothing to compare.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt nichts zu vergleichen.</translation>
     </message>
     <message>
         <source>Comparing…</source>
-        <translation type="unfinished"></translation>
+        <translation>Vergleich läuft …</translation>
     </message>
     <message>
         <source>There is not enough memory to compare these reports.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Speicher reicht nicht, um diese Berichte zu vergleichen.</translation>
     </message>
     <message>
         <source>%1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2</translation>
     </message>
 </context>
 <context>
     <name>DifferenceModel</name>
     <message>
         <source>Change</source>
-        <translation type="unfinished"></translation>
+        <translation>Änderung</translation>
     </message>
     <message>
         <source>Section</source>
-        <translation type="unfinished"></translation>
+        <translation>Abschnitt</translation>
     </message>
     <message>
         <source>What</source>
-        <translation type="unfinished"></translation>
+        <translation>Was</translation>
     </message>
     <message>
         <source>Older value</source>
-        <translation type="unfinished"></translation>
+        <translation>Älterer Wert</translation>
     </message>
     <message>
         <source>Newer value</source>
-        <translation type="unfinished"></translation>
+        <translation>Neuerer Wert</translation>
     </message>
 </context>
 <context>
     <name>DifferenceWords</name>
     <message>
         <source>added</source>
-        <translation type="unfinished"></translation>
+        <translation>neu</translation>
     </message>
     <message>
         <source>removed</source>
-        <translation type="unfinished"></translation>
+        <translation>entfallen</translation>
     </message>
     <message>
         <source>changed</source>
-        <translation type="unfinished"></translation>
+        <translation>geändert</translation>
     </message>
     <message>
         <source>other order</source>
-        <translation type="unfinished"></translation>
+        <translation>andere Reihenfolge</translation>
     </message>
     <message>
         <source>newer</source>
-        <translation type="unfinished"></translation>
+        <translation>neuer</translation>
     </message>
     <message>
         <source>older</source>
-        <translation type="unfinished"></translation>
+        <translation>älter</translation>
     </message>
     <message>
         <source>larger</source>
-        <translation type="unfinished"></translation>
+        <translation>größer</translation>
     </message>
     <message>
         <source>smaller</source>
-        <translation type="unfinished"></translation>
+        <translation>kleiner</translation>
     </message>
     <message numerus="yes">
         <source>and %n more</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>und %n weiterer</numerusform>
+            <numerusform>und %n weitere</numerusform>
         </translation>
     </message>
     <message>
         <source>(empty)</source>
-        <translation type="unfinished"></translation>
+        <translation>(leer)</translation>
     </message>
     <message>
         <source>the whole section</source>
-        <translation type="unfinished"></translation>
+        <translation>der ganze Abschnitt</translation>
     </message>
     <message>
         <source>%1, every moment</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, jeden Moment</translation>
     </message>
 </context>
 <context>
     <name>FactMeaning</name>
     <message>
         <source>a user&apos;s name</source>
-        <translation type="unfinished"></translation>
+        <translation>den Namen eines Benutzers</translation>
     </message>
     <message>
         <source>the name of a computer</source>
-        <translation type="unfinished"></translation>
+        <translation>den Namen eines Rechners</translation>
     </message>
     <message>
         <source>an organisation</source>
-        <translation type="unfinished"></translation>
+        <translation>eine Organisation</translation>
     </message>
     <message>
         <source>an address</source>
-        <translation type="unfinished"></translation>
+        <translation>eine Adresse</translation>
     </message>
     <message>
         <source>a serial number</source>
-        <translation type="unfinished"></translation>
+        <translation>eine Seriennummer</translation>
     </message>
     <message>
         <source>a path</source>
-        <translation type="unfinished"></translation>
+        <translation>einen Pfad</translation>
     </message>
     <message>
         <source>a printer</source>
-        <translation type="unfinished"></translation>
+        <translation>einen Drucker</translation>
     </message>
     <message>
         <source>the label of a drive</source>
-        <translation type="unfinished"></translation>
+        <translation>die Bezeichnung eines Laufwerks</translation>
     </message>
     <message>
         <source>a network drive</source>
-        <translation type="unfinished"></translation>
+        <translation>ein Netzlaufwerk</translation>
     </message>
     <message>
         <source>a secret</source>
-        <translation type="unfinished"></translation>
+        <translation>ein Geheimnis</translation>
     </message>
     <message>
         <source>It changes every moment.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Wert ändert sich jeden Moment.</translation>
     </message>
     <message>
         <source>It changes slowly.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Wert ändert sich langsam.</translation>
     </message>
     <message>
         <source>It can reveal %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Wert kann %1 verraten.</translation>
     </message>
     <message>
         <source>Its unit is %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Einheit ist %1.</translation>
     </message>
 </context>
 <context>
     <name>FactModel</name>
     <message>
         <source>Fact</source>
-        <translation type="unfinished"></translation>
+        <translation>Angabe</translation>
     </message>
     <message>
         <source>Value</source>
-        <translation type="unfinished"></translation>
+        <translation>Wert</translation>
     </message>
     <message>
         <source>Unit</source>
-        <translation type="unfinished"></translation>
+        <translation>Einheit</translation>
     </message>
     <message>
         <source>Item</source>
-        <translation type="unfinished"></translation>
+        <translation>Gehört zu</translation>
     </message>
 </context>
 <context>
     <name>FactTable</name>
     <message>
         <source>&amp;Filter:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Filter:</translation>
     </message>
     <message>
         <source>Show only facts with this text</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur Angaben mit diesem Text zeigen</translation>
     </message>
     <message>
         <source>Facts</source>
-        <translation type="unfinished"></translation>
+        <translation>Angaben</translation>
     </message>
     <message numerus="yes">
         <source>%n fact(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Angabe</numerusform>
+            <numerusform>%n Angaben</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%1 of %n fact(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 von %n Angabe</numerusform>
+            <numerusform>%1 von %n Angaben</numerusform>
         </translation>
     </message>
 </context>
@@ -451,354 +451,356 @@
     <name>FindBar</name>
     <message>
         <source>Previous hit</source>
-        <translation type="unfinished"></translation>
+        <translation>Voriger Treffer</translation>
     </message>
     <message>
         <source>Previous hit (Shift+F3)</source>
-        <translation type="unfinished"></translation>
+        <translation>Voriger Treffer (Umschalt+F3)</translation>
     </message>
     <message>
         <source>Next hit</source>
-        <translation type="unfinished"></translation>
+        <translation>Nächster Treffer</translation>
     </message>
     <message>
         <source>Next hit (F3)</source>
-        <translation type="unfinished"></translation>
+        <translation>Nächster Treffer (F3)</translation>
     </message>
     <message>
         <source>&amp;Match case</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Groß/klein beachten</translation>
     </message>
     <message>
         <source>Close the find bar</source>
-        <translation type="unfinished"></translation>
+        <translation>Suchleiste schließen</translation>
     </message>
     <message>
         <source>Close (Esc)</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen (Esc)</translation>
     </message>
     <message>
         <source>&amp;Find:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Suchen:</translation>
     </message>
     <message>
         <source>Find</source>
-        <translation type="unfinished"></translation>
+        <translation>Suchen</translation>
     </message>
     <message>
         <source>Number of hits</source>
-        <translation type="unfinished"></translation>
+        <translation>Anzahl der Treffer</translation>
     </message>
     <message>
         <source>%1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2</translation>
     </message>
     <message>
         <source>No hits</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Treffer</translation>
     </message>
     <message>
         <source>Searching</source>
-        <translation type="unfinished"></translation>
+        <translation>Suche läuft</translation>
     </message>
     <message>
         <source>%1 of %2</source>
         <comment>third of 17 hits: 3 of 17</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2</translation>
     </message>
     <message>
         <source>Hits: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Treffer: %1</translation>
     </message>
     <message>
         <source>%1, continued at the other end</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, am anderen Ende fortgesetzt</translation>
     </message>
 </context>
 <context>
     <name>LoadedReport</name>
     <message>
         <source>There is no file &quot;%1&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt keine Datei „%1“.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is a folder. Open a file in it.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ ist ein Ordner. Öffnen Sie eine Datei darin.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no ordinary file.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ ist keine gewöhnliche Datei.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; cannot be read: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ kann nicht gelesen werden: %2</translation>
     </message>
     <message>
         <source>The file cannot be opened: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei kann nicht geöffnet werden: %1</translation>
     </message>
 </context>
 <context>
     <name>MainWindow</name>
     <message>
         <source>Cancel &amp;loading</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Laden abbrechen</translation>
     </message>
     <message>
         <source>Open reports</source>
-        <translation type="unfinished"></translation>
+        <translation>Berichte öffnen</translation>
     </message>
     <message>
         <source>Reports (*.txt *.json *.log *.eml);;All files (*)</source>
-        <translation type="unfinished"></translation>
+        <translation>Berichte (*.txt *.json *.log *.eml);;Alle Dateien (*)</translation>
     </message>
     <message numerus="yes">
         <source>Only the first %n file(s) are opened.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Nur die erste Datei wird geöffnet.</numerusform>
+            <numerusform>Nur die ersten %n Dateien werden geöffnet.</numerusform>
         </translation>
     </message>
     <message>
         <source>Clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Zwischenablage</translation>
     </message>
     <message>
         <source>There is no text in &quot;%1&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>In „%1“ ist kein Text.</translation>
     </message>
     <message>
         <source>Dropped text</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgelegter Text</translation>
     </message>
     <message>
         <source>Loading %1...</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wird geladen ...</translation>
     </message>
     <message>
         <source>System reports</source>
-        <translation type="unfinished"></translation>
+        <translation>Systemberichte</translation>
     </message>
     <message>
         <source>%1 - System reports</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 - Systemberichte</translation>
     </message>
     <message>
         <source>Compare with earlier reports</source>
-        <translation type="unfinished"></translation>
+        <translation>Mit früheren Berichten vergleichen</translation>
     </message>
     <message numerus="yes">
         <source>Comparison of %n report(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Vergleich von %n Bericht</numerusform>
+            <numerusform>Vergleich von %n Berichten</numerusform>
         </translation>
     </message>
     <message>
         <source>About vkviewer</source>
-        <translation type="unfinished"></translation>
+        <translation>Über vkviewer</translation>
     </message>
     <message>
         <source>vkviewer %1</source>
-        <translation type="unfinished"></translation>
+        <translation>vkviewer %1</translation>
     </message>
     <message>
         <source>Shows, compares and redacts system reports of vkSystemInfo. It sends nothing.
 
 Qt %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeigt, vergleicht und schwärzt Systemberichte von vkSystemInfo. Das Programm sendet nichts.
+
+Qt %1</translation>
     </message>
     <message>
         <source>&amp;File</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Datei</translation>
     </message>
     <message>
         <source>&amp;Edit</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Bearbeiten</translation>
     </message>
     <message>
         <source>&amp;View</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ansicht</translation>
     </message>
     <message>
         <source>&amp;Go</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Gehe zu</translation>
     </message>
     <message>
         <source>&amp;Help</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hilfe</translation>
     </message>
     <message>
         <source>&amp;New report of this machine</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Neuer Bericht dieses Rechners</translation>
     </message>
     <message>
         <source>&amp;Open...</source>
-        <translation type="unfinished"></translation>
+        <translation>Ö&amp;ffnen ...</translation>
     </message>
     <message>
         <source>Open from c&amp;lipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus der &amp;Zwischenablage öffnen</translation>
     </message>
     <message>
         <source>&amp;Compare with...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Vergleichen mit ...</translation>
     </message>
     <message>
         <source>Compare open &amp;reports</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Offene Berichte vergleichen</translation>
     </message>
     <message>
         <source>&amp;Save as...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Speichern unter ...</translation>
     </message>
     <message>
         <source>&amp;Print...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Drucken ...</translation>
     </message>
     <message>
         <source>Save as P&amp;DF...</source>
-        <translation type="unfinished"></translation>
+        <translation>Als &amp;PDF speichern ...</translation>
     </message>
     <message>
         <source>Close &amp;tab</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Tab schließen</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kopieren</translation>
     </message>
     <message>
         <source>Select &amp;all</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Alles auswählen</translation>
     </message>
     <message>
         <source>&amp;Find...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Suchen ...</translation>
     </message>
     <message>
         <source>Find &amp;next</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Weitersuchen</translation>
     </message>
     <message>
         <source>Find &amp;previous</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Rückwärts suchen</translation>
     </message>
     <message>
         <source>Filter fac&amp;ts</source>
-        <translation type="unfinished"></translation>
+        <translation>Angaben &amp;filtern</translation>
     </message>
     <message>
         <source>&amp;Summary</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Zusammenfassung</translation>
     </message>
     <message>
         <source>&amp;Text</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Text</translation>
     </message>
     <message>
         <source>&amp;Outline</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Gliederung</translation>
     </message>
     <message>
         <source>&amp;Facts</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Angaben</translation>
     </message>
     <message>
         <source>&amp;Hide personal data</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Persönliche Daten verbergen</translation>
     </message>
     <message>
         <source>Zoom &amp;in</source>
-        <translation type="unfinished"></translation>
+        <translation>Vergr&amp;ößern</translation>
     </message>
     <message>
         <source>Zoom o&amp;ut</source>
-        <translation type="unfinished"></translation>
+        <translation>Ver&amp;kleinern</translation>
     </message>
     <message>
         <source>&amp;Usual size</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Übliche Größe</translation>
     </message>
     <message>
         <source>Show what changes every &amp;moment</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeigen, was sich jeden &amp;Moment ändert</translation>
     </message>
     <message>
         <source>&amp;Section...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Abschnitt ...</translation>
     </message>
     <message>
         <source>&amp;Next section</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Nächster Abschnitt</translation>
     </message>
     <message>
         <source>&amp;Previous section</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Voriger Abschnitt</translation>
     </message>
     <message>
         <source>Next &amp;difference</source>
-        <translation type="unfinished"></translation>
+        <translation>Nächster &amp;Unterschied</translation>
     </message>
     <message>
         <source>Previous d&amp;ifference</source>
-        <translation type="unfinished"></translation>
+        <translation>Voriger Unter&amp;schied</translation>
     </message>
     <message>
         <source>Next &amp;tab</source>
-        <translation type="unfinished"></translation>
+        <translation>Nächster &amp;Tab</translation>
     </message>
     <message>
         <source>Previous ta&amp;b</source>
-        <translation type="unfinished"></translation>
+        <translation>Voriger Ta&amp;b</translation>
     </message>
     <message>
         <source>&amp;Keys</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Tasten</translation>
     </message>
     <message>
         <source>&amp;About vkviewer</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Über vkviewer</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Beenden</translation>
     </message>
     <message>
         <source>R&amp;ecent reports</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Letzte Berichte</translation>
     </message>
     <message>
         <source>&amp;Clear this list</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Liste &amp;leeren</translation>
     </message>
 </context>
 <context>
     <name>MarkStrip</name>
     <message>
         <source>Marks in the whole text</source>
-        <translation type="unfinished"></translation>
+        <translation>Markierungen im ganzen Text</translation>
     </message>
 </context>
 <context>
     <name>MessageBar</name>
     <message>
         <source>Messages</source>
-        <translation type="unfinished"></translation>
+        <translation>Meldungen</translation>
     </message>
     <message>
         <source>Close the messages</source>
-        <translation type="unfinished"></translation>
+        <translation>Meldungen schließen</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen</translation>
     </message>
     <message numerus="yes">
         <source>%n more message(s): see the tooltip.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n weitere Meldung: siehe die Kurzhilfe.</numerusform>
+            <numerusform>%n weitere Meldungen: siehe die Kurzhilfe.</numerusform>
         </translation>
     </message>
 </context>
@@ -806,239 +808,239 @@ Qt %1</source>
     <name>OutlineModel</name>
     <message>
         <source>%1 (report %2)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (Bericht %2)</translation>
     </message>
     <message>
         <source>Summary</source>
-        <translation type="unfinished"></translation>
+        <translation>Zusammenfassung</translation>
     </message>
 </context>
 <context>
     <name>ReportLoader</name>
     <message>
         <source>There is too little memory for this report.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Speicher reicht für diesen Bericht nicht.</translation>
     </message>
 </context>
 <context>
     <name>ReportPage</name>
     <message>
         <source>Outline of the report</source>
-        <translation type="unfinished"></translation>
+        <translation>Gliederung des Berichts</translation>
     </message>
     <message>
         <source>Text of the report</source>
-        <translation type="unfinished"></translation>
+        <translation>Text des Berichts</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kopieren</translation>
     </message>
     <message>
         <source>Select &amp;all</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Alles auswählen</translation>
     </message>
     <message>
         <source>&amp;Find...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Suchen ...</translation>
     </message>
 </context>
 <context>
     <name>RowCopier</name>
     <message>
         <source>&amp;Copy rows</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeilen &amp;kopieren</translation>
     </message>
 </context>
 <context>
     <name>SectionDialog</name>
     <message>
         <source>Go to section</source>
-        <translation type="unfinished"></translation>
+        <translation>Gehe zu Abschnitt</translation>
     </message>
     <message>
         <source>%1 (report %2)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (Bericht %2)</translation>
     </message>
     <message>
         <source>&amp;A few letters of the section:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Einige Buchstaben des Abschnitts:</translation>
     </message>
     <message>
         <source>A few letters of the section</source>
-        <translation type="unfinished"></translation>
+        <translation>Einige Buchstaben des Abschnitts</translation>
     </message>
     <message>
         <source>Sections</source>
-        <translation type="unfinished"></translation>
+        <translation>Abschnitte</translation>
     </message>
     <message>
         <source>&amp;Go</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Gehe zu</translation>
     </message>
 </context>
 <context>
     <name>SectionModel</name>
     <message>
         <source>All sections</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Abschnitte</translation>
     </message>
     <message>
         <source>Section</source>
-        <translation type="unfinished"></translation>
+        <translation>Abschnitt</translation>
     </message>
     <message>
         <source>Number</source>
-        <translation type="unfinished"></translation>
+        <translation>Anzahl</translation>
     </message>
 </context>
 <context>
     <name>ShortcutList</name>
     <message>
         <source>Keys</source>
-        <translation type="unfinished"></translation>
+        <translation>Tasten</translation>
     </message>
     <message>
         <source>Command</source>
-        <translation type="unfinished"></translation>
+        <translation>Befehl</translation>
     </message>
 </context>
 <context>
     <name>StartPage</name>
     <message>
         <source>&amp;Recent reports:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Letzte Berichte:</translation>
     </message>
     <message>
         <source>&amp;Make a report of this machine</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Bericht dieses Rechners erstellen</translation>
     </message>
     <message>
         <source>It stays on this machine until you send it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Er bleibt auf diesem Rechner, bis Sie ihn senden.</translation>
     </message>
     <message>
         <source>&amp;Open a report</source>
-        <translation type="unfinished"></translation>
+        <translation>Bericht ö&amp;ffnen</translation>
     </message>
     <message>
         <source>Text from a file or a mail, or JSON. You can also drop files here.</source>
-        <translation type="unfinished"></translation>
+        <translation>Text aus einer Datei oder Mail, oder JSON. Sie können Dateien auch hier ablegen.</translation>
     </message>
     <message>
         <source>Recent reports</source>
-        <translation type="unfinished"></translation>
+        <translation>Letzte Berichte</translation>
     </message>
 </context>
 <context>
     <name>StateSentences</name>
     <message>
         <source>This text contains no system report.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Text enthält keinen Systembericht.</translation>
     </message>
     <message>
         <source>The text contains several reports.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Text enthält mehrere Berichte.</translation>
     </message>
     <message>
         <source>The beginning of the report is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Anfang des Berichts fehlt.</translation>
     </message>
     <message>
         <source>The end of the report is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Ende des Berichts fehlt.</translation>
     </message>
     <message>
         <source>Sections in the middle of the report are missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>In der Mitte des Berichts fehlen Abschnitte.</translation>
     </message>
     <message>
         <source>Values look like parts of the format, so that facts may be wrong.</source>
-        <translation type="unfinished"></translation>
+        <translation>Werte sehen wie Teile des Formats aus, sodass Angaben falsch sein können.</translation>
     </message>
     <message>
         <source>Some bytes are no UTF-8. They are shown as U+FFFD.</source>
-        <translation type="unfinished"></translation>
+        <translation>Einige Bytes sind kein UTF-8. Sie erscheinen als U+FFFD.</translation>
     </message>
     <message>
         <source>Long lines were wrapped. Some values may be incomplete.</source>
-        <translation type="unfinished"></translation>
+        <translation>Lange Zeilen wurden umbrochen. Einige Werte können unvollständig sein.</translation>
     </message>
     <message>
         <source>There is text that does not belong to a report.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt Text, der nicht zu einem Bericht gehört.</translation>
     </message>
     <message>
         <source>The report was quoted in a mail (&quot;&gt;&quot;).</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Bericht wurde in einer Mail zitiert („&gt;“).</translation>
     </message>
     <message>
         <source>Several spaces in a row became one.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus mehreren Leerzeichen wurde eines.</translation>
     </message>
     <message>
         <source>Spaces at the beginning of lines were removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Leerzeichen am Anfang von Zeilen wurden entfernt.</translation>
     </message>
     <message>
         <source>Spaces at the end of lines were removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Leerzeichen am Ende von Zeilen wurden entfernt.</translation>
     </message>
     <message>
         <source>Spaces were replaced by no-break spaces or tabs.</source>
-        <translation type="unfinished"></translation>
+        <translation>Leerzeichen wurden durch geschützte Leerzeichen oder Tabulatoren ersetzt.</translation>
     </message>
     <message>
         <source>Dates have digits other than 0 to 9.</source>
-        <translation type="unfinished"></translation>
+        <translation>Datumsangaben haben andere Ziffern als 0 bis 9.</translation>
     </message>
     <message>
         <source>The text was UTF-16.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Text war UTF-16.</translation>
     </message>
     <message>
         <source>The text begins with a byte-order mark.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Text beginnt mit einer Byte-Reihenfolge-Markierung.</translation>
     </message>
     <message>
         <source>Lines end with carriage returns.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeilen enden mit Wagenrücklauf.</translation>
     </message>
 </context>
 <context>
     <name>SummaryModel</name>
     <message>
         <source>Property</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigenschaft</translation>
     </message>
     <message>
         <source>Value</source>
-        <translation type="unfinished"></translation>
+        <translation>Wert</translation>
     </message>
 </context>
 <context>
     <name>SummaryPage</name>
     <message>
         <source>Summary of the report</source>
-        <translation type="unfinished"></translation>
+        <translation>Zusammenfassung des Berichts</translation>
     </message>
 </context>
 <context>
     <name>TextView</name>
     <message>
         <source>Text</source>
-        <translation type="unfinished"></translation>
+        <translation>Text</translation>
     </message>
 </context>
 <context>
     <name>main</name>
     <message>
         <source>Shows system reports in a window. Compares them if there are several files.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeigt Systemberichte in einem Fenster. Vergleicht sie, wenn es mehrere Dateien sind.</translation>
     </message>
     <message>
         <source>report to open: text or JSON</source>
-        <translation type="unfinished"></translation>
+        <translation>zu öffnender Bericht: Text oder JSON</translation>
     </message>
 </context>
 </TS>

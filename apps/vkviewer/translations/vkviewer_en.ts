@@ -5,30 +5,30 @@
     <name>ComparisonNotes</name>
     <message numerus="yes">
         <source>%n differences</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n difference</numerusform>
+            <numerusform>%n differences</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n rows match the filter.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n row matches the filter.</numerusform>
+            <numerusform>%n rows match the filter.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n values that change every moment differ, too.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n value that changes every moment differs, too.</numerusform>
+            <numerusform>%n values that change every moment differ, too.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n values that change every moment are not shown.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n value that changes every moment is not shown.</numerusform>
+            <numerusform>%n values that change every moment are not shown.</numerusform>
         </translation>
     </message>
 </context>
@@ -36,9 +36,9 @@
     <name>DifferenceWords</name>
     <message numerus="yes">
         <source>and %n more</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
         </translation>
     </message>
 </context>
@@ -46,16 +46,16 @@
     <name>FactTable</name>
     <message numerus="yes">
         <source>%n fact(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n fact</numerusform>
+            <numerusform>%n facts</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%1 of %n fact(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 of %n fact</numerusform>
+            <numerusform>%1 of %n facts</numerusform>
         </translation>
     </message>
 </context>
@@ -63,16 +63,16 @@
     <name>MainWindow</name>
     <message numerus="yes">
         <source>Only the first %n file(s) are opened.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Only the first file is opened.</numerusform>
+            <numerusform>Only the first %n files are opened.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Comparison of %n report(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Comparison of %n report</numerusform>
+            <numerusform>Comparison of %n reports</numerusform>
         </translation>
     </message>
 </context>
@@ -80,9 +80,9 @@
     <name>MessageBar</name>
     <message numerus="yes">
         <source>%n more message(s): see the tooltip.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n more message: see the tooltip.</numerusform>
+            <numerusform>%n more messages: see the tooltip.</numerusform>
         </translation>
     </message>
 </context>
