@@ -15,6 +15,7 @@
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QMimeData>
+#include <QtCore/QTimer>
 #include <QtGui/QClipboard>
 #include <QtGui/QDragEnterEvent>
 #include <QtGui/QScreen>
@@ -60,7 +61,7 @@ QString tabText(const QString &name)
 } // namespace
 
 MainWindow::MainWindow(QWidget *parent)
-    : QMainWindow(parent), m_loader(new ReportLoader(this)), m_recentFiles(new RecentFiles(this)), m_messages(new MessageBar), m_stack(new QStackedWidget), m_startPage(new StartPage(m_recentFiles)), m_tabs(new QTabWidget), m_loading(new QLabel), m_cancelLoading(new QPushButton(tr("Cancel &loading")))
+    : QMainWindow(parent), m_loader(new ReportLoader(this)), m_recentFiles(new RecentFiles(this)), m_messages(new MessageBar), m_stack(new QStackedWidget), m_startPage(new StartPage(m_recentFiles)), m_tabs(new QTabWidget), m_loading(new QLabel), m_cancelLoading(new QPushButton(tr("Cancel &loading"))), m_loadingTimer(new QTimer(this))
 {
     setAcceptDrops(true);
     m_tabs->setDocumentMode(true);
@@ -80,6 +81,9 @@ MainWindow::MainWindow(QWidget *parent)
     statusBar()->addWidget(m_loading, 1);
     statusBar()->addPermanentWidget(m_cancelLoading);
     statusBar()->hide();
+    m_loadingTimer->setSingleShot(true);
+    m_loadingTimer->setInterval(300); // milliseconds
+    connect(m_loadingTimer, &QTimer::timeout, statusBar(), &QWidget::show);
     makeActions();
 
     connect(m_startPage, &StartPage::makeRequested, this, &MainWindow::makeReport);
@@ -293,7 +297,12 @@ void MainWindow::takeEnd(int request)
 
 void MainWindow::showLoading()
 {
-    statusBar()->setVisible(m_loader->isLoading());
+    if (!m_loader->isLoading()) {
+        m_loadingTimer->stop();
+        statusBar()->hide();
+    } else if (!m_loadingTimer->isActive() && !statusBar()->isVisible()) {
+        m_loadingTimer->start();
+    }
     m_loading->setText(tr("Loading %1...").arg(lineText(m_loader->currentName())));
     if (!m_loader->isLoading() && m_tabs->count() == 0)
         m_stack->setCurrentWidget(m_startPage);

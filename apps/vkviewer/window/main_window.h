@@ -14,6 +14,7 @@ class QLabel;
 class QPushButton;
 class QStackedWidget;
 class QTabWidget;
+class QTimer;
 class RecentFiles;
 class ComparisonTableView;
 class ComparisonView;
@@ -157,6 +158,7 @@ private:
     QTabWidget *m_tabs;
     QLabel *m_loading;
     QPushButton *m_cancelLoading;
+    QTimer *m_loadingTimer; ///< most reports are there before something could be read
     QList<QAction *> m_actionList;
     std::map<int, Request> m_requests;
     QByteArray m_splitters;

@@ -38,11 +38,6 @@ void RecentFiles::add(const QString &path)
     set((QStringList(path) + without(paths(), path)).mid(0, most));
 }
 
-void RecentFiles::remove(const QString &path)
-{
-    set(without(paths(), path));
-}
-
 void RecentFiles::clear()
 {
     set({});

@@ -16,8 +16,6 @@ public:
     /// The last one first.
     QStringList paths() const;
     void add(const QString &path);
-    /// Forgets one that cannot be opened any more.
-    void remove(const QString &path);
 
 public Q_SLOTS:
     void clear();

@@ -63,6 +63,7 @@ ReportPage::ReportPage(const PreparedReport &report, QWidget *parent)
     m_columns->setChildrenCollapsible(false);
     m_columns->setSizes({fontMetrics().averageCharWidth() * 36, fontMetrics().averageCharWidth() * 110});
     m_findBar->hide();
+    setFocusProxy(m_outline);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_messages);
