@@ -127,7 +127,7 @@ if(WIN32 AND VKSYSTEMINFO_APPS AND TARGET Qt5::qmake)
 endif()
 
 if(qt_bin AND NOT missing)
-    install(TARGETS ${programs} vkcapture ${modules}
+    install(TARGETS ${programs} vkviewer vkcapture ${modules}
         RUNTIME DESTINATION . COMPONENT portable LIBRARY DESTINATION . COMPONENT portable)
     install(DIRECTORY docs DESTINATION . COMPONENT portable PATTERN man EXCLUDE)
     install(FILES $<TARGET_FILE:vkSystemInfo> ${run_time} LICENSE DESTINATION . COMPONENT portable)
@@ -151,7 +151,7 @@ if(qt_bin AND NOT missing)
 endif()
 
 if(qt_bin AND NOT missing)
-    set(signed ${programs} vkcapture)
+    set(signed ${programs} vkviewer vkcapture)
     list(TRANSFORM signed APPEND .exe)
     foreach(module ${modules})
         list(APPEND signed ${module}.dll)

@@ -1,0 +1,26 @@
+// What readers of a comparison have to know about the reports.
+#pragma once
+
+#include "report/loaded_report.h"
+
+#include <QtCore/QCoreApplication>
+
+class ComparisonNotes
+{
+    Q_DECLARE_TR_FUNCTIONS(ComparisonNotes)
+
+public:
+    /// A sentence for each thing that makes values seem to differ; empty if there is none.
+    static QStringList of(const LoadedReport &report);
+
+    /// "11 differences. 10 values that change every moment are not shown."
+    static QString summary(int differences, int everyMoment, bool showsEveryMoment);
+
+    /// "11 differences", "1 difference".
+    static QString differences(int count);
+    /// "11 rows match the filter."
+    static QString matches(int rows);
+
+    /// The report's name on one line.
+    static QString name(const LoadedReport &report);
+};

@@ -1,0 +1,403 @@
+#include "comparison_view.h"
+
+#include "aligned_text_view.h"
+#include "cell_text.h"
+#include "column_widths.h"
+#include "comparison_notes.h"
+#include "difference_model.h"
+#include "name_label.h"
+#include "row_copier.h"
+#include "section_model.h"
+
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QProgressBar>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QScrollBar>
+#include <QtWidgets/QSplitter>
+#include <QtWidgets/QStackedWidget>
+#include <QtWidgets/QTableView>
+#include <algorithm>
+#include <map>
+
+using namespace velkor::Reports;
+
+namespace {
+
+enum Page {
+    MessagePage,
+    ContentPage,
+};
+
+QLabel *plainLabel(QWidget *parent)
+{
+    auto *label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+/// Selects one row, whatever keys are down: QTableView::selectRow() extends the selection if Shift is.
+void chooseRow(QTableView *table, int row)
+{
+    const QModelIndex index = table->model()->index(row, 0);
+    table->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    table->scrollTo(index);
+}
+
+/// Whether the texts of a section differ by more than what is hidden.
+bool differsInText(const AlignedText &text, LineIndexes rows, bool showsEveryMoment)
+{
+    const auto begin = text.rows.begin();
+    return std::any_of(begin + rows.begin, begin + rows.end,
+                       [&](const AlignedRow &row) { return row.change != LineChange::Same && (showsEveryMoment || !row.everyMoment); });
+}
+
+/// The sections with a difference of facts or of texts, in the order of the catalogue.
+std::vector<SectionModel::Row> sectionsThatDiffer(const ComparedReports &reports, const std::vector<int> &changes, bool showsEveryMoment)
+{
+    std::map<QString, int> counts;
+    for (const int change : changes)
+        ++counts[reports.comparison.changes[std::size_t(change)].section];
+    std::vector<SectionModel::Row> rows;
+    for (const AlignedSection &section : reports.text.sections) {
+        const auto found = counts.find(section.section);
+        const int count = found == counts.end() ? 0 : found->second;
+        const bool isRepeated = !rows.empty() && rows.back().section == section.section;
+        if (!isRepeated && (count > 0 || differsInText(reports.text, section.rows, showsEveryMoment)))
+            rows.push_back({section.section, count});
+    }
+    return rows;
+}
+
+} // namespace
+
+ComparisonView::ComparisonView(const LoadedReport &older, const LoadedReport &newer, QWidget *parent)
+    : QWidget(parent), m_older(older), m_newer(newer), m_sectionModel(new SectionModel(this)), m_differenceModel(new DifferenceModel(this))
+{
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(makeNames());
+    layout->addWidget(makeCommands());
+    m_notes = plainLabel(this);
+    m_notes->setObjectName(QStringLiteral("notes"));
+    m_notes->setWordWrap(true);
+    layout->addWidget(m_notes);
+
+    m_message = plainLabel(this);
+    m_message->setObjectName(QStringLiteral("message"));
+    m_message->setAlignment(Qt::AlignCenter);
+    m_message->setWordWrap(true);
+    m_pages = new QStackedWidget(this);
+    m_pages->addWidget(m_message);
+    m_pages->addWidget(makeContent());
+    layout->addWidget(m_pages, 1);
+    start();
+}
+
+ComparisonView::~ComparisonView() = default;
+
+QWidget *ComparisonView::makeNames()
+{
+    auto *names = new QWidget(this);
+    auto *layout = new QHBoxLayout(names);
+    layout->setContentsMargins({});
+    const auto addName = [&](const QString &caption, const QString &objectName) {
+        auto *label = plainLabel(names);
+        label->setText(caption);
+        auto *name = new NameLabel(names);
+        name->setObjectName(objectName);
+        QFont font = name->font();
+        font.setBold(true);
+        name->setFont(font);
+        layout->addWidget(label);
+        layout->addWidget(name, 1);
+        return name;
+    };
+    m_olderName = addName(tr("Older:"), QStringLiteral("olderName"));
+    auto *swap = new QPushButton(tr("&Swap sides"), names);
+    swap->setObjectName(QStringLiteral("swap"));
+    swap->setAutoDefault(false);
+    swap->setToolTip(tr("Take the older report for the newer one"));
+    connect(swap, &QPushButton::clicked, this, &ComparisonView::swapSides);
+    layout->addWidget(swap);
+    m_newerName = addName(tr("Newer:"), QStringLiteral("newerName"));
+    return names;
+}
+
+QWidget *ComparisonView::makeCommands()
+{
+    auto *commands = new QWidget(this);
+    auto *layout = new QHBoxLayout(commands);
+    layout->setContentsMargins({});
+    const auto addButton = [&](const QString &text, const QString &objectName, const QString &toolTip, void (ComparisonView::*command)()) {
+        auto *button = new QPushButton(text, commands);
+        button->setObjectName(objectName);
+        button->setAutoDefault(false);
+        button->setToolTip(toolTip);
+        connect(button, &QPushButton::clicked, this, command);
+        layout->addWidget(button);
+        return button;
+    };
+    m_previous = addButton(tr("&Previous"), QStringLiteral("previous"), tr("Previous difference (Shift+F8)"), &ComparisonView::previousDifference);
+    m_previous->setAccessibleName(tr("Previous difference"));
+    m_next = addButton(tr("&Next"), QStringLiteral("next"), tr("Next difference (F8)"), &ComparisonView::nextDifference);
+    m_next->setAccessibleName(tr("Next difference"));
+    m_position = plainLabel(commands);
+    m_position->setObjectName(QStringLiteral("position"));
+    layout->addWidget(m_position);
+    layout->addSpacing(fontMetrics().averageCharWidth() * 2);
+    m_summary = plainLabel(commands);
+    m_summary->setObjectName(QStringLiteral("summary"));
+    m_summary->setWordWrap(true);
+    layout->addWidget(m_summary, 1);
+    m_everyMoment = new QCheckBox(tr("Show what changes every &moment"), commands);
+    m_everyMoment->setObjectName(QStringLiteral("everyMoment"));
+    m_everyMoment->setToolTip(tr("Times, free memory, process ids"));
+    connect(m_everyMoment, &QCheckBox::toggled, this, &ComparisonView::setShowsEveryMoment);
+    layout->addWidget(m_everyMoment);
+    return commands;
+}
+
+QTableView *ComparisonView::makeTable(QAbstractItemModel *model, const QString &name)
+{
+    auto *table = new QTableView(this);
+    table->setModel(model);
+    table->setAccessibleName(name);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setShowGrid(false);
+    table->setWordWrap(false);
+    table->setTabKeyNavigation(false);
+    table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    table->setTextElideMode(Qt::ElideMiddle); // the end of what differs is the name of the fact
+    table->horizontalHeader()->setHighlightSections(false);
+    table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    table->verticalHeader()->hide();
+    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    const int height = table->fontMetrics().height() + table->style()->pixelMetric(QStyle::PM_FocusFrameVMargin) * 2;
+    table->verticalHeader()->setMinimumSectionSize(height);
+    table->verticalHeader()->setDefaultSectionSize(height);
+    new RowCopier(table, [table](const std::vector<int> &rows) { return rowsAsText(table, nullptr, rows); });
+    return table;
+}
+
+QWidget *ComparisonView::makeContent()
+{
+    m_sections = makeTable(m_sectionModel, tr("Sections that differ"));
+    m_sections->setObjectName(QStringLiteral("sections"));
+    m_sections->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_sections->setTextElideMode(Qt::ElideRight);
+    m_sections->horizontalHeader()->setSectionResizeMode(SectionModel::Title, QHeaderView::Stretch);
+    m_sections->horizontalHeader()->setSectionResizeMode(SectionModel::Count, QHeaderView::ResizeToContents);
+    connect(m_sections->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex &current) { chooseSection(current.row()); });
+
+    m_differences = makeTable(m_differenceModel, tr("Differences"));
+    m_differences->setObjectName(QStringLiteral("differences"));
+    new ColumnWidths(m_differences, {3, 4, 8, 5, 5}, 8);
+    connect(m_differences->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex &current) {
+        if (current.isValid())
+            setCurrentChange(m_differenceModel->changeIndex(current.row()));
+    });
+
+    m_text = new AlignedTextView(this);
+    auto *right = new QSplitter(Qt::Vertical, this);
+    right->addWidget(m_differences);
+    right->addWidget(m_text);
+    right->setStretchFactor(0, 1);
+    right->setStretchFactor(1, 1);
+    right->setChildrenCollapsible(false);
+    auto *content = new QSplitter(Qt::Horizontal, this);
+    content->addWidget(m_sections);
+    content->addWidget(right);
+    content->setStretchFactor(0, 0);
+    content->setStretchFactor(1, 1);
+    content->setChildrenCollapsible(false);
+    const int list = fontMetrics().averageCharWidth() * 32;
+    content->setSizes({list, list * 4});
+    return content;
+}
+
+void ComparisonView::start()
+{
+    m_reports.reset();
+    m_walk.clear();
+    m_current = -1;
+    updateNames();
+    updatePosition();
+    m_summary->clear();
+    m_pages->setCurrentIndex(MessagePage);
+    if (!m_older.isReport() || !m_newer.isReport()) {
+        m_message->setText(tr("There is nothing to compare."));
+        return;
+    }
+    m_message->setText(tr("Comparing\u2026"));
+    const auto result = std::make_shared<std::shared_ptr<const ComparedReports>>();
+    m_task.start(
+        [result, older = m_older.document, newer = m_newer.document](const std::atomic_bool &cancelled) {
+        if (auto reports = compareReports(older, newer, cancelled))
+            *result = std::make_shared<const ComparedReports>(std::move(*reports));
+        },
+        [this, result] { finish(*result); });
+}
+
+void ComparisonView::finish(std::shared_ptr<const ComparedReports> reports)
+{
+    if (!reports) {
+        m_message->setText(tr("There is not enough memory to compare these reports."));
+        return;
+    }
+    m_reports = std::move(reports);
+    m_differenceModel->setReports(m_reports);
+    m_text->setReports(m_reports);
+    m_pages->setCurrentIndex(ContentPage);
+    updateShown();
+    Q_EMIT compared();
+}
+
+void ComparisonView::updateNames()
+{
+    m_olderName->setName(ComparisonNotes::name(m_older));
+    m_newerName->setName(ComparisonNotes::name(m_newer));
+    QStringList notes = ComparisonNotes::of(m_older) + ComparisonNotes::of(m_newer);
+    notes.removeDuplicates();
+    m_notes->setText(notes.join(QLatin1Char('\n')));
+    m_notes->setVisible(!notes.isEmpty());
+}
+
+/// After a change of what is shown: the sections, the differences, the marks.
+void ComparisonView::updateShown()
+{
+    if (!m_reports)
+        return;
+    const std::vector<Change> &changes = m_reports->comparison.changes;
+    m_walk.clear();
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        if (isShown(changes[i]))
+            m_walk.push_back(int(i));
+    }
+    const int current = m_current >= 0 && isShown(changes[std::size_t(m_current)]) ? m_current : -1;
+    const int everyMoment = int(std::count_if(changes.begin(), changes.end(), [](const Change &change) { return change.everyMoment; }));
+    m_summary->setText(ComparisonNotes::summary(int(changes.size()) - everyMoment, everyMoment, m_showsEveryMoment));
+    m_text->setShowsEveryMoment(m_showsEveryMoment);
+    const QString section = m_section;
+    m_sectionModel->setSections(sectionsThatDiffer(*m_reports, m_walk, m_showsEveryMoment));
+    const int row = m_sectionModel->rowOf(section);
+    chooseRow(m_sections, row); // which shows the section
+    showSection(m_sectionModel->section(row));
+    if (current >= 0)
+        showChange(current);
+}
+
+void ComparisonView::chooseSection(int row)
+{
+    if (m_reports && row >= 0)
+        showSection(m_sectionModel->section(row));
+}
+
+void ComparisonView::showSection(const QString &section)
+{
+    m_section = section;
+    std::vector<int> shown;
+    for (const int change : m_walk) {
+        if (section.isEmpty() || m_reports->comparison.changes[std::size_t(change)].section == section)
+            shown.push_back(change);
+    }
+    m_differenceModel->setShown(std::move(shown));
+    m_differences->setColumnHidden(DifferenceModel::SectionTitle, !section.isEmpty());
+    m_differences->findChild<ColumnWidths *>()->divide();
+    m_text->setRows(m_reports->text.rowsOf(section));
+    m_current = -1;
+    updatePosition();
+}
+
+int ComparisonView::currentDifference() const
+{
+    const auto found = std::lower_bound(m_walk.begin(), m_walk.end(), m_current);
+    return m_current < 0 || found == m_walk.end() || *found != m_current ? -1 : int(found - m_walk.begin());
+}
+
+QByteArray ComparisonView::exported(ComparisonForm form) const
+{
+    if (!m_reports)
+        return {};
+    ComparisonOptions options;
+    options.reportNames = QStringList {ComparisonNotes::name(m_older), ComparisonNotes::name(m_newer)};
+    options.all = m_showsEveryMoment;
+    return written(m_reports->comparison, form, options);
+}
+
+void ComparisonView::nextDifference()
+{
+    step(1);
+}
+
+void ComparisonView::previousDifference()
+{
+    step(-1);
+}
+
+void ComparisonView::step(int by)
+{
+    if (m_walk.empty())
+        return;
+    const int count = int(m_walk.size());
+    const int current = currentDifference();
+    const int shown = m_differenceModel->rowCount();
+    if (current >= 0)
+        showChange(m_walk[std::size_t((current + by + count) % count)]);
+    else if (shown > 0) // the first or the last one of the section
+        showChange(m_differenceModel->changeIndex(by > 0 ? 0 : shown - 1));
+    else
+        showChange(by > 0 ? m_walk.front() : m_walk.back());
+}
+
+void ComparisonView::showChange(int change)
+{
+    const QString section = m_reports->comparison.changes[std::size_t(change)].section;
+    if (!m_section.isEmpty() && m_section != section)
+        chooseRow(m_sections, m_sectionModel->rowOf(section));
+    chooseRow(m_differences, m_differenceModel->rowOf(change));
+}
+
+void ComparisonView::setCurrentChange(int change)
+{
+    m_current = change;
+    const ChangePlace &place = m_reports->places[std::size_t(change)];
+    m_text->showRows(place.older, place.newer);
+    updatePosition();
+}
+
+void ComparisonView::updatePosition()
+{
+    const int current = currentDifference();
+    m_next->setEnabled(!m_walk.empty());
+    m_previous->setEnabled(!m_walk.empty());
+    m_position->setText(current < 0 ? QString() : tr("%1 of %2").arg(current + 1).arg(m_walk.size()));
+    Q_EMIT currentDifferenceChanged();
+}
+
+void ComparisonView::setShowsEveryMoment(bool shows)
+{
+    if (shows == m_showsEveryMoment)
+        return;
+    m_showsEveryMoment = shows;
+    m_everyMoment->setChecked(shows);
+    updateShown();
+    Q_EMIT showsEveryMomentChanged(shows);
+}
+
+void ComparisonView::swapSides()
+{
+    std::swap(m_older, m_newer);
+    start();
+}
+
+void ComparisonView::copy()
+{
+    QTableView *table = m_differences;
+    for (QTableView *candidate : {m_sections, m_text->olderView(), m_text->newerView()}) {
+        if (candidate->hasFocus())
+            table = candidate;
+    }
+    table->findChild<RowCopier *>()->copy();
+}

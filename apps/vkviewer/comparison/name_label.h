@@ -1,0 +1,19 @@
+// The name of a report where there may be little room.
+#pragma once
+
+#include <QtWidgets/QLabel>
+
+/// Plain text with an ellipsis in the middle if it is wider than the label. The tooltip has all of it.
+class NameLabel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit NameLabel(QWidget *parent = nullptr);
+
+    void setName(const QString &name);
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+};

@@ -1,0 +1,31 @@
+// What support asks for first.
+#pragma once
+
+#include "prepared_report.h"
+
+#include <QtWidgets/QWidget>
+
+class QLabel;
+class QTableView;
+class SummaryModel;
+
+class SummaryPage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit SummaryPage(QWidget *parent = nullptr);
+
+    void setReport(const PreparedReport &report);
+    QTableView *table() const { return m_table; }
+
+public Q_SLOTS:
+    /// The selected lines; all of them if none is selected.
+    void copy();
+
+private:
+    SummaryModel *m_model;
+    QLabel *m_title;
+    QLabel *m_notes;
+    QTableView *m_table;
+};

@@ -1,0 +1,165 @@
+// The window: reports in tabs, menus, files.
+#pragma once
+
+#include "report/prepared_report.h"
+#include "report/report_loader.h"
+
+#include <QtGui/QKeySequence>
+#include <QtWidgets/QMainWindow>
+#include <map>
+
+class MessageBar;
+class QMimeData;
+class QLabel;
+class QPushButton;
+class QStackedWidget;
+class QTabWidget;
+class QTimer;
+class RecentFiles;
+class ComparisonTableView;
+class ComparisonView;
+class ReportPage;
+class StartPage;
+
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// Files beyond that are not opened at once.
+    static constexpr int mostFiles = 50;
+
+    explicit MainWindow(QWidget *parent = nullptr);
+    ~MainWindow() override;
+
+    /// Opens each of \a files in a tab.
+    void openFiles(const QStringList &files);
+    /// Compares the files: two beside each other, the older one first; more in a table.
+    void compareFiles(const QStringList &files);
+
+    /// The report of the current tab; null if it shows none.
+    ReportPage *reportPage() const;
+    std::vector<ReportPage *> reportPages() const;
+    /// The comparison of the current tab; null if it shows none.
+    ComparisonView *comparisonView() const;
+    ComparisonTableView *comparisonTableView() const;
+    /// Those of the menus, in their order. Each has a name (QObject::objectName()).
+    const QList<QAction *> &actionList() const { return m_actionList; }
+    QAction *actionNamed(const char *name) const;
+    MessageBar *messageBar() const { return m_messages; }
+    bool isLoading() const { return m_loader->isLoading(); }
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    enum class Menu {
+        File,
+        Edit,
+        View,
+        Go,
+        Help,
+    };
+    /// What must be there so that a command is enabled.
+    enum class Needs {
+        Nothing,
+        Tab,            ///< any tab
+        Report,         ///< a tab with a report
+        ReportPage,     ///< the same, and the report has sections
+        SeveralReports, ///< at least two tabs with reports
+        Pair,           ///< a tab with a comparison of two
+        Comparison,     ///< a tab with any comparison
+        Absent,         ///< cannot be done yet
+    };
+    struct ActionRow
+    {
+        const char *name;
+        Menu menu;
+        const char *text;
+        const char *keys; ///< portable, separated by "; "
+        Needs needs;
+        void (MainWindow::*run)(); ///< null for a switch that only others ask for
+        bool isSwitch;
+        bool endsGroup; ///< a separator follows
+    };
+    struct Request
+    {
+        bool compares = false;
+        std::vector<PreparedReport> reports;
+        std::optional<LoadedReport> newest; ///< is compared with them
+    };
+
+    static const std::vector<ActionRow> &actionRows();
+    void makeActions();
+    void makeRecentMenu(QMenu *menu);
+    void showRecentMenu(QMenu *menu);
+    void updateActions();
+    bool isGiven(Needs needs) const;
+    void restoreSettings();
+    void saveSettings() const;
+
+    // The commands of the menus
+    void makeReport();
+    void open();
+    void openFromClipboard();
+    void compareWith();
+    void compareOpenReports();
+    void closeTab();
+    void saveAs();
+    void print();
+    void exportPdf();
+    void copy();
+    void selectAll();
+    void find();
+    void filterFacts();
+    void showSummary();
+    void showText();
+    void switchOutline();
+    void switchFacts();
+    void switchPersonalData();
+    void zoomIn();
+    void zoomOut();
+    void resetZoom();
+    void chooseSection();
+    void nextSection();
+    void previousSection();
+    void findNext();
+    void findPrevious();
+    void nextDifference();
+    void previousDifference();
+    void nextTab();
+    void previousTab();
+    void showKeys();
+    void showAbout();
+
+    int load(const std::vector<ReportLoader::Source> &sources, bool compares);
+    std::vector<ReportLoader::Source> sourcesOf(const QStringList &files);
+    QStringList chooseFiles(const QString &title);
+    void takeReport(int request, const PreparedReport &report);
+    void takeFailure(const QString &message);
+    void takeEnd(int request);
+    void showLoading();
+    void showReport(const PreparedReport &report);
+    void compare(const std::vector<LoadedReport> &reports);
+    template <class View>
+    void showComparison(View *view, const std::vector<LoadedReport> &reports);
+    void addTab(QWidget *page, const QString &name, const QString &toolTip);
+    void closeTabAt(int index);
+    void takeCurrentTab();
+    void openMimeData(const QMimeData &data, const QString &name);
+
+    ReportLoader *m_loader;
+    RecentFiles *m_recentFiles;
+    MessageBar *m_messages;
+    QStackedWidget *m_stack;
+    StartPage *m_startPage;
+    QTabWidget *m_tabs;
+    QLabel *m_loading;
+    QPushButton *m_cancelLoading;
+    QTimer *m_loadingTimer; ///< most reports are there before something could be read
+    QList<QAction *> m_actionList;
+    std::map<int, Request> m_requests;
+    QByteArray m_splitters;
+};

@@ -1,0 +1,338 @@
+#include "report_page.h"
+
+#include "message_bar.h"
+#include "report/fact_meaning.h"
+#include "report/fact_table.h"
+#include "report/outline_model.h"
+#include "report/section_dialog.h"
+#include "report/section_titles.h"
+#include "report/state_sentences.h"
+#include "report/summary_page.h"
+#include "text/find_bar.h"
+#include "text/text_view.h"
+
+#include <QtCore/QDataStream>
+#include <QtCore/QIODevice>
+#include <QtCore/QScopedValueRollback>
+#include <QtGui/QClipboard>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QSplitter>
+#include <QtWidgets/QStackedWidget>
+#include <QtWidgets/QTableView>
+#include <QtWidgets/QTreeView>
+#include <QtWidgets/QVBoxLayout>
+
+using namespace velkor;
+
+namespace {
+
+QWidget *inColumn(QWidget *first, QWidget *second)
+{
+    auto *widget = new QWidget;
+    auto *layout = new QVBoxLayout(widget);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(first, 1);
+    layout->addWidget(second);
+    return widget;
+}
+
+} // namespace
+
+ReportPage::ReportPage(const PreparedReport &report, QWidget *parent)
+    : QWidget(parent), m_model(new OutlineModel(this)), m_messages(new MessageBar), m_outline(new QTreeView), m_summary(new SummaryPage), m_text(new TextView), m_findBar(new FindBar(m_text)), m_facts(new FactTable), m_stack(new QStackedWidget), m_columns(new QSplitter(Qt::Horizontal)), m_rows(new QSplitter(Qt::Vertical))
+{
+    m_outline->setModel(m_model);
+    m_outline->setHeaderHidden(true);
+    m_outline->setUniformRowHeights(true);
+    m_outline->setAccessibleName(tr("Outline of the report"));
+    m_text->setAccessibleName(tr("Text of the report"));
+    m_text->setHoverText([this](int offset) { return meaningAt(m_shown.report.document, offset); });
+    m_rows->addWidget(inColumn(m_text, m_findBar));
+    m_rows->addWidget(m_facts);
+    m_rows->setStretchFactor(0, 3);
+    m_rows->setStretchFactor(1, 1);
+    m_rows->setChildrenCollapsible(false);
+    m_stack->addWidget(m_summary);
+    m_stack->addWidget(m_rows);
+    m_columns->addWidget(m_outline);
+    m_columns->addWidget(m_stack);
+    m_columns->setStretchFactor(1, 1);
+    m_columns->setChildrenCollapsible(false);
+    m_columns->setSizes({fontMetrics().averageCharWidth() * 36, fontMetrics().averageCharWidth() * 110});
+    m_findBar->hide();
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_messages);
+    layout->addWidget(m_columns, 1);
+
+    connect(m_outline->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex &index) { takeOutline(index); });
+    // A click on the current entry goes there again.
+    connect(m_outline, &QTreeView::clicked, this, &ReportPage::takeOutline);
+    connect(m_outline, &QTreeView::activated, this, [this](const QModelIndex &index) {
+        takeOutline(index);
+        (isShowingSummary() ? static_cast<QWidget *>(m_summary->table()) : m_text)->setFocus();
+    });
+    connect(m_text, &TextView::caretMoved, this, &ReportPage::takeCaret);
+    connect(m_text, &TextView::copyRequested, this, &ReportPage::copyText);
+    connect(m_text, &TextView::contextMenuRequested, this, [this](QPoint global) { showContextMenu(global); });
+    connect(m_facts, &FactTable::factChosen, this, &ReportPage::goToFact);
+    setReport(report);
+}
+
+void ReportPage::setReport(const PreparedReport &report)
+{
+    m_report = report;
+    m_messages->setMessages(stateSentences(report.report.document.states(), StateWeight::Important));
+    // A tree that gets the focus makes its first entry the current one, which is the summary.
+    setFocusProxy(report.report.isReport() ? static_cast<QWidget *>(m_outline) : m_text);
+    showDocument(report);
+    if (report.report.isReport())
+        showSummary();
+    else
+        showText();
+}
+
+void ReportPage::addMessages(const QStringList &messages)
+{
+    m_messages->setMessages(messages + m_messages->messages());
+}
+
+void ReportPage::showDocument(const PreparedReport &report)
+{
+    const QScopedValueRollback<bool> following(m_following, true);
+    m_shown = report;
+    m_model->setDocument(report.report.document);
+    m_text->setLines(report.lines);
+    m_facts->setDocument(report.report.document);
+    m_summary->setReport(report);
+    for (int row = 0; row < m_model->rowCount(); ++row)
+        m_outline->expand(m_model->index(row, 0));
+}
+
+bool ReportPage::isShowingSummary() const
+{
+    return m_stack->currentWidget() == m_summary;
+}
+
+void ReportPage::setOutlineVisible(bool visible)
+{
+    m_outline->setVisible(visible);
+}
+
+void ReportPage::setFactsVisible(bool visible)
+{
+    m_facts->setVisible(visible);
+}
+
+QByteArray ReportPage::splitterState() const
+{
+    QByteArray state;
+    QDataStream stream(&state, QIODevice::WriteOnly);
+    stream << m_columns->saveState() << m_rows->saveState();
+    return state;
+}
+
+void ReportPage::restoreSplitters(const QByteArray &state)
+{
+    QByteArray columns;
+    QByteArray rows;
+    QDataStream stream(state);
+    stream >> columns >> rows;
+    m_columns->restoreState(columns);
+    m_rows->restoreState(rows);
+}
+
+void ReportPage::showSummary()
+{
+    m_stack->setCurrentWidget(m_summary);
+    makeCurrent(m_model->summaryIndex());
+}
+
+void ReportPage::showText()
+{
+    m_stack->setCurrentWidget(m_rows);
+    takeCaret(m_text->caret());
+}
+
+void ReportPage::chooseSection()
+{
+    SectionDialog dialog(m_shown.report.document, this);
+    if (dialog.exec() == QDialog::Accepted && dialog.section() >= 0) {
+        goToSection(dialog.section());
+        m_text->setFocus();
+    }
+}
+
+void ReportPage::nextSection()
+{
+    stepSection(1);
+}
+
+void ReportPage::previousSection()
+{
+    stepSection(-1);
+}
+
+void ReportPage::stepSection(int step)
+{
+    const int count = int(m_shown.report.document.sections().size());
+    if (count == 0)
+        return;
+    if (isShowingSummary()) {
+        goToSection(step > 0 ? 0 : count - 1);
+        return;
+    }
+    const int section = sectionAt(m_shown.report.document, m_text->caret());
+    goToSection(qBound(0, section + step, count - 1));
+}
+
+void ReportPage::goToSection(int section)
+{
+    const QModelIndex index = m_model->sectionIndex(section);
+    makeCurrent(index);
+    takeOutline(index);
+}
+
+void ReportPage::goToFact(int fact)
+{
+    const Reports::Fact &place = m_shown.report.document.facts()[std::size_t(fact)];
+    const QScopedValueRollback<bool> following(m_following, true);
+    m_stack->setCurrentWidget(m_rows);
+    m_text->showRange({place.begin, place.end});
+}
+
+void ReportPage::takeOutline(const QModelIndex &index)
+{
+    if (m_following || !index.isValid())
+        return;
+    const auto range = m_model->range(index);
+    m_stack->setCurrentWidget(range ? static_cast<QWidget *>(m_rows) : m_summary);
+    if (!range)
+        return;
+    const QScopedValueRollback<bool> following(m_following, true);
+    m_text->setCaret(range->begin);
+    m_text->scrollToTop(range->begin);
+    showScope(index);
+}
+
+void ReportPage::takeCaret(int offset)
+{
+    if (m_following)
+        return;
+    const QScopedValueRollback<bool> following(m_following, true);
+    QModelIndex index = m_model->indexAt(offset);
+    // Items become current only if the user has opened the entry around them.
+    while (index.isValid() && m_model->kind(index) == OutlineModel::Kind::Item && !m_outline->isExpanded(index.parent()))
+        index = index.parent();
+    if (index.isValid()) {
+        makeCurrent(index);
+        showScope(index);
+    }
+    const int fact = factAt(m_shown.report.document, offset);
+    if (fact >= 0)
+        m_facts->showFact(fact);
+}
+
+void ReportPage::makeCurrent(const QModelIndex &index)
+{
+    const QScopedValueRollback<bool> following(m_following, true);
+    m_outline->setCurrentIndex(index);
+    m_outline->scrollTo(index);
+}
+
+void ReportPage::showScope(const QModelIndex &index)
+{
+    const Reports::Document &document = m_shown.report.document;
+    const QString title = index.data().toString();
+    switch (m_model->kind(index)) {
+    case OutlineModel::Kind::Section: {
+        const Reports::Section &section = document.sections()[std::size_t(m_model->number(index))];
+        m_facts->setScope(section.firstFact, section.lastFact, title);
+        break;
+    }
+    case OutlineModel::Kind::Item: {
+        const Reports::Item &item = document.items()[std::size_t(m_model->number(index))];
+        m_facts->setScope(item.firstFact, item.lastFact, title);
+        break;
+    }
+    case OutlineModel::Kind::Half: {
+        const int first = m_model->number(index);
+        const int last = first + m_model->rowCount(index) - 1;
+        m_facts->setScope(document.sections()[std::size_t(first)].firstFact, document.sections()[std::size_t(last)].lastFact, title);
+        break;
+    }
+    case OutlineModel::Kind::Summary:
+        break;
+    }
+}
+
+void ReportPage::find()
+{
+    showText();
+    m_findBar->open();
+}
+
+void ReportPage::findNext()
+{
+    showText();
+    m_findBar->findNext();
+}
+
+void ReportPage::findPrevious()
+{
+    showText();
+    m_findBar->findPrevious();
+}
+
+void ReportPage::filterFacts()
+{
+    showText();
+    m_facts->show();
+    m_facts->startFiltering();
+}
+
+bool ReportPage::hasFocusIn(const QWidget *widget) const
+{
+    const QWidget *focus = QApplication::focusWidget();
+    return focus && (focus == widget || widget->isAncestorOf(focus));
+}
+
+void ReportPage::copy()
+{
+    if (isShowingSummary())
+        m_summary->copy();
+    else if (hasFocusIn(m_facts))
+        m_facts->copy();
+    else
+        copyText();
+}
+
+void ReportPage::copyText()
+{
+    const QByteArray bytes = m_text->selectedBytes();
+    if (!bytes.isEmpty())
+        QApplication::clipboard()->setMimeData(TextView::toMimeData(bytes));
+}
+
+void ReportPage::selectAll()
+{
+    if (isShowingSummary())
+        m_summary->table()->selectAll();
+    else if (hasFocusIn(m_facts))
+        m_facts->table()->selectAll();
+    else
+        m_text->selectAll();
+}
+
+void ReportPage::showContextMenu(QPoint global)
+{
+    QMenu menu(this);
+    QAction *copy = menu.addAction(tr("&Copy"), this, &ReportPage::copyText);
+    copy->setEnabled(m_text->selection().begin != m_text->selection().end);
+    menu.addAction(tr("Select &all"), m_text, &TextView::selectAll);
+    menu.addAction(tr("&Find..."), this, &ReportPage::find);
+    menu.exec(global);
+}

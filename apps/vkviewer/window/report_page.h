@@ -1,0 +1,87 @@
+// One report: its outline, its text and its facts.
+#pragma once
+
+#include "report/prepared_report.h"
+
+#include <QtWidgets/QWidget>
+
+class FactTable;
+class FindBar;
+class MessageBar;
+class OutlineModel;
+class QModelIndex;
+class QSplitter;
+class QStackedWidget;
+class QTreeView;
+class SummaryPage;
+class TextView;
+
+/// The outline, the text and the table stay in step: each follows the others.
+class ReportPage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit ReportPage(const PreparedReport &report, QWidget *parent = nullptr);
+
+    /// The report as it was loaded.
+    const PreparedReport &report() const { return m_report; }
+    /// Shows another one in its place.
+    void setReport(const PreparedReport &report);
+    /// What is not as usual with this report; shown until the user closes it.
+    void addMessages(const QStringList &messages);
+
+    TextView *textView() const { return m_text; }
+    FactTable *factTable() const { return m_facts; }
+    SummaryPage *summaryPage() const { return m_summary; }
+    QTreeView *outline() const { return m_outline; }
+    MessageBar *messageBar() const { return m_messages; }
+    bool isShowingSummary() const;
+
+    void setOutlineVisible(bool visible);
+    void setFactsVisible(bool visible);
+    QByteArray splitterState() const;
+    void restoreSplitters(const QByteArray &state);
+
+public Q_SLOTS:
+    void showSummary();
+    void showText();
+    /// Asks for a section.
+    void chooseSection();
+    void nextSection();
+    void previousSection();
+    void find();
+    void findNext();
+    void findPrevious();
+    void filterFacts();
+    /// What is selected in the part that has the focus.
+    void copy();
+    void selectAll();
+
+private:
+    void showDocument(const PreparedReport &report);
+    void goToSection(int section);
+    void goToFact(int fact);
+    void stepSection(int step);
+    void takeOutline(const QModelIndex &index);
+    void takeCaret(int offset);
+    void showScope(const QModelIndex &index);
+    void makeCurrent(const QModelIndex &index);
+    void copyText();
+    void showContextMenu(QPoint global);
+    bool hasFocusIn(const QWidget *widget) const;
+
+    PreparedReport m_report;
+    PreparedReport m_shown;
+    OutlineModel *m_model;
+    MessageBar *m_messages;
+    QTreeView *m_outline;
+    SummaryPage *m_summary;
+    TextView *m_text;
+    FindBar *m_findBar;
+    FactTable *m_facts;
+    QStackedWidget *m_stack;
+    QSplitter *m_columns;     ///< outline | text and facts
+    QSplitter *m_rows;        ///< text / facts
+    bool m_following = false; ///< one part follows another
+};
