@@ -49,12 +49,8 @@ FindBar::FindBar(TextView *view, QWidget *parent)
     connect(m_close, &QToolButton::clicked, this, &FindBar::closeBar);
     connect(m_search, &TextSearch::progressed, this, &FindBar::showProgress);
     connect(m_view, &TextView::linesChanged, this, &FindBar::restart);
-    connect(m_view, &TextView::selectionChanged, this, [this] {
-        if (m_isShowing)
-            return;
-        m_waiting = m_wrapped = false; // the user goes elsewhere
-        updateMarks();
-    });
+    connect(m_view, &TextView::selectionChanged, this, &FindBar::leaveHit);
+    connect(m_view, &TextView::caretMoved, this, &FindBar::leaveHit);
     m_edit->installEventFilter(this);
 }
 
@@ -110,6 +106,15 @@ void FindBar::hideEvent(QHideEvent *event)
     m_waiting = false;
     updateMarks();
     QWidget::hideEvent(event);
+}
+
+/// The user goes elsewhere.
+void FindBar::leaveHit()
+{
+    if (m_isShowing)
+        return;
+    m_waiting = m_wrapped = false;
+    updateMarks();
 }
 
 void FindBar::startSearch(bool showsHit)

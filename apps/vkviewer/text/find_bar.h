@@ -37,6 +37,7 @@ protected:
 
 private:
     void buildLayout();
+    void leaveHit();
     void startSearch(bool showsHit);
     void restart();
     void showProgress();

@@ -294,7 +294,8 @@ void TextView::select(int anchor, int caret)
         TextViewAccessible::caretMoved(this);
         Q_EMIT caretMoved(m_caret);
     }
-    if (selection() != before) {
+    const bool isEmpty = before.begin == before.end && anchor == caret;
+    if (selection() != before && !isEmpty) {
         TextViewAccessible::selectionChanged(this);
         Q_EMIT selectionChanged();
     }

@@ -146,6 +146,11 @@ void TextView::moveTo(int offset, bool extend)
 void TextView::moveVertically(int distance, bool extend)
 {
     const qreal x = m_wantedX >= 0 ? m_wantedX : m_layouts.layoutOf(m_caret)->xOf(m_caret);
+    const qint64 wantedRow = qint64(rows().rowAt(m_caret)) + distance;
+    if (extend && (wantedRow < 0 || wantedRow >= rows().count())) {
+        moveTo(wantedRow < 0 ? 0 : lines().text().size(), true);
+        return;
+    }
     moveTo(m_movement.vertically(m_caret, distance, x), extend);
     m_wantedX = x;
 }
