@@ -43,6 +43,7 @@ private Q_SLOTS:
     void controlCharactersAreVisible();
     void directionalOverridesHaveNoEffect();
     void rightToLeftTextIsSelectedWhereItIs();
+    void rightToLeftWindowKeepsTheLeftEdge();
     void stripShowsMarks();
     void clickOnTheStripScrolls();
     void caretIsVisibleWithFocus();
@@ -422,6 +423,8 @@ void TextViewTest::zoom()
     QTest::keyClick(&view, Qt::Key_Minus, Qt::ControlModifier);
     QTest::keyClick(&view, Qt::Key_Minus, Qt::ControlModifier);
     QCOMPARE(view.font().pointSizeF(), usual - 1);
+    QTest::keyClick(&view, Qt::Key_0, Qt::ControlModifier | Qt::AltModifier); // AltGr
+    QCOMPARE(view.font().pointSizeF(), usual - 1);
     QTest::keyClick(&view, Qt::Key_0, Qt::ControlModifier);
     QCOMPARE(view.font().pointSizeF(), usual);
     const auto turnWheel = [&view](int eighths) {
@@ -616,6 +619,19 @@ void TextViewTest::rightToLeftTextIsSelectedWhereItIs()
     QVERIFY(!hasColour(image, view.characterRect(7), background));
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, {view.characterRect(7).left() + 1, view.characterRect(7).center().y()});
     QCOMPARE(view.caret(), 9); // at the left of the letter is its end
+}
+
+void TextViewTest::rightToLeftWindowKeepsTheLeftEdge()
+{
+    TextView view;
+    view.setLayoutDirection(Qt::RightToLeft);
+    view.setLines(TextLines(QByteArray(500, 'x')));
+    show(view);
+    QVERIFY(view.horizontalScrollBar()->maximum() > 0);
+    QVERIFY(view.viewport()->rect().contains(view.characterRect(0)));
+    QCOMPARE(view.horizontalScrollBar()->layoutDirection(), Qt::LeftToRight);
+    const auto *const strip = view.findChild<MarkStrip *>();
+    QVERIFY(strip->geometry().right() <= view.viewport()->geometry().left()); // beside the scroll bar, which is at the left
 }
 
 void TextViewTest::stripShowsMarks()

@@ -30,6 +30,12 @@ QToolButton *makeButton(QWidget *parent, QStyle::StandardPixmap icon, const QStr
     return button;
 }
 
+/// Such as "3 of 17".
+QString placeText(const QString &place, const QString &total)
+{
+    return FindBar::tr("%1 of %2", "a hit and the number of hits").arg(place, total);
+}
+
 bool isOneLine(const QByteArray &text)
 {
     return !text.contains('\n') && !text.contains('\r');
@@ -65,7 +71,7 @@ void FindBar::buildLayout()
     m_count->setTextFormat(Qt::PlainText);
     m_count->setAccessibleDescription(tr("Number of hits"));
     // The buttons stay where they are while the number changes.
-    m_count->setMinimumWidth(fontMetrics().horizontalAdvance(tr("%1 of %2").arg(QStringLiteral("99,999"), QStringLiteral("99,999"))));
+    m_count->setMinimumWidth(fontMetrics().horizontalAdvance(placeText(QStringLiteral("99,999"), QStringLiteral("99,999"))));
     auto *const layout = new QHBoxLayout(this);
     layout->addWidget(label);
     layout->addWidget(m_edit, 1);
@@ -99,6 +105,12 @@ void FindBar::closeBar()
 {
     setVisible(false);
     m_view->setFocus(Qt::OtherFocusReason);
+}
+
+void FindBar::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    updateMarks();
 }
 
 void FindBar::hideEvent(QHideEvent *event)
@@ -225,7 +237,7 @@ void FindBar::updateLabel()
     else if (hits.count() == 0)
         text = m_search->isFinished() ? tr("No hits") : tr("Searching");
     else if (hits.isHit(selected))
-        text = tr("%1 of %2", "third of 17 hits: 3 of 17").arg(locale.toString(hits.countBefore(selected.begin) + 1), total);
+        text = placeText(locale.toString(hits.countBefore(selected.begin) + 1), total);
     else
         text = tr("Hits: %1").arg(total);
     if (m_wrapped)

@@ -34,6 +34,7 @@ TextView::TextView(QWidget *parent)
     viewport()->setCursor(Qt::IBeamCursor);
     viewport()->setBackgroundRole(QPalette::Base);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+    horizontalScrollBar()->setLayoutDirection(Qt::LeftToRight); // the rows begin at the left in every language
     QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     fixed.setStyleHint(QFont::TypeWriter);
     if (fixed.pointSizeF() <= 0)

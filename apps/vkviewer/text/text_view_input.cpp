@@ -122,7 +122,8 @@ bool TextView::handleMovement(QKeyEvent *event)
 
 bool TextView::handleZoom(QKeyEvent *event)
 {
-    if (!(event->modifiers() & Qt::ControlModifier))
+    // With Alt it is AltGr, which makes other characters.
+    if (!(event->modifiers() & Qt::ControlModifier) || event->modifiers() & Qt::AltModifier)
         return false;
     if (event->matches(QKeySequence::ZoomIn) || event->key() == Qt::Key_Plus || event->key() == Qt::Key_Equal)
         zoomIn();
