@@ -24,6 +24,7 @@ private Q_SLOTS:
     void selectionBecomesWanted();
     void escapeClosesAndGivesTheFocusBack();
     void closeButtonCloses();
+    void marksFollowTheBar();
     void nextWorksWhileClosed();
     void nextWithoutTextOpens();
     void findGoesOnFromTheCaret();
@@ -203,6 +204,30 @@ void FindBarTest::closeButtonCloses()
     window.click("Close the find bar");
     QVERIFY(!window.bar->isVisible());
     QCOMPARE(window.focusWidget(), window.view);
+}
+
+void FindBarTest::marksFollowTheBar()
+{
+    Window window("hit a hit");
+    const QColor background = markStyle(TextMark::Hit, window.view->palette()).background;
+    const auto marked = [&] {
+        const QImage image = window.view->viewport()->grab().toImage();
+        const QRect hit = window.view->characterRect(6);
+        for (int y = hit.top(); y <= hit.bottom(); ++y) {
+            if (image.pixelColor(hit.center().x(), y).rgb() == background.rgb())
+                return true;
+        }
+        return false;
+    };
+    QVERIFY(!marked());
+    window.bar->open();
+    window.edit->setText(QStringLiteral("hit"));
+    QVERIFY(marked());
+    window.hide(); // such as a page of a stack
+    window.show();
+    QVERIFY(marked());
+    window.bar->closeBar();
+    QVERIFY(!marked());
 }
 
 void FindBarTest::nextWorksWhileClosed()

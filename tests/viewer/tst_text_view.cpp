@@ -43,6 +43,7 @@ private Q_SLOTS:
     void controlCharactersAreVisible();
     void directionalOverridesHaveNoEffect();
     void rightToLeftTextIsSelectedWhereItIs();
+    void rightToLeftWindowKeepsTheLeftEdge();
     void stripShowsMarks();
     void clickOnTheStripScrolls();
     void caretIsVisibleWithFocus();
@@ -142,8 +143,8 @@ QByteArray firstDifference(const QByteArray &utf8, uint seed)
     edit.setTabStopDistance(8 * QFontMetricsF(view.font()).horizontalAdvance(QLatin1Char(' ')));
     const QString text = QString::fromUtf8(utf8);
     edit.setPlainText(text);
-    show(view);
-    show(edit);
+    view.resize(viewWidth, viewHeight);
+    edit.resize(viewWidth, viewHeight); // not shown: a window takes seconds under Wine
     const auto offset = [&text](int unit) { return text.left(unit).toUtf8().size(); };
     for (int i = 0; i < 300; ++i) {
         seed = seed * 1103515245 + 12345;
@@ -422,6 +423,8 @@ void TextViewTest::zoom()
     QTest::keyClick(&view, Qt::Key_Minus, Qt::ControlModifier);
     QTest::keyClick(&view, Qt::Key_Minus, Qt::ControlModifier);
     QCOMPARE(view.font().pointSizeF(), usual - 1);
+    QTest::keyClick(&view, Qt::Key_0, Qt::ControlModifier | Qt::AltModifier); // AltGr
+    QCOMPARE(view.font().pointSizeF(), usual - 1);
     QTest::keyClick(&view, Qt::Key_0, Qt::ControlModifier);
     QCOMPARE(view.font().pointSizeF(), usual);
     const auto turnWheel = [&view](int eighths) {
@@ -581,7 +584,7 @@ void TextViewTest::controlCharactersAreVisible()
     show(view);
     const QRect sign = view.characterRect(2);
     QVERIFY(sign.width() >= view.characterRect(0).width() / 2);
-    QVERIFY(hasColour(view.viewport()->grab().toImage(), sign, Qt::black) || view.characterRect(2).width() > 0);
+    QVERIFY(hasColour(view.viewport()->grab().toImage(), sign, Qt::black));
     QVERIFY(view.characterRect(2 + character.size()).left() >= sign.right() - 1);
     view.setCaret(2);
     QTest::keyClick(&view, Qt::Key_Right);
@@ -616,6 +619,19 @@ void TextViewTest::rightToLeftTextIsSelectedWhereItIs()
     QVERIFY(!hasColour(image, view.characterRect(7), background));
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, {view.characterRect(7).left() + 1, view.characterRect(7).center().y()});
     QCOMPARE(view.caret(), 9); // at the left of the letter is its end
+}
+
+void TextViewTest::rightToLeftWindowKeepsTheLeftEdge()
+{
+    TextView view;
+    view.setLayoutDirection(Qt::RightToLeft);
+    view.setLines(TextLines(QByteArray(500, 'x')));
+    show(view);
+    QVERIFY(view.horizontalScrollBar()->maximum() > 0);
+    QVERIFY(view.viewport()->rect().contains(view.characterRect(0)));
+    QCOMPARE(view.horizontalScrollBar()->layoutDirection(), Qt::LeftToRight);
+    const auto *const strip = view.findChild<MarkStrip *>();
+    QVERIFY(strip->geometry().right() <= view.viewport()->geometry().left()); // beside the scroll bar, which is at the left
 }
 
 void TextViewTest::stripShowsMarks()

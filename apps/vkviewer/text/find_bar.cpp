@@ -30,6 +30,12 @@ QToolButton *makeButton(QWidget *parent, QStyle::StandardPixmap icon, const QStr
     return button;
 }
 
+/// Such as "3 of 17".
+QString placeText(const QString &place, const QString &total)
+{
+    return FindBar::tr("%1 of %2", "a hit and the number of hits").arg(place, total);
+}
+
 bool isOneLine(const QByteArray &text)
 {
     return !text.contains('\n') && !text.contains('\r');
@@ -49,12 +55,8 @@ FindBar::FindBar(TextView *view, QWidget *parent)
     connect(m_close, &QToolButton::clicked, this, &FindBar::closeBar);
     connect(m_search, &TextSearch::progressed, this, &FindBar::showProgress);
     connect(m_view, &TextView::linesChanged, this, &FindBar::restart);
-    connect(m_view, &TextView::selectionChanged, this, [this] {
-        if (m_isShowing)
-            return;
-        m_waiting = m_wrapped = false; // the user goes elsewhere
-        updateMarks();
-    });
+    connect(m_view, &TextView::selectionChanged, this, &FindBar::leaveHit);
+    connect(m_view, &TextView::caretMoved, this, &FindBar::leaveHit);
     m_edit->installEventFilter(this);
 }
 
@@ -69,7 +71,7 @@ void FindBar::buildLayout()
     m_count->setTextFormat(Qt::PlainText);
     m_count->setAccessibleDescription(tr("Number of hits"));
     // The buttons stay where they are while the number changes.
-    m_count->setMinimumWidth(fontMetrics().horizontalAdvance(tr("%1 of %2").arg(QStringLiteral("99,999"), QStringLiteral("99,999"))));
+    m_count->setMinimumWidth(fontMetrics().horizontalAdvance(placeText(QStringLiteral("99,999"), QStringLiteral("99,999"))));
     auto *const layout = new QHBoxLayout(this);
     layout->addWidget(label);
     layout->addWidget(m_edit, 1);
@@ -105,11 +107,26 @@ void FindBar::closeBar()
     m_view->setFocus(Qt::OtherFocusReason);
 }
 
+void FindBar::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    updateMarks();
+}
+
 void FindBar::hideEvent(QHideEvent *event)
 {
     m_waiting = false;
     updateMarks();
     QWidget::hideEvent(event);
+}
+
+/// The user goes elsewhere.
+void FindBar::leaveHit()
+{
+    if (m_isShowing)
+        return;
+    m_waiting = m_wrapped = false;
+    updateMarks();
 }
 
 void FindBar::startSearch(bool showsHit)
@@ -220,7 +237,7 @@ void FindBar::updateLabel()
     else if (hits.count() == 0)
         text = m_search->isFinished() ? tr("No hits") : tr("Searching");
     else if (hits.isHit(selected))
-        text = tr("%1 of %2", "third of 17 hits: 3 of 17").arg(locale.toString(hits.countBefore(selected.begin) + 1), total);
+        text = placeText(locale.toString(hits.countBefore(selected.begin) + 1), total);
     else
         text = tr("Hits: %1").arg(total);
     if (m_wrapped)

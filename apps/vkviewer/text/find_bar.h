@@ -33,10 +33,12 @@ public Q_SLOTS:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     bool eventFilter(QObject *object, QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;
 
 private:
     void buildLayout();
+    void leaveHit();
     void startSearch(bool showsHit);
     void restart();
     void showProgress();

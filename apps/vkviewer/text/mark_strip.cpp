@@ -64,6 +64,11 @@ void MarkStrip::mouseMoveEvent(QMouseEvent *event)
         scrollTo(event->pos().y());
 }
 
+void MarkStrip::mouseReleaseEvent(QMouseEvent *event)
+{
+    event->accept();
+}
+
 void MarkStrip::scrollTo(int y)
 {
     const int shownRows = std::max(m_view->rows().count(), m_view->visibleRows());

@@ -34,6 +34,7 @@ TextView::TextView(QWidget *parent)
     viewport()->setCursor(Qt::IBeamCursor);
     viewport()->setBackgroundRole(QPalette::Base);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+    horizontalScrollBar()->setLayoutDirection(Qt::LeftToRight); // the rows begin at the left in every language
     QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     fixed.setStyleHint(QFont::TypeWriter);
     if (fixed.pointSizeF() <= 0)
@@ -294,7 +295,8 @@ void TextView::select(int anchor, int caret)
         TextViewAccessible::caretMoved(this);
         Q_EMIT caretMoved(m_caret);
     }
-    if (selection() != before) {
+    const bool isEmpty = before.begin == before.end && anchor == caret;
+    if (selection() != before && !isEmpty) {
         TextViewAccessible::selectionChanged(this);
         Q_EMIT selectionChanged();
     }

@@ -102,7 +102,6 @@ protected:
 
 private:
     friend class MarkStrip;
-    friend class TextViewAccessible;
 
     /// What a drag of the mouse selects.
     enum class Unit {
@@ -165,5 +164,4 @@ private:
 
     QBasicTimer m_blinkTimer;
     bool m_caretShown = false;
-    bool m_isRead = false; // by a screen reader
 };

@@ -7,6 +7,12 @@
 
 namespace {
 
+/// The accessible object of a view; null if nobody reads the screen.
+TextViewAccessible *reading(TextView *view)
+{
+    return QAccessible::isActive() ? dynamic_cast<TextViewAccessible *>(QAccessible::queryAccessibleInterface(view)) : nullptr;
+}
+
 QAccessibleInterface *makeInterface(const QString &, QObject *object)
 {
     auto *const view = qobject_cast<TextView *>(object);
@@ -18,15 +24,6 @@ QAccessibleInterface *makeInterface(const QString &, QObject *object)
 TextViewAccessible::TextViewAccessible(TextView *view)
     : QAccessibleWidget(view, QAccessible::EditableText)
 {
-    view->m_isRead = true;
-}
-
-/// The accessible object of a view; null if nobody reads it.
-TextViewAccessible *TextViewAccessible::reading(TextView *view)
-{
-    if (!view->m_isRead && !QAccessible::isActive())
-        return nullptr;
-    return dynamic_cast<TextViewAccessible *>(QAccessible::queryAccessibleInterface(view));
 }
 
 void TextViewAccessible::install()

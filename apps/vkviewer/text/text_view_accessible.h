@@ -17,7 +17,7 @@ public:
 
     /// Lets Qt make these objects. Can be called several times.
     static void install();
-    // What changed in a view. Does nothing before somebody reads it.
+    // What changed in a view. Does nothing if nobody reads the screen.
     static void textChanged(TextView *view);
     static void caretMoved(TextView *view);
     static void selectionChanged(TextView *view);
@@ -45,7 +45,6 @@ public:
     QString attributes(int offset, int *startOffset, int *endOffset) const override;
 
 private:
-    static TextViewAccessible *reading(TextView *view);
     TextView *view() const;
     const TextPositions &positions() const;
     int byteAt(int unit) const;

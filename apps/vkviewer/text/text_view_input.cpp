@@ -122,7 +122,8 @@ bool TextView::handleMovement(QKeyEvent *event)
 
 bool TextView::handleZoom(QKeyEvent *event)
 {
-    if (!(event->modifiers() & Qt::ControlModifier))
+    // With Alt it is AltGr, which makes other characters.
+    if (!(event->modifiers() & Qt::ControlModifier) || event->modifiers() & Qt::AltModifier)
         return false;
     if (event->matches(QKeySequence::ZoomIn) || event->key() == Qt::Key_Plus || event->key() == Qt::Key_Equal)
         zoomIn();
@@ -146,6 +147,11 @@ void TextView::moveTo(int offset, bool extend)
 void TextView::moveVertically(int distance, bool extend)
 {
     const qreal x = m_wantedX >= 0 ? m_wantedX : m_layouts.layoutOf(m_caret)->xOf(m_caret);
+    const qint64 wantedRow = qint64(rows().rowAt(m_caret)) + distance;
+    if (extend && (wantedRow < 0 || wantedRow >= rows().count())) {
+        moveTo(wantedRow < 0 ? 0 : lines().text().size(), true);
+        return;
+    }
     moveTo(m_movement.vertically(m_caret, distance, x), extend);
     m_wantedX = x;
 }
