@@ -26,6 +26,7 @@ private Q_SLOTS:
     void differencesOfPairs_data();
     void differencesOfPairs();
     void itSaysThatNothingDiffers();
+    void aSectionOfWhichOnlyTheTextDiffers();
     void everyMomentByMouse();
     void everyMomentByKeyboard();
     void nextAndPrevious();
@@ -194,6 +195,24 @@ void ComparisonViewTest::itSaysThatNothingDiffers()
     QCOMPARE(minute.text("summary"), QStringLiteral("Nothing differs. 10 values that change every moment are not shown."));
     QCOMPARE(minute.sections(), QStringList {QStringLiteral("All sections 0")});
     QCOMPARE(minute.marks(), 0);
+}
+
+void ComparisonViewTest::aSectionOfWhichOnlyTheTextDiffers()
+{
+    // The order of variables is no difference of values.
+    const QByteArray text = contents(QStringLiteral("full-disk/NEW.txt"));
+    QByteArray moved = text;
+    moved.replace("  TEMP=Z:\\Temp\n  TMP=Z:\\Temp\n", "  TMP=Z:\\Temp\n  TEMP=Z:\\Temp\n");
+    QVERIFY(moved != text);
+    ShownView shown(report(text, QStringLiteral("a")), report(moved, QStringLiteral("b")));
+    QCOMPARE(shown.text("summary"), QStringLiteral("Nothing differs. In 1 section only the text differs, such as its order."));
+    QCOMPARE(shown.sections(), (QStringList {QStringLiteral("All sections 0"), QStringLiteral("System environemnt (QProcess::systemEnvironment()) 0")}));
+    QCOMPARE(shown.marks(), 2); // removed in one place and added in the other
+    shown.clickSection(1);
+    QCOMPARE(shown.differences(), 0);
+    QCOMPARE(shown.marks(), 2);
+    shown.view.nextDifference();
+    QCOMPARE(shown.view.currentDifference(), -1);
 }
 
 void ComparisonViewTest::everyMomentByMouse()

@@ -48,6 +48,14 @@ QString ComparisonNotes::matches(int rows)
     return rows == 1 ? tr("1 row matches the filter.") : tr("%n rows match the filter.", nullptr, rows);
 }
 
+QString ComparisonNotes::onlyTexts(int sections)
+{
+    if (sections == 0)
+        return {};
+    return sections == 1 ? tr("In 1 section only the text differs, such as its order.")
+                         : tr("In %n sections only the text differs, such as its order.", nullptr, sections);
+}
+
 QString ComparisonNotes::summary(int differences, int everyMoment, bool showsEveryMoment)
 {
     const QString first = differences == 0 ? tr("Nothing differs.") : ComparisonNotes::differences(differences) + QLatin1Char('.');

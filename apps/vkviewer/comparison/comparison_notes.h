@@ -20,6 +20,8 @@ public:
     static QString differences(int count);
     /// "11 rows match the filter."
     static QString matches(int rows);
+    /// "In 2 sections only the text differs."; empty for none.
+    static QString onlyTexts(int sections);
 
     /// The report's name on one line.
     static QString name(const LoadedReport &report);

@@ -81,6 +81,7 @@ ComparisonTableView::ComparisonTableView(const std::vector<LoadedReport> &report
     m_pages->addWidget(m_message);
     m_pages->addWidget(makeTables());
     layout->addWidget(m_pages, 1);
+    setFocusProxy(m_values);
     start();
 }
 
