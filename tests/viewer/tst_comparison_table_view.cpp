@@ -128,8 +128,10 @@ void ComparisonTableViewTest::columns()
     // Reports of the same name can be told apart.
     std::vector<LoadedReport> reports = threeReports();
     reports[1].name = reports[0].name;
+    reports[1].path = QStringLiteral("/<i>tmp</i>/before");
     const ShownTable same(reports);
     QCOMPARE(same.model()->headerData(3, Qt::Horizontal).toString(), QStringLiteral("before (2)"));
+    QVERIFY(same.model()->headerData(3, Qt::Horizontal, Qt::ToolTipRole).toString().contains(QStringLiteral("&lt;i&gt;tmp&lt;")));
 }
 
 void ComparisonTableViewTest::values()

@@ -2,6 +2,8 @@
 
 #include "cell_text.h"
 
+#include <QtCore/QDir>
+
 using namespace velkor::Reports;
 
 namespace {
@@ -72,4 +74,9 @@ QString ComparisonNotes::summary(int differences, int everyMoment, bool showsEve
 QString ComparisonNotes::name(const LoadedReport &report)
 {
     return report.name.isEmpty() ? tr("report without a name") : cellText(report.name);
+}
+
+QString ComparisonNotes::place(const LoadedReport &report)
+{
+    return report.path.isEmpty() ? name(report) : QDir::toNativeSeparators(report.path);
 }

@@ -25,4 +25,6 @@ public:
 
     /// The report's name on one line.
     static QString name(const LoadedReport &report);
+    /// Where the report is, for tooltips: names of files are often equal.
+    static QString place(const LoadedReport &report);
 };

@@ -196,7 +196,10 @@ void ComparisonTableView::finish()
         m_message->setText(tr("There is not enough memory to compare these reports."));
         return;
     }
-    m_model->setTable(m_table, m_names);
+    QStringList toolTips;
+    for (const LoadedReport &report : m_reports)
+        toolTips += ComparisonNotes::place(report);
+    m_model->setTable(m_table, m_names, toolTips);
     hideColumns();
     m_pages->setCurrentIndex(ContentPage);
     updateSummary();

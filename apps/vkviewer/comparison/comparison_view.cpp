@@ -257,8 +257,8 @@ void ComparisonView::finish(std::shared_ptr<const ComparedReports> reports)
 
 void ComparisonView::updateNames()
 {
-    m_olderName->setName(ComparisonNotes::name(m_older));
-    m_newerName->setName(ComparisonNotes::name(m_newer));
+    m_olderName->setName(ComparisonNotes::name(m_older), ComparisonNotes::place(m_older));
+    m_newerName->setName(ComparisonNotes::name(m_newer), ComparisonNotes::place(m_newer));
     QStringList notes = ComparisonNotes::of(m_older) + ComparisonNotes::of(m_newer);
     notes.removeDuplicates();
     m_notes->setText(notes.join(QLatin1Char('\n')));
