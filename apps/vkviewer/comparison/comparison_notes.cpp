@@ -60,7 +60,7 @@ QString ComparisonNotes::onlyTexts(int sections)
 
 QString ComparisonNotes::summary(int differences, int everyMoment, bool showsEveryMoment)
 {
-    const QString first = differences == 0 ? tr("Nothing differs.") : ComparisonNotes::differences(differences) + QLatin1Char('.');
+    QString first = differences == 0 ? tr("Nothing differs.") : ComparisonNotes::differences(differences) + QLatin1Char('.');
     if (everyMoment == 0)
         return first;
     QString second;

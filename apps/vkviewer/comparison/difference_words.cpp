@@ -70,7 +70,7 @@ QString DifferenceWords::section(const QString &name)
     const std::vector<int> found = resolveSection(name);
     if (found.empty())
         return name;
-    const QString title = sectionTitle(found.front());
+    QString title = sectionTitle(found.front());
     for (const int row : resolveSection(title)) {
         if (row != found.front())
             return QStringLiteral("%1: %2").arg(title, name.mid(name.indexOf(QLatin1Char(':')) + 1));
