@@ -292,7 +292,10 @@ void ComparisonViewTest::nextLeavesTheChosenSection()
 void ComparisonViewTest::aChosenSection()
 {
     ShownView shown("full-disk");
-    QCOMPARE(shown.sections(), (QStringList {QStringLiteral("All sections 6"), QStringLiteral("Some environment variables 1"), QStringLiteral("Disk information 2"), QStringLiteral("QDesktopServices 1"), QStringLiteral("System environemnt (QProcess::systemEnvironment()) 2")}));
+    const QStringList sections {QStringLiteral("All sections 6"), QStringLiteral("Some environment variables 1"),
+                                QStringLiteral("Disk information 2"), QStringLiteral("QDesktopServices 1"),
+                                QStringLiteral("System environemnt (QProcess::systemEnvironment()) 2")};
+    QCOMPARE(shown.sections(), sections);
     const int all = shown.table("olderText")->model()->rowCount();
     shown.table("sections")->setFocus();
     QTest::keyClick(shown.table("sections"), Qt::Key_Down);
@@ -374,7 +377,8 @@ void ComparisonViewTest::theEndOfALongLineIsShown()
     QCOMPARE(shown.table("olderText")->horizontalScrollBar()->value(), 0);
     shown.view.nextDifference();
     QTableView *text = shown.table("olderText");
-    const int place = text->columnViewportPosition(AlignedTextModel::OlderLine) + text->fontMetrics().horizontalAdvance(QStringLiteral("  TEMP=") + QString(500, QLatin1Char('x')));
+    const QString before = QStringLiteral("  TEMP=") + QString(500, QLatin1Char('x'));
+    const int place = text->columnViewportPosition(AlignedTextModel::OlderLine) + text->fontMetrics().horizontalAdvance(before);
     QVERIFY(place > 0 && place < text->viewport()->width());
     QCOMPARE(shown.table("newerText")->horizontalScrollBar()->value(), text->horizontalScrollBar()->value());
     shown.view.previousDifference();

@@ -134,8 +134,9 @@ void AlignedTextView::showRows(LineIndexes older, LineIndexes newer)
     }
     const LineIndexes target = newerRows.size() > 0 ? newerRows : olderRows;
     QItemSelectionModel *model = m_older->selectionModel();
+    const int column = newerRows.size() > 0 ? AlignedTextModel::NewerLine : AlignedTextModel::OlderLine;
     if (target.size() > 0)
-        model->setCurrentIndex(m_model->index(target.begin, newerRows.size() > 0 ? AlignedTextModel::NewerLine : AlignedTextModel::OlderLine), QItemSelectionModel::NoUpdate);
+        model->setCurrentIndex(m_model->index(target.begin, column), QItemSelectionModel::NoUpdate);
     model->select(selection, QItemSelectionModel::ClearAndSelect);
     QScrollBar *bar = m_newer->verticalScrollBar();
     const int page = bar->pageStep();

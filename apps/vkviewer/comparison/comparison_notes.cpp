@@ -65,9 +65,11 @@ QString ComparisonNotes::summary(int differences, int everyMoment, bool showsEve
         return first;
     QString second;
     if (showsEveryMoment)
-        second = everyMoment == 1 ? tr("1 value that changes every moment differs, too.") : tr("%n values that change every moment differ, too.", nullptr, everyMoment);
+        second = everyMoment == 1 ? tr("1 value that changes every moment differs, too.")
+                                  : tr("%n values that change every moment differ, too.", nullptr, everyMoment);
     else
-        second = everyMoment == 1 ? tr("1 value that changes every moment is not shown.") : tr("%n values that change every moment are not shown.", nullptr, everyMoment);
+        second = everyMoment == 1 ? tr("1 value that changes every moment is not shown.")
+                                  : tr("%n values that change every moment are not shown.", nullptr, everyMoment);
     return first + QLatin1Char(' ') + second;
 }
 

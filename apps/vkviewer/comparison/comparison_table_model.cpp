@@ -92,7 +92,7 @@ QVariant ComparisonTableModel::data(const QModelIndex &index, int role) const
     const ComparisonRow &row = m_table->rows[std::size_t(m_rows[std::size_t(index.row())])];
     switch (role) {
     case Qt::DisplayRole:
-        return differs(row, index.column()) ? QStringLiteral("\u2260 ") + cellText(text(row, index.column())) : cellText(text(row, index.column()));
+        return (differs(row, index.column()) ? QStringLiteral("\u2260 ") : QString()) + cellText(text(row, index.column()));
     case Qt::AccessibleTextRole:
         return differs(row, index.column()) ? tr("other than the first: %1").arg(cellText(text(row, index.column()))) : QVariant();
     case Qt::ToolTipRole:
