@@ -26,6 +26,7 @@ private Q_SLOTS:
     void differencesOfPairs_data();
     void differencesOfPairs();
     void itSaysThatNothingDiffers();
+    void aSectionOfWhichOnlyTheTextDiffers();
     void everyMomentByMouse();
     void everyMomentByKeyboard();
     void nextAndPrevious();
@@ -33,7 +34,9 @@ private Q_SLOTS:
     void nextLeavesTheChosenSection();
     void aChosenSection();
     void rowsOfTheTable();
+    void anotherOrderAndManyEntries();
     void bothTextsShowTheDifference();
+    void theEndOfALongLineIsShown();
     void bothTextsScrollTogether();
     void theSwitchMarksTheText();
     void copiedRows();
@@ -194,6 +197,24 @@ void ComparisonViewTest::itSaysThatNothingDiffers()
     QCOMPARE(minute.marks(), 0);
 }
 
+void ComparisonViewTest::aSectionOfWhichOnlyTheTextDiffers()
+{
+    // The order of variables is no difference of values.
+    const QByteArray text = contents(QStringLiteral("full-disk/NEW.txt"));
+    QByteArray moved = text;
+    moved.replace("  TEMP=Z:\\Temp\n  TMP=Z:\\Temp\n", "  TMP=Z:\\Temp\n  TEMP=Z:\\Temp\n");
+    QVERIFY(moved != text);
+    ShownView shown(report(text, QStringLiteral("a")), report(moved, QStringLiteral("b")));
+    QCOMPARE(shown.text("summary"), QStringLiteral("Nothing differs. In 1 section only the text differs, such as its order."));
+    QCOMPARE(shown.sections(), (QStringList {QStringLiteral("All sections 0"), QStringLiteral("System environemnt (QProcess::systemEnvironment()) 0")}));
+    QCOMPARE(shown.marks(), 2); // removed in one place and added in the other
+    shown.clickSection(1);
+    QCOMPARE(shown.differences(), 0);
+    QCOMPARE(shown.marks(), 2);
+    shown.view.nextDifference();
+    QCOMPARE(shown.view.currentDifference(), -1);
+}
+
 void ComparisonViewTest::everyMomentByMouse()
 {
     ShownView shown("minute-apart");
@@ -271,7 +292,10 @@ void ComparisonViewTest::nextLeavesTheChosenSection()
 void ComparisonViewTest::aChosenSection()
 {
     ShownView shown("full-disk");
-    QCOMPARE(shown.sections(), (QStringList {QStringLiteral("All sections 6"), QStringLiteral("Some environment variables 1"), QStringLiteral("Disk information 2"), QStringLiteral("QDesktopServices 1"), QStringLiteral("System environemnt (QProcess::systemEnvironment()) 2")}));
+    const QStringList sections {QStringLiteral("All sections 6"), QStringLiteral("Some environment variables 1"),
+                                QStringLiteral("Disk information 2"), QStringLiteral("QDesktopServices 1"),
+                                QStringLiteral("System environemnt (QProcess::systemEnvironment()) 2")};
+    QCOMPARE(shown.sections(), sections);
     const int all = shown.table("olderText")->model()->rowCount();
     shown.table("sections")->setFocus();
     QTest::keyClick(shown.table("sections"), Qt::Key_Down);
@@ -316,6 +340,49 @@ void ComparisonViewTest::rowsOfTheTable()
         }
     }
     QVERIFY(isFound);
+}
+
+void ComparisonViewTest::anotherOrderAndManyEntries()
+{
+    QByteArray olderText = contents(QStringLiteral("full-disk/NEW.txt"));
+    QByteArray newerText = olderText;
+    QByteArray many;
+    for (int i = 1; i <= 50; ++i)
+        many += "C:\\folder" + QByteArray::number(i) + ';';
+    olderText.replace("  TEMP=Z:\\Temp", "  TEMP=C:\\one;C:\\two").replace("  TMP=Z:\\Temp", "  TMP=C:\\first;C:\\last");
+    newerText.replace("  TEMP=Z:\\Temp", "  TEMP=C:\\two;C:\\one").replace("  TMP=Z:\\Temp", "  TMP=C:\\first;" + many + "C:\\last");
+    const ShownView shown(report(olderText, QStringLiteral("a")), report(newerText, QStringLiteral("b")));
+    QCOMPARE(shown.differences(), 2);
+    QCOMPARE(shown.cell(0, DifferenceModel::Kind), QStringLiteral("\u2260 other order"));
+    QCOMPARE(shown.cell(0, DifferenceModel::Older), QStringLiteral("C:\\one;C:\\two"));
+    QCOMPARE(shown.cell(1, DifferenceModel::Older), QString());
+    QVERIFY(shown.cell(1, DifferenceModel::Newer).startsWith(QStringLiteral("C:\\folder1 | C:\\folder2 | ")));
+    const QModelIndex index = shown.table("differences")->model()->index(1, DifferenceModel::Newer);
+    QVERIFY(index.data(Qt::ToolTipRole).toString().contains(QStringLiteral("C:\\folder30\nand 20 more")));
+    // All of them are copied.
+    clickRow(shown.table("differences"), 1);
+    QTest::keySequence(shown.table("differences"), QKeySequence::Copy);
+    QVERIFY(clipboard().endsWith(QStringLiteral(" | C:\\folder49 | C:\\folder50\n")));
+}
+
+void ComparisonViewTest::theEndOfALongLineIsShown()
+{
+    QByteArray olderText = contents(QStringLiteral("full-disk/NEW.txt"));
+    QByteArray newerText = olderText;
+    olderText.replace("  TEMP=Z:\\Temp", "  TEMP=" + QByteArray(500, 'x') + "old" + QByteArray(100, 'y'));
+    newerText.replace("  TEMP=Z:\\Temp", "  TEMP=" + QByteArray(500, 'x') + "new" + QByteArray(100, 'y'));
+    newerText.replace("TEMP     = Z:\\Temp", "TEMP     = Y:\\Temp");
+    ShownView shown(report(olderText, QStringLiteral("a")), report(newerText, QStringLiteral("b")));
+    shown.view.nextDifference();
+    QCOMPARE(shown.table("olderText")->horizontalScrollBar()->value(), 0);
+    shown.view.nextDifference();
+    QTableView *text = shown.table("olderText");
+    const QString before = QStringLiteral("  TEMP=") + QString(500, QLatin1Char('x'));
+    const int place = text->columnViewportPosition(AlignedTextModel::OlderLine) + text->fontMetrics().horizontalAdvance(before);
+    QVERIFY(place > 0 && place < text->viewport()->width());
+    QCOMPARE(shown.table("newerText")->horizontalScrollBar()->value(), text->horizontalScrollBar()->value());
+    shown.view.previousDifference();
+    QCOMPARE(text->horizontalScrollBar()->value(), 0);
 }
 
 void ComparisonViewTest::bothTextsShowTheDifference()

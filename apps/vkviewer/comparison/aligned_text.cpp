@@ -55,6 +55,7 @@ private:
     static std::vector<int> textsOf(const Document &document, const std::vector<AlignedLine> &lines, LineKeys &keys)
     {
         std::vector<int> result;
+        result.reserve(lines.size());
         for (const AlignedLine &line : lines)
             result.push_back(keys.text(document, line));
         return result;
@@ -62,6 +63,7 @@ private:
     static std::vector<int> labelsOf(const Document &document, const std::vector<AlignedLine> &lines, LineKeys &keys)
     {
         std::vector<int> result;
+        result.reserve(lines.size());
         for (const AlignedLine &line : lines)
             result.push_back(keys.label(document, line));
         return result;

@@ -86,7 +86,7 @@ int AlignedTextModel::columnCount(const QModelIndex &parent) const
 
 const AlignedRow &AlignedTextModel::row(int index) const
 {
-    return m_reports->text.rows[std::size_t(m_rows.begin + index)];
+    return m_reports->text.rows[std::size_t(m_rows.begin) + std::size_t(index)];
 }
 
 LineChange AlignedTextModel::change(int index) const
@@ -135,7 +135,7 @@ QString AlignedTextModel::description(int index, bool older) const
 {
     if (isMissing(index, older))
         return tr("no such line");
-    const QString text = line(index, older);
+    QString text = line(index, older);
     switch (change(index)) {
     case LineChange::Changed:
         return tr("changed: %1").arg(text);

@@ -37,7 +37,8 @@ protected:
     }
 };
 
-constexpr int linesAround = 2; ///< a line that is shown has so many before and after it
+constexpr int charactersAfter = 8; ///< of what differs, at least so many are visible
+constexpr int linesAround = 2;     ///< a line that is shown has so many before and after it
 
 } // namespace
 
@@ -133,13 +134,28 @@ void AlignedTextView::showRows(LineIndexes older, LineIndexes newer)
     }
     const LineIndexes target = newerRows.size() > 0 ? newerRows : olderRows;
     QItemSelectionModel *model = m_older->selectionModel();
+    const int column = newerRows.size() > 0 ? AlignedTextModel::NewerLine : AlignedTextModel::OlderLine;
     if (target.size() > 0)
-        model->setCurrentIndex(m_model->index(target.begin, newerRows.size() > 0 ? AlignedTextModel::NewerLine : AlignedTextModel::OlderLine), QItemSelectionModel::NoUpdate);
+        model->setCurrentIndex(m_model->index(target.begin, column), QItemSelectionModel::NoUpdate);
     model->select(selection, QItemSelectionModel::ClearAndSelect);
     QScrollBar *bar = m_newer->verticalScrollBar();
     const int page = bar->pageStep();
     if (target.size() > 0 && (target.begin - linesAround < bar->value() || target.end + linesAround > bar->value() + page))
         bar->setValue(target.begin - std::max(0, (page - target.size()) / 2));
+    if (target.size() > 0)
+        showPart(target.begin);
+}
+
+/// Scrolls to the left or right until the beginning of what differs in this row is visible.
+void AlignedTextView::showPart(int row)
+{
+    const QModelIndex older = m_model->index(row, AlignedTextModel::OlderLine);
+    const int begin = older.data(AlignedTextModel::PartRole).value<LinePart>().begin;
+    const QString before = older.data().toString().left(begin);
+    const QFontMetrics metrics = m_older->fontMetrics();
+    const int place = m_older->columnWidth(AlignedTextModel::OlderSign) + metrics.horizontalAdvance(before);
+    const int page = m_older->viewport()->width();
+    m_newer->horizontalScrollBar()->setValue(place + metrics.averageCharWidth() * charactersAfter < page ? 0 : place - page / 2);
 }
 
 void AlignedTextView::clearSelection()

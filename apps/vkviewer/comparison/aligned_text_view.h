@@ -33,6 +33,7 @@ private:
     QTableView *makeView(bool older);
     void scrollTogether(QScrollBar *a, QScrollBar *b);
     void updateSizes();
+    void showPart(int row);
     LineIndexes shownRows(LineIndexes rows) const;
 
     AlignedTextModel *m_model;

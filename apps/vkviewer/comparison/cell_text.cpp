@@ -20,7 +20,8 @@ QString bounded(const QString &text, int most)
 
 QString oneLine(QString text)
 {
-    return text.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n')).replace(QLatin1Char('\n'), QLatin1String(" | ")).replace(QLatin1Char('\t'), QLatin1Char(' '));
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    return text.replace(QLatin1Char('\n'), QLatin1String(" | ")).replace(QLatin1Char('\t'), QLatin1Char(' '));
 }
 
 } // namespace

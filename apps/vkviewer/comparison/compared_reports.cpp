@@ -1,5 +1,6 @@
 #include "compared_reports.h"
 
+#include "difference_words.h"
 #include "pairing.h"
 
 using namespace velkor::Reports;
@@ -157,5 +158,7 @@ std::optional<ComparedReports> compareReports(const Document &older, const Docum
     const std::vector<int> newerRows = rowsOfLines(result.text, result.text.newer.size(), &AlignedRow::newer);
     for (const ChangePlace &place : lines)
         result.places.push_back({rowsFor(place.older, olderRows), rowsFor(place.newer, newerRows)});
+    for (const Change &change : result.comparison.changes)
+        result.otherOrder.push_back(DifferenceWords::isOtherOrder(change));
     return result;
 }

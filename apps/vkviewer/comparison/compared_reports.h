@@ -17,6 +17,7 @@ struct ComparedReports
 {
     velkor::Reports::Comparison comparison;
     std::vector<ChangePlace> places; ///< one for each change
+    std::vector<bool> otherOrder;    ///< one for each change: whether only the order of the entries differs
     AlignedText text;
 };
 

@@ -2,6 +2,8 @@
 
 #include "cell_text.h"
 
+#include <QtCore/QDir>
+
 using namespace velkor::Reports;
 
 namespace {
@@ -48,20 +50,35 @@ QString ComparisonNotes::matches(int rows)
     return rows == 1 ? tr("1 row matches the filter.") : tr("%n rows match the filter.", nullptr, rows);
 }
 
+QString ComparisonNotes::onlyTexts(int sections)
+{
+    if (sections == 0)
+        return {};
+    return sections == 1 ? tr("In 1 section only the text differs, such as its order.")
+                         : tr("In %n sections only the text differs, such as its order.", nullptr, sections);
+}
+
 QString ComparisonNotes::summary(int differences, int everyMoment, bool showsEveryMoment)
 {
-    const QString first = differences == 0 ? tr("Nothing differs.") : ComparisonNotes::differences(differences) + QLatin1Char('.');
+    QString first = differences == 0 ? tr("Nothing differs.") : ComparisonNotes::differences(differences) + QLatin1Char('.');
     if (everyMoment == 0)
         return first;
     QString second;
     if (showsEveryMoment)
-        second = everyMoment == 1 ? tr("1 value that changes every moment differs, too.") : tr("%n values that change every moment differ, too.", nullptr, everyMoment);
+        second = everyMoment == 1 ? tr("1 value that changes every moment differs, too.")
+                                  : tr("%n values that change every moment differ, too.", nullptr, everyMoment);
     else
-        second = everyMoment == 1 ? tr("1 value that changes every moment is not shown.") : tr("%n values that change every moment are not shown.", nullptr, everyMoment);
+        second = everyMoment == 1 ? tr("1 value that changes every moment is not shown.")
+                                  : tr("%n values that change every moment are not shown.", nullptr, everyMoment);
     return first + QLatin1Char(' ') + second;
 }
 
 QString ComparisonNotes::name(const LoadedReport &report)
 {
     return report.name.isEmpty() ? tr("report without a name") : cellText(report.name);
+}
+
+QString ComparisonNotes::place(const LoadedReport &report)
+{
+    return report.path.isEmpty() ? name(report) : QDir::toNativeSeparators(report.path);
 }

@@ -20,7 +20,11 @@ public:
     static QString differences(int count);
     /// "11 rows match the filter."
     static QString matches(int rows);
+    /// "In 2 sections only the text differs."; empty for none.
+    static QString onlyTexts(int sections);
 
     /// The report's name on one line.
     static QString name(const LoadedReport &report);
+    /// Where the report is, for tooltips: names of files are often equal.
+    static QString place(const LoadedReport &report);
 };

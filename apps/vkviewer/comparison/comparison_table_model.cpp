@@ -10,11 +10,12 @@ using namespace velkor::Reports;
 
 ComparisonTableModel::ComparisonTableModel(QObject *parent) : QAbstractTableModel(parent) { }
 
-void ComparisonTableModel::setTable(std::shared_ptr<const ComparisonTable> table, const QStringList &names)
+void ComparisonTableModel::setTable(std::shared_ptr<const ComparisonTable> table, const QStringList &names, const QStringList &toolTips)
 {
     beginResetModel();
     m_table = std::move(table);
     m_names = names;
+    m_toolTips = toolTips;
     updateRows();
     endResetModel();
 }
@@ -91,7 +92,7 @@ QVariant ComparisonTableModel::data(const QModelIndex &index, int role) const
     const ComparisonRow &row = m_table->rows[std::size_t(m_rows[std::size_t(index.row())])];
     switch (role) {
     case Qt::DisplayRole:
-        return differs(row, index.column()) ? QStringLiteral("\u2260 ") + cellText(text(row, index.column())) : cellText(text(row, index.column()));
+        return (differs(row, index.column()) ? QStringLiteral("\u2260 ") : QString()) + cellText(text(row, index.column()));
     case Qt::AccessibleTextRole:
         return differs(row, index.column()) ? tr("other than the first: %1").arg(cellText(text(row, index.column()))) : QVariant();
     case Qt::ToolTipRole:
@@ -110,7 +111,7 @@ QVariant ComparisonTableModel::headerData(int section, Qt::Orientation orientati
     if (orientation != Qt::Horizontal || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
         return {};
     if (role == Qt::ToolTipRole)
-        return section < FirstReport ? QVariant() : QVariant(cellToolTip(m_names.value(section - FirstReport)));
+        return section < FirstReport ? QVariant() : QVariant(cellToolTip(m_toolTips.value(section - FirstReport)));
     if (section == SectionTitle)
         return tr("Section");
     return section == Subject ? tr("What") : m_names.value(section - FirstReport);

@@ -22,7 +22,8 @@ public:
 
     explicit ComparisonTableModel(QObject *parent = nullptr);
 
-    void setTable(std::shared_ptr<const velkor::Reports::ComparisonTable> table, const QStringList &names);
+    /// A name and a tooltip, which is plain text, for each report.
+    void setTable(std::shared_ptr<const velkor::Reports::ComparisonTable> table, const QStringList &names, const QStringList &toolTips);
     /// The rows with this text in one of their cells, in upper or lower case; all rows for an empty one.
     void setFilter(const QString &filter);
     void setShowsEveryMoment(bool shows);
@@ -40,6 +41,7 @@ private:
 
     std::shared_ptr<const velkor::Reports::ComparisonTable> m_table;
     QStringList m_names;
+    QStringList m_toolTips;
     QString m_filter;
     std::vector<int> m_rows; ///< indexes in ComparisonTable::rows
     bool m_showsEveryMoment = false;

@@ -81,6 +81,7 @@ ComparisonTableView::ComparisonTableView(const std::vector<LoadedReport> &report
     m_pages->addWidget(m_message);
     m_pages->addWidget(makeTables());
     layout->addWidget(m_pages, 1);
+    setFocusProxy(m_values);
     start();
 }
 
@@ -195,7 +196,10 @@ void ComparisonTableView::finish()
         m_message->setText(tr("There is not enough memory to compare these reports."));
         return;
     }
-    m_model->setTable(m_table, m_names);
+    QStringList toolTips;
+    for (const LoadedReport &report : m_reports)
+        toolTips += ComparisonNotes::place(report);
+    m_model->setTable(m_table, m_names, toolTips);
     hideColumns();
     m_pages->setCurrentIndex(ContentPage);
     updateSummary();

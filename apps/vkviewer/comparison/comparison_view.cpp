@@ -91,6 +91,7 @@ ComparisonView::ComparisonView(const LoadedReport &older, const LoadedReport &ne
     m_pages->addWidget(m_message);
     m_pages->addWidget(makeContent());
     layout->addWidget(m_pages, 1);
+    setFocusProxy(m_differences);
     start();
 }
 
@@ -256,8 +257,8 @@ void ComparisonView::finish(std::shared_ptr<const ComparedReports> reports)
 
 void ComparisonView::updateNames()
 {
-    m_olderName->setName(ComparisonNotes::name(m_older));
-    m_newerName->setName(ComparisonNotes::name(m_newer));
+    m_olderName->setName(ComparisonNotes::name(m_older), ComparisonNotes::place(m_older));
+    m_newerName->setName(ComparisonNotes::name(m_newer), ComparisonNotes::place(m_newer));
     QStringList notes = ComparisonNotes::of(m_older) + ComparisonNotes::of(m_newer);
     notes.removeDuplicates();
     m_notes->setText(notes.join(QLatin1Char('\n')));
@@ -277,10 +278,17 @@ void ComparisonView::updateShown()
     }
     const int current = m_current >= 0 && isShown(changes[std::size_t(m_current)]) ? m_current : -1;
     const int everyMoment = int(std::count_if(changes.begin(), changes.end(), [](const Change &change) { return change.everyMoment; }));
-    m_summary->setText(ComparisonNotes::summary(int(changes.size()) - everyMoment, everyMoment, m_showsEveryMoment));
     m_text->setShowsEveryMoment(m_showsEveryMoment);
     const QString section = m_section;
-    m_sectionModel->setSections(sectionsThatDiffer(*m_reports, m_walk, m_showsEveryMoment));
+    const std::vector<SectionModel::Row> sections = sectionsThatDiffer(*m_reports, m_walk, m_showsEveryMoment);
+    const int onlyTexts = int(std::count_if(sections.begin(), sections.end(), [](const SectionModel::Row &row) { return row.differences == 0; }));
+    m_summary->setText(QStringLiteral("%1 %2").arg(ComparisonNotes::summary(int(changes.size()) - everyMoment, everyMoment, m_showsEveryMoment),
+                                                   ComparisonNotes::onlyTexts(onlyTexts))
+                           .trimmed());
+    QFont font = this->font();
+    font.setBold(m_reports->comparison.same());
+    m_summary->setFont(font);
+    m_sectionModel->setSections(sections);
     const int row = m_sectionModel->rowOf(section);
     chooseRow(m_sections, row); // which shows the section
     showSection(m_sectionModel->section(row));

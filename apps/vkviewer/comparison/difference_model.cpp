@@ -7,6 +7,13 @@
 
 using namespace velkor::Reports;
 
+namespace {
+
+constexpr int mostShown = 30; ///< entries of a list or facts of an item
+constexpr int mostCopied = 10000;
+
+} // namespace
+
 DifferenceModel::DifferenceModel(QObject *parent) : QAbstractTableModel(parent) { }
 
 void DifferenceModel::setReports(std::shared_ptr<const ComparedReports> reports)
@@ -45,34 +52,39 @@ int DifferenceModel::columnCount(const QModelIndex &parent) const
     return parent.isValid() ? 0 : int(ColumnCount);
 }
 
-QString DifferenceModel::text(const Change &change, int column) const
+QString DifferenceModel::text(int row, int column, int mostEntries) const
 {
+    const Change &change = this->change(row);
     switch (column) {
     case Kind:
-        return DifferenceWords::kind(change);
+        return DifferenceWords::kind(change, isOtherOrder(row));
     case SectionTitle:
         return DifferenceWords::section(change.section);
     case Subject:
         return DifferenceWords::subject(change.items, change.row);
     case Older:
-        return DifferenceWords::olderValue(change);
+        return DifferenceWords::olderValue(change, mostEntries);
     default:
-        return DifferenceWords::newerValue(change);
+        return DifferenceWords::newerValue(change, mostEntries);
     }
+}
+
+QString DifferenceModel::copied(int row, int column) const
+{
+    return column == Kind ? DifferenceWords::word(change(row), isOtherOrder(row)) : copiedText(text(row, column, mostCopied));
 }
 
 QVariant DifferenceModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid())
         return {};
-    const QString value = role == Qt::DisplayRole || role == Qt::ToolTipRole || role == CopyRole ? text(change(index.row()), index.column()) : QString();
     switch (role) {
     case Qt::DisplayRole:
-        return cellText(value);
+        return cellText(text(index.row(), index.column(), mostShown));
     case Qt::ToolTipRole:
-        return cellToolTip(value);
+        return cellToolTip(text(index.row(), index.column(), mostShown));
     case CopyRole:
-        return index.column() == Kind ? DifferenceWords::word(change(index.row())) : copiedText(value);
+        return copied(index.row(), index.column());
     default:
         return {};
     }

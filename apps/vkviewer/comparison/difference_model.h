@@ -38,7 +38,9 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
 private:
-    QString text(const velkor::Reports::Change &change, int column) const;
+    QString text(int row, int column, int mostEntries) const;
+    QString copied(int row, int column) const;
+    bool isOtherOrder(int row) const { return m_reports->otherOrder[std::size_t(changeIndex(row))]; }
 
     std::shared_ptr<const ComparedReports> m_reports;
     std::vector<int> m_shown;

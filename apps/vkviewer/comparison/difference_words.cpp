@@ -8,8 +8,6 @@ using namespace velkor::Reports;
 
 namespace {
 
-constexpr std::size_t mostFacts = 20; ///< of an item that was added or removed
-
 /// A sign and a word that translators see.
 struct Kind
 {
@@ -26,15 +24,7 @@ constexpr Kind older {0x2193, QT_TRANSLATE_NOOP("DifferenceWords", "older")};
 constexpr Kind larger {0x2191, QT_TRANSLATE_NOOP("DifferenceWords", "larger")};
 constexpr Kind smaller {0x2193, QT_TRANSLATE_NOOP("DifferenceWords", "smaller")};
 
-bool hasOtherOrder(const Change &change)
-{
-    Change alone = change;
-    alone.order = Order::Unknown;
-    alone.everyMoment = false;
-    return !noteOf(alone).isEmpty(); // nothing else is left that it notes
-}
-
-Kind kindOf(const Change &change)
+Kind kindOf(const Change &change, bool isOtherOrder)
 {
     if (change.difference != Difference::Changed)
         return change.difference == Difference::Added ? added : removed;
@@ -45,26 +35,31 @@ Kind kindOf(const Change &change)
             return isNew ? newer : older;
         return isNew ? larger : smaller;
     }
-    return hasOtherOrder(change) ? otherOrder : changed;
+    return isOtherOrder ? otherOrder : changed;
 }
 
-QString factsOf(const Change &change)
+QString joined(QStringList lines, std::size_t count)
 {
-    QStringList lines;
-    const std::vector<ItemFact> facts = factsToShow(change);
-    for (std::size_t i = 0; i < facts.size() && i < mostFacts; ++i)
-        lines += QStringLiteral("%1: %2").arg(factTitle(facts[i].row), facts[i].value);
-    if (facts.size() > mostFacts)
-        lines += DifferenceWords::tr("and %n more", nullptr, int(facts.size() - mostFacts));
+    if (count > std::size_t(lines.size()))
+        lines += DifferenceWords::tr("and %1 more").arg(count - std::size_t(lines.size()));
     return lines.join(QLatin1Char('\n'));
 }
 
-QString shownValue(const Change &change, const QString &value, const QStringList &entries)
+QString factsOf(const Change &change, int most)
+{
+    QStringList lines;
+    const std::vector<ItemFact> facts = factsToShow(change);
+    for (std::size_t i = 0; i < facts.size() && i < std::size_t(most); ++i)
+        lines += QStringLiteral("%1: %2").arg(factTitle(facts[i].row), facts[i].value);
+    return joined(lines, facts.size());
+}
+
+QString shownValue(const Change &change, const QString &value, const QStringList &entries, int most)
 {
     if (change.row < 0)
-        return factsOf(change);
+        return factsOf(change, most);
     if (showsEntries(change))
-        return entries.join(QLatin1Char('\n'));
+        return joined(entries.mid(0, most), std::size_t(entries.size()));
     return value.isEmpty() ? DifferenceWords::tr("(empty)") : value;
 }
 
@@ -75,7 +70,7 @@ QString DifferenceWords::section(const QString &name)
     const std::vector<int> found = resolveSection(name);
     if (found.empty())
         return name;
-    const QString title = sectionTitle(found.front());
+    QString title = sectionTitle(found.front());
     for (const int row : resolveSection(title)) {
         if (row != found.front())
             return QStringLiteral("%1: %2").arg(title, name.mid(name.indexOf(QLatin1Char(':')) + 1));
@@ -102,23 +97,31 @@ QString DifferenceWords::subject(const QStringList &items, int row)
     return path.isEmpty() ? title : QStringLiteral("%1 \u203a %2").arg(path, title);
 }
 
-QString DifferenceWords::kind(const Change &change)
+bool DifferenceWords::isOtherOrder(const Change &change)
 {
-    return QChar(kindOf(change).sign) + QLatin1Char(' ') + word(change);
+    Change alone = change;
+    alone.order = Order::Unknown;
+    alone.everyMoment = false;
+    return !noteOf(alone).isEmpty(); // nothing else is left to note
 }
 
-QString DifferenceWords::word(const Change &change)
+QString DifferenceWords::kind(const Change &change, bool isOtherOrder)
 {
-    const QString word = tr(kindOf(change).word);
+    return QChar(kindOf(change, isOtherOrder).sign) + QLatin1Char(' ') + word(change, isOtherOrder);
+}
+
+QString DifferenceWords::word(const Change &change, bool isOtherOrder)
+{
+    const QString word = tr(kindOf(change, isOtherOrder).word);
     return change.everyMoment ? tr("%1, every moment").arg(word) : word;
 }
 
-QString DifferenceWords::olderValue(const Change &change)
+QString DifferenceWords::olderValue(const Change &change, int mostEntries)
 {
-    return change.difference == Difference::Added ? QString() : shownValue(change, change.oldValue, change.removedEntries);
+    return change.difference == Difference::Added ? QString() : shownValue(change, change.oldValue, change.removedEntries, mostEntries);
 }
 
-QString DifferenceWords::newerValue(const Change &change)
+QString DifferenceWords::newerValue(const Change &change, int mostEntries)
 {
-    return change.difference == Difference::Removed ? QString() : shownValue(change, change.newValue, change.addedEntries);
+    return change.difference == Difference::Removed ? QString() : shownValue(change, change.newValue, change.addedEntries, mostEntries);
 }

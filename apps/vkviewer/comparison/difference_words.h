@@ -17,11 +17,13 @@ public:
     /// The item and the fact. \a row is an index in factRows(), or -1 for a whole item or section.
     static QString subject(const QStringList &items, int row);
 
-    /// A sign that needs no colour, and a word: "+ added", "↑ newer".
-    static QString kind(const velkor::Reports::Change &change);
+    /// Whether a list has the same entries in another order. Takes long for long lists.
+    static bool isOtherOrder(const velkor::Reports::Change &change);
+    /// A sign that needs no colour, and a word: "+ added", "↑ newer". \a isOtherOrder is what the function returns.
+    static QString kind(const velkor::Reports::Change &change, bool isOtherOrder);
     /// The same without the sign, which a spreadsheet would take for the beginning of a formula.
-    static QString word(const velkor::Reports::Change &change);
-    /// The value, the entries that differ, or the facts of the item.
-    static QString olderValue(const velkor::Reports::Change &change);
-    static QString newerValue(const velkor::Reports::Change &change);
+    static QString word(const velkor::Reports::Change &change, bool isOtherOrder);
+    /// The value, or at most so many of the entries that differ, or of the facts of the item.
+    static QString olderValue(const velkor::Reports::Change &change, int mostEntries);
+    static QString newerValue(const velkor::Reports::Change &change, int mostEntries);
 };

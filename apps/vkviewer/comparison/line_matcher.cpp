@@ -44,7 +44,7 @@ std::vector<LinePair> LineMatcher::match(LineIndexes older, LineIndexes newer)
         Part part = parts.back();
         parts.pop_back();
         takeEnds(part);
-        if (part.older.size() == 0 || part.newer.size() == 0 || !take(std::size_t(part.older.size() + part.newer.size())))
+        if (part.older.size() == 0 || part.newer.size() == 0 || !take(std::size_t(part.older.size()) + std::size_t(part.newer.size())))
             continue;
         count(part);
         const std::vector<LinePair> found = anchors(part);

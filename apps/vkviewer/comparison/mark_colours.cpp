@@ -23,7 +23,7 @@ int mixed(int a, int b, double share)
 
 QColor markColour(const QPalette &palette, LineChange change, bool isStrong)
 {
-    const QColor base = palette.color(QPalette::Base);
+    const QColor &base = palette.color(QPalette::Base);
     if (change == LineChange::Same)
         return base;
     const QColor hue = hueOf(change);

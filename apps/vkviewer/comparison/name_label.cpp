@@ -10,10 +10,10 @@ NameLabel::NameLabel(QWidget *parent) : QLabel(parent)
     setTextFormat(Qt::PlainText);
 }
 
-void NameLabel::setName(const QString &name)
+void NameLabel::setName(const QString &name, const QString &toolTip)
 {
     setText(cellText(name));
-    setToolTip(cellToolTip(name));
+    setToolTip(cellToolTip(toolTip));
 }
 
 QSize NameLabel::minimumSizeHint() const

@@ -3,7 +3,7 @@
 
 #include <QtWidgets/QLabel>
 
-/// Plain text with an ellipsis in the middle if it is wider than the label. The tooltip has all of it.
+/// Plain text with an ellipsis in the middle if it is wider than the label.
 class NameLabel : public QLabel
 {
     Q_OBJECT
@@ -11,7 +11,8 @@ class NameLabel : public QLabel
 public:
     explicit NameLabel(QWidget *parent = nullptr);
 
-    void setName(const QString &name);
+    /// \a toolTip is plain text, too.
+    void setName(const QString &name, const QString &toolTip);
     QSize minimumSizeHint() const override;
 
 protected:

@@ -55,7 +55,8 @@ QVariant SectionModel::data(const QModelIndex &index, int role) const
     case Qt::ToolTipRole:
         return cellToolTip(row.section.isEmpty() ? title : QStringLiteral("%1 (%2)").arg(title, row.section));
     case Qt::AccessibleTextRole:
-        return index.column() == Title ? QStringLiteral("%1, %2").arg(title, ComparisonNotes::differences(row.differences)) : QString::number(row.differences);
+        return index.column() == Title ? QStringLiteral("%1, %2").arg(title, ComparisonNotes::differences(row.differences))
+                                       : QString::number(row.differences);
     default:
         return {};
     }
