@@ -1156,7 +1156,7 @@ void VkReportRobustnessTest::progressForPrograms()
     const ProgramEnd end = runToItsEnd(reportStart(limited({noOpenGL, "--progress"}, seconds), trouble), seconds + grace + 10);
     CHECK_END(end, seconds + grace);
     QCOMPARE(end.exitCode, exitCode);
-    const QRegularExpression form(QStringLiteral("\\Avkreport: progress: (\\S+) ([0-9]+\\.[0-9]) %1\\z").arg(seconds));
+    const QRegularExpression form(QStringLiteral("\\Avkreport: progress: (\\S.*) ([0-9]+\\.[0-9]) %1\\z").arg(seconds));
     QByteArrayList other;
     QByteArrayList seenWorks;
     double last = 0;
@@ -1172,8 +1172,8 @@ void VkReportRobustnessTest::progressForPrograms()
         if (seenWorks.isEmpty() || seenWorks.constLast() != match.captured(1).toUtf8())
             seenWorks += match.captured(1).toUtf8();
     }
-    QCOMPARE(messageLines(other.join('\n')), messages);
-    QVERIFY2(last > 2, end.errors);
+    QCOMPARE(messageLines(other.join('\n')).join('\n'), messages.join('\n'));
+    QVERIFY2(last >= 2, end.errors);
     int at = -1;
     for (const QByteArray &work : works) {
         const int next = seenWorks.indexOf(work, at + 1);

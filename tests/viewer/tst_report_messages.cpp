@@ -47,10 +47,11 @@ void ReportMessagesTest::progress_data()
     row("vkreport: progress: allInfosWithoutOpenGL 37.0 2.5", QStringLiteral("The report without OpenGL"), 37, 2.5);
     row("vkreport: progress: diskInformation 1.0 0", QStringLiteral("Disk information"), 1, 0);
     row("vkreport: progress: userName 1.0 60", QStringLiteral("userName"), 1, 60);
+    row("vkreport: progress: portsFromRegistry:PARALLEL PORTS 3.0 4", QStringLiteral("Info about 'PARALLEL PORTS' ports from registry"), 3, 4);
     row("vkreport: progress: somethingNew 1.0 60", QStringLiteral("somethingNew"), 1, 60);
     row("vkreport: progress: allInfos 1.0 60\r", QStringLiteral("The whole report"), 1, 60);
     row("vkreport: progress: allInfos 1.0", QString());
-    row("vkreport: progress: allInfos 1.0 60 70", QString());
+    row("vkreport: progress: allInfos 1.0 60 seventy", QString());
     row("vkreport: progress: allInfos one 60", QString());
     row("vkreport: progress: allInfos -1 60", QString());
     row("vkreport: progress: allInfos nan 60", QString());

@@ -64,19 +64,20 @@ void ReportMessages::takeLine(const QByteArray &line)
         m_others += message;
 }
 
-/// WORK SECONDS LIMIT
+/// WORK SECONDS LIMIT. The work can contain blanks.
 bool ReportMessages::takeProgressLine(const QString &line)
 {
-    const QStringList fields = line.split(QLatin1Char(' '));
-    if (fields.size() != 3)
+    constexpr int numbers = 2;
+    QStringList fields = line.split(QLatin1Char(' '));
+    if (fields.size() <= numbers)
         return false;
     bool isSeconds = false;
     bool isLimit = false;
-    const double seconds = fields[1].toDouble(&isSeconds);
-    const double limit = fields[2].toDouble(&isLimit);
+    const double limit = fields.takeLast().toDouble(&isLimit);
+    const double seconds = fields.takeLast().toDouble(&isSeconds);
     if (!isSeconds || !isLimit || !(seconds >= 0) || !(limit >= 0))
         return false;
-    m_progress = MakingProgress {workText(fields[0]), seconds, limit};
+    m_progress = MakingProgress {workText(fields.join(QLatin1Char(' '))), seconds, limit};
     return true;
 }
 

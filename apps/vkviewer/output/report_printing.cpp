@@ -8,10 +8,15 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QStandardPaths>
 #include <QtGui/QPdfWriter>
-#include <QtPrintSupport/QPrintDialog>
 #include <QtPrintSupport/QPrinter>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QProgressDialog>
+#if QT_CONFIG(printdialog)
+#  include <QtPrintSupport/QPrintDialog>
+#else // a Qt that was built without
+#  include <QtPrintSupport/QPrinterInfo>
+#  include <QtWidgets/QInputDialog>
+#endif
 
 namespace {
 
@@ -42,6 +47,35 @@ public:
 private:
     QProgressDialog m_dialog;
 };
+
+#if QT_CONFIG(printdialog)
+
+bool choosePrinter(QPrinter &printer, QWidget *parent, QString & /*message*/)
+{
+    QPrintDialog dialog(&printer, parent);
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+    return dialog.exec() == QDialog::Accepted;
+}
+
+#else
+
+/// Prints all pages once, with the settings of the printer.
+bool choosePrinter(QPrinter &printer, QWidget *parent, QString &message)
+{
+    const QStringList names = QPrinterInfo::availablePrinterNames();
+    if (names.isEmpty()) {
+        message = translated(QT_TRANSLATE_NOOP("Output", "No printer is installed. The report can be saved as PDF."));
+        return false;
+    }
+    bool isAccepted = false;
+    const QString name = QInputDialog::getItem(parent, translated(QT_TRANSLATE_NOOP("Output", "Print")), translated(QT_TRANSLATE_NOOP("Output", "&Printer:")), names,
+                                               qMax(names.indexOf(QPrinterInfo::defaultPrinterName()), 0), false, &isAccepted);
+    if (isAccepted)
+        printer.setPrinterName(name);
+    return isAccepted;
+}
+
+#endif
 
 } // namespace
 
@@ -81,9 +115,7 @@ bool printReport(QWidget *parent, const OutputReport &report, QString &message)
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(report.name);
     printer.setPageMargins(QMarginsF(margin, margin, margin, margin), QPageLayout::Millimeter);
-    QPrintDialog dialog(&printer, parent);
-    dialog.setOption(QAbstractPrintDialog::PrintPageRange);
-    if (dialog.exec() != QDialog::Accepted)
+    if (!choosePrinter(printer, parent, message))
         return false;
     PageProgress progress(parent);
     const WriteResult result = paintReport(printer, report, {printer.fromPage(), printer.toPage()}, std::ref(progress));
