@@ -76,7 +76,8 @@ void RedactionPanelTest::init()
     m_list = m_panel->findChild<QTreeView *>();
     m_panel->resize(600, 400);
     m_panel->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_panel.get()));
+    m_panel->activateWindow(); // for keys
+    QVERIFY(QTest::qWaitForWindowActive(m_panel.get()));
     m_session->setOriginal(reportOfLindmoor());
     QVERIFY(wait());
 }
@@ -258,9 +259,7 @@ void RedactionPanelTest::undoAndRedo()
     if (byMouse) {
         click("Undo");
     } else {
-        m_panel->activateWindow();
         m_list->setFocus();
-        QVERIFY(QTest::qWaitForWindowActive(m_panel.get()));
         QTest::keyClick(m_list, Qt::Key_Z, Qt::ControlModifier);
     }
     QVERIFY(wait());
