@@ -301,7 +301,7 @@ void VkReportInputTest::wrongUsage_data()
         QTest::newRow(qPrintable(QStringLiteral("a length for %1").arg(QLatin1String(format))))
             << read + QStringList({"--max-length", "9", "--format", format})
             << QByteArray("--max-length shortens text and markdown only");
-    for (const char *option : {"no-opengl", "list-sections", "list-facts", "platform-name", "opengl-version", "bonjour", "timings"})
+    for (const char *option : {"no-opengl", "list-sections", "list-facts", "platform-name", "opengl-version", "bonjour", "timings", "progress"})
         QTest::newRow(qPrintable(QStringLiteral("--input with --%1").arg(QLatin1String(option))))
             << read + QStringList(QStringLiteral("--%1").arg(QLatin1String(option)))
             << QByteArray("--input and --") + option + " cannot be used together";

@@ -55,6 +55,8 @@ QByteArray checked(const QByteArray &text, const RedactionOptions &options = {})
         qWarning("the number of lines changed");
     else if (redact({redacted}, options).documents.front().bytes() != redacted.bytes())
         qWarning("redacting again changed the text");
+    else if (!flawOfReplacements(document, redaction).isEmpty())
+        qWarning("the places that were replaced: %s", qPrintable(flawOfReplacements(document, redaction)));
     else
         return redacted.bytes();
     return {};

@@ -1,0 +1,3 @@
+#include "report_process_system.h"
+
+void startWithoutConsole(QProcess & /*process*/) { }
