@@ -719,7 +719,7 @@ Qt %1</translation>
         <translation>Ver&amp;kleinern</translation>
     </message>
     <message>
-        <source>&amp;Usual size</source>
+        <source>Usual si&amp;ze</source>
         <translation>&amp;Übliche Größe</translation>
     </message>
     <message>

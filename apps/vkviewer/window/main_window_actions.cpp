@@ -55,7 +55,7 @@ const std::vector<MainWindow::ActionRow> &MainWindow::actionRows()
         {"hidePersonalData", Menu::View, QT_TR_NOOP("&Hide personal data"), "Ctrl+H", Needs::Nothing, &W::switchPersonalData, true, true},
         {"zoomIn", Menu::View, QT_TR_NOOP("Zoom &in"), "Ctrl++; Ctrl+=", Needs::Report, &W::zoomIn, false, false},
         {"zoomOut", Menu::View, QT_TR_NOOP("Zoom o&ut"), "Ctrl+-", Needs::Report, &W::zoomOut, false, false},
-        {"resetZoom", Menu::View, QT_TR_NOOP("&Usual size"), "Ctrl+0", Needs::Report, &W::resetZoom, false, true},
+        {"resetZoom", Menu::View, QT_TR_NOOP("Usual si&ze"), "Ctrl+0", Needs::Report, &W::resetZoom, false, true},
         {"everyMoment", Menu::View, QT_TR_NOOP("Show what changes every &moment"), "Ctrl+E", Needs::Comparison, nullptr, true, false},
         {"chooseSection", Menu::Go, QT_TR_NOOP("&Section..."), "Ctrl+G", Needs::ReportPage, &W::chooseSection, false, false},
         {"nextSection", Menu::Go, QT_TR_NOOP("&Next section"), "Alt+Down", Needs::ReportPage, &W::nextSection, false, false},

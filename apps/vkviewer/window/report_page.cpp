@@ -70,7 +70,6 @@ ReportPage::ReportPage(const PreparedReport &report, QWidget *parent)
     m_columns->setChildrenCollapsible(false);
     m_columns->setSizes({fontMetrics().averageCharWidth() * 36, fontMetrics().averageCharWidth() * 110});
     m_findBar->hide();
-    setFocusProxy(m_outline);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_messages);
@@ -114,6 +113,8 @@ void ReportPage::setReport(const PreparedReport &report)
 {
     m_report = report;
     m_messages->setMessages(stateSentences(report.report.document.states(), StateWeight::Important));
+    // A tree that gets the focus makes its first entry the current one, which is the summary.
+    setFocusProxy(report.report.isReport() ? static_cast<QWidget *>(m_outline) : m_text);
     showDocument(report);
     if (m_isRedacted)
         startRedaction();
