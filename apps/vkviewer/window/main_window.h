@@ -69,10 +69,10 @@ private:
     /// What must be there so that a command is enabled.
     enum class Needs {
         Nothing,
-        NoMaking, ///< no report is being made
+        NoMaking,       ///< no report is being made
         Tab,            ///< any tab
         Report,         ///< a tab with a report
-        Output, ///< a report that can be saved
+        Output,         ///< a report that can be saved
         ReportPage,     ///< the same, and the report has sections
         SeveralReports, ///< at least two tabs with reports
         Pair,           ///< a tab with a comparison of two
@@ -94,7 +94,7 @@ private:
     {
         bool compares = false;
         std::vector<PreparedReport> reports;
-        QStringList messages; ///< what is missing in a report that was made
+        QStringList messages;               ///< what is missing in a report that was made
         std::optional<LoadedReport> newest; ///< is compared with them
     };
 

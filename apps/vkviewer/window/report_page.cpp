@@ -108,7 +108,6 @@ void ReportPage::connectRedaction()
     connect(m_copyBar, &CopyBar::failed, this, &ReportPage::failed);
 }
 
-
 void ReportPage::setReport(const PreparedReport &report)
 {
     m_report = report;
@@ -331,6 +330,8 @@ void ReportPage::takeCaret(int offset)
         return;
     const QScopedValueRollback<bool> following(m_following, true);
     QModelIndex index = m_model->indexAt(offset);
+    if (!index.isValid() && offset == 0 && !m_shown.report.document.sections().empty())
+        index = m_model->sectionIndex(0); // the heading of the half precedes it
     // Items become current only if the user has opened the entry around them.
     while (index.isValid() && m_model->kind(index) == OutlineModel::Kind::Item && !m_outline->isExpanded(index.parent()))
         index = index.parent();

@@ -109,9 +109,9 @@ private:
     RedactionPanel *m_panel;
     CopyBar *m_copyBar;
     QStackedWidget *m_stack;
-    QSplitter *m_columns;     ///< outline | text and facts
-    QSplitter *m_lower; ///< facts | what was replaced
-    QSplitter *m_rows;        ///< text / facts
+    QSplitter *m_columns; ///< outline | text and facts
+    QSplitter *m_lower;   ///< facts | what was replaced
+    QSplitter *m_rows;    ///< text / facts
     bool m_isRedacted = false;
     bool m_isWaiting = false; ///< for the redacted text
     bool m_following = false; ///< one part follows another
