@@ -326,8 +326,7 @@ void MainWindowTest::copiesSummaryAndFacts()
     press("Ctrl+2");
     QVERIFY(!page->isShowingSummary());
     page->factTable()->table()->setFocus();
-    page->factTable()->table()->selectRow(0);
-    QVERIFY(page->factTable()->table()->hasFocus());
+    QVERIFY(page->factTable()->table()->hasFocus()); // the row of the caret is selected
     press("Ctrl+C");
     QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("MemoryLoad\t45%\n"));
 }

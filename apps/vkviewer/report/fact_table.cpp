@@ -111,8 +111,10 @@ void FactTable::showFact(int fact)
     const int row = m_model->rowOf(fact);
     if (row < 0 || m_table->currentIndex().row() == row)
         return;
-    m_table->selectRow(row);
-    m_table->scrollTo(m_model->index(row, FactModel::Name));
+    const QModelIndex index = m_model->index(row, FactModel::Name);
+    // selectRow() would take the keys into account that are down.
+    m_table->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    m_table->scrollTo(index);
 }
 
 void FactTable::applyFilter()

@@ -22,7 +22,8 @@ static void initialiseResource()
     Q_INIT_RESOURCE(translations);
 }
 #else
-static void initialiseResource() { }
+static void initialiseResource()
+{ }
 #endif
 
 void installTranslations(const QLocale &locale)

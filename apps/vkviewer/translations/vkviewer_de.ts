@@ -2,6 +2,37 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
+    <name>AliasModel</name>
+    <message>
+        <source>Environment</source>
+        <translation>Umgebung</translation>
+    </message>
+    <message>
+        <source>a value of an environment variable became its length</source>
+        <translation>der Wert einer Umgebungsvariable wurde zu seiner Länge</translation>
+    </message>
+    <message>
+        <source>Instead</source>
+        <translation>Stattdessen</translation>
+    </message>
+    <message>
+        <source>Of what</source>
+        <translation>Wovon</translation>
+    </message>
+    <message>
+        <source>Places</source>
+        <translation>Stellen</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>Warum</translation>
+    </message>
+    <message>
+        <source>Original</source>
+        <translation>Original</translation>
+    </message>
+</context>
+<context>
     <name>AlignedTextModel</name>
     <message>
         <source>no such line</source>
@@ -261,6 +292,61 @@
     <message>
         <source>%1 of %2</source>
         <translation>%1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>CopyBar</name>
+    <message>
+        <source>The whole text was copied.</source>
+        <translation>Der ganze Text wurde kopiert.</translation>
+    </message>
+    <message>
+        <source>Markdown of at most %L1 characters was copied.</source>
+        <translation>Markdown mit höchstens %L1 Zeichen wurde kopiert.</translation>
+    </message>
+    <message>
+        <source>The summary was copied.</source>
+        <translation>Die Zusammenfassung wurde kopiert.</translation>
+    </message>
+    <message>
+        <source>Names, addresses and secrets are hidden, but the report is not anonymous: its hardware, programs and dates can identify the machine.</source>
+        <translation>Namen, Adressen und Geheimnisse sind verborgen, aber der Bericht ist nicht anonym: Geräte, Programme und Daten können den Rechner erkennen lassen.</translation>
+    </message>
+    <message>
+        <source>The report contains names, addresses and all environment variables, which may hold passwords: send it only to people who need it.</source>
+        <translation>Der Bericht enthält Namen, Adressen und alle Umgebungsvariablen, in denen Kennwörter stehen können: Senden Sie ihn nur an Menschen, die ihn brauchen.</translation>
+    </message>
+    <message>
+        <source>&amp;Copy text</source>
+        <translation>Text &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>Copies the whole text of the report</source>
+        <translation>Kopiert den ganzen Text des Berichts</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Markdown</source>
+        <translation>&amp;Markdown kopieren</translation>
+    </message>
+    <message>
+        <source>Copies the report for an issue tracker</source>
+        <translation>Kopiert den Bericht für ein Fehlerverzeichnis</translation>
+    </message>
+    <message>
+        <source>Copy s&amp;ummary</source>
+        <translation>Z&amp;usammenfassung kopieren</translation>
+    </message>
+    <message>
+        <source>Copies what support asks for first</source>
+        <translation>Kopiert, wonach der Support zuerst fragt</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>&amp;Speichern ...</translation>
+    </message>
+    <message>
+        <source>Saves the report as text, JSON, web page or Markdown</source>
+        <translation>Speichert den Bericht als Text, JSON, Webseite oder Markdown</translation>
     </message>
 </context>
 <context>
@@ -774,6 +860,92 @@ Qt %1</translation>
         <source>&amp;Clear this list</source>
         <translation>Diese Liste &amp;leeren</translation>
     </message>
+    <message>
+        <source>This machine, %1</source>
+        <translation>Dieser Rechner, %1</translation>
+    </message>
+    <message>
+        <source>Save the comparison</source>
+        <translation>Vergleich speichern</translation>
+    </message>
+    <message>
+        <source>comparison.txt</source>
+        <translation>vergleich.txt</translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation>Gespeichert: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Making</name>
+    <message>
+        <source>The screens and OpenGL are not those of this machine, because its display cannot be used.</source>
+        <translation>Bildschirme und OpenGL sind nicht die dieses Rechners, denn seine Anzeige kann nicht benutzt werden.</translation>
+    </message>
+    <message>
+        <source>Starting</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>The whole report</source>
+        <translation>Der ganze Bericht</translation>
+    </message>
+    <message>
+        <source>The report without OpenGL</source>
+        <translation>Der Bericht ohne OpenGL</translation>
+    </message>
+    <message>
+        <source>%1 is missing: it did not end within %2 s.</source>
+        <translation>%1 fehlt: endete nicht innerhalb von %2 s.</translation>
+    </message>
+    <message>
+        <source>%1 is missing: it crashed after %2 s.</source>
+        <translation>%1 fehlt: stürzte nach %2 s ab.</translation>
+    </message>
+    <message>
+        <source>%1 is missing: it ended the process after %2 s.</source>
+        <translation>%1 fehlt: beendete den Prozess nach %2 s.</translation>
+    </message>
+    <message>
+        <source>%1 is missing: it could not be started.</source>
+        <translation>%1 fehlt: konnte nicht gestartet werden.</translation>
+    </message>
+    <message>
+        <source>%1 is missing: the time limit was reached before.</source>
+        <translation>%1 fehlt: die Zeit war vorher abgelaufen.</translation>
+    </message>
+    <message>
+        <source>%1 is missing: %2.</source>
+        <translation>%1 fehlt: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>MakingBar</name>
+    <message>
+        <source>%1: %2 s of at most %3 s</source>
+        <translation>%1: %2 s von höchstens %3 s</translation>
+    </message>
+    <message>
+        <source>%1: %2 s</source>
+        <translation>%1: %2 s</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message>
+        <source>Cancel making the report</source>
+        <translation>Erstellen des Berichts abbrechen</translation>
+    </message>
+    <message>
+        <source>Progress of the report</source>
+        <translation>Fortschritt des Berichts</translation>
+    </message>
+    <message>
+        <source>A report is being made</source>
+        <translation>Ein Bericht wird erstellt</translation>
+    </message>
 </context>
 <context>
     <name>MarkStrip</name>
@@ -816,6 +988,250 @@ Qt %1</translation>
     </message>
 </context>
 <context>
+    <name>Output</name>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Seite %1 von %2</translation>
+    </message>
+    <message>
+        <source>Personal data is hidden; not anonymous</source>
+        <translation>Persönliche Daten sind verborgen; nicht anonym</translation>
+    </message>
+    <message>
+        <source>Writing pages...</source>
+        <translation>Seiten werden geschrieben ...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Save as PDF</source>
+        <translation>Als PDF speichern</translation>
+    </message>
+    <message>
+        <source>PDF (*.pdf)</source>
+        <translation>PDF (*.pdf)</translation>
+    </message>
+    <message>
+        <source>Saved as %1.</source>
+        <translation>Gespeichert als %1.</translation>
+    </message>
+    <message>
+        <source>The report could not be printed.</source>
+        <translation>Der Bericht konnte nicht gedruckt werden.</translation>
+    </message>
+    <message>
+        <source>Text (*.txt)</source>
+        <translation>Text (*.txt)</translation>
+    </message>
+    <message>
+        <source>JSON (*.json)</source>
+        <translation>JSON (*.json)</translation>
+    </message>
+    <message>
+        <source>Web page (*.html)</source>
+        <translation>Webseite (*.html)</translation>
+    </message>
+    <message>
+        <source>Markdown (*.md)</source>
+        <translation>Markdown (*.md)</translation>
+    </message>
+    <message>
+        <source>it is a device or a pipe</source>
+        <translation>das ist ein Gerät oder eine Pipe</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; could not be saved: %2</source>
+        <translation>„%1“ konnte nicht gespeichert werden: %2</translation>
+    </message>
+    <message>
+        <source>Save report</source>
+        <translation>Bericht speichern</translation>
+    </message>
+</context>
+<context>
+    <name>Redaction</name>
+    <message>
+        <source>User name</source>
+        <translation>Benutzername</translation>
+    </message>
+    <message>
+        <source>Computer</source>
+        <translation>Rechner</translation>
+    </message>
+    <message>
+        <source>Domain</source>
+        <translation>Domäne</translation>
+    </message>
+    <message>
+        <source>Organisation</source>
+        <translation>Organisation</translation>
+    </message>
+    <message>
+        <source>Product ID</source>
+        <translation>Produkt-ID</translation>
+    </message>
+    <message>
+        <source>Serial number</source>
+        <translation>Seriennummer</translation>
+    </message>
+    <message>
+        <source>MAC address</source>
+        <translation>MAC-Adresse</translation>
+    </message>
+    <message>
+        <source>IP address</source>
+        <translation>IP-Adresse</translation>
+    </message>
+    <message>
+        <source>Printer</source>
+        <translation>Drucker</translation>
+    </message>
+    <message>
+        <source>Drive label</source>
+        <translation>Laufwerksbezeichnung</translation>
+    </message>
+    <message>
+        <source>Network drive</source>
+        <translation>Netzlaufwerk</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>Secret</source>
+        <translation>Geheimnis</translation>
+    </message>
+    <message>
+        <source>Hidden by hand</source>
+        <translation>Von Hand verborgen</translation>
+    </message>
+    <message>
+        <source>a fact of the report reveals it</source>
+        <translation>eine Angabe des Berichts verrät es</translation>
+    </message>
+    <message>
+        <source>it occurs elsewhere, too</source>
+        <translation>es kommt auch anderswo vor</translation>
+    </message>
+    <message>
+        <source>a path says what it is</source>
+        <translation>ein Pfad sagt, was es ist</translation>
+    </message>
+    <message>
+        <source>its form shows what it is</source>
+        <translation>seine Form zeigt, was es ist</translation>
+    </message>
+    <message>
+        <source>an environment variable holds it</source>
+        <translation>es steht in einer Umgebungsvariable</translation>
+    </message>
+    <message>
+        <source>you hid it</source>
+        <translation>Sie haben es verborgen</translation>
+    </message>
+</context>
+<context>
+    <name>RedactionPanel</name>
+    <message>
+        <source>Nothing was found that has to be hidden.</source>
+        <translation>Es wurde nichts gefunden, was zu verbergen ist.</translation>
+    </message>
+    <message>
+        <source>Hidden places: %L1. Enter goes from place to place.</source>
+        <translation>Verborgene Stellen: %L1. Eingabe geht von Stelle zu Stelle.</translation>
+    </message>
+    <message>
+        <source>Shows again what this stands for, in all places</source>
+        <translation>Zeigt an allen Stellen wieder, wofür das steht</translation>
+    </message>
+    <message>
+        <source>Looking for personal data...</source>
+        <translation>Persönliche Daten werden gesucht ...</translation>
+    </message>
+    <message>
+        <source>What is hidden in the report</source>
+        <translation>Was im Bericht verborgen ist</translation>
+    </message>
+    <message>
+        <source>&amp;Next place</source>
+        <translation>&amp;Nächste Stelle</translation>
+    </message>
+    <message>
+        <source>Shows the next place in the report (Enter)</source>
+        <translation>Zeigt die nächste Stelle im Bericht (Eingabe)</translation>
+    </message>
+    <message>
+        <source>&amp;Take back</source>
+        <translation>&amp;Zurücknehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Hide selection</source>
+        <translation>Aus&amp;wahl verbergen</translation>
+    </message>
+    <message>
+        <source>Hides the text that is selected in the report, wherever it occurs</source>
+        <translation>Verbirgt den im Bericht ausgewählten Text, wo immer er vorkommt</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>W&amp;iederholen</translation>
+    </message>
+    <message>
+        <source>Show &amp;originals</source>
+        <translation>&amp;Originale zeigen</translation>
+    </message>
+    <message>
+        <source>Shows in the list what stood in the report, apart from secrets</source>
+        <translation>Zeigt in der Liste, was im Bericht stand, außer Geheimnissen</translation>
+    </message>
+</context>
+<context>
+    <name>RedactionSession</name>
+    <message>
+        <source>Values of environment variables stay hidden: nobody knows what they hold.</source>
+        <translation>Werte von Umgebungsvariablen bleiben verborgen: niemand weiß, was darin steht.</translation>
+    </message>
+    <message>
+        <source>Secrets stay hidden.</source>
+        <translation>Geheimnisse bleiben verborgen.</translation>
+    </message>
+    <message>
+        <source>It cannot be taken back, because it goes over several lines or is too long.</source>
+        <translation>Das kann nicht zurückgenommen werden: es geht über mehrere Zeilen oder ist zu lang.</translation>
+    </message>
+    <message>
+        <source>Select a text that is to be hidden.</source>
+        <translation>Wählen Sie einen Text aus, der verborgen werden soll.</translation>
+    </message>
+    <message>
+        <source>Select a text within one line.</source>
+        <translation>Wählen Sie einen Text innerhalb einer Zeile aus.</translation>
+    </message>
+    <message>
+        <source>The selection contains %1, which is hidden already. Select what is before or after it.</source>
+        <translation>Die Auswahl enthält %1, das schon verborgen ist. Wählen Sie aus, was davor oder danach steht.</translation>
+    </message>
+    <message>
+        <source>The selection cannot be hidden: %1.</source>
+        <translation>Die Auswahl kann nicht verborgen werden: %1.</translation>
+    </message>
+    <message>
+        <source>Some places stay hidden, because a rule shows that they are personal.</source>
+        <translation>Einige Stellen bleiben verborgen, weil eine Regel sie als persönlich erkennt.</translation>
+    </message>
+    <message>
+        <source>Some places stay visible: the words of the format itself are not hidden.</source>
+        <translation>Einige Stellen bleiben sichtbar: die Wörter des Formats selbst werden nicht verborgen.</translation>
+    </message>
+</context>
+<context>
     <name>ReportLoader</name>
     <message>
         <source>There is too little memory for this report.</source>
@@ -843,6 +1259,29 @@ Qt %1</translation>
     <message>
         <source>&amp;Find...</source>
         <translation>&amp;Suchen ...</translation>
+    </message>
+</context>
+<context>
+    <name>ReportProcess</name>
+    <message>
+        <source>The report has more than 512 MByte.</source>
+        <translation>Der Bericht hat mehr als 512 MByte.</translation>
+    </message>
+    <message>
+        <source>vkreport crashed. No report could be made.</source>
+        <translation>vkreport ist abgestürzt. Es konnte kein Bericht erstellt werden.</translation>
+    </message>
+    <message>
+        <source>No report could be made.</source>
+        <translation>Es konnte kein Bericht erstellt werden.</translation>
+    </message>
+    <message>
+        <source>Parts of the report are missing.</source>
+        <translation>Teile des Berichts fehlen.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; could not be started: %2</source>
+        <translation>„%1“ konnte nicht gestartet werden: %2</translation>
     </message>
 </context>
 <context>

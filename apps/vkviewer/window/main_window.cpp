@@ -2,7 +2,11 @@
 
 #include "comparison/comparison_table_view.h"
 #include "comparison/comparison_view.h"
+#include "making/making_bar.h"
+#include "making/report_process.h"
 #include "message_bar.h"
+#include "output/report_printing.h"
+#include "output/report_saving.h"
 #include "recent_files.h"
 #include "report/fact_table.h"
 #include "report/shown_text.h"
@@ -14,7 +18,9 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
+#include <QtCore/QLocale>
 #include <QtCore/QMimeData>
+#include <QtCore/QTime>
 #include <QtCore/QTimer>
 #include <QtGui/QClipboard>
 #include <QtGui/QDragEnterEvent>
@@ -35,6 +41,7 @@ constexpr char geometryKey[] = "geometry";
 constexpr char splittersKey[] = "splitters";
 constexpr char outlineKey[] = "outline";
 constexpr char factsKey[] = "facts";
+constexpr char redactedKey[] = "hidePersonalData";
 constexpr char everyMomentKey[] = "everyMoment";
 
 QStringList localFiles(const QMimeData &data)
@@ -61,7 +68,7 @@ QString tabText(const QString &name)
 } // namespace
 
 MainWindow::MainWindow(QWidget *parent)
-    : QMainWindow(parent), m_loader(new ReportLoader(this)), m_recentFiles(new RecentFiles(this)), m_messages(new MessageBar), m_stack(new QStackedWidget), m_startPage(new StartPage(m_recentFiles)), m_tabs(new QTabWidget), m_loading(new QLabel), m_cancelLoading(new QPushButton(tr("Cancel &loading"))), m_loadingTimer(new QTimer(this))
+    : QMainWindow(parent), m_loader(new ReportLoader(this)), m_process(new ReportProcess(this)), m_recentFiles(new RecentFiles(this)), m_messages(new MessageBar), m_stack(new QStackedWidget), m_startPage(new StartPage(m_recentFiles)), m_tabs(new QTabWidget), m_loading(new QLabel), m_cancelLoading(new QPushButton(tr("Cancel &loading"))), m_loadingTimer(new QTimer(this))
 {
     setAcceptDrops(true);
     m_tabs->setDocumentMode(true);
@@ -76,6 +83,7 @@ MainWindow::MainWindow(QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_messages);
+    layout->addWidget(new MakingBar(m_process));
     layout->addWidget(m_stack, 1);
     setCentralWidget(central);
     statusBar()->addWidget(m_loading, 1);
@@ -102,6 +110,12 @@ MainWindow::MainWindow(QWidget *parent)
         m_requests.clear();
         m_loader->cancel();
     });
+    connect(m_process, &ReportProcess::started, this, &MainWindow::updateActions);
+    connect(m_process, &ReportProcess::finished, this, &MainWindow::takeMade);
+    connect(m_process, &ReportProcess::failed, this, [this](const QString &message) {
+        updateActions();
+        takeFailure(message);
+    });
     restoreSettings();
     takeCurrentTab();
 }
@@ -109,6 +123,7 @@ MainWindow::MainWindow(QWidget *parent)
 MainWindow::~MainWindow()
 {
     // Their signals would reach a window that is half destroyed.
+    disconnect(m_process, nullptr, this, nullptr);
     disconnect(m_loader, nullptr, this, nullptr);
     disconnect(m_tabs, nullptr, this, nullptr);
 }
@@ -122,6 +137,7 @@ void MainWindow::restoreSettings()
     m_splitters = WindowSettings::bytes(splittersKey);
     actionNamed("outline")->setChecked(WindowSettings::isOn(outlineKey, true));
     actionNamed("facts")->setChecked(WindowSettings::isOn(factsKey, true));
+    actionNamed("hidePersonalData")->setChecked(WindowSettings::isOn(redactedKey, false));
     actionNamed("everyMoment")->setChecked(WindowSettings::isOn(everyMomentKey, false));
 }
 
@@ -132,6 +148,7 @@ void MainWindow::saveSettings() const
     WindowSettings::setBytes(splittersKey, page ? page->splitterState() : m_splitters);
     WindowSettings::setOn(outlineKey, actionNamed("outline")->isChecked());
     WindowSettings::setOn(factsKey, actionNamed("facts")->isChecked());
+    WindowSettings::setOn(redactedKey, actionNamed("hidePersonalData")->isChecked());
     WindowSettings::setOn(everyMomentKey, actionNamed("everyMoment")->isChecked());
 }
 
@@ -171,10 +188,14 @@ bool MainWindow::isGiven(Needs needs) const
     switch (needs) {
     case Needs::Nothing:
         return true;
+    case Needs::NoMaking:
+        return !m_process->isRunning();
     case Needs::Tab:
         return m_tabs->count() > 0;
     case Needs::Report:
         return reportPage() != nullptr;
+    case Needs::Output:
+        return reportPage() && reportPage()->output();
     case Needs::ReportPage:
         return reportPage() && reportPage()->report().report.isReport();
     case Needs::SeveralReports:
@@ -272,12 +293,13 @@ void MainWindow::takeReport(int request, const PreparedReport &report)
     if (wanted.compares)
         wanted.reports.push_back(report);
     else
-        showReport(report);
+        showReport(report, wanted.messages);
 }
 
 void MainWindow::takeFailure(const QString &message)
 {
-    m_messages->addMessage(message);
+    if (!message.isEmpty())
+        m_messages->addMessage(message);
 }
 
 void MainWindow::takeEnd(int request)
@@ -292,7 +314,7 @@ void MainWindow::takeEnd(int request)
     if (reports.size() > 1)
         compare(reports);
     else if (!done.reports.empty()) // the others could not be read
-        showReport(done.reports.front());
+        showReport(done.reports.front(), {});
 }
 
 void MainWindow::showLoading()
@@ -311,7 +333,7 @@ void MainWindow::showLoading()
 // ---------------------------------------------------------------------------------------------
 // Tabs
 
-void MainWindow::showReport(const PreparedReport &report)
+void MainWindow::showReport(const PreparedReport &report, const QStringList &messages)
 {
     for (ReportPage *page : reportPages()) { // a file that is open already is read again
         if (!report.report.path.isEmpty() && page->report().report.path == report.report.path) {
@@ -321,6 +343,10 @@ void MainWindow::showReport(const PreparedReport &report)
         }
     }
     auto *page = new ReportPage(report);
+    page->addMessages(messages);
+    connect(page, &ReportPage::outputChanged, this, &MainWindow::updateActions);
+    connect(page, &ReportPage::done, this, &MainWindow::tell);
+    connect(page, &ReportPage::failed, this, &MainWindow::takeFailure);
     const QByteArray splitters = reportPage() ? reportPage()->splitterState() : m_splitters;
     if (!splitters.isEmpty())
         page->restoreSplitters(splitters);
@@ -358,9 +384,9 @@ void MainWindow::takeCurrentTab()
 {
     const bool isEmpty = m_tabs->count() == 0;
     m_stack->setCurrentWidget(isEmpty ? static_cast<QWidget *>(m_startPage) : m_tabs);
-    m_startPage->setCanMake(isGiven(Needs::Absent));
     const QString name = isEmpty ? QString() : lineText(m_tabs->tabText(m_tabs->currentIndex()).replace(QLatin1String("&&"), QLatin1String("&")));
     setWindowTitle(isEmpty ? tr("System reports") : tr("%1 - System reports").arg(name));
+    switchPersonalData();
     updateActions();
 }
 
@@ -470,15 +496,80 @@ void MainWindow::previousSection()
 // ---------------------------------------------------------------------------------------------
 // Making, hiding, comparing, saving
 
-void MainWindow::makeReport() { }
+void MainWindow::makeReport()
+{
+    m_process->start(false);
+}
 
-void MainWindow::switchPersonalData() { }
+void MainWindow::takeMade(const QByteArray &report, const QStringList &missing)
+{
+    const QString time = QLocale().toString(QTime::currentTime(), QLocale::ShortFormat);
+    const int request = load({ReportLoader::Bytes {report, tr("This machine, %1").arg(time)}}, false);
+    m_requests[request].messages = missing;
+    updateActions();
+}
 
-void MainWindow::saveAs() { }
+/// Reports in other tabs follow when their tab is chosen: it takes a second for a large one.
+void MainWindow::switchPersonalData()
+{
+    if (ReportPage *page = reportPage())
+        page->setRedacted(actionNamed("hidePersonalData")->isChecked());
+}
 
-void MainWindow::print() { }
+void MainWindow::tell(const QString &message)
+{
+    constexpr int time = 5000; // milliseconds
+    statusBar()->show();
+    statusBar()->showMessage(lineText(message), time);
+}
 
-void MainWindow::exportPdf() { }
+void MainWindow::saveAs()
+{
+    QString message;
+    if (!reportPage())
+        saveComparison();
+    else if (const auto report = reportPage()->output())
+        saveReport(this, *report, message) == SaveResult::Failed ? takeFailure(message) : tell(message);
+}
+
+void MainWindow::print()
+{
+    QString message;
+    const bool isPrinted = printReport(this, *reportPage()->output(), message);
+    isPrinted ? tell(message) : takeFailure(message);
+}
+
+void MainWindow::exportPdf()
+{
+    QString message;
+    const bool isWritten = ::exportPdf(this, *reportPage()->output(), message);
+    isWritten ? tell(message) : takeFailure(message);
+}
+
+QByteArray MainWindow::exportedComparison(ComparisonForm form) const
+{
+    if (const ComparisonView *pair = comparisonView())
+        return pair->exported(form);
+    return comparisonTableView() ? comparisonTableView()->exported(form) : QByteArray();
+}
+
+void MainWindow::saveComparison()
+{
+    const QStringList filters = saveFilters();
+    QString filter;
+    QString file = QFileDialog::getSaveFileName(this, tr("Save the comparison"), tr("comparison.txt"), filters.join(QLatin1String(";;")), &filter);
+    if (file.isEmpty())
+        return;
+    const OutputFormat format = formatOfFile(file, formatOfFilter(filter));
+    if (QFileInfo(file).suffix().isEmpty())
+        file += suffixOf(format);
+    const std::map<OutputFormat, ComparisonForm> forms = {{OutputFormat::Text, ComparisonForm::Text}, {OutputFormat::Json, ComparisonForm::Json}, {OutputFormat::Html, ComparisonForm::Html}, {OutputFormat::Markdown, ComparisonForm::Markdown}};
+    QString error;
+    if (saveBytes(exportedComparison(forms.at(format)), file, error))
+        tell(tr("Saved: %1").arg(QDir::toNativeSeparators(file)));
+    else
+        takeFailure(error);
+}
 
 void MainWindow::compareWith()
 {

@@ -1,6 +1,7 @@
 // The window: reports in tabs, menus, files.
 #pragma once
 
+#include "comparison/comparison_form.h"
 #include "report/prepared_report.h"
 #include "report/report_loader.h"
 
@@ -8,6 +9,7 @@
 #include <QtWidgets/QMainWindow>
 #include <map>
 
+class MakingBar;
 class MessageBar;
 class QMimeData;
 class QLabel;
@@ -19,6 +21,7 @@ class RecentFiles;
 class ComparisonTableView;
 class ComparisonView;
 class ReportPage;
+class ReportProcess;
 class StartPage;
 
 class MainWindow : public QMainWindow
@@ -47,6 +50,7 @@ public:
     const QList<QAction *> &actionList() const { return m_actionList; }
     QAction *actionNamed(const char *name) const;
     MessageBar *messageBar() const { return m_messages; }
+    ReportProcess *reportProcess() const { return m_process; }
     bool isLoading() const { return m_loader->isLoading(); }
 
 protected:
@@ -65,8 +69,10 @@ private:
     /// What must be there so that a command is enabled.
     enum class Needs {
         Nothing,
+        NoMaking,       ///< no report is being made
         Tab,            ///< any tab
         Report,         ///< a tab with a report
+        Output,         ///< a report that can be saved
         ReportPage,     ///< the same, and the report has sections
         SeveralReports, ///< at least two tabs with reports
         Pair,           ///< a tab with a comparison of two
@@ -88,6 +94,7 @@ private:
     {
         bool compares = false;
         std::vector<PreparedReport> reports;
+        QStringList messages;               ///< what is missing in a report that was made
         std::optional<LoadedReport> newest; ///< is compared with them
     };
 
@@ -141,7 +148,11 @@ private:
     void takeFailure(const QString &message);
     void takeEnd(int request);
     void showLoading();
-    void showReport(const PreparedReport &report);
+    void showReport(const PreparedReport &report, const QStringList &messages);
+    void takeMade(const QByteArray &report, const QStringList &missing);
+    void saveComparison();
+    void tell(const QString &message);
+    QByteArray exportedComparison(ComparisonForm form) const;
     void compare(const std::vector<LoadedReport> &reports);
     template <class View>
     void showComparison(View *view, const std::vector<LoadedReport> &reports);
@@ -151,6 +162,7 @@ private:
     void openMimeData(const QMimeData &data, const QString &name);
 
     ReportLoader *m_loader;
+    ReportProcess *m_process;
     RecentFiles *m_recentFiles;
     MessageBar *m_messages;
     QStackedWidget *m_stack;

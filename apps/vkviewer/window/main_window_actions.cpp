@@ -33,14 +33,14 @@ const std::vector<MainWindow::ActionRow> &MainWindow::actionRows()
 {
     using W = MainWindow;
     static const std::vector<ActionRow> rows = {
-        {"newReport", Menu::File, QT_TR_NOOP("&New report of this machine"), "Ctrl+N", Needs::Absent, &W::makeReport, false, false},
+        {"newReport", Menu::File, QT_TR_NOOP("&New report of this machine"), "Ctrl+N", Needs::NoMaking, &W::makeReport, false, false},
         {"open", Menu::File, QT_TR_NOOP("&Open..."), "Ctrl+O", Needs::Nothing, &W::open, false, false},
         {"openFromClipboard", Menu::File, QT_TR_NOOP("Open from c&lipboard"), "Ctrl+Shift+V", Needs::Nothing, &W::openFromClipboard, false, true},
         {"compareWith", Menu::File, QT_TR_NOOP("&Compare with..."), "Ctrl+D", Needs::Report, &W::compareWith, false, false},
         {"compareOpenReports", Menu::File, QT_TR_NOOP("Compare open &reports"), "Ctrl+Shift+D", Needs::SeveralReports, &W::compareOpenReports, false, true},
-        {"saveAs", Menu::File, QT_TR_NOOP("&Save as..."), "Ctrl+S", Needs::Absent, &W::saveAs, false, false},
-        {"print", Menu::File, QT_TR_NOOP("&Print..."), "Ctrl+P", Needs::Absent, &W::print, false, false},
-        {"exportPdf", Menu::File, QT_TR_NOOP("Save as P&DF..."), "Ctrl+Shift+P", Needs::Absent, &W::exportPdf, false, true},
+        {"saveAs", Menu::File, QT_TR_NOOP("&Save as..."), "Ctrl+S", Needs::Tab, &W::saveAs, false, false},
+        {"print", Menu::File, QT_TR_NOOP("&Print..."), "Ctrl+P", Needs::Output, &W::print, false, false},
+        {"exportPdf", Menu::File, QT_TR_NOOP("Save as P&DF..."), "Ctrl+Shift+P", Needs::Output, &W::exportPdf, false, true},
         {"closeTab", Menu::File, QT_TR_NOOP("Close &tab"), "Ctrl+W", Needs::Tab, &W::closeTab, false, false},
         {"copy", Menu::Edit, QT_TR_NOOP("&Copy"), "Ctrl+C", Needs::Tab, &W::copy, false, false},
         {"selectAll", Menu::Edit, QT_TR_NOOP("Select &all"), "Ctrl+A", Needs::Report, &W::selectAll, false, true},
@@ -52,7 +52,7 @@ const std::vector<MainWindow::ActionRow> &MainWindow::actionRows()
         {"showText", Menu::View, QT_TR_NOOP("&Text"), "Ctrl+2", Needs::Report, &W::showText, false, true},
         {"outline", Menu::View, QT_TR_NOOP("&Outline"), "Ctrl+3", Needs::Nothing, &W::switchOutline, true, false},
         {"facts", Menu::View, QT_TR_NOOP("&Facts"), "Ctrl+4", Needs::Nothing, &W::switchFacts, true, true},
-        {"hidePersonalData", Menu::View, QT_TR_NOOP("&Hide personal data"), "Ctrl+H", Needs::Absent, &W::switchPersonalData, true, true},
+        {"hidePersonalData", Menu::View, QT_TR_NOOP("&Hide personal data"), "Ctrl+H", Needs::Nothing, &W::switchPersonalData, true, true},
         {"zoomIn", Menu::View, QT_TR_NOOP("Zoom &in"), "Ctrl++; Ctrl+=", Needs::Report, &W::zoomIn, false, false},
         {"zoomOut", Menu::View, QT_TR_NOOP("Zoom o&ut"), "Ctrl+-", Needs::Report, &W::zoomOut, false, false},
         {"resetZoom", Menu::View, QT_TR_NOOP("Usual si&ze"), "Ctrl+0", Needs::Report, &W::resetZoom, false, true},

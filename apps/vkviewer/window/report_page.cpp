@@ -1,6 +1,9 @@
 #include "report_page.h"
 
 #include "message_bar.h"
+#include "redaction/copy_bar.h"
+#include "redaction/redaction_panel.h"
+#include "redaction/redaction_session.h"
 #include "report/fact_meaning.h"
 #include "report/fact_table.h"
 #include "report/outline_model.h"
@@ -42,7 +45,7 @@ QWidget *inColumn(QWidget *first, QWidget *second)
 } // namespace
 
 ReportPage::ReportPage(const PreparedReport &report, QWidget *parent)
-    : QWidget(parent), m_model(new OutlineModel(this)), m_messages(new MessageBar), m_outline(new QTreeView), m_summary(new SummaryPage), m_text(new TextView), m_findBar(new FindBar(m_text)), m_facts(new FactTable), m_stack(new QStackedWidget), m_columns(new QSplitter(Qt::Horizontal)), m_rows(new QSplitter(Qt::Vertical))
+    : QWidget(parent), m_model(new OutlineModel(this)), m_messages(new MessageBar), m_outline(new QTreeView), m_summary(new SummaryPage), m_text(new TextView), m_findBar(new FindBar(m_text)), m_facts(new FactTable), m_session(new RedactionSession(this)), m_panel(new RedactionPanel(m_session)), m_copyBar(new CopyBar), m_stack(new QStackedWidget), m_columns(new QSplitter(Qt::Horizontal)), m_lower(new QSplitter(Qt::Horizontal)), m_rows(new QSplitter(Qt::Vertical))
 {
     m_outline->setModel(m_model);
     m_outline->setHeaderHidden(true);
@@ -51,7 +54,11 @@ ReportPage::ReportPage(const PreparedReport &report, QWidget *parent)
     m_text->setAccessibleName(tr("Text of the report"));
     m_text->setHoverText([this](int offset) { return meaningAt(m_shown.report.document, offset); });
     m_rows->addWidget(inColumn(m_text, m_findBar));
-    m_rows->addWidget(m_facts);
+    m_lower->addWidget(m_facts);
+    m_lower->addWidget(m_panel);
+    m_lower->setChildrenCollapsible(false);
+    m_panel->hide();
+    m_rows->addWidget(m_lower);
     m_rows->setStretchFactor(0, 3);
     m_rows->setStretchFactor(1, 1);
     m_rows->setChildrenCollapsible(false);
@@ -67,6 +74,7 @@ ReportPage::ReportPage(const PreparedReport &report, QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_messages);
     layout->addWidget(m_columns, 1);
+    layout->addWidget(m_copyBar);
 
     connect(m_outline->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex &index) { takeOutline(index); });
     // A click on the current entry goes there again.
@@ -79,7 +87,25 @@ ReportPage::ReportPage(const PreparedReport &report, QWidget *parent)
     connect(m_text, &TextView::copyRequested, this, &ReportPage::copyText);
     connect(m_text, &TextView::contextMenuRequested, this, [this](QPoint global) { showContextMenu(global); });
     connect(m_facts, &FactTable::factChosen, this, &ReportPage::goToFact);
+    connectRedaction();
     setReport(report);
+}
+
+void ReportPage::connectRedaction()
+{
+    connect(m_session, &RedactionSession::redacted, this, &ReportPage::showRedacted);
+    connect(m_session, &RedactionSession::failed, m_panel, &RedactionPanel::showMessage);
+    connect(m_panel, &RedactionPanel::placeChosen, this, [this](int begin, int end) {
+        m_stack->setCurrentWidget(m_rows);
+        m_text->showRange({begin, end});
+    });
+    connect(m_text, &TextView::selectionChanged, this, [this] {
+        constexpr int longest = 1024; // bytes; more cannot be an entry
+        const TextRange range = m_text->selection();
+        m_panel->setSelectedText(m_isRedacted && range.end - range.begin <= longest ? m_text->selectedBytes() : QByteArray());
+    });
+    connect(m_copyBar, &CopyBar::done, this, &ReportPage::done);
+    connect(m_copyBar, &CopyBar::failed, this, &ReportPage::failed);
 }
 
 void ReportPage::setReport(const PreparedReport &report)
@@ -89,6 +115,10 @@ void ReportPage::setReport(const PreparedReport &report)
     // A tree that gets the focus makes its first entry the current one, which is the summary.
     setFocusProxy(report.report.isReport() ? static_cast<QWidget *>(m_outline) : m_text);
     showDocument(report);
+    if (m_isRedacted)
+        startRedaction();
+    else
+        updateOutput();
     if (report.report.isReport())
         showSummary();
     else
@@ -112,6 +142,80 @@ void ReportPage::showDocument(const PreparedReport &report)
         m_outline->expand(m_model->index(row, 0));
 }
 
+void ReportPage::setRedacted(bool redacted)
+{
+    if (redacted == m_isRedacted)
+        return;
+    m_isRedacted = redacted;
+    m_panel->setVisible(redacted);
+    if (redacted) {
+        startRedaction();
+        return;
+    }
+    m_isWaiting = false;
+    replaceDocument(m_report);
+    updateOutput();
+}
+
+/// Until the redacted text is there nothing can be copied.
+void ReportPage::startRedaction()
+{
+    const Reports::Document &original = m_report.report.document;
+    m_isWaiting = true;
+    updateOutput();
+    if (&m_session->original().data() != &original.data())
+        m_session->setOriginal(original);
+    else if (!m_session->isBusy()) // with what the user decided before
+        showRedacted(m_session->report());
+}
+
+void ReportPage::showRedacted(const RedactedReport &report)
+{
+    if (!m_isRedacted)
+        return;
+    m_isWaiting = false;
+    replaceDocument(PreparedReport::of({m_report.report.name, m_report.report.path, report.document()}));
+    std::vector<TextRange> places;
+    for (const RedactedReport::Replacement &replacement : report.replacements()) {
+        if (replacement.begin < replacement.end)
+            places.push_back({replacement.begin, replacement.end});
+    }
+    m_text->setMarks(TextMark::Replacement, std::move(places));
+    updateOutput();
+}
+
+/// The other text has the same lines: the caret stays in its line.
+void ReportPage::replaceDocument(const PreparedReport &report)
+{
+    const bool wasSummary = isShowingSummary();
+    const int line = m_text->lines().lineAt(m_text->caret());
+    showDocument(report);
+    m_text->setCaret(report.lines.line(qMin(line, report.lines.count() - 1)).begin);
+    if (wasSummary)
+        showSummary();
+    else
+        showText();
+}
+
+std::optional<OutputReport> ReportPage::output() const
+{
+    if (m_isWaiting)
+        return std::nullopt;
+    if (!m_isRedacted)
+        return OutputReport {m_report.report.name, m_report.report.document, nullptr};
+    const RedactedReport &report = m_session->report();
+    return OutputReport {m_report.report.name, report.document(), std::make_shared<const Reports::Redaction>(report.redaction())};
+}
+
+void ReportPage::updateOutput()
+{
+    if (const auto report = output())
+        m_copyBar->setReport(*report);
+    else
+        m_copyBar->clear();
+    Q_EMIT outputChanged();
+}
+
 bool ReportPage::isShowingSummary() const
 {
     return m_stack->currentWidget() == m_summary;
@@ -131,7 +235,7 @@ QByteArray ReportPage::splitterState() const
 {
     QByteArray state;
     QDataStream stream(&state, QIODevice::WriteOnly);
-    stream << m_columns->saveState() << m_rows->saveState();
+    stream << m_columns->saveState() << m_rows->saveState() << m_lower->saveState();
     return state;
 }
 
@@ -140,7 +244,9 @@ void ReportPage::restoreSplitters(const QByteArray &state)
     QByteArray columns;
     QByteArray rows;
     QDataStream stream(state);
-    stream >> columns >> rows;
+    QByteArray lower;
+    stream >> columns >> rows >> lower;
+    m_lower->restoreState(lower);
     m_columns->restoreState(columns);
     m_rows->restoreState(rows);
 }
@@ -224,6 +330,8 @@ void ReportPage::takeCaret(int offset)
         return;
     const QScopedValueRollback<bool> following(m_following, true);
     QModelIndex index = m_model->indexAt(offset);
+    if (!index.isValid() && offset == 0 && !m_shown.report.document.sections().empty())
+        index = m_model->sectionIndex(0); // the heading of the half precedes it
     // Items become current only if the user has opened the entry around them.
     while (index.isValid() && m_model->kind(index) == OutlineModel::Kind::Item && !m_outline->isExpanded(index.parent()))
         index = index.parent();
@@ -302,6 +410,8 @@ bool ReportPage::hasFocusIn(const QWidget *widget) const
 
 void ReportPage::copy()
 {
+    if (m_isWaiting)
+        return;
     if (isShowingSummary())
         m_summary->copy();
     else if (hasFocusIn(m_facts))
@@ -312,6 +422,8 @@ void ReportPage::copy()
 
 void ReportPage::copyText()
 {
+    if (m_isWaiting)
+        return;
     const QByteArray bytes = m_text->selectedBytes();
     if (!bytes.isEmpty())
         QApplication::clipboard()->setMimeData(TextView::toMimeData(bytes));

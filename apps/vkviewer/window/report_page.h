@@ -1,10 +1,12 @@
 // One report: its outline, its text and its facts.
 #pragma once
 
+#include "output/output_report.h"
 #include "report/prepared_report.h"
 
 #include <QtWidgets/QWidget>
 
+class CopyBar;
 class FactTable;
 class FindBar;
 class MessageBar;
@@ -12,6 +14,9 @@ class OutlineModel;
 class QModelIndex;
 class QSplitter;
 class QStackedWidget;
+class RedactedReport;
+class RedactionPanel;
+class RedactionSession;
 class QTreeView;
 class SummaryPage;
 class TextView;
@@ -31,17 +36,32 @@ public:
     /// What is not as usual with this report; shown until the user closes it.
     void addMessages(const QStringList &messages);
 
+    /// Whether names, addresses and secrets are hidden. What is shown is then another text with the same lines.
+    void setRedacted(bool redacted);
+    bool isRedacted() const { return m_isRedacted; }
+    /// What is shown, for files and paper; nothing while personal data are being hidden.
+    std::optional<OutputReport> output() const;
+
     TextView *textView() const { return m_text; }
     FactTable *factTable() const { return m_facts; }
     SummaryPage *summaryPage() const { return m_summary; }
     QTreeView *outline() const { return m_outline; }
     MessageBar *messageBar() const { return m_messages; }
+    RedactionPanel *redactionPanel() const { return m_panel; }
+    CopyBar *copyBar() const { return m_copyBar; }
     bool isShowingSummary() const;
 
     void setOutlineVisible(bool visible);
     void setFactsVisible(bool visible);
     QByteArray splitterState() const;
     void restoreSplitters(const QByteArray &state);
+
+Q_SIGNALS:
+    /// output() has something else.
+    void outputChanged();
+    /// What was copied or saved, for the status bar.
+    void done(const QString &message);
+    void failed(const QString &message);
 
 public Q_SLOTS:
     void showSummary();
@@ -60,6 +80,11 @@ public Q_SLOTS:
 
 private:
     void showDocument(const PreparedReport &report);
+    void replaceDocument(const PreparedReport &report);
+    void startRedaction();
+    void showRedacted(const RedactedReport &report);
+    void updateOutput();
+    void connectRedaction();
     void goToSection(int section);
     void goToFact(int fact);
     void stepSection(int step);
@@ -80,8 +105,14 @@ private:
     TextView *m_text;
     FindBar *m_findBar;
     FactTable *m_facts;
+    RedactionSession *m_session;
+    RedactionPanel *m_panel;
+    CopyBar *m_copyBar;
     QStackedWidget *m_stack;
-    QSplitter *m_columns;     ///< outline | text and facts
-    QSplitter *m_rows;        ///< text / facts
+    QSplitter *m_columns; ///< outline | text and facts
+    QSplitter *m_lower;   ///< facts | what was replaced
+    QSplitter *m_rows;    ///< text / facts
+    bool m_isRedacted = false;
+    bool m_isWaiting = false; ///< for the redacted text
     bool m_following = false; ///< one part follows another
 };
