@@ -29,7 +29,8 @@ TEXTS = {
     "mixed_line_ends.txt": b"a\nb\r\nc\rd\n\re\r\r\nf\n\nlast",
     "no_end.txt": b"first\nlast without an end",
     "not_line_ends.txt": "a\vb\fc\u0085d\u2028e\u2029f\n\x1cg\n".encode(),
-    "not_utf8.txt": b"gr\xf6\xdfe\nJ\xc3\xb6rn J\xf6rn J\xc3 rn\n\xff\xfe\x80a\x80a\n\xe2\x82\n\xc0\xafx \xed\xa0\x80y \xf4\x90\x80\x80z\n\xef\xbf\xbd\n",
+    "not_utf8.txt": b"gr\xf6\xdfe\nJ\xc3\xb6rn J\xf6rn J\xc3 rn\n"
+                    b"\xff\xfe\x80a\x80a\n\xe2\x82\n\xc0\xafx \xed\xa0\x80y \xf4\x90\x80\x80z\n\xef\xbf\xbd\n",
     "nul.txt": b"a\0b\0\0c\nbefore\0after\n\0",
     "mark.txt": b"\xef\xbb\xbfWindows version: \nWindows\n",
     "right_to_left.txt": "name\u202egpj.exe\nשלום עולם שלום\nabc\u200bdef abcdef\n".encode(),
@@ -280,7 +281,8 @@ def main():
     rows = ["#FILE\tNEEDLE\tMATCH_CASE\tBEGIN\tEND"]
     for name, needle, match_case in RANGES:
         for begin, end in find(bytes_of(name), needle, match_case):
-            rows.append("\t".join([path_of(name), written(needle), "yes" if match_case else "no", str(begin), str(end)]))
+            case = "yes" if match_case else "no"
+            rows.append("\t".join([path_of(name), written(needle), case, str(begin), str(end)]))
     (HERE / "find-ranges.tsv").write_text("\n".join(rows) + "\n", encoding="utf-8", newline="\n")
 
     rows = ["#FILE\tLINE_INDEX\tBEGIN\tEND"]
