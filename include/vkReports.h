@@ -494,7 +494,7 @@ Redaction redact(const std::vector<Document> &documents, const RedactionOptions 
 /// What is wrong with an entry of RedactionOptions::hide or keep; empty if nothing is. An entry is a
 /// text of at most 256 characters, without line breaks, which is found in any case of letters. With "*" (any
 /// number of characters), "?" (one) or "[...]" (one of these) it is a pattern of a whole word, as for
-/// names of files. Wrong entries are ignored by redact().
+/// names of files; "[*]", "[?]" and "[[]" are these characters and make no pattern. Wrong entries are ignored by redact().
 QString redactionEntryError(const QString &entry);
 
 /// "user", "org": what precedes the hyphen of an alias.

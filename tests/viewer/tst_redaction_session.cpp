@@ -192,7 +192,6 @@ void RedactionSessionTest::cannotHide_data()
     QTest::newRow("too long") << QString(257, QLatin1Char('x'));
     QTest::newRow("with an alias") << QStringLiteral("Users\\user-1");
     QTest::newRow("NUL") << QString(QStringLiteral("a") + QChar(QChar::Null) + QStringLiteral("b"));
-    QTest::newRow("pattern of several words") << QStringLiteral("what is this?");
 }
 
 void RedactionSessionTest::cannotHide()
@@ -212,11 +211,11 @@ void RedactionSessionTest::cannotHide()
 void RedactionSessionTest::hidesSpecialCharacters()
 {
     RedactionSession session;
-    session.setOriginal(read("[eis]vogel eisvogel evogel quelle* quellen was? wasp\n"));
-    for (const char *text : {"[eis]vogel", "quelle*", "was?"})
+    session.setOriginal(read("[eis]vogel eisvogel evogel quelle* quellen was? wasp [Erlen 3] Erlen 3 A*B 7 ACB 7\n"));
+    for (const char *text : {"[eis]vogel", "quelle*", "was?", "[Erlen 3]", "*B 7"})
         session.hide(QLatin1String(text));
     QVERIFY(wait(session));
-    QCOMPARE(textOf(session), QByteArray("word-1 eisvogel evogel word-2 quellen word-3 wasp\n"));
+    QCOMPARE(textOf(session), QByteArray("word-1 eisvogel evogel word-2 quellen word-3 wasp word-4 Erlen 3 Aword-5 ACB 7\n"));
 }
 
 void RedactionSessionTest::wordsOfTheFormatStay()
