@@ -56,7 +56,7 @@ steps = ON + "; take back the alias of Zwirbelbach Feinwerk"
 add(STAYS, ["Zwirbelbach Feinwerk"], steps)
 add(GONE, NAMES + HOST + ["zwirbelbach.example"] + SECRETS, steps)
 
-steps = ON + "; take back the alias of KRANICHNEST; hide it again in the list"
+steps = ON + "; take back the alias of KRANICHNEST; undo"
 add(GONE, NAMES + HOST + SECRETS, steps)
 
 steps = ON + "; select Tannenried in \"USB Serial Converter Tannenried\"; hide the selection"
