@@ -721,6 +721,10 @@ Qt %1</translation>
         <translation>&amp;Neuer Bericht dieses Rechners</translation>
     </message>
     <message>
+        <source>New report without Open&amp;GL</source>
+        <translation>Neuer Bericht ohne Open&amp;GL</translation>
+    </message>
+    <message>
         <source>&amp;Open...</source>
         <translation>Ö&amp;ffnen ...</translation>
     </message>
@@ -795,6 +799,10 @@ Qt %1</translation>
     <message>
         <source>&amp;Hide personal data</source>
         <translation>&amp;Persönliche Daten verbergen</translation>
+    </message>
+    <message>
+        <source>Hide selectio&amp;n</source>
+        <translation>Auswahl ver&amp;bergen</translation>
     </message>
     <message>
         <source>Zoom &amp;in</source>
@@ -1251,6 +1259,10 @@ Qt %1</translation>
     <message>
         <source>&amp;Copy</source>
         <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Hide selection</source>
+        <translation>Auswahl &amp;verbergen</translation>
     </message>
     <message>
         <source>Select &amp;all</source>

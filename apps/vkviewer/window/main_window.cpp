@@ -8,6 +8,7 @@
 #include "output/report_printing.h"
 #include "output/report_saving.h"
 #include "recent_files.h"
+#include "redaction/redaction_panel.h"
 #include "report/fact_table.h"
 #include "report/shown_text.h"
 #include "report_page.h"
@@ -198,6 +199,8 @@ bool MainWindow::isGiven(Needs needs) const
         return reportPage() && reportPage()->output();
     case Needs::ReportPage:
         return reportPage() && reportPage()->report().report.isReport();
+    case Needs::Redacted:
+        return reportPage() && reportPage()->isRedacted() && reportPage()->output();
     case Needs::SeveralReports:
         return reportPages().size() > 1;
     case Needs::Pair:
@@ -275,7 +278,8 @@ void MainWindow::openMimeData(const QMimeData &data, const QString &name)
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (event->mimeData()->hasUrls() || event->mimeData()->hasText())
+    // A link to the network would be fetched or be shown as a text, and nobody expects that.
+    if (event->mimeData()->hasUrls() ? !localFiles(*event->mimeData()).isEmpty() : event->mimeData()->hasText())
         event->acceptProposedAction();
 }
 
@@ -385,7 +389,8 @@ void MainWindow::takeCurrentTab()
     const bool isEmpty = m_tabs->count() == 0;
     m_stack->setCurrentWidget(isEmpty ? static_cast<QWidget *>(m_startPage) : m_tabs);
     const QString name = isEmpty ? QString() : lineText(m_tabs->tabText(m_tabs->currentIndex()).replace(QLatin1String("&&"), QLatin1String("&")));
-    setWindowTitle(isEmpty ? tr("System reports") : tr("%1 - System reports").arg(name));
+    const QString plainName = QString(name).replace(QLatin1String("[*]"), QLatin1String("[*][*]")); // else Qt removes it
+    setWindowTitle(isEmpty ? tr("System reports") : tr("%1 - System reports").arg(plainName));
     switchPersonalData();
     updateActions();
 }
@@ -501,6 +506,11 @@ void MainWindow::makeReport()
     m_process->start(false);
 }
 
+void MainWindow::makeReportWithoutOpenGL()
+{
+    m_process->start(true);
+}
+
 void MainWindow::takeMade(const QByteArray &report, const QStringList &missing)
 {
     const QString time = QLocale().toString(QTime::currentTime(), QLocale::ShortFormat);
@@ -514,6 +524,11 @@ void MainWindow::switchPersonalData()
 {
     if (ReportPage *page = reportPage())
         page->setRedacted(actionNamed("hidePersonalData")->isChecked());
+}
+
+void MainWindow::hideSelection()
+{
+    reportPage()->redactionPanel()->hideSelection();
 }
 
 void MainWindow::tell(const QString &message)

@@ -74,6 +74,7 @@ private:
         Report,         ///< a tab with a report
         Output,         ///< a report that can be saved
         ReportPage,     ///< the same, and the report has sections
+        Redacted,       ///< the same, and personal data are hidden
         SeveralReports, ///< at least two tabs with reports
         Pair,           ///< a tab with a comparison of two
         Comparison,     ///< a tab with any comparison
@@ -109,6 +110,7 @@ private:
 
     // The commands of the menus
     void makeReport();
+    void makeReportWithoutOpenGL();
     void open();
     void openFromClipboard();
     void compareWith();
@@ -126,6 +128,7 @@ private:
     void switchOutline();
     void switchFacts();
     void switchPersonalData();
+    void hideSelection();
     void zoomIn();
     void zoomOut();
     void resetZoom();

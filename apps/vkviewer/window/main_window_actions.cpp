@@ -34,6 +34,7 @@ const std::vector<MainWindow::ActionRow> &MainWindow::actionRows()
     using W = MainWindow;
     static const std::vector<ActionRow> rows = {
         {"newReport", Menu::File, QT_TR_NOOP("&New report of this machine"), "Ctrl+N", Needs::NoMaking, &W::makeReport, false, false},
+        {"newReportWithoutOpenGL", Menu::File, QT_TR_NOOP("New report without Open&GL"), "Ctrl+Shift+N", Needs::NoMaking, &W::makeReportWithoutOpenGL, false, false},
         {"open", Menu::File, QT_TR_NOOP("&Open..."), "Ctrl+O", Needs::Nothing, &W::open, false, false},
         {"openFromClipboard", Menu::File, QT_TR_NOOP("Open from c&lipboard"), "Ctrl+Shift+V", Needs::Nothing, &W::openFromClipboard, false, true},
         {"compareWith", Menu::File, QT_TR_NOOP("&Compare with..."), "Ctrl+D", Needs::Report, &W::compareWith, false, false},
@@ -52,7 +53,8 @@ const std::vector<MainWindow::ActionRow> &MainWindow::actionRows()
         {"showText", Menu::View, QT_TR_NOOP("&Text"), "Ctrl+2", Needs::Report, &W::showText, false, true},
         {"outline", Menu::View, QT_TR_NOOP("&Outline"), "Ctrl+3", Needs::Nothing, &W::switchOutline, true, false},
         {"facts", Menu::View, QT_TR_NOOP("&Facts"), "Ctrl+4", Needs::Nothing, &W::switchFacts, true, true},
-        {"hidePersonalData", Menu::View, QT_TR_NOOP("&Hide personal data"), "Ctrl+H", Needs::Nothing, &W::switchPersonalData, true, true},
+        {"hidePersonalData", Menu::View, QT_TR_NOOP("&Hide personal data"), "Ctrl+H", Needs::Nothing, &W::switchPersonalData, true, false},
+        {"hideSelection", Menu::View, QT_TR_NOOP("Hide selectio&n"), "Ctrl+Shift+H", Needs::Redacted, &W::hideSelection, false, true},
         {"zoomIn", Menu::View, QT_TR_NOOP("Zoom &in"), "Ctrl++; Ctrl+=", Needs::Report, &W::zoomIn, false, false},
         {"zoomOut", Menu::View, QT_TR_NOOP("Zoom o&ut"), "Ctrl+-", Needs::Report, &W::zoomOut, false, false},
         {"resetZoom", Menu::View, QT_TR_NOOP("Usual si&ze"), "Ctrl+0", Needs::Report, &W::resetZoom, false, true},

@@ -444,6 +444,8 @@ void ReportPage::showContextMenu(QPoint global)
     QMenu menu(this);
     QAction *copy = menu.addAction(tr("&Copy"), this, &ReportPage::copyText);
     copy->setEnabled(m_text->selection().begin != m_text->selection().end);
+    if (m_isRedacted)
+        menu.addAction(tr("&Hide selection"), m_panel, &RedactionPanel::hideSelection)->setEnabled(copy->isEnabled());
     menu.addAction(tr("Select &all"), m_text, &TextView::selectAll);
     menu.addAction(tr("&Find..."), this, &ReportPage::find);
     menu.exec(global);
