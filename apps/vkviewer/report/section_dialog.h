@@ -31,6 +31,7 @@ private:
         int section = 0;
         QString title;
         QString name; ///< of the function
+        QString heading; ///< as in the text
     };
 
     void showMatches();
