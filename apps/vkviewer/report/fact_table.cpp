@@ -101,7 +101,7 @@ void FactTable::setScope(int first, int last, const QString &title)
     if (first == m_model->firstOfScope() && last == m_model->lastOfScope())
         return;
     m_model->setScope(first, last);
-    constexpr int widest = 40; // characters
+    constexpr int widest = 40;                                                     // characters
     for (const int column : {FactModel::Name, FactModel::Unit, FactModel::Item}) { // the value gets the rest
         if (m_table->isColumnHidden(column))
             continue;
