@@ -37,8 +37,9 @@ if(VKSYSTEMINFO_APPS)
     set(modules vkreport_library vkreport_sections)
     set_target_properties(${programs} PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
     install(TARGETS ${programs} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT sdk)
-    install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT sdk)
-    install(DIRECTORY completions/ DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT sdk)
+    install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT sdk PATTERN "vkviewer*" EXCLUDE)
+    install(DIRECTORY completions/ DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT sdk
+        PATTERN "vkviewer*" EXCLUDE) # it is in the portable archive only
 endif()
 # Windows finds the library of a module in the program's folder.
 if(WIN32)

@@ -4,6 +4,7 @@
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QLocale>
 #include <QtWidgets/QApplication>
+#include <algorithm>
 
 namespace {
 
@@ -14,7 +15,26 @@ void useHighDensity()
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
 }
 
-QStringList readArguments(const QApplication &application)
+/// The answer is a text, which needs no display.
+bool asksForText(int argc, char *argv[])
+{
+    const auto isSuch = [](const char *argument) {
+        const QLatin1String text(argument);
+        return text == QLatin1String("--help") || text == QLatin1String("--help-all") || text == QLatin1String("-h")
+            || text == QLatin1String("--version") || text == QLatin1String("-v");
+    };
+    return std::any_of(argv + 1, argv + argc, isSuch);
+}
+
+void describeProgram()
+{
+    QCoreApplication::setApplicationName(QStringLiteral("vkviewer"));
+    QCoreApplication::setOrganizationName(QStringLiteral("vkSystemInfo"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VKVIEWER_VERSION));
+    installTranslations(QLocale());
+}
+
+QStringList readArguments(const QCoreApplication &application)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(QCoreApplication::translate("main", "Shows system reports in a window. Compares them if there are several files."));
@@ -30,11 +50,14 @@ QStringList readArguments(const QApplication &application)
 int main(int argc, char *argv[])
 {
     useHighDensity();
+    if (argc > 1 && asksForText(argc, argv)) {
+        const QCoreApplication application(argc, argv);
+        describeProgram();
+        readArguments(application); // ends the program
+        return 0;
+    }
     QApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("vkviewer"));
-    QCoreApplication::setOrganizationName(QStringLiteral("vkSystemInfo"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(VKVIEWER_VERSION));
-    installTranslations(QLocale());
+    describeProgram();
     const QStringList files = readArguments(application);
     MainWindow window;
     window.show();

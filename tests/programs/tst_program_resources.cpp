@@ -114,6 +114,7 @@ void ProgramResourcesTest::programs()
     QTest::addColumn<QString>("file");
     QTest::newRow("vkreport") << VKREPORT;
     QTest::newRow("vkcompare") << VKCOMPARE;
+    QTest::newRow("vkviewer") << VKVIEWER;
     QTest::newRow("vkcapture") << VKCAPTURE;
 }
 

@@ -48,6 +48,7 @@ RedactionPanel::RedactionPanel(RedactionSession *session, QWidget *parent)
     m_label->setWordWrap(true);
 
     auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0); // level with the facts beside it
     layout->addWidget(m_label);
     layout->addWidget(m_list, 1);
     auto *first = new QHBoxLayout;

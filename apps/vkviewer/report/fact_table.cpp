@@ -85,6 +85,7 @@ FactTable::FactTable(QWidget *parent)
     connect(m_filter, &QLineEdit::returnPressed, this, [this] { applyFilter(); m_table->setFocus(); });
     connect(m_table, &QTableView::doubleClicked, this, [this](const QModelIndex &index) { Q_EMIT factChosen(m_model->fact(index.row())); });
     connect(m_model, &QAbstractItemModel::modelReset, this, &FactTable::showCount);
+    connect(m_model, &QAbstractItemModel::modelReset, this, &FactTable::hideEmptyColumns);
     m_table->installEventFilter(this);
 }
 
@@ -100,10 +101,13 @@ void FactTable::setScope(int first, int last, const QString &title)
     if (first == m_model->firstOfScope() && last == m_model->lastOfScope())
         return;
     m_model->setScope(first, last);
-    constexpr int widest = 40; // characters
-    m_table->resizeColumnsToContents();
-    for (const int column : {FactModel::Name, FactModel::Item})
+    constexpr int widest = 40;                                                     // characters
+    for (const int column : {FactModel::Name, FactModel::Unit, FactModel::Item}) { // the value gets the rest
+        if (m_table->isColumnHidden(column))
+            continue;
+        m_table->resizeColumnToContents(column);
         m_table->setColumnWidth(column, std::min(m_table->columnWidth(column), widest * fontMetrics().averageCharWidth()));
+    }
 }
 
 void FactTable::showFact(int fact)
@@ -121,6 +125,19 @@ void FactTable::applyFilter()
 {
     m_timer->stop();
     m_model->setFilter(m_filter->text());
+}
+
+/// Most sections have no units and no items: the values get their room.
+void FactTable::hideEmptyColumns()
+{
+    constexpr int mostRows = 5000; // more would take long
+    const int rows = m_model->rowCount();
+    for (const int column : {FactModel::Unit, FactModel::Item}) {
+        bool isEmpty = rows <= mostRows;
+        for (int row = 0; isEmpty && row < rows; ++row)
+            isEmpty = m_model->index(row, column).data().toString().isEmpty();
+        m_table->setColumnHidden(column, isEmpty);
+    }
 }
 
 void FactTable::showCount()

@@ -44,6 +44,7 @@ protected:
 private:
     void applyFilter();
     void showCount();
+    void hideEmptyColumns();
 
     FactModel *m_model;
     QTableView *m_table;

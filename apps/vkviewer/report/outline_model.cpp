@@ -1,6 +1,7 @@
 #include "outline_model.h"
 
 #include "labels.h"
+#include "section_names.h"
 #include "section_titles.h"
 #include "shown_text.h"
 
@@ -197,7 +198,9 @@ QString OutlineModel::toolTip(const QModelIndex &index) const
     const Kind kind = this->kind(index);
     if (kind == Kind::Section) {
         const Reports::SectionRow &row = Reports::sectionRows()[std::size_t(m_document.sections()[std::size_t(number(index))].row)];
-        return QStringLiteral("%1\n%2\n%3").arg(title(index), QString::fromLatin1(row.name), row.meaning());
+        const QString heading = Reports::sectionTitle(m_document.sections()[std::size_t(number(index))].row);
+        const QString name = QString::fromLatin1(row.name);
+        return QStringLiteral("%1\n%2\n%3").arg(heading == name ? title(index) : heading, name, row.meaning());
     }
     if (kind == Kind::Item) {
         const Reports::ItemRow &row = Reports::itemRows()[std::size_t(m_document.items()[std::size_t(number(index))].kind)];

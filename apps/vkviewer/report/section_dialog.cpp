@@ -1,5 +1,6 @@
 #include "section_dialog.h"
 
+#include "section_names.h"
 #include "section_titles.h"
 #include "shown_text.h"
 
@@ -60,7 +61,7 @@ SectionDialog::SectionDialog(const Reports::Document &document, QWidget *parent)
         const Reports::Section &place = document.sections()[std::size_t(section)];
         const QString title = shownSectionTitle(place.row);
         m_entries.push_back({section, place.report == 0 ? title : tr("%1 (report %2)").arg(title).arg(place.report + 1),
-                             QString::fromLatin1(Reports::sectionRows()[std::size_t(place.row)].name)});
+                             QString::fromLatin1(Reports::sectionRows()[std::size_t(place.row)].name), Reports::sectionTitle(place.row)});
     }
     auto *label = new QLabel(tr("&A few letters of the section:"));
     label->setTextFormat(Qt::PlainText);
@@ -104,12 +105,14 @@ void SectionDialog::showMatches()
     };
     std::vector<Match> matches;
     for (const Entry &entry : m_entries) {
-        const int byTitle = distance(m_edit->text(), entry.title);
-        const int byName = distance(m_edit->text(), entry.name);
-        if (byTitle >= 0 || byName >= 0)
-            matches.push_back({byTitle < 0 ? byName : byName < 0 ? byTitle
-                                                                 : std::min(byTitle, byName),
-                               &entry});
+        int least = -1;
+        for (const QString &name : {entry.title, entry.name, entry.heading}) {
+            const int found = distance(m_edit->text(), name);
+            if (found >= 0 && (least < 0 || found < least))
+                least = found;
+        }
+        if (least >= 0)
+            matches.push_back({least, &entry});
     }
     std::stable_sort(matches.begin(), matches.end(), [](const Match &one, const Match &other) { return one.distance < other.distance; });
     m_list->clear();

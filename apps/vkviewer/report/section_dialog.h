@@ -30,7 +30,8 @@ private:
     {
         int section = 0;
         QString title;
-        QString name; ///< of the function
+        QString name;    ///< of the function
+        QString heading; ///< as in the text
     };
 
     void showMatches();

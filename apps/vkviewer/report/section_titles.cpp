@@ -4,6 +4,7 @@
 #include "section_names.h"
 #include "shown_text.h"
 
+#include <QtCore/QRegularExpression>
 #include <algorithm>
 
 using namespace velkor;
@@ -22,13 +23,33 @@ QString baseTitle(int row)
     return words;
 }
 
+/// Without words that many headings share: "Info about drivers from registry" is "Drivers".
+QString shortened(const QString &title)
+{
+    static const QRegularExpression begin(QStringLiteral("^Info about "));
+    static const QRegularExpression end(QStringLiteral(" from [Rr]egistry$| \\(\\w+::\\w+\\(\\)\\)$"));
+    QString text = title;
+    text.remove(begin).remove(end).remove(QLatin1Char('\''));
+    if (text.isEmpty())
+        return title;
+    text[0] = text.at(0).toUpper();
+    return text;
+}
+
 std::vector<QString> makeTitles()
 {
     const int count = int(Reports::sectionRows().size());
     std::vector<QString> bases;
     for (int row = 0; row < count; ++row)
         bases.push_back(baseTitle(row));
-    std::vector<QString> titles = bases;
+    std::vector<QString> titles;
+    for (const QString &base : bases)
+        titles.push_back(shortened(base));
+    const std::vector<QString> allShort = titles;
+    for (std::size_t row = 0; row < titles.size(); ++row) {
+        if (std::count(allShort.begin(), allShort.end(), titles[row]) > 1)
+            titles[row] = bases[row];
+    }
     for (int row = 0; row < count; ++row) {
         const QString argument = QString::fromLatin1(Reports::sectionRows()[std::size_t(row)].name).section(QLatin1Char(':'), 1);
         if (!argument.isEmpty() && std::count(bases.begin(), bases.end(), bases[std::size_t(row)]) > 1)

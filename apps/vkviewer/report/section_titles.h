@@ -3,7 +3,8 @@
 
 #include "vkReports.h"
 
-/// The heading without decoration, "Memory Information". Sections with equal headings have their argument after it.
+/// The heading without decoration and without words that many headings share: "Memory Information", "Drivers". Sections with
+/// equal headings have their argument after it. No two sections have the same title.
 /// \a row is an index in sectionRows().
 QString shownSectionTitle(int row);
 

@@ -60,7 +60,9 @@ ReportPage::ReportPage(const PreparedReport &report, QWidget *parent)
     m_panel->hide();
     m_rows->addWidget(m_lower);
     m_rows->setStretchFactor(0, 3);
-    m_rows->setStretchFactor(1, 1);
+    m_rows->setStretchFactor(1, 2);
+    m_rows->setSizes({3000, 2000}); // shares
+    m_lower->setSizes({1000, 1000});
     m_rows->setChildrenCollapsible(false);
     m_stack->addWidget(m_summary);
     m_stack->addWidget(m_rows);
@@ -68,10 +70,11 @@ ReportPage::ReportPage(const PreparedReport &report, QWidget *parent)
     m_columns->addWidget(m_stack);
     m_columns->setStretchFactor(1, 1);
     m_columns->setChildrenCollapsible(false);
-    m_columns->setSizes({fontMetrics().averageCharWidth() * 36, fontMetrics().averageCharWidth() * 110});
+    m_columns->setSizes({fontMetrics().averageCharWidth() * 42, fontMetrics().averageCharWidth() * 110});
     m_findBar->hide();
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
     layout->addWidget(m_messages);
     layout->addWidget(m_columns, 1);
     layout->addWidget(m_copyBar);

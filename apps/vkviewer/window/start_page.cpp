@@ -24,7 +24,9 @@ StartPage::StartPage(RecentFiles *recentFiles, QWidget *parent)
     m_list->setUniformItemSizes(true);
     m_list->setTextElideMode(Qt::ElideMiddle);
 
-    auto *column = new QVBoxLayout;
+    auto *content = new QWidget;
+    content->setMaximumWidth(fontMetrics().averageCharWidth() * 90);
+    auto *column = new QVBoxLayout(content);
     column->addStretch(1);
     column->addWidget(make);
     column->addWidget(open);
@@ -34,7 +36,7 @@ StartPage::StartPage(RecentFiles *recentFiles, QWidget *parent)
     column->addStretch(1);
     auto *layout = new QHBoxLayout(this);
     layout->addStretch(1);
-    layout->addLayout(column, 4);
+    layout->addWidget(content, 8);
     layout->addStretch(1);
 
     connect(make, &QCommandLinkButton::clicked, this, &StartPage::makeRequested);
