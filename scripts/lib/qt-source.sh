@@ -31,7 +31,7 @@ fetch() {
 unpack_package() {
   local descriptions=("$1/$2"_*.dsc)
   rm -rf "$3"
-  dpkg-source --no-check -x "${descriptions[-1]}" "$3"
+  dpkg-source --no-check --no-copy -x "${descriptions[-1]}" "$3"
 }
 
 # use_debians_tools SOURCE

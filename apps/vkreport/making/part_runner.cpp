@@ -70,7 +70,8 @@ MadeParts PartRunner::run(const char *module, const QStringList &parts, QDeadlin
         if (rest.contains(stopped->step)) {
             addMissing(made, {rest.takeFirst()}, stopped->failure);
         } else if (rest.size() == before) {
-            addMissing(made, rest, stopped->failure); // the same would happen to them
+            // It did not begin. The same would happen to a later one, unless only the time was too short.
+            addMissing(made, rest, deadline.hasExpired() ? Failure() : stopped->failure);
             break;
         }
     }
