@@ -50,14 +50,14 @@ struct Line
     bool hasMoment = false;
 };
 
-/// \a value with each number as 0, and with "Byte" for all its multiples: values that change differ in these.
+/// \a value with each number as 0, and "Byte" for KByte, MByte and so on: only these may change.
 QByteArray formOf(const QByteArray &value)
 {
     const auto isDigit = [](char byte) { return byte >= '0' && byte <= '9'; };
     QByteArray form;
     for (int i = 0; i < value.size(); ++i) {
         const bool isMultiple = std::strchr("KMGTP", value.at(i)) != nullptr && value.at(i) != 0;
-        if (isMultiple && i > 0 && value.at(i - 1) == ' ' && value.mid(i + 1).startsWith("Byte"))
+        if (isMultiple && i > 0 && value.at(i - 1) == ' ' && qstrncmp(value.constData() + i + 1, "Byte", 4) == 0)
             continue;
         const bool isInNumber = !form.isEmpty() && form.back() == '0' && i > 0 && (isDigit(value.at(i - 1)) || value.at(i - 1) == '.');
         const bool isPoint = value.at(i) == '.' && i + 1 < value.size() && isDigit(value.at(i + 1));

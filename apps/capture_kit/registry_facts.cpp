@@ -1,6 +1,7 @@
 #include "registry_facts.h"
 
 #include "redaction/loose_texts.h"
+#include "registry_root.h"
 #include "report/section_table.h"
 
 #include <QtCore/QHash>
@@ -59,15 +60,6 @@ const QMultiHash<QString, Telling> &tellingNames()
 bool isWide(const QString &section)
 {
     return section == QLatin1String("driverInfoFromRegistry") || section == QLatin1String("videoInfoFromRegistry");
-}
-
-RegistryRoot rootOf(HKEY key)
-{
-    if (key == HKEY_CLASSES_ROOT)
-        return RegistryRoot::ClassesRoot;
-    if (key == HKEY_CURRENT_USER)
-        return RegistryRoot::CurrentUser;
-    return key == HKEY_LOCAL_MACHINE ? RegistryRoot::LocalMachine : RegistryRoot::Users;
 }
 
 void add(ReadKey &root, const velkor::SystemInfo::RegistryRead &read, const QString &section)

@@ -1,5 +1,6 @@
 #include "capture_registry.h"
 
+#include "registry_root.h"
 #include "report/section_table.h"
 #include "win/registry_key.h"
 
@@ -18,15 +19,6 @@ using Note = std::function<void(const QString &)>;
 const wchar_t *wide(const QString &text)
 {
     return reinterpret_cast<const wchar_t *>(text.utf16());
-}
-
-RegistryRoot rootOf(HKEY key)
-{
-    if (key == HKEY_CLASSES_ROOT)
-        return RegistryRoot::ClassesRoot;
-    if (key == HKEY_CURRENT_USER)
-        return RegistryRoot::CurrentUser;
-    return key == HKEY_LOCAL_MACHINE ? RegistryRoot::LocalMachine : RegistryRoot::Users;
 }
 
 /// Opens a key in the 64-bit view, which the report uses. Returns null if that fails.
