@@ -209,6 +209,7 @@ void ReportSavingTest::suggestedNames_data()
     QTest::newRow("nothing") << QString() << QStringLiteral("report");
     QTest::newRow("characters that Windows does not allow") << QStringLiteral("a:b?c") << QStringLiteral("a_b_c");
     QTest::newRow("folder") << QStringLiteral("../../x.txt") << QStringLiteral("x");
+    QTest::newRow("folder of Windows") << QStringLiteral("C:\\y.z\\x") << QStringLiteral("x");
     QTest::newRow("line feed") << QStringLiteral("a\nb") << QStringLiteral("a_b");
 }
 

@@ -5,6 +5,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QSaveFile>
 #include <QtCore/QStandardPaths>
 #include <QtWidgets/QFileDialog>
@@ -106,7 +107,9 @@ QString suffixOf(OutputFormat format)
 
 QString suggestedFileName(const OutputReport &report, OutputFormat format)
 {
-    QString name = QFileInfo(report.name).completeBaseName();
+    // Not of QFileInfo, for which "a:" is a drive on Windows.
+    QString name = report.name.mid(report.name.lastIndexOf(QRegularExpression(QStringLiteral("[/\\\\]"))) + 1);
+    name.truncate(name.contains(QLatin1Char('.')) ? name.lastIndexOf(QLatin1Char('.')) : name.size());
     for (QChar &character : name) {
         if (!isAllowedInNames(character))
             character = QLatin1Char('_');

@@ -31,7 +31,7 @@ TEXTS = {
     "not_line_ends.txt": "a\vb\fc\u0085d\u2028e\u2029f\n\x1cg\n".encode(),
     "not_utf8.txt": b"gr\xf6\xdfe\nJ\xc3\xb6rn J\xf6rn J\xc3 rn\n"
                     b"\xff\xfe\x80a\x80a\n\xe2\x82\n\xc0\xafx \xed\xa0\x80y \xf4\x90\x80\x80z\n\xef\xbf\xbd\n",
-    "nul.txt": b"a\0b\0\0c\nbefore\0after\n\0",
+    "null_characters.txt": b"a\0b\0\0c\nbefore\0after\n\0",
     "mark.txt": b"\xef\xbb\xbfWindows version: \nWindows\n",
     "right_to_left.txt": "name\u202egpj.exe\nשלום עולם שלום\nabc\u200bdef abcdef\n".encode(),
 }
@@ -126,10 +126,10 @@ QUESTIONS = [
     ("not_utf8.txt", "x", False, None),
     ("not_utf8.txt", "/x", False, (0, -1, -1)),
     ("not_utf8.txt", "Ã", False, (0, -1, -1)),
-    ("nul.txt", "\0", True, None),
-    ("nul.txt", "b\0\0c", True, (1, 2, 2)),
-    ("nul.txt", "AFTER", False, None),
-    ("nul.txt", "beforeafter", False, (0, -1, -1)),
+    ("null_characters.txt", "\0", True, None),
+    ("null_characters.txt", "b\0\0c", True, (1, 2, 2)),
+    ("null_characters.txt", "AFTER", False, None),
+    ("null_characters.txt", "beforeafter", False, (0, -1, -1)),
     ("mark.txt", "windows", False, None),
     ("mark.txt", "\ufeff", True, (1, 0, 0)),
     ("right_to_left.txt", "שלום", False, None),
