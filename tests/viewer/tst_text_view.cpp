@@ -16,6 +16,7 @@ class TextViewTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void columnsStandBelowOneAnother();
     void keysMoveAsInAPlainTextEdit_data();
     void keysMoveAsInAPlainTextEdit();
     void pagesScrollAndMove();
@@ -169,6 +170,14 @@ QByteArray firstDifference(const QByteArray &utf8, uint seed)
 }
 
 } // namespace
+
+void TextViewTest::columnsStandBelowOneAnother()
+{
+    TextView view;
+    view.setLines(TextLines("iiii|\nWWWW|\n...."));
+    show(view);
+    QCOMPARE(view.characterRect(4).left(), view.characterRect(10).left());
+}
 
 void TextViewTest::keysMoveAsInAPlainTextEdit_data()
 {

@@ -2,9 +2,9 @@
 
 #include "line_delegate.h"
 #include "row_copier.h"
+#include "text/fixed_font.h"
 
 #include <QtCore/QEvent>
-#include <QtGui/QFontDatabase>
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QHeaderView>
@@ -68,7 +68,7 @@ QTableView *AlignedTextView::makeView(bool older)
     view->setColumnHidden(older ? AlignedTextModel::NewerSign : AlignedTextModel::OlderSign, true);
     view->setColumnHidden(older ? AlignedTextModel::NewerLine : AlignedTextModel::OlderLine, true);
     view->setItemDelegate(new LineDelegate(view));
-    view->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    view->setFont(fixedFont());
     view->setShowGrid(false);
     view->setTabKeyNavigation(false);
     view->setWordWrap(false);

@@ -2,10 +2,9 @@
 
 #include "neutral_text.h"
 #include "page_layout.h"
+#include "text/fixed_font.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtGui/QFontDatabase>
-#include <QtGui/QFontInfo>
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPagedPaintDevice>
 #include <QtGui/QPainter>
@@ -103,17 +102,9 @@ private:
 
 QFont printFont()
 {
-    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    font.setStyleHint(QFont::TypeWriter);
+    QFont font = fixedFont();
     font.setPointSize(pointSize);
     font.setKerning(false);
-    if (QFontInfo(font).fixedPitch())
-        return font;
-    const QFontDatabase fonts; // a desktop that names no fixed font
-    const QStringList families = fonts.families(QFontDatabase::Latin);
-    const auto fixed = std::find_if(families.begin(), families.end(), [&fonts](const QString &family) { return fonts.isFixedPitch(family); });
-    if (fixed != families.end())
-        font.setFamily(*fixed);
     return font;
 }
 

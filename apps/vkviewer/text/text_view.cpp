@@ -1,12 +1,12 @@
 #include "text_view.h"
 
+#include "fixed_font.h"
 #include "mark_strip.h"
 #include "text_mime_data.h"
 #include "text_view_accessible.h"
 #include "utf8_character.h"
 
 #include <QtCore/QEvent>
-#include <QtGui/QFontDatabase>
 #include <QtGui/QFontMetricsF>
 #include <QtWidgets/QScrollBar>
 #include <algorithm>
@@ -35,8 +35,7 @@ TextView::TextView(QWidget *parent)
     viewport()->setBackgroundRole(QPalette::Base);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     horizontalScrollBar()->setLayoutDirection(Qt::LeftToRight); // the rows begin at the left in every language
-    QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    fixed.setStyleHint(QFont::TypeWriter);
+    QFont fixed = fixedFont();
     if (fixed.pointSizeF() <= 0)
         fixed.setPointSizeF(font().pointSizeF() > 0 ? font().pointSizeF() : 10);
     m_usualPointSize = fixed.pointSizeF();
