@@ -87,7 +87,7 @@ std::vector<LoadedReport> plantedReports()
     other.replace("Quirina M\xc3\xb6hlenkamp", "Theda Wolkenstein").replace("qmoehlenkamp", "twolkenstein");
     other.replace("192.0.2.86", "192.0.2.87").replace("Kopierstube Ost", "Kopierstube West").replace("MemoryLoad:            15%", "MemoryLoad:            16%");
     QByteArray third = leaving();
-    third.replace("Hummelflug77", "Bienenstich88").replace("ANGEBOTE-2031", "ANGEBOTE-2032").replace("10.0.18362", "10.0.19045");
+    third.replace("Hummelflug77", "Bienenstich88").replace("ANGEBOTE-2031", "ANGEBOTE-2032").replace("10.0.18362", "10.0.19045").replace("Converter Tannenried", "Converter Ahornhain");
     return {report(leaving(), QString::fromUtf8("M\xc3\xb6hlenkamp of KRANICHNEST.txt")),
             report(other, QStringLiteral("eulenhorst_twolkenstein.txt")), report(third, QStringLiteral("qmoehlenkamp2.txt"))};
 }
@@ -385,8 +385,9 @@ void ComparisonPrivacyTest::namesOfFiles()
     waitFor(same);
     QCOMPARE(same.names().at(2), QStringLiteral("after the update.txt (3)"));
     // Where redaction does not look for a part of a word, the name is not shown at all.
-    reports[1].name = QStringLiteral("x192.0.2.86x.txt");
-    ComparisonView parts(reports[0], reports[1], hidden);
+    LoadedReport inside = fromPair("full-disk/OLD.txt");
+    inside.name = QString::fromUtf8("abj\xc3\xb6rncd.txt");
+    ComparisonView parts(reports[0], inside, hidden);
     waitFor(parts);
     QCOMPARE(parts.names().at(1), QStringLiteral("report 2"));
 }
@@ -412,8 +413,13 @@ void ComparisonPrivacyTest::differencesAreTheSame()
         closed.setShowsEveryMoment(true);
         waitFor(open);
         waitFor(closed);
+        const auto withoutItems = [](QStringList subjects) { // the name of an item can be an address
+            for (QString &subject : subjects)
+                subject = subject.section(QStringLiteral(" > "), 0, 0) + QStringLiteral(" > ") + subject.section(QStringLiteral(" \u203a "), -1);
+            return subjects;
+        };
         QVERIFY(!subjects(open).isEmpty());
-        QCOMPARE(subjects(closed), subjects(open));
+        QCOMPARE(withoutItems(subjects(closed)), withoutItems(subjects(open)));
     }
 }
 
@@ -424,12 +430,11 @@ void ComparisonPrivacyTest::reportsThatDifferInIdentities()
     other.replace("Lindmoor", "Tannhauser").replace("lindmoor", "tannhauser").replace("BIRKENTAL-PC", "ULMENGRUND-PC");
     ComparisonView pair(report(text, QStringLiteral("a")), report(other, QStringLiteral("b")), hidden);
     waitFor(pair);
-    const QStringList expected {
-        QStringLiteral("Computer name > NetBios name"), QStringLiteral("Computer name > Physical NetBios name"), QStringLiteral("Computer name > User name"),
-        QStringLiteral("Windows system directories > CSIDL_PERSONAL")};
-    const QStringList all = subjects(pair);
-    for (const QString &subject : expected)
-        QVERIFY2(all.contains(subject), qPrintable(all.join(QLatin1Char('\n'))));
+    QCOMPARE(subjects(pair),
+             (QStringList {QStringLiteral("Computer name > NetBios name"), QStringLiteral("Computer name > Physical NetBios name"),
+                           QStringLiteral("userName > User name"), QStringLiteral("Special Folders > CSIDL_PERSONAL"),
+                           QStringLiteral("Loaded modules/DLLs > module eisvogel.dll \u203a path"),
+                           QStringLiteral("System environemnt (QProcess::systemEnvironment()) > variable USERNAME \u203a value")}));
     const QStringList hosts = values(pair, "NetBios name");
     const QStringList names = values(pair, "User name");
     QVERIFY2(hosts.at(0).startsWith(QStringLiteral("host-")) && hosts.at(1).startsWith(QStringLiteral("host-")), qPrintable(hosts.join(QLatin1Char(' '))));
@@ -437,8 +442,6 @@ void ComparisonPrivacyTest::reportsThatDifferInIdentities()
     QVERIFY(names.at(0).startsWith(QStringLiteral("user-")) && names.at(1).startsWith(QStringLiteral("user-")));
     QVERIFY(names.at(0) != names.at(1));
     QCOMPARE(values(pair, "CSIDL_PERSONAL"), (QStringList {QStringLiteral("C:\\Users\\%1\\Documents").arg(names.at(0)), QStringLiteral("C:\\Users\\%1\\Documents").arg(names.at(1))}));
-    // The variables of the programs have the same values.
-    QVERIFY(!all.join(QLatin1Char('\n')).contains(QStringLiteral("QUELLWERK")));
 }
 
 void ComparisonPrivacyTest::theSamePersonHasOneAlias()
@@ -523,14 +526,15 @@ void ComparisonPrivacyTest::whatWasHiddenByHand()
     waitFor(pair);
     waitFor(several);
     QVERIFY(everything(pair).contains(QStringLiteral("Tannenried"))); // no rule finds it
-    const PersonalData more {true, {QStringLiteral("Tannenried"), QStringLiteral("10.0.19045")}};
+    QVERIFY(everything(several).contains(QStringLiteral("Ahornhain")));
+    const PersonalData more {true, {QStringLiteral("Tannenried"), QStringLiteral("Ahornhain")}};
     pair.setPersonalData(more);
     several.setPersonalData(more);
     QVERIFY(pair.isComparing());
     waitFor(pair);
     waitFor(several);
     QVERIFY(!everything(pair).contains(QStringLiteral("Tannenried")));
-    QVERIFY(!everything(several).contains(QStringLiteral("10.0.19045")));
+    QVERIFY(!everything(several).contains(QStringLiteral("Ahornhain")));
     pair.setPersonalData(more); // the same
     QVERIFY(!pair.isComparing());
 }
