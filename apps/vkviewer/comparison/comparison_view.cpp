@@ -9,6 +9,7 @@
 #include "row_copier.h"
 #include "section_model.h"
 
+#include <QtCore/QEvent>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QHeaderView>
@@ -198,7 +199,7 @@ QWidget *ComparisonView::makeContent()
 
     m_differences = makeTable(m_differenceModel, tr("Differences"));
     m_differences->setObjectName(QStringLiteral("differences"));
-    new ColumnWidths(m_differences, {3, 4, 8, 5, 5}, 8);
+    new ColumnWidths(m_differences, {3, 4, 4, 4, 4}, 8);
     connect(m_differences->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex &current) {
         if (current.isValid())
             setCurrentChange(m_differenceModel->changeIndex(current.row()));
@@ -211,15 +212,42 @@ QWidget *ComparisonView::makeContent()
     right->setStretchFactor(0, 1);
     right->setStretchFactor(1, 1);
     right->setChildrenCollapsible(false);
-    auto *content = new QSplitter(Qt::Horizontal, this);
-    content->addWidget(m_sections);
-    content->addWidget(right);
-    content->setStretchFactor(0, 0);
-    content->setStretchFactor(1, 1);
-    content->setChildrenCollapsible(false);
-    const int list = fontMetrics().averageCharWidth() * 32;
-    content->setSizes({list, list * 4});
-    return content;
+    m_columns = new QSplitter(Qt::Horizontal, this);
+    m_columns->addWidget(m_sections);
+    m_columns->addWidget(right);
+    m_columns->setStretchFactor(0, 0);
+    m_columns->setStretchFactor(1, 1);
+    m_columns->setChildrenCollapsible(false);
+    connect(m_columns, &QSplitter::splitterMoved, this, [this] { m_hasUserSplit = true; });
+    return m_columns;
+}
+
+/// As wide as the titles, but not more than a quarter of the window, or a third if the font is large.
+void ComparisonView::fitSections()
+{
+    if (m_hasUserSplit)
+        return;
+    const QAbstractItemView *list = m_sections; // QTableView hides the function
+    const int count = std::max(list->sizeHintForColumn(SectionModel::Count), m_sections->horizontalHeader()->sectionSizeHint(SectionModel::Count));
+    const int around = m_sections->verticalScrollBar()->sizeHint().width() + m_sections->frameWidth() * 2;
+    const int titles = list->sizeHintForColumn(SectionModel::Title) + count + around;
+    const int character = fontMetrics().averageCharWidth();
+    const int most = std::min(std::max(character * 38, width() / 4), width() / 3);
+    const int width = std::min(std::max(titles, character * 32), most);
+    m_columns->setSizes({width, std::max(0, m_columns->width() - width - m_columns->handleWidth())});
+}
+
+void ComparisonView::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    fitSections();
+}
+
+void ComparisonView::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fitSections();
 }
 
 void ComparisonView::start()
@@ -357,6 +385,7 @@ void ComparisonView::updateShown()
     font.setBold(m_reports->comparison.same());
     m_summary->setFont(font);
     m_sectionModel->setSections(sections);
+    fitSections();
     const int row = m_sectionModel->rowOf(section);
     chooseRow(m_sections, row); // which shows the section
     showSection(m_sectionModel->section(row));

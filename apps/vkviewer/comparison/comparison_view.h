@@ -16,6 +16,7 @@ class QCheckBox;
 class QLabel;
 class QModelIndex;
 class QPushButton;
+class QSplitter;
 class QStackedWidget;
 class QTableView;
 class SectionModel;
@@ -62,6 +63,10 @@ Q_SIGNALS:
     void showsEveryMomentChanged(bool shows);
     void currentDifferenceChanged();
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
 private:
     QWidget *makeNames();
     QWidget *makeCommands();
@@ -92,6 +97,7 @@ private:
     Place placeOf(int change) const;
     int findChange(const Place &place) const;
     void updateNames();
+    void fitSections();
     void updateShown();
     void showSection(const QString &section);
     void chooseSection(int row);
@@ -126,6 +132,8 @@ private:
     QLabel *m_message = nullptr;
     QCheckBox *m_everyMoment = nullptr;
     QStackedWidget *m_pages = nullptr;
+    QSplitter *m_columns = nullptr; ///< sections | differences and texts
+    bool m_hasUserSplit = false;
     QTableView *m_sections = nullptr;
     QTableView *m_differences = nullptr;
     AlignedTextView *m_text = nullptr;
