@@ -90,8 +90,7 @@ void BackgroundTaskTest::whatIsStartedAfterTheEndOfAnother()
     int done = 0;
     task.start([](const std::atomic_bool &) {}, [&] {
         ++done;
-        task.start([](const std::atomic_bool &) {}, [&done] { ++done; }); // from the end of the first
-    });
+        task.start([](const std::atomic_bool &) {}, [&done] { ++done; }); // from the end of the first });
     QTRY_COMPARE(done, 2);
     task.start([](const std::atomic_bool &) { throw std::bad_alloc(); }, [&done] { ++done; });
     QTRY_COMPARE(done, 3);

@@ -25,6 +25,7 @@
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QTableView>
 
@@ -48,6 +49,8 @@ private Q_SLOTS:
     void theSamePersonHasOneAlias();
     void aliasesOfOneComparison();
     void theSectionAndTheDifferenceStay();
+    void theTextsScrollTogetherAfterwards();
+    void theFocusStays();
     void theRowOfTheTableStays();
     void whatWasHiddenByHand();
     void theSwitchOfTheWindow();
@@ -502,6 +505,57 @@ void ComparisonPrivacyTest::theSectionAndTheDifferenceStay()
         QCOMPARE(differencesOf(pair).rowCount(), 2);
         QCOMPARE(differencesOf(pair).index(1, DifferenceModel::Older).data().toString() == value, !hides);
     }
+}
+
+void ComparisonPrivacyTest::theTextsScrollTogetherAfterwards()
+{
+    ComparisonView pair(fromPair("full-disk/OLD.txt"), fromPair("full-disk/NEW.txt"));
+    pair.resize(1024, 600);
+    pair.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&pair));
+    waitFor(pair);
+    QCoreApplication::processEvents();
+    const QScrollBar *older = table(pair, "olderText")->verticalScrollBar();
+    const QScrollBar *newer = table(pair, "newerText")->verticalScrollBar();
+    for (const bool hides : {true, false, true}) {
+        pair.nextDifference();
+        const QString position = labelText(pair, "position");
+        pair.setPersonalData({hides, {}});
+        waitFor(pair);
+        QCoreApplication::processEvents();
+        QCOMPARE(labelText(pair, "position"), position);
+        QVERIFY(newer->value() > 0);
+        QCOMPARE(older->value(), newer->value());
+        pair.nextDifference();
+        QCOMPARE(older->value(), newer->value());
+        const QTableView *text = table(pair, "newerText");
+        QVERIFY(text->viewport()->rect().intersects(text->visualRect(text->selectionModel()->selectedRows(AlignedTextModel::NewerLine).constFirst())));
+    }
+}
+
+void ComparisonPrivacyTest::theFocusStays()
+{
+    ComparisonView pair(fromPair("full-disk/OLD.txt"), fromPair("full-disk/NEW.txt"));
+    ComparisonTableView several({fromPair("full-disk/OLD.txt"), fromPair("full-disk/NEW.txt"), fromPair("missing-runtime/NEW.txt")});
+    const auto check = [](auto &view, const std::vector<const char *> &names) {
+        view.show();
+        view.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&view));
+        waitFor(view);
+        bool hides = false;
+        for (const char *name : names) {
+            hides = !hides;
+            auto *widget = view.template findChild<QWidget *>(QString::fromLatin1(name));
+            widget->setFocus();
+            QVERIFY(widget->hasFocus());
+            view.setPersonalData({hides, {}});
+            waitFor(view);
+            QVERIFY2(widget->hasFocus(), name);
+        }
+        view.hide();
+    };
+    check(pair, {"sections", "differences", "olderText", "newerText", "swap", "everyMoment"});
+    check(several, {"values", "frozen", "filter", "everyMoment"});
 }
 
 void ComparisonPrivacyTest::theRowOfTheTableStays()

@@ -32,8 +32,8 @@ private:
     void startThread();
     void takeEnd();
 
-    Work m_work; ///< that waits for its thread
-    Done m_done; ///< of the last start()
+    Work m_work;                                   ///< that waits for its thread
+    Done m_done;                                   ///< of the last start()
     std::shared_ptr<std::atomic_bool> m_cancelled; ///< of the thread; null if there is none
     bool m_isWanted = false;
 };

@@ -200,8 +200,8 @@ void ComparisonTableView::clear()
 {
     m_table.reset();
     m_shown.clear();
-    m_pages->setCurrentIndex(MessagePage);
     m_model->setTable(nullptr, {}, {});
+    m_focus.show(m_pages, m_message);
     m_summary->clear();
 }
 
@@ -219,7 +219,7 @@ void ComparisonTableView::finish(const Result &result)
         toolTips += ComparisonNotes::place(report);
     m_model->setTable(m_table, m_names, toolTips);
     hideColumns();
-    m_pages->setCurrentIndex(ContentPage);
+    m_focus.showAgain(m_pages, ContentPage);
     updateSummary();
     const int row = m_wanted ? m_model->rowOf(*m_wanted) : -1;
     m_wanted.reset();

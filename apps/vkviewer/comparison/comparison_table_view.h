@@ -3,6 +3,7 @@
 
 #include "background_task.h"
 #include "comparison_form.h"
+#include "kept_focus.h"
 #include "private_reports.h"
 
 #include <QtWidgets/QWidget>
@@ -73,7 +74,7 @@ private:
     QStringList m_names;
     BackgroundTask m_task;
     std::shared_ptr<const velkor::Reports::ComparisonTable> m_table; ///< null until the reports are compared
-    std::optional<velkor::Reports::ComparisonRow> m_wanted; ///< the row to show when the reports are compared again
+    std::optional<velkor::Reports::ComparisonRow> m_wanted;          ///< the row to show when the reports are compared again
     bool m_showsEveryMoment = false;
 
     ComparisonTableModel *m_model;
@@ -84,6 +85,7 @@ private:
     QLabel *m_privacy = nullptr;
     QLabel *m_message = nullptr;
     QStackedWidget *m_pages = nullptr;
+    KeptFocus m_focus;
     QTableView *m_frozen = nullptr; ///< what the rows are
     QTableView *m_values = nullptr;
 };

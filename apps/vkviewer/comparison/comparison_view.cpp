@@ -201,7 +201,7 @@ QWidget *ComparisonView::makeContent()
     m_differences->setObjectName(QStringLiteral("differences"));
     new ColumnWidths(m_differences, {3, 4, 4, 4, 4}, 8);
     connect(m_differences->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex &current) {
-        if (current.isValid())
+        if (m_reports && current.isValid())
             setCurrentChange(m_differenceModel->changeIndex(current.row()));
     });
 
@@ -278,10 +278,10 @@ void ComparisonView::clear()
     m_shown.clear();
     m_walk.clear();
     m_current = -1;
-    m_pages->setCurrentIndex(MessagePage);
     m_differenceModel->setReports(nullptr);
     m_text->setReports(nullptr);
     m_sectionModel->setSections({});
+    m_focus.show(m_pages, m_message); // a table that gets the focus would choose a row
     m_summary->clear();
     updatePosition();
 }
@@ -298,7 +298,7 @@ void ComparisonView::finish(const Result &result)
     m_reports = result.reports;
     m_differenceModel->setReports(m_reports);
     m_text->setReports(m_reports);
-    m_pages->setCurrentIndex(ContentPage);
+    m_focus.showAgain(m_pages, ContentPage);
     m_current = m_wanted ? findChange(*m_wanted) : -1;
     m_wanted.reset();
     updateShown();

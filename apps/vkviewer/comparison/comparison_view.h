@@ -4,6 +4,7 @@
 #include "background_task.h"
 #include "compared_reports.h"
 #include "comparison_form.h"
+#include "kept_focus.h"
 #include "private_reports.h"
 
 #include <QtWidgets/QWidget>
@@ -132,6 +133,7 @@ private:
     QLabel *m_message = nullptr;
     QCheckBox *m_everyMoment = nullptr;
     QStackedWidget *m_pages = nullptr;
+    KeptFocus m_focus;
     QSplitter *m_columns = nullptr; ///< sections | differences and texts
     bool m_hasUserSplit = false;
     QTableView *m_sections = nullptr;
