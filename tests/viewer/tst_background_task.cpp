@@ -88,9 +88,12 @@ void BackgroundTaskTest::whatIsStartedAfterTheEndOfAnother()
 {
     BackgroundTask task;
     int done = 0;
-    task.start([](const std::atomic_bool &) {}, [&] {
+    const BackgroundTask::Work nothing = [](const std::atomic_bool &) {};
+    const auto startsAnother = [&] {
         ++done;
-        task.start([](const std::atomic_bool &) {}, [&done] { ++done; }); // from the end of the first });
+        task.start(nothing, [&done] { ++done; });
+    };
+    task.start(nothing, startsAnother);
     QTRY_COMPARE(done, 2);
     task.start([](const std::atomic_bool &) { throw std::bad_alloc(); }, [&done] { ++done; });
     QTRY_COMPARE(done, 3);
