@@ -51,6 +51,10 @@ private Q_SLOTS:
     void theKeyboardReachesEverything();
     void aViewThatIsClosedWhileComparing();
     void aComparisonThatIsReplaced();
+    void titlesAreNotCut_data();
+    void titlesAreNotCut();
+    void widthsOfColumns();
+    void widthsOfTheUserStay();
 };
 
 namespace {
@@ -628,6 +632,76 @@ void ComparisonViewTest::aComparisonThatIsReplaced()
     QCOMPARE(spy.size(), 1);
     QCOMPARE(shown.text("olderName"), QStringLiteral("OLD.txt"));
     QCOMPARE(shown.cell(1, DifferenceModel::Kind), QStringLiteral("\u2193 smaller"));
+}
+
+void ComparisonViewTest::titlesAreNotCut_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("small") << QSize(1024, 600);
+    QTest::newRow("usual") << QSize(1200, 760);
+}
+
+void ComparisonViewTest::titlesAreNotCut()
+{
+    QFETCH(const QSize, size);
+    ShownView shown("full-disk");
+    QFont font = shown.view.font();
+    font.setPixelSize(12); // 9 points with 96 dots an inch
+    shown.view.setFont(font);
+    shown.view.resize(size);
+    QCoreApplication::processEvents();
+    const QTableView *differences = shown.table("differences");
+    const QTableView *sections = shown.table("sections");
+    const auto isWhole = [](const QTableView *table, int row, int column) {
+        const QModelIndex index = table->model()->index(row, column);
+        const QAbstractItemView *view = table;
+        return table->visualRect(index).width() >= view->sizeHintForIndex(index).width();
+    };
+    for (int row = 0; row < 4; ++row) // "Some environment variables" and shorter ones
+        QVERIFY2(isWhole(sections, row, SectionModel::Title), qPrintable(QString::number(row)));
+    for (int row = 0; row < 4; ++row) {
+        for (const int column : {int(DifferenceModel::Kind), int(DifferenceModel::SectionTitle), int(DifferenceModel::Subject), int(DifferenceModel::Newer)})
+            QVERIFY2(isWhole(differences, row, column), qPrintable(QString::number(row) + QLatin1Char(' ') + QString::number(column)));
+    }
+    // Nothing has to be scrolled sideways, and nothing is left empty.
+    QCOMPARE(differences->horizontalScrollBar()->maximum(), 0);
+    int width = 0;
+    for (int column = 0; column < DifferenceModel::ColumnCount; ++column)
+        width += differences->columnWidth(column);
+    QVERIFY(differences->viewport()->width() - width < DifferenceModel::ColumnCount); // less than a pixel a column
+    QVERIFY(sections->width() <= size.width() / 3);
+}
+
+void ComparisonViewTest::widthsOfColumns()
+{
+    ShownView shown("full-disk");
+    QTableView *differences = shown.table("differences");
+    const int section = differences->columnWidth(DifferenceModel::SectionTitle);
+    const int subject = differences->columnWidth(DifferenceModel::Subject);
+    shown.clickSection(1); // TEMP alone
+    QVERIFY(differences->columnWidth(DifferenceModel::Subject) < subject);
+    shown.clickSection(0);
+    QCOMPARE(differences->columnWidth(DifferenceModel::SectionTitle), section);
+    QCOMPARE(differences->columnWidth(DifferenceModel::Subject), subject);
+    // Values of any length share what is left.
+    QByteArray text = contents(QStringLiteral("full-disk/NEW.txt"));
+    text.replace("TEMP     = Z:\\Temp", "TEMP     = " + QByteArray(100000, 'x'));
+    const ShownView large(older(QStringLiteral("full-disk")), report(text, QStringLiteral("large")));
+    const QTableView *shared = large.table("differences");
+    QVERIFY(qAbs(shared->columnWidth(DifferenceModel::Older) - shared->columnWidth(DifferenceModel::Newer)) <= 1);
+    QVERIFY(shared->columnWidth(DifferenceModel::Newer) > differences->columnWidth(DifferenceModel::Newer));
+    QCOMPARE(shared->horizontalScrollBar()->maximum(), 0);
+}
+
+void ComparisonViewTest::widthsOfTheUserStay()
+{
+    ShownView shown("full-disk");
+    QTableView *differences = shown.table("differences");
+    differences->horizontalHeader()->resizeSection(DifferenceModel::Kind, 200);
+    shown.view.resize(1200, 760);
+    shown.clickSection(1);
+    shown.clickSection(0);
+    QCOMPARE(differences->columnWidth(DifferenceModel::Kind), 200);
 }
 
 TEST_WITH_APPLICATION(ComparisonViewTest);

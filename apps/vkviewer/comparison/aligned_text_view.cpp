@@ -108,6 +108,8 @@ void AlignedTextView::setRows(LineIndexes rows)
 {
     m_model->setRows(rows);
     updateSizes();
+    for (QTableView *view : {m_older, m_newer}) // else a scroll bar takes no value beyond the rows of before
+        view->doItemsLayout();
 }
 
 void AlignedTextView::setShowsEveryMoment(bool shows)

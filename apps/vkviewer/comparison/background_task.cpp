@@ -43,21 +43,42 @@ BackgroundTask::~BackgroundTask()
 void BackgroundTask::start(Work work, Done done)
 {
     cancel();
+    m_work = std::move(work);
+    m_done = std::move(done);
+    m_isWanted = true;
+    if (!m_cancelled)
+        startThread();
+}
+
+void BackgroundTask::startThread()
+{
     m_cancelled = std::make_shared<std::atomic_bool>(false);
-    auto *thread = new WorkThread(std::move(work), m_cancelled);
-    connect(thread, &QThread::finished, this, [this, cancelled = m_cancelled, done = std::move(done)] {
-        if (*cancelled)
-            return;
-        m_cancelled.reset();
-        done();
-    });
+    auto *thread = new WorkThread(std::move(m_work), m_cancelled);
+    m_work = nullptr;
+    connect(thread, &QThread::finished, this, &BackgroundTask::takeEnd);
     connect(thread, &QThread::finished, thread, &QObject::deleteLater);
     thread->start();
+}
+
+void BackgroundTask::takeEnd()
+{
+    const bool isDropped = *m_cancelled;
+    m_cancelled.reset();
+    if (m_work) {
+        startThread();
+    } else if (!isDropped) {
+        m_isWanted = false;
+        const Done done = std::move(m_done);
+        m_done = nullptr;
+        done();
+    }
 }
 
 void BackgroundTask::cancel()
 {
     if (m_cancelled)
         *m_cancelled = true;
-    m_cancelled.reset();
+    m_work = nullptr;
+    m_done = nullptr;
+    m_isWanted = false;
 }

@@ -7,7 +7,8 @@
 #include <memory>
 
 /// Runs one piece of work at a time in a thread of its own. The thread is not waited for if the work is cancelled or if
-/// this object is destroyed: what it found is dropped. QCoreApplication waits for it at its end.
+/// this object is destroyed: what it found is dropped. QCoreApplication waits for it at its end. Work that is started before
+/// the thread has ended waits for it; of several only the last one.
 class BackgroundTask : public QObject
 {
     Q_OBJECT
@@ -20,12 +21,19 @@ public:
     explicit BackgroundTask(QObject *parent = nullptr);
     ~BackgroundTask() override;
 
-    /// Cancels what runs, and starts \a work. Afterwards calls \a done in the thread of this object, but not if it was
+    /// Cancels what runs and what waits, and starts \a work. Afterwards calls \a done in the thread of this object, but not if it was
     /// cancelled. std::bad_alloc ends the work.
     void start(Work work, Done done);
     void cancel();
-    bool isRunning() const { return m_cancelled != nullptr; }
+    /// Whether something runs or waits that was not cancelled.
+    bool isRunning() const { return m_isWanted; }
 
 private:
-    std::shared_ptr<std::atomic_bool> m_cancelled; ///< of what runs; null if nothing does
+    void startThread();
+    void takeEnd();
+
+    Work m_work;                                   ///< that waits for its thread
+    Done m_done;                                   ///< of the last start()
+    std::shared_ptr<std::atomic_bool> m_cancelled; ///< of the thread; null if there is none
+    bool m_isWanted = false;
 };

@@ -73,9 +73,25 @@ QString ComparisonNotes::summary(int differences, int everyMoment, bool showsEve
     return first + QLatin1Char(' ') + second;
 }
 
+QString ComparisonNotes::privacy(bool isHidden)
+{
+    return isHidden ? tr("Personal data are hidden: an alias stands for the same person or thing in all reports, and most environment variables are compared by the length of their values.")
+                    : tr("The comparison contains names, addresses and values of environment variables, also when it is copied or saved: send it only to people who need it.");
+}
+
+QString ComparisonNotes::work(bool isHidden)
+{
+    return isHidden ? tr("Hiding personal data and comparing\u2026") : tr("Comparing\u2026");
+}
+
 QString ComparisonNotes::name(const LoadedReport &report)
 {
     return report.name.isEmpty() ? tr("report without a name") : cellText(report.name);
+}
+
+QString ComparisonNotes::number(int number)
+{
+    return tr("report %1").arg(number);
 }
 
 QString ComparisonNotes::place(const LoadedReport &report)

@@ -23,8 +23,15 @@ public:
     /// "In 2 sections only the text differs."; empty for none.
     static QString onlyTexts(int sections);
 
+    /// What readers of the comparison, and those who get it, have to know about personal data.
+    static QString privacy(bool isHidden);
+    /// What is said until the result is there.
+    static QString work(bool isHidden);
+
     /// The report's name on one line.
     static QString name(const LoadedReport &report);
+    /// The name of a report whose own name must not be shown: "report 2".
+    static QString number(int number);
     /// Where the report is, for tooltips: names of files are often equal.
     static QString place(const LoadedReport &report);
 };

@@ -75,6 +75,16 @@ bool ComparisonTableModel::differs(const ComparisonRow &row, int column)
     return column > FirstReport && row.values[std::size_t(column - FirstReport)] != row.values.front();
 }
 
+int ComparisonTableModel::rowOf(const ComparisonRow &row) const
+{
+    for (int i = 0; i < rowCount(); ++i) {
+        const ComparisonRow &found = this->row(i);
+        if (found.section == row.section && found.items == row.items && found.row == row.row)
+            return i;
+    }
+    return -1;
+}
+
 int ComparisonTableModel::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : int(m_rows.size());
@@ -89,7 +99,7 @@ QVariant ComparisonTableModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid())
         return {};
-    const ComparisonRow &row = m_table->rows[std::size_t(m_rows[std::size_t(index.row())])];
+    const ComparisonRow &row = this->row(index.row());
     switch (role) {
     case Qt::DisplayRole:
         return (differs(row, index.column()) ? QStringLiteral("\u2260 ") : QString()) + cellText(text(row, index.column()));

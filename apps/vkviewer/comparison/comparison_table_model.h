@@ -22,11 +22,15 @@ public:
 
     explicit ComparisonTableModel(QObject *parent = nullptr);
 
-    /// A name and a tooltip, which is plain text, for each report.
+    /// A name and a tooltip, which is plain text, for each report. Nothing for a null pointer.
     void setTable(std::shared_ptr<const velkor::Reports::ComparisonTable> table, const QStringList &names, const QStringList &toolTips);
     /// The rows with this text in one of their cells, in upper or lower case; all rows for an empty one.
     void setFilter(const QString &filter);
     void setShowsEveryMoment(bool shows);
+
+    const velkor::Reports::ComparisonRow &row(int row) const { return m_table->rows[std::size_t(m_rows[std::size_t(row)])]; }
+    /// The row about the same fact or item; -1 if there is none.
+    int rowOf(const velkor::Reports::ComparisonRow &row) const;
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;

@@ -60,20 +60,17 @@ void scrollWith(QTableView *view, QTableView *other)
 
 } // namespace
 
-ComparisonTableView::ComparisonTableView(const std::vector<LoadedReport> &reports, QWidget *parent)
-    : QWidget(parent), m_reports(reports), m_names(differentNames(reports)), m_model(new ComparisonTableModel(this))
+ComparisonTableView::ComparisonTableView(const std::vector<LoadedReport> &reports, const PersonalData &personalData, QWidget *parent)
+    : QWidget(parent), m_originals(reports), m_personalData(personalData), m_model(new ComparisonTableModel(this))
 {
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(makeCommands());
-    QStringList notes;
-    for (const LoadedReport &report : reports)
-        notes += ComparisonNotes::of(report);
-    notes.removeDuplicates();
-    QLabel *noteLabel = plainLabel(this);
-    noteLabel->setObjectName(QStringLiteral("notes"));
-    noteLabel->setText(notes.join(QLatin1Char('\n')));
-    noteLabel->setVisible(!notes.isEmpty());
-    layout->addWidget(noteLabel);
+    m_notes = plainLabel(this);
+    m_notes->setObjectName(QStringLiteral("notes"));
+    layout->addWidget(m_notes);
+    m_privacy = plainLabel(this);
+    m_privacy->setObjectName(QStringLiteral("privacy"));
+    layout->addWidget(m_privacy);
     m_message = plainLabel(this);
     m_message->setObjectName(QStringLiteral("message"));
     m_message->setAlignment(Qt::AlignCenter);
@@ -170,40 +167,88 @@ QSplitter *ComparisonTableView::makeTables()
     return splitter;
 }
 
-void ComparisonTableView::start()
+bool ComparisonTableView::areReports() const
 {
-    m_pages->setCurrentIndex(MessagePage);
-    const bool areReports = std::all_of(m_reports.begin(), m_reports.end(), [](const LoadedReport &report) { return report.isReport(); });
-    if (!areReports || m_reports.size() < 2) {
-        m_message->setText(tr("There is nothing to compare."));
-        return;
-    }
-    m_message->setText(tr("Comparing\u2026"));
-    std::vector<Document> documents;
-    for (const LoadedReport &report : m_reports)
-        documents.push_back(report.document);
-    const auto result = std::make_shared<std::shared_ptr<const ComparisonTable>>();
-    m_task.start([result, documents](const std::atomic_bool &) { *result = std::make_shared<const ComparisonTable>(compareSeveral(documents)); },
-                 [this, result] {
-        m_table = *result;
-        finish();
-    });
+    return m_originals.size() > 1
+        && std::all_of(m_originals.begin(), m_originals.end(), [](const LoadedReport &report) { return report.isReport(); });
 }
 
-void ComparisonTableView::finish()
+void ComparisonTableView::start()
 {
-    if (!m_table) {
-        m_message->setText(tr("There is not enough memory to compare these reports."));
+    clear();
+    const bool isHidden = m_personalData.isHidden;
+    if (!isHidden)
+        m_shown = m_originals;
+    updateNames();
+    m_privacy->setText(ComparisonNotes::privacy(isHidden));
+    m_message->setText(ComparisonNotes::work(isHidden));
+    const auto result = std::make_shared<Result>();
+    const auto work = [result, originals = m_originals, data = m_personalData, key = m_aliasKey, areReports = areReports()](const std::atomic_bool &cancelled) {
+        result->shown = data.isHidden ? withoutPersonalData(originals, data.hide, key) : originals;
+        if (cancelled || !areReports)
+            return;
+        std::vector<Document> documents;
+        for (const LoadedReport &report : result->shown)
+            documents.push_back(report.document);
+        result->table = std::make_shared<const ComparisonTable>(compareSeveral(documents));
+    };
+    m_task.start(work, [this, result] { finish(*result); });
+}
+
+/// Nothing of the reports is left in what is seen, copied or saved.
+void ComparisonTableView::clear()
+{
+    m_table.reset();
+    m_shown.clear();
+    m_model->setTable(nullptr, {}, {});
+    m_focus.show(m_pages, m_message);
+    m_summary->clear();
+}
+
+void ComparisonTableView::finish(const Result &result)
+{
+    m_shown = result.shown;
+    updateNames();
+    if (!result.table) {
+        m_message->setText(areReports() ? tr("There is not enough memory to compare these reports.") : tr("There is nothing to compare."));
         return;
     }
+    m_table = result.table;
     QStringList toolTips;
-    for (const LoadedReport &report : m_reports)
+    for (const LoadedReport &report : m_shown)
         toolTips += ComparisonNotes::place(report);
     m_model->setTable(m_table, m_names, toolTips);
     hideColumns();
-    m_pages->setCurrentIndex(ContentPage);
+    m_focus.showAgain(m_pages, ContentPage);
     updateSummary();
+    const int row = m_wanted ? m_model->rowOf(*m_wanted) : -1;
+    m_wanted.reset();
+    if (row >= 0)
+        m_frozen->setCurrentIndex(m_model->index(row, ComparisonTableModel::Subject));
     Q_EMIT compared();
+}
+
+void ComparisonTableView::setPersonalData(const PersonalData &personalData)
+{
+    if (personalData == m_personalData)
+        return;
+    m_personalData = personalData;
+    const QModelIndex current = m_frozen->currentIndex();
+    if (m_table)
+        m_wanted = current.isValid() ? std::make_optional(m_model->row(current.row())) : std::nullopt;
+    start();
+}
+
+void ComparisonTableView::updateNames()
+{
+    QStringList notes;
+    for (const LoadedReport &report : m_shown)
+        notes += ComparisonNotes::of(report);
+    notes.removeDuplicates();
+    m_notes->setText(notes.join(QLatin1Char('\n')));
+    m_notes->setVisible(!notes.isEmpty());
+    m_names = differentNames(m_shown);
+    Q_EMIT namesChanged();
 }
 
 void ComparisonTableView::hideColumns()

@@ -9,6 +9,7 @@
 #include "row_copier.h"
 #include "section_model.h"
 
+#include <QtCore/QEvent>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QHeaderView>
@@ -72,8 +73,8 @@ std::vector<SectionModel::Row> sectionsThatDiffer(const ComparedReports &reports
 
 } // namespace
 
-ComparisonView::ComparisonView(const LoadedReport &older, const LoadedReport &newer, QWidget *parent)
-    : QWidget(parent), m_older(older), m_newer(newer), m_sectionModel(new SectionModel(this)), m_differenceModel(new DifferenceModel(this))
+ComparisonView::ComparisonView(const LoadedReport &older, const LoadedReport &newer, const PersonalData &personalData, QWidget *parent)
+    : QWidget(parent), m_originals({older, newer}), m_personalData(personalData), m_sectionModel(new SectionModel(this)), m_differenceModel(new DifferenceModel(this))
 {
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(makeNames());
@@ -82,6 +83,10 @@ ComparisonView::ComparisonView(const LoadedReport &older, const LoadedReport &ne
     m_notes->setObjectName(QStringLiteral("notes"));
     m_notes->setWordWrap(true);
     layout->addWidget(m_notes);
+    m_privacy = plainLabel(this);
+    m_privacy->setObjectName(QStringLiteral("privacy"));
+    m_privacy->setWordWrap(true);
+    layout->addWidget(m_privacy);
 
     m_message = plainLabel(this);
     m_message->setObjectName(QStringLiteral("message"));
@@ -194,9 +199,9 @@ QWidget *ComparisonView::makeContent()
 
     m_differences = makeTable(m_differenceModel, tr("Differences"));
     m_differences->setObjectName(QStringLiteral("differences"));
-    new ColumnWidths(m_differences, {3, 4, 8, 5, 5}, 8);
+    new ColumnWidths(m_differences, {3, 4, 4, 4, 4}, 8);
     connect(m_differences->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex &current) {
-        if (current.isValid())
+        if (m_reports && current.isValid())
             setCurrentChange(m_differenceModel->changeIndex(current.row()));
     });
 
@@ -207,62 +212,153 @@ QWidget *ComparisonView::makeContent()
     right->setStretchFactor(0, 1);
     right->setStretchFactor(1, 1);
     right->setChildrenCollapsible(false);
-    auto *content = new QSplitter(Qt::Horizontal, this);
-    content->addWidget(m_sections);
-    content->addWidget(right);
-    content->setStretchFactor(0, 0);
-    content->setStretchFactor(1, 1);
-    content->setChildrenCollapsible(false);
-    const int list = fontMetrics().averageCharWidth() * 32;
-    content->setSizes({list, list * 4});
-    return content;
+    m_columns = new QSplitter(Qt::Horizontal, this);
+    m_columns->addWidget(m_sections);
+    m_columns->addWidget(right);
+    m_columns->setStretchFactor(0, 0);
+    m_columns->setStretchFactor(1, 1);
+    m_columns->setChildrenCollapsible(false);
+    connect(m_columns, &QSplitter::splitterMoved, this, [this] { m_hasUserSplit = true; });
+    return m_columns;
+}
+
+/// As wide as the titles, but not more than a quarter of the window, or a third if the font is large.
+void ComparisonView::fitSections()
+{
+    if (m_hasUserSplit)
+        return;
+    const QAbstractItemView *list = m_sections; // QTableView hides the function
+    const int count = std::max(list->sizeHintForColumn(SectionModel::Count), m_sections->horizontalHeader()->sectionSizeHint(SectionModel::Count));
+    const int around = m_sections->verticalScrollBar()->sizeHint().width() + m_sections->frameWidth() * 2;
+    const int titles = list->sizeHintForColumn(SectionModel::Title) + count + around;
+    const int character = fontMetrics().averageCharWidth();
+    const int most = std::min(std::max(character * 38, width() / 4), width() / 3);
+    const int width = std::min(std::max(titles, character * 32), most);
+    m_columns->setSizes({width, std::max(0, m_columns->width() - width - m_columns->handleWidth())});
+}
+
+void ComparisonView::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    fitSections();
+}
+
+void ComparisonView::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fitSections();
 }
 
 void ComparisonView::start()
 {
-    m_reports.reset();
-    m_walk.clear();
-    m_current = -1;
+    clear();
+    const bool isHidden = m_personalData.isHidden;
+    if (!isHidden)
+        m_shown = m_originals;
     updateNames();
-    updatePosition();
-    m_summary->clear();
-    m_pages->setCurrentIndex(MessagePage);
-    if (!m_older.isReport() || !m_newer.isReport()) {
-        m_message->setText(tr("There is nothing to compare."));
-        return;
-    }
-    m_message->setText(tr("Comparing\u2026"));
-    const auto result = std::make_shared<std::shared_ptr<const ComparedReports>>();
+    m_privacy->setText(ComparisonNotes::privacy(isHidden));
+    m_message->setText(ComparisonNotes::work(isHidden));
+    const auto result = std::make_shared<Result>();
     m_task.start(
-        [result, older = m_older.document, newer = m_newer.document](const std::atomic_bool &cancelled) {
-        if (auto reports = compareReports(older, newer, cancelled))
-            *result = std::make_shared<const ComparedReports>(std::move(*reports));
+        [result, originals = m_originals, data = m_personalData, key = m_aliasKey](const std::atomic_bool &cancelled) {
+        result->shown = data.isHidden ? withoutPersonalData(originals, data.hide, key) : originals;
+        if (cancelled || !originals[0].isReport() || !originals[1].isReport())
+            return;
+        if (auto reports = compareReports(result->shown[0].document, result->shown[1].document, cancelled))
+            result->reports = std::make_shared<const ComparedReports>(std::move(*reports));
         },
         [this, result] { finish(*result); });
 }
 
-void ComparisonView::finish(std::shared_ptr<const ComparedReports> reports)
+/// Nothing of the reports is left in what is seen, copied or saved.
+void ComparisonView::clear()
 {
-    if (!reports) {
-        m_message->setText(tr("There is not enough memory to compare these reports."));
+    m_reports.reset();
+    m_shown.clear();
+    m_walk.clear();
+    m_current = -1;
+    m_differenceModel->setReports(nullptr);
+    m_text->setReports(nullptr);
+    m_sectionModel->setSections({});
+    m_focus.show(m_pages, m_message); // a table that gets the focus would choose a row
+    m_summary->clear();
+    updatePosition();
+}
+
+void ComparisonView::finish(const Result &result)
+{
+    m_shown = result.shown;
+    updateNames();
+    if (!result.reports) {
+        const bool areReports = m_originals[0].isReport() && m_originals[1].isReport();
+        m_message->setText(areReports ? tr("There is not enough memory to compare these reports.") : tr("There is nothing to compare."));
         return;
     }
-    m_reports = std::move(reports);
+    m_reports = result.reports;
     m_differenceModel->setReports(m_reports);
     m_text->setReports(m_reports);
-    m_pages->setCurrentIndex(ContentPage);
+    m_focus.showAgain(m_pages, ContentPage);
+    m_current = m_wanted ? findChange(*m_wanted) : -1;
+    m_wanted.reset();
     updateShown();
     Q_EMIT compared();
 }
 
+void ComparisonView::setPersonalData(const PersonalData &personalData)
+{
+    if (personalData == m_personalData)
+        return;
+    m_personalData = personalData;
+    if (m_reports)
+        m_wanted = m_current < 0 ? std::nullopt : std::make_optional(placeOf(m_current));
+    start();
+}
+
+ComparisonView::Place ComparisonView::placeOf(int change) const
+{
+    const ChangePlace &place = m_reports->places[std::size_t(change)];
+    const auto lineAt = [this](LineIndexes rows, int AlignedRow::*line) {
+        return rows.size() == 0 ? -1 : m_reports->text.rows[std::size_t(rows.begin)].*line;
+    };
+    const Change &found = m_reports->comparison.changes[std::size_t(change)];
+    return {found.section, found.row, lineAt(place.older, &AlignedRow::older), lineAt(place.newer, &AlignedRow::newer)};
+}
+
+int ComparisonView::findChange(const Place &place) const
+{
+    for (int i = 0; i < int(m_reports->places.size()); ++i) {
+        if (placeOf(i) == place)
+            return i;
+    }
+    return -1;
+}
+
+QStringList ComparisonView::names() const
+{
+    QStringList names;
+    for (const LoadedReport &report : m_shown)
+        names += ComparisonNotes::name(report);
+    return names;
+}
+
 void ComparisonView::updateNames()
 {
-    m_olderName->setName(ComparisonNotes::name(m_older), ComparisonNotes::place(m_older));
-    m_newerName->setName(ComparisonNotes::name(m_newer), ComparisonNotes::place(m_newer));
-    QStringList notes = ComparisonNotes::of(m_older) + ComparisonNotes::of(m_newer);
+    QStringList notes;
+    for (const LoadedReport &report : m_shown)
+        notes += ComparisonNotes::of(report);
     notes.removeDuplicates();
     m_notes->setText(notes.join(QLatin1Char('\n')));
     m_notes->setVisible(!notes.isEmpty());
+    const bool isKnown = m_shown.size() == m_originals.size();
+    for (std::size_t i = 0; i < m_originals.size(); ++i) {
+        NameLabel *label = i == 0 ? m_olderName : m_newerName;
+        if (isKnown)
+            label->setName(ComparisonNotes::name(m_shown[i]), ComparisonNotes::place(m_shown[i]));
+        else
+            label->setName(QString(), QString());
+    }
+    Q_EMIT namesChanged();
 }
 
 /// After a change of what is shown: the sections, the differences, the marks.
@@ -289,6 +385,7 @@ void ComparisonView::updateShown()
     font.setBold(m_reports->comparison.same());
     m_summary->setFont(font);
     m_sectionModel->setSections(sections);
+    fitSections();
     const int row = m_sectionModel->rowOf(section);
     chooseRow(m_sections, row); // which shows the section
     showSection(m_sectionModel->section(row));
@@ -329,7 +426,7 @@ QByteArray ComparisonView::exported(ComparisonForm form) const
     if (!m_reports)
         return {};
     ComparisonOptions options;
-    options.reportNames = QStringList {ComparisonNotes::name(m_older), ComparisonNotes::name(m_newer)};
+    options.reportNames = names();
     options.all = m_showsEveryMoment;
     return written(m_reports->comparison, form, options);
 }
@@ -396,7 +493,8 @@ void ComparisonView::setShowsEveryMoment(bool shows)
 
 void ComparisonView::swapSides()
 {
-    std::swap(m_older, m_newer);
+    std::swap(m_originals[0], m_originals[1]);
+    m_wanted.reset();
     start();
 }
 

@@ -4,7 +4,8 @@
 #include "background_task.h"
 #include "compared_reports.h"
 #include "comparison_form.h"
-#include "report/loaded_report.h"
+#include "kept_focus.h"
+#include "private_reports.h"
 
 #include <QtWidgets/QWidget>
 
@@ -16,18 +17,20 @@ class QCheckBox;
 class QLabel;
 class QModelIndex;
 class QPushButton;
+class QSplitter;
 class QStackedWidget;
 class QTableView;
 class SectionModel;
 
 /// The sections that differ, the differences of one or of all, and the texts. What changes every moment is hidden at first.
-/// The comparison runs in a thread; until it is done the view says so.
+/// The comparison runs in a thread; until it is done the view says so. If personal data are hidden, nothing of the reports is
+/// shown or copied but what redaction left.
 class ComparisonView : public QWidget
 {
     Q_OBJECT
 
 public:
-    ComparisonView(const LoadedReport &older, const LoadedReport &newer, QWidget *parent = nullptr);
+    ComparisonView(const LoadedReport &older, const LoadedReport &newer, const PersonalData &personalData = {}, QWidget *parent = nullptr);
     ~ComparisonView() override;
 
     bool isComparing() const { return m_task.isRunning(); }
@@ -36,6 +39,11 @@ public:
     int differenceCount() const { return int(m_walk.size()); }
     /// Which of them is the current one, from 0; -1 if none is.
     int currentDifference() const;
+
+    /// The names of the reports as they are shown; empty while they are being redacted.
+    QStringList names() const;
+    /// Compares again if it is to hide something else. The section and the difference that are shown stay.
+    void setPersonalData(const PersonalData &personalData);
 
     /// What vkcompare writes about both reports, with what changes every moment if it is shown. Empty until the reports are
     /// compared.
@@ -52,17 +60,45 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     void compared();
+    void namesChanged();
     void showsEveryMomentChanged(bool shows);
     void currentDifferenceChanged();
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     QWidget *makeNames();
     QWidget *makeCommands();
     QWidget *makeContent();
     QTableView *makeTable(QAbstractItemModel *model, const QString &name);
+    /// Another comparison of the same reports has this difference, too: their texts have the same lines.
+    struct Place
+    {
+        QString section;
+        int row;   ///< of the fact
+        int older; ///< index of the line
+        int newer;
+
+        bool operator==(const Place &other) const
+        {
+            return section == other.section && row == other.row && older == other.older && newer == other.newer;
+        }
+    };
+    struct Result
+    {
+        std::vector<LoadedReport> shown;
+        std::shared_ptr<const ComparedReports> reports;
+    };
+
     void start();
-    void finish(std::shared_ptr<const ComparedReports> reports);
+    void clear();
+    void finish(const Result &result);
+    Place placeOf(int change) const;
+    int findChange(const Place &place) const;
     void updateNames();
+    void fitSections();
     void updateShown();
     void showSection(const QString &section);
     void chooseSection(int row);
@@ -72,13 +108,16 @@ private:
     void updatePosition();
     bool isShown(const velkor::Reports::Change &change) const { return m_showsEveryMoment || !change.everyMoment; }
 
-    LoadedReport m_older;
-    LoadedReport m_newer;
+    std::vector<LoadedReport> m_originals; ///< the older one and the newer one
+    std::vector<LoadedReport> m_shown;     ///< what is compared; empty until it is known
+    PersonalData m_personalData;
+    QByteArray m_aliasKey = newAliasKey();
     BackgroundTask m_task;
     std::shared_ptr<const ComparedReports> m_reports; ///< null until the reports are compared
     std::vector<int> m_walk;                          ///< indexes of the changes that are shown in some section
     QString m_section;                                ///< empty for all
     int m_current = -1;                               ///< index of a change
+    std::optional<Place> m_wanted;                    ///< the difference to show when the reports are compared again
     bool m_showsEveryMoment = false;
 
     SectionModel *m_sectionModel;
@@ -90,9 +129,13 @@ private:
     QLabel *m_position = nullptr;
     QLabel *m_summary = nullptr;
     QLabel *m_notes = nullptr;
+    QLabel *m_privacy = nullptr;
     QLabel *m_message = nullptr;
     QCheckBox *m_everyMoment = nullptr;
     QStackedWidget *m_pages = nullptr;
+    KeptFocus m_focus;
+    QSplitter *m_columns = nullptr; ///< sections | differences and texts
+    bool m_hasUserSplit = false;
     QTableView *m_sections = nullptr;
     QTableView *m_differences = nullptr;
     AlignedTextView *m_text = nullptr;

@@ -148,6 +148,37 @@
         <source>report without a name</source>
         <translation>Bericht ohne Namen</translation>
     </message>
+    <message>
+        <source>In 1 section only the text differs, such as its order.</source>
+        <translation>In 1 Abschnitt unterscheidet sich nur der Text, etwa seine Reihenfolge.</translation>
+    </message>
+    <message numerus="yes">
+        <source>In %n sections only the text differs, such as its order.</source>
+        <translation>
+            <numerusform>In %n Abschnitt unterscheidet sich nur der Text, etwa seine Reihenfolge.</numerusform>
+            <numerusform>In %n Abschnitten unterscheidet sich nur der Text, etwa ihre Reihenfolge.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Personal data are hidden: an alias stands for the same person or thing in all reports, and most environment variables are compared by the length of their values.</source>
+        <translation>Persönliche Daten sind verborgen: Ein Alias steht in allen Berichten für dieselbe Person oder Sache, und die meisten Umgebungsvariablen werden nach der Länge ihres Werts verglichen.</translation>
+    </message>
+    <message>
+        <source>The comparison contains names, addresses and values of environment variables, also when it is copied or saved: send it only to people who need it.</source>
+        <translation>Der Vergleich enthält Namen, Adressen und Werte von Umgebungsvariablen, auch kopiert oder gespeichert: Senden Sie ihn nur an Personen, die ihn brauchen.</translation>
+    </message>
+    <message>
+        <source>Hiding personal data and comparing…</source>
+        <translation>Persönliche Daten werden verborgen, Vergleich läuft …</translation>
+    </message>
+    <message>
+        <source>Comparing…</source>
+        <translation>Vergleich läuft …</translation>
+    </message>
+    <message>
+        <source>report %1</source>
+        <translation>Bericht %1</translation>
+    </message>
 </context>
 <context>
     <name>ComparisonTableModel</name>
@@ -209,10 +240,6 @@
     <message>
         <source>There is nothing to compare.</source>
         <translation>Es gibt nichts zu vergleichen.</translation>
-    </message>
-    <message>
-        <source>Comparing…</source>
-        <translation>Vergleich läuft …</translation>
     </message>
     <message>
         <source>There is not enough memory to compare these reports.</source>
@@ -280,10 +307,6 @@
     <message>
         <source>There is nothing to compare.</source>
         <translation>Es gibt nichts zu vergleichen.</translation>
-    </message>
-    <message>
-        <source>Comparing…</source>
-        <translation>Vergleich läuft …</translation>
     </message>
     <message>
         <source>There is not enough memory to compare these reports.</source>
@@ -406,13 +429,6 @@
         <source>smaller</source>
         <translation>kleiner</translation>
     </message>
-    <message numerus="yes">
-        <source>and %n more</source>
-        <translation>
-            <numerusform>und %n weiterer</numerusform>
-            <numerusform>und %n weitere</numerusform>
-        </translation>
-    </message>
     <message>
         <source>(empty)</source>
         <translation>(leer)</translation>
@@ -424,6 +440,10 @@
     <message>
         <source>%1, every moment</source>
         <translation>%1, jeden Moment</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
     </message>
 </context>
 <context>
@@ -576,10 +596,6 @@
         <translation>Anzahl der Treffer</translation>
     </message>
     <message>
-        <source>%1 of %2</source>
-        <translation>%1 von %2</translation>
-    </message>
-    <message>
         <source>No hits</source>
         <translation>Keine Treffer</translation>
     </message>
@@ -588,17 +604,17 @@
         <translation>Suche läuft</translation>
     </message>
     <message>
-        <source>%1 of %2</source>
-        <comment>third of 17 hits: 3 of 17</comment>
-        <translation>%1 von %2</translation>
-    </message>
-    <message>
         <source>Hits: %1</source>
         <translation>Treffer: %1</translation>
     </message>
     <message>
         <source>%1, continued at the other end</source>
         <translation>%1, am anderen Ende fortgesetzt</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <comment>a hit and the number of hits</comment>
+        <translation>%1 von %2</translation>
     </message>
 </context>
 <context>
@@ -884,6 +900,10 @@ Qt %1</translation>
         <source>Saved: %1</source>
         <translation>Gespeichert: %1</translation>
     </message>
+    <message>
+        <source>There is nothing to save: the reports are not compared.</source>
+        <translation>Es gibt nichts zu speichern: Die Berichte sind nicht verglichen.</translation>
+    </message>
 </context>
 <context>
     <name>Making</name>
@@ -1056,6 +1076,18 @@ Qt %1</translation>
     <message>
         <source>Save report</source>
         <translation>Bericht speichern</translation>
+    </message>
+    <message>
+        <source>No printer is installed. The report can be saved as PDF.</source>
+        <translation>Es ist kein Drucker installiert. Der Bericht kann als PDF gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation>Drucken</translation>
+    </message>
+    <message>
+        <source>&amp;Printer:</source>
+        <translation>&amp;Drucker:</translation>
     </message>
 </context>
 <context>

@@ -341,6 +341,7 @@ void MainWindow::showReport(const PreparedReport &report, const QStringList &mes
 {
     for (ReportPage *page : reportPages()) { // a file that is open already is read again
         if (!report.report.path.isEmpty() && page->report().report.path == report.report.path) {
+            keepHidden(page);
             page->setReport(report);
             m_tabs->setCurrentWidget(page);
             return;
@@ -378,9 +379,12 @@ void MainWindow::closeTabAt(int index)
     QWidget *page = m_tabs->widget(index);
     if (const ReportPage *current = reportPage())
         m_splitters = current->splitterState();
+    keepHidden(qobject_cast<ReportPage *>(page));
     m_tabs->removeTab(index);
     if (page)
         page->deleteLater();
+    if (!hasComparison())
+        m_hiddenBefore.clear();
     updateActions();
 }
 
@@ -519,11 +523,52 @@ void MainWindow::takeMade(const QByteArray &report, const QStringList &missing)
     updateActions();
 }
 
-/// Reports in other tabs follow when their tab is chosen: it takes a second for a large one.
+/// Reports in other tabs follow when their tab is chosen: it takes a second for a large one. Comparisons follow at once, for
+/// the names of the reports stand in the tooltips of their tabs.
 void MainWindow::switchPersonalData()
 {
+    const PersonalData data = personalData();
     if (ReportPage *page = reportPage())
-        page->setRedacted(actionNamed("hidePersonalData")->isChecked());
+        page->setRedacted(data.isHidden);
+    for (int tab = 0; tab < m_tabs->count(); ++tab) {
+        if (auto *pair = qobject_cast<ComparisonView *>(m_tabs->widget(tab)))
+            pair->setPersonalData(data);
+        else if (auto *table = qobject_cast<ComparisonTableView *>(m_tabs->widget(tab)))
+            table->setPersonalData(data);
+    }
+}
+
+/// What comparisons hide: what was hidden by hand in any report, and never what was taken back in one.
+PersonalData MainWindow::personalData() const
+{
+    PersonalData data;
+    data.isHidden = actionNamed("hidePersonalData")->isChecked();
+    if (!data.isHidden)
+        return data;
+    data.hide = m_hiddenBefore;
+    for (const ReportPage *page : reportPages())
+        data.hide += page->hiddenByHand();
+    data.hide.removeDuplicates();
+    data.hide.sort();
+    return data;
+}
+
+/// Before \a page forgets what the user hid in it.
+void MainWindow::keepHidden(const ReportPage *page)
+{
+    if (!page || !hasComparison())
+        return;
+    m_hiddenBefore += page->hiddenByHand();
+    m_hiddenBefore.removeDuplicates();
+}
+
+bool MainWindow::hasComparison() const
+{
+    for (int tab = 0; tab < m_tabs->count(); ++tab) {
+        if (!qobject_cast<ReportPage *>(m_tabs->widget(tab)))
+            return true;
+    }
+    return false;
 }
 
 void MainWindow::hideSelection()
@@ -570,6 +615,10 @@ QByteArray MainWindow::exportedComparison(ComparisonForm form) const
 
 void MainWindow::saveComparison()
 {
+    if (exportedComparison(ComparisonForm::Json).isEmpty()) {
+        takeFailure(tr("There is nothing to save: the reports are not compared."));
+        return;
+    }
     const QStringList filters = saveFilters();
     QString filter;
     QString file = QFileDialog::getSaveFileName(this, tr("Save the comparison"), tr("comparison.txt"), filters.join(QLatin1String(";;")), &filter);
@@ -605,22 +654,21 @@ void MainWindow::compareOpenReports()
 void MainWindow::compare(const std::vector<LoadedReport> &reports)
 {
     if (reports.size() == 2)
-        showComparison(new ComparisonView(reports[0], reports[1]), reports);
+        showComparison(new ComparisonView(reports[0], reports[1], personalData()), 2);
     else
-        showComparison(new ComparisonTableView(reports), reports);
+        showComparison(new ComparisonTableView(reports, personalData()), int(reports.size()));
 }
 
 template <class View>
-void MainWindow::showComparison(View *view, const std::vector<LoadedReport> &reports)
+void MainWindow::showComparison(View *view, int reports)
 {
     QAction *everyMoment = actionNamed("everyMoment");
     view->setShowsEveryMoment(everyMoment->isChecked());
     connect(view, &View::showsEveryMomentChanged, everyMoment, &QAction::setChecked);
     connect(everyMoment, &QAction::toggled, view, &View::setShowsEveryMoment);
-    QStringList names;
-    for (const LoadedReport &report : reports)
-        names << report.name;
-    addTab(view, MainWindow::tr("Comparison of %n report(s)", nullptr, int(reports.size())), names.join(QLatin1Char('\n')));
+    const auto names = [view] { return view->names().join(QLatin1Char('\n')); };
+    connect(view, &View::namesChanged, this, [this, view, names] { m_tabs->setTabToolTip(m_tabs->indexOf(view), plainToolTip(names())); });
+    addTab(view, MainWindow::tr("Comparison of %n report(s)", nullptr, reports), names());
 }
 
 void MainWindow::nextDifference()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "comparison/comparison_form.h"
+#include "comparison/private_reports.h"
 #include "report/prepared_report.h"
 #include "report/report_loader.h"
 
@@ -158,7 +159,10 @@ private:
     QByteArray exportedComparison(ComparisonForm form) const;
     void compare(const std::vector<LoadedReport> &reports);
     template <class View>
-    void showComparison(View *view, const std::vector<LoadedReport> &reports);
+    void showComparison(View *view, int reports);
+    PersonalData personalData() const;
+    void keepHidden(const ReportPage *page);
+    bool hasComparison() const;
     void addTab(QWidget *page, const QString &name, const QString &toolTip);
     void closeTabAt(int index);
     void takeCurrentTab();
@@ -177,4 +181,5 @@ private:
     QList<QAction *> m_actionList;
     std::map<int, Request> m_requests;
     QByteArray m_splitters;
+    QStringList m_hiddenBefore; ///< what was hidden by hand in reports that are closed; stays hidden in comparisons
 };

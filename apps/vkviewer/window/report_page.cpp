@@ -160,6 +160,11 @@ void ReportPage::setRedacted(bool redacted)
     updateOutput();
 }
 
+QStringList ReportPage::hiddenByHand() const
+{
+    return m_session->choices().hide;
+}
+
 /// Until the redacted text is there nothing can be copied.
 void ReportPage::startRedaction()
 {

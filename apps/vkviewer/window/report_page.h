@@ -39,6 +39,8 @@ public:
     /// Whether names, addresses and secrets are hidden. What is shown is then another text with the same lines.
     void setRedacted(bool redacted);
     bool isRedacted() const { return m_isRedacted; }
+    /// What the user hid by hand in this report, as RedactionOptions::hide has it.
+    QStringList hiddenByHand() const;
     /// What is shown, for files and paper; nothing while personal data are being hidden.
     std::optional<OutputReport> output() const;
 
