@@ -13,7 +13,7 @@
     </message>
     <message>
         <source>Instead</source>
-        <translation>Stattdessen</translation>
+        <translation>Ersatz</translation>
     </message>
     <message>
         <source>Of what</source>
@@ -60,6 +60,13 @@
     <message>
         <source>Text of the newer report</source>
         <translation>Text des neueren Berichts</translation>
+    </message>
+</context>
+<context>
+    <name>CloseTabButton</name>
+    <message>
+        <source>Close tab</source>
+        <translation>Tab schließen</translation>
     </message>
 </context>
 <context>
@@ -147,6 +154,17 @@
     <message>
         <source>report without a name</source>
         <translation>Bericht ohne Namen</translation>
+    </message>
+    <message>
+        <source>In 1 section only the text differs, such as its order.</source>
+        <translation>In 1 Abschnitt ist nur der Text verschieden, etwa seine Reihenfolge.</translation>
+    </message>
+    <message numerus="yes">
+        <source>In %n sections only the text differs, such as its order.</source>
+        <translation>
+            <numerusform>In %n Abschnitt ist nur der Text verschieden, etwa seine Reihenfolge.</numerusform>
+            <numerusform>In %n Abschnitten ist nur der Text verschieden, etwa seine Reihenfolge.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -333,10 +351,6 @@
         <translation>Kopiert den Bericht für ein Fehlerverzeichnis</translation>
     </message>
     <message>
-        <source>Copy s&amp;ummary</source>
-        <translation>Z&amp;usammenfassung kopieren</translation>
-    </message>
-    <message>
         <source>Copies what support asks for first</source>
         <translation>Kopiert, wonach der Support zuerst fragt</translation>
     </message>
@@ -347,6 +361,22 @@
     <message>
         <source>Saves the report as text, JSON, web page or Markdown</source>
         <translation>Speichert den Bericht als Text, JSON, Webseite oder Markdown</translation>
+    </message>
+    <message>
+        <source>Personal data are being hidden. Until then nothing can be copied or saved.</source>
+        <translation>Persönliche Daten werden verborgen. Bis dahin kann nichts kopiert oder gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>Hide &amp;personal data</source>
+        <translation>&amp;Persönliche Daten verbergen</translation>
+    </message>
+    <message>
+        <source>Replaces names, addresses and secrets in what is shown, copied and saved</source>
+        <translation>Ersetzt Namen, Adressen und Geheimnisse in allem, was gezeigt, kopiert und gespeichert wird</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y summary</source>
+        <translation>Z&amp;usammenfassung kopieren</translation>
     </message>
 </context>
 <context>
@@ -406,13 +436,6 @@
         <source>smaller</source>
         <translation>kleiner</translation>
     </message>
-    <message numerus="yes">
-        <source>and %n more</source>
-        <translation>
-            <numerusform>und %n weiterer</numerusform>
-            <numerusform>und %n weitere</numerusform>
-        </translation>
-    </message>
     <message>
         <source>(empty)</source>
         <translation>(leer)</translation>
@@ -424,6 +447,10 @@
     <message>
         <source>%1, every moment</source>
         <translation>%1, jeden Moment</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
     </message>
 </context>
 <context>
@@ -507,10 +534,6 @@
 <context>
     <name>FactTable</name>
     <message>
-        <source>&amp;Filter:</source>
-        <translation>&amp;Filter:</translation>
-    </message>
-    <message>
         <source>Show only facts with this text</source>
         <translation>Nur Angaben mit diesem Text zeigen</translation>
     </message>
@@ -532,6 +555,22 @@
             <numerusform>%1 von %n Angaben</numerusform>
         </translation>
     </message>
+    <message>
+        <source>F&amp;ilter:</source>
+        <translation>&amp;Filter:</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Go to text</source>
+        <translation>&amp;Gehe zum Text</translation>
+    </message>
+    <message>
+        <source>Select &amp;all</source>
+        <translation>&amp;Alles auswählen</translation>
+    </message>
 </context>
 <context>
     <name>FindBar</name>
@@ -552,20 +591,12 @@
         <translation>Nächster Treffer (F3)</translation>
     </message>
     <message>
-        <source>&amp;Match case</source>
-        <translation>&amp;Groß/klein beachten</translation>
-    </message>
-    <message>
         <source>Close the find bar</source>
         <translation>Suchleiste schließen</translation>
     </message>
     <message>
         <source>Close (Esc)</source>
         <translation>Schließen (Esc)</translation>
-    </message>
-    <message>
-        <source>&amp;Find:</source>
-        <translation>&amp;Suchen:</translation>
     </message>
     <message>
         <source>Find</source>
@@ -576,10 +607,6 @@
         <translation>Anzahl der Treffer</translation>
     </message>
     <message>
-        <source>%1 of %2</source>
-        <translation>%1 von %2</translation>
-    </message>
-    <message>
         <source>No hits</source>
         <translation>Keine Treffer</translation>
     </message>
@@ -588,17 +615,25 @@
         <translation>Suche läuft</translation>
     </message>
     <message>
-        <source>%1 of %2</source>
-        <comment>third of 17 hits: 3 of 17</comment>
-        <translation>%1 von %2</translation>
-    </message>
-    <message>
         <source>Hits: %1</source>
         <translation>Treffer: %1</translation>
     </message>
     <message>
         <source>%1, continued at the other end</source>
         <translation>%1, am anderen Ende fortgesetzt</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <comment>a hit and the number of hits</comment>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>M&amp;atch case</source>
+        <translation>Groß/klein b&amp;eachten</translation>
+    </message>
+    <message>
+        <source>Fin&amp;d:</source>
+        <translation>Su&amp;chen:</translation>
     </message>
 </context>
 <context>
@@ -884,6 +919,10 @@ Qt %1</translation>
         <source>Saved: %1</source>
         <translation>Gespeichert: %1</translation>
     </message>
+    <message>
+        <source>Close tab (%1)</source>
+        <translation>Tab schließen (%1)</translation>
+    </message>
 </context>
 <context>
     <name>Making</name>
@@ -1057,6 +1096,18 @@ Qt %1</translation>
         <source>Save report</source>
         <translation>Bericht speichern</translation>
     </message>
+    <message>
+        <source>No printer is installed. The report can be saved as PDF.</source>
+        <translation>Es ist kein Drucker installiert. Der Bericht kann als PDF gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation>Drucken</translation>
+    </message>
+    <message>
+        <source>&amp;Printer:</source>
+        <translation>&amp;Drucker:</translation>
+    </message>
 </context>
 <context>
     <name>Redaction</name>
@@ -1164,20 +1215,12 @@ Qt %1</translation>
         <translation>Was im Bericht verborgen ist</translation>
     </message>
     <message>
-        <source>&amp;Next place</source>
-        <translation>&amp;Nächste Stelle</translation>
-    </message>
-    <message>
         <source>Shows the next place in the report (Enter)</source>
         <translation>Zeigt die nächste Stelle im Bericht (Eingabe)</translation>
     </message>
     <message>
         <source>&amp;Take back</source>
         <translation>&amp;Zurücknehmen</translation>
-    </message>
-    <message>
-        <source>&amp;Hide selection</source>
-        <translation>Aus&amp;wahl verbergen</translation>
     </message>
     <message>
         <source>Hides the text that is selected in the report, wherever it occurs</source>
@@ -1198,6 +1241,14 @@ Qt %1</translation>
     <message>
         <source>Shows in the list what stood in the report, apart from secrets</source>
         <translation>Zeigt in der Liste, was im Bericht stand, außer Geheimnissen</translation>
+    </message>
+    <message>
+        <source>Ne&amp;xt place</source>
+        <translation>&amp;Nächste Stelle</translation>
+    </message>
+    <message>
+        <source>Hide selectio&amp;n</source>
+        <translation>Aus&amp;wahl verbergen</translation>
     </message>
 </context>
 <context>
@@ -1474,6 +1525,14 @@ Qt %1</translation>
     <message>
         <source>Summary of the report</source>
         <translation>Zusammenfassung des Berichts</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>Select &amp;all</source>
+        <translation>&amp;Alles auswählen</translation>
     </message>
 </context>
 <context>

@@ -31,14 +31,11 @@
             <numerusform>%n values that change every moment are not shown.</numerusform>
         </translation>
     </message>
-</context>
-<context>
-    <name>DifferenceWords</name>
     <message numerus="yes">
-        <source>and %n more</source>
+        <source>In %n sections only the text differs, such as its order.</source>
         <translation>
-            <numerusform>and %n more</numerusform>
-            <numerusform>and %n more</numerusform>
+            <numerusform>In %n section only the text differs, such as its order.</numerusform>
+            <numerusform>In %n sections only the text differs, such as its order.</numerusform>
         </translation>
     </message>
 </context>
