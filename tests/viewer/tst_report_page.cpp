@@ -9,6 +9,7 @@
 #include "test_main.h"
 #include "text/text_view.h"
 #include "window/main_window.h"
+#include "window/readable_style.h"
 #include "window/report_page.h"
 
 #include <QtCore/QSettings>
@@ -20,6 +21,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QStyleOptionButton>
 #include <QtWidgets/QTabBar>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QTableView>
@@ -34,6 +36,8 @@ private Q_SLOTS:
     void cleanup();
     void closeButtonCanBeSeen();
     void closeButtonClosesItsTab();
+    void checkBoxCanBeSeen_data();
+    void checkBoxCanBeSeen();
     void narrowTitleHasAnEllipsis();
     void switchBesideTheButtons();
     void nothingLeavesWhileHiding();
@@ -234,6 +238,31 @@ void ReportPageTest::closeButtonClosesItsTab()
     QTest::mouseClick(closeButton(1), Qt::LeftButton);
     QCOMPARE(tabBar()->count(), 1);
     QCOMPARE(tabBar()->tabText(0), QStringLiteral("c.txt"));
+}
+
+void ReportPageTest::checkBoxCanBeSeen_data()
+{
+    QTest::addColumn<QPalette>("palette");
+    QTest::newRow("dark") << paletteOf(QColor(252, 252, 252), QColor(42, 46, 50));
+    QTest::newRow("light") << paletteOf(Qt::black, QColor(239, 239, 239));
+}
+
+void ReportPageTest::checkBoxCanBeSeen()
+{
+    constexpr double enough = 3; // as the guidelines want for controls
+    QFETCH(QPalette, palette);
+    palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+    ReadableStyle style;
+    QCheckBox box;
+    box.setStyle(&style);
+    box.setPalette(palette);
+    box.resize(box.sizeHint());
+    QStyleOptionButton option;
+    option.initFrom(&box);
+    const QRect indicator = style.subElementRect(QStyle::SE_CheckBoxIndicator, &option, &box);
+    const double seen = contrastWithin(box.grab(indicator.adjusted(-1, -1, 1, 1)).toImage());
+    QVERIFY2(seen >= enough, qPrintable(QString::number(seen)));
+    box.setStyle(nullptr);
 }
 
 void ReportPageTest::narrowTitleHasAnEllipsis()
