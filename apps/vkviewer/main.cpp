@@ -1,5 +1,6 @@
 #include "translations/translations.h"
 #include "window/main_window.h"
+#include "window/readable_style.h"
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QLocale>
@@ -57,6 +58,7 @@ int main(int argc, char *argv[])
         return 0;
     }
     QApplication application(argc, argv);
+    ReadableStyle::install();
     describeProgram();
     const QStringList files = readArguments(application);
     MainWindow window;

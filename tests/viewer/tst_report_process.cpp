@@ -1,13 +1,22 @@
 // The window makes a report with vkreport.
 
+#include "making/incomplete_member.h"
 #include "making/making_bar.h"
 #include "making/report_process.h"
+#include "output/output_report.h"
 #include "test_main.h"
 #include "vkReports.h"
+#include "window/main_window.h"
+#include "window/report_page.h"
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QFile>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QSettings>
 #include <QtCore/QTemporaryDir>
+#include <QtWidgets/QAction>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QProgressBar>
 #include <QtWidgets/QPushButton>
@@ -31,6 +40,7 @@ private Q_SLOTS:
 #ifdef SIMULATED_WINDOWS
     void missingSections_data();
     void missingSections();
+    void windowSavesWhatIsMissing();
     void everythingHangs();
     void otherPrograms_data();
     void otherPrograms();
@@ -72,6 +82,7 @@ struct Listener
         return QTest::qWaitFor([this] { return finished.count() + failed.count() > 0; }, milliseconds);
     }
     QByteArray report() const { return finished.value(0).value(0).toByteArray(); }
+    velkor::Reports::Document document() const { return velkor::Reports::fromJson(report()).value_or(velkor::Reports::Document()); }
     QStringList missing() const { return finished.value(0).value(1).toStringList(); }
     QString message() const { return failed.value(0).value(0).toString(); }
 
@@ -113,11 +124,11 @@ void ReportProcessTest::completeReport()
     QVERIFY(!process.isRunning());
     QVERIFY2(listener.failed.isEmpty(), qPrintable(listener.message()));
     QCOMPARE(listener.missing(), QStringList());
-    const velkor::Reports::Document document = velkor::Reports::read(listener.report());
+    QVERIFY(incompleteMember(listener.report()).isEmpty());
+    const velkor::Reports::Document document = listener.document();
     QVERIFY(document.findSection("memoryInfo") >= 0);
     QVERIFY(document.findSection("qtSystemEnvironment") >= 0);
     QVERIFY(document.findSection("openGL") < 0);
-    QCOMPARE(document.bytes(), listener.report());
     QVERIFY(!listener.progressed.isEmpty());
     const QVariantList last = listener.progressed.constLast();
     QCOMPARE(last[2].toDouble(), 60.0);
@@ -190,9 +201,38 @@ void ReportProcessTest::missingSections()
     QVERIFY2(listener.failed.isEmpty(), qPrintable(listener.message()));
     QCOMPARE(listener.missing().size(), 1);
     QVERIFY2(listener.missing().constFirst().startsWith(sentence), qPrintable(listener.missing().constFirst()));
-    const velkor::Reports::Document document = velkor::Reports::read(listener.report());
+    const velkor::Reports::Document document = listener.document();
     QVERIFY(document.findSection("diskInformation") < 0);
     QVERIFY(document.findSection("memoryInfo") >= 0);
+}
+
+/// In JSON, as vkreport itself does: also after personal data were hidden.
+void ReportProcessTest::windowSavesWhatIsMissing()
+{
+    setTrouble("exit=7\tGetLogicalDrives\n");
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder->path());
+    MainWindow window;
+    window.actionNamed("newReportWithoutOpenGL")->trigger();
+    QVERIFY(QTest::qWaitFor([&] { return window.reportPage() != nullptr; }, longTime));
+    for (const bool isRedacted : {false, true}) {
+        window.reportPage()->setRedacted(isRedacted);
+        QVERIFY(QTest::qWaitFor([&] { return window.reportPage()->output().has_value(); }, longTime));
+        const QByteArray json = outputBytes(*window.reportPage()->output(), OutputFormat::Json);
+        const QJsonObject saved = QJsonDocument::fromJson(json).object();
+        QCOMPARE(saved.contains(QStringLiteral("redaction")), isRedacted);
+        const QJsonObject incomplete = saved[QStringLiteral("incomplete")].toObject();
+        QCOMPARE(incomplete.keys(), QStringList({"attempts", "missing", "timeLimit"}));
+        QCOMPARE(incomplete[QStringLiteral("timeLimit")].toDouble(), 60.0);
+        QVERIFY(!incomplete[QStringLiteral("attempts")].toArray().isEmpty());
+        const QJsonArray missing = incomplete[QStringLiteral("missing")].toArray();
+        QCOMPARE(missing.size(), 1);
+        const QJsonObject part = missing[0].toObject();
+        QCOMPARE(part[QStringLiteral("section")].toString(), QStringLiteral("diskInformation"));
+        QCOMPARE(part[QStringLiteral("reason")].toString(), QStringLiteral("exit"));
+        QCOMPARE(part[QStringLiteral("code")].toString(), QStringLiteral("7"));
+        QVERIFY(part[QStringLiteral("seconds")].isDouble());
+        QVERIFY(velkor::Reports::fromJson(json).has_value());
+    }
 }
 
 void ReportProcessTest::everythingHangs()
@@ -228,7 +268,7 @@ void ReportProcessTest::otherPrograms_data()
     row("a crash", "echo report; kill -SEGV $$", QByteArray(), {QStringLiteral("vkreport crashed. No report could be made.")});
     row("incomplete without a reason", "echo report; exit 3", "report\n", {QStringLiteral("Parts of the report are missing.")});
     row("standard input is empty", "cat; echo report", "report\n", {});
-    row("the arguments", "echo \"$@\"", "--progress --time-limit 60\n", {});
+    row("the arguments", "echo \"$@\"", "--progress --time-limit 60 --format json\n", {});
 }
 
 void ReportProcessTest::otherPrograms()

@@ -499,6 +499,11 @@ void TextViewTest::contextMenu()
     QCOMPARE(requested.count(), 2);
     QCOMPARE(requested.at(1).at(1).toInt(), 2);
     QVERIFY(QRect(view.viewport()->mapToGlobal(QPoint()), view.viewport()->size()).contains(requested.at(1).at(0).toPoint()));
+#ifndef Q_OS_WIN // where the system makes the event of the Menu key of it
+    QTest::keyClick(&view, Qt::Key_F10, Qt::ShiftModifier);
+    QCOMPARE(requested.count(), 3);
+    QCOMPARE(requested.at(2), requested.at(1));
+#endif
 }
 
 void TextViewTest::marksAreDrawn_data()

@@ -5,7 +5,7 @@
 #include "column_widths.h"
 #include "comparison_notes.h"
 #include "difference_model.h"
-#include "name_label.h"
+#include "report/name_label.h"
 #include "row_copier.h"
 #include "section_model.h"
 

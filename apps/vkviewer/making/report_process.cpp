@@ -22,7 +22,8 @@ QString defaultProgram()
 
 QStringList argumentsOf(bool noOpenGL, double timeLimit)
 {
-    QStringList arguments {QStringLiteral("--progress"), QStringLiteral("--time-limit"), QString::number(timeLimit, 'g', 10)};
+    QStringList arguments {QStringLiteral("--progress"), QStringLiteral("--time-limit"), QString::number(timeLimit, 'g', 10),
+                           QStringLiteral("--format"), QStringLiteral("json")};
     if (noOpenGL)
         arguments += QStringLiteral("--no-opengl");
     return arguments;

@@ -36,7 +36,7 @@ Q_SIGNALS:
     void started();
     /// \a work is for people. \a limit is 0 if there is none.
     void progressed(const QString &work, double seconds, double limit);
-    /// \a missing has a sentence for each section that is missing, and for what is not as usual.
+    /// \a report is what vkreport wrote: JSON, which also says what is missing. \a missing has a sentence for each section that is missing, and for what is not as usual.
     void finished(const QByteArray &report, const QStringList &missing);
     /// There is no report. \a message is for the user, empty after cancel().
     void failed(const QString &message);

@@ -8,7 +8,7 @@ QByteArray outputBytes(const OutputReport &report, OutputFormat format)
     case OutputFormat::Text:
         break;
     case OutputFormat::Json:
-        return report.isRedacted() ? toJson(report.document, *report.redaction) : toJson(report.document);
+        return toJson(report.document, JsonNotes {report.redaction.get(), report.incomplete});
     case OutputFormat::Html:
         return toHtml(report.document);
     case OutputFormat::Markdown:

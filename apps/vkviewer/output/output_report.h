@@ -12,6 +12,8 @@ struct OutputReport
     velkor::Reports::Document document;
     /// What was replaced; null if nothing was hidden.
     std::shared_ptr<const velkor::Reports::Redaction> redaction;
+    /// What of the report could not be made: JsonNotes::incomplete.
+    QByteArray incomplete = {};
 
     bool isRedacted() const { return redaction != nullptr; }
 };

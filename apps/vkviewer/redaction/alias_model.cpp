@@ -2,6 +2,7 @@
 
 #include "alias_words.h"
 #include "neutral_text.h"
+#include "report/shown_text.h"
 
 using namespace velkor::Reports;
 
@@ -75,6 +76,8 @@ QVariant AliasModel::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return textOf(row, index.column());
+    case Qt::ToolTipRole:
+        return plainToolTip(textOf(row, index.column()));
     case Qt::TextAlignmentRole:
         return index.column() == PlacesColumn ? QVariant(int(Qt::AlignRight | Qt::AlignVCenter)) : QVariant();
     case SortRole:

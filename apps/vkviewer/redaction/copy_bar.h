@@ -5,6 +5,8 @@
 
 #include <QtWidgets/QWidget>
 
+class QAction;
+class QCheckBox;
 class QLabel;
 class QPushButton;
 
@@ -18,6 +20,10 @@ public:
     /// The report that the buttons are for. Without one they are disabled.
     void setReport(const OutputReport &report);
     void clear();
+    /// Personal data are being hidden. Until there is a report again the buttons are disabled, and a sentence says so.
+    void setHiding();
+    /// The command that hides personal data. The check box is in step with it; without one it is not there.
+    void setHideAction(QAction *action);
 
 public Q_SLOTS:
     void copyText();
@@ -37,11 +43,15 @@ protected:
 private:
     void copy(const QByteArray &utf8, const QString &message);
     void updateWidgets();
+    void updateHide();
     void retranslate();
 
     OutputReport m_report;
     bool m_hasReport = false;
+    bool m_isHiding = false;
+    QAction *m_hideAction = nullptr;
     QLabel *m_sentence;
+    QCheckBox *m_hide;
     QPushButton *m_text;
     QPushButton *m_markdown;
     QPushButton *m_summary;

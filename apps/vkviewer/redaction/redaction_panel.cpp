@@ -44,6 +44,11 @@ RedactionPanel::RedactionPanel(RedactionSession *session, QWidget *parent)
     m_list->setSortingEnabled(true);
     m_list->sortByColumn(AliasModel::AliasColumn, Qt::AscendingOrder);
     m_list->setColumnHidden(AliasModel::OriginalColumn, true);
+    m_list->header()->setStretchLastSection(false);
+    m_list->header()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 5);
+    for (const int column : {AliasModel::ReasonColumn, AliasModel::OriginalColumn}) // tooltips have the rest
+        m_list->header()->setSectionResizeMode(column, QHeaderView::Stretch);
+    m_list->viewport()->installEventFilter(this);
     m_label->setTextFormat(Qt::PlainText);
     m_label->setWordWrap(true);
 
@@ -106,10 +111,26 @@ void RedactionPanel::setReport(const RedactedReport &report)
     m_isResetting = false;
     m_place = -1;
     m_selectedText.clear();
-    for (int column = 0; column < AliasModel::ReasonColumn; ++column)
-        m_list->resizeColumnToContents(column);
+    fitColumns();
     showSummary();
     updateButtons();
+}
+
+/// By content, but so that there is room for the reason, too.
+void RedactionPanel::fitColumns()
+{
+    const int widest = m_list->viewport()->width() / 4;
+    for (int column = 0; column < AliasModel::ReasonColumn; ++column) {
+        m_list->resizeColumnToContents(column);
+        m_list->setColumnWidth(column, qMin(m_list->columnWidth(column), widest));
+    }
+}
+
+bool RedactionPanel::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_list->viewport() && event->type() == QEvent::Resize)
+        fitColumns();
+    return QWidget::eventFilter(watched, event);
 }
 
 void RedactionPanel::showSummary()
@@ -210,10 +231,10 @@ void RedactionPanel::changeEvent(QEvent *event)
 void RedactionPanel::retranslate()
 {
     m_list->setAccessibleName(tr("What is hidden in the report"));
-    m_next->setText(tr("&Next place"));
+    m_next->setText(tr("Ne&xt place"));
     m_next->setToolTip(tr("Shows the next place in the report (Enter)"));
     m_takeBack->setText(tr("&Take back"));
-    m_hide->setText(tr("&Hide selection"));
+    m_hide->setText(tr("Hide selectio&n"));
     m_hide->setToolTip(tr("Hides the text that is selected in the report, wherever it occurs"));
     m_undo->setText(tr("&Undo"));
     m_redo->setText(tr("&Redo"));

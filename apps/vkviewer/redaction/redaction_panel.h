@@ -39,11 +39,13 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void connectSession();
     void connectWidgets();
     void setReport(const RedactedReport &report);
+    void fitColumns();
     void chooseRow();
     void updateButtons();
     void retranslate();

@@ -1,8 +1,10 @@
 #include "fact_table.h"
 
 #include "fact_model.h"
+#include "name_label.h"
 #include "neutral_text.h"
 #include "shown_text.h"
+#include "table_menu.h"
 
 #include <QtCore/QEvent>
 #include <QtCore/QTimer>
@@ -13,6 +15,7 @@
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QTableView>
 #include <QtWidgets/QVBoxLayout>
 #include <algorithm>
@@ -41,12 +44,11 @@ QString rowText(const QAbstractItemModel &model, int row)
 } // namespace
 
 FactTable::FactTable(QWidget *parent)
-    : QWidget(parent), m_model(new FactModel(this)), m_table(new QTableView), m_filter(new QLineEdit), m_title(new QLabel), m_count(new QLabel), m_timer(new QTimer(this))
+    : QWidget(parent), m_model(new FactModel(this)), m_table(new QTableView), m_filter(new QLineEdit), m_title(new NameLabel), m_count(new QLabel), m_timer(new QTimer(this))
 {
-    m_title->setTextFormat(Qt::PlainText);
     m_title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_count->setTextFormat(Qt::PlainText);
-    auto *label = new QLabel(tr("&Filter:"));
+    auto *label = new QLabel(tr("F&ilter:"));
     label->setTextFormat(Qt::PlainText);
     label->setBuddy(m_filter);
     m_filter->setClearButtonEnabled(true);
@@ -83,21 +85,36 @@ FactTable::FactTable(QWidget *parent)
     connect(m_filter, &QLineEdit::textChanged, m_timer, qOverload<>(&QTimer::start));
     connect(m_timer, &QTimer::timeout, this, &FactTable::applyFilter);
     connect(m_filter, &QLineEdit::returnPressed, this, [this] { applyFilter(); m_table->setFocus(); });
-    connect(m_table, &QTableView::doubleClicked, this, [this](const QModelIndex &index) { Q_EMIT factChosen(m_model->fact(index.row())); });
+    connect(m_table, &QTableView::doubleClicked, this, &FactTable::goToFact);
     connect(m_model, &QAbstractItemModel::modelReset, this, &FactTable::showCount);
     connect(m_model, &QAbstractItemModel::modelReset, this, &FactTable::hideEmptyColumns);
     m_table->installEventFilter(this);
+    new TableMenu(m_table, [this](QMenu &menu) { fillMenu(menu); });
+}
+
+void FactTable::goToFact(const QModelIndex &index)
+{
+    if (index.isValid())
+        Q_EMIT factChosen(m_model->fact(index.row()));
+}
+
+void FactTable::fillMenu(QMenu &menu)
+{
+    const bool hasRow = m_table->currentIndex().isValid();
+    menu.addAction(tr("&Copy"), this, &FactTable::copyRequested)->setEnabled(m_table->selectionModel()->hasSelection());
+    menu.addAction(tr("&Go to text"), this, [this] { goToFact(m_table->currentIndex()); })->setEnabled(hasRow);
+    menu.addAction(tr("Select &all"), m_table, &QTableView::selectAll)->setEnabled(m_model->rowCount() > 0);
 }
 
 void FactTable::setDocument(const velkor::Reports::Document &document)
 {
     m_model->setDocument(document);
-    m_title->clear();
+    m_title->setName({}, {});
 }
 
 void FactTable::setScope(int first, int last, const QString &title)
 {
-    m_title->setText(lineText(title));
+    m_title->setName(title, title);
     if (first == m_model->firstOfScope() && last == m_model->lastOfScope())
         return;
     m_model->setScope(first, last);
@@ -173,7 +190,7 @@ bool FactTable::eventFilter(QObject *watched, QEvent *event)
         const int key = static_cast<QKeyEvent *>(event)->key();
         const QModelIndex current = m_table->currentIndex();
         if ((key == Qt::Key_Return || key == Qt::Key_Enter) && current.isValid()) {
-            Q_EMIT factChosen(m_model->fact(current.row()));
+            goToFact(current);
             return true;
         }
     }

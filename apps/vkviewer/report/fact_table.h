@@ -6,8 +6,11 @@
 #include <QtWidgets/QWidget>
 
 class FactModel;
+class NameLabel;
 class QLabel;
 class QLineEdit;
+class QMenu;
+class QModelIndex;
 class QTableView;
 class QTimer;
 
@@ -35,21 +38,25 @@ public Q_SLOTS:
     void startFiltering();
 
 Q_SIGNALS:
-    /// The user wants to see the fact in the text: double click or Enter. Index in Document::facts().
+    /// The user wants to see the fact in the text: double click, Enter or context menu. Index in Document::facts().
     void factChosen(int fact);
+    /// The user wants to copy the selected rows.
+    void copyRequested();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void applyFilter();
+    void goToFact(const QModelIndex &index);
+    void fillMenu(QMenu &menu);
     void showCount();
     void hideEmptyColumns();
 
     FactModel *m_model;
     QTableView *m_table;
     QLineEdit *m_filter;
-    QLabel *m_title;
+    NameLabel *m_title;
     QLabel *m_count;
     QTimer *m_timer;
 };

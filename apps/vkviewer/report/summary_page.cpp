@@ -3,11 +3,13 @@
 #include "shown_text.h"
 #include "state_sentences.h"
 #include "summary_model.h"
+#include "table_menu.h"
 
 #include <QtGui/QClipboard>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QTableView>
 #include <QtWidgets/QVBoxLayout>
 #include <algorithm>
@@ -50,6 +52,13 @@ SummaryPage::SummaryPage(QWidget *parent)
     layout->addWidget(m_title);
     layout->addWidget(m_notes);
     layout->addWidget(m_table, 1);
+    new TableMenu(m_table, [this](QMenu &menu) { fillMenu(menu); });
+}
+
+void SummaryPage::fillMenu(QMenu &menu)
+{
+    menu.addAction(tr("&Copy"), this, &SummaryPage::copyRequested)->setEnabled(m_model->rowCount() > 0);
+    menu.addAction(tr("Select &all"), m_table, &QTableView::selectAll)->setEnabled(m_model->rowCount() > 0);
 }
 
 void SummaryPage::setReport(const PreparedReport &report)

@@ -6,6 +6,7 @@
 #include <QtWidgets/QWidget>
 
 class QLabel;
+class QMenu;
 class QTableView;
 class SummaryModel;
 
@@ -23,7 +24,13 @@ public Q_SLOTS:
     /// The selected lines; all of them if none is selected.
     void copy();
 
+Q_SIGNALS:
+    /// The user wants to copy the selected lines.
+    void copyRequested();
+
 private:
+    void fillMenu(QMenu &menu);
+
     SummaryModel *m_model;
     QLabel *m_title;
     QLabel *m_notes;

@@ -44,7 +44,7 @@ bool isOneLine(const QByteArray &text)
 } // namespace
 
 FindBar::FindBar(TextView *view, QWidget *parent)
-    : QWidget(parent), m_view(view), m_search(new TextSearch(this)), m_edit(new QLineEdit(this)), m_count(new QLabel(this)), m_previous(makeButton(this, QStyle::SP_ArrowUp, tr("Previous hit"), tr("Previous hit (Shift+F3)"))), m_next(makeButton(this, QStyle::SP_ArrowDown, tr("Next hit"), tr("Next hit (F3)"))), m_matchCase(new QCheckBox(tr("&Match case"), this)), m_close(makeButton(this, QStyle::SP_TitleBarCloseButton, tr("Close the find bar"), tr("Close (Esc)")))
+    : QWidget(parent), m_view(view), m_search(new TextSearch(this)), m_edit(new QLineEdit(this)), m_count(new QLabel(this)), m_previous(makeButton(this, QStyle::SP_ArrowUp, tr("Previous hit"), tr("Previous hit (Shift+F3)"))), m_next(makeButton(this, QStyle::SP_ArrowDown, tr("Next hit"), tr("Next hit (F3)"))), m_matchCase(new QCheckBox(tr("M&atch case"), this)), m_close(makeButton(this, QStyle::SP_TitleBarCloseButton, tr("Close the find bar"), tr("Close (Esc)")))
 {
     buildLayout();
     setVisible(false);
@@ -62,7 +62,7 @@ FindBar::FindBar(TextView *view, QWidget *parent)
 
 void FindBar::buildLayout()
 {
-    auto *const label = new QLabel(tr("&Find:"), this);
+    auto *const label = new QLabel(tr("Fin&d:"), this);
     label->setTextFormat(Qt::PlainText);
     label->setBuddy(m_edit);
     m_edit->setMaxLength(longestWanted);

@@ -127,6 +127,7 @@ private:
     void ensureVisible(int offset);
     void moveTo(int offset, bool extend);
     void moveVertically(int distance, bool extend);
+    void requestContextMenu();
     bool handleMovement(QKeyEvent *event);
     bool handleZoom(QKeyEvent *event);
     void publishSelection();

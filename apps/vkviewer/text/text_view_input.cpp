@@ -2,6 +2,7 @@
 
 #include "text_view.h"
 
+#include "context_menu_key.h"
 #include "text_mime_data.h"
 
 #include <QtGui/QClipboard>
@@ -53,6 +54,8 @@ void TextView::keyPressEvent(QKeyEvent *event)
         Q_EMIT copyRequested();
     else if (event->matches(QKeySequence::SelectAll))
         selectAll();
+    else if (isContextMenuKey(*event))
+        requestContextMenu();
     else if (!handleMovement(event) && !handleZoom(event))
         event->ignore();
 }
@@ -285,6 +288,12 @@ void TextView::contextMenuEvent(QContextMenuEvent *event)
         Q_EMIT contextMenuRequested(event->globalPos(), placeAt(event->pos()));
         return;
     }
+    requestContextMenu();
+}
+
+/// At the caret.
+void TextView::requestContextMenu()
+{
     ensureVisible(m_caret);
     Q_EMIT contextMenuRequested(viewport()->mapToGlobal(characterRect(m_caret).bottomLeft()), m_caret);
 }

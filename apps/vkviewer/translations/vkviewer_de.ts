@@ -63,6 +63,13 @@
     </message>
 </context>
 <context>
+    <name>CloseTabButton</name>
+    <message>
+        <source>Close tab</source>
+        <translation>Tab schließen</translation>
+    </message>
+</context>
+<context>
     <name>ComparisonNotes</name>
     <message>
         <source>The beginning of %1 is missing. What it said is compared as if it had been removed.</source>
@@ -245,6 +252,10 @@
         <source>There is not enough memory to compare these reports.</source>
         <translation>Der Speicher reicht nicht, um diese Berichte zu vergleichen.</translation>
     </message>
+    <message>
+        <source>Comparing…</source>
+        <translation type="vanished">Vergleich läuft …</translation>
+    </message>
 </context>
 <context>
     <name>ComparisonView</name>
@@ -316,6 +327,10 @@
         <source>%1 of %2</source>
         <translation>%1 von %2</translation>
     </message>
+    <message>
+        <source>Comparing…</source>
+        <translation type="vanished">Vergleich läuft …</translation>
+    </message>
 </context>
 <context>
     <name>CopyBar</name>
@@ -357,7 +372,7 @@
     </message>
     <message>
         <source>Copy s&amp;ummary</source>
-        <translation>Z&amp;usammenfassung kopieren</translation>
+        <translation type="vanished">Z&amp;usammenfassung kopieren</translation>
     </message>
     <message>
         <source>Copies what support asks for first</source>
@@ -370,6 +385,22 @@
     <message>
         <source>Saves the report as text, JSON, web page or Markdown</source>
         <translation>Speichert den Bericht als Text, JSON, Webseite oder Markdown</translation>
+    </message>
+    <message>
+        <source>Personal data are being hidden. Until then nothing can be copied or saved.</source>
+        <translation>Persönliche Daten werden verborgen. Bis dahin kann nichts kopiert oder gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>Hide &amp;personal data</source>
+        <translation>&amp;Persönliche Daten verbergen</translation>
+    </message>
+    <message>
+        <source>Replaces names, addresses and secrets in what is shown, copied and saved</source>
+        <translation>Ersetzt Namen, Adressen und Geheimnisse in allem, was gezeigt, kopiert und gespeichert wird</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y summary</source>
+        <translation>Z&amp;usammenfassung kopieren</translation>
     </message>
 </context>
 <context>
@@ -528,7 +559,7 @@
     <name>FactTable</name>
     <message>
         <source>&amp;Filter:</source>
-        <translation>&amp;Filter:</translation>
+        <translation type="vanished">&amp;Filter:</translation>
     </message>
     <message>
         <source>Show only facts with this text</source>
@@ -552,6 +583,22 @@
             <numerusform>%1 von %n Angaben</numerusform>
         </translation>
     </message>
+    <message>
+        <source>F&amp;ilter:</source>
+        <translation>&amp;Filter:</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Go to text</source>
+        <translation>&amp;Gehe zum Text</translation>
+    </message>
+    <message>
+        <source>Select &amp;all</source>
+        <translation>&amp;Alles auswählen</translation>
+    </message>
 </context>
 <context>
     <name>FindBar</name>
@@ -573,7 +620,7 @@
     </message>
     <message>
         <source>&amp;Match case</source>
-        <translation>&amp;Groß/klein beachten</translation>
+        <translation type="vanished">&amp;Groß/klein beachten</translation>
     </message>
     <message>
         <source>Close the find bar</source>
@@ -585,7 +632,7 @@
     </message>
     <message>
         <source>&amp;Find:</source>
-        <translation>&amp;Suchen:</translation>
+        <translation type="vanished">&amp;Suchen:</translation>
     </message>
     <message>
         <source>Find</source>
@@ -615,6 +662,14 @@
         <source>%1 of %2</source>
         <comment>a hit and the number of hits</comment>
         <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>M&amp;atch case</source>
+        <translation>Groß/klein b&amp;eachten</translation>
+    </message>
+    <message>
+        <source>Fin&amp;d:</source>
+        <translation>Su&amp;chen:</translation>
     </message>
 </context>
 <context>
@@ -903,6 +958,10 @@ Qt %1</translation>
     <message>
         <source>There is nothing to save: the reports are not compared.</source>
         <translation>Es gibt nichts zu speichern: Die Berichte sind nicht verglichen.</translation>
+    </message>
+    <message>
+        <source>Close tab (%1)</source>
+        <translation>Tab schließen (%1)</translation>
     </message>
 </context>
 <context>
@@ -1197,7 +1256,7 @@ Qt %1</translation>
     </message>
     <message>
         <source>&amp;Next place</source>
-        <translation>&amp;Nächste Stelle</translation>
+        <translation type="vanished">&amp;Nächste Stelle</translation>
     </message>
     <message>
         <source>Shows the next place in the report (Enter)</source>
@@ -1209,7 +1268,7 @@ Qt %1</translation>
     </message>
     <message>
         <source>&amp;Hide selection</source>
-        <translation>Aus&amp;wahl verbergen</translation>
+        <translation type="vanished">Aus&amp;wahl verbergen</translation>
     </message>
     <message>
         <source>Hides the text that is selected in the report, wherever it occurs</source>
@@ -1230,6 +1289,14 @@ Qt %1</translation>
     <message>
         <source>Shows in the list what stood in the report, apart from secrets</source>
         <translation>Zeigt in der Liste, was im Bericht stand, außer Geheimnissen</translation>
+    </message>
+    <message>
+        <source>Ne&amp;xt place</source>
+        <translation>&amp;Nächste Stelle</translation>
+    </message>
+    <message>
+        <source>Hide selectio&amp;n</source>
+        <translation>Aus&amp;wahl verbergen</translation>
     </message>
 </context>
 <context>
@@ -1506,6 +1573,14 @@ Qt %1</translation>
     <message>
         <source>Summary of the report</source>
         <translation>Zusammenfassung des Berichts</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>Select &amp;all</source>
+        <translation>&amp;Alles auswählen</translation>
     </message>
 </context>
 <context>

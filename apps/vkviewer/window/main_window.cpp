@@ -1,13 +1,16 @@
 #include "main_window.h"
 
+#include "close_tab_button.h"
 #include "comparison/comparison_table_view.h"
 #include "comparison/comparison_view.h"
+#include "making/incomplete_member.h"
 #include "making/making_bar.h"
 #include "making/report_process.h"
 #include "message_bar.h"
 #include "output/report_printing.h"
 #include "output/report_saving.h"
 #include "recent_files.h"
+#include "redaction/copy_bar.h"
 #include "redaction/redaction_panel.h"
 #include "report/fact_table.h"
 #include "report/shown_text.h"
@@ -33,6 +36,8 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QStackedWidget>
 #include <QtWidgets/QStatusBar>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QTabBar>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QVBoxLayout>
 
@@ -73,7 +78,6 @@ MainWindow::MainWindow(QWidget *parent)
 {
     setAcceptDrops(true);
     m_tabs->setDocumentMode(true);
-    m_tabs->setTabsClosable(true);
     m_tabs->setMovable(true);
     m_tabs->setElideMode(Qt::ElideMiddle);
     m_loading->setTextFormat(Qt::PlainText);
@@ -99,7 +103,6 @@ MainWindow::MainWindow(QWidget *parent)
     connect(m_startPage, &StartPage::openRequested, this, &MainWindow::open);
     connect(m_startPage, &StartPage::fileChosen, this, [this](const QString &path) { openFiles({path}); });
     connect(m_tabs, &QTabWidget::currentChanged, this, &MainWindow::takeCurrentTab);
-    connect(m_tabs, &QTabWidget::tabCloseRequested, this, &MainWindow::closeTabAt);
     connect(m_loader, &ReportLoader::loaded, this, &MainWindow::takeReport);
     connect(m_loader, &ReportLoader::failed, this, [this](int request, const QString &message) {
         Q_UNUSED(request)
@@ -297,7 +300,7 @@ void MainWindow::takeReport(int request, const PreparedReport &report)
     if (wanted.compares)
         wanted.reports.push_back(report);
     else
-        showReport(report, wanted.messages);
+        showReport(report, wanted);
 }
 
 void MainWindow::takeFailure(const QString &message)
@@ -318,7 +321,7 @@ void MainWindow::takeEnd(int request)
     if (reports.size() > 1)
         compare(reports);
     else if (!done.reports.empty()) // the others could not be read
-        showReport(done.reports.front(), {});
+        showReport(done.reports.front(), Request());
 }
 
 void MainWindow::showLoading()
@@ -337,7 +340,7 @@ void MainWindow::showLoading()
 // ---------------------------------------------------------------------------------------------
 // Tabs
 
-void MainWindow::showReport(const PreparedReport &report, const QStringList &messages)
+void MainWindow::showReport(const PreparedReport &report, const Request &request)
 {
     for (ReportPage *page : reportPages()) { // a file that is open already is read again
         if (!report.report.path.isEmpty() && page->report().report.path == report.report.path) {
@@ -348,7 +351,9 @@ void MainWindow::showReport(const PreparedReport &report, const QStringList &mes
         }
     }
     auto *page = new ReportPage(report);
-    page->addMessages(messages);
+    page->setIncomplete(request.incomplete);
+    page->addMessages(request.messages);
+    page->copyBar()->setHideAction(actionNamed("hidePersonalData"));
     connect(page, &ReportPage::outputChanged, this, &MainWindow::updateActions);
     connect(page, &ReportPage::done, this, &MainWindow::tell);
     connect(page, &ReportPage::failed, this, &MainWindow::takeFailure);
@@ -364,9 +369,21 @@ void MainWindow::addTab(QWidget *page, const QString &name, const QString &toolT
 {
     const int tab = m_tabs->addTab(page, tabText(name));
     m_tabs->setTabToolTip(tab, plainToolTip(toolTip));
+    addCloseButton(tab);
     m_tabs->setCurrentIndex(tab);
     page->setFocus();
     updateActions();
+}
+
+void MainWindow::addCloseButton(int tab)
+{
+    auto *button = new CloseTabButton;
+    const QString keys = actionNamed("closeTab")->shortcut().toString(QKeySequence::NativeText);
+    button->setToolTip(tr("Close tab (%1)").arg(keys));
+    const int side = style()->styleHint(QStyle::SH_TabBar_CloseButtonPosition, nullptr, m_tabs->tabBar());
+    m_tabs->tabBar()->setTabButton(tab, QTabBar::ButtonPosition(side), button);
+    QWidget *page = m_tabs->widget(tab);
+    connect(button, &CloseTabButton::clicked, this, [this, page] { closeTabAt(m_tabs->indexOf(page)); });
 }
 
 void MainWindow::closeTab()
@@ -520,6 +537,8 @@ void MainWindow::takeMade(const QByteArray &report, const QStringList &missing)
     const QString time = QLocale().toString(QTime::currentTime(), QLocale::ShortFormat);
     const int request = load({ReportLoader::Bytes {report, tr("This machine, %1").arg(time)}}, false);
     m_requests[request].messages = missing;
+    if (!missing.isEmpty())
+        m_requests[request].incomplete = incompleteMember(report);
     updateActions();
 }
 

@@ -97,6 +97,7 @@ private:
         bool compares = false;
         std::vector<PreparedReport> reports;
         QStringList messages;               ///< what is missing in a report that was made
+        QByteArray incomplete;              ///< the same for JSON
         std::optional<LoadedReport> newest; ///< is compared with them
     };
 
@@ -152,7 +153,7 @@ private:
     void takeFailure(const QString &message);
     void takeEnd(int request);
     void showLoading();
-    void showReport(const PreparedReport &report, const QStringList &messages);
+    void showReport(const PreparedReport &report, const Request &request);
     void takeMade(const QByteArray &report, const QStringList &missing);
     void saveComparison();
     void tell(const QString &message);
@@ -164,6 +165,7 @@ private:
     void keepHidden(const ReportPage *page);
     bool hasComparison() const;
     void addTab(QWidget *page, const QString &name, const QString &toolTip);
+    void addCloseButton(int tab);
     void closeTabAt(int index);
     void takeCurrentTab();
     void openMimeData(const QMimeData &data, const QString &name);

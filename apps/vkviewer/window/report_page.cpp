@@ -90,6 +90,8 @@ ReportPage::ReportPage(const PreparedReport &report, QWidget *parent)
     connect(m_text, &TextView::copyRequested, this, &ReportPage::copyText);
     connect(m_text, &TextView::contextMenuRequested, this, [this](QPoint global) { showContextMenu(global); });
     connect(m_facts, &FactTable::factChosen, this, &ReportPage::goToFact);
+    connect(m_facts, &FactTable::copyRequested, this, [this] { copyFrom(m_facts); });
+    connect(m_summary, &SummaryPage::copyRequested, this, [this] { copyFrom(m_summary); });
     connectRedaction();
     setReport(report);
 }
@@ -97,6 +99,7 @@ ReportPage::ReportPage(const PreparedReport &report, QWidget *parent)
 void ReportPage::connectRedaction()
 {
     connect(m_session, &RedactionSession::redacted, this, &ReportPage::showRedacted);
+    connect(m_session, &RedactionSession::busyChanged, this, &ReportPage::updateOutput);
     connect(m_session, &RedactionSession::failed, m_panel, &RedactionPanel::showMessage);
     connect(m_panel, &RedactionPanel::placeChosen, this, [this](int begin, int end) {
         m_stack->setCurrentWidget(m_rows);
@@ -114,6 +117,7 @@ void ReportPage::connectRedaction()
 void ReportPage::setReport(const PreparedReport &report)
 {
     m_report = report;
+    m_incomplete.clear();
     m_messages->setMessages(stateSentences(report.report.document.states(), StateWeight::Important));
     // A tree that gets the focus makes its first entry the current one, which is the summary.
     setFocusProxy(report.report.isReport() ? static_cast<QWidget *>(m_outline) : m_text);
@@ -131,6 +135,12 @@ void ReportPage::setReport(const PreparedReport &report)
 void ReportPage::addMessages(const QStringList &messages)
 {
     m_messages->setMessages(messages + m_messages->messages());
+}
+
+void ReportPage::setIncomplete(const QByteArray &incomplete)
+{
+    m_incomplete = incomplete;
+    updateOutput();
 }
 
 void ReportPage::showDocument(const PreparedReport &report)
@@ -205,14 +215,20 @@ void ReportPage::replaceDocument(const PreparedReport &report)
         showText();
 }
 
+/// Whether something will be hidden that is still shown.
+bool ReportPage::isHiding() const
+{
+    return m_isWaiting || (m_isRedacted && m_session->isBusy());
+}
+
 std::optional<OutputReport> ReportPage::output() const
 {
-    if (m_isWaiting)
+    if (isHiding())
         return std::nullopt;
     if (!m_isRedacted)
-        return OutputReport {m_report.report.name, m_report.report.document, nullptr};
+        return OutputReport {m_report.report.name, m_report.report.document, nullptr, m_incomplete};
     const RedactedReport &report = m_session->report();
-    return OutputReport {m_report.report.name, report.document(), std::make_shared<const Reports::Redaction>(report.redaction())};
+    return OutputReport {m_report.report.name, report.document(), std::make_shared<const Reports::Redaction>(report.redaction()), m_incomplete};
 }
 
 void ReportPage::updateOutput()
@@ -220,7 +236,7 @@ void ReportPage::updateOutput()
     if (const auto report = output())
         m_copyBar->setReport(*report);
     else
-        m_copyBar->clear();
+        m_copyBar->setHiding();
     Q_EMIT outputChanged();
 }
 
@@ -418,19 +434,24 @@ bool ReportPage::hasFocusIn(const QWidget *widget) const
 
 void ReportPage::copy()
 {
-    if (m_isWaiting)
-        return;
     if (isShowingSummary())
-        m_summary->copy();
+        copyFrom(m_summary);
     else if (hasFocusIn(m_facts))
-        m_facts->copy();
+        copyFrom(m_facts);
     else
         copyText();
 }
 
+template <class Part>
+void ReportPage::copyFrom(Part *part)
+{
+    if (!isHiding())
+        part->copy();
+}
+
 void ReportPage::copyText()
 {
-    if (m_isWaiting)
+    if (isHiding())
         return;
     const QByteArray bytes = m_text->selectedBytes();
     if (!bytes.isEmpty())

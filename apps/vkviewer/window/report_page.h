@@ -35,6 +35,8 @@ public:
     void setReport(const PreparedReport &report);
     /// What is not as usual with this report; shown until the user closes it.
     void addMessages(const QStringList &messages);
+    /// What of the report could not be made, for JSON: JsonNotes::incomplete.
+    void setIncomplete(const QByteArray &incomplete);
 
     /// Whether names, addresses and secrets are hidden. What is shown is then another text with the same lines.
     void setRedacted(bool redacted);
@@ -95,11 +97,15 @@ private:
     void showScope(const QModelIndex &index);
     void makeCurrent(const QModelIndex &index);
     void copyText();
+    template <class Part>
+    void copyFrom(Part *part);
     void showContextMenu(QPoint global);
     bool hasFocusIn(const QWidget *widget) const;
+    bool isHiding() const;
 
     PreparedReport m_report;
     PreparedReport m_shown;
+    QByteArray m_incomplete;
     OutlineModel *m_model;
     MessageBar *m_messages;
     QTreeView *m_outline;

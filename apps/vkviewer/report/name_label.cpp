@@ -1,19 +1,20 @@
 #include "name_label.h"
 
-#include "cell_text.h"
+#include "shown_text.h"
 
 #include <QtGui/QPainter>
 #include <QtWidgets/QStyle>
 
-NameLabel::NameLabel(QWidget *parent) : QLabel(parent)
+NameLabel::NameLabel(QWidget *parent)
+    : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
 }
 
 void NameLabel::setName(const QString &name, const QString &toolTip)
 {
-    setText(cellText(name));
-    setToolTip(cellToolTip(toolTip));
+    setText(lineText(name));
+    setToolTip(plainToolTip(toolTip));
 }
 
 QSize NameLabel::minimumSizeHint() const

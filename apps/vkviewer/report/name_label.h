@@ -1,4 +1,4 @@
-// The name of a report where there may be little room.
+// The name of a report or section where there may be little room.
 #pragma once
 
 #include <QtWidgets/QLabel>
