@@ -252,10 +252,6 @@
         <source>There is not enough memory to compare these reports.</source>
         <translation>Der Speicher reicht nicht, um diese Berichte zu vergleichen.</translation>
     </message>
-    <message>
-        <source>Comparing…</source>
-        <translation type="vanished">Vergleich läuft …</translation>
-    </message>
 </context>
 <context>
     <name>ComparisonView</name>
@@ -327,10 +323,6 @@
         <source>%1 of %2</source>
         <translation>%1 von %2</translation>
     </message>
-    <message>
-        <source>Comparing…</source>
-        <translation type="vanished">Vergleich läuft …</translation>
-    </message>
 </context>
 <context>
     <name>CopyBar</name>
@@ -369,10 +361,6 @@
     <message>
         <source>Copies the report for an issue tracker</source>
         <translation>Kopiert den Bericht für ein Fehlerverzeichnis</translation>
-    </message>
-    <message>
-        <source>Copy s&amp;ummary</source>
-        <translation type="vanished">Z&amp;usammenfassung kopieren</translation>
     </message>
     <message>
         <source>Copies what support asks for first</source>
@@ -558,10 +546,6 @@
 <context>
     <name>FactTable</name>
     <message>
-        <source>&amp;Filter:</source>
-        <translation type="vanished">&amp;Filter:</translation>
-    </message>
-    <message>
         <source>Show only facts with this text</source>
         <translation>Nur Angaben mit diesem Text zeigen</translation>
     </message>
@@ -619,20 +603,12 @@
         <translation>Nächster Treffer (F3)</translation>
     </message>
     <message>
-        <source>&amp;Match case</source>
-        <translation type="vanished">&amp;Groß/klein beachten</translation>
-    </message>
-    <message>
         <source>Close the find bar</source>
         <translation>Suchleiste schließen</translation>
     </message>
     <message>
         <source>Close (Esc)</source>
         <translation>Schließen (Esc)</translation>
-    </message>
-    <message>
-        <source>&amp;Find:</source>
-        <translation type="vanished">&amp;Suchen:</translation>
     </message>
     <message>
         <source>Find</source>
@@ -1255,20 +1231,12 @@ Qt %1</translation>
         <translation>Was im Bericht verborgen ist</translation>
     </message>
     <message>
-        <source>&amp;Next place</source>
-        <translation type="vanished">&amp;Nächste Stelle</translation>
-    </message>
-    <message>
         <source>Shows the next place in the report (Enter)</source>
         <translation>Zeigt die nächste Stelle im Bericht (Eingabe)</translation>
     </message>
     <message>
         <source>&amp;Take back</source>
         <translation>&amp;Zurücknehmen</translation>
-    </message>
-    <message>
-        <source>&amp;Hide selection</source>
-        <translation type="vanished">Aus&amp;wahl verbergen</translation>
     </message>
     <message>
         <source>Hides the text that is selected in the report, wherever it occurs</source>
