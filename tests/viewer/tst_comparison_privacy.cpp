@@ -12,12 +12,14 @@
 #include "test_main.h"
 #include "text/text_view.h"
 #include "window/main_window.h"
+#include "window/message_bar.h"
 #include "window/report_page.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QSettings>
 #include <QtCore/QTemporaryDir>
+#include <QtCore/QTimer>
 #include <QtGui/QAccessible>
 #include <QtGui/QClipboard>
 #include <QtWidgets/QAction>
@@ -629,6 +631,20 @@ void ComparisonPrivacyTest::theSwitchOfTheWindow()
     QTest::keyClick(focus, Qt::Key_H, Qt::ControlModifier);
     QVERIFY(window.actionNamed("hidePersonalData")->isChecked());
     QVERIFY(several->isComparing() && pair->isComparing()); // also the one in the other tab
+    // There is nothing to save yet, and no file becomes empty.
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    bool hasAsked = false;
+    QTimer closer;
+    connect(&closer, &QTimer::timeout, this, [&hasAsked] {
+        hasAsked = QApplication::activeModalWidget() != nullptr;
+        if (hasAsked)
+            QApplication::activeModalWidget()->close();
+    });
+    closer.start(100);
+    window.actionNamed("saveAs")->trigger();
+    closer.stop();
+    QVERIFY(!hasAsked);
+    QCOMPARE(window.messageBar()->messages(), QStringList {QStringLiteral("There is nothing to save: the reports are not compared.")});
     QCOMPARE(found(everything(*pair, false) + everything(*several, false) + toolTips()), QString());
     waitFor(*pair);
     waitFor(*several);

@@ -182,8 +182,9 @@ void AlignedTextView::updateSizes()
 {
     for (QTableView *view : {m_older, m_newer}) {
         const QFontMetrics metrics = view->fontMetrics();
-        view->verticalHeader()->setMinimumSectionSize(metrics.lineSpacing());
-        view->verticalHeader()->setDefaultSectionSize(metrics.lineSpacing());
+        const int height = std::max(metrics.height(), metrics.lineSpacing()); // the leading of some fonts is negative
+        view->verticalHeader()->setMinimumSectionSize(height);
+        view->verticalHeader()->setDefaultSectionSize(height);
         const int sign = metrics.averageCharWidth() * 2;
         const int line = metrics.averageCharWidth() * (m_model->longestLine() + 2);
         for (const int column : {int(AlignedTextModel::OlderSign), int(AlignedTextModel::NewerSign)}) {

@@ -75,7 +75,7 @@ QString ComparisonNotes::summary(int differences, int everyMoment, bool showsEve
 
 QString ComparisonNotes::privacy(bool isHidden)
 {
-    return isHidden ? tr("Personal data are hidden: an alias stands for the same person or thing in all reports, and most environment variables are compared by the length of their values.")
+    return isHidden ? tr("Personal data are hidden: an alias is one person or thing in all reports; most environment variables are compared by length.")
                     : tr("The comparison contains names, addresses and values of environment variables, also when it is copied or saved: send it only to people who need it.");
 }
 

@@ -156,7 +156,7 @@ QSplitter *ComparisonTableView::makeTables()
     scrollWith(m_values, m_frozen);
     for (QTableView *table : {m_frozen, m_values})
         new RowCopier(table, [this](const std::vector<int> &rows) { return rowsAsText(m_frozen, m_values, rows); });
-    new ColumnWidths(m_frozen, {2, 3}, 12);
+    new ColumnWidths(m_frozen, {1}, 12);
     new ColumnWidths(m_values, {1}, 24);
     auto *splitter = new QSplitter(Qt::Horizontal, this);
     splitter->addWidget(m_frozen);

@@ -20,5 +20,6 @@ struct PersonalData
 QByteArray newAliasKey();
 
 /// The reports without names, addresses and secrets, in their texts and in their own names; without paths of files. The same
-/// thing has the same alias in all of them. Takes about two seconds for 10 MByte. Can be called from any thread.
+/// thing has the same alias in all of them. Takes some
+/// seconds for 10 MByte that are full of names. Can be called from any thread.
 std::vector<LoadedReport> withoutPersonalData(const std::vector<LoadedReport> &reports, const QStringList &hide, const QByteArray &key);

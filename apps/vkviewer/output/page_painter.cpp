@@ -37,7 +37,7 @@ public:
     PagePainter(QPainter &reportPainter, const OutputReport &reportToPaint)
         : painter(reportPainter), report(reportToPaint), font(printFont()), metrics(font, reportPainter.device()),
           area(QPointF(), QSizeF(reportPainter.device()->width(), reportPainter.device()->height())), cell(widestCharacter(metrics)),
-          height(metrics.lineSpacing()), layout(report.document.text(), area.width() - gutterCells * cell, rowsOfPage(), cell, [this](const QString &text) {
+          height(std::max(metrics.height(), metrics.lineSpacing())), layout(report.document.text(), area.width() - gutterCells * cell, rowsOfPage(), cell, [this](const QString &text) {
               return metrics.horizontalAdvance(text);
           })
     {

@@ -169,7 +169,8 @@ void TextView::applyFont()
 {
     const int top = rows().row(std::min(verticalScrollBar()->value(), rows().count() - 1)).begin;
     const QFontMetricsF metrics(font());
-    m_rowHeight = std::max(1, int(std::ceil(metrics.lineSpacing())));
+    const qreal height = std::max(metrics.height(), metrics.lineSpacing()); // the leading of some fonts is negative
+    m_rowHeight = std::max(1, int(std::ceil(height)));
     m_ascent = int(std::ceil(metrics.ascent()));
     m_columnWidth = std::max<qreal>(1, metrics.horizontalAdvance(QLatin1Char('x')));
     m_layouts.setFont(font());

@@ -167,8 +167,8 @@
         </translation>
     </message>
     <message>
-        <source>Personal data are hidden: an alias stands for the same person or thing in all reports, and most environment variables are compared by the length of their values.</source>
-        <translation>Persönliche Daten sind verborgen: Ein Alias steht in allen Berichten für dieselbe Person oder Sache, und die meisten Umgebungsvariablen werden nach der Länge ihres Werts verglichen.</translation>
+        <source>Personal data are hidden: an alias is one person or thing in all reports; most environment variables are compared by length.</source>
+        <translation>Persönliche Daten sind verborgen: Ein Alias ist in allen Berichten dieselbe Person oder Sache; von den meisten Umgebungsvariablen zählt die Länge.</translation>
     </message>
     <message>
         <source>The comparison contains names, addresses and values of environment variables, also when it is copied or saved: send it only to people who need it.</source>
