@@ -5,6 +5,7 @@
 #include "compared_reports.h"
 #include "comparison_form.h"
 #include "report/loaded_report.h"
+#include "window/panes.h"
 
 #include <QtWidgets/QWidget>
 
@@ -30,12 +31,16 @@ public:
     ComparisonView(const LoadedReport &older, const LoadedReport &newer, QWidget *parent = nullptr);
     ~ComparisonView() override;
 
+    /// Gets the focus when the view opens. No focus proxy: the key Tab would leave out what precedes it.
+    QWidget *firstFocus() const;
     bool isComparing() const { return m_task.isRunning(); }
     bool showsEveryMoment() const { return m_showsEveryMoment; }
     /// How many differences nextDifference() visits.
     int differenceCount() const { return int(m_walk.size()); }
     /// Which of them is the current one, from 0; -1 if none is.
     int currentDifference() const;
+    /// Sections, differences, texts.
+    std::vector<Pane> panes() const;
 
     /// What vkcompare writes about both reports, with what changes every moment if it is shown. Empty until the reports are
     /// compared.
@@ -68,6 +73,7 @@ private:
     void chooseSection(int row);
     void step(int by);
     void showChange(int change);
+    void takeCurrentRow();
     void setCurrentChange(int change);
     void updatePosition();
     bool isShown(const velkor::Reports::Change &change) const { return m_showsEveryMoment || !change.everyMoment; }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "comparison/comparison_form.h"
+#include "panes.h"
 #include "report/prepared_report.h"
 #include "report/report_loader.h"
 
@@ -139,9 +140,12 @@ private:
     void findPrevious();
     void nextDifference();
     void previousDifference();
+    void nextPane();
+    void previousPane();
     void nextTab();
     void previousTab();
     void showKeys();
+    void showMeaning();
     void showAbout();
 
     int load(const std::vector<ReportLoader::Source> &sources, bool compares);
@@ -159,15 +163,17 @@ private:
     void compare(const std::vector<LoadedReport> &reports);
     template <class View>
     void showComparison(View *view, const std::vector<LoadedReport> &reports);
-    void addTab(QWidget *page, const QString &name, const QString &toolTip);
+    void addTab(QWidget *page, QWidget *firstFocus, const QString &name, const QString &toolTip);
     void closeTabAt(int index);
     void takeCurrentTab();
+    std::vector<Pane> panes() const;
     void openMimeData(const QMimeData &data, const QString &name);
 
     ReportLoader *m_loader;
     ReportProcess *m_process;
     RecentFiles *m_recentFiles;
     MessageBar *m_messages;
+    MakingBar *m_making;
     QStackedWidget *m_stack;
     StartPage *m_startPage;
     QTabWidget *m_tabs;
