@@ -595,18 +595,13 @@ QByteArray MainWindow::exportedComparison(ComparisonForm form) const
 
 void MainWindow::saveComparison()
 {
-    const QStringList filters = saveFilters();
-    QString filter;
-    QString file = QFileDialog::getSaveFileName(this, tr("Save the comparison"), tr("comparison.txt"), filters.join(QLatin1String(";;")), &filter);
-    if (file.isEmpty())
+    const auto choice = chooseSaveFile(this, tr("Save the comparison"), tr("comparison.txt"));
+    if (!choice)
         return;
-    const OutputFormat format = formatOfFile(file, formatOfFilter(filter));
-    if (QFileInfo(file).suffix().isEmpty())
-        file += suffixOf(format);
     const std::map<OutputFormat, ComparisonForm> forms = {{OutputFormat::Text, ComparisonForm::Text}, {OutputFormat::Json, ComparisonForm::Json}, {OutputFormat::Html, ComparisonForm::Html}, {OutputFormat::Markdown, ComparisonForm::Markdown}};
     QString error;
-    if (saveBytes(exportedComparison(forms.at(format)), file, error))
-        tell(tr("Saved: %1").arg(QDir::toNativeSeparators(file)));
+    if (saveBytes(exportedComparison(forms.at(choice->format)), choice->fileName, error))
+        tell(tr("Saved: %1").arg(QDir::toNativeSeparators(choice->fileName)));
     else
         takeFailure(error);
 }
