@@ -116,7 +116,7 @@ void ReportProcessTest::completeReport()
     const velkor::Reports::Document document = velkor::Reports::read(listener.report());
     QVERIFY(document.findSection("memoryInfo") >= 0);
     QVERIFY(document.findSection("qtSystemEnvironment") >= 0);
-    QVERIFY(document.findSection("openGL") < 0);
+    QVERIFY(document.findSection("GetOpenGLInfo") < 0);
     QCOMPARE(document.bytes(), listener.report());
     QVERIFY(!listener.progressed.isEmpty());
     const QVariantList last = listener.progressed.constLast();
