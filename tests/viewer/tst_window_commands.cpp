@@ -420,7 +420,7 @@ void WindowCommandsTest::commands()
         return;
     if (m_window->isVisible())
         activate();
-    QTRY_VERIFY_WITH_TIMEOUT(row.effect(*this), longTime);
+    QVERIFY(QTest::qWaitFor([&] { return row.effect(*this); }, longTime));
 }
 
 void WindowCommandsTest::recentReports_data()
