@@ -28,6 +28,7 @@ class ReportModelsTest : public QObject
 
 private Q_SLOTS:
     void outlineOfAReport();
+    void shortTitles();
     void outlineOfNoReport();
     void outlineOfTwoReports();
     void itemsAreNested();
@@ -39,10 +40,12 @@ private Q_SLOTS:
     void factAtALine();
     void meaningOfALine();
     void rowsAreCopiedWithTabs();
+    void emptyColumnsAreHidden();
     void enterAndDoubleClickChooseAFact();
     void lettersOfASection_data();
     void lettersOfASection();
     void sectionByKeyboard();
+    void sectionByHeading();
     void textsOfStrangers();
     void sentencesForStates();
 };
@@ -88,6 +91,30 @@ void ReportModelsTest::outlineOfAReport()
     QCOMPARE(model.index(0, 0, windows).data().toString(), QStringLiteral("Windows version"));
     QCOMPARE(model.index(2, 0, windows).data().toString(), QStringLiteral("Word size")); // it has no heading
     QVERIFY(model.index(0, 0, windows).data(Qt::ToolTipRole).toString().contains(QLatin1String("windowsVersion")));
+}
+
+/// The tooltip has the heading as in the text.
+void ReportModelsTest::shortTitles()
+{
+    struct Row
+    {
+        const char *section;
+        const char *title;
+        const char *heading;
+    };
+    const Document document = workstation();
+    OutlineModel model;
+    model.setDocument(document);
+    for (const Row &row : {Row {"driverInfoFromRegistry", "Drivers", "Info about drivers from registry"},
+                           Row {"videoInfoFromRegistry", "Video", "Info about video from registry"},
+                           Row {"diskDevicesFromRegistry:FDC", "FDC disk devices", "Info about &#39;FDC&#39; disk devices from registry"},
+                           Row {"processorRegistryInfo", "Central Processor information", "Central Processor information from Registry"},
+                           Row {"memoryInfo", "Memory Information", "Memory Information"}}) {
+        const QModelIndex index = model.sectionIndex(document.findSection(row.section));
+        QCOMPARE(index.data().toString(), QLatin1String(row.title));
+        const QString toolTip = index.data(Qt::ToolTipRole).toString();
+        QVERIFY2(toolTip.startsWith(QStringLiteral("<p>%1<br>%2<br>").arg(QLatin1String(row.heading), QLatin1String(row.section))), qPrintable(toolTip));
+    }
 }
 
 void ReportModelsTest::outlineOfNoReport()
@@ -242,6 +269,26 @@ void ReportModelsTest::rowsAreCopiedWithTabs()
     QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("MemoryLoad\t45%\n"));
 }
 
+void ReportModelsTest::emptyColumnsAreHidden()
+{
+    struct Row
+    {
+        const char *section;
+        bool hasUnits;
+        bool hasItems;
+    };
+    FactTable table;
+    const Document document = workstation();
+    table.setDocument(document);
+    for (const Row &row : {Row {"memoryInfo", false, false}, Row {"diskInformation", false, true}, Row {"qtScreens", true, true}, Row {"memoryInfo", false, false}}) {
+        const Section &section = sectionNamed(document, row.section);
+        table.setScope(section.firstFact, section.lastFact, QLatin1String(row.section));
+        QVERIFY2(table.table()->isColumnHidden(FactModel::Unit) != row.hasUnits, row.section);
+        QVERIFY2(table.table()->isColumnHidden(FactModel::Item) != row.hasItems, row.section);
+        QVERIFY(!table.table()->isColumnHidden(FactModel::Name) && !table.table()->isColumnHidden(FactModel::Value));
+    }
+}
+
 void ReportModelsTest::enterAndDoubleClickChooseAFact()
 {
     FactTable table;
@@ -310,6 +357,22 @@ void ReportModelsTest::sectionByKeyboard()
     QCOMPARE(dialog.section(), 1);
     QTest::keyClick(edit, Qt::Key_Return);
     QCOMPARE(dialog.result(), int(QDialog::Accepted));
+}
+
+/// The heading is found also if the list shows another title.
+void ReportModelsTest::sectionByHeading()
+{
+    const Document document = workstation();
+    SectionDialog dialog(document);
+    auto *edit = dialog.findChild<QLineEdit *>();
+    const auto *list = dialog.findChild<QListWidget *>();
+    edit->setText(QStringLiteral("info about video"));
+    QCOMPARE(dialog.section(), document.findSection("videoInfoFromRegistry"));
+    QCOMPARE(list->currentItem()->text(), QStringLiteral("Video"));
+    edit->setText(QStringLiteral("Info about drivers from registry"));
+    QCOMPARE(dialog.section(), document.findSection("driverInfoFromRegistry"));
+    edit->setText(QStringLiteral("driverInfoFrom")); // the function
+    QCOMPARE(dialog.section(), document.findSection("driverInfoFromRegistry"));
 }
 
 void ReportModelsTest::textsOfStrangers()

@@ -128,7 +128,7 @@ void ReportProcessTest::completeReport()
     const velkor::Reports::Document document = listener.document();
     QVERIFY(document.findSection("memoryInfo") >= 0);
     QVERIFY(document.findSection("qtSystemEnvironment") >= 0);
-    QVERIFY(document.findSection("openGL") < 0);
+    QVERIFY(document.findSection("GetOpenGLInfo") < 0);
     QVERIFY(!listener.progressed.isEmpty());
     const QVariantList last = listener.progressed.constLast();
     QCOMPARE(last[2].toDouble(), 60.0);

@@ -78,7 +78,6 @@ ComparisonTableView::ComparisonTableView(const std::vector<LoadedReport> &report
     m_pages->addWidget(m_message);
     m_pages->addWidget(makeTables());
     layout->addWidget(m_pages, 1);
-    setFocusProxy(m_values);
     start();
 }
 
@@ -271,6 +270,11 @@ void ComparisonTableView::updateSummary()
     if (!m_filter->text().trimmed().isEmpty())
         text += QLatin1Char(' ') + ComparisonNotes::matches(m_model->rowCount());
     m_summary->setText(text);
+}
+
+QWidget *ComparisonTableView::firstFocus() const
+{
+    return m_values;
 }
 
 QByteArray ComparisonTableView::exported(ComparisonForm form) const

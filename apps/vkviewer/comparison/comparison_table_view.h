@@ -27,6 +27,8 @@ public:
     explicit ComparisonTableView(const std::vector<LoadedReport> &reports, const PersonalData &personalData = {}, QWidget *parent = nullptr);
     ~ComparisonTableView() override;
 
+    /// Gets the focus when the view opens. No focus proxy: the key Tab would leave out what precedes it.
+    QWidget *firstFocus() const;
     bool isComparing() const { return m_task.isRunning(); }
     bool showsEveryMoment() const { return m_showsEveryMoment; }
 

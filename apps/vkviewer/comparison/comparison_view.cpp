@@ -96,7 +96,6 @@ ComparisonView::ComparisonView(const LoadedReport &older, const LoadedReport &ne
     m_pages->addWidget(m_message);
     m_pages->addWidget(makeContent());
     layout->addWidget(m_pages, 1);
-    setFocusProxy(m_differences);
     start();
 }
 
@@ -200,10 +199,10 @@ QWidget *ComparisonView::makeContent()
     m_differences = makeTable(m_differenceModel, tr("Differences"));
     m_differences->setObjectName(QStringLiteral("differences"));
     new ColumnWidths(m_differences, {3, 4, 4, 4, 4}, 8);
-    connect(m_differences->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex &current) {
-        if (m_reports && current.isValid())
-            setCurrentChange(m_differenceModel->changeIndex(current.row()));
-    });
+    // A table that gets the focus makes its first row the current one without selecting it, which is no choice of the user.
+    // The mouse makes a row the current one before it selects it, the keyboard after that.
+    connect(m_differences->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &ComparisonView::takeCurrentRow);
+    connect(m_differences->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ComparisonView::takeCurrentRow);
 
     m_text = new AlignedTextView(this);
     auto *right = new QSplitter(Qt::Vertical, this);
@@ -421,6 +420,16 @@ int ComparisonView::currentDifference() const
     return m_current < 0 || found == m_walk.end() || *found != m_current ? -1 : int(found - m_walk.begin());
 }
 
+std::vector<Pane> ComparisonView::panes() const
+{
+    return {{m_sections, m_sections}, {m_differences, m_differences}, {m_text, m_text->olderView()}};
+}
+
+QWidget *ComparisonView::firstFocus() const
+{
+    return m_differences;
+}
+
 QByteArray ComparisonView::exported(ComparisonForm form) const
 {
     if (!m_reports)
@@ -462,6 +471,18 @@ void ComparisonView::showChange(int change)
     if (!m_section.isEmpty() && m_section != section)
         chooseRow(m_sections, m_sectionModel->rowOf(section));
     chooseRow(m_differences, m_differenceModel->rowOf(change));
+    if (m_current != change) // the row was the current one already
+        setCurrentChange(change);
+}
+
+void ComparisonView::takeCurrentRow()
+{
+    const QModelIndex current = m_differences->currentIndex();
+    if (!m_reports || !current.isValid() || !m_differences->selectionModel()->isRowSelected(current.row(), {}))
+        return;
+    const int change = m_differenceModel->changeIndex(current.row());
+    if (change != m_current)
+        setCurrentChange(change);
 }
 
 void ComparisonView::setCurrentChange(int change)

@@ -6,6 +6,7 @@
 #include "comparison_form.h"
 #include "kept_focus.h"
 #include "private_reports.h"
+#include "window/panes.h"
 
 #include <QtWidgets/QWidget>
 
@@ -33,12 +34,16 @@ public:
     ComparisonView(const LoadedReport &older, const LoadedReport &newer, const PersonalData &personalData = {}, QWidget *parent = nullptr);
     ~ComparisonView() override;
 
+    /// Gets the focus when the view opens. No focus proxy: the key Tab would leave out what precedes it.
+    QWidget *firstFocus() const;
     bool isComparing() const { return m_task.isRunning(); }
     bool showsEveryMoment() const { return m_showsEveryMoment; }
     /// How many differences nextDifference() visits.
     int differenceCount() const { return int(m_walk.size()); }
     /// Which of them is the current one, from 0; -1 if none is.
     int currentDifference() const;
+    /// Sections, differences, texts.
+    std::vector<Pane> panes() const;
 
     /// The names of the reports as they are shown; empty while they are being redacted.
     QStringList names() const;
@@ -104,6 +109,7 @@ private:
     void chooseSection(int row);
     void step(int by);
     void showChange(int change);
+    void takeCurrentRow();
     void setCurrentChange(int change);
     void updatePosition();
     bool isShown(const velkor::Reports::Change &change) const { return m_showsEveryMoment || !change.everyMoment; }

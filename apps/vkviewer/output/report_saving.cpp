@@ -122,14 +122,14 @@ QString suggestedFileName(const OutputReport &report, OutputFormat format)
     return name + suffixOf(format);
 }
 
-SaveResult saveReport(QWidget *parent, const OutputReport &report, QString &message)
+std::optional<SaveChoice> chooseSaveFile(QWidget *parent, const QString &title, const QString &suggestedName)
 {
-    QFileDialog dialog(parent, translated(QT_TRANSLATE_NOOP("Output", "Save report")));
+    QFileDialog dialog(parent, title);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setNameFilters(saveFilters());
     dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    dialog.setDefaultSuffix(suffixOf(OutputFormat::Text).mid(1));
+    dialog.setDefaultSuffix(suffixOf(OutputFormat::Text).mid(1)); // the dialog asks about the file that will be replaced
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString &filter) {
         const OutputFormat format = formatOfFilter(filter);
         dialog.setDefaultSuffix(suffixOf(format).mid(1));
@@ -137,13 +137,20 @@ SaveResult saveReport(QWidget *parent, const OutputReport &report, QString &mess
         if (!files.isEmpty() && !QFileInfo(files.constFirst()).isDir())
             dialog.selectFile(withSuffixOf(format, QFileInfo(files.constFirst()).fileName()));
     });
-    dialog.selectFile(suggestedFileName(report, OutputFormat::Text));
+    dialog.selectFile(suggestedName);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return SaveResult::Cancelled;
+        return std::nullopt;
     const QString fileName = dialog.selectedFiles().constFirst();
-    const OutputFormat format = formatOfFile(fileName, formatOfFilter(dialog.selectedNameFilter()));
-    if (!saveBytes(outputBytes(report, format), fileName, message))
+    return SaveChoice {fileName, formatOfFile(fileName, formatOfFilter(dialog.selectedNameFilter()))};
+}
+
+SaveResult saveReport(QWidget *parent, const OutputReport &report, QString &message)
+{
+    const auto choice = chooseSaveFile(parent, translated(QT_TRANSLATE_NOOP("Output", "Save report")), suggestedFileName(report, OutputFormat::Text));
+    if (!choice)
+        return SaveResult::Cancelled;
+    if (!saveBytes(outputBytes(report, choice->format), choice->fileName, message))
         return SaveResult::Failed;
-    message = translated(QT_TRANSLATE_NOOP("Output", "Saved as %1.")).arg(QDir::toNativeSeparators(fileName));
+    message = translated(QT_TRANSLATE_NOOP("Output", "Saved as %1.")).arg(QDir::toNativeSeparators(choice->fileName));
     return SaveResult::Saved;
 }

@@ -5,6 +5,7 @@
 
 #include <QtCore/QStringList>
 #include <functional>
+#include <optional>
 
 class QIODevice;
 class QWidget;
@@ -39,6 +40,14 @@ enum class SaveResult {
     Cancelled,
     Failed,
 };
+
+struct SaveChoice
+{
+    QString fileName;
+    OutputFormat format = OutputFormat::Text;
+};
+/// Asks for a file and its form, and whether a file that is there shall be replaced; nothing if the user cancels.
+std::optional<SaveChoice> chooseSaveFile(QWidget *parent, const QString &title, const QString &suggestedName);
 
 /// Asks for a file and a format and saves. \a message says where, or what failed; empty if the user cancelled.
 SaveResult saveReport(QWidget *parent, const OutputReport &report, QString &message);

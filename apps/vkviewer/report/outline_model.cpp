@@ -193,7 +193,7 @@ QString OutlineModel::title(const QModelIndex &index) const
     return tr("Summary");
 }
 
-QString OutlineModel::toolTip(const QModelIndex &index) const
+QString OutlineModel::description(const QModelIndex &index) const
 {
     const Kind kind = this->kind(index);
     if (kind == Kind::Section) {
@@ -215,5 +215,5 @@ QVariant OutlineModel::data(const QModelIndex &index, int role) const
         return {};
     if (role == Qt::DisplayRole)
         return title(index);
-    return role == Qt::ToolTipRole ? QVariant(plainToolTip(toolTip(index))) : QVariant();
+    return role == Qt::ToolTipRole ? QVariant(plainToolTip(description(index))) : QVariant();
 }

@@ -31,6 +31,9 @@ public:
     /// What it is in the text; nothing for the summary.
     std::optional<TextRange> range(const QModelIndex &index) const;
 
+    /// The heading as in the text, the name and the meaning, in lines; empty for the summary and for halves.
+    QString description(const QModelIndex &index) const;
+
     QModelIndex summaryIndex() const { return index(0, 0); }
     /// \a section is an index in Document::sections().
     QModelIndex sectionIndex(int section) const;
@@ -58,7 +61,6 @@ private:
     int nodeOf(const QModelIndex &index) const { return index.isValid() ? int(index.internalId()) : 0; }
     QModelIndex indexOf(int node) const;
     QString title(const QModelIndex &index) const;
-    QString toolTip(const QModelIndex &index) const;
     QString halfTitle(int half) const;
     void makeHalves();
     void makeTree();

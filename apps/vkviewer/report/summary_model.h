@@ -13,6 +13,7 @@ public:
     explicit SummaryModel(QObject *parent = nullptr);
 
     void setLines(const std::vector<velkor::Reports::SummaryLine> &lines);
+    const velkor::Reports::SummaryLine &line(int row) const { return m_lines[std::size_t(row)]; }
     /// "Memory: 16 GByte" for each row, with line feeds.
     QString text(const std::vector<int> &rows) const;
 

@@ -73,6 +73,12 @@ void SummaryPage::setReport(const PreparedReport &report)
     m_table->verticalHeader()->setSectionResizeMode(m_table->model()->rowCount() <= mostRows ? QHeaderView::ResizeToContents : QHeaderView::Fixed);
 }
 
+const velkor::Reports::SummaryLine *SummaryPage::currentLine() const
+{
+    const QModelIndex index = m_table->currentIndex();
+    return index.isValid() ? &m_model->line(index.row()) : nullptr;
+}
+
 void SummaryPage::copy()
 {
     std::vector<int> rows;

@@ -19,6 +19,8 @@ public:
 
     void setReport(const PreparedReport &report);
     QTableView *table() const { return m_table; }
+    /// Null if no row is current.
+    const velkor::Reports::SummaryLine *currentLine() const;
 
 public Q_SLOTS:
     /// The selected lines; all of them if none is selected.

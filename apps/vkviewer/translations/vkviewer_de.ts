@@ -728,6 +728,14 @@
         </translation>
     </message>
     <message>
+        <source>Meaning</source>
+        <translation>Bedeutung</translation>
+    </message>
+    <message>
+        <source>Nothing is known about this line.</source>
+        <translation>Über diese Zeile ist nichts bekannt.</translation>
+    </message>
+    <message>
         <source>About vkviewer</source>
         <translation>Über vkviewer</translation>
     </message>
@@ -888,6 +896,14 @@ Qt %1</translation>
         <translation>Voriger Unter&amp;schied</translation>
     </message>
     <message>
+        <source>Next pan&amp;e</source>
+        <translation>Nächster B&amp;ereich</translation>
+    </message>
+    <message>
+        <source>Previous p&amp;ane</source>
+        <translation>Voriger Bere&amp;ich</translation>
+    </message>
+    <message>
         <source>Next &amp;tab</source>
         <translation>Nächster &amp;Tab</translation>
     </message>
@@ -898,6 +914,10 @@ Qt %1</translation>
     <message>
         <source>&amp;Keys</source>
         <translation>&amp;Tasten</translation>
+    </message>
+    <message>
+        <source>&amp;Meaning of the line</source>
+        <translation>&amp;Bedeutung der Zeile</translation>
     </message>
     <message>
         <source>&amp;About vkviewer</source>

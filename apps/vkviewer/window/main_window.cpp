@@ -74,7 +74,7 @@ QString tabText(const QString &name)
 } // namespace
 
 MainWindow::MainWindow(QWidget *parent)
-    : QMainWindow(parent), m_loader(new ReportLoader(this)), m_process(new ReportProcess(this)), m_recentFiles(new RecentFiles(this)), m_messages(new MessageBar), m_stack(new QStackedWidget), m_startPage(new StartPage(m_recentFiles)), m_tabs(new QTabWidget), m_loading(new QLabel), m_cancelLoading(new QPushButton(tr("Cancel &loading"))), m_loadingTimer(new QTimer(this))
+    : QMainWindow(parent), m_loader(new ReportLoader(this)), m_process(new ReportProcess(this)), m_recentFiles(new RecentFiles(this)), m_messages(new MessageBar), m_making(new MakingBar(m_process)), m_stack(new QStackedWidget), m_startPage(new StartPage(m_recentFiles)), m_tabs(new QTabWidget), m_loading(new QLabel), m_cancelLoading(new QPushButton(tr("Cancel &loading"))), m_loadingTimer(new QTimer(this))
 {
     setAcceptDrops(true);
     m_tabs->setDocumentMode(true);
@@ -88,7 +88,7 @@ MainWindow::MainWindow(QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_messages);
-    layout->addWidget(new MakingBar(m_process));
+    layout->addWidget(m_making);
     layout->addWidget(m_stack, 1);
     setCentralWidget(central);
     statusBar()->addWidget(m_loading, 1);
@@ -362,16 +362,16 @@ void MainWindow::showReport(const PreparedReport &report, const Request &request
         page->restoreSplitters(splitters);
     page->setOutlineVisible(actionNamed("outline")->isChecked());
     page->setFactsVisible(actionNamed("facts")->isChecked());
-    addTab(page, report.report.name, QDir::toNativeSeparators(report.report.path));
+    addTab(page, page->firstFocus(), report.report.name, QDir::toNativeSeparators(report.report.path));
 }
 
-void MainWindow::addTab(QWidget *page, const QString &name, const QString &toolTip)
+void MainWindow::addTab(QWidget *page, QWidget *firstFocus, const QString &name, const QString &toolTip)
 {
     const int tab = m_tabs->addTab(page, tabText(name));
     m_tabs->setTabToolTip(tab, plainToolTip(toolTip));
     addCloseButton(tab);
     m_tabs->setCurrentIndex(tab);
-    page->setFocus();
+    firstFocus->setFocus();
     updateActions();
 }
 
@@ -414,6 +414,31 @@ void MainWindow::takeCurrentTab()
     setWindowTitle(isEmpty ? tr("System reports") : tr("%1 - System reports").arg(plainName));
     switchPersonalData();
     updateActions();
+}
+
+/// As the user reads them; the messages last, although they stand at the top.
+std::vector<Pane> MainWindow::panes() const
+{
+    std::vector<Pane> panes;
+    if (const ReportPage *page = reportPage())
+        panes = page->panes();
+    else if (const ComparisonView *pair = comparisonView())
+        panes = pair->panes();
+    else
+        panes.push_back({m_tabs->count() > 0 ? m_tabs->currentWidget() : m_startPage});
+    panes.push_back({m_making});
+    panes.push_back({m_messages});
+    return panes;
+}
+
+void MainWindow::nextPane()
+{
+    goToPane(panes(), 1);
+}
+
+void MainWindow::previousPane()
+{
+    goToPane(panes(), -1);
 }
 
 void MainWindow::nextTab()
@@ -638,18 +663,13 @@ void MainWindow::saveComparison()
         takeFailure(tr("There is nothing to save: the reports are not compared."));
         return;
     }
-    const QStringList filters = saveFilters();
-    QString filter;
-    QString file = QFileDialog::getSaveFileName(this, tr("Save the comparison"), tr("comparison.txt"), filters.join(QLatin1String(";;")), &filter);
-    if (file.isEmpty())
+    const auto choice = chooseSaveFile(this, tr("Save the comparison"), tr("comparison.txt"));
+    if (!choice)
         return;
-    const OutputFormat format = formatOfFile(file, formatOfFilter(filter));
-    if (QFileInfo(file).suffix().isEmpty())
-        file += suffixOf(format);
     const std::map<OutputFormat, ComparisonForm> forms = {{OutputFormat::Text, ComparisonForm::Text}, {OutputFormat::Json, ComparisonForm::Json}, {OutputFormat::Html, ComparisonForm::Html}, {OutputFormat::Markdown, ComparisonForm::Markdown}};
     QString error;
-    if (saveBytes(exportedComparison(forms.at(format)), file, error))
-        tell(tr("Saved: %1").arg(QDir::toNativeSeparators(file)));
+    if (saveBytes(exportedComparison(forms.at(choice->format)), choice->fileName, error))
+        tell(tr("Saved: %1").arg(QDir::toNativeSeparators(choice->fileName)));
     else
         takeFailure(error);
 }
@@ -687,7 +707,7 @@ void MainWindow::showComparison(View *view, int reports)
     connect(everyMoment, &QAction::toggled, view, &View::setShowsEveryMoment);
     const auto names = [view] { return view->names().join(QLatin1Char('\n')); };
     connect(view, &View::namesChanged, this, [this, view, names] { m_tabs->setTabToolTip(m_tabs->indexOf(view), plainToolTip(names())); });
-    addTab(view, MainWindow::tr("Comparison of %n report(s)", nullptr, reports), names());
+    addTab(view, view->firstFocus(), MainWindow::tr("Comparison of %n report(s)", nullptr, reports), names());
 }
 
 void MainWindow::nextDifference()
@@ -706,6 +726,20 @@ void MainWindow::previousDifference()
 void MainWindow::showKeys()
 {
     ShortcutList(m_actionList, this).exec();
+}
+
+void MainWindow::showMeaning()
+{
+    const ReportPage::Meaning meaning = reportPage()->currentMeaning();
+    QMessageBox box(this);
+    box.setWindowTitle(tr("Meaning"));
+    box.setTextFormat(Qt::PlainText);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    if (meaning.label.isEmpty())
+        box.setText(tr("Nothing is known about this line."));
+    else // not as informative text, which is not always plain
+        box.setText(QStringLiteral("%1\n\n%2").arg(meaning.label, meaning.text));
+    box.exec();
 }
 
 void MainWindow::showAbout()

@@ -3,6 +3,7 @@
 
 #include "comparison/comparison_form.h"
 #include "comparison/private_reports.h"
+#include "panes.h"
 #include "report/prepared_report.h"
 #include "report/report_loader.h"
 
@@ -141,9 +142,12 @@ private:
     void findPrevious();
     void nextDifference();
     void previousDifference();
+    void nextPane();
+    void previousPane();
     void nextTab();
     void previousTab();
     void showKeys();
+    void showMeaning();
     void showAbout();
 
     int load(const std::vector<ReportLoader::Source> &sources, bool compares);
@@ -164,16 +168,18 @@ private:
     PersonalData personalData() const;
     void keepHidden(const ReportPage *page);
     bool hasComparison() const;
-    void addTab(QWidget *page, const QString &name, const QString &toolTip);
+    void addTab(QWidget *page, QWidget *firstFocus, const QString &name, const QString &toolTip);
     void addCloseButton(int tab);
     void closeTabAt(int index);
     void takeCurrentTab();
+    std::vector<Pane> panes() const;
     void openMimeData(const QMimeData &data, const QString &name);
 
     ReportLoader *m_loader;
     ReportProcess *m_process;
     RecentFiles *m_recentFiles;
     MessageBar *m_messages;
+    MakingBar *m_making;
     QStackedWidget *m_stack;
     StartPage *m_startPage;
     QTabWidget *m_tabs;

@@ -64,9 +64,12 @@ const std::vector<MainWindow::ActionRow> &MainWindow::actionRows()
         {"previousSection", Menu::Go, QT_TR_NOOP("&Previous section"), "Alt+Up", Needs::ReportPage, &W::previousSection, false, true},
         {"nextDifference", Menu::Go, QT_TR_NOOP("Next &difference"), "F8", Needs::Pair, &W::nextDifference, false, false},
         {"previousDifference", Menu::Go, QT_TR_NOOP("Previous d&ifference"), "Shift+F8", Needs::Pair, &W::previousDifference, false, true},
+        {"nextPane", Menu::Go, QT_TR_NOOP("Next pan&e"), "F6", Needs::Nothing, &W::nextPane, false, false},
+        {"previousPane", Menu::Go, QT_TR_NOOP("Previous p&ane"), "Shift+F6", Needs::Nothing, &W::previousPane, false, true},
         {"nextTab", Menu::Go, QT_TR_NOOP("Next &tab"), "Ctrl+PgDown; Ctrl+Tab", Needs::Tab, &W::nextTab, false, false},
         {"previousTab", Menu::Go, QT_TR_NOOP("Previous ta&b"), "Ctrl+PgUp; Ctrl+Shift+Tab", Needs::Tab, &W::previousTab, false, false},
         {"keys", Menu::Help, QT_TR_NOOP("&Keys"), "F1", Needs::Nothing, &W::showKeys, false, false},
+        {"meaning", Menu::Help, QT_TR_NOOP("&Meaning of the line"), "Shift+F1", Needs::Report, &W::showMeaning, false, true},
         {"about", Menu::Help, QT_TR_NOOP("&About vkviewer"), "", Needs::Nothing, &W::showAbout, false, false},
     };
     return rows;

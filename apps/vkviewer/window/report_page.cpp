@@ -1,14 +1,17 @@
 #include "report_page.h"
 
+#include "labels.h"
 #include "message_bar.h"
 #include "redaction/copy_bar.h"
 #include "redaction/redaction_panel.h"
 #include "redaction/redaction_session.h"
 #include "report/fact_meaning.h"
+#include "report/fact_model.h"
 #include "report/fact_table.h"
 #include "report/outline_model.h"
 #include "report/section_dialog.h"
 #include "report/section_titles.h"
+#include "report/shown_text.h"
 #include "report/state_sentences.h"
 #include "report/summary_page.h"
 #include "text/find_bar.h"
@@ -45,7 +48,7 @@ QWidget *inColumn(QWidget *first, QWidget *second)
 } // namespace
 
 ReportPage::ReportPage(const PreparedReport &report, QWidget *parent)
-    : QWidget(parent), m_model(new OutlineModel(this)), m_messages(new MessageBar), m_outline(new QTreeView), m_summary(new SummaryPage), m_text(new TextView), m_findBar(new FindBar(m_text)), m_facts(new FactTable), m_session(new RedactionSession(this)), m_panel(new RedactionPanel(m_session)), m_copyBar(new CopyBar), m_stack(new QStackedWidget), m_columns(new QSplitter(Qt::Horizontal)), m_lower(new QSplitter(Qt::Horizontal)), m_rows(new QSplitter(Qt::Vertical))
+    : QWidget(parent), m_model(new OutlineModel(this)), m_messages(new MessageBar), m_outline(new QTreeView), m_summary(new SummaryPage), m_text(new TextView), m_findBar(new FindBar(m_text)), m_facts(new FactTable), m_session(new RedactionSession(this)), m_panel(new RedactionPanel(m_session)), m_copyBar(new CopyBar), m_stack(new QStackedWidget), m_textAndFind(inColumn(m_text, m_findBar)), m_columns(new QSplitter(Qt::Horizontal)), m_lower(new QSplitter(Qt::Horizontal)), m_rows(new QSplitter(Qt::Vertical))
 {
     m_outline->setModel(m_model);
     m_outline->setHeaderHidden(true);
@@ -53,7 +56,7 @@ ReportPage::ReportPage(const PreparedReport &report, QWidget *parent)
     m_outline->setAccessibleName(tr("Outline of the report"));
     m_text->setAccessibleName(tr("Text of the report"));
     m_text->setHoverText([this](int offset) { return meaningAt(m_shown.report.document, offset); });
-    m_rows->addWidget(inColumn(m_text, m_findBar));
+    m_rows->addWidget(m_textAndFind);
     m_lower->addWidget(m_facts);
     m_lower->addWidget(m_panel);
     m_lower->setChildrenCollapsible(false);
@@ -119,8 +122,6 @@ void ReportPage::setReport(const PreparedReport &report)
     m_report = report;
     m_incomplete.clear();
     m_messages->setMessages(stateSentences(report.report.document.states(), StateWeight::Important));
-    // A tree that gets the focus makes its first entry the current one, which is the summary.
-    setFocusProxy(report.report.isReport() ? static_cast<QWidget *>(m_outline) : m_text);
     showDocument(report);
     if (m_isRedacted)
         startRedaction();
@@ -399,6 +400,49 @@ void ReportPage::showScope(const QModelIndex &index)
     case OutlineModel::Kind::Summary:
         break;
     }
+}
+
+/// A tree that gets the focus makes its first entry the current one, which is the summary.
+QWidget *ReportPage::firstFocus() const
+{
+    return m_report.report.isReport() ? static_cast<QWidget *>(m_outline) : m_text;
+}
+
+std::vector<Pane> ReportPage::panes() const
+{
+    return {{m_outline, m_outline}, {m_summary, m_summary->table()}, {m_textAndFind, m_text}, {m_facts, m_facts->table()}, {m_panel}, {m_copyBar}, {m_messages}};
+}
+
+ReportPage::Meaning ReportPage::currentMeaning() const
+{
+    if (hasFocusIn(m_outline))
+        return meaningOfOutline(m_outline->currentIndex());
+    if (isShowingSummary()) {
+        const Reports::SummaryLine *line = m_summary->currentLine();
+        return line ? Meaning {line->label, lineText(line->value)} : Meaning();
+    }
+    const QModelIndex row = m_facts->table()->currentIndex();
+    if (hasFocusIn(m_facts) && row.isValid())
+        return meaningOfFact(m_facts->model()->fact(row.row()));
+    const int fact = factAt(m_shown.report.document, m_text->caret());
+    if (fact >= 0)
+        return meaningOfFact(fact);
+    const int section = sectionAt(m_shown.report.document, m_text->caret());
+    if (section < 0)
+        return {};
+    return {shownSectionTitle(m_shown.report.document.sections()[std::size_t(section)].row), meaningAt(m_shown.report.document, m_text->caret())};
+}
+
+ReportPage::Meaning ReportPage::meaningOfOutline(const QModelIndex &index) const
+{
+    const QString text = index.isValid() ? m_model->description(index) : QString();
+    return text.isEmpty() ? Meaning() : Meaning {index.data().toString(), text};
+}
+
+ReportPage::Meaning ReportPage::meaningOfFact(int fact) const
+{
+    const Reports::FactRow &row = m_shown.report.document.row(m_shown.report.document.facts()[std::size_t(fact)]);
+    return {Reports::factLabel(row), factMeaning(row)};
 }
 
 void ReportPage::find()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "output/output_report.h"
+#include "panes.h"
 #include "report/prepared_report.h"
 
 #include <QtWidgets/QWidget>
@@ -49,6 +50,19 @@ public:
     TextView *textView() const { return m_text; }
     FactTable *factTable() const { return m_facts; }
     SummaryPage *summaryPage() const { return m_summary; }
+    /// Gets the focus when the page opens. No focus proxy: the key Tab would leave out what precedes it.
+    QWidget *firstFocus() const;
+    /// Outline, text or summary, facts, what is hidden, copying, messages.
+    std::vector<Pane> panes() const;
+
+    struct Meaning
+    {
+        QString label;
+        QString text;
+    };
+    /// Of the row or line that is current in the part that has the focus: what its tooltip says. Empty if nothing is known.
+    Meaning currentMeaning() const;
+
     QTreeView *outline() const { return m_outline; }
     MessageBar *messageBar() const { return m_messages; }
     RedactionPanel *redactionPanel() const { return m_panel; }
@@ -102,6 +116,8 @@ private:
     void showContextMenu(QPoint global);
     bool hasFocusIn(const QWidget *widget) const;
     bool isHiding() const;
+    Meaning meaningOfOutline(const QModelIndex &index) const;
+    Meaning meaningOfFact(int fact) const;
 
     PreparedReport m_report;
     PreparedReport m_shown;
@@ -117,6 +133,7 @@ private:
     RedactionPanel *m_panel;
     CopyBar *m_copyBar;
     QStackedWidget *m_stack;
+    QWidget *m_textAndFind;
     QSplitter *m_columns; ///< outline | text and facts
     QSplitter *m_lower;   ///< facts | what was replaced
     QSplitter *m_rows;    ///< text / facts
