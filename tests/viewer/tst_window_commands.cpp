@@ -319,8 +319,8 @@ const std::vector<WindowCommandsTest::Row> &WindowCommandsTest::rows()
     };
     const auto isShown = [](const QWidget *widget) { return widget->isVisible() && !widget->visibleRegion().isEmpty(); };
     static const std::vector<Row> all = {
-        {"newReport", Start::Nothing, echo, nullptr, made("--progress --time-limit 60")},
-        {"newReportWithoutOpenGL", Start::Nothing, echo, nullptr, made("--progress --time-limit 60 --no-opengl")},
+        {"newReport", Start::Nothing, echo, nullptr, made("--progress --time-limit 60 --format json")},
+        {"newReportWithoutOpenGL", Start::Nothing, echo, nullptr, made("--progress --time-limit 60 --format json --no-opengl")},
         {"open", Start::Nothing, [](T &t) { t.write("wanted.txt", workstation()); },
          [](T &t, QDialog &dialog) { chooseFile(dialog, t.path("wanted.txt")); },
          [](T &t) { return t.m_window->reportPage() && t.page().report().report.path == t.path("wanted.txt") && t.page().isShowingSummary(); }},
