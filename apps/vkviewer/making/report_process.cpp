@@ -1,7 +1,5 @@
 #include "report_process.h"
 
-#include "report_process_system.h"
-
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 
@@ -42,6 +40,7 @@ ReportProcess::~ReportProcess()
         return;
     m_process->disconnect(this);
     m_process->kill();
+    m_job.end();
     if (m_process->state() != QProcess::NotRunning && !m_process->waitForFinished(timeToEnd))
         static_cast<void>(m_process.release()); // the destructor would wait for it
 }
@@ -62,6 +61,7 @@ void ReportProcess::start(bool noOpenGL)
     connect(m_process.get(), &QProcess::errorOccurred, this, &ReportProcess::takeError, Qt::QueuedConnection);
     Q_EMIT started();
     m_process->start(m_program, argumentsOf(noOpenGL, m_timeLimit));
+    m_job.take(*m_process);
 }
 
 void ReportProcess::takeOutput()
@@ -86,6 +86,7 @@ void ReportProcess::takeEnd(int exitCode, QProcess::ExitStatus status)
     m_messages.add(m_process->readAllStandardError());
     m_messages.finish();
     m_process.release()->deleteLater();
+    m_job.end();
     const bool hasReport = status == QProcess::NormalExit && (exitCode == exitComplete || exitCode == exitIncomplete) && !m_report.isEmpty();
     if (status != QProcess::NormalExit) {
         fail(tr("vkreport crashed. No report could be made."));
@@ -130,6 +131,7 @@ void ReportProcess::abandon()
             process->deleteLater();
     });
     process->kill();
+    m_job.end();
     m_messages.finish();
 }
 

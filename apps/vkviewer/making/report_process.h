@@ -3,6 +3,7 @@
 #pragma once
 
 #include "report_messages.h"
+#include "report_process_system.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QProcess>
@@ -51,6 +52,7 @@ private:
 
     QString m_program;
     std::unique_ptr<QProcess> m_process;
+    ProcessJob m_job;
     ReportMessages m_messages;
     QByteArray m_report;
     double m_timeLimit = 60;
