@@ -37,8 +37,9 @@ if(VKSYSTEMINFO_APPS)
     set(modules vkreport_library vkreport_sections)
     set_target_properties(${programs} PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
     install(TARGETS ${programs} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT sdk)
-    install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT sdk)
-    install(DIRECTORY completions/ DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT sdk)
+    install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT sdk PATTERN "vkviewer*" EXCLUDE)
+    install(DIRECTORY completions/ DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT sdk
+        PATTERN "vkviewer*" EXCLUDE) # it is in the portable archive only
 endif()
 # Windows finds the library of a module in the program's folder.
 if(WIN32)
@@ -127,7 +128,7 @@ if(WIN32 AND VKSYSTEMINFO_APPS AND TARGET Qt5::qmake)
 endif()
 
 if(qt_bin AND NOT missing)
-    install(TARGETS ${programs} vkcapture ${modules}
+    install(TARGETS ${programs} vkviewer vkcapture ${modules}
         RUNTIME DESTINATION . COMPONENT portable LIBRARY DESTINATION . COMPONENT portable)
     install(DIRECTORY docs DESTINATION . COMPONENT portable PATTERN man EXCLUDE)
     install(FILES $<TARGET_FILE:vkSystemInfo> ${run_time} LICENSE DESTINATION . COMPONENT portable)
@@ -151,7 +152,7 @@ if(qt_bin AND NOT missing)
 endif()
 
 if(qt_bin AND NOT missing)
-    set(signed ${programs} vkcapture)
+    set(signed ${programs} vkviewer vkcapture)
     list(TRANSFORM signed APPEND .exe)
     foreach(module ${modules})
         list(APPEND signed ${module}.dll)

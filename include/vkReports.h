@@ -467,11 +467,24 @@ struct RedactionOptions
     QStringList keep;
 };
 
+/// A place that was replaced. Line breaks stay: the place in the redacted text is an alias, or a length, and then the line
+/// breaks of the original. The alias of a name that goes on in another line stands in the first one only.
+struct Replacement
+{
+    int alias = -1;        ///< index in Redaction::aliases; -1 for the length of a value of a variable
+    int begin = 0;         ///< offset in Document::text() of the redacted document
+    int end = 0;           ///< may be equal to begin
+    int originalBegin = 0; ///< offset in Document::text() of the document that was given
+    int originalEnd = 0;
+};
+
 struct Redaction
 {
     std::vector<Document> documents; ///< in the order in which they were given
     std::vector<Alias> aliases;      ///< in the order in which they occur
     int environmentValues = 0;       ///< how many values of variables became their length
+    /// Of each document: every place that was replaced, in order. What is between them is as it was.
+    std::vector<std::vector<Replacement>> replacements;
 };
 
 /// Replaces identities and secrets in all \a documents, which belong together: the same name has the
@@ -481,7 +494,7 @@ Redaction redact(const std::vector<Document> &documents, const RedactionOptions 
 /// What is wrong with an entry of RedactionOptions::hide or keep; empty if nothing is. An entry is a
 /// text of at most 256 characters, without line breaks, which is found in any case of letters. With "*" (any
 /// number of characters), "?" (one) or "[...]" (one of these) it is a pattern of a whole word, as for
-/// names of files. Wrong entries are ignored by redact().
+/// names of files; "[*]", "[?]" and "[[]" are these characters and make no pattern. Wrong entries are ignored by redact().
 QString redactionEntryError(const QString &entry);
 
 /// "user", "org": what precedes the hyphen of an alias.

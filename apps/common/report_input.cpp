@@ -43,12 +43,20 @@ std::optional<Reports::Document> readReport(const QString &fileName)
         return std::nullopt;
     }
     showProgress("finding facts", bytes.size());
+    auto document = readReportBytes(bytes, error);
+    if (!document)
+        complain(Reports::terminalText(error));
+    return document;
+}
+
+std::optional<Reports::Document> readReportBytes(const QByteArray &bytes, QString &error)
+{
     const QByteArray json = withoutMark(bytes.left(2048));
     if (!isJson(json))
         return Reports::read(bytes);
     auto document = Reports::fromJson(withoutMark(bytes), &error);
     if (!document)
-        complain(Reports::terminalText(QStringLiteral("cannot read the JSON: %1").arg(error)));
+        error = QStringLiteral("cannot read the JSON: %1").arg(error);
     return document;
 }
 

@@ -70,6 +70,9 @@ const QCommandLineOption inProcess(QStringLiteral("in-process"),
                                    QStringLiteral("Make the report in this process, without protection from crashes and hangs."));
 const QCommandLineOption lowPriority(QStringLiteral("low-priority"),
                                      QStringLiteral("Make the report with low priority."));
+const QCommandLineOption progress(QStringLiteral("progress"),
+                                  QStringLiteral("For programs: print lines to standard error that say what is done and for how "
+                                                 "many seconds."));
 
 constexpr double longestTimeLimit = 1e6; // seconds
 
@@ -96,9 +99,9 @@ struct Contradiction
 const std::vector<Contradiction> &contradictions()
 {
     static const std::vector<Contradiction> all = {
-        {&input, {&noOpenGL, &listSections, &listFacts, &platformName, &openGLVersion, &bonjour, &timings, &timeLimit, &inProcess, &lowPriority}},
-        {&inProcess, {&timeLimit, &lowPriority}},
-        {&listFacts, {&listSections, &platformName, &openGLVersion, &bonjour, &timings, &summary, &maxLength, &noOpenGL}},
+        {&input, {&noOpenGL, &listSections, &listFacts, &platformName, &openGLVersion, &bonjour, &timings, &timeLimit, &inProcess, &lowPriority, &progress}},
+        {&inProcess, {&timeLimit, &lowPriority, &progress}},
+        {&listFacts, {&listSections, &platformName, &openGLVersion, &bonjour, &timings, &summary, &maxLength, &noOpenGL, &progress}},
         {&summary, {&section, &listSections, &platformName, &openGLVersion, &bonjour, &timings}},
         {&maxLength, {&listSections, &platformName, &openGLVersion, &bonjour, &timings}},
         {&format, {&listSections, &platformName, &openGLVersion, &bonjour, &timings}},
@@ -125,7 +128,7 @@ void describe(QCommandLineParser &parser)
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOptions({noOpenGL, section, listSections, listFacts, input, format, summary, maxLength, redact, aliasKey,
-                       aliasMap, hide, keep, output, platformName, openGLVersion, bonjour, timings, timeLimit, inProcess, lowPriority});
+                       aliasMap, hide, keep, output, platformName, openGLVersion, bonjour, timings, timeLimit, inProcess, lowPriority, progress});
 }
 
 /// Whether the library exports all these sections, so that they can be called one by one.
@@ -234,6 +237,7 @@ QString readOptions(const QCommandLineParser &parser, Options &options)
     options.timings = parser.isSet(timings);
     options.inProcess = parser.isSet(inProcess);
     options.lowPriority = parser.isSet(lowPriority);
+    options.progress = parser.isSet(progress);
     options.write.onlySummary = parser.isSet(summary);
     options.input = fileName(parser, input);
     options.output = fileName(parser, output);

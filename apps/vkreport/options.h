@@ -24,6 +24,7 @@ struct Options
     bool timings = false;
     bool inProcess = false;
     bool lowPriority = false;
+    bool progress = false;
     double timeLimit = 60; ///< seconds; 0 for none
     QStringList sections;  ///< as they were given
     QString input;         ///< name of the file to read, "-" for standard input; null to make a report

@@ -4,6 +4,7 @@
 #include "fact_names.h"
 #include "loose_texts.h"
 #include "ordinary_words.h"
+#include "replacements.h"
 #include "text_encoding.h"
 
 #include <QtCore/QSet>
@@ -41,7 +42,8 @@ public:
 
     void reserve(std::string_view text) { maker.reserve(text); }
 
-    QByteArray aliasOf(AliasKind kind, const QByteArray &canonical, Reason reason, std::string_view original)
+    /// The index of the alias.
+    int take(AliasKind kind, const QByteArray &canonical, Reason reason, std::string_view original)
     {
         const auto [entry, isNew] = index.try_emplace(char(kind) + canonical.toStdString(), aliases.size());
         if (isNew) {
@@ -56,10 +58,12 @@ public:
         alias.reasons |= reason;
         if (kind != AliasKind::Secret)
             spellings[entry->second].insert(QString::fromUtf8(original.data(), int(original.size())));
-        return alias.text.toLatin1();
+        return int(entry->second);
     }
 
-    std::vector<Alias> take()
+    QByteArray textOf(int alias) const { return aliases[std::size_t(alias)].text.toLatin1(); }
+
+    std::vector<Alias> takeAll()
     {
         for (std::size_t i = 0; i < aliases.size(); ++i) {
             aliases[i].spellings = spellings[i].values();
@@ -83,8 +87,8 @@ public:
     {
     }
 
-    /// The redacted documents. Adds to \a environmentValues.
-    std::vector<Document> run(int &environmentValues)
+    /// The redacted documents, and what was replaced in them. Adds to \a environmentValues.
+    std::vector<Document> run(int &environmentValues, std::vector<Replacements> &replacements)
     {
         for (const Document &document : documents) {
             collected.push_back(collect(document, hide, keep, identities));
@@ -101,8 +105,9 @@ public:
             searchNames();
         }
         std::vector<Document> redacted;
+        replacements.assign(documents.size(), {});
         for (std::size_t i = 0; i < documents.size(); ++i)
-            redacted.push_back(write(documents[i], wholePlan(i)));
+            redacted.push_back(write(documents[i], wholePlan(i), replacements[i]));
         return redacted;
     }
 
@@ -258,7 +263,7 @@ private:
         return identity.kind == AliasKind::Folder && programFolders.count(identity.canonical) > 0;
     }
 
-    Document write(const Document &document, const Plan &plan)
+    Document write(const Document &document, const Plan &plan, Replacements &replacements)
     {
         const QByteArray &text = document.text();
         QByteArray redacted;
@@ -270,9 +275,16 @@ private:
                 continue;
             redacted.append(text.constData() + at, place.begin - at);
             const std::string_view original = view(text).substr(std::size_t(place.begin), std::size_t(place.end - place.begin));
+            Replacement replacement;
+            replacement.alias = place.continues && !replacements.empty() ? replacements.back().alias : aliasOf(original, place);
+            replacement.begin = redacted.size();
             if (!place.continues)
-                redacted += replacement(original, place);
+                redacted += replacement.alias < 0 ? lengthAlias(codePoints(original)) : book.textOf(replacement.alias);
             std::copy_if(original.begin(), original.end(), std::back_inserter(redacted), [](char byte) { return byte == '\n' || byte == '\r'; });
+            replacement.end = redacted.size();
+            replacement.originalBegin = place.begin;
+            replacement.originalEnd = place.end;
+            replacements.push_back(replacement);
             at = place.end;
             if (document.data().isLoose)
                 replaced.push_back({at, redacted.size()});
@@ -287,12 +299,13 @@ private:
         return document.data().isLoose ? withText(document, redacted, replaced) : read(redacted);
     }
 
-    QByteArray replacement(std::string_view original, const Planned &place)
+    /// The index of the alias, -1 for a length.
+    int aliasOf(std::string_view original, const Planned &place)
     {
         if (place.what == Planned::length)
-            return lengthAlias(codePoints(original));
+            return -1;
         const int identity = identities.root(place.what);
-        return book.aliasOf(identities.at(identity).kind, identities.canonical(identity), place.reason, original);
+        return book.take(identities.at(identity).kind, identities.canonical(identity), place.reason, original);
     }
 
     const std::vector<Document> &documents;
@@ -330,15 +343,18 @@ Redaction redact(const std::vector<Document> &documents, const RedactionOptions 
     constexpr int mostRounds = 5;
     AliasBook book(options.key);
     Redaction result;
-    result.documents = Redactor(documents, options, book).run(result.environmentValues);
+    result.documents = Redactor(documents, options, book).run(result.environmentValues, result.replacements);
     const bool isUsual = options.hide.isEmpty() && options.keep.isEmpty() && std::none_of(documents.begin(), documents.end(), needsSecondLook);
     for (int round = 1; round < mostRounds && !isUsual; ++round) {
-        std::vector<Document> again = Redactor(result.documents, options, book).run(result.environmentValues);
+        std::vector<Replacements> more;
+        std::vector<Document> again = Redactor(result.documents, options, book).run(result.environmentValues, more);
         if (areEqual(again, result.documents))
             break;
+        for (std::size_t i = 0; i < documents.size(); ++i)
+            result.replacements[i] = composed(result.replacements[i], more[i]);
         result.documents = std::move(again);
     }
-    result.aliases = book.take();
+    result.aliases = book.takeAll();
     return result;
 }
 

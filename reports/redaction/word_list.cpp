@@ -4,6 +4,7 @@
 #include "word_pattern.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace velkor {
 namespace Reports {
@@ -14,9 +15,23 @@ constexpr int longestEntry = 256;
 constexpr int longestWholeWord = 3;       // shorter entries are not searched inside words
 constexpr std::size_t longestWord = 4096; // that patterns are tried with
 
-bool isPattern(const QString &entry)
+bool isSpecial(QChar character)
 {
-    return entry.contains(QLatin1Char('*')) || entry.contains(QLatin1Char('?')) || entry.contains(QLatin1Char('['));
+    return character == QLatin1Char('*') || character == QLatin1Char('?') || character == QLatin1Char('[');
+}
+
+/// The text that an entry stands for: "[*]" and its like become the character. Nothing if it is a pattern.
+std::optional<QString> textOf(const QString &entry)
+{
+    QString text;
+    for (int i = 0; i < entry.size(); ++i) {
+        const bool isQuoted = entry.at(i) == QLatin1Char('[') && i + 2 < entry.size() && isSpecial(entry.at(i + 1)) && entry.at(i + 2) == QLatin1Char(']');
+        if (!isQuoted && isSpecial(entry.at(i)))
+            return std::nullopt;
+        text += entry.at(isQuoted ? i + 1 : i);
+        i += isQuoted ? 2 : 0;
+    }
+    return text;
 }
 
 bool endsPatternWord(char16_t symbol)
@@ -40,7 +55,7 @@ QString redactionEntryError(const QString &entry)
     if (entry.contains(QLatin1Char('\n')) || entry.contains(QLatin1Char('\r')) || entry.contains(QChar(QChar::Null)))
         return QStringLiteral("it contains a line break or a null character");
     const std::u16string symbols = folded(entry);
-    if (isPattern(entry) && std::any_of(symbols.begin(), symbols.end(), endsPatternWord))
+    if (!textOf(entry) && std::any_of(symbols.begin(), symbols.end(), endsPatternWord))
         return QStringLiteral("a pattern describes one word, without blanks and any of \\ / : ; , = \" ' < > | ( ) { }");
     return {};
 }
@@ -50,11 +65,10 @@ WordList::WordList(const QStringList &entries)
     for (const QString &entry : entries) {
         if (!redactionEntryError(entry).isEmpty())
             continue;
-        const std::u16string symbols = folded(entry);
-        if (isPattern(entry))
-            patterns.push_back(symbols);
+        if (const std::optional<QString> text = textOf(entry))
+            search.add(folded(*text), 0, text->size() > longestWholeWord ? Boundaries::Substring : Boundaries::Word);
         else
-            search.add(symbols, 0, entry.size() > longestWholeWord ? Boundaries::Substring : Boundaries::Word);
+            patterns.push_back(folded(entry));
     }
     search.build();
 }

@@ -112,28 +112,54 @@ int numberAt(const QByteArray &bytes, int offset, int size)
 void ProgramResourcesTest::programs()
 {
     QTest::addColumn<QString>("file");
-    QTest::newRow("vkreport") << VKREPORT;
-    QTest::newRow("vkcompare") << VKCOMPARE;
-    QTest::newRow("vkcapture") << VKCAPTURE;
+    QTest::addColumn<bool>("hasWindow");
+    QTest::newRow("vkreport") << VKREPORT << false;
+    QTest::newRow("vkcompare") << VKCOMPARE << false;
+    QTest::newRow("vkviewer") << VKVIEWER << true;
+    QTest::newRow("vkcapture") << VKCAPTURE << false;
 }
 
-// supportedOS would change what GetVersionEx() returns, activeCodePage the functions *A.
+// In the programs that make or capture a report, supportedOS would change what GetVersionEx() returns, activeCodePage the
+// functions *A, dpiAware the sizes of screens.
 void ProgramResourcesTest::manifest()
 {
     QFETCH(QString, file);
+    QFETCH(bool, hasWindow);
     const Module program = openProgram(file);
     QVERIFY(program);
     const QVector<Resource> manifests = resources(program, manifestType);
     QCOMPARE(manifests.size(), 1);     // the toolchain has not added another one
     QCOMPARE(manifests.first().id, 1); // CREATEPROCESS_MANIFEST_RESOURCE_ID
-    const QStringList expected = {
+    QStringList expected = {
         "urn:schemas-microsoft-com:asm.v1 assembly manifestVersion=1.0",
         "urn:schemas-microsoft-com:asm.v3 trustInfo",
         "urn:schemas-microsoft-com:asm.v3 security",
         "urn:schemas-microsoft-com:asm.v3 requestedPrivileges",
         "urn:schemas-microsoft-com:asm.v3 requestedExecutionLevel level=asInvoker uiAccess=false",
+    };
+    if (hasWindow) {
+        expected += {
+            "urn:schemas-microsoft-com:compatibility.v1 compatibility",
+            "urn:schemas-microsoft-com:compatibility.v1 application",
+            "urn:schemas-microsoft-com:compatibility.v1 supportedOS Id={35138b9a-5d96-4fbd-8e2d-a2440225f93a}", // Windows 7
+            "urn:schemas-microsoft-com:compatibility.v1 supportedOS Id={4a2f28e3-53b9-4441-ba9c-d69d4a4a6e38}", // Windows 8
+            "urn:schemas-microsoft-com:compatibility.v1 supportedOS Id={1f676c76-80e1-4239-95bb-83d0f6d0da78}", // Windows 8.1
+            "urn:schemas-microsoft-com:compatibility.v1 supportedOS Id={8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}", // Windows 10
+        };
+    }
+    expected += {
         "urn:schemas-microsoft-com:asm.v3 application",
         "urn:schemas-microsoft-com:asm.v3 windowsSettings",
+    };
+    if (hasWindow) {
+        expected += {
+            "http://schemas.microsoft.com/SMI/2005/WindowsSettings dpiAware",
+            "\"true/pm\"",
+            "http://schemas.microsoft.com/SMI/2016/WindowsSettings dpiAwareness",
+            "\"PerMonitor\"",
+        };
+    }
+    expected += {
         "http://schemas.microsoft.com/SMI/2016/WindowsSettings longPathAware",
         "\"true\"",
     };

@@ -85,6 +85,9 @@ private Q_SLOTS:
     void lowPriority();
     void progressOnATerminal_data();
     void progressOnATerminal();
+    void progressForPrograms_data();
+    void progressForPrograms();
+    void progressWithoutReader();
 
     void streams_data();
     void streams();
@@ -1127,6 +1130,66 @@ void VkReportRobustnessTest::progressOnATerminal()
     QVERIFY2(!QByteArray(end.errors).replace("\r\n", "").replace("\r", "").trimmed().isEmpty(), "no progress");
     // More was written than what is left.
     QVERIFY2(QByteArray(end.errors).replace("\r\n", "\n").size() > shown.join('\n').size(), end.errors);
+}
+
+void VkReportRobustnessTest::progressForPrograms_data()
+{
+    QTest::addColumn<QByteArray>("trouble");
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<QByteArrayList>("works"); // in this order, among others
+    QTest::addColumn<QByteArrayList>("messages");
+    QTest::newRow("complete") << troubleAt("sleep=2500", {disks}) << 0
+                              << QByteArrayList {"start", "application", "allInfosWithoutOpenGL"} << QByteArrayList();
+    QTest::newRow("incomplete") << troubleAt("hang", {disks}) << 3
+                                << QByteArrayList {"start", "application", "allInfosWithoutOpenGL", "diskInformation", "qtHostInfo"}
+                                << QByteArrayList {wholeReport(didNotEnd)} + missingLines({"diskInformation"}, didNotEnd);
+}
+
+// The lines of the option, and the other messages as without it.
+void VkReportRobustnessTest::progressForPrograms()
+{
+    QFETCH(QByteArray, trouble);
+    QFETCH(int, exitCode);
+    QFETCH(QByteArrayList, works);
+    QFETCH(QByteArrayList, messages);
+    const double seconds = exitCode == 0 ? enough : limit;
+    const ProgramEnd end = runToItsEnd(reportStart(limited({noOpenGL, "--progress"}, seconds), trouble), seconds + grace + 10);
+    CHECK_END(end, seconds + grace);
+    QCOMPARE(end.exitCode, exitCode);
+    const QRegularExpression form(QStringLiteral("\\Avkreport: progress: (\\S.*) ([0-9]+\\.[0-9]) %1\\z").arg(seconds));
+    QByteArrayList other;
+    QByteArrayList seenWorks;
+    double last = 0;
+    for (const QByteArray &line : end.errors.split('\n')) {
+        const QRegularExpressionMatch match = form.match(QString::fromUtf8(line));
+        if (!match.hasMatch()) {
+            other += line;
+            continue;
+        }
+        const double time = match.captured(2).toDouble();
+        QVERIFY2(time >= last && time <= last + 1.6, line.constData()); // a line each second, and 0.2 s between two looks
+        last = time;
+        if (seenWorks.isEmpty() || seenWorks.constLast() != match.captured(1).toUtf8())
+            seenWorks += match.captured(1).toUtf8();
+    }
+    QCOMPARE(messageLines(other.join('\n')).join('\n'), messages.join('\n'));
+    QVERIFY2(last >= 2, end.errors);
+    int at = -1;
+    for (const QByteArray &work : works) {
+        const int next = seenWorks.indexOf(work, at + 1);
+        QVERIFY2(next > at, work + " is not in order: " + seenWorks.join(' '));
+        at = next;
+    }
+}
+
+void VkReportRobustnessTest::progressWithoutReader()
+{
+    ProgramStart start = reportStart({noOpenGL, "--progress"});
+    start.errors = Stream::WithoutReader;
+    const ProgramEnd end = runToItsEnd(start, enough);
+    CHECK_END(end, enough);
+    QCOMPARE(end.exitCode, 0);
+    COMPARE_TEXT(QString::fromUtf8(withoutVolatile(end.output)), QString::fromUtf8(withoutVolatile(m_complete->without({}))));
 }
 
 void VkReportRobustnessTest::streams_data()

@@ -81,6 +81,17 @@ QString flawOfAlias(const Alias &alias, bool hasKey)
     return {};
 }
 
+/// What a place with \a original must have, apart from the alias.
+QByteArray lineBreaksOf(const QByteArray &original)
+{
+    QByteArray breaks;
+    for (const char byte : original) {
+        if (byte == '\n' || byte == '\r')
+            breaks += byte;
+    }
+    return breaks;
+}
+
 } // namespace
 
 bool haveSameLineBreaks(const Document &before, const Document &after)
@@ -142,4 +153,28 @@ QString flawOfAliases(const Redaction &redaction, bool hasKey, bool mayLeaveOut)
         texts += alias.text;
     }
     return {};
+}
+
+QString flawOfReplacements(const Document &before, const Redaction &redaction, std::size_t index)
+{
+    static const QRegularExpression length(QStringLiteral("\\Alength-[0-9]+\\z"));
+    const QByteArray &original = before.text();
+    const QByteArray &redacted = redaction.documents[index].text();
+    int at = 0;
+    int originalAt = 0;
+    for (const Replacement &place : redaction.replacements[index]) {
+        const auto flaw = [&](const QString &what) { return QStringLiteral("line %1: %2").arg(lineOf(before, place.originalBegin)).arg(what); };
+        if (place.begin < at || place.end < place.begin || place.originalBegin < originalAt || place.originalEnd <= place.originalBegin)
+            return flaw(QStringLiteral("not in order"));
+        if (redacted.mid(at, place.begin - at) != original.mid(originalAt, place.originalBegin - originalAt))
+            return flaw(QStringLiteral("the text before it differs"));
+        const QByteArray breaks = lineBreaksOf(original.mid(place.originalBegin, place.originalEnd - place.originalBegin));
+        const QString text = QString::fromUtf8(redacted.mid(place.begin, place.end - place.begin - breaks.size()));
+        const bool isRight = place.alias < 0 ? length.match(text).hasMatch() : text == redaction.aliases[std::size_t(place.alias)].text;
+        if ((!text.isEmpty() && !isRight) || redacted.mid(place.end - breaks.size(), breaks.size()) != breaks)
+            return flaw(QStringLiteral("it has \"%1\"").arg(text));
+        at = place.end;
+        originalAt = place.originalEnd;
+    }
+    return redacted.mid(at) == original.mid(originalAt) ? QString() : QStringLiteral("the text at the end differs");
 }

@@ -29,3 +29,8 @@ std::vector<FoundAlias> aliasesIn(const QString &text);
 /// from 1, no count, no reason, a spelling of a secret. \a hasKey: digits of an HMAC are expected instead of numbers.
 /// \a mayLeaveOut: numbers can be missing, because the text had something of that form before.
 QString flawOfAliases(const velkor::Reports::Redaction &redaction, bool hasKey, bool mayLeaveOut = false);
+
+/// What is wrong with the places that were replaced in the document with this index, which was \a before: what is between
+/// them differs, or a place has something else than its alias and the line breaks of the original. Empty if nothing is.
+QString flawOfReplacements(const velkor::Reports::Document &before, const velkor::Reports::Redaction &redaction,
+                           std::size_t index = 0);

@@ -55,6 +55,8 @@ QByteArray checked(const QByteArray &text, const RedactionOptions &options = {})
         qWarning("the number of lines changed");
     else if (redact({redacted}, options).documents.front().bytes() != redacted.bytes())
         qWarning("redacting again changed the text");
+    else if (!flawOfReplacements(document, redaction).isEmpty())
+        qWarning("the places that were replaced: %s", qPrintable(flawOfReplacements(document, redaction)));
     else
         return redacted.bytes();
     return {};
@@ -75,7 +77,7 @@ int changedLines(const QByteArray &before, const QByteArray &after)
 
 void HostileRedactionTest::manyAddresses()
 {
-    constexpr int count = 500000 / share;
+    constexpr int count = 250000 / share;
     QByteArray text;
     text.reserve(60 * count);
     for (unsigned i = 0; i < count; ++i) {
@@ -185,7 +187,7 @@ void HostileRedactionTest::longLines_data()
 void HostileRedactionTest::longLines()
 {
     QFETCH(QByteArray, part);
-    constexpr int size = 200000 / share;
+    constexpr int size = 100000 / share;
     const QByteArray line = part.repeated(size / part.size());
     QVERIFY(!checked(line).isEmpty());
     QVERIFY(!checked("User name:                    " + line.left(1000) + '\n' + line + '\n').isEmpty());

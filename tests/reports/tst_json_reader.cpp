@@ -109,7 +109,7 @@ void JsonReaderTest::redactionIsIgnored_data()
     QTest::newRow("text") << QByteArray("\"\\u0000\"");
     QTest::newRow("empty array") << QByteArray("[]");
     QTest::newRow("empty object") << QByteArray("{}");
-    QTest::newRow("what toJson() writes") << redactionJson(Redaction {{}, {{AliasKind::User, QStringLiteral("user-1"), 1, Reason::Fact, {}}}, 2});
+    QTest::newRow("what toJson() writes") << redactionJson(Redaction {{}, {{AliasKind::User, QStringLiteral("user-1"), 1, Reason::Fact, {}}}, 2, {}});
     QTest::newRow("each kind of value") << QByteArray(R"([null,true,1,-1,1.5,"x",[],{},[[1],{"a":[{}]}]])");
     QTest::newRow("keys of the form") << QByteArray(R"({"format":1,"layout":["x"],"redaction":{"redaction":null},"reports":{}})");
     QTest::newRow("key twice") << QByteArray(R"({"a":1,"a":[]})");

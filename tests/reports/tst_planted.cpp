@@ -245,8 +245,10 @@ void PlantedTest::initTestCase()
 #endif
     m_kinds = plantedKinds(m_folder);
     QVERIFY(m_kinds.size() >= 60);
-    for (const PlantedReport &report : m_reports)
+    for (const PlantedReport &report : m_reports) {
         m_redactions.push_back(redact({report.document}));
+        QCOMPARE(flawOfReplacements(report.document, m_redactions.back()), QString());
+    }
     if (qEnvironmentVariableIsSet("PLANTED_OUTPUT"))
         writeOutput();
 }
@@ -466,6 +468,8 @@ void PlantedTest::reportsTogetherHaveOneNumbering()
         documents.push_back(documents.front());
         const Redaction redaction = redact(documents);
         QCOMPARE(redaction.documents.size(), documents.size());
+        for (std::size_t i = 0; i < documents.size(); ++i)
+            QCOMPARE(flawOfReplacements(documents[i], redaction, i), QString());
         addFlawsOfGroup(reports, redaction, failures);
         QMap<QString, QString> addresses;
         for (std::size_t i = 0; i < together; ++i)

@@ -116,6 +116,7 @@ void RedactionTest::nothingToReplace()
         const Redaction redaction = redact({read(text)}, options);
         QCOMPARE(redaction.documents.front().bytes(), text);
         QVERIFY(redaction.aliases.empty());
+        QVERIFY(redaction.replacements.front().empty());
         QCOMPARE(redaction.environmentValues, 0);
     }
 }
@@ -156,6 +157,7 @@ void RedactionTest::reports()
             QCOMPARE(flawOfRedaction(document, redacted), QString());
         QCOMPARE(flawOfPlaces(redacted), QString());
         QCOMPARE(flawOfAliases(redaction, !options.key.isEmpty()), QString());
+        QCOMPARE(flawOfReplacements(document, redaction), QString());
         QVERIFY(redactedText(redacted.bytes(), options) == redacted.text());
         QVERIFY(redact({redacted}, options).aliases.empty());
         QString error;
@@ -281,7 +283,10 @@ void RedactionTest::encodings()
     const QByteArray text = reportOf("J\xc3\xb6rn", "BIRKENTAL-PC");
     const QByteArray expected = encoded(redactedText(text));
     for (const QByteArray &tail : {QByteArray(), QByteArray("x")}) {
-        const Redaction redaction = redact({read(encoded(text) + tail)});
+        const Document document = read(encoded(text) + tail);
+        const Redaction redaction = redact({document});
+        QCOMPARE(redaction.replacements.front().size(), std::size_t(5));
+        QCOMPARE(flawOfReplacements(document, redaction), QString());
         QCOMPARE(redaction.documents.front().encoding(), QByteArray(isBigEndian ? "UTF-16BE" : "UTF-16LE"));
         QCOMPARE(redaction.documents.front().bytes(), expected + tail);
         QCOMPARE(redaction.aliases.size(), std::size_t(2));

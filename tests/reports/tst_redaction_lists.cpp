@@ -97,6 +97,8 @@ void RedactionListsTest::hide_data()
     row("pattern with one character", "eis?", "eis eisv eisvo\n", "eis word-1 eisvo\n");
     row("pattern with one of several characters", "eis[vw]", "eisv EISW eisx\n", "word-1 word-2 eisx\n");
     row("pattern with a range", "eis[0-9]", "eis7 eisx\n", "word-1 eisx\n");
+    row("special characters as a text", "[[]eis 3]", "x[Eis 3]x eis 3\n", "xword-1x eis 3\n");
+    row("special characters in a pattern", "eis[*]?", "eis*7 eis77 eis*77\n", "word-1 eis77 eis*77\n");
     row("pattern of a whole word", "?is", "eis meis eise\n", "word-1 meis eise\n");
     row("another word", "Eisvogel", "Falke\n", "Falke\n");
 }

@@ -42,7 +42,7 @@ Alias alias(AliasKind kind, const char *name, int count, Reasons reasons, const 
 
 Redaction redactionOf(const std::vector<Alias> &aliases, int environmentValues = 0)
 {
-    return {{Document()}, aliases, environmentValues};
+    return {{Document()}, aliases, environmentValues, {}};
 }
 
 Redaction example()

@@ -84,7 +84,7 @@ private:
 };
 
 Maker::Maker(const Options &options)
-    : m_options(options), m_noOpenGL(!needsOpenGL(options)), m_progress(options.timeLimit, m_writer), m_runner(m_writer, m_progress, options.lowPriority)
+    : m_options(options), m_noOpenGL(!needsOpenGL(options)), m_progress(options.timeLimit, options.progress, m_writer), m_runner(m_writer, m_progress, options.lowPriority)
 {
     m_time.start();
 }
