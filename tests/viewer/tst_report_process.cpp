@@ -111,6 +111,7 @@ void ReportProcessTest::cleanup()
 #ifdef SIMULATED_WINDOWS
     QVERIFY(waitForTheEndOf(processes(), 3).isEmpty());
 #endif
+    QTest::qWait(20); // milliseconds: objects of processes that were ended are deleted
 }
 
 void ReportProcessTest::completeReport()

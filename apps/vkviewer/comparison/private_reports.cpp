@@ -60,6 +60,7 @@ QByteArray newAliasKey()
 std::vector<LoadedReport> withoutPersonalData(const std::vector<LoadedReport> &reports, const QStringList &hide, const QByteArray &key)
 {
     std::vector<Document> documents;
+    documents.reserve(reports.size() + 1);
     for (const LoadedReport &report : reports)
         documents.push_back(report.document);
     documents.push_back(documentOfNames(reports));

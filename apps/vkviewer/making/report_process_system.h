@@ -21,5 +21,5 @@ public:
     void end();
 
 private:
-    quintptr m_job = 0; ///< job object
+    [[maybe_unused]] quintptr m_job = 0; ///< job object of Windows
 };

@@ -28,7 +28,7 @@ void AliasModel::setReport(const RedactedReport &report)
     std::vector<int> places(aliases.size() + 1);
     for (const Replacement &replacement : report.replacements()) {
         if (replacement.begin < replacement.end)
-            ++places[std::size_t(replacement.alias + 1)];
+            ++*(places.begin() + 1 + replacement.alias);
     }
     for (std::size_t i = 0; i < aliases.size(); ++i) {
         if (places[i + 1] > 0)

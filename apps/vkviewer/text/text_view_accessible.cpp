@@ -39,7 +39,7 @@ void TextViewAccessible::textChanged(TextView *view)
 {
     if (!reading(view))
         return;
-    QAccessibleEvent event(view, QAccessible::TextUpdated); // the whole text: TextInserted would copy it
+    QAccessibleTextUpdateEvent event(view, 0, QString(), QString()); // without the texts, which can be large
     QAccessible::updateAccessibility(&event);
 }
 
