@@ -66,7 +66,7 @@ void OutlineModel::makeTree()
     for (std::size_t node = 1; node < m_parents.size(); ++node) {
         const auto parent = std::size_t(m_parents[node]);
         m_rows[node] = used[parent]++;
-        m_children[std::size_t(m_childBegin[parent] + m_rows[node])] = int(node);
+        m_children[std::size_t(m_childBegin[parent]) + std::size_t(m_rows[node])] = int(node);
     }
 }
 
@@ -151,7 +151,7 @@ QModelIndex OutlineModel::index(int row, int column, const QModelIndex &parent) 
 {
     if (column != 0 || row < 0 || row >= rowCount(parent))
         return {};
-    return indexOf(m_children[std::size_t(m_childBegin[std::size_t(nodeOf(parent))] + row)]);
+    return indexOf(m_children[std::size_t(m_childBegin[std::size_t(nodeOf(parent))]) + std::size_t(row)]);
 }
 
 QModelIndex OutlineModel::parent(const QModelIndex &child) const

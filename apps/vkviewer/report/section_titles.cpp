@@ -15,7 +15,7 @@ namespace {
 QString baseTitle(int row)
 {
     const QString name = QString::fromLatin1(Reports::sectionRows()[std::size_t(row)].name);
-    const QString title = Reports::sectionTitle(row);
+    QString title = Reports::sectionTitle(row);
     if (title != name)
         return title;
     QString words = Reports::words(name.section(QLatin1Char(':'), 0, 0));
@@ -40,9 +40,11 @@ std::vector<QString> makeTitles()
 {
     const int count = int(Reports::sectionRows().size());
     std::vector<QString> bases;
+    bases.reserve(std::size_t(count));
     for (int row = 0; row < count; ++row)
         bases.push_back(baseTitle(row));
     std::vector<QString> titles;
+    titles.reserve(bases.size());
     for (const QString &base : bases)
         titles.push_back(shortened(base));
     const std::vector<QString> allShort = titles;
@@ -75,7 +77,7 @@ QString shownSectionTitle(int row)
 QString shownItemTitle(const Reports::Document &document, int item)
 {
     const Reports::Item &place = document.items()[std::size_t(item)];
-    const QString kind = Reports::words(QString::fromLatin1(Reports::itemRows()[std::size_t(place.kind)].kind));
+    QString kind = Reports::words(QString::fromLatin1(Reports::itemRows()[std::size_t(place.kind)].kind));
     const QString identity = lineText(document.identity(item));
     if (identity.isEmpty())
         return kind;

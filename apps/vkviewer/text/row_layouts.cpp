@@ -29,7 +29,7 @@ std::shared_ptr<const RowLayout> RowLayouts::layout(int row) const
 {
     if (const std::shared_ptr<const RowLayout> *known = m_layouts.object(row))
         return *known;
-    const auto made = std::make_shared<const RowLayout>(m_rows.lines().text(), m_rows.row(row), m_font);
+    auto made = std::make_shared<const RowLayout>(m_rows.lines().text(), m_rows.row(row), m_font);
     m_layouts.insert(row, new std::shared_ptr<const RowLayout>(made), made->shownText().size() + unitsOfEmptyRow);
     return made;
 }

@@ -43,7 +43,7 @@ QColor withContrast(const QColor &colour, const QColor &target, const QColor &ag
 {
     constexpr int steps = 20;
     for (int step = 0; step < steps; ++step) {
-        const QColor tried = mixed(colour, target, qreal(step) / steps);
+        QColor tried = mixed(colour, target, qreal(step) / steps);
         if (contrast(tried, against) >= wanted)
             return tried;
     }
@@ -64,7 +64,7 @@ MarkStyle markStyle(TextMark mark, const QPalette &palette)
     constexpr qreal strongest = 0.5; // more colour would be louder than the text
     const MarkRow &row = *std::find_if(std::begin(markRows), std::end(markRows),
                                        [mark](const MarkRow &candidate) { return candidate.mark == mark; });
-    const QColor base = palette.color(QPalette::Base), text = palette.color(QPalette::Text);
+    const QColor &base = palette.color(QPalette::Base), &text = palette.color(QPalette::Text);
     const QColor pure = QColor::fromHsv(row.hue, 255, 230);
     MarkStyle style;
     style.background = withContrast(mixed(base, pure, strongest), base, text, textContrast);
