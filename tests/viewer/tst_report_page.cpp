@@ -97,6 +97,7 @@ QPushButton *buttonOf(const QWidget *widget, const char *text)
             return button;
     }
     qFatal("no button %s", text);
+    return nullptr; // MSVC does not know that qFatal() does not return
 }
 
 /// What the context menu of a table has. Chooses the entry \a choice; without one closes the menu.

@@ -105,6 +105,7 @@ QPushButton *buttonOf(QWidget &bar, const char *text)
             return button;
     }
     qFatal("no button %s", text);
+    return nullptr; // MSVC does not know that qFatal() does not return
 }
 
 } // namespace

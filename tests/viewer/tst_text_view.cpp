@@ -11,6 +11,8 @@
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QToolTip>
 
+Q_DECLARE_METATYPE(TextMark)
+
 class TextViewTest : public QObject
 {
     Q_OBJECT
@@ -745,8 +747,6 @@ void TextViewTest::largeTexts()
     view.viewport()->repaint();
     QCOMPARE(view.selectedBytes().size(), text.size());
 }
-
-Q_DECLARE_METATYPE(TextMark)
 
 TEST_WITH_APPLICATION(TextViewTest);
 

@@ -95,6 +95,7 @@ private:
                 return i;
         }
         qFatal("nothing stands for %s", qPrintable(original));
+        return -1; // MSVC does not know that qFatal() does not return
     }
 
     bool select(const QString &step)
