@@ -2,7 +2,9 @@
 
 #include "comparison/comparison_table_model.h"
 #include "comparison/comparison_table_view.h"
+#include "test_files.h"
 #include "test_main.h"
+#include "test_widgets.h"
 
 #include <QtCore/QFile>
 #include <QtGui/QClipboard>
@@ -38,25 +40,6 @@ private Q_SLOTS:
 
 namespace {
 
-/// Clicks into a cell that is shown. QTableView::selectRow() would depend on the keys of the last event.
-void clickRow(QTableView *table, int row)
-{
-    int column = 0;
-    while (table->isColumnHidden(column))
-        ++column;
-    const QModelIndex index = table->model()->index(row, column);
-    table->scrollTo(index);
-    QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, table->visualRect(index).center());
-}
-
-QByteArray contents(const char *fileName)
-{
-    QFile file(QStringLiteral(PAIRS_DIR "/") + QLatin1String(fileName));
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read %s", qPrintable(file.fileName()));
-    return file.readAll();
-}
-
 LoadedReport report(const QByteArray &text, const char *name)
 {
     LoadedReport report;
@@ -68,8 +51,8 @@ LoadedReport report(const QByteArray &text, const char *name)
 /// One machine before and after its disk became full, and without a run-time library.
 std::vector<LoadedReport> threeReports()
 {
-    return {report(contents("full-disk/OLD.txt"), "before"), report(contents("full-disk/NEW.txt"), "after"),
-            report(contents("missing-runtime/NEW.txt"), "other")};
+    return {report(neededContentOf(pairFile("full-disk/OLD.txt")), "before"), report(neededContentOf(pairFile("full-disk/NEW.txt")), "after"),
+            report(neededContentOf(pairFile("missing-runtime/NEW.txt")), "other")};
 }
 
 class ShownTable
@@ -200,7 +183,7 @@ void ComparisonTableViewTest::everyMomentByMouseAndKeyboard()
 
 void ComparisonTableViewTest::tablesScrollTogether()
 {
-    const ShownTable shown({report(contents("other-machine/OLD.txt"), "a"), report(contents("other-machine/NEW.txt"), "b"), report(contents("full-disk/NEW.txt"), "c")});
+    const ShownTable shown({report(neededContentOf(pairFile("other-machine/OLD.txt")), "a"), report(neededContentOf(pairFile("other-machine/NEW.txt")), "b"), report(neededContentOf(pairFile("full-disk/NEW.txt")), "c")});
     QTableView *values = shown.table("values");
     QTableView *frozen = shown.table("frozen");
     values->verticalScrollBar()->setValue(50);
@@ -235,7 +218,7 @@ void ComparisonTableViewTest::copiedRows()
 
 void ComparisonTableViewTest::nothingDiffers()
 {
-    const LoadedReport same = report(contents("full-disk/OLD.txt"), "same");
+    const LoadedReport same = report(neededContentOf(pairFile("full-disk/OLD.txt")), "same");
     const ShownTable shown({same, same, same});
     QCOMPARE(shown.text("summary"), QStringLiteral("Nothing differs."));
     QCOMPARE(shown.model()->rowCount(), 0);
@@ -266,7 +249,7 @@ void ComparisonTableViewTest::exportedForms()
 void ComparisonTableViewTest::namesAndValuesOfStrangers()
 {
     std::vector<LoadedReport> reports = threeReports();
-    QByteArray text = contents("full-disk/NEW.txt");
+    QByteArray text = neededContentOf(pairFile("full-disk/NEW.txt"));
     text.replace("TEMP     = Z:\\Temp", "TEMP     = =<img src='x'>\x1b" + QByteArray(100000, 'x'));
     reports[1] = report(text, "<b>evil</b>\n");
     const ShownTable shown(reports);

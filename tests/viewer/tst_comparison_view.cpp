@@ -4,7 +4,9 @@
 #include "comparison/comparison_view.h"
 #include "comparison/difference_model.h"
 #include "comparison/section_model.h"
+#include "test_files.h"
 #include "test_main.h"
+#include "test_widgets.h"
 
 #include <QtCore/QFile>
 #include <QtGui/QClipboard>
@@ -59,25 +61,6 @@ private Q_SLOTS:
 
 namespace {
 
-/// Clicks into a cell that is shown. QTableView::selectRow() would depend on the keys of the last event.
-void clickRow(QTableView *table, int row)
-{
-    int column = 0;
-    while (table->isColumnHidden(column))
-        ++column;
-    const QModelIndex index = table->model()->index(row, column);
-    table->scrollTo(index);
-    QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, table->visualRect(index).center());
-}
-
-QByteArray contents(const QString &fileName)
-{
-    QFile file(QStringLiteral(PAIRS_DIR "/") + fileName);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read %s", qPrintable(file.fileName()));
-    return file.readAll();
-}
-
 LoadedReport report(const QByteArray &text, const QString &name)
 {
     LoadedReport report;
@@ -88,12 +71,12 @@ LoadedReport report(const QByteArray &text, const QString &name)
 
 LoadedReport older(const QString &pair)
 {
-    return report(contents(pair + QStringLiteral("/OLD.txt")), QStringLiteral("OLD.txt"));
+    return report(neededContentOf(pairFile(pair + QStringLiteral("/OLD.txt"))), QStringLiteral("OLD.txt"));
 }
 
 LoadedReport newer(const QString &pair)
 {
-    return report(contents(pair + QStringLiteral("/NEW.txt")), QStringLiteral("NEW.txt"));
+    return report(neededContentOf(pairFile(pair + QStringLiteral("/NEW.txt"))), QStringLiteral("NEW.txt"));
 }
 
 /// A view that is shown and has compared.
@@ -178,7 +161,7 @@ void ComparisonViewTest::differencesOfPairs()
 {
     QFETCH(QString, pair);
     // expected.tsv was written by hand and has a heading; for another machine it lists only some.
-    const int expected = linesOf(contents(pair + QStringLiteral("/expected.tsv"))) - 1;
+    const int expected = linesOf(neededContentOf(pairFile(pair + QStringLiteral("/expected.tsv")))) - 1;
     const ShownView shown(older(pair), newer(pair));
     if (pair == QLatin1String("other-machine"))
         QVERIFY(shown.differences() >= expected);
@@ -204,7 +187,7 @@ void ComparisonViewTest::itSaysThatNothingDiffers()
 void ComparisonViewTest::aSectionOfWhichOnlyTheTextDiffers()
 {
     // The order of variables is no difference of values.
-    const QByteArray text = contents(QStringLiteral("full-disk/NEW.txt"));
+    const QByteArray text = neededContentOf(pairFile(QStringLiteral("full-disk/NEW.txt")));
     QByteArray moved = text;
     moved.replace("  TEMP=Z:\\Temp\n  TMP=Z:\\Temp\n", "  TMP=Z:\\Temp\n  TEMP=Z:\\Temp\n");
     QVERIFY(moved != text);
@@ -348,7 +331,7 @@ void ComparisonViewTest::rowsOfTheTable()
 
 void ComparisonViewTest::anotherOrderAndManyEntries()
 {
-    QByteArray olderText = contents(QStringLiteral("full-disk/NEW.txt"));
+    QByteArray olderText = neededContentOf(pairFile(QStringLiteral("full-disk/NEW.txt")));
     QByteArray newerText = olderText;
     QByteArray many;
     for (int i = 1; i <= 50; ++i)
@@ -371,7 +354,7 @@ void ComparisonViewTest::anotherOrderAndManyEntries()
 
 void ComparisonViewTest::theEndOfALongLineIsShown()
 {
-    QByteArray olderText = contents(QStringLiteral("full-disk/NEW.txt"));
+    QByteArray olderText = neededContentOf(pairFile(QStringLiteral("full-disk/NEW.txt")));
     QByteArray newerText = olderText;
     olderText.replace("  TEMP=Z:\\Temp", "  TEMP=" + QByteArray(500, 'x') + "old" + QByteArray(100, 'y'));
     newerText.replace("  TEMP=Z:\\Temp", "  TEMP=" + QByteArray(500, 'x') + "new" + QByteArray(100, 'y'));
@@ -469,7 +452,7 @@ void ComparisonViewTest::copiedRows()
 void ComparisonViewTest::copiedTextIsExact()
 {
     // Line ends, no-break spaces and blanks at the ends of lines stay.
-    QByteArray text = contents(QStringLiteral("full-disk/OLD.txt"));
+    QByteArray text = neededContentOf(pairFile(QStringLiteral("full-disk/OLD.txt")));
     text.replace("MESSDATEN", "MESS\xc2\xa0"
                               "DATEN")
         .replace("\n", "\r\n");
@@ -530,7 +513,7 @@ void ComparisonViewTest::aTextWithoutReport()
 
 void ComparisonViewTest::aReportThatEndsEarly()
 {
-    QByteArray text = contents(QStringLiteral("full-disk/NEW.txt"));
+    QByteArray text = neededContentOf(pairFile(QStringLiteral("full-disk/NEW.txt")));
     text.truncate(text.indexOf("QDesktopServices"));
     const ShownView shown(older(QStringLiteral("full-disk")), report(text, QStringLiteral("cut.txt")));
     QVERIFY(shown.view.findChild<QLabel *>(QStringLiteral("notes"))->isVisible());
@@ -575,7 +558,7 @@ void ComparisonViewTest::exportedForms()
 void ComparisonViewTest::namesAndValuesOfStrangers()
 {
     const QByteArray evil = "<img src='http://example.org/x'><b>\x1b[31m\xe2\x80\xae" + QByteArray(100000, 'x');
-    QByteArray text = contents(QStringLiteral("full-disk/NEW.txt"));
+    QByteArray text = neededContentOf(pairFile(QStringLiteral("full-disk/NEW.txt")));
     text.replace("TEMP     = Z:\\Temp", "TEMP     = " + evil);
     const ShownView shown(older(QStringLiteral("full-disk")), report(text, QStringLiteral("<b>evil\nname</b>.txt")));
     QCOMPARE(shown.text("newerName"), QStringLiteral("<b>evil | name</b>.txt"));
@@ -684,7 +667,7 @@ void ComparisonViewTest::widthsOfColumns()
     QCOMPARE(differences->columnWidth(DifferenceModel::SectionTitle), section);
     QCOMPARE(differences->columnWidth(DifferenceModel::Subject), subject);
     // Values of any length share what is left.
-    QByteArray text = contents(QStringLiteral("full-disk/NEW.txt"));
+    QByteArray text = neededContentOf(pairFile(QStringLiteral("full-disk/NEW.txt")));
     text.replace("TEMP     = Z:\\Temp", "TEMP     = " + QByteArray(100000, 'x'));
     const ShownView large(older(QStringLiteral("full-disk")), report(text, QStringLiteral("large")));
     const QTableView *shared = large.table("differences");

@@ -5,6 +5,7 @@
 #include "report/fact_table.h"
 #include "report/outline_model.h"
 #include "report/summary_page.h"
+#include "test_files.h"
 #include "test_main.h"
 #include "text/find_bar.h"
 #include "text/text_view.h"
@@ -85,19 +86,6 @@ private:
 };
 
 namespace {
-
-QByteArray workstation()
-{
-    QFile file(QStringLiteral(REPORTS_DATA_DIR "/workstation.txt"));
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read %s", qPrintable(file.fileName()));
-    return file.readAll();
-}
-
-QString pairFile(const char *name)
-{
-    return QStringLiteral(PAIRS_DIR "/") + QLatin1String(name);
-}
 
 /// Presses Escape in every dialog and menu that opens until it is destroyed.
 class DialogCloser : public QObject

@@ -7,6 +7,7 @@
 #include "report/fact_table.h"
 #include "report/summary_page.h"
 #include "test_main.h"
+#include "test_widgets.h"
 #include "text/text_view.h"
 #include "window/main_window.h"
 #include "window/readable_style.h"
@@ -88,16 +89,6 @@ double contrastWithin(const QImage &image)
 QPalette paletteOf(const QColor &text, const QColor &background)
 {
     return {text, background, background.lighter(120), background.darker(120), background.darker(110), text, text, background, background};
-}
-
-QPushButton *buttonOf(const QWidget *widget, const char *text)
-{
-    for (QPushButton *button : widget->findChildren<QPushButton *>()) {
-        if (QString(button->text()).remove(QLatin1Char('&')) == QLatin1String(text))
-            return button;
-    }
-    qFatal("no button %s", text);
-    return nullptr; // MSVC does not know that qFatal() does not return
 }
 
 /// What the context menu of a table has. Chooses the entry \a choice; without one closes the menu.

@@ -2,6 +2,7 @@
 
 #include "output/page_painter.h"
 #include "output/report_printing.h"
+#include "test_files.h"
 #include "test_main.h"
 
 #include <QtCore/QDir>
@@ -37,12 +38,6 @@ private:
 };
 
 namespace {
-
-QByteArray contentOf(const QString &fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 OutputReport reportOf(const QByteArray &text)
 {

@@ -5,7 +5,9 @@
 #include "redaction/copy_bar.h"
 #include "redaction/redacted_report.h"
 #include "redaction_texts.h"
+#include "test_files.h"
 #include "test_main.h"
+#include "test_widgets.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -60,12 +62,6 @@ private:
 
 namespace {
 
-QByteArray contentOf(const QString &fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 OutputReport plainReport(const QByteArray &bytes)
 {
     return {QStringLiteral("example.txt"), read(bytes), nullptr};
@@ -96,16 +92,6 @@ void acceptDialog(const QString &fileName)
         edit->setText(fileName);
         QTest::keyClick(edit, Qt::Key_Return);
     });
-}
-
-QPushButton *buttonOf(QWidget &bar, const char *text)
-{
-    for (QPushButton *button : bar.findChildren<QPushButton *>()) {
-        if (QString(button->text()).remove(QLatin1Char('&')) == QLatin1String(text))
-            return button;
-    }
-    qFatal("no button %s", text);
-    return nullptr; // MSVC does not know that qFatal() does not return
 }
 
 } // namespace
@@ -291,9 +277,9 @@ void ReportSavingTest::barWithoutReport()
     bar.save();
     QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("before"));
     bar.setReport(redactedReport());
-    QVERIFY(buttonOf(bar, "Copy text")->isEnabled());
+    QVERIFY(buttonOf(&bar, "Copy text")->isEnabled());
     bar.clear();
-    QVERIFY(!buttonOf(bar, "Copy text")->isEnabled());
+    QVERIFY(!buttonOf(&bar, "Copy text")->isEnabled());
 }
 
 void ReportSavingTest::barSentence()
@@ -332,9 +318,9 @@ void ReportSavingTest::copies()
     const QSignalSpy done(&bar, &CopyBar::done);
     QGuiApplication::clipboard()->clear();
     if (byMouse)
-        QTest::mouseClick(buttonOf(bar, button), Qt::LeftButton);
+        QTest::mouseClick(buttonOf(&bar, button), Qt::LeftButton);
     else
-        QTest::keyClick(buttonOf(bar, button), Qt::Key_Space);
+        QTest::keyClick(buttonOf(&bar, button), Qt::Key_Space);
     QCOMPARE(QGuiApplication::clipboard()->text(), QString::fromUtf8(expected));
     QVERIFY(!expected.isEmpty());
     QCOMPARE(done.count(), 1);
@@ -349,12 +335,12 @@ void ReportSavingTest::saveButton()
     const QSignalSpy done(&bar, &CopyBar::done);
     const QSignalSpy failed(&bar, &CopyBar::failed);
     acceptDialog(file("x.txt"));
-    QTest::mouseClick(buttonOf(bar, "Save..."), Qt::LeftButton);
+    QTest::mouseClick(buttonOf(&bar, "Save..."), Qt::LeftButton);
     QCOMPARE(contentOf(file("x.txt")), redactedReport().document.bytes());
     QCOMPARE(done.count(), 1);
     QCOMPARE(failed.count(), 0);
     inDialog([](QFileDialog &dialog) { dialog.reject(); });
-    QTest::keyClick(buttonOf(bar, "Save..."), Qt::Key_Space);
+    QTest::keyClick(buttonOf(&bar, "Save..."), Qt::Key_Space);
     QCOMPARE(done.count(), 1);
 }
 

@@ -10,6 +10,7 @@
 #include "report/fact_table.h"
 #include "report/outline_model.h"
 #include "report/summary_page.h"
+#include "test_files.h"
 #include "test_main.h"
 #include "text/find_bar.h"
 #include "text/text_view.h"
@@ -118,25 +119,6 @@ private:
 namespace {
 
 constexpr int longTime = 30000; // milliseconds; windows appear slowly in some environments
-
-QByteArray workstation()
-{
-    QFile file(QStringLiteral(REPORTS_DATA_DIR "/workstation.txt"));
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read %s", qPrintable(file.fileName()));
-    return file.readAll();
-}
-
-QString pairFile(const char *name)
-{
-    return QStringLiteral(PAIRS_DIR "/") + QLatin1String(name);
-}
-
-QByteArray contentOf(const QString &fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 void chooseFile(QDialog &dialog, const QString &file)
 {
