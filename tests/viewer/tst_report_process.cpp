@@ -46,6 +46,7 @@ private Q_SLOTS:
     void otherPrograms();
     void floods();
     void cancel();
+    void cancelEndsChildrenThatWait();
     void destroyedWhileRunning();
     void startedAgain();
     void bar();
@@ -318,6 +319,18 @@ void ReportProcessTest::cancel()
     QVERIFY(waitForTheEndOf(running, 2).isEmpty());
     QTest::qWait(100); // nothing comes later
     QCOMPARE(listener.failed.count() + listener.finished.count(), 1);
+}
+
+// A child that does not know yet that it must end with vkreport.
+void ReportProcessTest::cancelEndsChildrenThatWait()
+{
+    ReportProcess process;
+    process.setProgram(program("sleep 60 & sleep 60 & wait"));
+    process.start(true);
+    QVERIFY(QTest::qWaitFor([this] { return processes().size() == 3; }, shortTime));
+    const QList<pid_t> running = processes();
+    process.cancel();
+    QVERIFY(waitForTheEndOf(running, 2).isEmpty());
 }
 
 void ReportProcessTest::destroyedWhileRunning()

@@ -39,8 +39,7 @@ ReportProcess::~ReportProcess()
     if (!m_process)
         return;
     m_process->disconnect(this);
-    m_process->kill();
-    m_job.end();
+    m_process->endJob();
     if (m_process->state() != QProcess::NotRunning && !m_process->waitForFinished(timeToEnd))
         static_cast<void>(m_process.release()); // the destructor would wait for it
 }
@@ -51,17 +50,15 @@ void ReportProcess::start(bool noOpenGL)
         return;
     m_messages = ReportMessages();
     m_report.clear();
-    m_process = std::make_unique<QProcess>();
+    m_process = std::make_unique<JobProcess>();
     m_process->setStandardInputFile(QProcess::nullDevice());
-    startWithoutConsole(*m_process);
     connect(m_process.get(), &QProcess::readyReadStandardOutput, this, &ReportProcess::takeOutput);
     connect(m_process.get(), &QProcess::readyReadStandardError, this, &ReportProcess::takeErrors);
     connect(m_process.get(), QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this, &ReportProcess::takeEnd);
     // queued: the process may fail to start while start() runs
     connect(m_process.get(), &QProcess::errorOccurred, this, &ReportProcess::takeError, Qt::QueuedConnection);
     Q_EMIT started();
-    m_process->start(m_program, argumentsOf(noOpenGL, m_timeLimit));
-    m_job.take(*m_process);
+    m_process->startJob(m_program, argumentsOf(noOpenGL, m_timeLimit));
 }
 
 void ReportProcess::takeOutput()
@@ -85,8 +82,8 @@ void ReportProcess::takeEnd(int exitCode, QProcess::ExitStatus status)
     m_report += m_process->readAllStandardOutput();
     m_messages.add(m_process->readAllStandardError());
     m_messages.finish();
+    m_process->endJob(); // what a crash left
     m_process.release()->deleteLater();
-    m_job.end();
     const bool hasReport = status == QProcess::NormalExit && (exitCode == exitComplete || exitCode == exitIncomplete) && !m_report.isEmpty();
     if (status != QProcess::NormalExit) {
         fail(tr("vkreport crashed. No report could be made."));
@@ -123,15 +120,14 @@ void ReportProcess::cancel()
 /// The process ends when the system lets it, without this object.
 void ReportProcess::abandon()
 {
-    QProcess *process = m_process.release();
+    JobProcess *process = m_process.release();
     process->disconnect(this);
     connect(process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), process, &QObject::deleteLater);
     connect(process, &QProcess::errorOccurred, process, [process](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart)
             process->deleteLater();
     });
-    process->kill();
-    m_job.end();
+    process->endJob();
     m_messages.finish();
 }
 

@@ -6,7 +6,6 @@
 #include "report_process_system.h"
 
 #include <QtCore/QObject>
-#include <QtCore/QProcess>
 #include <memory>
 
 class ReportProcess : public QObject
@@ -51,8 +50,7 @@ private:
     void fail(const QString &message);
 
     QString m_program;
-    std::unique_ptr<QProcess> m_process;
-    ProcessJob m_job;
+    std::unique_ptr<JobProcess> m_process;
     ReportMessages m_messages;
     QByteArray m_report;
     double m_timeLimit = 60;

@@ -3,23 +3,27 @@
 
 #include <QtCore/QProcess>
 
-/// The program starts without a window of a console.
-void startWithoutConsole(QProcess &process);
-
-/// Ends vkreport together with its children.
-class ProcessJob
+/// A process that is ended together with its children, and with this process. It opens no console.
+///
+/// vkreport can be ended while it starts a child. That child waits for ever for its parent: on Windows to be resumed, on
+/// Linux in QProcess, which tells it its process id.
+class JobProcess : public QProcess
 {
 public:
-    ProcessJob() = default;
-    ~ProcessJob() { end(); }
-    Q_DISABLE_COPY(ProcessJob)
+    JobProcess();
+    ~JobProcess() override;
+    Q_DISABLE_COPY(JobProcess)
 
-    /// Takes the process, which has just been started. On Windows vkreport can be ended while it creates a child, which would
-    /// wait for ever to be resumed. On Unix a child notices the end of vkreport.
-    void take(const QProcess &process);
-    /// On Windows ends what still runs.
-    void end();
+    /// Must be called on the main thread: on Linux the process ends with the thread.
+    void startJob(const QString &program, const QStringList &arguments);
+    /// Ends the process and its children.
+    void endJob();
+
+protected:
+#ifdef Q_OS_UNIX
+    void setupChildProcess() override;
+#endif
 
 private:
-    [[maybe_unused]] quintptr m_job = 0; ///< job object of Windows
+    quintptr m_job = 0; ///< Linux: process id of this process, for the child. Windows: job object
 };

@@ -2,15 +2,20 @@
 
 #include <windows.h>
 
-void startWithoutConsole(QProcess &process)
+JobProcess::JobProcess()
 {
-    process.setCreateProcessArgumentsModifier([](QProcess::CreateProcessArguments *arguments) { arguments->flags |= CREATE_NO_WINDOW; });
+    setCreateProcessArgumentsModifier([](QProcess::CreateProcessArguments *arguments) { arguments->flags |= CREATE_NO_WINDOW; });
 }
 
-void ProcessJob::take(const QProcess &process)
+JobProcess::~JobProcess()
 {
-    end();
-    const HANDLE started = OpenProcess(PROCESS_SET_QUOTA | PROCESS_TERMINATE, FALSE, DWORD(process.processId()));
+    endJob();
+}
+
+void JobProcess::startJob(const QString &program, const QStringList &arguments)
+{
+    start(program, arguments);
+    const HANDLE started = OpenProcess(PROCESS_SET_QUOTA | PROCESS_TERMINATE, FALSE, DWORD(processId()));
     if (!started)
         return;
     if (const HANDLE job = CreateJobObjectW(nullptr, nullptr)) {
@@ -23,8 +28,9 @@ void ProcessJob::take(const QProcess &process)
     CloseHandle(started);
 }
 
-void ProcessJob::end()
+void JobProcess::endJob()
 {
+    kill();
     if (m_job)
         CloseHandle(reinterpret_cast<HANDLE>(m_job)); // ends the processes
     m_job = 0;
