@@ -621,8 +621,8 @@ void ComparisonPrivacyTest::theSwitchOfTheWindow()
     QTRY_VERIFY(window.comparisonView());
     ComparisonView *pair = window.comparisonView();
     window.compareFiles(files);
-    QTRY_VERIFY(window.comparisonTableView());
-    ComparisonTableView *several = window.comparisonTableView();
+    QTRY_VERIFY(qobject_cast<ComparisonTableView *>(window.comparisonTab()));
+    ComparisonTableView *several = qobject_cast<ComparisonTableView *>(window.comparisonTab());
     waitFor(*pair);
     waitFor(*several);
     QVERIFY(toolTips().contains(QStringLiteral("KRANICHNEST")));

@@ -1,5 +1,6 @@
 // The whole window, with the mouse and with the keyboard.
 
+#include "comparison/comparison_table_view.h"
 #include "comparison/comparison_view.h"
 #include "report/fact_model.h"
 #include "report/fact_table.h"
@@ -487,7 +488,7 @@ void MainWindowTest::comparesOpenReports()
     m_window->openFiles({pairFile("full-disk/OLD.txt"), pairFile("full-disk/NEW.txt"), pairFile("missing-runtime/NEW.txt")});
     QTRY_COMPARE(m_window->reportPages().size(), std::size_t(3));
     press("Ctrl+Shift+D");
-    QVERIFY(m_window->comparisonTableView());
+    QVERIFY(qobject_cast<ComparisonTableView *>(m_window->comparisonTab()));
     m_window->compareFiles({path("absent.txt"), pairFile("full-disk/OLD.txt")}); // one of them can be shown
     QTRY_VERIFY(m_window->reportPage());
     QVERIFY(m_window->messageBar()->isVisible());

@@ -272,13 +272,13 @@ void ViewerQuestionsWindowTest::threeFilesBecomeATable()
     QApplication::sendEvent(m_window.get(), &enter);
     QDropEvent drop(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(m_window.get(), &drop);
-    QTRY_VERIFY_WITH_TIMEOUT(m_window->comparisonTableView(), 20000);
-    QTRY_VERIFY_WITH_TIMEOUT(!m_window->comparisonTableView()->exported(ComparisonForm::Json).isEmpty(), 20000);
-    const QByteArray json = m_window->comparisonTableView()->exported(ComparisonForm::Json);
+    QTRY_VERIFY_WITH_TIMEOUT(qobject_cast<ComparisonTableView *>(m_window->comparisonTab()), 20000);
+    QTRY_VERIFY_WITH_TIMEOUT(!m_window->comparisonTab()->exported(ComparisonForm::Json).isEmpty(), 20000);
+    const QByteArray json = m_window->comparisonTab()->exported(ComparisonForm::Json);
     QVERIFY(json.indexOf("after.txt") >= 0 && json.indexOf("after.txt") < json.indexOf("example-report.txt"));
     QVERIFY(json.indexOf("example-report.txt") < json.indexOf("before.txt"));
     m_window->actionNamed("closeTab")->trigger();
-    QVERIFY(!m_window->comparisonTableView());
+    QVERIFY(!qobject_cast<ComparisonTableView *>(m_window->comparisonTab()));
 }
 
 void ViewerQuestionsWindowTest::copyWithoutASelection()

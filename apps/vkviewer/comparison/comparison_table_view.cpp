@@ -15,7 +15,6 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QSplitter>
-#include <QtWidgets/QStackedWidget>
 #include <QtWidgets/QTableView>
 #include <algorithm>
 
@@ -23,21 +22,8 @@ using namespace velkor::Reports;
 
 namespace {
 
-enum Page {
-    MessagePage,
-    ContentPage,
-};
-
 constexpr int filterDelay = 150; ///< milliseconds after the last key
 constexpr int longestFilter = 1000;
-
-QLabel *plainLabel(QWidget *parent)
-{
-    auto *label = new QLabel(parent);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    return label;
-}
 
 /// The same name twice becomes "name (2)".
 QStringList differentNames(const std::vector<LoadedReport> &reports)
@@ -61,24 +47,10 @@ void scrollWith(QTableView *view, QTableView *other)
 } // namespace
 
 ComparisonTableView::ComparisonTableView(const std::vector<LoadedReport> &reports, const PersonalData &personalData, QWidget *parent)
-    : QWidget(parent), m_originals(reports), m_personalData(personalData), m_model(new ComparisonTableModel(this))
+    : ComparisonTab(reports, personalData, parent), m_model(new ComparisonTableModel(this))
 {
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(makeCommands());
-    m_notes = plainLabel(this);
-    m_notes->setObjectName(QStringLiteral("notes"));
-    layout->addWidget(m_notes);
-    m_privacy = plainLabel(this);
-    m_privacy->setObjectName(QStringLiteral("privacy"));
-    layout->addWidget(m_privacy);
-    m_message = plainLabel(this);
-    m_message->setObjectName(QStringLiteral("message"));
-    m_message->setAlignment(Qt::AlignCenter);
-    m_pages = new QStackedWidget(this);
-    m_pages->addWidget(m_message);
-    m_pages->addWidget(makeTables());
-    layout->addWidget(m_pages, 1);
-    start();
+    QWidget *commands = makeCommands();
+    setUp({commands}, makeTables());
 }
 
 ComparisonTableView::~ComparisonTableView() = default;
@@ -107,14 +79,8 @@ QWidget *ComparisonTableView::makeCommands()
     });
     layout->addWidget(label);
     layout->addWidget(m_filter, 1);
-    m_summary = plainLabel(commands);
-    m_summary->setObjectName(QStringLiteral("summary"));
-    layout->addWidget(m_summary, 2);
-    m_everyMoment = new QCheckBox(tr("Show what changes every &moment"), commands);
-    m_everyMoment->setObjectName(QStringLiteral("everyMoment"));
-    m_everyMoment->setToolTip(tr("Times, free memory, process ids"));
-    connect(m_everyMoment, &QCheckBox::toggled, this, &ComparisonTableView::setShowsEveryMoment);
-    layout->addWidget(m_everyMoment);
+    layout->addWidget(summary(), 2);
+    layout->addWidget(makeEveryMoment(commands));
     return commands;
 }
 
@@ -166,88 +132,56 @@ QSplitter *ComparisonTableView::makeTables()
     return splitter;
 }
 
-bool ComparisonTableView::areReports() const
+ComparisonTab::Comparing ComparisonTableView::comparing()
 {
-    return m_originals.size() > 1
-        && std::all_of(m_originals.begin(), m_originals.end(), [](const LoadedReport &report) { return report.isReport(); });
-}
-
-void ComparisonTableView::start()
-{
-    clear();
-    const bool isHidden = m_personalData.isHidden;
-    if (!isHidden)
-        m_shown = m_originals;
-    updateNames();
-    m_privacy->setText(ComparisonNotes::privacy(isHidden));
-    m_message->setText(ComparisonNotes::work(isHidden));
-    const auto result = std::make_shared<Result>();
-    const auto work = [result, originals = m_originals, data = m_personalData, key = m_aliasKey, areReports = areReports()](const std::atomic_bool &cancelled) {
-        result->shown = data.isHidden ? withoutPersonalData(originals, data.hide, key) : originals;
-        if (cancelled || !areReports)
-            return;
+    const auto table = std::make_shared<std::shared_ptr<const ComparisonTable>>();
+    const auto compare = [table](const std::vector<LoadedReport> &reports, const std::atomic_bool & /*cancelled*/) {
         std::vector<Document> documents;
-        for (const LoadedReport &report : result->shown)
+        for (const LoadedReport &report : reports)
             documents.push_back(report.document);
-        result->table = std::make_shared<const ComparisonTable>(compareSeveral(documents));
+        *table = std::make_shared<const ComparisonTable>(compareSeveral(documents));
     };
-    m_task.start(work, [this, result] { finish(*result); });
+    return {compare, [this, table] { return take(*table); }};
 }
 
-/// Nothing of the reports is left in what is seen, copied or saved.
-void ComparisonTableView::clear()
+bool ComparisonTableView::take(const std::shared_ptr<const ComparisonTable> &table)
 {
-    m_table.reset();
-    m_shown.clear();
-    m_model->setTable(nullptr, {}, {});
-    m_focus.show(m_pages, m_message);
-    m_summary->clear();
-}
-
-void ComparisonTableView::finish(const Result &result)
-{
-    m_shown = result.shown;
-    updateNames();
-    if (!result.table) {
-        m_message->setText(areReports() ? tr("There is not enough memory to compare these reports.") : tr("There is nothing to compare."));
-        return;
-    }
-    m_table = result.table;
+    m_table = table;
+    if (!table)
+        return false;
     QStringList toolTips;
-    for (const LoadedReport &report : m_shown)
+    for (const LoadedReport &report : shown())
         toolTips += ComparisonNotes::place(report);
     m_model->setTable(m_table, m_names, toolTips);
     hideColumns();
-    m_focus.showAgain(m_pages, ContentPage);
+    return true;
+}
+
+void ComparisonTableView::clearComparison()
+{
+    m_table.reset();
+    m_model->setTable(nullptr, {}, {});
+}
+
+void ComparisonTableView::takeNames()
+{
+    m_names = differentNames(shown());
+}
+
+void ComparisonTableView::keepCurrent()
+{
+    const QModelIndex current = m_frozen->currentIndex();
+    if (m_table)
+        m_wanted = current.isValid() ? std::make_optional(m_model->row(current.row())) : std::nullopt;
+}
+
+void ComparisonTableView::showWanted()
+{
     updateSummary();
     const int row = m_wanted ? m_model->rowOf(*m_wanted) : -1;
     m_wanted.reset();
     if (row >= 0)
         m_frozen->setCurrentIndex(m_model->index(row, ComparisonTableModel::Subject));
-    Q_EMIT compared();
-}
-
-void ComparisonTableView::setPersonalData(const PersonalData &personalData)
-{
-    if (personalData == m_personalData)
-        return;
-    m_personalData = personalData;
-    const QModelIndex current = m_frozen->currentIndex();
-    if (m_table)
-        m_wanted = current.isValid() ? std::make_optional(m_model->row(current.row())) : std::nullopt;
-    start();
-}
-
-void ComparisonTableView::updateNames()
-{
-    QStringList notes;
-    for (const LoadedReport &report : m_shown)
-        notes += ComparisonNotes::of(report);
-    notes.removeDuplicates();
-    m_notes->setText(notes.join(QLatin1Char('\n')));
-    m_notes->setVisible(!notes.isEmpty());
-    m_names = differentNames(m_shown);
-    Q_EMIT namesChanged();
 }
 
 void ComparisonTableView::hideColumns()
@@ -266,10 +200,10 @@ void ComparisonTableView::updateSummary()
     if (!m_table)
         return;
     const int everyMoment = int(std::count_if(m_table->rows.begin(), m_table->rows.end(), [](const ComparisonRow &row) { return row.everyMoment; }));
-    QString text = ComparisonNotes::summary(int(m_table->rows.size()) - everyMoment, everyMoment, m_showsEveryMoment);
+    QString text = ComparisonNotes::summary(int(m_table->rows.size()) - everyMoment, everyMoment, showsEveryMoment());
     if (!m_filter->text().trimmed().isEmpty())
         text += QLatin1Char(' ') + ComparisonNotes::matches(m_model->rowCount());
-    m_summary->setText(text);
+    summary()->setText(text);
 }
 
 QWidget *ComparisonTableView::firstFocus() const
@@ -283,19 +217,14 @@ QByteArray ComparisonTableView::exported(ComparisonForm form) const
         return {};
     ComparisonOptions options;
     options.reportNames = m_names;
-    options.all = m_showsEveryMoment;
+    options.all = showsEveryMoment();
     return written(*m_table, form, options);
 }
 
-void ComparisonTableView::setShowsEveryMoment(bool shows)
+void ComparisonTableView::takeShowsEveryMoment()
 {
-    if (shows == m_showsEveryMoment)
-        return;
-    m_showsEveryMoment = shows;
-    m_everyMoment->setChecked(shows);
-    m_model->setShowsEveryMoment(shows);
+    m_model->setShowsEveryMoment(showsEveryMoment());
     updateSummary();
-    Q_EMIT showsEveryMomentChanged(shows);
 }
 
 void ComparisonTableView::copy()

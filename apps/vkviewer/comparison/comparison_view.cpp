@@ -13,11 +13,9 @@
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QHeaderView>
-#include <QtWidgets/QProgressBar>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QSplitter>
-#include <QtWidgets/QStackedWidget>
 #include <QtWidgets/QTableView>
 #include <algorithm>
 #include <map>
@@ -25,18 +23,6 @@
 using namespace velkor::Reports;
 
 namespace {
-
-enum Page {
-    MessagePage,
-    ContentPage,
-};
-
-QLabel *plainLabel(QWidget *parent)
-{
-    auto *label = new QLabel(parent);
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
 
 /// Selects one row, whatever keys are down: QTableView::selectRow() extends the selection if Shift is.
 void chooseRow(QTableView *table, int row)
@@ -74,29 +60,11 @@ std::vector<SectionModel::Row> sectionsThatDiffer(const ComparedReports &reports
 } // namespace
 
 ComparisonView::ComparisonView(const LoadedReport &older, const LoadedReport &newer, const PersonalData &personalData, QWidget *parent)
-    : QWidget(parent), m_originals({older, newer}), m_personalData(personalData), m_sectionModel(new SectionModel(this)), m_differenceModel(new DifferenceModel(this))
+    : ComparisonTab({older, newer}, personalData, parent), m_sectionModel(new SectionModel(this)), m_differenceModel(new DifferenceModel(this))
 {
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(makeNames());
-    layout->addWidget(makeCommands());
-    m_notes = plainLabel(this);
-    m_notes->setObjectName(QStringLiteral("notes"));
-    m_notes->setWordWrap(true);
-    layout->addWidget(m_notes);
-    m_privacy = plainLabel(this);
-    m_privacy->setObjectName(QStringLiteral("privacy"));
-    m_privacy->setWordWrap(true);
-    layout->addWidget(m_privacy);
-
-    m_message = plainLabel(this);
-    m_message->setObjectName(QStringLiteral("message"));
-    m_message->setAlignment(Qt::AlignCenter);
-    m_message->setWordWrap(true);
-    m_pages = new QStackedWidget(this);
-    m_pages->addWidget(m_message);
-    m_pages->addWidget(makeContent());
-    layout->addWidget(m_pages, 1);
-    start();
+    QWidget *names = makeNames();
+    QWidget *commands = makeCommands();
+    setUp({names, commands}, makeContent());
 }
 
 ComparisonView::~ComparisonView() = default;
@@ -107,7 +75,7 @@ QWidget *ComparisonView::makeNames()
     auto *layout = new QHBoxLayout(names);
     layout->setContentsMargins({});
     const auto addName = [&](const QString &caption, const QString &objectName) {
-        auto *label = plainLabel(names);
+        QLabel *label = plainLabel(names, {});
         label->setText(caption);
         auto *name = new NameLabel(names);
         name->setObjectName(objectName);
@@ -147,19 +115,11 @@ QWidget *ComparisonView::makeCommands()
     m_previous->setAccessibleName(tr("Previous difference"));
     m_next = addButton(tr("&Next"), QStringLiteral("next"), tr("Next difference (F8)"), &ComparisonView::nextDifference);
     m_next->setAccessibleName(tr("Next difference"));
-    m_position = plainLabel(commands);
-    m_position->setObjectName(QStringLiteral("position"));
+    m_position = plainLabel(commands, QStringLiteral("position"));
     layout->addWidget(m_position);
     layout->addSpacing(fontMetrics().averageCharWidth() * 2);
-    m_summary = plainLabel(commands);
-    m_summary->setObjectName(QStringLiteral("summary"));
-    m_summary->setWordWrap(true);
-    layout->addWidget(m_summary, 1);
-    m_everyMoment = new QCheckBox(tr("Show what changes every &moment"), commands);
-    m_everyMoment->setObjectName(QStringLiteral("everyMoment"));
-    m_everyMoment->setToolTip(tr("Times, free memory, process ids"));
-    connect(m_everyMoment, &QCheckBox::toggled, this, &ComparisonView::setShowsEveryMoment);
-    layout->addWidget(m_everyMoment);
+    layout->addWidget(summary(), 1);
+    layout->addWidget(makeEveryMoment(commands));
     return commands;
 }
 
@@ -249,69 +209,44 @@ void ComparisonView::changeEvent(QEvent *event)
         fitSections();
 }
 
-void ComparisonView::start()
+ComparisonTab::Comparing ComparisonView::comparing()
 {
-    clear();
-    const bool isHidden = m_personalData.isHidden;
-    if (!isHidden)
-        m_shown = m_originals;
-    updateNames();
-    m_privacy->setText(ComparisonNotes::privacy(isHidden));
-    m_message->setText(ComparisonNotes::work(isHidden));
-    const auto result = std::make_shared<Result>();
-    m_task.start(
-        [result, originals = m_originals, data = m_personalData, key = m_aliasKey](const std::atomic_bool &cancelled) {
-        result->shown = data.isHidden ? withoutPersonalData(originals, data.hide, key) : originals;
-        if (cancelled || !originals[0].isReport() || !originals[1].isReport())
-            return;
-        if (auto reports = compareReports(result->shown[0].document, result->shown[1].document, cancelled))
-            result->reports = std::make_shared<const ComparedReports>(std::move(*reports));
-        },
-        [this, result] { finish(*result); });
+    const auto result = std::make_shared<std::shared_ptr<const ComparedReports>>();
+    const auto compare = [result](const std::vector<LoadedReport> &reports, const std::atomic_bool &cancelled) {
+        if (auto compared = compareReports(reports[0].document, reports[1].document, cancelled))
+            *result = std::make_shared<const ComparedReports>(std::move(*compared));
+    };
+    return {compare, [this, result] { return take(*result); }};
 }
 
-/// Nothing of the reports is left in what is seen, copied or saved.
-void ComparisonView::clear()
+bool ComparisonView::take(const std::shared_ptr<const ComparedReports> &reports)
 {
-    m_reports.reset();
-    m_shown.clear();
+    m_reports = reports;
+    m_differenceModel->setReports(reports);
+    m_text->setReports(reports);
+    return reports != nullptr;
+}
+
+void ComparisonView::clearComparison()
+{
     m_walk.clear();
     m_current = -1;
-    m_differenceModel->setReports(nullptr);
-    m_text->setReports(nullptr);
+    take(nullptr);
     m_sectionModel->setSections({});
-    m_focus.show(m_pages, m_message); // a table that gets the focus would choose a row
-    m_summary->clear();
     updatePosition();
 }
 
-void ComparisonView::finish(const Result &result)
+void ComparisonView::keepCurrent()
 {
-    m_shown = result.shown;
-    updateNames();
-    if (!result.reports) {
-        const bool areReports = m_originals[0].isReport() && m_originals[1].isReport();
-        m_message->setText(areReports ? tr("There is not enough memory to compare these reports.") : tr("There is nothing to compare."));
-        return;
-    }
-    m_reports = result.reports;
-    m_differenceModel->setReports(m_reports);
-    m_text->setReports(m_reports);
-    m_focus.showAgain(m_pages, ContentPage);
+    if (m_reports)
+        m_wanted = m_current < 0 ? std::nullopt : std::make_optional(placeOf(m_current));
+}
+
+void ComparisonView::showWanted()
+{
     m_current = m_wanted ? findChange(*m_wanted) : -1;
     m_wanted.reset();
     updateShown();
-    Q_EMIT compared();
-}
-
-void ComparisonView::setPersonalData(const PersonalData &personalData)
-{
-    if (personalData == m_personalData)
-        return;
-    m_personalData = personalData;
-    if (m_reports)
-        m_wanted = m_current < 0 ? std::nullopt : std::make_optional(placeOf(m_current));
-    start();
 }
 
 ComparisonView::Place ComparisonView::placeOf(int change) const
@@ -336,28 +271,21 @@ int ComparisonView::findChange(const Place &place) const
 QStringList ComparisonView::names() const
 {
     QStringList names;
-    for (const LoadedReport &report : m_shown)
+    for (const LoadedReport &report : shown())
         names += ComparisonNotes::name(report);
     return names;
 }
 
-void ComparisonView::updateNames()
+void ComparisonView::takeNames()
 {
-    QStringList notes;
-    for (const LoadedReport &report : m_shown)
-        notes += ComparisonNotes::of(report);
-    notes.removeDuplicates();
-    m_notes->setText(notes.join(QLatin1Char('\n')));
-    m_notes->setVisible(!notes.isEmpty());
-    const bool isKnown = m_shown.size() == m_originals.size();
-    for (std::size_t i = 0; i < m_originals.size(); ++i) {
-        NameLabel *label = i == 0 ? m_olderName : m_newerName;
-        if (isKnown)
-            label->setName(ComparisonNotes::name(m_shown[i]), ComparisonNotes::place(m_shown[i]));
+    const auto setName = [this](NameLabel *label, std::size_t report) {
+        if (shown().size() > report)
+            label->setName(ComparisonNotes::name(shown()[report]), ComparisonNotes::place(shown()[report]));
         else
             label->setName(QString(), QString());
-    }
-    Q_EMIT namesChanged();
+    };
+    setName(m_olderName, 0);
+    setName(m_newerName, 1);
 }
 
 /// After a change of what is shown: the sections, the differences, the marks.
@@ -373,16 +301,16 @@ void ComparisonView::updateShown()
     }
     const int current = m_current >= 0 && isShown(changes[std::size_t(m_current)]) ? m_current : -1;
     const int everyMoment = int(std::count_if(changes.begin(), changes.end(), [](const Change &change) { return change.everyMoment; }));
-    m_text->setShowsEveryMoment(m_showsEveryMoment);
+    m_text->setShowsEveryMoment(showsEveryMoment());
     const QString section = m_section;
-    const std::vector<SectionModel::Row> sections = sectionsThatDiffer(*m_reports, m_walk, m_showsEveryMoment);
+    const std::vector<SectionModel::Row> sections = sectionsThatDiffer(*m_reports, m_walk, showsEveryMoment());
     const int onlyTexts = int(std::count_if(sections.begin(), sections.end(), [](const SectionModel::Row &row) { return row.differences == 0; }));
-    m_summary->setText(QStringLiteral("%1 %2").arg(ComparisonNotes::summary(int(changes.size()) - everyMoment, everyMoment, m_showsEveryMoment),
+    summary()->setText(QStringLiteral("%1 %2").arg(ComparisonNotes::summary(int(changes.size()) - everyMoment, everyMoment, showsEveryMoment()),
                                                    ComparisonNotes::onlyTexts(onlyTexts))
                            .trimmed());
     QFont font = this->font();
     font.setBold(m_reports->comparison.same());
-    m_summary->setFont(font);
+    summary()->setFont(font);
     m_sectionModel->setSections(sections);
     fitSections();
     const int row = m_sectionModel->rowOf(section);
@@ -436,7 +364,7 @@ QByteArray ComparisonView::exported(ComparisonForm form) const
         return {};
     ComparisonOptions options;
     options.reportNames = names();
-    options.all = m_showsEveryMoment;
+    options.all = showsEveryMoment();
     return written(m_reports->comparison, form, options);
 }
 
@@ -502,19 +430,14 @@ void ComparisonView::updatePosition()
     Q_EMIT currentDifferenceChanged();
 }
 
-void ComparisonView::setShowsEveryMoment(bool shows)
+void ComparisonView::takeShowsEveryMoment()
 {
-    if (shows == m_showsEveryMoment)
-        return;
-    m_showsEveryMoment = shows;
-    m_everyMoment->setChecked(shows);
     updateShown();
-    Q_EMIT showsEveryMomentChanged(shows);
 }
 
 void ComparisonView::swapSides()
 {
-    std::swap(m_originals[0], m_originals[1]);
+    std::swap(originals()[0], originals()[1]);
     m_wanted.reset();
     start();
 }

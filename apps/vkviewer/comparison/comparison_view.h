@@ -1,32 +1,23 @@
 // Two reports side by side.
 #pragma once
 
-#include "background_task.h"
 #include "compared_reports.h"
-#include "comparison_form.h"
-#include "kept_focus.h"
-#include "private_reports.h"
+#include "comparison_tab.h"
 #include "window/panes.h"
-
-#include <QtWidgets/QWidget>
 
 class AlignedTextView;
 class DifferenceModel;
 class NameLabel;
 class QAbstractItemModel;
-class QCheckBox;
 class QLabel;
 class QModelIndex;
 class QPushButton;
 class QSplitter;
-class QStackedWidget;
 class QTableView;
 class SectionModel;
 
-/// The sections that differ, the differences of one or of all, and the texts. What changes every moment is hidden at first.
-/// The comparison runs in a thread; until it is done the view says so. If personal data are hidden, nothing of the reports is
-/// shown or copied but what redaction left.
-class ComparisonView : public QWidget
+/// The sections that differ, the differences of one or of all, and the texts.
+class ComparisonView : public ComparisonTab
 {
     Q_OBJECT
 
@@ -34,10 +25,7 @@ public:
     ComparisonView(const LoadedReport &older, const LoadedReport &newer, const PersonalData &personalData = {}, QWidget *parent = nullptr);
     ~ComparisonView() override;
 
-    /// Gets the focus when the view opens. No focus proxy: the key Tab would leave out what precedes it.
-    QWidget *firstFocus() const;
-    bool isComparing() const { return m_task.isRunning(); }
-    bool showsEveryMoment() const { return m_showsEveryMoment; }
+    QWidget *firstFocus() const override;
     /// How many differences nextDifference() visits.
     int differenceCount() const { return int(m_walk.size()); }
     /// Which of them is the current one, from 0; -1 if none is.
@@ -45,28 +33,18 @@ public:
     /// Sections, differences, texts.
     std::vector<Pane> panes() const;
 
-    /// The names of the reports as they are shown; empty while they are being redacted.
-    QStringList names() const;
-    /// Compares again if it is to hide something else. The section and the difference that are shown stay.
-    void setPersonalData(const PersonalData &personalData);
-
-    /// What vkcompare writes about both reports, with what changes every moment if it is shown. Empty until the reports are
-    /// compared.
-    QByteArray exported(ComparisonForm form) const;
+    QStringList names() const override;
+    QByteArray exported(ComparisonForm form) const override;
 
 public Q_SLOTS:
     /// Goes through the differences of all sections; after the last one follows the first.
     void nextDifference();
     void previousDifference();
-    void setShowsEveryMoment(bool shows);
     void swapSides();
-    /// Copies the selected rows of the table that has the focus, or of the table of differences.
-    void copy();
+    /// Of the table that has the focus, or of the table of differences.
+    void copy() override;
 
 Q_SIGNALS:
-    void compared();
-    void namesChanged();
-    void showsEveryMomentChanged(bool shows);
     void currentDifferenceChanged();
 
 protected:
@@ -91,18 +69,17 @@ private:
             return section == other.section && row == other.row && older == other.older && newer == other.newer;
         }
     };
-    struct Result
-    {
-        std::vector<LoadedReport> shown;
-        std::shared_ptr<const ComparedReports> reports;
-    };
 
-    void start();
-    void clear();
-    void finish(const Result &result);
+    Comparing comparing() override;
+    void clearComparison() override;
+    void takeNames() override;
+    void keepCurrent() override;
+    void showWanted() override;
+    void takeShowsEveryMoment() override;
+
+    bool take(const std::shared_ptr<const ComparedReports> &reports);
     Place placeOf(int change) const;
     int findChange(const Place &place) const;
-    void updateNames();
     void fitSections();
     void updateShown();
     void showSection(const QString &section);
@@ -112,19 +89,13 @@ private:
     void takeCurrentRow();
     void setCurrentChange(int change);
     void updatePosition();
-    bool isShown(const velkor::Reports::Change &change) const { return m_showsEveryMoment || !change.everyMoment; }
+    bool isShown(const velkor::Reports::Change &change) const { return showsEveryMoment() || !change.everyMoment; }
 
-    std::vector<LoadedReport> m_originals; ///< the older one and the newer one
-    std::vector<LoadedReport> m_shown;     ///< what is compared; empty until it is known
-    PersonalData m_personalData;
-    QByteArray m_aliasKey = newAliasKey();
-    BackgroundTask m_task;
     std::shared_ptr<const ComparedReports> m_reports; ///< null until the reports are compared
     std::vector<int> m_walk;                          ///< indexes of the changes that are shown in some section
     QString m_section;                                ///< empty for all
     int m_current = -1;                               ///< index of a change
     std::optional<Place> m_wanted;                    ///< the difference to show when the reports are compared again
-    bool m_showsEveryMoment = false;
 
     SectionModel *m_sectionModel;
     DifferenceModel *m_differenceModel;
@@ -133,13 +104,6 @@ private:
     QPushButton *m_next = nullptr;
     QPushButton *m_previous = nullptr;
     QLabel *m_position = nullptr;
-    QLabel *m_summary = nullptr;
-    QLabel *m_notes = nullptr;
-    QLabel *m_privacy = nullptr;
-    QLabel *m_message = nullptr;
-    QCheckBox *m_everyMoment = nullptr;
-    QStackedWidget *m_pages = nullptr;
-    KeptFocus m_focus;
     QSplitter *m_columns = nullptr; ///< sections | differences and texts
     bool m_hasUserSplit = false;
     QTableView *m_sections = nullptr;

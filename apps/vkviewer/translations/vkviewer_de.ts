@@ -188,6 +188,25 @@
     </message>
 </context>
 <context>
+    <name>ComparisonTab</name>
+    <message>
+        <source>Show what changes every &amp;moment</source>
+        <translation>Zeigen, was sich jeden &amp;Moment ändert</translation>
+    </message>
+    <message>
+        <source>Times, free memory, process ids</source>
+        <translation>Zeiten, freier Speicher, Prozessnummern</translation>
+    </message>
+    <message>
+        <source>There is not enough memory to compare these reports.</source>
+        <translation>Der Speicher reicht nicht, um diese Berichte zu vergleichen.</translation>
+    </message>
+    <message>
+        <source>There is nothing to compare.</source>
+        <translation>Es gibt nichts zu vergleichen.</translation>
+    </message>
+</context>
+<context>
     <name>ComparisonTableModel</name>
     <message>
         <source>(not there)</source>
@@ -229,28 +248,12 @@
         <translation>Teil eines Namens oder Wertes</translation>
     </message>
     <message>
-        <source>Show what changes every &amp;moment</source>
-        <translation>Zeigen, was sich jeden &amp;Moment ändert</translation>
-    </message>
-    <message>
-        <source>Times, free memory, process ids</source>
-        <translation>Zeiten, freier Speicher, Prozessnummern</translation>
-    </message>
-    <message>
         <source>What differs</source>
         <translation>Was verschieden ist</translation>
     </message>
     <message>
         <source>Values, one column a report</source>
         <translation>Werte, eine Spalte je Bericht</translation>
-    </message>
-    <message>
-        <source>There is nothing to compare.</source>
-        <translation>Es gibt nichts zu vergleichen.</translation>
-    </message>
-    <message>
-        <source>There is not enough memory to compare these reports.</source>
-        <translation>Der Speicher reicht nicht, um diese Berichte zu vergleichen.</translation>
     </message>
 </context>
 <context>
@@ -296,28 +299,12 @@
         <translation>Nächster Unterschied</translation>
     </message>
     <message>
-        <source>Show what changes every &amp;moment</source>
-        <translation>Zeigen, was sich jeden &amp;Moment ändert</translation>
-    </message>
-    <message>
-        <source>Times, free memory, process ids</source>
-        <translation>Zeiten, freier Speicher, Prozessnummern</translation>
-    </message>
-    <message>
         <source>Sections that differ</source>
         <translation>Verschiedene Abschnitte</translation>
     </message>
     <message>
         <source>Differences</source>
         <translation>Unterschiede</translation>
-    </message>
-    <message>
-        <source>There is nothing to compare.</source>
-        <translation>Es gibt nichts zu vergleichen.</translation>
-    </message>
-    <message>
-        <source>There is not enough memory to compare these reports.</source>
-        <translation>Der Speicher reicht nicht, um diese Berichte zu vergleichen.</translation>
     </message>
     <message>
         <source>%1 of %2</source>

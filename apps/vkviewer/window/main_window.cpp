@@ -172,9 +172,9 @@ ComparisonView *MainWindow::comparisonView() const
     return qobject_cast<ComparisonView *>(m_tabs->currentWidget());
 }
 
-ComparisonTableView *MainWindow::comparisonTableView() const
+ComparisonTab *MainWindow::comparisonTab() const
 {
-    return qobject_cast<ComparisonTableView *>(m_tabs->currentWidget());
+    return qobject_cast<ComparisonTab *>(m_tabs->currentWidget());
 }
 
 std::vector<ReportPage *> MainWindow::reportPages() const
@@ -209,7 +209,7 @@ bool MainWindow::isGiven(Needs needs) const
     case Needs::Pair:
         return comparisonView() != nullptr;
     case Needs::Comparison:
-        return comparisonView() || comparisonTableView();
+        return comparisonTab() != nullptr;
     case Needs::Absent:
         break;
     }
@@ -456,10 +456,8 @@ void MainWindow::previousTab()
 
 void MainWindow::copy()
 {
-    if (ComparisonView *pair = comparisonView())
-        pair->copy();
-    else if (ComparisonTableView *table = comparisonTableView())
-        table->copy();
+    if (ComparisonTab *comparison = comparisonTab())
+        comparison->copy();
     else
         reportPage()->copy();
 }
@@ -575,10 +573,8 @@ void MainWindow::switchPersonalData()
     if (ReportPage *page = reportPage())
         page->setRedacted(data.isHidden);
     for (int tab = 0; tab < m_tabs->count(); ++tab) {
-        if (auto *pair = qobject_cast<ComparisonView *>(m_tabs->widget(tab)))
-            pair->setPersonalData(data);
-        else if (auto *table = qobject_cast<ComparisonTableView *>(m_tabs->widget(tab)))
-            table->setPersonalData(data);
+        if (auto *comparison = qobject_cast<ComparisonTab *>(m_tabs->widget(tab)))
+            comparison->setPersonalData(data);
     }
 }
 
@@ -652,9 +648,7 @@ void MainWindow::exportPdf()
 
 QByteArray MainWindow::exportedComparison(ComparisonForm form) const
 {
-    if (const ComparisonView *pair = comparisonView())
-        return pair->exported(form);
-    return comparisonTableView() ? comparisonTableView()->exported(form) : QByteArray();
+    return comparisonTab() ? comparisonTab()->exported(form) : QByteArray();
 }
 
 void MainWindow::saveComparison()
@@ -698,16 +692,15 @@ void MainWindow::compare(const std::vector<LoadedReport> &reports)
         showComparison(new ComparisonTableView(reports, personalData()), int(reports.size()));
 }
 
-template <class View>
-void MainWindow::showComparison(View *view, int reports)
+void MainWindow::showComparison(ComparisonTab *tab, int reports)
 {
     QAction *everyMoment = actionNamed("everyMoment");
-    view->setShowsEveryMoment(everyMoment->isChecked());
-    connect(view, &View::showsEveryMomentChanged, everyMoment, &QAction::setChecked);
-    connect(everyMoment, &QAction::toggled, view, &View::setShowsEveryMoment);
-    const auto names = [view] { return view->names().join(QLatin1Char('\n')); };
-    connect(view, &View::namesChanged, this, [this, view, names] { m_tabs->setTabToolTip(m_tabs->indexOf(view), plainToolTip(names())); });
-    addTab(view, view->firstFocus(), MainWindow::tr("Comparison of %n report(s)", nullptr, reports), names());
+    tab->setShowsEveryMoment(everyMoment->isChecked());
+    connect(tab, &ComparisonTab::showsEveryMomentChanged, everyMoment, &QAction::setChecked);
+    connect(everyMoment, &QAction::toggled, tab, &ComparisonTab::setShowsEveryMoment);
+    const auto names = [tab] { return tab->names().join(QLatin1Char('\n')); };
+    connect(tab, &ComparisonTab::namesChanged, this, [this, tab, names] { m_tabs->setTabToolTip(m_tabs->indexOf(tab), plainToolTip(names())); });
+    addTab(tab, tab->firstFocus(), MainWindow::tr("Comparison of %n report(s)", nullptr, reports), names());
 }
 
 void MainWindow::nextDifference()

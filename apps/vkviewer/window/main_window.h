@@ -20,7 +20,7 @@ class QStackedWidget;
 class QTabWidget;
 class QTimer;
 class RecentFiles;
-class ComparisonTableView;
+class ComparisonTab;
 class ComparisonView;
 class ReportPage;
 class ReportProcess;
@@ -46,8 +46,9 @@ public:
     ReportPage *reportPage() const;
     std::vector<ReportPage *> reportPages() const;
     /// The comparison of the current tab; null if it shows none.
+    ComparisonTab *comparisonTab() const;
+    /// The same if it compares two reports.
     ComparisonView *comparisonView() const;
-    ComparisonTableView *comparisonTableView() const;
     /// Those of the menus, in their order. Each has a name (QObject::objectName()).
     const QList<QAction *> &actionList() const { return m_actionList; }
     QAction *actionNamed(const char *name) const;
@@ -163,8 +164,7 @@ private:
     void tell(const QString &message);
     QByteArray exportedComparison(ComparisonForm form) const;
     void compare(const std::vector<LoadedReport> &reports);
-    template <class View>
-    void showComparison(View *view, int reports);
+    void showComparison(ComparisonTab *tab, int reports);
     PersonalData personalData() const;
     void keepHidden(const ReportPage *page);
     bool hasComparison() const;
