@@ -1,4 +1,4 @@
-// A host that makes many reports without OpenGL: 300, or as many as its argument says. After the
+// A host that makes many reports without OpenGL: 150, or as many as its argument says. After the
 // first ones the working set does not grow. Each report leaves one handle open, that of the OEM key.
 // Refuses to run outside a Wine prefix of this project, because it creates that key if it does not
 // exist.
@@ -13,9 +13,9 @@
 
 namespace {
 
-constexpr int defaultReports = 300; // a slow Wine needs a second for each
+constexpr int defaultReports = 150; // a slow Wine needs a second for each
 constexpr int warmUp = 50;          // reports during which Qt and Wine fill their caches
-constexpr SIZE_T allowedGrowth = 512 * 1024;
+constexpr SIZE_T allowedGrowth = 256 * 1024;
 
 /// The OEM key, which exists at least as long as the object.
 class OemKey
