@@ -137,6 +137,7 @@ ComparisonTab::Comparing ComparisonTableView::comparing()
     const auto table = std::make_shared<std::shared_ptr<const ComparisonTable>>();
     const auto compare = [table](const std::vector<LoadedReport> &reports, const std::atomic_bool & /*cancelled*/) {
         std::vector<Document> documents;
+        documents.reserve(reports.size());
         for (const LoadedReport &report : reports)
             documents.push_back(report.document);
         *table = std::make_shared<const ComparisonTable>(compareSeveral(documents));
