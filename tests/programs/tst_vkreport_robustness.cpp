@@ -1206,6 +1206,16 @@ void VkReportRobustnessTest::progressWithoutReader()
     CHECK_END(end, enough);
     QCOMPARE(end.exitCode, 0);
     COMPARE_TEXT(QString::fromUtf8(withoutVolatile(end.output)), QString::fromUtf8(withoutVolatile(m_complete->without({}))));
+
+    // A thread writes the progress, sooner or later than the first child starts.
+    start = reportStart({"--section", "wordSize", "--progress"});
+    start.errors = Stream::WithoutReader;
+    for (int i = 0; i < 30; ++i) {
+        const ProgramEnd section = runToItsEnd(start, enough);
+        CHECK_END(section, enough);
+        QCOMPARE(section.signal, 0);
+        QCOMPARE(section.output, m_complete->section("wordSize"));
+    }
 }
 
 void VkReportRobustnessTest::streams_data()

@@ -40,5 +40,9 @@ bool isEndWithoutDisplay(const Failure &failure);
 /// Away from Windows a described machine answers the Windows calls. Tells the user if there is none.
 void sayIfNoMachine();
 
+/// Writing progress and messages that nobody reads fails and does not end this process. QProcess does the same on Linux,
+/// but not before it starts a child.
+void surviveBrokenPipes();
+
 /// Children that cannot be ended do not keep the standard output and error of this process open.
 void keepOutputFromChildren();

@@ -86,5 +86,11 @@ void sayIfNoMachine()
         complain(QStringLiteral("no machine is described, so every Windows call fails: set VKSYSTEMINFO_MACHINE to the folder of one"));
 }
 
+// QProcess resets it in the child.
+void surviveBrokenPipes()
+{
+    std::signal(SIGPIPE, SIG_IGN);
+}
+
 // QProcess replaces them in the child.
 void keepOutputFromChildren() { }

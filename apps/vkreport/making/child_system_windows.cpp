@@ -90,6 +90,9 @@ bool hasDisplay()
 
 void sayIfNoMachine() { }
 
+// Windows has no signal for it.
+void surviveBrokenPipes() { }
+
 // QProcess lets the child inherit every handle that can be inherited.
 void keepOutputFromChildren()
 {

@@ -2,6 +2,7 @@
 
 #include "assembly.h"
 #include "child/child_main.h"
+#include "child_system.h"
 #include "part_names.h"
 #include "part_runner.h"
 #include "requested_parts.h"
@@ -218,6 +219,7 @@ bool needsOnlyWindowsSections(const Options &options)
 
 MadeText makeText(const Options &options)
 {
+    surviveBrokenPipes(); // the maker shows its progress at once
     Maker maker(options);
     if (needsOnlyWindowsSections(options))
         return maker.windowsSections();
