@@ -7,6 +7,7 @@
 #include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
 #include <algorithm>
+#include <cmath>
 #include <unistd.h>
 
 using velkor::SystemInfo::Followed;
@@ -207,6 +208,12 @@ QByteArrayList messageLines(const QByteArray &errors, QVector<double> *seconds)
         line = text.replace(match.capturedStart(2), match.capturedLength(2), QStringLiteral("N")).toUtf8();
     }
     return lines;
+}
+
+double limitForHangs(int sections, double last)
+{
+    constexpr double share = 0.4, rest = 2.0 / 3, shortest = 6;
+    return std::max(shortest, std::ceil(last / (share * std::pow(rest, sections))));
 }
 
 QByteArrayList missingLines(const QByteArrayList &names, const QByteArray &reason)

@@ -73,6 +73,10 @@ private:
 /// The lines of \a errors. "N s" replaces each time, which is added to \a seconds.
 QByteArrayList messageLines(const QByteArray &errors, QVector<double> *seconds = nullptr);
 
+/// The time limit in seconds of a report in which so many \a sections hang. Each of them takes a third of the time that remains
+/// of 40 % of the limit. In the end \a last seconds remain for the other sections, and for starting the children.
+double limitForHangs(int sections, double last);
+
 /// The lines that say that the sections \a names are missing for one \a reason.
 QByteArrayList missingLines(const QByteArrayList &names, const QByteArray &reason);
 

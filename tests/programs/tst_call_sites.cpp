@@ -83,16 +83,12 @@ struct TimeLimit
 
 constexpr double grace = 2;
 constexpr double crashLimit = 60;
-constexpr double shortestLimit = 6;
 constexpr double longestLimit = 60;
 
-/// Each section that hangs takes a third of the time that remains of 40 % of the limit. In the end a second must
-/// remain for the other sections, and for starting the children.
-TimeLimit limitForHangs(int sections)
+TimeLimit limitOf(const Trial &trial)
 {
-    constexpr double share = 0.4, rest = 2.0 / 3, last = 1;
-    const double seconds = std::ceil(last / (share * std::pow(rest, sections)));
-    return {std::max(shortestLimit, seconds), seconds > longestLimit};
+    const double seconds = limitForHangs(trial.missing.size(), 1);
+    return {seconds, seconds > longestLimit};
 }
 
 std::vector<SectionCalls> callsOfSections(QString &problem)
@@ -233,7 +229,7 @@ QStringList problemsOfAll(const QByteArray &kind, const QByteArray &reason, int 
             const Trial &trial = trials.at(i);
             TimeLimit limit {crashLimit, false};
             if (reason == didNotEnd)
-                limit = limitForHangs(trial.missing.size());
+                limit = limitOf(trial);
             if (limit.isTooLong) {
                 const std::lock_guard<std::mutex> lock(mutex);
                 leftOut.push_back(trial.call.line() + ": " + QByteArray::number(trial.missing.size()) + " sections call it");
