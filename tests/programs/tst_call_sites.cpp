@@ -14,7 +14,6 @@
 #include <QtCore/QSet>
 #include <algorithm>
 #include <atomic>
-#include <cmath>
 #include <csignal>
 #include <cstdio>
 #include <execinfo.h>
