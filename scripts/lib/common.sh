@@ -15,13 +15,16 @@ print_help() { sed -n '2,/^[^#]/{/^#/s/^# \{0,1\}//p}' "$1"; }
 qt_for_windows_prefix() { printf '%s\n' "${VKSYSTEMINFO_QT_WINDOWS:-$cache_dir/qt5-mingw64}"; }
 qt_for_msvc_abi_prefix() { printf '%s\n' "${VKSYSTEMINFO_QT_MSVC_ABI:-$cache_dir/qt5-msvc-abi}"; }
 
-# The presets share most objects: ccache compiles them once. Objects of one build folder serve in another one of the same
-# depth, because their paths are relative.
-if [ -z "${CMAKE_CXX_COMPILER_LAUNCHER+set}" ] && command -v ccache >/dev/null 2>&1; then
-  export CMAKE_CXX_COMPILER_LAUNCHER=ccache
-  export CCACHE_BASEDIR="${CCACHE_BASEDIR:-$repo_dir}" CCACHE_NOHASHDIR="${CCACHE_NOHASHDIR:-1}"
-  export CCACHE_SLOPPINESS="${CCACHE_SLOPPINESS:-pch_defines,time_macros}" # GCC's precompiled headers
-fi
+# configure PRESET: the presets share most objects, and ccache compiles them once. Objects of one build folder serve in another
+# one of the same depth, because their paths are relative.
+configure() {
+  if [ -z "${CMAKE_CXX_COMPILER_LAUNCHER+set}" ] && command -v ccache >/dev/null 2>&1; then
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache
+  fi
+  run_quietly cmake --preset "$1"
+}
+export CCACHE_BASEDIR="${CCACHE_BASEDIR:-$repo_dir}" CCACHE_NOHASHDIR="${CCACHE_NOHASHDIR:-1}"
+export CCACHE_SLOPPINESS="${CCACHE_SLOPPINESS:-pch_defines,time_macros}" # GCC's precompiled headers
 
 # build PRESET [TARGET]...: installs missing packages, configures once, builds. Prints to
 # standard error only: standard output belongs to the program that runs next.
@@ -37,7 +40,7 @@ build() {
     cd "$repo_dir" || exit
     if ! [ -e "build/$preset/build.ninja" ]; then
       say "Configuring $preset"
-      run_quietly cmake --preset "$preset"
+      configure "$preset"
     fi
     local targets=()
     [ $# -eq 0 ] || targets=(--target "$@")
