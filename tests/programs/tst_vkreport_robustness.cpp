@@ -1207,7 +1207,7 @@ void VkReportRobustnessTest::progressWithoutReader()
     QCOMPARE(end.exitCode, 0);
     COMPARE_TEXT(QString::fromUtf8(withoutVolatile(end.output)), QString::fromUtf8(withoutVolatile(m_complete->without({}))));
 
-    // A thread writes the progress, sooner or later than the first child starts.
+    // A thread writes the progress. It may write before the first child starts, or after that.
     start = reportStart({"--section", "wordSize", "--progress"});
     start.errors = Stream::WithoutReader;
     for (int i = 0; i < 30; ++i) {
