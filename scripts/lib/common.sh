@@ -74,8 +74,24 @@ keep_display() {
   exit "$status"
 }
 
+# use_one_cpu first|last: lets this shell and what it starts run only on the first or the last
+# of the processors that it may use.
+use_one_cpu() {
+  local allowed cpu
+  allowed=$(taskset -cp "$BASHPID") || return 0
+  allowed=${allowed##*: } # such as 0-3,6
+  case "$1" in
+    first) cpu=${allowed%%[-,]*} ;;
+    last) cpu=${allowed##*[-,]} ;;
+  esac
+  taskset -cp "$cpu" "$BASHPID" >/dev/null
+}
+
 # Sets the environment of Wine: the project's own prefix, no debug output, the path of our DLLs.
+# One processor: a program and Wine's server wait for each other at each call. On two processors of
+# a virtual machine waking up the other one takes up to 15 times as long as the call.
 use_wine() {
+  use_one_cpu first
   local qt; qt=$(qt_for_windows_prefix)
   export WINEPREFIX="${VKSYSTEMINFO_WINEPREFIX:-$cache_dir/wine-prefix}"
   export WINEDEBUG="${WINEDEBUG:--all}"
@@ -102,6 +118,13 @@ mark_new_prefix() {
 require_throw_away_prefix() {
   is_throw_away_prefix || fail "This project did not create the Wine prefix $WINEPREFIX; nothing in it is changed." \
     "Set VKSYSTEMINFO_WINEPREFIX to a folder that is empty or does not exist."
+}
+
+# Keeps the services of Windows running until the script ends. Otherwise they end with the last
+# program, and the next one starts them with its own output, so that ctest waits 3 seconds more,
+# until they have ended too. The program that stays reads from a pipe of the script.
+keep_wine_services() {
+  coproc { exec "$repo_dir/scripts/lib/wine-run" cmd >/dev/null 2>&1; }
 }
 
 # Ends the processes of Wine in the project's prefix.

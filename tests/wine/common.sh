@@ -4,6 +4,8 @@
 # shellcheck source=scripts/lib/common.sh
 . "$(dirname "$WINE_RUN")/common.sh"
 
+use_one_cpu last # the tests of the other prefix use the first one
+
 VKSYSTEMINFO_WINEPREFIX=$(mktemp -d)
 export VKSYSTEMINFO_WINEPREFIX
 WINEPREFIX=$VKSYSTEMINFO_WINEPREFIX
@@ -11,11 +13,25 @@ mark_new_prefix # the prefix must still be empty
 export LC_ALL=C.UTF-8 # sets Wine's code page
 failures=0
 
+# An X server of its own: windows of other tests keep the keyboard's focus. It chooses a free number.
+start_display() {
+  local pipe=$VKSYSTEMINFO_WINEPREFIX.display number
+  mkfifo "$pipe"
+  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$pipe" >/dev/null 2>&1 &
+  display_server=$!
+  read -r number <"$pipe"
+  rm "$pipe"
+  export DISPLAY=:$number
+}
+
 end_prefix() {
   WINEPREFIX=$VKSYSTEMINFO_WINEPREFIX wineserver -k >/dev/null 2>&1 || true
+  kill "$display_server" 2>/dev/null || true
   rm -rf "$VKSYSTEMINFO_WINEPREFIX"
 }
 trap end_prefix EXIT
+display_server=
+start_display
 
 # Volatile keys last until the server ends, so it stays up.
 WINEPREFIX=$VKSYSTEMINFO_WINEPREFIX wineserver -p
