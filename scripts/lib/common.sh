@@ -75,16 +75,16 @@ keep_display() {
 }
 
 # use_one_cpu first|last: lets this shell and what it starts run only on the first or the last
-# of the processors that it may use.
+# of the processors that it may use. Where that is not permitted it changes nothing.
 use_one_cpu() {
   local allowed cpu
-  allowed=$(taskset -cp "$BASHPID") || return 0
+  allowed=$(taskset -cp "$BASHPID" 2>/dev/null) || return 0
   allowed=${allowed##*: } # such as 0-3,6
   case "$1" in
     first) cpu=${allowed%%[-,]*} ;;
     last) cpu=${allowed##*[-,]} ;;
   esac
-  taskset -cp "$cpu" "$BASHPID" >/dev/null
+  taskset -cp "$cpu" "$BASHPID" >/dev/null 2>&1 || true
 }
 
 # Sets the environment of Wine: the project's own prefix, no debug output, the path of our DLLs.
