@@ -88,8 +88,8 @@ use_one_cpu() {
 }
 
 # Sets the environment of Wine: the project's own prefix, no debug output, the path of our DLLs.
-# One processor: a program and Wine's server wait for each other at each call. On two processors of
-# a virtual machine waking up the other one takes up to 15 times as long as the call.
+# One processor: at a call that needs Wine's server, the program and the server wait for each other.
+# On two processors of a busy virtual machine 150 reports took 15 times as long.
 use_wine() {
   use_one_cpu first
   local qt; qt=$(qt_for_windows_prefix)
@@ -120,11 +120,12 @@ require_throw_away_prefix() {
     "Set VKSYSTEMINFO_WINEPREFIX to a folder that is empty or does not exist."
 }
 
-# Keeps the services of Windows running until the script ends. Otherwise they end with the last
-# program, and the next one starts them with its own output, so that ctest waits 3 seconds more,
-# until they have ended too. The program that stays reads from a pipe of the script.
+# Keeps the services of Windows running until the script ends. Without a program they end after
+# 3 seconds. The next test would start them; they inherit its output, and ctest waits until they
+# close it. The program that stays reads from a pipe of the script.
 keep_wine_services() {
-  coproc { exec "$repo_dir/scripts/lib/wine-run" cmd >/dev/null 2>&1; }
+  coproc { exec "$repo_dir/scripts/lib/wine-run" cmd 2>/dev/null; }
+  IFS= read -r -t 120 _ <&"${COPROC[0]}" || fail 'Wine does not run cmd' # its first line
 }
 
 # Ends the processes of Wine in the project's prefix.

@@ -11,15 +11,17 @@ export VKSYSTEMINFO_WINEPREFIX
 WINEPREFIX=$VKSYSTEMINFO_WINEPREFIX
 mark_new_prefix # the prefix must still be empty
 export LC_ALL=C.UTF-8 # sets Wine's code page
+unset TZ              # as for Wine's programs: a check compares local times
 failures=0
 
-# An X server of its own: windows of other tests keep the keyboard's focus. It chooses a free number.
+# Starts an X server for this check, so that its windows do not take the keyboard's focus from other tests. The server
+# chooses a free number.
 start_display() {
-  local pipe=$VKSYSTEMINFO_WINEPREFIX.display number
+  local pipe=$VKSYSTEMINFO_WINEPREFIX/display number
   mkfifo "$pipe"
   Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$pipe" >/dev/null 2>&1 &
   display_server=$!
-  read -r number <"$pipe"
+  read -r number <"$pipe" || fail 'Xvfb does not start'
   rm "$pipe"
   export DISPLAY=:$number
 }
