@@ -74,8 +74,9 @@ int main(int argc, char *argv[])
     arguments.erase(arguments.begin() + 1);
     --argc;
     const std::unique_ptr<QCoreApplication> application = makeApplication(found->second.application, argc, arguments.data());
-    const std::unique_ptr<QObject> test(found->second.create());
+    std::unique_ptr<QObject> test(found->second.create());
     const int result = QTest::qExec(test.get(), argc, arguments.data());
+    test.reset();
     if (found->second.application == TestApplication::Widgets)
         endAnimations();
     return result;
