@@ -4,7 +4,7 @@
 # shellcheck source=scripts/lib/common.sh
 . "$(dirname "$WINE_RUN")/common.sh"
 
-use_one_cpu last # the tests of the other prefix use the first one
+use_one_cpu last # the tests that share a prefix use the first one
 
 VKSYSTEMINFO_WINEPREFIX=$(mktemp -d)
 export VKSYSTEMINFO_WINEPREFIX
